@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+
+namespace Tavik {
+
+/// The user's wishes about looks that the toolkit does not tell. Main thread only; answers from
+/// memory.
+class DesktopAppearance
+{
+public:
+    virtual ~DesktopAppearance() = default;
+
+    /// True when the desktop asks for less animation.
+    [[nodiscard]] virtual bool reducesMotion() const = 0;
+
+    /// Called when an answer has changed.
+    std::function<void()> onChanged;
+};
+
+}

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace Tavik {
+
+/// One entry met while a folder is walked, described without following links.
+struct DirectoryItem
+{
+    QString path;
+    bool isSymbolicLink = false;
+    /// The user id that owns the item itself, absent when it could not be queried.
+    std::optional<unsigned> ownerId;
+};
+
+/// What an application bundle says of itself. Two kinds exist: an `.app` folder with its
+/// `Info.plist`, and a desktop entry.
+struct Bundle
+{
+    enum class Kind {
+        applicationFolder,
+        desktopEntry,
+    };
+    Kind kind = Kind::applicationFolder;
+    std::optional<QString> displayName; ///< "CFBundleDisplayName"; absent for desktop entries.
+    std::optional<QString> name; ///< "CFBundleName", or the entry's localized `Name`.
+    std::optional<QString> identifier; ///< Bundle identifier, or the desktop-file ID without ".desktop".
+    QString iconSource; ///< Theme icon name or absolute image path; empty for the generic icon.
+    bool isHidden = false; ///< The entry asks not to be shown here (NoDisplay, Hidden, TryExec, …).
+};
+
+/// Watches folders, also ones that do not exist yet, and everything below them. Stops when
+/// destroyed. Main thread only.
+class FolderWatch
+{
+public:
+    virtual ~FolderWatch() = default;
+};
+
+/// The file system as the catalog needs it. Every const operation may run on any thread.
+class FileManager
+{
+public:
+    virtual ~FileManager() = default;
+
+    [[nodiscard]] virtual bool fileExists(const QString& path) const = 0;
+    /// True for an existing directory that ends in ".app" and for an existing ".desktop" file.
+    [[nodiscard]] virtual bool isApplicationBundle(const QString& path) const = 0;
+    /// Visits every item below `folder`, depth first, skipping hidden entries, unreadable
+    /// sub-folders and the inside of packages. A cycle of links is visited at most once.
+    virtual void enumerate(const QString& folder,
+                           const std::function<void(const DirectoryItem&)>& visit) const = 0;
+    /// Opens the bundle at `path`; absent when it cannot be read or is damaged.
+    [[nodiscard]] virtual std::optional<Bundle> bundle(const QString& path) const = 0;
+    [[nodiscard]] virtual unsigned userId() const = 0;
+
+    /// The folders that hold installed applications, the most important first.
+    [[nodiscard]] virtual QStringList applicationFolders() const = 0;
+
+    struct FolderResult
+    {
+        QString path; ///< Empty on failure.
+        QString error; ///< Why, in the system's words.
+    };
+    /// The user's Application Support folder, created if it does not exist.
+    [[nodiscard]] virtual FolderResult applicationSupportFolder() const = 0;
+
+    /// Calls `changed` on the main thread when something below `folders` changes; bursts of changes
+    /// are reported once they have settled.
+    [[nodiscard]] virtual std::unique_ptr<FolderWatch> watch(const QStringList& folders,
+                                                             std::function<void()> changed)
+        = 0;
+};
+
+}

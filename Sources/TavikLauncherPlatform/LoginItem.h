@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace Tavik {
+
+/// Whether the system starts this program when the user logs in.
+class LoginItem
+{
+public:
+    enum class Status {
+        notRegistered = 0,
+        enabled = 1,
+        requiresApproval = 2,
+        notFound = 3,
+    };
+
+    virtual ~LoginItem() = default;
+
+    [[nodiscard]] virtual Status status() const = 0;
+    /// Both return whether it was done.
+    virtual bool registerItem() = 0;
+    virtual bool unregisterItem() = 0;
+};
+
+}

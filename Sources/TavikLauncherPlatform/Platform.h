@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncherPlatform/DesktopAppearance.h>
+#include <TavikLauncherPlatform/FileManager.h>
+#include <TavikLauncherPlatform/IconDecoder.h>
+#include <TavikLauncherPlatform/KeyEvents.h>
+#include <TavikLauncherPlatform/LoginItem.h>
+#include <TavikLauncherPlatform/MainQueue.h>
+#include <TavikLauncherPlatform/Screens.h>
+#include <TavikLauncherPlatform/UserDefaults.h>
+#include <TavikLauncherPlatform/WindowServer.h>
+#include <TavikLauncherPlatform/WorkQueue.h>
+#include <TavikLauncherPlatform/Workspace.h>
+
+#include <memory>
+
+namespace Tavik {
+
+/// Everything the system underneath is to us; no member is ever null. Members are destroyed in
+/// reverse order, so the queues outlive what uses them.
+struct Platform
+{
+    std::unique_ptr<MainQueue> mainQueue;
+    std::unique_ptr<WorkQueue> workQueue;
+    std::unique_ptr<UserDefaults> userDefaults;
+    std::unique_ptr<FileManager> fileManager;
+    std::unique_ptr<IconDecoder> iconDecoder;
+    std::unique_ptr<Workspace> workspace;
+    std::unique_ptr<Screens> screens;
+    std::unique_ptr<KeyEvents> keyEvents;
+    std::unique_ptr<WindowServer> windowServer;
+    std::unique_ptr<DesktopAppearance> appearance;
+    std::unique_ptr<LoginItem> loginItem;
+};
+
+/// Builds the platform for the running session. Call once, after the application object exists.
+/// Implemented by the one system that the build contains.
+[[nodiscard]] std::unique_ptr<Platform> makePlatform();
+
+}

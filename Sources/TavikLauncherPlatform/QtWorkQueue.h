@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncherPlatform/WorkQueue.h>
+
+#include <QObject>
+#include <QThreadPool>
+
+namespace Tavik {
+
+/// The work queue of the running program: a small pool of threads that end when they are idle.
+class QtWorkQueue final : public WorkQueue
+{
+public:
+    QtWorkQueue();
+    ~QtWorkQueue() override;
+    QtWorkQueue(const QtWorkQueue&) = delete;
+    QtWorkQueue& operator=(const QtWorkQueue&) = delete;
+
+    void schedule(WorkPriority priority, Job job) override;
+
+private:
+    QObject m_mainThread;
+    QThreadPool m_reads;
+    QThreadPool m_writes; ///< One thread, so that a later write is never overtaken by an earlier one.
+};
+
+}

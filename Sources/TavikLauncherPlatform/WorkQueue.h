@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <utility>
+
+namespace Tavik {
+
+enum class WorkPriority {
+    userInitiated,
+    utility,
+};
+
+/// Runs work off the main thread on copies and hands its result back to the main thread. Work
+/// still queued when the program ends is finished first if it is `utility` (a write), dropped else.
+class WorkQueue
+{
+public:
+    using Done = std::function<void()>;
+    /// Runs off the main thread; what it returns runs on the main thread afterwards.
+    using Job = std::function<Done()>;
+
+    virtual ~WorkQueue() = default;
+
+    virtual void schedule(WorkPriority priority, Job job) = 0;
+
+    /// Runs `work` off the main thread, then `done` with its result on the main thread. The result
+    /// must be cheap to copy (Qt's values are).
+    template <typename Work, typename Finish>
+    void run(WorkPriority priority, Work work, Finish done)
+    {
+        schedule(priority, [work = std::move(work), done = std::move(done)]() -> Done {
+            return [result = work(), done] { done(result); };
+        });
+    }
+};
+
+}

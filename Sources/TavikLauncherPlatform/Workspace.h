@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncherPlatform/NotificationCenter.h>
+
+#include <QList>
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+namespace Tavik {
+
+/// One application that runs now.
+struct RunningApplication
+{
+    enum class ActivationPolicy {
+        regular, ///< Has a window that a taskbar would show.
+        accessory,
+    };
+    ActivationPolicy activationPolicy = ActivationPolicy::regular;
+    std::optional<QString> bundleIdentifier;
+    std::optional<QString> bundlePath;
+    qint64 processId = 0;
+
+    bool operator==(const RunningApplication&) const = default;
+};
+
+/// What runs on this desktop, and how to start and raise it. Main thread only; every query answers
+/// from memory.
+class Workspace
+{
+public:
+    /// Posted by `notificationCenter()`. The subject is the application's bundle path (empty when
+    /// it has none); `willSleep` has no subject.
+    static constexpr QStringView didLaunchApplication = u"Workspace.didLaunchApplication";
+    static constexpr QStringView didTerminateApplication = u"Workspace.didTerminateApplication";
+    static constexpr QStringView didActivateApplication = u"Workspace.didActivateApplication";
+    static constexpr QStringView willSleep = u"Workspace.willSleep";
+
+    struct OpenConfiguration
+    {
+        bool activates = false;
+    };
+    /// Nothing means that the application was opened, else the reason why not.
+    using OpenCompletion = std::function<void(const std::optional<QString>& error)>;
+
+    virtual ~Workspace() = default;
+
+    /// In the order in which the applications' first windows appeared.
+    [[nodiscard]] virtual QList<RunningApplication> runningApplications() const = 0;
+    /// The application that has the focus, if one has.
+    [[nodiscard]] virtual std::optional<RunningApplication> frontmostApplication() const = 0;
+    /// The path of the application that the system prefers for an identifier.
+    [[nodiscard]] virtual std::optional<QString> pathForApplication(
+        const QString& bundleIdentifier) const
+        = 0;
+    /// Raises the application's most recent window if it runs, starts it otherwise. A started
+    /// application outlives this program.
+    virtual void openApplication(const QString& path,
+                                 OpenConfiguration configuration,
+                                 OpenCompletion completion)
+        = 0;
+    [[nodiscard]] virtual NotificationCenter& notificationCenter() = 0;
+};
+
+}

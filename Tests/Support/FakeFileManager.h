@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncherPlatform/FileManager.h>
+
+#include <QMap>
+#include <QSet>
+
+namespace Tavik::Test {
+
+/// A file system of records: what exists, what a walk finds, and what the bundles say.
+class FakeFileManager final : public FileManager
+{
+public:
+    [[nodiscard]] bool fileExists(const QString& path) const override
+    {
+        return existing.contains(path) || bundles.contains(path) || items.contains(path);
+    }
+    [[nodiscard]] bool isApplicationBundle(const QString& path) const override
+    {
+        return fileExists(path)
+            && (path.endsWith(QLatin1String(".app")) || path.endsWith(QLatin1String(".desktop")));
+    }
+    void enumerate(const QString& folder,
+                   const std::function<void(const DirectoryItem&)>& visit) const override
+    {
+        for (const DirectoryItem& item : items.value(folder)) {
+            visit(item);
+        }
+    }
+    [[nodiscard]] std::optional<Bundle> bundle(const QString& path) const override
+    {
+        ++bundleReads;
+        const auto found = bundles.find(path);
+        return found == bundles.end() ? std::nullopt : std::optional(*found);
+    }
+    [[nodiscard]] unsigned userId() const override { return user; }
+    [[nodiscard]] QStringList applicationFolders() const override { return items.keys(); }
+    [[nodiscard]] FolderResult applicationSupportFolder() const override { return support; }
+    [[nodiscard]] std::unique_ptr<FolderWatch> watch(const QStringList& folders,
+                                                     std::function<void()> changed) override
+    {
+        watched = folders;
+        folderChanged = std::move(changed);
+        return std::make_unique<FolderWatch>();
+    }
+
+    QSet<QString> existing;
+    QMap<QString, QList<DirectoryItem>> items; ///< By search path.
+    QMap<QString, Bundle> bundles;
+    FolderResult support;
+    unsigned user = 1000;
+    mutable int bundleReads = 0;
+    QStringList watched;
+    std::function<void()> folderChanged;
+};
+
+}

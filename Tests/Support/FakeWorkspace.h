@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncherPlatform/Workspace.h>
+
+#include <QMap>
+#include <QStringList>
+
+namespace Tavik::Test {
+
+/// A workspace whose applications the test starts and ends; records what was opened.
+class FakeWorkspace final : public Workspace
+{
+public:
+    [[nodiscard]] QList<RunningApplication> runningApplications() const override { return running; }
+    [[nodiscard]] std::optional<RunningApplication> frontmostApplication() const override
+    {
+        return frontmost;
+    }
+    [[nodiscard]] std::optional<QString> pathForApplication(
+        const QString& bundleIdentifier) const override
+    {
+        const auto found = paths.find(bundleIdentifier);
+        return found == paths.end() ? std::nullopt : std::optional(*found);
+    }
+    void openApplication(const QString& path, OpenConfiguration, OpenCompletion completion) override
+    {
+        opened.append(path);
+        completion(openError);
+    }
+    [[nodiscard]] NotificationCenter& notificationCenter() override { return center; }
+
+    /// Adds a regular application and says so.
+    void launch(const QString& path, const QString& identifier = {})
+    {
+        RunningApplication application;
+        application.bundlePath = path;
+        if (!identifier.isEmpty()) {
+            application.bundleIdentifier = identifier;
+        }
+        running.append(application);
+        center.post(didLaunchApplication, path);
+    }
+
+    QList<RunningApplication> running;
+    std::optional<RunningApplication> frontmost;
+    QMap<QString, QString> paths;
+    std::optional<QString> openError;
+    QStringList opened;
+    NotificationCenter center;
+};
+
+}

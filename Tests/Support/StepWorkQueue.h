@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncherPlatform/WorkQueue.h>
+
+#include <deque>
+#include <utility>
+
+namespace Tavik::Test {
+
+/// A work queue that the test runs piece by piece, so that every interleaving can be played.
+class StepWorkQueue final : public WorkQueue
+{
+public:
+    void schedule(WorkPriority priority, Job job) override
+    {
+        m_waiting.push_back({priority, std::move(job)});
+    }
+
+    [[nodiscard]] std::size_t waiting() const { return m_waiting.size(); }
+    /// Runs the waiting job at `position` and then its continuation.
+    void runAt(std::size_t position)
+    {
+        finish(startAt(position));
+    }
+    /// Runs only the part off the main thread; `finish` the rest.
+    [[nodiscard]] Done startAt(std::size_t position)
+    {
+        const Entry entry = std::move(m_waiting.at(position));
+        m_waiting.erase(m_waiting.begin() + static_cast<std::ptrdiff_t>(position));
+        return entry.job();
+    }
+    static void finish(const Done& done)
+    {
+        if (done) {
+            done();
+        }
+    }
+    void runAll()
+    {
+        while (!m_waiting.empty()) {
+            runAt(0);
+        }
+    }
+
+private:
+    struct Entry
+    {
+        WorkPriority priority;
+        Job job;
+    };
+    std::deque<Entry> m_waiting;
+};
+
+}

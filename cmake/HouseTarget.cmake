@@ -1,0 +1,26 @@
+# SPDX-License-Identifier: MIT
+option(TAVIK_WERROR "Treat compiler warnings as errors" OFF)
+set(TAVIK_SANITIZE "" CACHE STRING "Comma list handed to -fsanitize")
+
+add_library(tavik_house INTERFACE)
+target_compile_features(tavik_house INTERFACE cxx_std_20)
+target_compile_definitions(tavik_house INTERFACE QT_NO_KEYWORDS QT_NO_FOREACH QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII
+  QT_NO_CAST_FROM_BYTEARRAY QT_NO_URL_CAST_FROM_STRING QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_STRICT_ITERATORS
+  QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+target_compile_options(tavik_house INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast
+  -Woverloaded-virtual -Wnon-virtual-dtor -Wundef -Wcast-align -Wformat=2 -Wimplicit-fallthrough -Wextra-semi
+  $<$<BOOL:${TAVIK_WERROR}>:-Werror>)
+if(TAVIK_SANITIZE)
+  target_compile_options(tavik_house INTERFACE -fsanitize=${TAVIK_SANITIZE} -fno-omit-frame-pointer)
+  target_link_options(tavik_house INTERFACE -fsanitize=${TAVIK_SANITIZE})
+endif()
+
+# A room is a static library. It links only the rooms it may know, so an edge that is not
+# written here does not link, and each of its headers is compiled alone.
+function(tavik_room name)
+  cmake_parse_arguments(ROOM "" "" "HEADERS;SOURCES;USES;QT" ${ARGN})
+  add_library(${name} STATIC ${ROOM_SOURCES})
+  target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR}/Sources FILES ${ROOM_HEADERS})
+  target_link_libraries(${name} PUBLIC ${ROOM_USES} ${ROOM_QT} PRIVATE tavik_house)
+  set_target_properties(${name} PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
+endfunction()

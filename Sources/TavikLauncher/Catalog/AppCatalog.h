@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncherCore/IndexedApp.h>
+
+#include <QHash>
+#include <QList>
+#include <QObject>
+#include <QStringList>
+
+#include <chrono>
+#include <memory>
+#include <optional>
+
+namespace Tavik {
+
+class FileManager;
+class FolderWatch;
+class MainQueue;
+class WorkQueue;
+
+/// Every installed application, sorted by name. Fills itself from the cache file of the previous
+/// run as soon as it is created, and properly by walking the application folders in the background.
+/// One instance lives for the whole run. Main thread only.
+class AppCatalog final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The services that a walk needs; they outlive the catalog and its background work.
+    struct Dependencies
+    {
+        FileManager& fileManager;
+        WorkQueue& workQueue;
+        MainQueue& mainQueue;
+    };
+
+    /// Walks `searchPaths` in their order; none means the system's application folders.
+    explicit AppCatalog(const Dependencies& dependencies,
+                        QStringList searchPaths = {},
+                        QObject* parent = nullptr);
+    ~AppCatalog() override;
+
+    [[nodiscard]] const QList<IndexedApp>& apps() const { return m_apps; }
+    /// True while a walk is running.
+    [[nodiscard]] bool isIndexing() const { return m_isIndexing; }
+    /// The first record with that path; valid until `appsChanged`. Null when there is none.
+    [[nodiscard]] const IndexedApp* recordForPath(const QString& path) const;
+    /// The record of an application that need not be in the catalog; absent when no file exists at
+    /// `path`.
+    [[nodiscard]] static std::optional<IndexedApp> indexedApp(const FileManager& fileManager,
+                                                              const QString& path);
+
+    /// Starts a walk, unless one is running.
+    void reindex();
+    /// Starts a walk, unless one is running or the last one finished less than `maxAge` ago.
+    void reindexIfStale(std::chrono::duration<double> maxAge);
+    /// From now on walks again whenever an application is installed or removed.
+    void watchFolders();
+
+Q_SIGNALS:
+    void appsChanged();
+    void isIndexingChanged();
+
+private:
+    void loadCache();
+    void finishWalk(const QList<IndexedApp>& apps);
+    void handleFolderChange();
+    void publish(const QList<IndexedApp>& apps);
+
+    Dependencies m_dependencies;
+    QStringList m_searchPaths;
+    QList<IndexedApp> m_apps;
+    QHash<QString, qsizetype> m_positions; ///< By path.
+    bool m_isIndexing = false;
+    bool m_foldersChangedDuringWalk = false;
+    std::optional<double> m_lastIndexCompletion; ///< In seconds of system uptime.
+    std::unique_ptr<FolderWatch> m_folderWatch;
+};
+
+} // namespace Tavik

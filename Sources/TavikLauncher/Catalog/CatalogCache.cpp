@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Catalog/CatalogCache.h>
+#include <TavikLauncher/Catalog/CatalogLog.h>
+#include <TavikLauncher/Catalog/CatalogWalk.h>
+#include <TavikLauncherPlatform/FileManager.h>
+#include <TavikLauncherPlatform/WorkQueue.h>
+
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSaveFile>
+
+#include <filesystem>
+#include <utility>
+
+namespace Tavik::CatalogCache {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// One entry of the file.
+struct CachedApp
+{
+    QString name;
+    std::optional<QString> bundleIdentifier;
+    QString path;
+};
+
+void logFailure(const char* what, const QString& why)
+{
+    qCWarning(catalogLog).noquote().nospace() << "TavikLauncher: " << what << ": " << why;
+}
+
+QByteArray encoded(const QList<IndexedApp>& apps)
+{
+    QJsonArray entries;
+    for (const IndexedApp& app : apps) {
+        QJsonObject entry{{u"name"_s, app.name()}, {u"path"_s, app.path()}};
+        if (app.bundleIdentifier()) {
+            entry.insert(u"bundleIdentifier"_s, *app.bundleIdentifier());
+        }
+        entries.append(entry);
+    }
+    return QJsonDocument(entries).toJson(QJsonDocument::Compact);
+}
+
+/// Absent when a key that must be there is missing, or a value is not a text.
+std::optional<CachedApp> decodedEntry(const QJsonValue& value)
+{
+    const QJsonObject object = value.toObject();
+    const QJsonValue name = object.value("name"_L1);
+    const QJsonValue path = object.value("path"_L1);
+    const QJsonValue identifier = object.value("bundleIdentifier"_L1);
+    if (!name.isString() || !path.isString()
+        || !(identifier.isString() || identifier.isUndefined())) {
+        return std::nullopt;
+    }
+    CachedApp app{.name = name.toString(), .bundleIdentifier = {}, .path = path.toString()};
+    if (identifier.isString()) {
+        app.bundleIdentifier = identifier.toString();
+    }
+    return app;
+}
+
+struct DecodeResult
+{
+    QList<CachedApp> apps;
+    QString error; ///< Empty on success.
+};
+
+DecodeResult decoded(const QByteArray& bytes)
+{
+    QJsonParseError parseError;
+    const QJsonDocument document = QJsonDocument::fromJson(bytes, &parseError);
+    if (parseError.error != QJsonParseError::NoError) {
+        return {.apps = {}, .error = parseError.errorString()};
+    }
+    if (!document.isArray()) {
+        return {.apps = {}, .error = u"the file is not a list of applications"_s};
+    }
+    DecodeResult result;
+    const QJsonArray entries = document.array();
+    for (const QJsonValue& value : entries) {
+        std::optional<CachedApp> app = decodedEntry(value);
+        if (!app) {
+            return {.apps = {},
+                    .error = u"entry %1 is not an application"_s.arg(result.apps.size() + 1)};
+        }
+        result.apps.append(*std::move(app));
+    }
+    return result;
+}
+
+void save(const FileManager& fileManager, const QList<IndexedApp>& apps)
+{
+    const std::optional<QString> path = cacheURL(fileManager);
+    if (!path) {
+        return;
+    }
+    QSaveFile file(*path);
+    const QByteArray bytes = encoded(apps);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
+        logFailure("failed to save cache", file.errorString());
+    }
+}
+
+} // namespace
+
+std::optional<QString> cacheURL(const FileManager& fileManager)
+{
+    constexpr const char* failure = "failed to resolve cache path";
+    const FileManager::FolderResult support = fileManager.applicationSupportFolder();
+    if (support.path.isEmpty()) {
+        logFailure(failure, support.error);
+        return std::nullopt;
+    }
+    const QString folder = support.path + "/TavikLauncher"_L1;
+    std::error_code error;
+    std::filesystem::create_directories(folder.toStdU16String(), error);
+    if (error) {
+        logFailure(failure, QString::fromStdString(error.message()));
+        return std::nullopt;
+    }
+    return folder + "/app_index.json"_L1;
+}
+
+void saveCachedApplications(const FileManager& fileManager,
+                            WorkQueue& workQueue,
+                            const QList<IndexedApp>& apps)
+{
+    workQueue.schedule(WorkPriority::utility, [&fileManager, apps]() -> WorkQueue::Done {
+        save(fileManager, apps);
+        return [] {
+        };
+    });
+}
+
+void loadCachedApplicationsAsync(const FileManager& fileManager,
+                                 WorkQueue& workQueue,
+                                 std::function<void(const QList<IndexedApp>&)> done)
+{
+    workQueue.run(
+        WorkPriority::userInitiated,
+        [&fileManager] { return loadCachedApplications(fileManager); },
+        std::move(done));
+}
+
+QList<IndexedApp> loadCachedApplications(const FileManager& fileManager)
+{
+    const std::optional<QString> path = cacheURL(fileManager);
+    if (!path) {
+        return {};
+    }
+    const QFileInfo info(*path);
+    if (!info.exists() || info.size() < 1 || info.size() > maxReadableSize) {
+        return {};
+    }
+    QFile file(*path);
+    constexpr const char* failure = "failed to load cache";
+    if (!info.isFile() || !file.open(QIODevice::ReadOnly)) {
+        logFailure(failure, info.isFile() ? file.errorString() : u"it is not a file"_s);
+        return {};
+    }
+    const DecodeResult content = decoded(file.read(maxReadableSize));
+    if (!content.error.isEmpty()) {
+        logFailure(failure, content.error);
+        return {};
+    }
+    QList<IndexedApp> apps;
+    apps.reserve(content.apps.size());
+    for (const CachedApp& cached : content.apps) {
+        if (!cached.path.startsWith(u'/') || !fileManager.fileExists(cached.path)) {
+            continue;
+        }
+        const std::optional<Bundle> bundle = fileManager.bundle(cached.path);
+        apps.append(IndexedApp(cached.name,
+                               cached.bundleIdentifier,
+                               cached.path,
+                               AppIcon{bundle ? bundle->iconSource : QString()}));
+    }
+    return apps;
+}
+
+} // namespace Tavik::CatalogCache

@@ -15,4 +15,4 @@ struct AppIcon
     bool operator==(const AppIcon&) const = default;
 };
 
-}
+} // namespace Tavik

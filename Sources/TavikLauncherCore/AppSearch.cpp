@@ -1,1 +1,223 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncherCore/AppSearch.h>
+#include <TavikLauncherCore/NameOrder.h>
+#include <TavikLauncherCore/SearchText.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace Tavik::AppSearch {
+
+namespace {
+
+/// Meets the words of a candidate in their order and adds up what they earn. Each word of the query
+/// takes the first word left that starts with it.
+class Tally
+{
+public:
+    explicit Tally(const std::vector<SearchText::Word>& query)
+        : m_query(query)
+    { }
+
+    /// `startsWith` tells whether the candidate's next word, `length` characters long, begins with
+    /// the text it is given.
+    template <typename StartsWith> void meet(qsizetype length, const StartsWith& startsWith)
+    {
+        const bool isFirst = m_candidateWords++ == 0;
+        if (m_matched == m_query.size()) {
+            return;
+        }
+        const SearchText::Word& wanted = m_query[m_matched];
+        if (length < wanted.length || !startsWith(wanted.text)) {
+            return;
+        }
+        const qint64 missing = length - wanted.length;
+        m_total += isFirst ? firstWord : laterWord;
+        m_total += std::max<qint64>(0, coverage - missing);
+        m_total += missing == 0 ? wholeWord : 0;
+        ++m_matched;
+    }
+
+    [[nodiscard]] std::optional<qint64> score() const
+    {
+        if (m_matched < m_query.size()) {
+            return std::nullopt;
+        }
+        return m_total - m_candidateWords;
+    }
+
+private:
+    static constexpr qint64 firstWord = 20;
+    static constexpr qint64 laterWord = 12;
+    static constexpr qint64 coverage = 8;
+    static constexpr qint64 wholeWord = 8;
+
+    const std::vector<SearchText::Word>& m_query;
+    std::size_t m_matched = 0;
+    qint64 m_candidateWords = 0;
+    qint64 m_total = 0;
+};
+
+bool plainWordStartsWith(QStringView word, QStringView prefix)
+{
+    const auto folded = [](QChar unit) {
+        return QChar(PlainText::folded(unit.unicode()));
+    };
+    return prefix.size() <= word.size()
+        && std::ranges::equal(word.first(prefix.size()), prefix, {}, folded);
+}
+
+std::optional<qint64> plainScore(const SearchText& query, QStringView candidate)
+{
+    Tally tally(query.words());
+    const QChar* const end = candidate.end();
+    const auto isSeparator = [](QChar character) {
+        return PlainText::isSeparator(character.unicode());
+    };
+    const QChar* begin = std::find_if_not(candidate.begin(), end, isSeparator);
+    while (begin != end) {
+        const QChar* const wordEnd = std::find_if(begin, end, isSeparator);
+        const QStringView word(begin, wordEnd);
+        tally.meet(word.size(),
+                   [word](QStringView prefix) { return plainWordStartsWith(word, prefix); });
+        begin = std::find_if_not(wordEnd, end, isSeparator);
+    }
+    return tally.score();
+}
+
+std::optional<qint64> scoreOf(const SearchText& query, const QString& candidate)
+{
+    if (query.words().empty()) {
+        return 0;
+    }
+    const auto isPlain = [](QChar character) {
+        return PlainText::isPlain(character.unicode());
+    };
+    if (std::ranges::all_of(candidate, isPlain)) {
+        return plainScore(query, candidate);
+    }
+    const SearchText text(candidate);
+    Tally tally(query.words());
+    for (const SearchText::Word& word : text.words()) {
+        tally.meet(word.length, [&](QStringView prefix) { return text.startsWith(word, prefix); });
+    }
+    return tally.score();
+}
+
+/// Keeps the best `limit` of the matches it is given, in a heap with the last of them on top, so
+/// that most matches cost one comparison and names are collated only where scores tie.
+class BestMatches
+{
+public:
+    BestMatches(const QList<IndexedApp>& apps, qsizetype limit)
+        : m_before{apps}
+        , m_limit(static_cast<std::size_t>(std::min(limit, apps.size())))
+    { }
+
+    void add(qsizetype index, qint64 score)
+    {
+        const Match match{index, score};
+        if (m_heap.size() < m_limit) {
+            m_heap.push_back(match);
+        } else if (m_before(match, m_heap.front())) {
+            std::ranges::pop_heap(m_heap, m_before);
+            m_heap.back() = match;
+        } else {
+            return;
+        }
+        std::ranges::push_heap(m_heap, m_before);
+    }
+
+    [[nodiscard]] QList<IndexedApp> sorted()
+    {
+        std::ranges::sort_heap(m_heap, m_before);
+        QList<IndexedApp> apps;
+        apps.reserve(static_cast<qsizetype>(m_heap.size()));
+        for (const Match& match : m_heap) {
+            apps.append(m_before.apps[match.index]);
+        }
+        return apps;
+    }
+
+private:
+    struct Match
+    {
+        qsizetype index = 0;
+        qint64 score = 0;
+    };
+
+    /// A total order, because no two matches have the same index.
+    struct Order
+    {
+        const QList<IndexedApp>& apps;
+        const QCollator& collator = nameCollator();
+
+        bool operator()(const Match& left, const Match& right) const
+        {
+            if (left.score != right.score) {
+                return left.score > right.score;
+            }
+            const int names = collator.compare(apps[left.index].name(), apps[right.index].name());
+            return names != 0 ? names < 0 : left.index < right.index;
+        }
+    };
+
+    Order m_before;
+    std::size_t m_limit;
+    std::vector<Match> m_heap;
+};
+
+} // namespace
+
+QList<IndexedApp> results(const QString& query, const QList<IndexedApp>& apps, qsizetype limit)
+{
+    const qsizetype effectiveLimit = std::max<qsizetype>(limit, 1);
+    const QString trimmed = query.trimmed();
+    if (trimmed.isEmpty()) {
+        return apps.first(std::min(effectiveLimit, apps.size()));
+    }
+    const SearchText wanted(trimmed);
+    BestMatches best(apps, effectiveLimit);
+    for (qsizetype index = 0; index < apps.size(); ++index) {
+        if (const auto score = scoreOf(wanted, apps[index].name())) {
+            best.add(index, *score);
+        }
+    }
+    return best.sorted();
+}
+
+std::optional<qint64> score(const QString& query, const QString& candidate)
+{
+    return scoreOf(SearchText(query), candidate);
+}
+
+bool localizedCaseInsensitiveLess(const QString& left, const QString& right)
+{
+    return nameCollator().compare(left, right) < 0;
+}
+
+QList<IndexedApp> sortedByName(const QList<IndexedApp>& apps)
+{
+    struct Entry
+    {
+        QCollatorSortKey key;
+        qsizetype index;
+    };
+    std::vector<Entry> entries;
+    entries.reserve(static_cast<std::size_t>(apps.size()));
+    for (qsizetype index = 0; index < apps.size(); ++index) {
+        entries.push_back({nameCollator().sortKey(apps[index].name()), index});
+    }
+    std::ranges::sort(entries, [](const Entry& left, const Entry& right) {
+        const int names = left.key.compare(right.key);
+        return names != 0 ? names < 0 : left.index < right.index;
+    });
+    QList<IndexedApp> sorted;
+    sorted.reserve(apps.size());
+    for (const Entry& entry : entries) {
+        sorted.append(apps[entry.index]);
+    }
+    return sorted;
+}
+
+} // namespace Tavik::AppSearch

@@ -8,17 +8,25 @@
 
 #include <optional>
 
+/// Finds and ranks applications by what the user types. Pure functions, usable on any thread.
 namespace Tavik::AppSearch {
 
 /// The records of `apps` that match `query`, best first, at most max(`limit`, 1) of them. A blank
 /// query yields the first records in their given order. Only names are searched: every word of the
-/// query must start a word of the name, in the same order.
-[[nodiscard]] QList<IndexedApp> results(const QString& query, const QList<IndexedApp>& apps, qsizetype limit);
+/// query must start a word of the name, in the same order. Equal scores are ordered by name, equal
+/// names stay in their given order.
+[[nodiscard]] QList<IndexedApp>
+results(const QString& query, const QList<IndexedApp>& apps, qsizetype limit);
 
-/// How well `candidate` answers `query`, higher is better; absent when it does not match.
+/// How well `candidate` answers `query`, higher is better and any value is a match; absent when it
+/// does not match. Case is ignored, accents are not.
 [[nodiscard]] std::optional<qint64> score(const QString& query, const QString& candidate);
 
 /// True when `left` sorts before `right` as the user's language orders names, ignoring case.
 [[nodiscard]] bool localizedCaseInsensitiveLess(const QString& left, const QString& right);
 
-}
+/// `apps` in the order of `localizedCaseInsensitiveLess` on their names, equal names in their given
+/// order. For whole catalogs: each name is collated once instead of at every comparison.
+[[nodiscard]] QList<IndexedApp> sortedByName(const QList<IndexedApp>& apps);
+
+} // namespace Tavik::AppSearch

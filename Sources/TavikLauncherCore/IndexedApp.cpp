@@ -15,7 +15,7 @@ bool areEquivalent(const QString& left, const QString& right)
         == right.normalized(QString::NormalizationForm_C);
 }
 
-}
+} // namespace
 
 IndexedApp::IndexedApp(QString name,
                        std::optional<QString> bundleIdentifier,
@@ -25,8 +25,7 @@ IndexedApp::IndexedApp(QString name,
     , m_bundleIdentifier(std::move(bundleIdentifier))
     , m_path(std::move(path))
     , m_icon(std::move(icon))
-{
-}
+{ }
 
 bool IndexedApp::operator==(const IndexedApp& other) const
 {
@@ -39,4 +38,4 @@ bool IndexedApp::operator==(const IndexedApp& other) const
     return !m_bundleIdentifier || areEquivalent(*m_bundleIdentifier, *other.m_bundleIdentifier);
 }
 
-}
+} // namespace Tavik

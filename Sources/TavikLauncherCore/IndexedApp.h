@@ -19,7 +19,10 @@ public:
     /// The record's identity: always its path.
     [[nodiscard]] const QString& id() const { return m_path; }
     [[nodiscard]] const QString& name() const { return m_name; }
-    [[nodiscard]] const std::optional<QString>& bundleIdentifier() const { return m_bundleIdentifier; }
+    [[nodiscard]] const std::optional<QString>& bundleIdentifier() const
+    {
+        return m_bundleIdentifier;
+    }
     [[nodiscard]] const QString& path() const { return m_path; }
     [[nodiscard]] const AppIcon& icon() const { return m_icon; }
 
@@ -32,4 +35,4 @@ private:
     AppIcon m_icon;
 };
 
-}
+} // namespace Tavik

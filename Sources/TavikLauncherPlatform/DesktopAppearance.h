@@ -19,4 +19,4 @@ public:
     std::function<void()> onChanged;
 };
 
-}
+} // namespace Tavik

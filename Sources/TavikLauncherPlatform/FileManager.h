@@ -30,8 +30,11 @@ struct Bundle
     Kind kind = Kind::applicationFolder;
     std::optional<QString> displayName; ///< "CFBundleDisplayName"; absent for desktop entries.
     std::optional<QString> name; ///< "CFBundleName", or the entry's localized `Name`.
-    std::optional<QString> identifier; ///< Bundle identifier, or the desktop-file ID without ".desktop".
+    std::optional<QString>
+        identifier; ///< Bundle identifier, or the desktop-file ID without ".desktop".
     QString iconSource; ///< Theme icon name or absolute image path; empty for the generic icon.
+    /// Absolute path of the program that an `.app` folder starts; absent for desktop entries.
+    std::optional<QString> executable;
     bool isHidden = false; ///< The entry asks not to be shown here (NoDisplay, Hidden, TryExec, …).
 };
 
@@ -78,4 +81,4 @@ public:
         = 0;
 };
 
-}
+} // namespace Tavik

@@ -19,4 +19,4 @@ public:
     [[nodiscard]] virtual QImage decode(const AppIcon& icon, int side, double scale) const = 0;
 };
 
-}
+} // namespace Tavik

@@ -15,7 +15,7 @@ inline constexpr quint64 control = 0x40000;
 inline constexpr quint64 option = 0x80000;
 inline constexpr quint64 command = 0x100000;
 inline constexpr quint64 all = shift | control | option | command;
-}
+} // namespace ModifierFlags
 
 /// A system-wide key combination; destroying it gives the combination back.
 class HotKeyRegistration
@@ -48,4 +48,4 @@ public:
         = 0;
 };
 
-}
+} // namespace Tavik

@@ -22,4 +22,4 @@ public:
     virtual bool unregisterItem() = 0;
 };
 
-}
+} // namespace Tavik

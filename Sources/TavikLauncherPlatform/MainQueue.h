@@ -23,8 +23,7 @@ public:
     Task() = default;
     explicit Task(std::unique_ptr<Impl> impl)
         : m_impl(std::move(impl))
-    {
-    }
+    { }
 
     void cancel() { m_impl.reset(); }
     /// True while the closure is still to run (again).
@@ -51,4 +50,4 @@ public:
     [[nodiscard]] virtual double systemUptime() const = 0;
 };
 
-}
+} // namespace Tavik

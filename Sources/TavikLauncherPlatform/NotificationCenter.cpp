@@ -23,8 +23,7 @@ public:
 ObserverToken::ObserverToken(QObject* registry, quint64 id)
     : m_registry(registry)
     , m_id(id)
-{
-}
+{ }
 
 ObserverToken& ObserverToken::operator=(ObserverToken&& other) noexcept
 {
@@ -46,15 +45,14 @@ void ObserverToken::reset()
 
 NotificationCenter::NotificationCenter()
     : m_registry(std::make_unique<Registry>())
-{
-}
+{ }
 
 NotificationCenter::~NotificationCenter() = default;
 
 ObserverToken NotificationCenter::addObserver(QStringView name, Handler handler)
 {
     const quint64 id = m_registry->nextId++;
-    m_registry->observers.emplace(id, Registry::Observer {name.toString(), std::move(handler)});
+    m_registry->observers.emplace(id, Registry::Observer{name.toString(), std::move(handler)});
     return {m_registry.get(), id};
 }
 
@@ -80,4 +78,4 @@ void NotificationCenter::post(QStringView name, const QString& subject)
     }
 }
 
-}
+} // namespace Tavik

@@ -62,4 +62,4 @@ private:
     std::unique_ptr<Registry> m_registry;
 };
 
-}
+} // namespace Tavik

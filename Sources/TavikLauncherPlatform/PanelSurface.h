@@ -32,4 +32,4 @@ public:
     std::function<void()> onResignKey;
 };
 
-}
+} // namespace Tavik

@@ -38,4 +38,4 @@ struct Platform
 /// Implemented by the one system that the build contains.
 [[nodiscard]] std::unique_ptr<Platform> makePlatform();
 
-}
+} // namespace Tavik

@@ -40,7 +40,7 @@ private:
     QTimer* m_timer;
 };
 
-}
+} // namespace
 
 void QtMainQueue::post(std::function<void()> closure)
 {
@@ -63,4 +63,4 @@ double QtMainQueue::systemUptime() const
     return Seconds(std::chrono::steady_clock::now().time_since_epoch()).count();
 }
 
-}
+} // namespace Tavik

@@ -20,4 +20,4 @@ private:
     QObject m_context;
 };
 
-}
+} // namespace Tavik

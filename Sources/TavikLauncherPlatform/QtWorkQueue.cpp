@@ -8,7 +8,7 @@ namespace Tavik {
 namespace {
 constexpr int idleThreadLifetimeMilliseconds = 2000;
 constexpr int readThreads = 2;
-}
+} // namespace
 
 QtWorkQueue::QtWorkQueue()
 {
@@ -34,4 +34,4 @@ void QtWorkQueue::schedule(WorkPriority priority, Job job)
     });
 }
 
-}
+} // namespace Tavik

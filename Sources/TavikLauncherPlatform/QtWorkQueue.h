@@ -22,7 +22,8 @@ public:
 private:
     QObject m_mainThread;
     QThreadPool m_reads;
-    QThreadPool m_writes; ///< One thread, so that a later write is never overtaken by an earlier one.
+    QThreadPool
+        m_writes; ///< One thread, so that a later write is never overtaken by an earlier one.
 };
 
-}
+} // namespace Tavik

@@ -18,8 +18,8 @@ struct Screen
     bool operator==(const Screen&) const = default;
 };
 
-/// The screens and the pointer. Points, y growing upwards from the lower edge of the primary screen.
-/// Main thread only.
+/// The screens and the pointer. Points, y growing upwards from the lower edge of the primary
+/// screen. Main thread only.
 class Screens
 {
 public:
@@ -32,4 +32,4 @@ public:
     [[nodiscard]] virtual QPointF mouseLocation() const = 0;
 };
 
-}
+} // namespace Tavik

@@ -9,8 +9,7 @@ namespace Tavik {
 
 namespace {
 
-template <typename T>
-std::optional<T> exactly(const QVariant& value, QMetaType::Type type)
+template <typename T> std::optional<T> exactly(const QVariant& value, QMetaType::Type type)
 {
     if (value.typeId() != type) {
         return std::nullopt;
@@ -18,7 +17,7 @@ std::optional<T> exactly(const QVariant& value, QMetaType::Type type)
     return value.value<T>();
 }
 
-}
+} // namespace
 
 std::optional<bool> UserDefaults::boolValue(const QString& key) const
 {
@@ -67,4 +66,4 @@ std::optional<QVariantMap> UserDefaults::dictionaryValue(const QString& key) con
     return exactly<QVariantMap>(object(key), QMetaType::QVariantMap);
 }
 
-}
+} // namespace Tavik

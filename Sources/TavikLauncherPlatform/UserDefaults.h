@@ -32,4 +32,4 @@ public:
     [[nodiscard]] std::optional<QVariantMap> dictionaryValue(const QString& key) const;
 };
 
-}
+} // namespace Tavik

@@ -34,4 +34,4 @@ public:
     std::function<void()> onCompositingChanged;
 };
 
-}
+} // namespace Tavik

@@ -30,9 +30,11 @@ public:
     void run(WorkPriority priority, Work work, Finish done)
     {
         schedule(priority, [work = std::move(work), done = std::move(done)]() -> Done {
-            return [result = work(), done] { done(result); };
+            return [result = work(), done] {
+                done(result);
+            };
         });
     }
 };
 
-}
+} // namespace Tavik

@@ -52,16 +52,14 @@ public:
     /// The application that has the focus, if one has.
     [[nodiscard]] virtual std::optional<RunningApplication> frontmostApplication() const = 0;
     /// The path of the application that the system prefers for an identifier.
-    [[nodiscard]] virtual std::optional<QString> pathForApplication(
-        const QString& bundleIdentifier) const
-        = 0;
+    [[nodiscard]] virtual std::optional<QString>
+    pathForApplication(const QString& bundleIdentifier) const = 0;
     /// Raises the application's most recent window if it runs, starts it otherwise. A started
     /// application outlives this program.
-    virtual void openApplication(const QString& path,
-                                 OpenConfiguration configuration,
-                                 OpenCompletion completion)
+    virtual void
+    openApplication(const QString& path, OpenConfiguration configuration, OpenCompletion completion)
         = 0;
     [[nodiscard]] virtual NotificationCenter& notificationCenter() = 0;
 };
 
-}
+} // namespace Tavik

@@ -55,4 +55,4 @@ public:
     std::function<void()> folderChanged;
 };
 
-}
+} // namespace Tavik::Test

@@ -17,8 +17,8 @@ public:
     {
         return frontmost;
     }
-    [[nodiscard]] std::optional<QString> pathForApplication(
-        const QString& bundleIdentifier) const override
+    [[nodiscard]] std::optional<QString>
+    pathForApplication(const QString& bundleIdentifier) const override
     {
         const auto found = paths.find(bundleIdentifier);
         return found == paths.end() ? std::nullopt : std::optional(*found);
@@ -50,4 +50,4 @@ public:
     NotificationCenter center;
 };
 
-}
+} // namespace Tavik::Test

@@ -26,4 +26,4 @@ public:
     QStringList written;
 };
 
-}
+} // namespace Tavik::Test

@@ -19,10 +19,7 @@ public:
 
     [[nodiscard]] std::size_t waiting() const { return m_waiting.size(); }
     /// Runs the waiting job at `position` and then its continuation.
-    void runAt(std::size_t position)
-    {
-        finish(startAt(position));
-    }
+    void runAt(std::size_t position) { finish(startAt(position)); }
     /// Runs only the part off the main thread; `finish` the rest.
     [[nodiscard]] Done startAt(std::size_t position)
     {
@@ -52,4 +49,4 @@ private:
     std::deque<Entry> m_waiting;
 };
 
-}
+} // namespace Tavik::Test

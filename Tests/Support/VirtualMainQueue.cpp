@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <Support/VirtualMainQueue.h>
-
 #include <algorithm>
 
 namespace Tavik::Test {
@@ -11,8 +10,7 @@ public:
     VirtualTask(VirtualMainQueue& queue, quint64 id)
         : m_queue(queue)
         , m_id(id)
-    {
-    }
+    { }
     ~VirtualTask() override { m_queue.m_entries.erase(m_id); }
     VirtualTask(const VirtualTask&) = delete;
     VirtualTask& operator=(const VirtualTask&) = delete;
@@ -32,7 +30,7 @@ void VirtualMainQueue::post(std::function<void()> closure)
 Task VirtualMainQueue::add(double seconds, double interval, std::function<void()> closure)
 {
     const quint64 id = m_nextId++;
-    m_entries.emplace(id, Entry {m_now + seconds, interval, std::move(closure)});
+    m_entries.emplace(id, Entry{m_now + seconds, interval, std::move(closure)});
     return Task(std::make_unique<VirtualTask>(*this, id));
 }
 
@@ -85,4 +83,4 @@ int VirtualMainQueue::pendingTasks() const
     return static_cast<int>(m_entries.size());
 }
 
-}
+} // namespace Tavik::Test

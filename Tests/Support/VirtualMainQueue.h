@@ -42,4 +42,4 @@ private:
     std::map<quint64, Entry> m_entries;
 };
 
-}
+} // namespace Tavik::Test

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QPainterPath>
+#include <QPointF>
+#include <QSizeF>
+
+#include <optional>
+
+namespace Tavik {
+
+/// Where everything of the ring lies. Points in the drawing area's own plane, origin top left, y
+/// growing downwards; angles in degrees, 0 along +x, positive clockwise on screen. Slot 0 is at the
+/// top, the others follow clockwise.
+struct RingGeometry
+{
+    struct Measures
+    {
+        QSizeF area; ///< The square the ring is drawn in.
+        double ringThickness = 0;
+        double iconSize = 0;
+        int slotCount = 0;
+    };
+
+    QPointF center;
+    double innerRadius = 0;
+    double outerRadius = 0;
+    double iconRadius = 0; ///< Distance of each icon's centre from `center`.
+    double effectiveIconSize = 0;
+    double haloSize = 0;
+    int slotCount = 0;
+
+    [[nodiscard]] static RingGeometry make(const Measures& measures);
+    /// Side of the panel's square for a ring of `diameter`: room for shadow and overshoot.
+    [[nodiscard]] static double panelSide(double diameter) { return diameter * 1.1; }
+
+    /// Degrees per slot; 360 for an empty ring.
+    [[nodiscard]] double sectorDegrees() const;
+    /// The angle of the slot's centre, −90 for slot 0.
+    [[nodiscard]] double slotAngle(int slot) const;
+    [[nodiscard]] QPointF slotCenter(int slot) const;
+    /// The slot whose wedge lies under `point`; absent in the hole, outside, or for an empty ring.
+    /// A point on the boundary of two wedges belongs to the later one.
+    [[nodiscard]] std::optional<int> slotAt(QPointF point) const;
+    /// The band: the area between the two radii.
+    [[nodiscard]] QPainterPath donutShape() const;
+    /// The wedge of one sector around `centerDegrees`; the whole band for a single slot.
+    [[nodiscard]] QPainterPath wedgeShape(double centerDegrees) const;
+
+    bool operator==(const RingGeometry&) const = default;
+};
+
+/// The angle equivalent to `target` that lies within half a turn of `current`, so that a highlight
+/// sweeps the shorter way. Degrees; not normalised into a fixed range.
+[[nodiscard]] double nearestEquivalentAngle(double target, double current);
+
+} // namespace Tavik

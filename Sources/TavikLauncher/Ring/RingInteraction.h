@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncher/Ring/RingComposition.h>
+#include <TavikLauncherPlatform/MainQueue.h>
+#include <TavikLauncherPlatform/NotificationCenter.h>
+
+#include <QObject>
+#include <QPointF>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace Tavik {
+
+class AppLauncher;
+class LauncherPresentationState;
+struct LauncherCommands;
+struct RingGeometry;
+
+/// The ring's state and what the user can do with it: selection, hover, filter, launch hint,
+/// launch. It knows no widget; a view paints it and forwards the pointer. Main thread only.
+class RingInteraction final : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct Dependencies
+    {
+        AppCatalog& catalog;
+        AppLauncher& launcher;
+        LauncherSettings& settings;
+        RecentAppsStore& recents;
+        Workspace& workspace;
+        FileManager& fileManager;
+        LauncherCommands& commands;
+        LauncherPresentationState& presentation;
+        MainQueue& mainQueue;
+    };
+
+    RingInteraction(const Dependencies& dependencies,
+                    RingComposition::OwnBundle ownBundle,
+                    std::function<void()> onClose);
+    ~RingInteraction() override;
+
+    /// Current ring, slot 0 first.
+    [[nodiscard]] const QList<IndexedApp>& ringApps() const { return m_ringApps; }
+    [[nodiscard]] int selectedIndex() const { return m_selectedIndex; }
+    [[nodiscard]] const QString& query() const { return m_query; }
+    [[nodiscard]] const QString& debouncedQuery() const { return m_debouncedQuery; }
+    /// The text that filters the ring is more than blanks.
+    [[nodiscard]] bool isFiltering() const { return !m_query.trimmed().isEmpty(); }
+    /// The angle of the highlight in degrees; not normalised into one turn.
+    [[nodiscard]] double highlightedAngleDegrees() const { return m_highlightedAngleDegrees; }
+    [[nodiscard]] bool showsSelectionLabel() const { return m_showsSelectionLabel; }
+    [[nodiscard]] bool isPinnedForSearch() const { return m_isPinnedForSearch; }
+    [[nodiscard]] const std::optional<QString>& launchHint() const { return m_launchHint; }
+    [[nodiscard]] bool hasActiveSelection() const { return m_showsSelectionLabel || isFiltering(); }
+    [[nodiscard]] bool isRunning(const IndexedApp& app) const { return m_running.contains(app); }
+    [[nodiscard]] bool isIndexing() const;
+
+    /// The ring comes into being: fills the command table and starts to follow the workspace.
+    void appear();
+    /// The ring is torn down: empties the command table but for `pinForSearch`.
+    void disappear();
+    /// Resets everything transient before the panel shows. A summon by the user asks for a launch
+    /// hint, anything else dismisses the one shown.
+    void prepareForShow(bool isUserSummon);
+    void refreshRing();
+
+    /// The pointer is at `point` of the ring's drawing area, laid out as `geometry`.
+    void hoverAt(QPointF point, const RingGeometry& geometry);
+    void updateSelectedIndex(int index);
+    /// A click on a slot: selects and launches it.
+    void clickSlot(int index);
+
+    void moveSelectionLeft();
+    void moveSelectionRight();
+    void launchSelected();
+    /// Launches slot `digit` − 1; ignored beyond the ring.
+    void quickLaunch(int digit);
+    void insertSearchText(const QString& text);
+    void deleteSearchCharacter();
+    /// The filter field was edited past the panel's keys (an input method): filters after a pause.
+    void editQuery(const QString& text);
+
+Q_SIGNALS:
+    /// The slots, who runs, or their order changed.
+    void ringChanged();
+    /// The selection moved to another slot; `animated` tells whether the highlight sweeps there.
+    void highlightMoved(bool animated);
+    /// A text of the centre, or the condition for one, changed.
+    void centerChanged();
+
+private:
+    void fillCommands();
+    void installObservers();
+    void installWorkspaceObservers();
+    void updateHighlightedAngle(int index, bool animated);
+    void moveSelection(int step);
+    void showPinnedIndicator();
+    void filterNow(const QString& text);
+    void presentLaunchHintIfDue();
+    void dismissLaunchHint();
+
+    Dependencies m_dependencies;
+    RingComposition m_composition;
+    std::function<void()> m_onClose;
+
+    QString m_query;
+    QString m_debouncedQuery;
+    Task m_debounceTask;
+    int m_selectedIndex = 0;
+    QList<IndexedApp> m_ringApps;
+    RingComposition::RunningSets m_running;
+    std::vector<ObserverToken> m_workspaceObservers;
+    bool m_isPinnedForSearch = false;
+    bool m_showsSelectionLabel = false;
+    std::optional<QPointF> m_hoverAnchor;
+    bool m_hoverEngaged = false;
+    double m_highlightedAngleDegrees = -90;
+    std::optional<QString> m_launchHint;
+    Task m_launchHintTask;
+};
+
+} // namespace Tavik

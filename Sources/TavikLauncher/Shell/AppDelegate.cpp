@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Shell/AppDelegate.h>
+#include <TavikLauncher/Views/LauncherPanel.h>
+#include <TavikLauncher/Views/RadialLauncherView.h>
+#include <TavikLauncherPlatform/Platform.h>
+
+#include <QCoreApplication>
+
+#include <utility>
+
+namespace Tavik {
+
+namespace {
+
+/// Our own application id, and the identifier of our desktop entry.
+const QString& ownIdentifier()
+{
+    static const QString identifier = u"org.tavik.Launcher"_qs;
+    return identifier;
+}
+
+} // namespace
+
+AppDelegate::AppDelegate(Platform& platform)
+    : m_platform(platform)
+    , m_settings(*platform.userDefaults, *platform.loginItem, m_notifications)
+    , m_recents(*platform.userDefaults)
+    , m_catalog({*platform.fileManager, *platform.workQueue, *platform.mainQueue})
+    , m_launcher(*platform.workspace, m_recents)
+{ }
+
+AppDelegate::~AppDelegate() = default;
+
+void AppDelegate::applicationDidFinishLaunching()
+{
+    m_panelController.emplace(LauncherPanelController::Dependencies{
+        .catalog = m_catalog,
+        .settings = m_settings,
+        .screens = *m_platform.screens,
+        .appearance = *m_platform.appearance,
+        .mainQueue = *m_platform.mainQueue,
+        .commands = m_commands,
+        .presentation = m_presentation,
+        .makeSurface
+        = [this](std::function<void()> dismiss) { return makePanel(std::move(dismiss)); },
+        .avoidedFrames = [] { return QList<QRectF>(); },
+        .settingsPreviewLayout = [] { return std::optional<SettingsPreviewLayout::Result>(); },
+    });
+    m_catalog.reindex();
+    installHotKeySettingsObserver();
+    installRecentAppActivationObserver();
+    setupHotKey();
+
+    // Once idle: everything a first summon would be slow for.
+    m_warmUp = m_platform.mainQueue->after(0, [this] {
+        static_cast<LauncherPanel&>(m_panelController->panel()).warmUp();
+        m_catalog.watchFolders();
+    });
+}
+
+std::unique_ptr<PanelSurface> AppDelegate::makePanel(std::function<void()> dismiss)
+{
+    auto ring = std::make_unique<RadialLauncherView>(RadialLauncherView::Dependencies{
+        .ring = {.catalog = m_catalog,
+                 .launcher = m_launcher,
+                 .settings = m_settings,
+                 .recents = m_recents,
+                 .workspace = *m_platform.workspace,
+                 .fileManager = *m_platform.fileManager,
+                 .commands = m_commands,
+                 .presentation = m_presentation,
+                 .mainQueue = *m_platform.mainQueue},
+        .ownBundle
+        = {.identifier = ownIdentifier(),
+           .path = m_platform.workspace->pathForApplication(ownIdentifier()).value_or(QString())},
+        .iconDecoder = *m_platform.iconDecoder,
+        .workQueue = *m_platform.workQueue,
+        .windowServer = *m_platform.windowServer,
+        .appearance = *m_platform.appearance,
+        .onClose = std::move(dismiss),
+    });
+    return std::make_unique<LauncherPanel>(
+        LauncherPanel::Dependencies{m_commands, *m_platform.windowServer, *m_platform.mainQueue},
+        std::move(ring));
+}
+
+void AppDelegate::installHotKeySettingsObserver()
+{
+    m_hotKeySettingsObserver = m_notifications.addObserver(
+        LauncherSettings::hotKeyChanged,
+        [this](const NotificationCenter::Notification&) { setupHotKey(); });
+}
+
+void AppDelegate::installRecentAppActivationObserver()
+{
+    m_recentAppActivationObserver = m_platform.workspace->notificationCenter().addObserver(
+        Workspace::didActivateApplication,
+        [this](const NotificationCenter::Notification&) { recordActivatedApplication(); });
+}
+
+void AppDelegate::recordActivatedApplication()
+{
+    const std::optional<RunningApplication> app = m_platform.workspace->frontmostApplication();
+    if (!app || app->activationPolicy != RunningApplication::ActivationPolicy::regular
+        || app->bundleIdentifier == ownIdentifier() || !app->bundlePath) {
+        return;
+    }
+    m_recents.recordLaunch(*app->bundlePath);
+}
+
+void AppDelegate::setupHotKey()
+{
+    m_hotKey.reset();
+    auto hotKey = std::make_unique<GlobalHotKey>(
+        *m_platform.keyEvents, m_settings.hotKeyConfig(), [this](double) { togglePanel(); });
+    if (hotKey->registerHotKey()) {
+        m_hotKey = std::move(hotKey);
+    }
+}
+
+void AppDelegate::perform(AppAction action)
+{
+    switch (action) {
+    case AppAction::activate:
+    case AppAction::showLauncher:
+        showAtPointer();
+        break;
+    case AppAction::toggleLauncher:
+        togglePanel();
+        break;
+    case AppAction::hideLauncher:
+        m_panelController->hide();
+        break;
+    case AppAction::quit:
+        QCoreApplication::quit();
+        break;
+    }
+}
+
+void AppDelegate::showAtPointer()
+{
+    m_panelController->show({.centeredAt = m_platform.screens->mouseLocation(),
+                             .activatesApp = true,
+                             .makesKey = true});
+}
+
+void AppDelegate::togglePanel()
+{
+    if (m_panelController->isVisible()) {
+        m_panelController->hide();
+    } else {
+        showAtPointer();
+    }
+}
+
+} // namespace Tavik

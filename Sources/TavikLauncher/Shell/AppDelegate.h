@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncher/Catalog/AppCatalog.h>
+#include <TavikLauncher/Catalog/AppLauncher.h>
+#include <TavikLauncher/Catalog/RecentAppsStore.h>
+#include <TavikLauncher/Ring/LauncherCommands.h>
+#include <TavikLauncher/Ring/LauncherPresentationState.h>
+#include <TavikLauncher/Settings/LauncherSettings.h>
+#include <TavikLauncher/Shell/LauncherPanelController.h>
+#include <TavikLauncher/Shell/SingleInstance.h>
+#include <TavikLauncher/Trigger/GlobalHotKey.h>
+#include <TavikLauncherPlatform/NotificationCenter.h>
+
+#include <memory>
+#include <optional>
+
+namespace Tavik {
+
+struct Platform;
+
+/// The program's spine: creates the long-lived objects, wires them and owns them for the life of
+/// the process. Rules live elsewhere.
+class AppDelegate
+{
+public:
+    explicit AppDelegate(Platform& platform);
+    ~AppDelegate();
+    AppDelegate(const AppDelegate&) = delete;
+    AppDelegate& operator=(const AppDelegate&) = delete;
+
+    /// The start-up sequence; the trigger answers when it returns.
+    void applicationDidFinishLaunching();
+    void perform(AppAction action);
+
+private:
+    [[nodiscard]] std::unique_ptr<PanelSurface> makePanel(std::function<void()> dismiss);
+    void installHotKeySettingsObserver();
+    void installRecentAppActivationObserver();
+    void setupHotKey();
+    void showLauncher();
+    void showAtPointer();
+    void togglePanel();
+    void recordActivatedApplication();
+
+    Platform& m_platform;
+    NotificationCenter m_notifications;
+    LauncherSettings m_settings;
+    RecentAppsStore m_recents;
+    AppCatalog m_catalog;
+    AppLauncher m_launcher;
+    LauncherCommands m_commands;
+    LauncherPresentationState m_presentation;
+    std::optional<LauncherPanelController> m_panelController;
+    std::unique_ptr<GlobalHotKey> m_hotKey;
+    ObserverToken m_hotKeySettingsObserver;
+    ObserverToken m_recentAppActivationObserver;
+    Task m_warmUp;
+};
+
+} // namespace Tavik

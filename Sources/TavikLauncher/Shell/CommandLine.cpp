@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Shell/CommandLine.h>
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <array>
+
+namespace Tavik {
+
+namespace {
+
+constexpr int usageError = 2;
+
+struct Option
+{
+    const char16_t* name;
+    AppAction action;
+    const char16_t* help;
+};
+constexpr std::array<Option, 4> options{{
+    {u"--show", AppAction::showLauncher, u"show the ring"},
+    {u"--toggle", AppAction::toggleLauncher, u"show the ring at the pointer, or hide it"},
+    {u"--hide", AppAction::hideLauncher, u"hide the ring"},
+    {u"--quit", AppAction::quit, u"end the running launcher"},
+}};
+
+QString usage()
+{
+    QString text
+        = u"Usage: tavik-launcher [option]\n\nWithout an option: start the launcher, or show "
+          u"the ring of the one that runs.\n\n"_qs;
+    for (const Option& option : options) {
+        text += u"  %1 %2\n"_qs.arg(QStringView(option.name), -12).arg(QStringView(option.help));
+    }
+    return text + u"  --version    print the version\n  --help       print this text\n"_qs;
+}
+
+} // namespace
+
+CommandLine CommandLine::parse(const QStringList& arguments)
+{
+    if (arguments.isEmpty()) {
+        return {};
+    }
+    if (arguments.size() > 1) {
+        return {.answer = u"tavik-launcher: one option at a time\n"_qs + usage(),
+                .exitCode = usageError};
+    }
+    const QString& argument = arguments.front();
+    if (argument == u"--help" || argument == u"-h") {
+        return {.answer = usage()};
+    }
+    if (argument == u"--version") {
+        return {.answer = u"tavik-launcher %1\n"_qs.arg(QStringLiteral(TAVIK_VERSION))};
+    }
+    const auto found = std::ranges::find_if(options, [&argument](const Option& option) {
+        return argument == QStringView(option.name);
+    });
+    if (found != options.end()) {
+        return {.action = found->action};
+    }
+    return {.answer = u"tavik-launcher: unknown option %1\n"_qs.arg(argument) + usage(),
+            .exitCode = usageError};
+}
+
+} // namespace Tavik

@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Shell/SingleInstance.h>
+
+#include <QDBusAbstractAdaptor>
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusContext>
+#include <QDBusMessage>
+#include <QLoggingCategory>
+#include <QVariantMap>
+
+#include <algorithm>
+#include <array>
+
+namespace Tavik {
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "tavik.shell")
+
+constexpr auto serviceName = "org.tavik.Launcher";
+constexpr auto objectPath = "/org/tavik/Launcher";
+constexpr auto interfaceName = "org.freedesktop.Application";
+constexpr int callTimeoutMilliseconds = 2000;
+
+struct NamedAction
+{
+    AppAction action;
+    const char16_t* name;
+};
+constexpr std::array<NamedAction, 4> namedActions{{
+    {AppAction::showLauncher, u"show-launcher"},
+    {AppAction::toggleLauncher, u"toggle-launcher"},
+    {AppAction::hideLauncher, u"hide-launcher"},
+    {AppAction::quit, u"quit"},
+}};
+
+QString latin1(const char* text)
+{
+    return QString::fromLatin1(text);
+}
+
+/// What other programs reach on the bus. Their arguments are theirs: only the action's name is
+/// read.
+class ApplicationAdaptor final : public QDBusAbstractAdaptor
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+public:
+    explicit ApplicationAdaptor(SingleInstance& instance)
+        : QDBusAbstractAdaptor(&instance)
+        , m_instance(instance)
+    { }
+
+public Q_SLOTS:
+    void Activate(const QVariantMap&) { perform(AppAction::activate); }
+    void Open(const QStringList&, const QVariantMap&) { perform(AppAction::activate); }
+    void ActivateAction(const QString& name,
+                        const QVariantList&,
+                        const QVariantMap&,
+                        const QDBusMessage& message)
+    {
+        const auto found = std::ranges::find_if(namedActions, [&name](const NamedAction& entry) {
+            return name == QStringView(entry.name);
+        });
+        if (found != namedActions.end()) {
+            perform(found->action);
+            return;
+        }
+        message.setDelayedReply(true);
+        QDBusConnection::sessionBus().send(
+            message.createErrorReply(QDBusError::InvalidArgs, u"No such action"_qs));
+    }
+
+private:
+    void perform(AppAction action)
+    {
+        if (m_instance.onAction) {
+            m_instance.onAction(action);
+        }
+    }
+
+    SingleInstance& m_instance;
+};
+
+} // namespace
+
+QString actionName(AppAction action)
+{
+    const auto found = std::ranges::find(namedActions, action, &NamedAction::action);
+    return found == namedActions.end() ? QString() : QString::fromUtf16(found->name);
+}
+
+SingleInstance::Claim SingleInstance::claim()
+{
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) {
+        qCInfo(log, "no session bus: other programs cannot reach this one");
+        return Claim::noBus;
+    }
+    new ApplicationAdaptor(*this);
+    // The object first: whoever sees the name may call at once.
+    bus.registerObject(latin1(objectPath), this);
+    const auto reply
+        = bus.interface()->registerService(latin1(serviceName),
+                                           QDBusConnectionInterface::DontQueueService,
+                                           QDBusConnectionInterface::DontAllowReplacement);
+    return reply == QDBusConnectionInterface::ServiceRegistered ? Claim::first : Claim::taken;
+}
+
+bool SingleInstance::forward(AppAction action)
+{
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) {
+        return false;
+    }
+    const bool isNamed = action != AppAction::activate;
+    QDBusMessage call
+        = QDBusMessage::createMethodCall(latin1(serviceName),
+                                         latin1(objectPath),
+                                         latin1(interfaceName),
+                                         isNamed ? u"ActivateAction"_qs : u"Activate"_qs);
+    // Only who runs is asked; nobody is to be started by the bus.
+    call.setAutoStartService(false);
+    if (isNamed) {
+        call << actionName(action) << QVariantList();
+    }
+    call << QVariantMap();
+    const QDBusMessage reply = bus.call(call, QDBus::Block, callTimeoutMilliseconds);
+    return reply.type() == QDBusMessage::ReplyMessage;
+}
+
+} // namespace Tavik
+
+#include "SingleInstance.moc"

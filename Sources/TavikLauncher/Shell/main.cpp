@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Shell/AppDelegate.h>
+#include <TavikLauncher/Shell/CommandLine.h>
+#include <TavikLauncher/Views/RingAccessibility.h>
+#include <TavikLauncherPlatform/Platform.h>
+
+#include <QApplication>
+#include <QCoreApplication>
+#include <QTextStream>
+
+#include <cstdio>
+
+using namespace Tavik;
+
+namespace {
+
+constexpr int notRunning = 1;
+
+QStringList argumentList(int argc, char** argv)
+{
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i) {
+        arguments << QString::fromLocal8Bit(argv[i]);
+    }
+    return arguments;
+}
+
+void print(std::FILE* stream, const QString& text)
+{
+    QTextStream(stream) << text;
+}
+
+/// An action for the instance that runs needs neither windows nor fonts: it is on its way before
+/// the toolkit would have started.
+bool forwardedToRunningInstance(int argc, char** argv, AppAction action)
+{
+    const QCoreApplication application(argc, argv);
+    return SingleInstance::forward(action);
+}
+
+bool needsRunningInstance(AppAction action)
+{
+    return action == AppAction::hideLauncher || action == AppAction::quit;
+}
+
+int run(int argc, char** argv, AppAction action)
+{
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(u"TavikLauncher"_qs);
+    QApplication::setApplicationDisplayName(u"Tavik Launcher"_qs);
+    QApplication::setDesktopFileName(u"org.tavik.Launcher"_qs);
+
+    SingleInstance instance;
+    if (instance.claim() == SingleInstance::Claim::taken) {
+        return SingleInstance::forward(action) ? 0 : notRunning;
+    }
+    RingAccessibility::install();
+    const std::unique_ptr<Platform> platform = makePlatform();
+    AppDelegate delegate(*platform);
+    delegate.applicationDidFinishLaunching();
+    instance.onAction = [&delegate](AppAction wanted) {
+        delegate.perform(wanted);
+    };
+    if (action != AppAction::activate) {
+        platform->mainQueue->post([&delegate, action] { delegate.perform(action); });
+    }
+    return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const CommandLine commandLine = CommandLine::parse(argumentList(argc, argv));
+    if (commandLine.answer) {
+        print(commandLine.exitCode == 0 ? stdout : stderr, *commandLine.answer);
+        return commandLine.exitCode;
+    }
+    const AppAction action = commandLine.action;
+    if (action != AppAction::activate && forwardedToRunningInstance(argc, argv, action)) {
+        return 0;
+    }
+    if (needsRunningInstance(action)) {
+        print(stderr, u"tavik-launcher: no launcher is running\n"_qs);
+        return notRunning;
+    }
+    return run(argc, argv, action);
+}

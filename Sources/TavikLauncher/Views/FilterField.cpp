@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Views/FilterField.h>
+
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+
+namespace Tavik {
+
+FilterField::FilterField(QWidget* parent)
+    : QLineEdit(parent)
+{
+    setFrame(false);
+    setAlignment(Qt::AlignCenter);
+    setContextMenuPolicy(Qt::NoContextMenu);
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setAttribute(Qt::WA_OpaquePaintEvent, false);
+    setPlaceholderText(u"Type to filter…"_qs);
+    setAccessibleName(u"Filter"_qs);
+}
+
+void FilterField::paintEvent(QPaintEvent*)
+{
+    // The ring paints the text, so that it takes part in the ring's animations.
+}
+
+void FilterField::keyPressEvent(QKeyEvent* event)
+{
+    event->ignore();
+}
+
+void FilterField::inputMethodEvent(QInputMethodEvent* event)
+{
+    QLineEdit::inputMethodEvent(event);
+    if (m_preedit != event->preeditString()) {
+        m_preedit = event->preeditString();
+        Q_EMIT preeditChanged();
+    }
+}
+
+} // namespace Tavik

@@ -1,0 +1,231 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Ring/LauncherCommands.h>
+#include <TavikLauncher/Ring/LauncherKeys.h>
+#include <TavikLauncher/Views/LauncherPanel.h>
+#include <TavikLauncher/Views/RadialLauncherView.h>
+#include <TavikLauncherPlatform/ScreenPlane.h>
+#include <TavikLauncherPlatform/WindowServer.h>
+
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QScreen>
+
+#include <array>
+#include <cmath>
+#include <utility>
+
+namespace Tavik {
+
+namespace {
+
+constexpr double focusWatchSeconds = 0.2;
+
+struct CommandKey
+{
+    int key;
+    quint16 keyCode;
+};
+
+/// By symbol, not by position: who has remapped Escape means the remapped key.
+constexpr std::array<CommandKey, 9> commandKeys{{
+    {Qt::Key_Return, LauncherKeyCode::returnKey},
+    {Qt::Key_Enter, LauncherKeyCode::returnKey},
+    {Qt::Key_Backspace, LauncherKeyCode::deleteKey},
+    {Qt::Key_Delete, LauncherKeyCode::forwardDelete},
+    {Qt::Key_Escape, LauncherKeyCode::escape},
+    {Qt::Key_Left, LauncherKeyCode::leftArrow},
+    {Qt::Key_Right, LauncherKeyCode::rightArrow},
+    {Qt::Key_Down, LauncherKeyCode::downArrow},
+    {Qt::Key_Up, LauncherKeyCode::upArrow},
+}};
+
+constexpr int firstNamedKey = 0x01000000; // Below it a key is the character it stands for.
+
+/// What the key types without Control, Alt and Super. The event's own text is no help while one of
+/// them is held: Control turns it into a control character.
+QString charactersIgnoringModifiers(const QKeyEvent& event)
+{
+    constexpr auto transforming = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    if ((event.modifiers() & transforming) == 0) {
+        return event.text();
+    }
+    if (event.key() >= firstNamedKey || event.key() < Qt::Key_Space) {
+        return {};
+    }
+    const QString text
+        = QString::fromUcs4(std::array{static_cast<char32_t>(event.key())}.data(), 1);
+    return event.modifiers() & Qt::ShiftModifier ? text : text.toLower();
+}
+
+LauncherKey launcherKey(const QKeyEvent& event)
+{
+    LauncherKey key;
+    for (const CommandKey& entry : commandKeys) {
+        if (entry.key == event.key()) {
+            key.keyCode = entry.keyCode;
+        }
+    }
+    key.charactersIgnoringModifiers = charactersIgnoringModifiers(event);
+    key.hasCommand = (event.modifiers() & (Qt::ControlModifier | Qt::MetaModifier)) != 0;
+    key.isAutoRepeat = event.isAutoRepeat();
+    return key;
+}
+
+double primaryBottom()
+{
+    const QScreen* primary = QGuiApplication::primaryScreen();
+    return primary ? primary->geometry().y() + primary->geometry().height() : 0;
+}
+
+} // namespace
+
+LauncherPanel::LauncherPanel(const Dependencies& dependencies,
+                             std::unique_ptr<RadialLauncherView> ring)
+    : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
+    , m_dependencies(dependencies)
+    , m_ring(ring.release())
+{
+    m_ring->setParent(this);
+    setWindowTitle(u"Tavik Launcher"_qs);
+    setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_QuitOnClose, false);
+    setFocusProxy(m_ring);
+    m_dependencies.windowServer.onCompositingChanged = [this] {
+        m_ring->updateShape();
+        m_ring->update();
+    };
+}
+
+LauncherPanel::~LauncherPanel()
+{
+    m_dependencies.windowServer.onCompositingChanged = nullptr;
+}
+
+void LauncherPanel::warmUp()
+{
+    // Shown to the toolkit only: style, layout and backing store are made without a flash.
+    setAttribute(Qt::WA_DontShowOnScreen);
+    show();
+    hide();
+    setAttribute(Qt::WA_DontShowOnScreen, false);
+    m_ring->renderAhead();
+}
+
+QRectF LauncherPanel::frame() const
+{
+    return ScreenPlane::flipped(QRectF(geometry()), primaryBottom());
+}
+
+void LauncherPanel::setFrame(const QRectF& frame)
+{
+    const QRectF flipped = ScreenPlane::flipped(frame, primaryBottom());
+    const QSize size(static_cast<int>(std::lround(flipped.width())),
+                     static_cast<int>(std::lround(flipped.height())));
+    const QRect target(flipped.topLeft().toPoint(), size);
+    if (target != geometry()) {
+        setGeometry(target);
+    }
+}
+
+bool LauncherPanel::isComposited() const
+{
+    return isVisible() && m_dependencies.windowServer.isOnScreen(internalWinId());
+}
+
+void LauncherPanel::activateApplication()
+{
+    m_activates = true;
+}
+
+void LauncherPanel::orderFrontRegardless()
+{
+    if (isVisible()) {
+        raise();
+        return;
+    }
+    setAttribute(Qt::WA_ShowWithoutActivating, !m_activates);
+    m_dependencies.windowServer.preparePanel(winId());
+    show();
+    raise();
+}
+
+void LauncherPanel::makeKeyAndOrderFront()
+{
+    if (!isVisible()) {
+        m_activates = true;
+        orderFrontRegardless();
+    }
+    activateWindow();
+    m_dependencies.windowServer.takeKeyboardFocus(winId());
+}
+
+void LauncherPanel::orderOut()
+{
+    // Hiding reports a deactivation on its own.
+    if (m_isOrderingOut || !isVisible()) {
+        return;
+    }
+    m_isOrderingOut = true;
+    m_focusWatch.cancel();
+    hide();
+    if (m_activates) {
+        m_dependencies.windowServer.returnKeyboardFocus(winId());
+    }
+    m_activates = false;
+    m_isOrderingOut = false;
+}
+
+bool LauncherPanel::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowDeactivate) {
+        deactivated();
+    } else if (event->type() == QEvent::WindowActivate) {
+        m_focusWatch.cancel();
+    }
+    return QWidget::event(event);
+}
+
+bool LauncherPanel::hasLostKeyboard() const
+{
+    return !m_dependencies.windowServer.hasKeyboardFocus(internalWinId());
+}
+
+void LauncherPanel::deactivated()
+{
+    if (m_isOrderingOut || !isVisible()) {
+        return;
+    }
+    if (hasLostKeyboard()) {
+        if (onResignKey) {
+            onResignKey();
+        }
+        return;
+    }
+    // Another program's grab looks like a deactivation but leaves the focus here. The toolkit
+    // reports nothing more if the focus really goes while the grab lasts, so it has to be asked
+    // for.
+    m_focusWatch = m_dependencies.mainQueue.every(focusWatchSeconds, [this] {
+        if (isActiveWindow()) {
+            m_focusWatch.cancel();
+        } else if (hasLostKeyboard()) {
+            m_focusWatch.cancel();
+            if (onResignKey) {
+                onResignKey();
+            }
+        }
+    });
+}
+
+void LauncherPanel::keyPressEvent(QKeyEvent* event)
+{
+    if (!dispatchLauncherKey(launcherKey(*event), m_dependencies.commands)) {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void LauncherPanel::resizeEvent(QResizeEvent*)
+{
+    m_ring->setGeometry(rect());
+}
+
+} // namespace Tavik

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncherPlatform/MainQueue.h>
+#include <TavikLauncherPlatform/PanelSurface.h>
+
+#include <QWidget>
+
+namespace Tavik {
+
+struct LauncherCommands;
+class RadialLauncherView;
+class WindowServer;
+
+/// The borderless floating window that holds the ring: above all others, on every desktop, in no
+/// taskbar. Turns key presses into ring commands. Owned by the panel controller.
+class LauncherPanel final : public QWidget, public PanelSurface
+{
+    Q_OBJECT
+
+public:
+    struct Dependencies
+    {
+        LauncherCommands& commands;
+        WindowServer& windowServer;
+        MainQueue& mainQueue;
+    };
+
+    /// Takes `ring` as its content.
+    LauncherPanel(const Dependencies& dependencies, std::unique_ptr<RadialLauncherView> ring);
+    ~LauncherPanel() override;
+
+    [[nodiscard]] RadialLauncherView& ring() { return *m_ring; }
+
+    /// Makes the native window and everything that a first showing would be slow for.
+    void warmUp();
+
+    [[nodiscard]] bool isVisible() const override { return QWidget::isVisible(); }
+    [[nodiscard]] QRectF frame() const override;
+    void setFrame(const QRectF& frame) override;
+    [[nodiscard]] bool isComposited() const override;
+    void activateApplication() override;
+    void orderFrontRegardless() override;
+    void makeKeyAndOrderFront() override;
+    void orderOut() override;
+
+protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void deactivated();
+    [[nodiscard]] bool hasLostKeyboard() const;
+
+    Dependencies m_dependencies;
+    RadialLauncherView* m_ring;
+    Task m_focusWatch; ///< Runs while the toolkit's word on the focus is in doubt.
+    bool m_activates = false;
+    bool m_isOrderingOut = false;
+};
+
+} // namespace Tavik

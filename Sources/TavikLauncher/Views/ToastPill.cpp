@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Views/RingStyle.h>
+#include <TavikLauncher/Views/ToastPill.h>
+
+#include <QPainter>
+
+namespace Tavik {
+
+void ToastPill::paint(QPainter& painter, const QRectF& rect, bool isOpaque) const
+{
+    constexpr QColor prominentFill(28, 28, 30);
+    constexpr QColor quietFill(58, 58, 60);
+    painter.setPen(QPen(withOpacity(Qt::white, 0.18), 1));
+    painter.setBrush(
+        withOpacity(isProminent ? prominentFill : quietFill, isOpaque ? 1.0 : opacity));
+    // Half a point in, so that the line lies inside and on whole pixels.
+    const QRectF line = rect.adjusted(0.5, 0.5, -0.5, -0.5);
+    painter.drawRoundedRect(line, cornerRadius - 0.5, cornerRadius - 0.5);
+}
+
+} // namespace Tavik

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QRectF>
+
+class QPainter;
+
+namespace Tavik {
+
+/// The rounded label behind a short text in the ring's centre: dark on every background, so that
+/// white text on it is always readable.
+struct ToastPill
+{
+    bool isProminent = true; ///< A quieter grey when false.
+    double opacity = 1; ///< 0 to 1.
+    double cornerRadius = 0; ///< Points.
+
+    /// `isOpaque` ignores the opacity, where nothing would shine through anyway.
+    void paint(QPainter& painter, const QRectF& rect, bool isOpaque) const;
+};
+
+} // namespace Tavik

@@ -1,0 +1,108 @@
+# SPDX-License-Identifier: MIT
+"""Everything that a hand on the keyboard can do in the ring."""
+import pytest
+
+from harness.waiting import stays
+
+NAMES = ("Alder", "Birch", "Dog Rose", "Dogwood")
+
+
+@pytest.fixture
+def apps(applications):
+    return [applications.add(name) for name in NAMES]
+
+
+@pytest.fixture
+def ring(launcher, apps):
+    launcher.pin(*apps)
+    launcher.start().summon(640, 400)
+    launcher.wait_shows(*apps)
+    return launcher
+
+
+def test_typing_filters_the_ring_and_backspace_brings_it_back(ring, apps, display, look):
+    rose, dogwood = apps[2:]
+    look("fresh")
+    display.type("d")
+    ring.wait_shows(rose, dogwood)
+    look("one letter")
+    display.type("ogw")
+    ring.wait_shows(dogwood)
+    display.press("BackSpace")
+    ring.wait_shows(rose, dogwood)
+    for _ in range(3):
+        display.press("BackSpace")
+    ring.wait_shows(*apps)
+    look("empty again")
+
+
+def test_a_filter_without_a_match_keeps_the_ring_open(ring, display, look):
+    display.type("zzz")
+    ring.wait_still()
+    look("no match")
+    display.press("Return")
+    stays(ring.is_shown, "the ring is shown")
+
+
+@pytest.mark.parametrize("keys, slot", [
+    (["Right"], 1), (["Down", "Down"], 2), (["Left"], 3), (["Up", "Up"], 2), (["Left", "Right"], 0),
+    (["Right", "Right", "Right", "Right", "Right"], 1),
+], ids=lambda value: "-".join(value) if isinstance(value, list) else str(value))
+def test_arrows_go_around_the_ring_and_return_launches(ring, apps, display, look, keys, slot):
+    for key in keys:
+        display.press(key)
+    ring.wait_still()
+    look("selected")
+    display.press("Return")
+    apps[slot].wait_started()
+    ring.wait_hidden()
+    display.wait_for(NAMES[slot])
+    assert [app.name for app in apps if app.has_run()] == [NAMES[slot]]
+
+
+@pytest.mark.parametrize("modifier", ["ctrl", "super"])
+def test_a_modifier_and_a_digit_launch_that_slot(ring, apps, display, modifier):
+    display.press("Right")
+    display.press(f"{modifier}+3")
+    apps[2].wait_started()
+    ring.wait_hidden()
+
+
+def test_a_digit_beyond_the_ring_does_nothing(ring, apps, display):
+    display.press("ctrl+9")
+    stays(ring.is_shown, "the ring is shown")
+    assert not any(app.has_run() for app in apps)
+
+
+def test_a_bare_digit_filters(applications, launcher, display):
+    plain, numbered = applications.add("Plain"), applications.add("Elm 2")
+    launcher.pin(plain, numbered)
+    launcher.start().summon(640, 400)
+    display.type("2")
+    launcher.wait_shows(numbered)
+
+
+def test_the_next_summon_starts_afresh(ring, apps, display):
+    display.type("al")
+    ring.wait_shows(apps[0])
+    display.press("Escape")
+    ring.wait_hidden()
+    ring.summon()
+    ring.wait_shows(*apps)
+
+
+def test_the_best_match_comes_first_and_all_applications_are_searched_when_asked(
+        launcher, applications, display, look):
+    pinned = applications.add("Terminal Multiplexer")
+    road, maps, viewer = (applications.add(name) for name in ("Road Map", "Maps", "Map Viewer"))
+    applications.add("Bitmap Editor")
+    launcher.pin(pinned)
+    launcher.settings(searchesAllApps=True)
+    launcher.start().wait_indexed()
+    launcher.summon(640, 400)
+    display.type("map")
+    launcher.wait_still()
+    look("search")
+    launcher.wait_shows(viewer, maps, road)
+    display.press("Return")
+    viewer.wait_started()

@@ -1,0 +1,121 @@
+# SPDX-License-Identifier: MIT
+"""What becomes of an application that the ring starts or raises, and what is written down."""
+import os
+
+import pytest
+
+from harness import processes
+from harness.waiting import stays, wait_until
+
+
+@pytest.fixture
+def apps(applications):
+    return [applications.add(name) for name in ("Alder", "Birch", "Cedar")]
+
+
+@pytest.fixture
+def ring(launcher, apps):
+    launcher.pin(*apps)
+    return launcher.start(environment={"TAVIK_TEST_MARK": "kept", "LC_NUMERIC": "C"})
+
+
+def launch(ring, display, slot):
+    ring.summon(640, 400)
+    display.press(f"ctrl+{slot + 1}")
+    ring.wait_hidden()
+
+
+def test_a_launched_program_shows_its_window_and_outlives_the_launcher(ring, apps, display, look):
+    launch(ring, display, 0)
+    start = apps[0].wait_started()
+    window = display.wait_for("Alder")
+    wait_until(lambda: display.has_focus(window), "the new window has the focus")
+    look("started")
+    assert start["session"] != os.getsid(ring.process.pid), "it has a session of its own"
+    ring.command("--quit")
+    assert ring.wait_exit() == 0
+    stays(lambda: processes.is_alive(start["pid"]) and display.is_viewable(window), "the program lives on")
+
+
+def test_a_launched_program_dies_with_no_signal_to_the_launchers_group(ring, apps, display):
+    launch(ring, display, 0)
+    start = apps[0].wait_started()
+    fields = processes.status(start["pid"])
+    assert int(fields[2]) != os.getpgid(ring.process.pid), "it has a process group of its own"
+    ring.process.kill()
+    ring.wait_exit()
+    stays(lambda: processes.is_alive(start["pid"]), "the program lives on")
+
+
+def test_a_launched_program_sees_the_users_environment_and_nothing_of_ours(ring, apps, desktop, display):
+    launch(ring, display, 0)
+    given = apps[0].wait_started()["environment"]
+    expected = {**desktop.environment, **ring.environment}
+    allowed = {"GIO_LAUNCHED_DESKTOP_FILE", "GIO_LAUNCHED_DESKTOP_FILE_PID", "DESKTOP_STARTUP_ID",
+               "XDG_ACTIVATION_TOKEN"}
+    assert {name: value for name, value in given.items() if name not in allowed} == expected
+    assert given["GIO_LAUNCHED_DESKTOP_FILE"] == apps[0].path
+
+
+def test_a_running_application_is_raised_and_not_started_twice(ring, apps, desktop, display, look):
+    launch(ring, display, 0)
+    first = display.wait_for("Alder")
+    launch(ring, display, 1)
+    second = display.wait_for("Birch")
+    wait_until(lambda: display.has_focus(second), "the second window has the focus")
+    assert display.is_above(second, first)
+
+    launch(ring, display, 0)
+    wait_until(lambda: display.has_focus(first), "the first window has the focus again")
+    look("raised")
+    assert display.is_above(first, second)
+    stays(lambda: len(apps[0].starts()) == 1, "it runs once")
+
+
+def test_an_application_started_elsewhere_joins_the_ring_and_leaves_it(ring, apps, desktop, display, applications):
+    stranger = applications.add("Stranger")
+    desktop.run(["gio", "launch", stranger.path])
+    window = display.wait_for("Stranger")
+    ring.summon(640, 400)
+    ring.wait_shows(*apps, stranger)
+    os.kill(stranger.wait_started()["pid"], 15)
+    wait_until(lambda: not display.is_viewable(window), "its window is gone")
+    wait_until(lambda: ring.shows(*apps, stranger) or ring.shows(*apps), "the ring still stands")
+    ring.wait_still()
+    display.press("Escape")
+    ring.wait_hidden()
+
+
+def test_launched_and_activated_applications_are_the_recent_ones(ring, apps, desktop, display, applications):
+    launch(ring, display, 2)
+    apps[2].wait_started()
+    wait_until(lambda: ring.recents()[:1] == [apps[2].path], "the launch is on disk")
+    display.wait_for("Cedar")
+
+    other = applications.add("Elsewhere")
+    desktop.run(["gio", "launch", other.path])
+    display.wait_for("Elsewhere")
+    wait_until(lambda: ring.recents() == [other.path, apps[2].path], "the activation is on disk")
+    display.activate(display.find("Cedar"))
+    wait_until(lambda: ring.recents() == [apps[2].path, other.path], "the newest comes first")
+
+
+def test_recent_applications_fill_the_ring_of_the_next_run(launcher, applications):
+    pinned, older, newer = (applications.add(name) for name in ("Pinned", "Older", "Newer"))
+    launcher.pin(pinned)
+    launcher.write_defaults(RecentAppsPaths=[newer.path, "/nowhere/gone.desktop", older.path, pinned.path])
+    launcher.start().summon(640, 400)
+    launcher.wait_shows(pinned, newer, older)
+
+
+def test_a_program_that_cannot_start_is_reported_once_and_stays_recent(launcher, applications, display):
+    broken = applications.add("Broken")
+    applications.write_entry(broken.entry, "Broken", "/nowhere/at/all", "none")
+    launcher.pin(broken)
+    launcher.start().summon(640, 400)
+    display.press("Return")
+    launcher.wait_hidden()
+    lines = wait_until(
+        lambda: [line for line in launcher.log_lines() if "failed to open" in line], "the failure is in the log")
+    assert len(lines) == 1 and f"Tavik Launcher failed to open {broken.path}: " in lines[0]
+    wait_until(lambda: launcher.recents() == [broken.path], "it is among the recent ones")

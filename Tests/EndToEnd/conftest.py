@@ -1,0 +1,73 @@
+# SPDX-License-Identifier: MIT
+"""The fixtures of the end-to-end journeys."""
+import os
+import pathlib
+import re
+import sys
+
+import pytest
+
+sys.path.insert(0, str(pathlib.Path(__file__).parent))
+
+from harness.desktop import Desktop, DesktopOptions  # noqa: E402
+from harness.launcher import Launcher  # noqa: E402
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+PROGRAM = pathlib.Path(os.environ.get("TAVIK_LAUNCHER", ROOT / "build" / "release" / "tavik-launcher"))
+PICTURES = ROOT / "build" / "screenshots" / "e2e"
+
+
+def pytest_configure(config):
+    config.addinivalue_line("markers", "desktop(**options): what the virtual desktop is made of")
+
+
+@pytest.hookimpl(hookwrapper=True)
+def pytest_runtest_makereport(item, call):
+    report = (yield).get_result()
+    if report.when == "call" and report.failed and "desktop" in item.funcargs:
+        desktop = item.funcargs["desktop"]
+        _picture(desktop, item, "failed")
+        report.sections.append(("launcher's log", desktop.log("launcher")))
+
+
+def _picture(desktop, item, step):
+    name = re.sub(r"[^\w\[\]-]+", "-", f"{item.path.stem}.{item.name.removeprefix('test_')}.{step}")
+    desktop.display.picture().save(PICTURES / f"{name}.png")
+
+
+@pytest.fixture
+def desktop(request):
+    """A desktop made as the test's `desktop` marker or its `desktop_options` parameter says."""
+    assert PROGRAM.exists(), f"{PROGRAM} is not built"
+    options = {}
+    for marker in reversed(list(request.node.iter_markers("desktop"))):
+        options.update(marker.kwargs)
+    if hasattr(request.node, "callspec"):
+        options.update(request.node.callspec.params.get("desktop_options", {}))
+    with Desktop(DesktopOptions(**options)) as made:
+        yield made
+
+
+@pytest.fixture
+def display(desktop):
+    return desktop.display
+
+
+@pytest.fixture
+def applications(desktop):
+    return desktop.applications
+
+
+@pytest.fixture
+def launcher(desktop):
+    """The launcher with a free hot key, not started yet, and none of its settings changed from the
+    defaults but that the welcome has been read and no hints appear."""
+    made = Launcher(desktop, PROGRAM)
+    yield made
+    made.stop()
+
+
+@pytest.fixture
+def look(request, desktop):
+    """Keeps a picture of the screen, for people to look at: look("after typing")."""
+    return lambda step: _picture(desktop, request.node, step)

@@ -1,0 +1,107 @@
+# SPDX-License-Identifier: MIT
+"""Applications made up for a test: a desktop entry, an icon of one colour, and a program with a window."""
+import dataclasses
+import itertools
+import json
+import os
+import pathlib
+import sys
+
+from harness.picture import write_png
+from harness.processes import is_alive
+from harness.waiting import wait_until
+
+PROGRAM = pathlib.Path(__file__).with_name("window_program.py")
+# Far enough apart to be told from each other when drawn dimmed on the ring's dark band.
+PALETTE = {
+    "red": (235, 40, 40), "green": (40, 200, 60), "blue": (50, 90, 245), "yellow": (245, 225, 50),
+    "magenta": (230, 50, 230), "cyan": (40, 220, 230), "white": (245, 245, 245), "orange": (250, 140, 20),
+}
+
+
+@dataclasses.dataclass(frozen=True)
+class Application:
+    name: str
+    colour: tuple
+    entry: pathlib.Path
+    report: pathlib.Path
+
+    @property
+    def path(self):
+        return str(self.entry)
+
+    @property
+    def identifier(self):
+        return self.entry.name
+
+    def starts(self):
+        """What each started instance has reported about itself, oldest first."""
+        if not self.report.exists():
+            return []
+        return [json.loads(line) for line in self.report.read_text().splitlines() if line.endswith("}")]
+
+    def wait_started(self, times=1):
+        """Waits for the given number of starts and returns the last one's report."""
+        return wait_until(lambda: len(self.starts()) >= times and self.starts()[-1], f"{self.name} was started")
+
+    def has_run(self):
+        return bool(self.starts())
+
+    def is_running(self):
+        return any(is_alive(start["pid"]) for start in self.starts())
+
+
+class Applications:
+    """The applications of one desktop, kept in its own data folder."""
+
+    def __init__(self, data_home, reports):
+        self.folder = data_home / "applications"
+        self.icons = data_home / "pictures"
+        self.reports = reports
+        self._colours = itertools.cycle(PALETTE)
+        for folder in (self.folder, self.icons, self.reports):
+            folder.mkdir(parents=True)
+
+    def add(self, name, colour=None, window=True, extra=""):
+        """Installs an application; with `window` its program opens a window titled as the name."""
+        colour = colour or next(self._colours)
+        slug = name.lower().replace(" ", "-")
+        icon = self._icon(colour)
+        report = self.reports / f"{slug}.json"
+        command = f'{sys.executable} "{PROGRAM}" --title "{name}" --colour {colour} --report "{report}"'
+        if not window:
+            command += " --no-window"
+        entry = self.folder / f"org.example.{slug}.desktop"
+        self.write_entry(entry, name, command, icon, f"StartupWMClass={name}\n{extra}")
+        return Application(name, PALETTE[colour], entry, report)
+
+    def add_many(self, count, stem="Filler"):
+        """Installs `count` applications that start nothing of interest, with 16 icons among them."""
+        icons = [self._icon(colour) for colour in PALETTE]
+        for index in range(count):
+            self.write_entry(
+                self.folder / f"org.example.{stem.lower()}-{index:05}.desktop",
+                f"{stem} {_spelled(index)}", "/bin/true", icons[index % len(icons)])
+
+    @staticmethod
+    def write_entry(path, name, command, icon, extra=""):
+        """Writes the entry whole or not at all, as an installer does."""
+        partial = path.with_suffix(".partial")
+        partial.write_text(
+            f"[Desktop Entry]\nType=Application\nName={name}\nExec={command}\nIcon={icon}\n{extra}")
+        os.replace(partial, path)
+
+    def _icon(self, colour, side=64):
+        path = self.icons / f"{colour}.png"
+        if not path.exists():
+            write_png(path, side, side, bytes((*PALETTE[colour], 255)) * (side * side), channels=4)
+        return path
+
+
+def _spelled(number):
+    """A pronounceable, distinct word per number, so that searches find realistic shares of many names."""
+    consonants, vowels, word = "bdfgklmnprstvz", "aeiou", ""
+    for _ in range(3):
+        number, syllable = divmod(number, len(consonants) * len(vowels))
+        word += consonants[syllable // len(vowels)] + vowels[syllable % len(vowels)]
+    return word.capitalize()

@@ -1,0 +1,193 @@
+# SPDX-License-Identifier: MIT
+"""A virtual desktop: X server, session bus, window manager, compositor, and a scratch home."""
+import contextlib
+import dataclasses
+import os
+import pathlib
+import subprocess
+import tempfile
+
+from gi.repository import Gio, GLib
+
+from harness import processes
+from harness.applications import Applications
+from harness.display import Display
+from harness.waiting import wait_until
+
+WINDOW_MANAGERS = {
+    "openbox": ["openbox", "--sm-disable"],
+    "xfwm4": ["xfwm4", "--compositor=off"],
+    "metacity": ["metacity", "--no-composite"],
+    "none": None,
+}
+COMPOSITORS = {
+    "picom": ["picom", "--backend", "xrender", "--config", "/dev/null"],
+    "none": None,
+}
+BACKGROUND = "#3060a0"
+
+
+@dataclasses.dataclass(frozen=True)
+class Monitor:
+    """A monitor cut out of the one virtual screen."""
+    name: str
+    x: int
+    y: int
+    width: int
+    height: int
+
+    def command(self, output):
+        size = f"{self.width}/{self.width // 4}x{self.height}/{self.height // 4}+{self.x}+{self.y}"
+        return ["xrandr", "--setmonitor", self.name, size, output]
+
+
+@dataclasses.dataclass(frozen=True)
+class DesktopOptions:
+    width: int = 1280
+    height: int = 800
+    window_manager: str = "openbox"
+    compositor: str = "picom"
+    monitors: tuple = ()
+    background: tuple = ("-solid", BACKGROUND)  # What hsetroot is told to paint.
+
+
+class Desktop:
+    """Use as a context manager: everything runs inside the block, and nothing is left after it."""
+
+    def __init__(self, options=None):
+        self.options = options or DesktopOptions()
+        self._cleanup = contextlib.ExitStack()
+        self._known = set()
+        self.display_name = self.bus_address = ""
+
+    def __enter__(self):
+        processes.adopt_orphans()
+        self._known = set(processes.descendants(os.getpid()))
+        try:
+            self._start()
+        except BaseException:
+            self._cleanup.close()
+            raise
+        return self
+
+    def __exit__(self, *_):
+        self._cleanup.close()
+
+    def _start(self):
+        folder = self._cleanup.enter_context(tempfile.TemporaryDirectory(prefix="tavik-desktop-"))
+        self._cleanup.callback(processes.end_orphans, self._known)
+        self.home = pathlib.Path(folder)
+        for name in ("config", "data", "cache", "share", "logs"):
+            (self.home / name).mkdir()
+        (self.home / "runtime").mkdir(mode=0o700)
+        self.applications = Applications(self.home / "data", self.home / "reports")
+
+        self.display_name = self._start_server()
+        self.bus_address = self._start_bus()
+        self.display = Display(self.display_name)
+        self._cleanup.callback(self.display.close)
+        for monitor, output in zip(self.options.monitors, ("screen", "none", "none")):
+            self.run(monitor.command(output))
+        self.start_window_manager()
+        if self.options.compositor != "none":
+            self.start_compositor()
+        self.run(["hsetroot", *self.options.background])
+
+    # --- the parts
+
+    def _start_server(self):
+        reading, writing = os.pipe()
+        size = f"{self.options.width}x{self.options.height}x24"
+        with open(reading) as answer:
+            self.spawn(
+                ["Xvfb", "-displayfd", str(writing), "-screen", "0", size, "-nolisten", "tcp", "-noreset"],
+                log="xvfb", pass_fds=[writing])
+            os.close(writing)
+            number = answer.readline().strip()
+        assert number, f"Xvfb did not start: {self.log('xvfb')}"
+        return f":{number}"
+
+    def _start_bus(self):
+        process = self.spawn(
+            ["dbus-daemon", "--session", "--nofork", "--nosyslog", "--print-address=1"], log="dbus",
+            stdout=subprocess.PIPE, text=True)
+        address = process.stdout.readline().strip()
+        process.stdout.close()
+        assert address, f"the session bus did not start: {self.log('dbus')}"
+        return address
+
+    def start_window_manager(self):
+        command = WINDOW_MANAGERS[self.options.window_manager]
+        if not command:
+            return
+        self.spawn(command, log="window-manager")
+        wait_until(self._window_manager_answers, "the window manager has taken the screen")
+
+    def _window_manager_answers(self):
+        check = self.display.root_property("_NET_SUPPORTING_WM_CHECK")
+        return check and self.display.property(check[0], "_NET_SUPPORTING_WM_CHECK")
+
+    def start_compositor(self):
+        process = self.spawn(COMPOSITORS[self.options.compositor], log="compositor")
+        wait_until(self.is_composited, "the compositor has taken the screen")
+        return process
+
+    def is_composited(self):
+        selection = self.display.connection.intern_atom("_NET_WM_CM_S0")
+        return self.display.connection.get_selection_owner(selection) != 0
+
+    # --- what runs here
+
+    @property
+    def environment(self):
+        """What every program on this desktop sees; nothing of the developer's own session."""
+        return {
+            "PATH": "/usr/local/bin:/usr/bin:/bin:/usr/sbin:/sbin",
+            "HOME": str(self.home),
+            "LANG": "C.UTF-8",
+            "DISPLAY": self.display_name,
+            "XDG_SESSION_TYPE": "x11",
+            "XDG_CONFIG_HOME": str(self.home / "config"),
+            "XDG_DATA_HOME": str(self.home / "data"),
+            "XDG_CACHE_HOME": str(self.home / "cache"),
+            "XDG_RUNTIME_DIR": str(self.home / "runtime"),
+            "DBUS_SESSION_BUS_ADDRESS": self.bus_address,
+            "NO_AT_BRIDGE": "1",
+            "GTK_A11Y": "none",
+        }
+
+    def spawn(self, command, environment=None, log=None, **options):
+        """Starts a program; it is ended with the desktop. Its output goes to a log."""
+        with open(self.home / "logs" / (log or pathlib.Path(command[0]).name), "ab") as stream:
+            options = {"stdin": subprocess.DEVNULL, "stdout": stream, "stderr": stream, **options}
+            process = subprocess.Popen(
+                command, env={**self.environment, **(environment or {})}, cwd=self.home, **options)
+        self._cleanup.callback(processes.end, process)
+        return process
+
+    def run(self, command, environment=None, timeout=20):
+        """Runs a program to its end and returns the completed process, its output as text."""
+        return subprocess.run(
+            command, env={**self.environment, **(environment or {})}, cwd=self.home, timeout=timeout,
+            stdin=subprocess.DEVNULL, capture_output=True, text=True, check=False)
+
+    def log(self, name):
+        path = self.home / "logs" / name
+        return path.read_text(errors="replace") if path.exists() else ""
+
+    def bus(self):
+        """A connection of its own to the session bus; close it."""
+        flags = Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
+        connection = Gio.DBusConnection.new_for_address_sync(self.bus_address, flags, None, None)
+        connection.set_exit_on_close(False)
+        return connection
+
+    def name_has_owner(self, name):
+        bus = self.bus()
+        try:
+            answer = bus.call_sync(
+                "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "NameHasOwner",
+                GLib.Variant("(s)", (name,)), None, Gio.DBusCallFlags.NONE, 5000, None)
+            return answer.unpack()[0]
+        finally:
+            bus.close_sync(None)

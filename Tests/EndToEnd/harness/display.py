@@ -1,0 +1,245 @@
+# SPDX-License-Identifier: MIT
+"""An X client that looks at windows and pixels and presses keys and buttons through XTEST."""
+import contextlib
+import typing
+
+import Xlib.display
+import Xlib.error
+from Xlib import X, XK, Xatom
+from Xlib.ext import xtest
+
+from harness.picture import Picture
+from harness.waiting import wait_until
+
+KEYS = {
+    "ctrl": "Control_L", "alt": "Alt_L", "super": "Super_L", "shift": "Shift_L", "space": "space",
+    "minus": "minus",
+}
+MODIFIER_MASKS = {"ctrl": X.ControlMask, "alt": X.Mod1Mask, "super": X.Mod4Mask, "shift": X.ShiftMask}
+GONE = (Xlib.error.BadWindow, Xlib.error.BadDrawable, Xlib.error.BadMatch)
+
+
+class Rect(typing.NamedTuple):
+    x: int
+    y: int
+    width: int
+    height: int
+
+    @property
+    def centre(self):
+        return self.x + self.width // 2, self.y + self.height // 2
+
+
+class Display:
+    """One connection to the X server `name`. Windows are named by their id."""
+
+    def __init__(self, name):
+        self.connection = Xlib.display.Display(name)
+        self.root = self.connection.screen().root
+        # Windows come and go while we look; what is not answered through a reply is of no interest.
+        self.connection.set_error_handler(lambda *_: None)
+
+    def close(self):
+        self.connection.close()
+
+    # --- windows
+
+    @property
+    def size(self):
+        geometry = self.root.get_geometry()
+        return geometry.width, geometry.height
+
+    def window(self, window_id):
+        return self.connection.create_resource_object("window", window_id)
+
+    def property(self, window_id, name):
+        """The property's values as a list (text as one string), or None."""
+        atom = self.connection.intern_atom(name)
+        try:
+            answer = self.window(window_id).get_full_property(atom, X.AnyPropertyType)
+        except GONE:
+            return None
+        if answer is None:
+            return None
+        if isinstance(answer.value, (bytes, str)):
+            text = answer.value
+            return text.decode("utf-8", "replace") if isinstance(text, bytes) else text
+        if answer.property_type == Xatom.ATOM:
+            return [self.connection.get_atom_name(value) for value in answer.value]
+        return list(answer.value)
+
+    def root_property(self, name):
+        return self.property(self.root.id, name)
+
+    def title(self, window_id):
+        return self.property(window_id, "_NET_WM_NAME") or self.property(window_id, "WM_NAME")
+
+    def all_windows(self):
+        """Every window below the root, in stacking order from bottom to top."""
+        def below(window):
+            with contextlib.suppress(*GONE):
+                for child in window.query_tree().children:
+                    yield child.id
+                    yield from below(child)
+
+        return list(below(self.root))
+
+    def is_viewable(self, window_id):
+        try:
+            return self.window(window_id).get_attributes().map_state == X.IsViewable
+        except GONE:
+            return False
+
+    def find(self, title):
+        """The viewable window with that title, or None."""
+        return next((w for w in self.all_windows() if self.title(w) == title and self.is_viewable(w)), None)
+
+    def wait_for(self, title, timeout=10.0):
+        return wait_until(lambda: self.find(title), f"a window titled {title!r} is shown", timeout)
+
+    def wait_gone(self, title, timeout=10.0):
+        wait_until(lambda: self.find(title) is None, f"no window titled {title!r} is shown", timeout)
+
+    def geometry(self, window_id):
+        """The place of a window on the root, or None when it is gone."""
+        try:
+            window = self.window(window_id)
+            geometry = window.get_geometry()
+            place = window.translate_coords(self.root, 0, 0)
+        except GONE:
+            return None
+        return Rect(-place.x, -place.y, geometry.width, geometry.height)
+
+    def active_window(self):
+        return (self.root_property("_NET_ACTIVE_WINDOW") or [0])[0]
+
+    def focused_window(self):
+        """The window that receives key presses, or 0."""
+        focus = self.connection.get_input_focus().focus
+        return focus if isinstance(focus, int) else focus.id
+
+    def has_focus(self, window_id):
+        """True when the keyboard belongs to the window or to a window inside it."""
+        focus = self.focused_window()
+        while focus not in (0, 1, self.root.id):
+            if focus == window_id:
+                return True
+            try:
+                focus = self.window(focus).query_tree().parent.id
+            except GONE:
+                return False
+        return False
+
+    def state(self, window_id):
+        return self.property(window_id, "_NET_WM_STATE") or []
+
+    def is_above(self, upper, lower):
+        """True when the top-level window that holds `upper` lies above the one that holds `lower`."""
+        order = [child.id for child in self.root.query_tree().children]
+        return order.index(self._top_level(upper)) > order.index(self._top_level(lower))
+
+    def _top_level(self, window_id):
+        while (parent := self.window(window_id).query_tree().parent.id) != self.root.id:
+            window_id = parent
+        return window_id
+
+    def activate(self, window_id):
+        """Asks the window manager, as a pager does, to give the focus to a window."""
+        from Xlib.protocol import event
+
+        message = event.ClientMessage(
+            window=window_id, client_type=self.connection.intern_atom("_NET_ACTIVE_WINDOW"),
+            data=(32, [2, X.CurrentTime, 0, 0, 0]))
+        self.root.send_event(message, event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
+        self.connection.sync()
+
+    # --- pixels
+
+    def picture(self, rect=None):
+        """What the screen shows there, the compositor's work included."""
+        rect = rect or Rect(0, 0, *self.size)
+        width, height = self.size
+        left, top = max(0, rect.x), max(0, rect.y)
+        right, bottom = min(width, rect.x + rect.width), min(height, rect.y + rect.height)
+        image = self.root.get_image(left, top, right - left, bottom - top, X.ZPixmap, 0xFFFFFFFF)
+        return Picture(right - left, bottom - top, image.data)
+
+    # --- hands
+
+    def move_pointer(self, x, y):
+        xtest.fake_input(self.connection, X.MotionNotify, x=int(x), y=int(y))
+        self.connection.sync()
+
+    def pointer(self):
+        answer = self.root.query_pointer()
+        return answer.root_x, answer.root_y
+
+    def click(self, x=None, y=None, button=1):
+        if x is not None:
+            self.move_pointer(x, y)
+        for kind in (X.ButtonPress, X.ButtonRelease):
+            xtest.fake_input(self.connection, kind, button)
+        self.connection.sync()
+
+    def keycode(self, name):
+        keysym = XK.string_to_keysym(KEYS.get(name, name))
+        code = self.connection.keysym_to_keycode(keysym)
+        assert code, f"this keyboard has no key {name!r}"
+        return code
+
+    @contextlib.contextmanager
+    def held(self, *names):
+        """Holds keys down for the duration of the block."""
+        codes = [self.keycode(name) for name in names]
+        for code in codes:
+            xtest.fake_input(self.connection, X.KeyPress, code)
+        self.connection.sync()
+        try:
+            yield
+        finally:
+            for code in reversed(codes):
+                xtest.fake_input(self.connection, X.KeyRelease, code)
+            self.connection.sync()
+
+    def press(self, chord):
+        """Presses and releases a chord such as "ctrl+alt+space" or a single key such as "Return"."""
+        with self.held(*chord.split("+")):
+            pass
+
+    def type(self, text):
+        """Types lower-case letters, digits and blanks, one key press each."""
+        for character in text:
+            self.press("space" if character == " " else character)
+
+    def _modifier_mask(self, names):
+        mask = 0
+        for name in names:
+            mask |= MODIFIER_MASKS[name]
+        return mask
+
+    def is_grabbed(self, chord):
+        """True when another client holds this chord. Nobody else can see the short attempt."""
+        *modifiers, key = chord.split("+")
+        code, mask = self.keycode(key), self._modifier_mask(modifiers)
+        refused = Xlib.error.CatchError(Xlib.error.BadAccess)
+        self.connection.grab_server()
+        try:
+            self.root.grab_key(code, mask, False, X.GrabModeAsync, X.GrabModeAsync, onerror=refused)
+            self.connection.sync()
+            if refused.get_error():
+                return True
+            self.root.ungrab_key(code, mask)
+            return False
+        finally:
+            self.connection.ungrab_server()
+            self.connection.sync()
+
+    def grab(self, chord):
+        """Takes a chord for ourselves until the connection is closed."""
+        *modifiers, key = chord.split("+")
+        refused = Xlib.error.CatchError(Xlib.error.BadAccess)
+        self.root.grab_key(
+            self.keycode(key), self._modifier_mask(modifiers), False, X.GrabModeAsync, X.GrabModeAsync,
+            onerror=refused)
+        self.connection.sync()
+        assert not refused.get_error(), f"{chord} is taken"

@@ -1,0 +1,195 @@
+# SPDX-License-Identifier: MIT
+"""The launcher under test: its process, its files, its window, and its ring as seen on the screen."""
+import json
+import math
+import plistlib
+import subprocess
+
+from harness import processes
+from harness.applications import PALETTE
+from harness.display import Rect
+from harness.picture import colour_distance
+from harness.waiting import wait_until
+
+TITLE = "Tavik Launcher"
+BUS_NAME = "org.tavik.Launcher"
+HOT_KEY = "ctrl+alt+space"
+FLAGS = {"shift": 0x20000, "ctrl": 0x40000, "alt": 0x80000, "super": 0x100000}
+KEY_CODES = {"space": 49, "F9": 101}  # Standard-layout virtual key codes.
+
+
+def hot_key_record(chord):
+    """The stored form of a shortcut such as "ctrl+alt+space"."""
+    *modifiers, key = chord.split("+")
+    flags = sum(FLAGS[modifier] for modifier in modifiers)
+    return json.dumps(
+        {"modifierFlagsRaw": flags, "keyCode": KEY_CODES[key], "displayName": chord}).encode()
+
+
+class Launcher:
+    """One launcher on one desktop. Write settings before `start()`; it keeps them in memory."""
+
+    def __init__(self, desktop, program, hot_key=HOT_KEY):
+        self.desktop, self.program, self.hot_key = desktop, str(program), hot_key
+        self.display = desktop.display
+        self.process = None
+        # Only the applications made for the test, whatever is installed on this machine.
+        self.environment = {"XDG_DATA_DIRS": str(desktop.home / "share")}
+        self.settings(hotKeyConfig=hot_key_record(hot_key), hasCompletedOnboarding=True, showsLaunchHints=False)
+
+    # --- files
+
+    @property
+    def defaults_file(self):
+        return self.desktop.home / "config" / "TavikLauncher" / "Defaults.plist"
+
+    @property
+    def cache_file(self):
+        return self.desktop.home / "data" / "TavikLauncher" / "app_index.json"
+
+    def defaults(self):
+        """The stored settings; empty when there are none."""
+        if not self.defaults_file.exists():
+            return {}
+        return plistlib.loads(self.defaults_file.read_bytes())
+
+    def write_defaults(self, **values):
+        """Stores raw values under raw keys."""
+        self.defaults_file.parent.mkdir(parents=True, exist_ok=True)
+        self.defaults_file.write_bytes(plistlib.dumps({**self.defaults(), **values}))
+
+    def settings(self, **values):
+        """Stores settings by their property names."""
+        self.write_defaults(**{f"LauncherSettings.{name}": value for name, value in values.items()})
+
+    def pin(self, *applications):
+        """Makes these applications the ring's first slots, in order."""
+        self.settings(permanentAppPaths=[application.path for application in applications])
+
+    def recents(self):
+        return self.defaults().get("RecentAppsPaths", [])
+
+    def cache(self):
+        return json.loads(self.cache_file.read_text())
+
+    def log_lines(self):
+        return self.desktop.log("launcher").splitlines()
+
+    # --- the process
+
+    def start(self, *arguments, environment=None):
+        """Starts the background program and waits until its triggers answer."""
+        self.environment.update(environment or {})
+        self.process = self.desktop.spawn([self.program, *arguments], self.environment, log="launcher")
+        self.wait_ready()
+        return self
+
+    def wait_ready(self):
+        wait_until(lambda: self.exited() or self.desktop.name_has_owner(BUS_NAME), "the launcher is on the bus")
+        assert not self.exited(), f"the launcher ended at start: {self.log_lines()}"
+        if self.hot_key:
+            wait_until(lambda: self.display.is_grabbed(self.hot_key), "the hot key is taken")
+
+    def wait_indexed(self):
+        """Waits until the first walk of the application folders has been written to the cache."""
+        wait_until(self.cache_file.exists, "the cache file is written")
+
+    def exited(self):
+        return self.process.poll() is not None
+
+    def wait_exit(self, timeout=5.0):
+        """Waits for the end of the process and returns its exit code."""
+        try:
+            return self.process.wait(timeout)
+        except subprocess.TimeoutExpired as error:
+            raise AssertionError("the launcher did not end") from error
+
+    def stop(self):
+        if self.process:
+            processes.end(self.process)
+
+    def command(self, *arguments):
+        """Runs a second copy with these arguments, as a desktop's own key binding does."""
+        return self.desktop.run([self.program, *arguments], self.environment)
+
+    # --- the ring
+
+    def window(self):
+        return self.display.find(TITLE)
+
+    def is_shown(self):
+        return self.window() is not None
+
+    def summon(self, x=None, y=None):
+        """Moves the pointer there, presses the hot key, and waits until the ring is open."""
+        if x is not None:
+            self.display.move_pointer(x, y)
+        self.display.press(self.hot_key)
+        return self.wait_open()
+
+    def wait_open(self):
+        """Waits until the ring is shown, has the keyboard, and its opening animation has ended."""
+        window = self.display.wait_for(TITLE)
+        wait_until(lambda: self.display.has_focus(window), "the ring has the keyboard")
+        self.wait_still()
+        return window
+
+    def wait_still(self):
+        """Waits until the ring's picture has not changed for three looks in a row."""
+        looks = []
+
+        def is_still():
+            window = self.window()
+            frame = window and self.display.geometry(window)
+            looks.append(frame and self.display.picture(self._band_box(frame)))
+            return len(looks) >= 4 and looks[-1] and looks[-1] == looks[-2] == looks[-3] == looks[-4]
+
+        wait_until(is_still, "the ring stands still", interval=0.04)
+
+    @staticmethod
+    def _band_box(frame):
+        """The upper third of the ring: what moves there is no text cursor."""
+        return Rect(frame.x, frame.y, frame.width, frame.height // 3)
+
+    def wait_hidden(self):
+        self.display.wait_gone(TITLE)
+
+    def slot_place(self, slot, count, scale=1.0, diameter=320, thickness=80):
+        """The centre of a slot's icon on the screen, in pixels."""
+        frame = self.display.geometry(self.window())
+        radius = diameter / 2
+        icon_radius = (max(radius - thickness, 84) + radius - 2) / 2
+        angle = math.radians(360 * slot / count - 90)
+        return (
+            frame.x + frame.width / 2 + scale * icon_radius * math.cos(angle),
+            frame.y + frame.height / 2 + scale * icon_radius * math.sin(angle))
+
+    def icon_colour(self, slot, count, scale=1.0):
+        x, y = self.slot_place(slot, count, scale)
+        return self.display.picture(Rect(int(x) - 2, int(y) - 2, 5, 5)).mean(2, 2)
+
+    def shows(self, *applications, scale=1.0):
+        """True when the ring's icons are those of these applications, slot by slot."""
+        if not self.is_shown():
+            return False
+        count = len(applications)
+        return all(
+            looks_like(self.icon_colour(slot, count, scale), application.colour)
+            for slot, application in enumerate(applications))
+
+    def wait_shows(self, *applications, scale=1.0):
+        names = ", ".join(application.name for application in applications)
+        wait_until(lambda: self.shows(*applications, scale=scale), f"the ring holds {names}")
+
+
+def looks_like(seen, colour):
+    """True when a colour from the palette was drawn there, fully or dimmed over the dark band."""
+    def dimmed(share):
+        return tuple(share * channel + (1 - share) * 40 for channel in colour)
+
+    nearest = min(
+        PALETTE.values(),
+        key=lambda known: min(
+            colour_distance(seen, known),
+            colour_distance(seen, tuple(0.72 * channel + 0.28 * 40 for channel in known))))
+    return nearest == colour and min(colour_distance(seen, colour), colour_distance(seen, dimmed(0.72))) < 60

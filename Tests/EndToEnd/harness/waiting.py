@@ -1,0 +1,23 @@
+# SPDX-License-Identifier: MIT
+"""Waiting for what can be seen, never for a time."""
+import time
+
+
+def wait_until(condition, what, timeout=10.0, interval=0.01):
+    """Polls until `condition()` is true and returns its value; fails with `what` after `timeout` s."""
+    deadline = time.monotonic() + timeout
+    while True:
+        value = condition()
+        if value:
+            return value
+        if time.monotonic() > deadline:
+            raise AssertionError(f"not within {timeout:g} s: {what}")
+        time.sleep(interval)
+
+
+def stays(condition, what, seconds=0.4, interval=0.02):
+    """Proves the negative: fails as soon as `condition()` is false within `seconds`."""
+    deadline = time.monotonic() + seconds
+    while time.monotonic() < deadline:
+        assert condition(), f"did not stay so: {what}"
+        time.sleep(interval)

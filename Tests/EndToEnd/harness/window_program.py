@@ -1,0 +1,62 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
+"""The program behind a made-up application: reports how it was started, then shows a window."""
+import argparse
+import json
+import os
+
+import Xlib.display
+from Xlib import X, Xatom
+
+COLOURS = {
+    "red": 0xEB2828, "green": 0x28C83C, "blue": 0x325AF5, "yellow": 0xF5E132,
+    "magenta": 0xE632E6, "cyan": 0x28DCE6, "white": 0xF5F5F5, "orange": 0xFA8C14,
+}
+
+
+def report(path):
+    fields = {
+        "pid": os.getpid(), "parent": os.getppid(), "session": os.getsid(0), "folder": os.getcwd(),
+        "environment": dict(os.environ),
+    }
+    with open(path, "a", encoding="utf-8") as stream:
+        stream.write(json.dumps(fields) + "\n")
+
+
+def show_window(options):
+    display = Xlib.display.Display()
+    screen = display.screen()
+    width, height, x, y = options.geometry
+    window = screen.root.create_window(
+        x, y, width, height, 0, screen.root_depth, background_pixel=COLOURS[options.colour],
+        event_mask=X.KeyPressMask | X.ButtonPressMask | X.StructureNotifyMask)
+    utf8 = display.intern_atom("UTF8_STRING")
+    window.set_wm_name(options.title)
+    window.change_property(display.intern_atom("_NET_WM_NAME"), utf8, 8, options.title.encode())
+    window.set_wm_class(options.title.lower(), options.title)
+    window.change_property(display.intern_atom("_NET_WM_PID"), Xatom.CARDINAL, 32, [os.getpid()])
+    window.set_wm_protocols([display.intern_atom("WM_DELETE_WINDOW")])
+    window.set_wm_hints(flags=1, input=1)
+    window.set_wm_normal_hints(flags=1, x=x, y=y)
+    if options.full_screen:
+        state = display.intern_atom("_NET_WM_STATE_FULLSCREEN")
+        window.change_property(display.intern_atom("_NET_WM_STATE"), Xatom.ATOM, 32, [state])
+    window.map()
+    while True:
+        event = display.next_event()
+        if event.type == X.ClientMessage:
+            return
+
+
+parser = argparse.ArgumentParser()
+parser.add_argument("--title", required=True)
+parser.add_argument("--colour", default="white")
+parser.add_argument("--report")
+parser.add_argument("--geometry", type=int, nargs=4, default=[300, 200, 40, 40])
+parser.add_argument("--full-screen", action="store_true")
+parser.add_argument("--no-window", action="store_true")
+arguments = parser.parse_args()
+if arguments.report:
+    report(arguments.report)
+if not arguments.no_window:
+    show_window(arguments)

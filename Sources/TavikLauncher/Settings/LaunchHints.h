@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+namespace Tavik {
+
+class UserDefaults;
+
+/// The tips shown in the ring's centre: an introduction once, then one of ten in turn at every
+/// so-manieth summon. Summons and tips are counted in the user defaults.
+namespace LaunchHints {
+
+struct Preferences
+{
+    bool showsLaunchHints = true;
+    bool keepsCenterHintVisible = false;
+    int interval = 25; ///< In summons.
+};
+
+/// Counts a summon; the tip to show at it, or nothing. To be asked exactly once per summon.
+[[nodiscard]] std::optional<QString> nextHint(UserDefaults& userDefaults,
+                                              const Preferences& preferences);
+
+} // namespace LaunchHints
+
+} // namespace Tavik

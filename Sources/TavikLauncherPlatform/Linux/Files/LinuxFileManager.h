@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncherPlatform/FileManager.h>
+
+namespace Tavik {
+
+class MainQueue;
+
+/// The file system of a freedesktop system: applications are `.app` folders and desktop entries.
+/// The folders are settled when it is created, so the environment is not read again.
+class LinuxFileManager final : public FileManager
+{
+public:
+    /// `applicationFolders` are this session's unless the caller has others.
+    explicit LinuxFileManager(MainQueue& mainQueue,
+                              QStringList applicationFolders = sessionApplicationFolders());
+
+    /// The `.app` folders' three places, then `applications` in the user's and the system's data
+    /// folders, the most important first.
+    [[nodiscard]] static QStringList sessionApplicationFolders();
+
+    [[nodiscard]] bool fileExists(const QString& path) const override;
+    [[nodiscard]] bool isApplicationBundle(const QString& path) const override;
+    /// Follows a link only when it is `folder` itself. Items come sorted by name, folder by folder.
+    void enumerate(const QString& folder,
+                   const std::function<void(const DirectoryItem&)>& visit) const override;
+    /// A desktop entry that is there but damaged yields a hidden bundle, because it still hides
+    /// the entries of the same identifier in less important folders.
+    [[nodiscard]] std::optional<Bundle> bundle(const QString& path) const override;
+    [[nodiscard]] unsigned userId() const override;
+    [[nodiscard]] QStringList applicationFolders() const override { return m_applicationFolders; }
+    [[nodiscard]] FolderResult applicationSupportFolder() const override;
+    [[nodiscard]] std::unique_ptr<FolderWatch> watch(const QStringList& folders,
+                                                     std::function<void()> changed) override;
+
+private:
+    [[nodiscard]] QString desktopFileIdentifier(const QString& path) const;
+
+    MainQueue& m_mainQueue;
+    QStringList m_applicationFolders;
+    QString m_supportFolder;
+};
+
+} // namespace Tavik

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncherPlatform/LoginItem.h>
+
+#include <QString>
+
+namespace Tavik {
+
+/// Launch at login through a desktop entry in the user's autostart folder. An entry that the user
+/// has switched off in the desktop's own settings awaits approval there.
+class AutostartLoginItem final : public LoginItem
+{
+public:
+    struct Paths
+    {
+        QString entry; ///< The desktop entry in the autostart folder.
+        QString program; ///< What it starts, an executable file.
+    };
+
+    explicit AutostartLoginItem(Paths paths);
+
+    /// Where the desktop looks for the program's entry.
+    [[nodiscard]] static QString defaultEntryPath();
+
+    [[nodiscard]] Status status() const override;
+    bool registerItem() override;
+    bool unregisterItem() override;
+
+private:
+    Paths m_paths;
+};
+
+} // namespace Tavik

@@ -7,8 +7,9 @@ target_compile_features(tavik_house INTERFACE cxx_std_20)
 target_compile_definitions(tavik_house INTERFACE QT_NO_KEYWORDS QT_NO_FOREACH QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII
   QT_NO_CAST_FROM_BYTEARRAY QT_NO_URL_CAST_FROM_STRING QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_STRICT_ITERATORS
   QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+# Designated initializers leave out on purpose what keeps its default.
 target_compile_options(tavik_house INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast
-  -Woverloaded-virtual -Wnon-virtual-dtor -Wundef -Wcast-align -Wformat=2 -Wimplicit-fallthrough -Wextra-semi
+  -Woverloaded-virtual -Wnon-virtual-dtor -Wundef -Wcast-align -Wformat=2 -Wimplicit-fallthrough -Wextra-semi -Wno-missing-field-initializers
   $<$<BOOL:${TAVIK_WERROR}>:-Werror>)
 if(TAVIK_SANITIZE)
   target_compile_options(tavik_house INTERFACE -fsanitize=${TAVIK_SANITIZE} -fno-omit-frame-pointer)

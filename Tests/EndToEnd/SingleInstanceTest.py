@@ -4,7 +4,9 @@ import signal
 
 import pytest
 
-from harness.launcher import Launcher, hot_key_record
+from gi.repository import Gio, GLib
+
+from harness.launcher import BUS_NAME, hot_key_record
 from harness.waiting import stays, wait_until
 
 
@@ -28,7 +30,7 @@ def test_a_second_start_ends_at_once_and_leaves_one_program(ring, desktop):
     answer = ring.command()
     assert answer.returncode == 0, answer.stderr
     assert not ring.exited()
-    assert desktop.name_has_owner("org.tavik.Launcher")
+    assert desktop.name_has_owner(BUS_NAME)
 
 
 def test_a_start_with_a_command_and_nothing_running_carries_it_out(launcher, applications):
@@ -37,21 +39,18 @@ def test_a_start_with_a_command_and_nothing_running_carries_it_out(launcher, app
     launcher.wait_open()
 
 
-@pytest.mark.parametrize("argument", ["--toggle", "--show", "--hide", "--quit"])
-def test_the_bus_interface_offers_what_the_command_line_does(ring, desktop, argument):
-    from gi.repository import Gio, GLib
-
+@pytest.mark.parametrize("action", ["toggle-launcher", "show-launcher", "hide-launcher", "quit"])
+def test_the_bus_interface_offers_what_the_command_line_does(ring, desktop, action):
     bus = desktop.bus()
     try:
-        action = {"--toggle": "toggle-launcher", "--show": "show-launcher", "--hide": "hide-launcher", "--quit": "quit"}
         bus.call_sync(
-            "org.tavik.Launcher", "/org/tavik/Launcher", "org.freedesktop.Application", "ActivateAction",
-            GLib.Variant("(sava{sv})", (action[argument], [], {})), None, Gio.DBusCallFlags.NONE, 5000, None)
+            BUS_NAME, "/org/tavik/Launcher", "org.freedesktop.Application", "ActivateAction",
+            GLib.Variant("(sava{sv})", (action, [], {})), None, Gio.DBusCallFlags.NONE, 5000, None)
     finally:
         bus.close_sync(None)
-    if argument == "--quit":
+    if action == "quit":
         assert ring.wait_exit() == 0
-    elif argument != "--hide":
+    elif action != "hide-launcher":
         ring.wait_open()
 
 
@@ -59,13 +58,13 @@ def test_the_bus_interface_offers_what_the_command_line_does(ring, desktop, argu
 def test_questions_are_answered_without_a_running_program(launcher, desktop, argument, expected):
     answer = launcher.command(argument)
     assert answer.returncode == 0 and expected in answer.stdout
-    assert not desktop.name_has_owner("org.tavik.Launcher")
+    assert not desktop.name_has_owner(BUS_NAME)
 
 
 def test_an_unknown_argument_is_refused(launcher, desktop):
     answer = launcher.command("--no-such-thing")
     assert answer.returncode != 0 and answer.stderr
-    assert not desktop.name_has_owner("org.tavik.Launcher")
+    assert not desktop.name_has_owner(BUS_NAME)
 
 
 def test_quit_ends_the_program_and_frees_the_key(ring, display):
@@ -110,14 +109,8 @@ def test_without_a_session_bus_the_second_start_still_reaches_the_first(desktop,
     assert second.wait(10) == 0
 
 
-def test_a_shortcut_of_another_key_is_honoured(desktop, applications, display):
-    from conftest import PROGRAM
-
-    launcher = Launcher(desktop, PROGRAM, hot_key="super+F9")
+def test_a_shortcut_of_another_key_is_honoured(launcher, applications, display):
+    launcher.use_hot_key("super+F9")
     launcher.pin(applications.add("Alder"))
-    launcher.start()
-    try:
-        launcher.summon(640, 400)
-        assert not display.is_grabbed("F9")
-    finally:
-        launcher.stop()
+    launcher.start().summon(640, 400)
+    assert not display.is_grabbed("F9") and not display.is_grabbed("ctrl+alt+space")

@@ -30,12 +30,13 @@ class Launcher:
     """One launcher on one desktop. Write settings before `start()`; it keeps them in memory."""
 
     def __init__(self, desktop, program, hot_key=HOT_KEY):
-        self.desktop, self.program, self.hot_key = desktop, str(program), hot_key
+        self.desktop, self.program = desktop, str(program)
         self.display = desktop.display
         self.process = None
         # Only the applications made for the test, whatever is installed on this machine.
         self.environment = {"XDG_DATA_DIRS": str(desktop.home / "share")}
-        self.settings(hotKeyConfig=hot_key_record(hot_key), hasCompletedOnboarding=True, showsLaunchHints=False)
+        self.use_hot_key(hot_key)
+        self.settings(hasCompletedOnboarding=True, showsLaunchHints=False)
 
     # --- files
 
@@ -61,6 +62,10 @@ class Launcher:
     def settings(self, **values):
         """Stores settings by their property names."""
         self.write_defaults(**{f"LauncherSettings.{name}": value for name, value in values.items()})
+
+    def use_hot_key(self, chord):
+        self.hot_key = chord
+        self.settings(hotKeyConfig=hot_key_record(chord))
 
     def pin(self, *applications):
         """Makes these applications the ring's first slots, in order."""

@@ -19,7 +19,7 @@ ROOMS = {  # room: (rooms it may include, may use widgets, may use native header
     CORE: (set(), False, False),
     PLATFORM: ({CORE}, False, False),
     f"{PLATFORM}/Null": (BASE, False, False),
-    f"{PLATFORM}/Linux": (BASE, False, True),
+    f"{PLATFORM}/Linux": (BASE | {f"{PLATFORM}/Null"}, False, True),
     CATALOG: (BASE, False, False),
     SETTINGS: (BASE, False, False),
     RING: (BASE | {CATALOG, SETTINGS}, False, False),

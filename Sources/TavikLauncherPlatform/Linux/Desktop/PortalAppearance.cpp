@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Desktop/PortalAppearance.h>
+#include <TavikLauncherPlatform/Linux/Desktop/SessionBus.h>
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+
+#include <algorithm>
+
+namespace Tavik {
+
+namespace {
+
+struct WatchedSetting
+{
+    QLatin1String group;
+    QLatin1String key;
+    bool (*asksForLessMotion)(const QVariant&);
+};
+
+constexpr auto watchedSettings = std::to_array<WatchedSetting>({
+    {QLatin1String("org.freedesktop.appearance"),
+     QLatin1String("reduced-motion"),
+     [](const QVariant& value) {
+         return value.toUInt() == 1;
+     }},
+    {QLatin1String("org.gnome.desktop.interface"),
+     QLatin1String("enable-animations"),
+     [](const QVariant& value) {
+         return value.typeId() == QMetaType::Bool && !value.toBool();
+     }},
+    {QLatin1String("org.kde.kdeglobals.KDE"),
+     QLatin1String("AnimationDurationFactor"),
+     [](const QVariant& value) {
+         bool isNumber = false;
+         return value.toDouble(&isNumber) <= 0 && isNumber;
+     }},
+});
+
+constexpr QLatin1String service("org.freedesktop.portal.Desktop");
+constexpr QLatin1String path("/org/freedesktop/portal/desktop");
+constexpr QLatin1String interface("org.freedesktop.portal.Settings");
+
+std::optional<std::size_t> positionOf(const QString& group, const QString& key)
+{
+    const auto* found = std::ranges::find_if(watchedSettings, [&](const WatchedSetting& setting) {
+        return setting.group == group && setting.key == key;
+    });
+    if (found == watchedSettings.end()) {
+        return std::nullopt;
+    }
+    return static_cast<std::size_t>(found - watchedSettings.begin());
+}
+
+/// The portal's older call wraps the value twice.
+QVariant unwrapped(QVariant value)
+{
+    while (value.userType() == qMetaTypeId<QDBusVariant>()) {
+        value = value.value<QDBusVariant>().variant();
+    }
+    return value;
+}
+
+} // namespace
+
+PortalAppearance::PortalAppearance(WorkQueue& workQueue)
+{
+    SessionBus::open(workQueue, this, [this](const QDBusConnection& bus) { listen(bus); });
+}
+
+bool PortalAppearance::asksForLessMotion(const QString& group,
+                                         const QString& key,
+                                         const QVariant& value)
+{
+    const auto setting = positionOf(group, key);
+    return setting && watchedSettings.at(*setting).asksForLessMotion(unwrapped(value));
+}
+
+bool PortalAppearance::reducesMotion() const
+{
+    return std::ranges::find(m_asks, true) != m_asks.end();
+}
+
+void PortalAppearance::settingChanged(const QString& group,
+                                      const QString& key,
+                                      const QDBusVariant& value)
+{
+    if (const auto setting = positionOf(group, key)) {
+        take(*setting, value.variant());
+    }
+}
+
+void PortalAppearance::listen(const QDBusConnection& bus)
+{
+    static_assert(watchedSettings.size() == std::tuple_size_v<decltype(m_asks)>);
+    QDBusConnection connection = bus;
+    // No service name in the match: with one the toolkit would wait for the bus to name its owner.
+    connection.connect(QString(),
+                       path,
+                       interface,
+                       QStringLiteral("SettingChanged"),
+                       this,
+                       SLOT(settingChanged(QString, QString, QDBusVariant)));
+    for (std::size_t i = 0; i < watchedSettings.size(); ++i) {
+        QDBusMessage call
+            = QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("Read"));
+        call.setArguments(
+            {QString(watchedSettings.at(i).group), QString(watchedSettings.at(i).key)});
+        auto* watcher = new QDBusPendingCallWatcher(connection.asyncCall(call), this);
+        connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, i, watcher] {
+            const QDBusPendingReply<QDBusVariant> reply = *watcher;
+            if (reply.isValid()) {
+                take(i, reply.value().variant());
+            }
+            watcher->deleteLater();
+        });
+    }
+}
+
+void PortalAppearance::take(std::size_t setting, const QVariant& value)
+{
+    const bool before = reducesMotion();
+    m_asks.at(setting) = watchedSettings.at(setting).asksForLessMotion(unwrapped(value));
+    if (reducesMotion() != before && onChanged) {
+        onChanged();
+    }
+}
+
+} // namespace Tavik

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncherPlatform/DesktopAppearance.h>
+
+#include <QDBusConnection>
+#include <QDBusVariant>
+#include <QObject>
+
+#include <array>
+
+namespace Tavik {
+
+class WorkQueue;
+
+/// The desktop's wishes as the settings portal on the session bus tells them. Nothing here waits
+/// for the bus; until it has answered, and without one, nothing is asked for.
+class PortalAppearance final : public QObject, public DesktopAppearance
+{
+    Q_OBJECT
+
+public:
+    explicit PortalAppearance(WorkQueue& workQueue);
+
+    /// What one setting of the portal says about motion; for the tests.
+    [[nodiscard]] static bool
+    asksForLessMotion(const QString& group, const QString& key, const QVariant& value);
+
+    [[nodiscard]] bool reducesMotion() const override;
+
+private Q_SLOTS:
+    void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+
+private:
+    void listen(const QDBusConnection& bus);
+    void take(std::size_t setting, const QVariant& value);
+
+    std::array<bool, 3> m_asks{}; ///< One for each setting that is watched.
+};
+
+} // namespace Tavik

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncherPlatform/Screens.h>
+
+#include <QMargins>
+#include <QRect>
+
+#include <functional>
+
+class QScreen;
+
+namespace Tavik {
+
+/// The toolkit's screens, turned upside down.
+class QtScreens final : public Screens
+{
+public:
+    /// What the window system knows beyond the toolkit, in device pixels. Both may be empty.
+    struct Hooks
+    {
+        /// A point of the window that has the focus.
+        std::function<std::optional<QPoint>()> focusedPoint;
+        /// What is left of a screen of this geometry beside panels and docks.
+        std::function<QRect(const QRect&)> availableArea;
+    };
+    explicit QtScreens(Hooks hooks = {});
+
+    /// Turns a rectangle of the toolkit's plane into one whose y grows upwards from the lower edge
+    /// of the primary screen, and back.
+    [[nodiscard]] static QRectF flipped(const QRectF& rect, const QRectF& primary);
+
+    [[nodiscard]] QList<Screen> all() const override;
+    [[nodiscard]] std::optional<Screen> main() const override;
+    [[nodiscard]] QPointF mouseLocation() const override;
+
+private:
+    [[nodiscard]] Screen described(const QScreen& screen) const;
+    [[nodiscard]] const QScreen* focusedScreen() const;
+
+    Hooks m_hooks;
+};
+
+} // namespace Tavik

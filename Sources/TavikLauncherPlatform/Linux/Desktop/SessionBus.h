@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDBusConnection>
+
+#include <functional>
+
+class QObject;
+
+namespace Tavik {
+
+class WorkQueue;
+
+/// The message buses, opened off the main thread, because the greeting waits for the bus.
+namespace SessionBus {
+
+using Opened = std::function<void(const QDBusConnection&)>;
+
+/// Calls `opened` on the main thread unless there is no session bus or `context` is gone by then.
+void open(WorkQueue& workQueue, QObject* context, Opened opened);
+/// The same for the bus of the whole machine.
+void openSystemBus(WorkQueue& workQueue, QObject* context, Opened opened);
+
+} // namespace SessionBus
+
+} // namespace Tavik

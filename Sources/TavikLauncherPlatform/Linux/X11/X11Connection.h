@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <cstdlib>
+#include <memory>
+
+#include <xcb/xcb.h>
+
+namespace Tavik {
+
+struct X11Freed
+{
+    void operator()(void* memory) const { std::free(memory); }
+};
+/// What the server answered; null when it answered with an error.
+template <typename T> using X11Reply = std::unique_ptr<T, X11Freed>;
+
+enum class X11Atom : std::size_t {
+    utf8String,
+    netActiveWindow,
+    netClientList,
+    netClientListStacking,
+    netSupportingWmCheck,
+    netWmDesktop,
+    netWmPid,
+    netWmState,
+    netWmStateAbove,
+    netWmStateSkipPager,
+    netWmStateSkipTaskbar,
+    netWmStrut,
+    netWmStrutPartial,
+    netWmUserTime,
+    netWmWindowType,
+    netWmWindowTypeDialog,
+    netWmWindowTypeNormal,
+    gtkApplicationId,
+    kdeDesktopFile,
+    bamfDesktopFile,
+    tavikClock,
+    compositor, ///< The selection that a compositor of the screen owns.
+    count,
+};
+
+/// The atoms in use, asked for in one round trip. They are the same on every connection to a
+/// server.
+class X11Atoms
+{
+public:
+    X11Atoms(xcb_connection_t* connection, int screenNumber);
+
+    [[nodiscard]] xcb_atom_t operator[](X11Atom atom) const
+    {
+        return m_atoms.at(static_cast<std::size_t>(atom));
+    }
+
+private:
+    std::array<xcb_atom_t, static_cast<std::size_t>(X11Atom::count)> m_atoms{};
+};
+
+/// A connection of our own to the X server, so that the event masks of the toolkit's stay as they
+/// are. Never null, but it can be broken.
+class X11Connection
+{
+public:
+    /// Connects to $DISPLAY.
+    X11Connection();
+
+    [[nodiscard]] xcb_connection_t* get() const { return m_connection.get(); }
+    [[nodiscard]] bool isBroken() const { return xcb_connection_has_error(get()) != 0; }
+    [[nodiscard]] int screenNumber() const { return m_screenNumber; }
+    /// Valid unless broken.
+    [[nodiscard]] xcb_window_t root() const { return m_root; }
+
+private:
+    struct Disconnect
+    {
+        void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
+    };
+    std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
+    int m_screenNumber = 0;
+    xcb_window_t m_root = XCB_NONE;
+};
+
+/// The root window of a connection's screen.
+[[nodiscard]] xcb_window_t x11RootWindow(xcb_connection_t* connection, int screenNumber);
+
+/// Asks the window manager for something about `window` with an EWMH message of the kind `type`.
+void sendToWindowManager(xcb_connection_t* connection,
+                         xcb_window_t root,
+                         xcb_window_t window,
+                         xcb_atom_t type,
+                         const std::array<uint32_t, 5>& data);
+
+} // namespace Tavik

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QList>
+#include <QtGlobal>
+
+#include <array>
+#include <functional>
+#include <optional>
+
+namespace Tavik {
+
+/// Which of the server's eight modifiers mean what on this keyboard. A value.
+struct X11GrabModifiers
+{
+    quint16 option = 0; ///< 0 when no key of the keyboard has it.
+    quint16 command = 0;
+    quint16 locks = 0; ///< Caps Lock, Num Lock and Scroll Lock together.
+
+    /// Reads the modifier map: `keysOf[i]` are the X key codes behind modifier i, `symbolsOf` tells
+    /// the key symbols of a key.
+    [[nodiscard]] static X11GrabModifiers
+    fromMap(const std::array<QList<quint8>, 8>& keysOf,
+            const std::function<QList<quint32>(quint8)>& symbolsOf);
+
+    /// The server's mask for bits of ModifierFlags; absent when the keyboard lacks one of them.
+    [[nodiscard]] std::optional<quint16> maskFor(quint64 modifierFlags) const;
+    /// Every combination of the lock keys, none of them first.
+    [[nodiscard]] QList<quint16> lockVariants() const;
+
+    bool operator==(const X11GrabModifiers&) const = default;
+};
+
+/// Turns the server's time of an event, 32 bits of milliseconds that wrap, into seconds of system
+/// uptime, given the uptime `now`. A time that cannot be of this machine becomes `now`.
+[[nodiscard]] double uptimeOfServerTime(quint32 time, double now);
+
+} // namespace Tavik

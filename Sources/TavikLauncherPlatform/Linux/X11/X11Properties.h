@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncherPlatform/Linux/Desktop/WindowMatching.h>
+#include <TavikLauncherPlatform/Linux/X11/X11Connection.h>
+
+#include <QList>
+#include <QRect>
+
+#include <span>
+#include <vector>
+
+namespace Tavik {
+
+/// What a window's properties say, checked in type and bounded in length.
+struct X11WindowFacts
+{
+    WindowClues clues;
+    bool isOnTaskbar = false; ///< A taskbar would show the window.
+    qint64 processId = 0; ///< 0 when unknown or on another machine.
+    QMargins strut; ///< What the window reserves at the edges of the desktop, as device pixels.
+    QMargins strutStart; ///< Where along each edge the reserved part begins …
+    QMargins strutEnd; ///< … and ends, inclusive.
+
+    bool operator==(const X11WindowFacts&) const = default;
+};
+
+/// Reads properties of windows that belong to other programs.
+namespace X11Properties {
+
+/// True when a change of `property` can change a window's facts.
+[[nodiscard]] bool isFact(const X11Atoms& atoms, xcb_atom_t property);
+
+/// The facts of `windows`, in their order, in one round trip.
+[[nodiscard]] QList<X11WindowFacts>
+facts(xcb_connection_t* connection, const X11Atoms& atoms, const QList<xcb_window_t>& windows);
+
+/// A list of windows from a property of the root window; at most 1,024.
+[[nodiscard]] QList<xcb_window_t>
+windowList(xcb_connection_t* connection, xcb_window_t root, xcb_atom_t property);
+/// The first window of such a property, or XCB_NONE.
+[[nodiscard]] xcb_window_t
+firstWindow(xcb_connection_t* connection, xcb_window_t root, xcb_atom_t property);
+
+/// `screen` without what the struts of panels and docks reserve in it, on a desktop of this size.
+[[nodiscard]] QRect
+availableArea(const QRect& screen, const QSize& desktop, const QList<X11WindowFacts>& windows);
+
+} // namespace X11Properties
+
+} // namespace Tavik

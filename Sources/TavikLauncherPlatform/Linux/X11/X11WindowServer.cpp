@@ -1,0 +1,286 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/X11/X11Properties.h>
+#include <TavikLauncherPlatform/Linux/X11/X11WindowServer.h>
+
+#include <QRegion>
+
+#include <algorithm>
+#include <utility>
+
+#include <xcb/xfixes.h>
+
+namespace Tavik {
+
+namespace {
+
+constexpr uint32_t allDesktops = 0xffffffff;
+/// EWMH: the request comes from a pager or the like, so it is the user's own wish.
+constexpr uint32_t sourcePager = 2;
+/// How long a window manager may take to focus another window after ours has gone.
+constexpr double returnSeconds = 0.1;
+constexpr int deepestTree = 32;
+constexpr uint8_t opaqueDepth = 24;
+
+bool isNowhere(xcb_window_t focus, xcb_window_t root)
+{
+    return focus == XCB_NONE || focus == XCB_INPUT_FOCUS_POINTER_ROOT || focus == root;
+}
+
+} // namespace
+
+X11WindowServer::X11WindowServer(xcb_connection_t* toolkit, MainQueue& mainQueue)
+    : m_toolkit(toolkit)
+    , m_mainQueue(mainQueue)
+    , m_atoms(m_connection.get(), m_connection.screenNumber())
+    , m_pump(m_connection, m_atoms[X11Atom::tavikClock], [this](const xcb_generic_event_t& event) {
+        handle(event);
+    })
+{
+    if (!m_connection.isBroken()) {
+        followCompositor();
+    }
+}
+
+void X11WindowServer::preparePanel(WId window)
+{
+    const auto panel = static_cast<xcb_window_t>(window);
+    // The window manager forgets both when the window goes, and the toolkit adds its own states to
+    // what it finds.
+    const std::array<xcb_atom_t, 3> states{m_atoms[X11Atom::netWmStateAbove],
+                                           m_atoms[X11Atom::netWmStateSkipTaskbar],
+                                           m_atoms[X11Atom::netWmStateSkipPager]};
+    xcb_change_property(m_toolkit,
+                        XCB_PROP_MODE_REPLACE,
+                        panel,
+                        m_atoms[X11Atom::netWmState],
+                        XCB_ATOM_ATOM,
+                        32,
+                        states.size(),
+                        states.data());
+    xcb_change_property(m_toolkit,
+                        XCB_PROP_MODE_REPLACE,
+                        panel,
+                        m_atoms[X11Atom::netWmDesktop],
+                        XCB_ATOM_CARDINAL,
+                        32,
+                        1,
+                        &allDesktops);
+    xcb_flush(m_toolkit);
+    m_returnTask.cancel();
+    const xcb_window_t focus = focusedWindow(m_connection.get());
+    if (!isWithin(focus, panel)) {
+        m_previousFocus = focus;
+        m_previousActive = X11Properties::firstWindow(
+            m_connection.get(), m_connection.root(), m_atoms[X11Atom::netActiveWindow]);
+    }
+    m_pump.drainSoon();
+}
+
+void X11WindowServer::takeKeyboardFocus(WId window)
+{
+    const auto panel = static_cast<xcb_window_t>(window);
+    m_returnTask.cancel();
+    // The server's own time of now is newer than whatever was typed elsewhere, and older than
+    // nothing: a time from our clock could lie in the server's future and be refused.
+    const xcb_timestamp_t now = m_pump.serverTime();
+    xcb_change_property(m_toolkit,
+                        XCB_PROP_MODE_REPLACE,
+                        panel,
+                        m_atoms[X11Atom::netWmUserTime],
+                        XCB_ATOM_CARDINAL,
+                        32,
+                        1,
+                        &now);
+    if (hasWindowManager()) {
+        sendToWindowManager(m_toolkit,
+                            m_connection.root(),
+                            panel,
+                            m_atoms[X11Atom::netActiveWindow],
+                            {sourcePager, now, XCB_NONE, 0, 0});
+    } else {
+        xcb_set_input_focus(m_toolkit, XCB_INPUT_FOCUS_POINTER_ROOT, panel, now);
+    }
+    xcb_flush(m_toolkit);
+}
+
+void X11WindowServer::returnKeyboardFocus(WId window)
+{
+    const auto panel = static_cast<xcb_window_t>(window);
+    if (m_previousFocus == XCB_NONE && m_previousActive == XCB_NONE) {
+        return;
+    }
+    // Asked over the toolkit's connection, because the answer must come after the hiding.
+    const xcb_window_t focus = focusedWindow(m_toolkit);
+    if (!isNowhere(focus, m_connection.root()) && !isWithin(focus, panel)) {
+        return;
+    }
+    if (!hasWindowManager()) {
+        finishReturn();
+        return;
+    }
+    // A window manager focuses the next window by itself as soon as it learns that ours has gone.
+    m_returnTask = m_mainQueue.after(returnSeconds, [this, panel] {
+        const xcb_window_t current = focusedWindow(m_connection.get());
+        if (isNowhere(current, m_connection.root()) || isWithin(current, panel)) {
+            finishReturn();
+        }
+        m_pump.drainSoon();
+    });
+}
+
+void X11WindowServer::finishReturn()
+{
+    const xcb_timestamp_t now = m_pump.serverTime();
+    if (hasWindowManager() && m_previousActive != XCB_NONE) {
+        sendToWindowManager(m_connection.get(),
+                            m_connection.root(),
+                            m_previousActive,
+                            m_atoms[X11Atom::netActiveWindow],
+                            {sourcePager, now, XCB_NONE, 0, 0});
+    } else {
+        xcb_set_input_focus(m_connection.get(), XCB_INPUT_FOCUS_POINTER_ROOT, m_previousFocus, now);
+        xcb_flush(m_connection.get());
+    }
+}
+
+bool X11WindowServer::hasKeyboardFocus(WId window) const
+{
+    const bool hasFocus
+        = isWithin(focusedWindow(m_connection.get()), static_cast<xcb_window_t>(window));
+    m_pump.drainSoon();
+    return hasFocus;
+}
+
+bool X11WindowServer::isOnScreen(WId window) const
+{
+    const auto panel = static_cast<xcb_window_t>(window);
+    const X11Reply<xcb_get_window_attributes_reply_t> attributes(xcb_get_window_attributes_reply(
+        m_connection.get(), xcb_get_window_attributes(m_connection.get(), panel), nullptr));
+    const bool isShown
+        = attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE && !isCovered(panel);
+    m_pump.drainSoon();
+    return isShown;
+}
+
+void X11WindowServer::handle(const xcb_generic_event_t& event)
+{
+    if (m_fixesEvent == 0
+        || (event.response_type & 0x7f) != m_fixesEvent + XCB_XFIXES_SELECTION_NOTIFY) {
+        return;
+    }
+    const auto& change = reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(event);
+    const bool isCompositing = change.owner != XCB_NONE;
+    if (change.selection == m_atoms[X11Atom::compositor]
+        && std::exchange(m_isCompositing, isCompositing) != isCompositing && onCompositingChanged) {
+        onCompositingChanged();
+    }
+}
+
+void X11WindowServer::followCompositor()
+{
+    xcb_connection_t* connection = m_connection.get();
+    const auto fixes = xcb_get_extension_data(connection, &xcb_xfixes_id);
+    if (fixes && fixes->present) {
+        m_fixesEvent = fixes->first_event;
+        // The extension must be greeted before it answers anything else.
+        const X11Reply<xcb_xfixes_query_version_reply_t> version(xcb_xfixes_query_version_reply(
+            connection, xcb_xfixes_query_version(connection, 5, 0), nullptr));
+        xcb_xfixes_select_selection_input(
+            connection,
+            m_connection.root(),
+            m_atoms[X11Atom::compositor],
+            XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER
+                | XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY
+                | XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
+    }
+    const X11Reply<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(
+        connection, xcb_get_selection_owner(connection, m_atoms[X11Atom::compositor]), nullptr));
+    m_isCompositing = owner && owner->owner != XCB_NONE;
+    m_pump.drainSoon();
+}
+
+bool X11WindowServer::hasWindowManager() const
+{
+    const xcb_atom_t check = m_atoms[X11Atom::netSupportingWmCheck];
+    const xcb_window_t manager
+        = X11Properties::firstWindow(m_connection.get(), m_connection.root(), check);
+    // A manager that has died leaves its mark on the root window, but not on its own.
+    return manager != XCB_NONE
+        && X11Properties::firstWindow(m_connection.get(), manager, check) == manager;
+}
+
+xcb_window_t X11WindowServer::focusedWindow(xcb_connection_t* connection) const
+{
+    const X11Reply<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
+    return reply ? reply->focus : xcb_window_t{XCB_NONE};
+}
+
+xcb_window_t X11WindowServer::parentOf(xcb_window_t window) const
+{
+    const X11Reply<xcb_query_tree_reply_t> tree(xcb_query_tree_reply(
+        m_connection.get(), xcb_query_tree(m_connection.get(), window), nullptr));
+    return tree ? tree->parent : xcb_window_t{XCB_NONE};
+}
+
+bool X11WindowServer::isWithin(xcb_window_t window, xcb_window_t ancestor) const
+{
+    for (int depth = 0; depth < deepestTree && !isNowhere(window, m_connection.root()); ++depth) {
+        if (window == ancestor) {
+            return true;
+        }
+        window = parentOf(window);
+    }
+    return false;
+}
+
+bool X11WindowServer::isCovered(xcb_window_t window) const
+{
+    xcb_window_t topLevel = window;
+    for (int depth = 0; depth < deepestTree; ++depth) {
+        const xcb_window_t parent = parentOf(topLevel);
+        if (parent == m_connection.root() || parent == XCB_NONE) {
+            break;
+        }
+        topLevel = parent;
+    }
+    xcb_connection_t* connection = m_connection.get();
+    const std::vector<xcb_window_t> above = windowsAbove(topLevel);
+    const auto panelCookie = xcb_get_geometry(connection, topLevel);
+    std::vector<std::pair<xcb_get_window_attributes_cookie_t, xcb_get_geometry_cookie_t>> cookies;
+    for (const xcb_window_t other : above) {
+        cookies.emplace_back(xcb_get_window_attributes(connection, other),
+                             xcb_get_geometry(connection, other));
+    }
+    const X11Reply<xcb_get_geometry_reply_t> panel(
+        xcb_get_geometry_reply(connection, panelCookie, nullptr));
+    QRegion visible = panel ? QRegion(panel->x, panel->y, panel->width, panel->height) : QRegion();
+    for (const auto& [attributesCookie, geometryCookie] : cookies) {
+        const X11Reply<xcb_get_window_attributes_reply_t> attributes(
+            xcb_get_window_attributes_reply(connection, attributesCookie, nullptr));
+        const X11Reply<xcb_get_geometry_reply_t> geometry(
+            xcb_get_geometry_reply(connection, geometryCookie, nullptr));
+        // Under a compositor a window with an alpha channel lets through what is below.
+        if (attributes && geometry && attributes->map_state == XCB_MAP_STATE_VIEWABLE
+            && attributes->_class == XCB_WINDOW_CLASS_INPUT_OUTPUT
+            && (!m_isCompositing || geometry->depth <= opaqueDepth)) {
+            visible -= QRect(geometry->x, geometry->y, geometry->width, geometry->height);
+        }
+    }
+    return visible.isEmpty();
+}
+
+std::vector<xcb_window_t> X11WindowServer::windowsAbove(xcb_window_t topLevel) const
+{
+    const X11Reply<xcb_query_tree_reply_t> tree(xcb_query_tree_reply(
+        m_connection.get(), xcb_query_tree(m_connection.get(), m_connection.root()), nullptr));
+    if (!tree) {
+        return {};
+    }
+    const xcb_window_t* children = xcb_query_tree_children(tree.get());
+    const xcb_window_t* end = children + xcb_query_tree_children_length(tree.get());
+    const xcb_window_t* self = std::find(children, end, topLevel);
+    return self == end ? std::vector<xcb_window_t>() : std::vector<xcb_window_t>(self + 1, end);
+}
+
+} // namespace Tavik

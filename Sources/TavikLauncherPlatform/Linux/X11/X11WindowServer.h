@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncherPlatform/Linux/X11/X11Connection.h>
+#include <TavikLauncherPlatform/Linux/X11/X11EventPump.h>
+#include <TavikLauncherPlatform/MainQueue.h>
+#include <TavikLauncherPlatform/WindowServer.h>
+
+#include <QRect>
+
+#include <vector>
+
+namespace Tavik {
+
+/// The panel's dealings with the X server and the window manager.
+///
+/// What is done to our own windows goes over the toolkit's connection, so that it takes effect in
+/// order with what the toolkit does to them; questions and events go over one of our own.
+class X11WindowServer final : public WindowServer
+{
+public:
+    /// `toolkit` is the toolkit's connection and must outlive this.
+    X11WindowServer(xcb_connection_t* toolkit, MainQueue& mainQueue);
+
+    void preparePanel(WId window) override;
+    void takeKeyboardFocus(WId window) override;
+    void returnKeyboardFocus(WId window) override;
+    [[nodiscard]] bool hasKeyboardFocus(WId window) const override;
+    [[nodiscard]] bool isOnScreen(WId window) const override;
+    [[nodiscard]] bool isCompositing() const override { return m_isCompositing; }
+
+private:
+    void handle(const xcb_generic_event_t& event);
+    void followCompositor();
+    [[nodiscard]] bool hasWindowManager() const;
+    [[nodiscard]] xcb_window_t focusedWindow(xcb_connection_t* connection) const;
+    [[nodiscard]] xcb_window_t parentOf(xcb_window_t window) const;
+    [[nodiscard]] bool isWithin(xcb_window_t window, xcb_window_t ancestor) const;
+    [[nodiscard]] bool isCovered(xcb_window_t window) const;
+    [[nodiscard]] std::vector<xcb_window_t> windowsAbove(xcb_window_t topLevel) const;
+    void finishReturn();
+
+    xcb_connection_t* m_toolkit;
+    MainQueue& m_mainQueue;
+    X11Connection m_connection;
+    X11Atoms m_atoms;
+    mutable X11EventPump m_pump;
+    xcb_window_t m_previousActive = XCB_NONE; ///< What the window manager called active.
+    xcb_window_t m_previousFocus = XCB_NONE; ///< What really had the keyboard.
+    Task m_returnTask;
+    bool m_isCompositing = false;
+    uint8_t m_fixesEvent = 0;
+};
+
+} // namespace Tavik

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Null/NullServices.h>
+
+#include <QGuiApplication>
+#include <QWindow>
+
+#include <algorithm>
+
+namespace Tavik {
+
+namespace {
+
+const QWindow* windowWithId(WId id)
+{
+    const QWindowList windows = QGuiApplication::topLevelWindows();
+    // Asking a window for its id would create it, so only created ones are asked.
+    const auto found = std::ranges::find_if(
+        windows, [id](const QWindow* window) { return window->handle() && window->winId() == id; });
+    return found == windows.end() ? nullptr : *found;
+}
+
+} // namespace
+
+KeyEvents::HotKeyResult NullKeyEvents::registerHotKey(const HotKey&, std::function<void(double)>)
+{
+    return {.registration = nullptr, .status = statusUnsupported};
+}
+
+void NullWindowServer::preparePanel(WId) { }
+
+void NullWindowServer::takeKeyboardFocus(WId) { }
+
+void NullWindowServer::returnKeyboardFocus(WId) { }
+
+bool NullWindowServer::hasKeyboardFocus(WId window) const
+{
+    const QWindow* focused = QGuiApplication::focusWindow();
+    return focused && focused == windowWithId(window);
+}
+
+bool NullWindowServer::isOnScreen(WId window) const
+{
+    const QWindow* found = windowWithId(window);
+    return found && found->isExposed();
+}
+
+bool NullWindowServer::isCompositing() const
+{
+    return true;
+}
+
+} // namespace Tavik

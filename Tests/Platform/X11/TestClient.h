@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+
+#include <memory>
+
+#include <xcb/xcb.h>
+
+namespace Tavik::Test {
+
+/// Another program on the same X server: it has windows, holds keys, and types.
+class TestClient
+{
+public:
+    TestClient();
+    ~TestClient();
+    TestClient(const TestClient&) = delete;
+    TestClient& operator=(const TestClient&) = delete;
+
+    [[nodiscard]] xcb_connection_t* connection() const { return m_connection; }
+    [[nodiscard]] xcb_window_t root() const { return m_root; }
+    [[nodiscard]] xcb_atom_t atom(const char* name) const;
+
+    /// A window that is not yet shown. `classes` is the whole property ("instance\0class\0").
+    xcb_window_t createWindow(const QByteArray& classes, qint64 processId = 0);
+    void map(xcb_window_t window);
+    void destroy(xcb_window_t window);
+    void
+    setText(xcb_window_t window, const char* property, const QByteArray& text, const char* type);
+    void setNumbers(xcb_window_t window,
+                    const char* property,
+                    const QList<uint32_t>& numbers,
+                    const char* type);
+    [[nodiscard]] QList<uint32_t> numbers(xcb_window_t window, const char* property) const;
+    /// Asks the window manager to focus a window, or takes the focus where there is none.
+    void focus(xcb_window_t window);
+    [[nodiscard]] xcb_window_t focused() const;
+    /// The server's time now.
+    [[nodiscard]] xcb_timestamp_t time();
+
+    [[nodiscard]] bool grabKey(uint16_t modifiers, xcb_keycode_t key);
+    void ungrabKey(uint16_t modifiers, xcb_keycode_t key);
+    void pressKey(xcb_keycode_t key);
+    void releaseKey(xcb_keycode_t key);
+    /// A press and a release by hand: not in the same millisecond as the event before.
+    void tapKey(xcb_keycode_t key);
+    void movePointer(int x, int y);
+    /// Until the server has done everything so far.
+    void sync() const;
+
+private:
+    void fake(uint8_t type, uint8_t detail, int x = 0, int y = 0);
+
+    xcb_connection_t* m_connection;
+    xcb_window_t m_root;
+    xcb_window_t m_clock;
+};
+
+} // namespace Tavik::Test

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Ring/LauncherCommands.h>
+
+#include <QList>
 #include <TavikLauncher/Ring/LauncherKeys.h>
 
 #include <algorithm>

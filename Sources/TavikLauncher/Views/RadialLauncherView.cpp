@@ -402,7 +402,6 @@ bool RadialLauncherView::event(QEvent* event)
     switch (event->type()) {
     case QEvent::PaletteChange:
     case QEvent::FontChange:
-    case QEvent::DevicePixelRatioChange:
     case QEvent::ScreenChangeInternal:
         prefetchIcons();
         refreshAppearance();

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncher/Catalog/AppCatalog.h>
+#include <TavikLauncher/Catalog/AppLauncher.h>
+#include <TavikLauncher/Catalog/RecentAppsStore.h>
+#include <TavikLauncher/Ring/LauncherCommands.h>
+#include <TavikLauncher/Ring/LauncherPresentationState.h>
+#include <TavikLauncher/Ring/RingComposition.h>
+#include <TavikLauncher/Settings/LauncherSettings.h>
+
+#include <Support/FakeFileManager.h>
+#include <Support/FakeLoginItem.h>
+#include <Support/FakeWorkspace.h>
+#include <Support/MemoryUserDefaults.h>
+#include <Support/StepWorkQueue.h>
+#include <Support/VirtualMainQueue.h>
+
+#include <QTemporaryDir>
+
+namespace Tavik::Test {
+
+/// A desktop of fakes around a ring: five catalogued applications named A to E, nothing running.
+struct RingFixture
+{
+    RingFixture()
+    {
+        fileManager.support.path = home.path();
+        for (const QString& name : {u"A"_qs, u"B"_qs, u"C"_qs, u"D"_qs, u"E"_qs}) {
+            install(path(name), name);
+        }
+        walk();
+    }
+
+    [[nodiscard]] static QString path(const QString& name)
+    {
+        return u"/apps/%1.desktop"_qs.arg(name);
+    }
+
+    /// Puts an application on the disk; it is catalogued at the next `walk`.
+    void install(const QString& path, const QString& name)
+    {
+        Bundle bundle;
+        bundle.kind = Bundle::Kind::desktopEntry;
+        bundle.name = name;
+        bundle.identifier = u"id."_qs + name;
+        fileManager.bundles.insert(path, bundle);
+        fileManager.items[folder] << DirectoryItem{.path = path};
+    }
+    void walk()
+    {
+        catalog.reindex();
+        workQueue.runAll();
+    }
+
+    QTemporaryDir home;
+    QString folder = u"/apps"_qs;
+    MemoryUserDefaults defaults;
+    FakeLoginItem loginItem;
+    NotificationCenter notifications;
+    FakeFileManager fileManager;
+    FakeWorkspace workspace;
+    VirtualMainQueue mainQueue;
+    StepWorkQueue workQueue;
+    LauncherSettings settings{defaults, loginItem, notifications};
+    RecentAppsStore recents{defaults};
+    AppCatalog catalog{{fileManager, workQueue, mainQueue}, {u"/apps"_qs}};
+    AppLauncher launcher{workspace, recents};
+    LauncherCommands commands;
+    LauncherPresentationState presentation;
+    RingComposition::OwnBundle own{u"org.tavik.Launcher"_qs, u"/apps/own.desktop"_qs};
+};
+
+inline QString names(const QList<IndexedApp>& apps)
+{
+    QStringList list;
+    for (const IndexedApp& app : apps) {
+        list << app.name();
+    }
+    return list.join(u' ');
+}
+
+} // namespace Tavik::Test

@@ -47,10 +47,11 @@ replaceFile(const QString& path, const QByteArray& contents, QFileDevice::Permis
     if (!makeFolder(existing.absolutePath())) {
         return u"The folder %1 cannot be made"_s.arg(existing.absolutePath());
     }
-    // Writes beside the target, then flushes, then renames.
+    // Writes beside the target, syncs, then renames. In Qt 6.4 the commit overlooks that the last
+    // of the buffer found no room on the disk, and would put a shortened file in place.
     QSaveFile file(target);
     const bool isWritten = file.open(QIODevice::WriteOnly) && file.setPermissions(permissions)
-        && file.write(contents) == contents.size() && file.commit();
+        && file.write(contents) == contents.size() && file.flush() && file.commit();
     return isWritten ? std::nullopt : std::optional(file.errorString());
 }
 

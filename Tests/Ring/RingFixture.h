@@ -9,6 +9,8 @@
 #include <TavikLauncher/Ring/RingComposition.h>
 #include <TavikLauncher/Settings/LauncherSettings.h>
 
+#include <QTemporaryDir>
+
 #include <Support/FakeFileManager.h>
 #include <Support/FakeLoginItem.h>
 #include <Support/FakeWorkspace.h>
@@ -16,9 +18,9 @@
 #include <Support/StepWorkQueue.h>
 #include <Support/VirtualMainQueue.h>
 
-#include <QTemporaryDir>
-
 namespace Tavik::Test {
+
+using namespace Qt::StringLiterals;
 
 /// A desktop of fakes around a ring: five catalogued applications named A to E, nothing running.
 struct RingFixture
@@ -26,7 +28,7 @@ struct RingFixture
     RingFixture()
     {
         fileManager.support.path = home.path();
-        for (const QString& name : {u"A"_qs, u"B"_qs, u"C"_qs, u"D"_qs, u"E"_qs}) {
+        for (const QString& name : {u"A"_s, u"B"_s, u"C"_s, u"D"_s, u"E"_s}) {
             install(path(name), name);
         }
         walk();
@@ -34,7 +36,7 @@ struct RingFixture
 
     [[nodiscard]] static QString path(const QString& name)
     {
-        return u"/apps/%1.desktop"_qs.arg(name);
+        return u"/apps/%1.desktop"_s.arg(name);
     }
 
     /// Puts an application on the disk; it is catalogued at the next `walk`.
@@ -43,7 +45,7 @@ struct RingFixture
         Bundle bundle;
         bundle.kind = Bundle::Kind::desktopEntry;
         bundle.name = name;
-        bundle.identifier = u"id."_qs + name;
+        bundle.identifier = u"id."_s + name;
         fileManager.bundles.insert(path, bundle);
         fileManager.items[folder] << DirectoryItem{.path = path};
     }
@@ -54,7 +56,7 @@ struct RingFixture
     }
 
     QTemporaryDir home;
-    QString folder = u"/apps"_qs;
+    QString folder = u"/apps"_s;
     MemoryUserDefaults defaults;
     FakeLoginItem loginItem;
     NotificationCenter notifications;
@@ -64,11 +66,11 @@ struct RingFixture
     StepWorkQueue workQueue;
     LauncherSettings settings{defaults, loginItem, notifications};
     RecentAppsStore recents{defaults};
-    AppCatalog catalog{{fileManager, workQueue, mainQueue}, {u"/apps"_qs}};
+    AppCatalog catalog{{fileManager, workQueue, mainQueue}, {u"/apps"_s}};
     AppLauncher launcher{workspace, recents};
     LauncherCommands commands;
     LauncherPresentationState presentation;
-    RingComposition::OwnBundle own{u"org.tavik.Launcher"_qs, u"/apps/own.desktop"_qs};
+    RingComposition::OwnBundle own{u"org.tavik.Launcher"_s, u"/apps/own.desktop"_s};
 };
 
 inline QString names(const QList<IndexedApp>& apps)

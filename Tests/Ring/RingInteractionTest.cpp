@@ -7,6 +7,7 @@
 #include <QTest>
 
 using namespace Tavik;
+using namespace Qt::StringLiterals;
 using namespace Tavik::Test;
 
 namespace {
@@ -16,7 +17,7 @@ struct Interacting : RingFixture
 {
     Interacting()
     {
-        for (const QString& name : {u"A"_qs, u"B"_qs, u"C"_qs, u"D"_qs, u"E"_qs}) {
+        for (const QString& name : {u"A"_s, u"B"_s, u"C"_s, u"D"_s, u"E"_s}) {
             workspace.launch(path(name));
         }
         settings.showsLaunchHints.set(false);
@@ -82,15 +83,15 @@ private Q_SLOTS:
         Interacting fixture;
         fixture.commands.moveSelectionRight();
         fixture.commands.activate();
-        QCOMPARE(fixture.workspace.opened, QStringList{fixture.path(u"B"_qs)});
+        QCOMPARE(fixture.workspace.opened, QStringList{fixture.path(u"B"_s)});
         QCOMPARE(fixture.closes, 1);
-        QCOMPARE(fixture.recents.recentPaths(), QStringList{fixture.path(u"B"_qs)});
+        QCOMPARE(fixture.recents.recentPaths(), QStringList{fixture.path(u"B"_s)});
     }
 
     void returnOnAnEmptyRingDoesNothing()
     {
         Interacting fixture;
-        fixture.type(u"zzz"_qs);
+        fixture.type(u"zzz"_s);
         QVERIFY(fixture.ring.ringApps().isEmpty());
         QCOMPARE(fixture.ring.selectedIndex(), 0);
         fixture.commands.activate();
@@ -106,23 +107,23 @@ private Q_SLOTS:
         QCOMPARE(fixture.closes, 0);
         fixture.commands.moveSelectionRight();
         fixture.commands.quickLaunchAtIndex(1);
-        QCOMPARE(fixture.workspace.opened, QStringList{fixture.path(u"A"_qs)});
+        QCOMPARE(fixture.workspace.opened, QStringList{fixture.path(u"A"_s)});
     }
 
     void typingFiltersAtOnceAndDeletingRestores()
     {
         Interacting fixture;
         fixture.commands.moveSelectionRight();
-        fixture.type(u"c"_qs);
-        QCOMPARE(names(fixture.ring.ringApps()), u"C"_qs);
-        QCOMPARE(fixture.ring.debouncedQuery(), u"c"_qs);
+        fixture.type(u"c"_s);
+        QCOMPARE(names(fixture.ring.ringApps()), u"C"_s);
+        QCOMPARE(fixture.ring.debouncedQuery(), u"c"_s);
         QCOMPARE(fixture.ring.selectedIndex(), 0);
         QVERIFY(fixture.ring.isPinnedForSearch());
         QCOMPARE(fixture.pins, 1);
 
         fixture.commands.deleteBackward();
         QCOMPARE(fixture.ring.query(), QString());
-        QCOMPARE(names(fixture.ring.ringApps()), u"A B C D E"_qs);
+        QCOMPARE(names(fixture.ring.ringApps()), u"A B C D E"_s);
         QVERIFY(fixture.ring.isPinnedForSearch());
         QCOMPARE(fixture.pins, 2);
         fixture.commands.deleteBackward();
@@ -132,13 +133,13 @@ private Q_SLOTS:
     void deletingTakesAWholeCharacter()
     {
         Interacting fixture;
-        fixture.type(u"a"_qs);
-        fixture.type(u"e\u0301"_qs);
-        fixture.type(u"👨‍👩‍👧"_qs);
+        fixture.type(u"a"_s);
+        fixture.type(u"e\u0301"_s);
+        fixture.type(u"👨‍👩‍👧"_s);
         fixture.commands.deleteBackward();
-        QCOMPARE(fixture.ring.query(), u"ae\u0301"_qs);
+        QCOMPARE(fixture.ring.query(), u"ae\u0301"_s);
         fixture.commands.deleteBackward();
-        QCOMPARE(fixture.ring.query(), u"a"_qs);
+        QCOMPARE(fixture.ring.query(), u"a"_s);
     }
 
     void fieldEditsFilterOnceAfterAPause()
@@ -146,18 +147,18 @@ private Q_SLOTS:
         Interacting fixture;
         fixture.commands.moveSelectionRight();
         QSignalSpy refreshed(&fixture.ring, &RingInteraction::ringChanged);
-        fixture.ring.editQuery(u"d"_qs);
+        fixture.ring.editQuery(u"d"_s);
         fixture.mainQueue.advance(0.1);
-        fixture.ring.editQuery(u"e"_qs);
+        fixture.ring.editQuery(u"e"_s);
         fixture.mainQueue.advance(0.11);
         QCOMPARE(refreshed.count(), 0);
         QVERIFY(fixture.ring.isPinnedForSearch());
         fixture.mainQueue.advance(0.02);
         QCOMPARE(refreshed.count(), 1);
-        QCOMPARE(names(fixture.ring.ringApps()), u"E"_qs);
+        QCOMPARE(names(fixture.ring.ringApps()), u"E"_s);
         QCOMPARE(fixture.ring.selectedIndex(), 0);
 
-        fixture.ring.editQuery(u"x"_qs);
+        fixture.ring.editQuery(u"x"_s);
         fixture.ring.prepareForShow(true);
         fixture.mainQueue.advance(1);
         QCOMPARE(fixture.ring.debouncedQuery(), QString());
@@ -190,19 +191,19 @@ private Q_SLOTS:
         Interacting fixture;
         fixture.commands.moveSelectionLeft();
         fixture.workspace.running.removeLast();
-        fixture.workspace.center.post(Workspace::didTerminateApplication, fixture.path(u"E"_qs));
-        QCOMPARE(names(fixture.ring.ringApps()), u"A B C D"_qs);
+        fixture.workspace.center.post(Workspace::didTerminateApplication, fixture.path(u"E"_s));
+        QCOMPARE(names(fixture.ring.ringApps()), u"A B C D"_s);
         QCOMPARE(fixture.ring.selectedIndex(), 3);
 
         fixture.settings.maxVisibleApps.set(2);
-        QCOMPARE(names(fixture.ring.ringApps()), u"A B"_qs);
+        QCOMPARE(names(fixture.ring.ringApps()), u"A B"_s);
         fixture.settings.maxVisibleApps.set(15);
-        fixture.fileManager.bundles[fixture.path(u"A"_qs)].name = u"Renamed"_qs;
+        fixture.fileManager.bundles[fixture.path(u"A"_s)].name = u"Renamed"_s;
         fixture.walk();
-        QCOMPARE(names(fixture.ring.ringApps()), u"Renamed B C D"_qs);
+        QCOMPARE(names(fixture.ring.ringApps()), u"Renamed B C D"_s);
 
         QSignalSpy refreshed(&fixture.ring, &RingInteraction::ringChanged);
-        fixture.workspace.center.post(Workspace::didActivateApplication, fixture.path(u"A"_qs));
+        fixture.workspace.center.post(Workspace::didActivateApplication, fixture.path(u"A"_s));
         fixture.settings.ringOpacity.set(0.5);
         QCOMPARE(refreshed.count(), 0);
     }
@@ -210,10 +211,10 @@ private Q_SLOTS:
     void prepareForShowForgetsTheLastSummon()
     {
         Interacting fixture;
-        fixture.type(u"b"_qs);
+        fixture.type(u"b"_s);
         fixture.commands.prepareForShow(true);
         QCOMPARE(fixture.ring.query(), QString());
-        QCOMPARE(names(fixture.ring.ringApps()), u"A B C D E"_qs);
+        QCOMPARE(names(fixture.ring.ringApps()), u"A B C D E"_s);
         QVERIFY(!fixture.ring.isPinnedForSearch());
         QVERIFY(!fixture.ring.hasActiveSelection());
         QCOMPARE(fixture.ring.highlightedAngleDegrees(), -90.0);
@@ -237,7 +238,7 @@ private Q_SLOTS:
         QVERIFY(fixture.ring.launchHint());
         fixture.commands.prepareForShow(false);
         QVERIFY(!fixture.ring.launchHint());
-        QCOMPARE(fixture.defaults.values.value(u"LauncherSettings.ringLaunchCount"_qs),
+        QCOMPARE(fixture.defaults.values.value(u"LauncherSettings.ringLaunchCount"_s),
                  QVariant(5LL));
     }
 
@@ -250,7 +251,7 @@ private Q_SLOTS:
         QVERIFY(!fixture.commands.activate);
         QVERIFY(!fixture.commands.prepareForShow);
         QSignalSpy refreshed(&fixture.ring, &RingInteraction::ringChanged);
-        fixture.workspace.launch(fixture.path(u"A"_qs));
+        fixture.workspace.launch(fixture.path(u"A"_s));
         QCOMPARE(refreshed.count(), 0);
     }
 };

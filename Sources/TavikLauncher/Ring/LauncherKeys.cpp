@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Ring/LauncherCommands.h>
+#include <TavikLauncher/Ring/LauncherKeys.h>
 
 #include <QList>
-#include <TavikLauncher/Ring/LauncherKeys.h>
 
 #include <algorithm>
 #include <array>

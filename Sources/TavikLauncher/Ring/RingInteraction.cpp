@@ -17,6 +17,8 @@
 
 namespace Tavik {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double debounceSeconds = 0.12;
@@ -27,14 +29,14 @@ constexpr double topDegrees = -90.0;
 bool shapesTheRing(const QString& property)
 {
     static const QSet<QString> names{
-        u"ringDiameter"_qs,
-        u"ringThickness"_qs,
-        u"iconSize"_qs,
-        u"maxVisibleApps"_qs,
-        u"searchesAllApps"_qs,
-        u"fillsRingWithRecentApps"_qs,
-        u"permanentAppPaths"_qs,
-        u"pinnedPermanentAppPaths"_qs,
+        u"ringDiameter"_s,
+        u"ringThickness"_s,
+        u"iconSize"_s,
+        u"maxVisibleApps"_s,
+        u"searchesAllApps"_s,
+        u"fillsRingWithRecentApps"_s,
+        u"permanentAppPaths"_s,
+        u"pinnedPermanentAppPaths"_s,
     };
     return names.contains(property);
 }

@@ -10,12 +10,14 @@
 
 namespace Tavik {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Our own application id, and the identifier of our desktop entry.
 const QString& ownIdentifier()
 {
-    static const QString identifier = u"org.tavik.Launcher"_qs;
+    static const QString identifier = u"org.tavik.Launcher"_s;
     return identifier;
 }
 

@@ -8,6 +8,8 @@
 
 namespace Tavik {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int usageError = 2;
@@ -29,11 +31,11 @@ QString usage()
 {
     QString text
         = u"Usage: tavik-launcher [option]\n\nWithout an option: start the launcher, or show "
-          u"the ring of the one that runs.\n\n"_qs;
+          u"the ring of the one that runs.\n\n"_s;
     for (const Option& option : options) {
-        text += u"  %1 %2\n"_qs.arg(QStringView(option.name), -12).arg(QStringView(option.help));
+        text += u"  %1 %2\n"_s.arg(QStringView(option.name), -12).arg(QStringView(option.help));
     }
-    return text + u"  --version    print the version\n  --help       print this text\n"_qs;
+    return text + u"  --version    print the version\n  --help       print this text\n"_s;
 }
 
 } // namespace
@@ -44,7 +46,7 @@ CommandLine CommandLine::parse(const QStringList& arguments)
         return {};
     }
     if (arguments.size() > 1) {
-        return {.answer = u"tavik-launcher: one option at a time\n"_qs + usage(),
+        return {.answer = u"tavik-launcher: one option at a time\n"_s + usage(),
                 .exitCode = usageError};
     }
     const QString& argument = arguments.front();
@@ -52,7 +54,7 @@ CommandLine CommandLine::parse(const QStringList& arguments)
         return {.answer = usage()};
     }
     if (argument == u"--version") {
-        return {.answer = u"tavik-launcher %1\n"_qs.arg(QStringLiteral(TAVIK_VERSION))};
+        return {.answer = u"tavik-launcher %1\n"_s.arg(QStringLiteral(TAVIK_VERSION))};
     }
     const auto found = std::ranges::find_if(options, [&argument](const Option& option) {
         return argument == QStringView(option.name);
@@ -60,7 +62,7 @@ CommandLine CommandLine::parse(const QStringList& arguments)
     if (found != options.end()) {
         return {.action = found->action};
     }
-    return {.answer = u"tavik-launcher: unknown option %1\n"_qs.arg(argument) + usage(),
+    return {.answer = u"tavik-launcher: unknown option %1\n"_s.arg(argument) + usage(),
             .exitCode = usageError};
 }
 

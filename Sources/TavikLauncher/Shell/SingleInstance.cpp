@@ -14,6 +14,8 @@
 
 namespace Tavik {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 Q_LOGGING_CATEGORY(log, "tavik.shell")
@@ -70,7 +72,7 @@ public Q_SLOTS:
         }
         message.setDelayedReply(true);
         QDBusConnection::sessionBus().send(
-            message.createErrorReply(QDBusError::InvalidArgs, u"No such action"_qs));
+            message.createErrorReply(QDBusError::InvalidArgs, u"No such action"_s));
     }
 
 private:
@@ -120,7 +122,7 @@ bool SingleInstance::forward(AppAction action)
         = QDBusMessage::createMethodCall(latin1(serviceName),
                                          latin1(objectPath),
                                          latin1(interfaceName),
-                                         isNamed ? u"ActivateAction"_qs : u"Activate"_qs);
+                                         isNamed ? u"ActivateAction"_s : u"Activate"_s);
     // Only who runs is asked; nobody is to be started by the bus.
     call.setAutoStartService(false);
     if (isNamed) {

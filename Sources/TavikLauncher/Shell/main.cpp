@@ -11,6 +11,7 @@
 #include <cstdio>
 
 using namespace Tavik;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -47,9 +48,9 @@ int run(int argc, char** argv, AppAction action)
 {
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication application(argc, argv);
-    QApplication::setApplicationName(u"TavikLauncher"_qs);
-    QApplication::setApplicationDisplayName(u"Tavik Launcher"_qs);
-    QApplication::setDesktopFileName(u"org.tavik.Launcher"_qs);
+    QApplication::setApplicationName(u"TavikLauncher"_s);
+    QApplication::setApplicationDisplayName(u"Tavik Launcher"_s);
+    QApplication::setDesktopFileName(u"org.tavik.Launcher"_s);
 
     SingleInstance instance;
     if (instance.claim() == SingleInstance::Claim::taken) {
@@ -82,7 +83,7 @@ int main(int argc, char** argv)
         return 0;
     }
     if (needsRunningInstance(action)) {
-        print(stderr, u"tavik-launcher: no launcher is running\n"_qs);
+        print(stderr, u"tavik-launcher: no launcher is running\n"_s);
         return notRunning;
     }
     return run(argc, argv, action);

@@ -6,6 +6,8 @@
 
 namespace Tavik {
 
+using namespace Qt::StringLiterals;
+
 FilterField::FilterField(QWidget* parent)
     : QLineEdit(parent)
 {
@@ -14,8 +16,8 @@ FilterField::FilterField(QWidget* parent)
     setContextMenuPolicy(Qt::NoContextMenu);
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setAttribute(Qt::WA_OpaquePaintEvent, false);
-    setPlaceholderText(u"Type to filter…"_qs);
-    setAccessibleName(u"Filter"_qs);
+    setPlaceholderText(u"Type to filter…"_s);
+    setAccessibleName(u"Filter"_s);
 }
 
 void FilterField::paintEvent(QPaintEvent*)

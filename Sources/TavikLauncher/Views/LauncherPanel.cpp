@@ -16,6 +16,8 @@
 
 namespace Tavik {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double focusWatchSeconds = 0.2;
@@ -86,7 +88,7 @@ LauncherPanel::LauncherPanel(const Dependencies& dependencies,
     , m_ring(ring.release())
 {
     m_ring->setParent(this);
-    setWindowTitle(u"Tavik Launcher"_qs);
+    setWindowTitle(u"Tavik Launcher"_s);
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_QuitOnClose, false);
     setFocusProxy(m_ring);
@@ -146,7 +148,6 @@ void LauncherPanel::orderFrontRegardless()
     setAttribute(Qt::WA_ShowWithoutActivating, !m_activates);
     m_dependencies.windowServer.preparePanel(winId());
     show();
-    raise();
 }
 
 void LauncherPanel::makeKeyAndOrderFront()

@@ -19,6 +19,8 @@
 
 namespace Tavik {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double frameSeconds = 1.0 / 120.0;
@@ -42,7 +44,7 @@ RadialLauncherView::RadialLauncherView(const Dependencies& dependencies, QWidget
 {
     setMouseTracking(true);
     setFocusProxy(m_filterField);
-    setAccessibleName(u"Tavik Launcher"_qs);
+    setAccessibleName(u"Tavik Launcher"_s);
     connectInteraction();
     connectSurroundings();
     m_interaction.appear();
@@ -147,10 +149,10 @@ RingCenter RadialLauncherView::centerTexts() const
     const QList<IndexedApp>& apps = m_interaction.ringApps();
     RingCenter center;
     center.query = m_interaction.query() + m_filterField->preedit();
-    center.hint = u"Type to filter..."_qs;
+    center.hint = u"Type to filter..."_s;
     center.fieldOpacity = center.query.isEmpty() ? m_fieldOpacity : 1.0;
     if (m_interaction.isPinnedForSearch()) {
-        center.indicator = center.query.isEmpty() ? u"Pinned"_qs : u"Search mode"_qs;
+        center.indicator = center.query.isEmpty() ? u"Pinned"_s : u"Search mode"_s;
     }
     if (m_dependencies.ring.settings.showsAppNames() && m_interaction.hasActiveSelection()
         && m_interaction.selectedIndex() < apps.size()) {
@@ -160,7 +162,7 @@ RingCenter RadialLauncherView::centerTexts() const
         if (m_interaction.isIndexing()) {
             center.spinnerStep = static_cast<int>(m_spinnerTurns * 12) % 12;
         } else {
-            center.message = u"No matches"_qs;
+            center.message = u"No matches"_s;
         }
     }
     center.launchHint = m_interaction.launchHint().value_or(QString());

@@ -12,6 +12,8 @@
 
 namespace Tavik::RingAccessibility {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A part of the ring that is no widget: it lives as long as the ring's own interface.
@@ -66,7 +68,7 @@ public:
             return shown->name();
         }
         const bool runs = view().interaction().isRunning(*shown);
-        return kind == QAccessible::Description && runs ? u"running"_qs : QString();
+        return kind == QAccessible::Description && runs ? u"running"_s : QString();
     }
     [[nodiscard]] QAccessible::State state() const override
     {

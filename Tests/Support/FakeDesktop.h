@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncherPlatform/DesktopAppearance.h>
+#include <TavikLauncherPlatform/IconDecoder.h>
+#include <TavikLauncherPlatform/Screens.h>
+
+namespace Tavik::Test {
+
+class FakeAppearance final : public DesktopAppearance
+{
+public:
+    [[nodiscard]] bool reducesMotion() const override { return reduced; }
+
+    bool reduced = false;
+};
+
+class FakeScreens final : public Screens
+{
+public:
+    [[nodiscard]] QList<Screen> all() const override { return screens; }
+    [[nodiscard]] std::optional<Screen> main() const override
+    {
+        return screens.isEmpty() ? std::nullopt : std::optional(screens.at(mainIndex));
+    }
+    [[nodiscard]] QPointF mouseLocation() const override { return pointer; }
+
+    QList<Screen> screens{{QRectF(0, 0, 1920, 1080), QRectF(0, 0, 1920, 1040)}};
+    int mainIndex = 0;
+    QPointF pointer{960, 540};
+};
+
+/// Every icon is a filled square in the colour that its source names.
+class ColorIconDecoder final : public IconDecoder
+{
+public:
+    [[nodiscard]] QImage decode(const AppIcon& icon, int side, double) const override
+    {
+        QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+        image.fill(icon.source.isEmpty() ? QColor(Qt::gray) : QColor(icon.source));
+        return image;
+    }
+};
+
+} // namespace Tavik::Test

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncherPlatform/WindowServer.h>
+
+#include <QStringList>
+
+namespace Tavik::Test {
+
+/// A window system of answers; records what the panel asked for.
+class FakeWindowServer final : public WindowServer
+{
+public:
+    void preparePanel(WId) override { calls << QStringLiteral("prepare"); }
+    void takeKeyboardFocus(WId) override { calls << QStringLiteral("take focus"); }
+    void returnKeyboardFocus(WId) override { calls << QStringLiteral("return focus"); }
+    [[nodiscard]] bool hasKeyboardFocus(WId) const override { return hasFocus; }
+    [[nodiscard]] bool isOnScreen(WId) const override { return onScreen; }
+    [[nodiscard]] bool isCompositing() const override { return compositing; }
+
+    QStringList calls;
+    bool hasFocus = true;
+    bool onScreen = true;
+    bool compositing = true;
+};
+
+} // namespace Tavik::Test

@@ -11,7 +11,7 @@ namespace {
 
 /// In the order of X11Atom, without the last one, whose name holds the screen's number.
 constexpr auto atomNames = std::to_array<const char*>({
-    "UTF8_STRING",
+    "WM_STATE",
     "_NET_ACTIVE_WINDOW",
     "_NET_CLIENT_LIST",
     "_NET_CLIENT_LIST_STACKING",
@@ -22,6 +22,7 @@ constexpr auto atomNames = std::to_array<const char*>({
     "_NET_WM_STATE_ABOVE",
     "_NET_WM_STATE_SKIP_PAGER",
     "_NET_WM_STATE_SKIP_TASKBAR",
+    "_NET_WM_STATE_STICKY",
     "_NET_WM_STRUT",
     "_NET_WM_STRUT_PARTIAL",
     "_NET_WM_USER_TIME",

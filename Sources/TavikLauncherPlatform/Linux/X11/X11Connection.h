@@ -17,7 +17,7 @@ struct X11Freed
 template <typename T> using X11Reply = std::unique_ptr<T, X11Freed>;
 
 enum class X11Atom : std::size_t {
-    utf8String,
+    wmState,
     netActiveWindow,
     netClientList,
     netClientListStacking,
@@ -28,6 +28,7 @@ enum class X11Atom : std::size_t {
     netWmStateAbove,
     netWmStateSkipPager,
     netWmStateSkipTaskbar,
+    netWmStateSticky,
     netWmStrut,
     netWmStrutPartial,
     netWmUserTime,

@@ -180,6 +180,17 @@ facts(xcb_connection_t* connection, const X11Atoms& atoms, const QList<xcb_windo
     return result;
 }
 
+QList<uint32_t> numbers(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property)
+{
+    const PropertyReply reply(xcb_get_property_reply(
+        connection,
+        xcb_get_property(
+            connection, 0, window, property, XCB_GET_PROPERTY_TYPE_ANY, 0, mostNumbers),
+        nullptr));
+    const auto values = reply ? numbersOf(reply, reply->type) : std::span<const uint32_t>();
+    return {values.begin(), values.end()};
+}
+
 QList<xcb_window_t> windowList(xcb_connection_t* connection, xcb_window_t root, xcb_atom_t property)
 {
     const PropertyReply reply(xcb_get_property_reply(

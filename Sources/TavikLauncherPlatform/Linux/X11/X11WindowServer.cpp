@@ -5,6 +5,8 @@
 #include <QRegion>
 
 #include <algorithm>
+#include <chrono>
+#include <thread>
 #include <utility>
 
 #include <xcb/xfixes.h>
@@ -18,6 +20,9 @@ constexpr uint32_t allDesktops = 0xffffffff;
 constexpr uint32_t sourcePager = 2;
 /// How long a window manager may take to focus another window after ours has gone.
 constexpr double returnSeconds = 0.1;
+constexpr int withdrawalAttempts = 40;
+constexpr std::chrono::milliseconds withdrawalInterval {1};
+constexpr uint32_t withdrawnState = 0;
 constexpr int deepestTree = 32;
 constexpr uint8_t opaqueDepth = 24;
 
@@ -44,11 +49,14 @@ X11WindowServer::X11WindowServer(xcb_connection_t* toolkit, MainQueue& mainQueue
 void X11WindowServer::preparePanel(WId window)
 {
     const auto panel = static_cast<xcb_window_t>(window);
-    // The window manager forgets both when the window goes, and the toolkit adds its own states to
-    // what it finds.
-    const std::array<xcb_atom_t, 3> states{m_atoms[X11Atom::netWmStateAbove],
+    awaitWithdrawal(panel);
+    // The window manager forgets all this when the window goes, and the toolkit adds its own states
+    // to what it finds. "Sticky" says the same as the desktop number, which some take for the last
+    // desktop.
+    const std::array<xcb_atom_t, 4> states{m_atoms[X11Atom::netWmStateAbove],
                                            m_atoms[X11Atom::netWmStateSkipTaskbar],
-                                           m_atoms[X11Atom::netWmStateSkipPager]};
+                                           m_atoms[X11Atom::netWmStateSkipPager],
+                                            m_atoms[X11Atom::netWmStateSticky]};
     xcb_change_property(m_toolkit,
                         XCB_PROP_MODE_REPLACE,
                         panel,
@@ -74,6 +82,21 @@ void X11WindowServer::preparePanel(WId window)
             m_connection.get(), m_connection.root(), m_atoms[X11Atom::netActiveWindow]);
     }
     m_pump.drainSoon();
+}
+
+void X11WindowServer::awaitWithdrawal(xcb_window_t panel) const
+{
+    // A window that is shown again at once would lose its marks to the window manager that still
+    // puts away the old ones (ICCCM, 4.1.4). Normally there is nothing to wait for.
+    static_cast<void>(focusedWindow(m_toolkit));
+    for (int attempt = 0; attempt < withdrawalAttempts; ++attempt) {
+        const QList<uint32_t> state = X11Properties::numbers(
+            m_connection.get(), panel, m_atoms[X11Atom::wmState]);
+        if (state.isEmpty() || state.constFirst() == withdrawnState) {
+            return;
+        }
+        std::this_thread::sleep_for(withdrawalInterval);
+    }
 }
 
 void X11WindowServer::takeKeyboardFocus(WId window)
@@ -280,7 +303,16 @@ std::vector<xcb_window_t> X11WindowServer::windowsAbove(xcb_window_t topLevel) c
     const xcb_window_t* children = xcb_query_tree_children(tree.get());
     const xcb_window_t* end = children + xcb_query_tree_children_length(tree.get());
     const xcb_window_t* self = std::find(children, end, topLevel);
-    return self == end ? std::vector<xcb_window_t>() : std::vector<xcb_window_t>(self + 1, end);
+    if (self == end) {
+        return {};
+    }
+    // A window of the server's own is the overlay that a compositor paints everything into.
+    const uint32_t ownMask = ~xcb_get_setup(m_connection.get())->resource_id_mask;
+    std::vector<xcb_window_t> above;
+    std::copy_if(self + 1, end, std::back_inserter(above), [ownMask](xcb_window_t window) {
+        return (window & ownMask) != 0;
+    });
+    return above;
 }
 
 } // namespace Tavik

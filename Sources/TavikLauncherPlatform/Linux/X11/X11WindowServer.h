@@ -38,6 +38,7 @@ private:
     [[nodiscard]] bool isWithin(xcb_window_t window, xcb_window_t ancestor) const;
     [[nodiscard]] bool isCovered(xcb_window_t window) const;
     [[nodiscard]] std::vector<xcb_window_t> windowsAbove(xcb_window_t topLevel) const;
+    void awaitWithdrawal(xcb_window_t panel) const;
     void finishReturn();
 
     xcb_connection_t* m_toolkit;

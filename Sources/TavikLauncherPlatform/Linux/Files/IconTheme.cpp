@@ -117,12 +117,12 @@ IconTheme::Directories IconTheme::existing(const Directories& described,
 
 double IconTheme::cost(const IconThemeIndex::Directory& directory, bool isVector, Size size)
 {
-    // Comparisons are in points, as themes draw for a size and a scale; distances in pixels.
-    constexpr double scaledDown = 1; // Above an exact match, below everything further away.
-    constexpr double scaledUp = 10'000; // Any sharp picture is better.
+    // In device pixels. An exact picture is best, then one made smaller, then a vector drawn at the
+    // size: themes draw their sizes with care, and the toolkit knows only plain vector pictures.
+    constexpr double notExact = 1;
+    constexpr double enlarged = 10'000; // Any sharp picture is better.
     const double points = size.side / size.scale;
-    const double nominal = static_cast<double>(directory.size) * directory.scale;
-    const double distance = nominal - size.side;
+    const double distance = static_cast<double>(directory.size) * directory.scale - size.side;
     const bool isForScale = directory.scale == static_cast<int>(std::lround(size.scale));
     const bool isInRange = points >= directory.minSize && points <= directory.maxSize;
     const double otherScale = isForScale ? 0 : 0.5;
@@ -130,12 +130,12 @@ double IconTheme::cost(const IconThemeIndex::Directory& directory, bool isVector
         return otherScale;
     }
     if (isVector && directory.isScalable && isInRange) {
-        return scaledDown + otherScale;
+        return notExact + std::min<double>(std::abs(distance), size.side) + otherScale;
     }
     if (distance > 0) {
-        return scaledDown + distance + otherScale;
+        return notExact + distance + otherScale;
     }
-    return (isVector ? 2 * scaledDown - 2 * distance : scaledUp - distance) + otherScale;
+    return notExact + otherScale + (isVector ? size.side - distance : enlarged - distance);
 }
 
 QList<IconTheme::Candidate> IconTheme::candidates(const Directories& directories, Size size)

@@ -224,13 +224,15 @@ void LauncherPanelController::checkLauncherComposited(int attempt)
 
 void LauncherPanelController::checkPreviewComposited(int attempt)
 {
-    if (!isVisible() || m_panel->isComposited() || attempt >= previewCheckAttempts) {
-        m_ensureCompositedTask.cancel();
+    m_ensureCompositedTask.cancel();
+    if (!isVisible() || m_panel->isComposited()) {
         return;
     }
     m_panel->orderFrontRegardless();
-    m_ensureCompositedTask = m_dependencies.mainQueue.after(
-        previewCheckSeconds, [this, attempt] { checkPreviewComposited(attempt + 1); });
+    if (attempt < previewCheckAttempts) {
+        m_ensureCompositedTask = m_dependencies.mainQueue.after(
+            previewCheckSeconds, [this, attempt] { checkPreviewComposited(attempt + 1); });
+    }
 }
 
 void LauncherPanelController::hide()

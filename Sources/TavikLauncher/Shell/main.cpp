@@ -3,6 +3,7 @@
 #include <TavikLauncher/Shell/CommandLine.h>
 #include <TavikLauncher/Views/RingAccessibility.h>
 #include <TavikLauncherPlatform/Platform.h>
+#include <TavikLauncherPlatform/TerminationSignals.h>
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -66,6 +67,7 @@ int run(int argc, char** argv, AppAction action)
     if (action != AppAction::activate) {
         platform->mainQueue->post([&delegate, action] { delegate.perform(action); });
     }
+    const TerminationSignals signals([] { QCoreApplication::quit(); });
     return QApplication::exec();
 }
 

@@ -25,8 +25,6 @@ namespace {
 
 constexpr double frameSeconds = 1.0 / 120.0;
 constexpr double selectedIconScale = 1.08;
-constexpr double fieldShownSeconds = 4.0;
-constexpr double fieldFadeSeconds = 0.35;
 constexpr double spinnerTurnSeconds = 1.0;
 constexpr double renderAheadDelay = 0.03;
 constexpr int catalogHead = 24;
@@ -41,6 +39,7 @@ RadialLauncherView::RadialLauncherView(const Dependencies& dependencies, QWidget
     , m_icons(m_sprites, dependencies.workQueue)
     , m_interaction(dependencies.ring, dependencies.ownBundle, dependencies.onClose)
     , m_filterField(new FilterField(this))
+    , m_fieldFade(dependencies.ring.mainQueue, [this] { startFrames(); })
 {
     setMouseTracking(true);
     setFocusProxy(m_filterField);
@@ -150,7 +149,7 @@ RingCenter RadialLauncherView::centerTexts() const
     RingCenter center;
     center.query = m_interaction.query() + m_filterField->preedit();
     center.hint = u"Type to filter..."_s;
-    center.fieldOpacity = center.query.isEmpty() ? m_fieldOpacity : 1.0;
+    center.fieldOpacity = center.query.isEmpty() ? m_fieldFade.opacity() : 1.0;
     if (m_interaction.isPinnedForSearch()) {
         center.indicator = center.query.isEmpty() ? u"Pinned"_s : u"Search mode"_s;
     }
@@ -177,31 +176,6 @@ QRect RadialLauncherView::slotRect(int slot)
     return QRectF(center.x() - side / 2, center.y() - side / 2, side, side).toAlignedRect();
 }
 
-const QImage& RadialLauncherView::band(const RingScene& scene)
-{
-    RingScene wanted;
-    wanted.geometry = scene.geometry;
-    wanted.geometry.slotCount = 0;
-    wanted.style = scene.style;
-    wanted.diameter = scene.diameter;
-    wanted.devicePixelRatio = scene.devicePixelRatio;
-    wanted.isOpaque = scene.isOpaque;
-    if (m_band.isNull() || !(wanted == m_bandScene)) {
-        m_band = RingPainter::bandImage(wanted);
-        m_bandScene = wanted;
-    }
-    return m_band;
-}
-
-const QImage& RadialLauncherView::wholeRing(const RingScene& scene)
-{
-    if (m_wholeRing.isNull() || !(scene == m_wholeRingScene)) {
-        m_wholeRing = RingPainter::ringImage(scene, band(scene));
-        m_wholeRingScene = scene;
-    }
-    return m_wholeRing;
-}
-
 void RadialLauncherView::paintEvent(QPaintEvent* event)
 {
     const RingScene now = scene();
@@ -210,7 +184,7 @@ void RadialLauncherView::paintEvent(QPaintEvent* event)
     const bool isInFlight = presentation.scale() != 1.0 || presentation.opacity() != 1.0;
     if (!isInFlight || now.isOpaque) {
         // Without blending there is no fading and no shape in flight: the ring stands at once.
-        RingPainter::paint(painter, now, band(now), event->rect());
+        RingPainter::paint(painter, now, m_images.band(now), event->rect());
         return;
     }
     const QPointF middle = QPointF(width(), height()) / 2;
@@ -219,13 +193,13 @@ void RadialLauncherView::paintEvent(QPaintEvent* event)
     painter.translate(middle);
     painter.scale(presentation.scale(), presentation.scale());
     painter.translate(-middle);
-    painter.drawImage(QPointF(0, 0), wholeRing(now));
+    painter.drawImage(QPointF(0, 0), m_images.wholeRing(now));
 }
 
 void RadialLauncherView::renderAhead()
 {
     const RingScene next = scene();
-    static_cast<void>(wholeRing(next));
+    static_cast<void>(m_images.wholeRing(next));
     updateShape();
 }
 
@@ -335,16 +309,12 @@ void RadialLauncherView::stepFrame()
 
     const RingScene before = scene();
     const bool turns = m_motion.advance(seconds);
-    const double fade = seconds / fieldFadeSeconds;
-    m_fieldOpacity = m_fieldOpacity < m_fieldOpacityTarget
-        ? std::min(m_fieldOpacity + fade, m_fieldOpacityTarget)
-        : std::max(m_fieldOpacity - fade, m_fieldOpacityTarget);
+    m_fieldFade.advance(seconds);
     const bool spins = before.center.spinnerStep >= 0;
     m_spinnerTurns = spins ? m_spinnerTurns + seconds / spinnerTurnSeconds : 0;
 
     repaintHighlight(before);
-    const bool isFading = m_fieldOpacity != m_fieldOpacityTarget;
-    if (!isVisible() || (!turns && !spins && !isFading)) {
+    if (!isVisible() || (!turns && !spins && !m_fieldFade.isFading())) {
         m_frames.cancel();
     }
 }
@@ -379,17 +349,8 @@ void RadialLauncherView::repaintHighlight(const RingScene& before)
 /// Shows the empty field, and lets it fade after a while unless the user wants it to stay.
 void RadialLauncherView::showField()
 {
-    m_fieldOpacity = 1;
-    m_fieldOpacityTarget = 1;
-    m_fieldFade.cancel();
-    if (!isVisible() || m_dependencies.ring.settings.keepsCenterHintVisible()
-        || !m_interaction.query().isEmpty()) {
-        return;
-    }
-    m_fieldFade = m_dependencies.ring.mainQueue.after(fieldShownSeconds, [this] {
-        m_fieldOpacityTarget = 0;
-        startFrames();
-    });
+    m_fieldFade.show(isVisible() && m_interaction.query().isEmpty()
+                     && !m_dependencies.ring.settings.keepsCenterHintVisible());
 }
 
 void RadialLauncherView::placeFilterField()

@@ -4,10 +4,11 @@
 #include <TavikLauncher/Catalog/AppIconCache.h>
 #include <TavikLauncher/Ring/RingInteraction.h>
 #include <TavikLauncher/Ring/RingMotion.h>
+#include <TavikLauncher/Views/FieldFade.h>
 #include <TavikLauncher/Views/IconSpriteDecoder.h>
+#include <TavikLauncher/Views/RingImageCache.h>
 #include <TavikLauncher/Views/RingScene.h>
 
-#include <QImage>
 #include <QWidget>
 
 #include <functional>
@@ -77,8 +78,6 @@ private:
     [[nodiscard]] QPointF inRingPlane(QPointF position) const;
     [[nodiscard]] QSize spriteSides() const;
     [[nodiscard]] RingCenter centerTexts() const;
-    [[nodiscard]] const QImage& band(const RingScene& scene);
-    [[nodiscard]] const QImage& wholeRing(const RingScene& scene);
 
     void connectInteraction();
     void connectSurroundings();
@@ -101,16 +100,11 @@ private:
     RingMotion m_motion;
     FilterField* m_filterField;
 
-    QImage m_band;
-    RingScene m_bandScene; ///< What `m_band` was drawn from.
-    QImage m_wholeRing;
-    RingScene m_wholeRingScene; ///< What `m_wholeRing` was drawn from.
+    RingImageCache m_images;
+    FieldFade m_fieldFade;
 
     Task m_frames;
     double m_lastFrame = 0;
-    Task m_fieldFade; ///< Waits to fade the empty field out.
-    double m_fieldOpacity = 1;
-    double m_fieldOpacityTarget = 1;
     double m_spinnerTurns = 0;
     Task m_renderAhead;
     int m_pressedSlot = -1;

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/TerminationSignals.h>
+
+#include <QSocketNotifier>
+
+#include <array>
+#include <csignal>
+#include <fcntl.h>
+#include <utility>
+
+#include <unistd.h>
+
+namespace Tavik {
+
+namespace {
+
+constexpr std::array handledSignals{SIGTERM, SIGINT, SIGHUP};
+
+/// A signal handler may do next to nothing: it writes a byte here, and the event loop reads it.
+std::array<int, 2> pipeEnds{-1, -1};
+
+void writeByte(int)
+{
+    const char byte = 0;
+    static_cast<void>(!write(pipeEnds[1], &byte, 1));
+}
+
+} // namespace
+
+class TerminationSignals::Pipe
+{
+public:
+    explicit Pipe(std::function<void()> onTerminate)
+    {
+        if (pipe2(pipeEnds.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
+            return;
+        }
+        m_notifier = std::make_unique<QSocketNotifier>(pipeEnds[0], QSocketNotifier::Read);
+        QObject::connect(m_notifier.get(),
+                         &QSocketNotifier::activated,
+                         m_notifier.get(),
+                         [onTerminate = std::move(onTerminate)] {
+                             char byte = 0;
+                             static_cast<void>(!read(pipeEnds[0], &byte, 1));
+                             onTerminate();
+                         });
+        struct sigaction action = {};
+        action.sa_handler = writeByte;
+        action.sa_flags = SA_RESTART;
+        for (const int signal : handledSignals) {
+            sigaction(signal, &action, nullptr);
+        }
+    }
+    ~Pipe()
+    {
+        for (const int signal : handledSignals) {
+            std::signal(signal, SIG_DFL);
+        }
+        m_notifier.reset();
+        for (int& end : pipeEnds) {
+            close(std::exchange(end, -1));
+        }
+    }
+    Pipe(const Pipe&) = delete;
+    Pipe& operator=(const Pipe&) = delete;
+
+private:
+    std::unique_ptr<QSocketNotifier> m_notifier;
+};
+
+TerminationSignals::TerminationSignals(std::function<void()> onTerminate)
+    : m_pipe(std::make_unique<Pipe>(std::move(onTerminate)))
+{ }
+
+TerminationSignals::~TerminationSignals() = default;
+
+} // namespace Tavik

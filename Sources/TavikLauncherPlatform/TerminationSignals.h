@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <memory>
+
+namespace Tavik {
+
+/// Turns the system's polite requests to end (SIGTERM, SIGINT, SIGHUP) into a call on the main
+/// thread. One at a time; main thread only.
+class TerminationSignals
+{
+public:
+    explicit TerminationSignals(std::function<void()> onTerminate);
+    ~TerminationSignals();
+    TerminationSignals(const TerminationSignals&) = delete;
+    TerminationSignals& operator=(const TerminationSignals&) = delete;
+
+private:
+    class Pipe;
+    std::unique_ptr<Pipe> m_pipe;
+};
+
+} // namespace Tavik

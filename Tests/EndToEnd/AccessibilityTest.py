@@ -12,7 +12,7 @@ ENVIRONMENT = {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
 def ring(launcher, applications, desktop, display):
     running = applications.add("Alder")
     launcher.pin(running, applications.add("Birch"), applications.add("Cedar"))
-    desktop.run(["gio", "launch", running.path])
+    desktop.open(running)
     display.wait_for("Alder")
     launcher.start(environment=ENVIRONMENT).summon(640, 400)
     return launcher
@@ -22,10 +22,10 @@ class Panel:
     """The accessible panel of the ring at the moment of asking."""
 
     def __init__(self, desktop):
-        tree = accessibility.tree(desktop, "tavik-launcher") or accessibility.tree(desktop, "Tavik Launcher")
-        nodes = list(accessibility.flatten(tree))
-        self.node = next((node for node in nodes if node["name"] == "Tavik Launcher" and node["role"] == "panel"), None)
-        self.nodes = list(accessibility.flatten(self.node))
+        nodes = [node for tree in accessibility.trees(desktop) for node in accessibility.flatten(tree)]
+        panels = [node for node in nodes if node["name"] == "Tavik Launcher" and node["role"] == "panel"]
+        self.node = panels[0] if panels else None
+        self.nodes = list(accessibility.flatten(self.node)) if panels else []
 
     @property
     def slots(self):

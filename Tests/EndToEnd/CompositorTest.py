@@ -37,7 +37,7 @@ def test_with_a_compositor_the_ring_is_translucent(ring, display, look):
     assert 5 < band[2] < BACKGROUND[2] and band[2] > band[0], f"the band lets the background through: {band}"
 
 
-@pytest.mark.desktop(compositor="none")
+@pytest.mark.desktop(has_compositor=False)
 def test_without_a_compositor_the_ring_is_shaped_and_nothing_is_black(ring, display, look):
     for _ in range(2):
         ring.summon(640, 400)
@@ -47,7 +47,7 @@ def test_without_a_compositor_the_ring_is_shaped_and_nothing_is_black(ring, disp
         ring.wait_hidden()
 
 
-@pytest.mark.desktop(compositor="none")
+@pytest.mark.desktop(has_compositor=False)
 def test_without_a_compositor_texts_and_animation_leave_no_dark_rectangle(ring, display, look):
     ring.summon(640, 400)
     display.type("al")
@@ -56,7 +56,7 @@ def test_without_a_compositor_texts_and_animation_leave_no_dark_rectangle(ring, 
     assert_see_through(display, ring)
 
 
-@pytest.mark.desktop(compositor="none")
+@pytest.mark.desktop(has_compositor=False)
 def test_a_compositor_that_comes_and_goes_is_followed(ring, desktop, display, look):
     compositor = desktop.start_compositor()
     ring.summon(640, 400)
@@ -74,10 +74,10 @@ def test_a_compositor_that_comes_and_goes_is_followed(ring, desktop, display, lo
     assert_see_through(display, ring)
 
 
-@pytest.mark.desktop(compositor="none")
+@pytest.mark.desktop(has_compositor=False)
 def test_without_a_compositor_a_click_beside_the_band_goes_through(ring, desktop, display, applications):
     victim = applications.add("Victim")
-    desktop.run(["gio", "launch", victim.path])
+    desktop.open(victim)
     window = display.wait_for("Victim")
     place = display.geometry(window)
     frame = display.geometry(ring.summon(place.x + 176 + 40, place.y + 176 + 40))

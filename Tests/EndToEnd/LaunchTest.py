@@ -74,7 +74,7 @@ def test_a_running_application_is_raised_and_not_started_twice(ring, apps, deskt
 
 def test_an_application_started_elsewhere_joins_the_ring_and_leaves_it(ring, apps, desktop, display, applications):
     stranger = applications.add("Stranger")
-    desktop.run(["gio", "launch", stranger.path])
+    desktop.open(stranger)
     window = display.wait_for("Stranger")
     ring.summon(640, 400)
     ring.wait_shows(*apps, stranger)
@@ -93,7 +93,7 @@ def test_launched_and_activated_applications_are_the_recent_ones(ring, apps, des
     display.wait_for("Cedar")
 
     other = applications.add("Elsewhere")
-    desktop.run(["gio", "launch", other.path])
+    desktop.open(other)
     display.wait_for("Elsewhere")
     wait_until(lambda: ring.recents() == [other.path, apps[2].path], "the activation is on disk")
     display.activate(display.find("Cedar"))

@@ -41,7 +41,7 @@ def test_a_resting_pointer_selects_nothing_and_a_moving_one_selects_its_wedge(ri
 
 def test_a_click_outside_hides_the_ring_and_goes_where_it_was_aimed(ring, apps, desktop, display, look):
     victim = desktop.applications.add("Victim")
-    desktop.run(["gio", "launch", victim.path])
+    desktop.open(victim)
     window = display.wait_for("Victim")
     wait_until(lambda: display.has_focus(window), "the other window has the focus")
     ring.summon(800, 500)
@@ -63,7 +63,7 @@ def test_a_click_on_the_empty_desktop_hides_the_ring(ring, display):
 @pytest.mark.parametrize("way", ["Escape", "hot key"])
 def test_the_focus_returns_to_the_window_that_had_it(ring, desktop, display, way):
     for name in ("First", "Second"):
-        desktop.run(["gio", "launch", desktop.applications.add(name).path])
+        desktop.open(desktop.applications.add(name))
         window = display.wait_for(name)
         wait_until(lambda: display.has_focus(window), f"{name} has the focus")
     ring.summon(800, 500)

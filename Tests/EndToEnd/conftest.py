@@ -30,15 +30,20 @@ def pytest_runtest_makereport(item, call):
         report.sections.append(("launcher's log", desktop.log("launcher")))
 
 
+def _picture_name(item):
+    return re.sub(r"[^\w.-]+", "-", f"{item.path.stem}.{item.name.removeprefix('test_')}").rstrip("-")
+
+
 def _picture(desktop, item, step):
-    name = re.sub(r"[^\w\[\]-]+", "-", f"{item.path.stem}.{item.name.removeprefix('test_')}.{step}")
-    desktop.display.picture().save(PICTURES / f"{name}.png")
+    desktop.display.picture().save(PICTURES / f"{_picture_name(item)}.{step.replace(' ', '-')}.png")
 
 
 @pytest.fixture
 def desktop(request):
     """A desktop made as the test's `desktop` marker or its `desktop_options` parameter says."""
     assert PROGRAM.exists(), f"{PROGRAM} is not built"
+    for old in PICTURES.glob(f"{_picture_name(request.node)}.*.png"):
+        old.unlink()
     options = {}
     for marker in reversed(list(request.node.iter_markers("desktop"))):
         options.update(marker.kwargs)

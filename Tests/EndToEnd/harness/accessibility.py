@@ -8,23 +8,21 @@ import sys
 READER = pathlib.Path(__file__)
 
 
-def tree(desktop, application_name):
-    """The accessible objects of a program as nested dictionaries, or None when it shows none."""
-    answer = desktop.run([sys.executable, str(READER), application_name])
+def trees(desktop):
+    """The accessible objects of each program on the desktop, as nested dictionaries."""
+    answer = desktop.run([sys.executable, str(READER)])
     assert answer.returncode == 0, answer.stderr
     return json.loads(answer.stdout)
 
 
 def flatten(node):
     """A node and everything below it."""
-    if node is None:
-        return
     yield node
     for child in node["children"]:
         yield from flatten(child)
 
 
-def _read(application_name):
+def _read():
     import gi
 
     gi.require_version("Atspi", "2.0")
@@ -44,12 +42,9 @@ def _read(application_name):
         }
 
     desktop = Atspi.get_desktop(0)
-    for index in range(desktop.get_child_count()):
-        application = desktop.get_child_at_index(index)
-        if application and application.get_name() == application_name:
-            return describe(application)
-    return None
+    applications = (desktop.get_child_at_index(index) for index in range(desktop.get_child_count()))
+    return [describe(application) for application in applications if application]
 
 
 if __name__ == "__main__":
-    print(json.dumps(_read(sys.argv[1])))
+    print(json.dumps(_read()))

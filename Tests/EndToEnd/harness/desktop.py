@@ -20,10 +20,7 @@ WINDOW_MANAGERS = {
     "metacity": ["metacity", "--no-composite"],
     "none": None,
 }
-COMPOSITORS = {
-    "picom": ["picom", "--backend", "xrender", "--config", "/dev/null"],
-    "none": None,
-}
+COMPOSITOR = ["picom", "--backend", "xrender", "--config", "/dev/null"]
 BACKGROUND = "#3060a0"
 
 
@@ -46,7 +43,7 @@ class DesktopOptions:
     width: int = 1280
     height: int = 800
     window_manager: str = "openbox"
-    compositor: str = "picom"
+    has_compositor: bool = True
     monitors: tuple = ()
     background: tuple = ("-solid", BACKGROUND)  # What hsetroot is told to paint.
 
@@ -89,7 +86,7 @@ class Desktop:
         for monitor, output in zip(self.options.monitors, ("screen", "none", "none")):
             self.run(monitor.command(output))
         self.start_window_manager()
-        if self.options.compositor != "none":
+        if self.options.has_compositor:
             self.start_compositor()
         self.run(["hsetroot", *self.options.background])
 
@@ -128,7 +125,7 @@ class Desktop:
         return check and self.display.property(check[0], "_NET_SUPPORTING_WM_CHECK")
 
     def start_compositor(self):
-        process = self.spawn(COMPOSITORS[self.options.compositor], log="compositor")
+        process = self.spawn(COMPOSITOR, log="compositor")
         wait_until(self.is_composited, "the compositor has taken the screen")
         return process
 
@@ -164,6 +161,10 @@ class Desktop:
                 command, env={**self.environment, **(environment or {})}, cwd=self.home, **options)
         self._cleanup.callback(processes.end, process)
         return process
+
+    def open(self, application):
+        """Starts an application as a file manager does."""
+        self.spawn(["gio", "launch", application.path], log="gio")
 
     def run(self, command, environment=None, timeout=20):
         """Runs a program to its end and returns the completed process, its output as text."""

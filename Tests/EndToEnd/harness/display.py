@@ -36,11 +36,13 @@ class Display:
     def __init__(self, name):
         self.connection = Xlib.display.Display(name)
         self.root = self.connection.screen().root
+        self._grabbing = []
         # Windows come and go while we look; what is not answered through a reply is of no interest.
         self.connection.set_error_handler(lambda *_: None)
 
     def close(self):
-        self.connection.close()
+        for connection in (*self._grabbing, self.connection):
+            connection.close()
 
     # --- windows
 
@@ -235,11 +237,13 @@ class Display:
             self.connection.sync()
 
     def grab(self, chord):
-        """Takes a chord for ourselves until the connection is closed."""
+        """Takes a chord until the connection is closed, as a program of its own would."""
         *modifiers, key = chord.split("+")
         refused = Xlib.error.CatchError(Xlib.error.BadAccess)
-        self.root.grab_key(
+        other = Xlib.display.Display(self.connection.get_display_name())
+        self._grabbing.append(other)
+        other.screen().root.grab_key(
             self.keycode(key), self._modifier_mask(modifiers), False, X.GrabModeAsync, X.GrabModeAsync,
             onerror=refused)
-        self.connection.sync()
+        other.sync()
         assert not refused.get_error(), f"{chord} is taken"

@@ -71,6 +71,7 @@ private Q_SLOTS:
     void linkIsKept();
     void damagedFileBehindALinkIsSetAsideBesideItself();
     void failedWriteKeepsTheOldFileAndIsTriedAgain();
+    void whatCouldNotBeReadAgainIsNotWritten();
     void whatIsNoFileIsNeitherReadNorReplaced_data();
     void whatIsNoFileIsNeitherReadNorReplaced();
 
@@ -266,6 +267,15 @@ void PropertyListDefaultsTest::failedWriteKeepsTheOldFileAndIsTriedAgain()
     m_queue.drain();
     QCOMPARE(open()->stringValue(u"a"_s)->size(), 5000);
     QCOMPARE(open()->integerValue(u"b"_s), 1);
+}
+
+void PropertyListDefaultsTest::whatCouldNotBeReadAgainIsNotWritten()
+{
+    open()->setObject(u"a"_s, u"old"_s);
+    QTest::ignoreMessage(QtWarningMsg,
+                         QRegularExpression(u"failed to save settings: .*too many"_s));
+    open()->setObject(u"b"_s, QString(PropertyList::mostBytes, u'x'));
+    QCOMPARE(open()->stringValue(u"a"_s), u"old"_s);
 }
 
 void PropertyListDefaultsTest::whatIsNoFileIsNeitherReadNorReplaced_data()

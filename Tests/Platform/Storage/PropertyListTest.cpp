@@ -149,9 +149,8 @@ void PropertyListTest::badTextIsRefused_data()
     QTest::newRow("cut off") << document("<dict><key>a</key><true/></dict>").chopped(12);
     QTest::newRow("binary") << QByteArray("bplist00\xd0\x08\0\0\0\0\0\0\x01\x01\0", 19);
     QTest::newRow("JSON") << QByteArray("{\"a\":1}");
-    QTest::newRow("deep lists") << document("<dict><key>a</key>" + repeated("<array>", 400'000)
-                                            + repeated("</array>", 400'000) + "</dict>")
-                                       .left(PropertyList::mostBytes);
+    QTest::newRow("deep lists") << document("<dict><key>a</key>" + repeated("<array>", 30'000)
+                                            + repeated("</array>", 30'000) + "</dict>");
     QTest::newRow("deep maps") << document(repeated("<dict><key>a</key>", 3000)
                                            + repeated("</dict>", 3000));
     QTest::newRow("deep behind comments")

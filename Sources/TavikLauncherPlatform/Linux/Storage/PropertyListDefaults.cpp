@@ -129,7 +129,12 @@ std::optional<QString> PropertyListDefaults::write()
     if (m_isInTheWay) {
         return u"%1 is damaged and could not be set aside"_s.arg(m_path);
     }
-    return replaceFile(m_path, m_values.toXml(), QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+    const QByteArray xml = m_values.toXml();
+    if (xml.size() > PropertyList::mostBytes) {
+        // The next start would refuse it, so the file that can still be read stays.
+        return u"%1 bytes are too many"_s.arg(xml.size());
+    }
+    return replaceFile(m_path, xml, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
 }
 
 } // namespace Tavik

@@ -22,7 +22,8 @@ constexpr double nameHeight = 32.0;
 constexpr double namePadding = 13.0;
 constexpr double indicatorHeight = 19.0;
 constexpr double spinnerHeight = 24.0;
-constexpr double clearance = 4.0; // Between a label and the band.
+constexpr double hintCornerRadius = 12.0;
+constexpr double clearance = 3.0; // Between a label and the band.
 constexpr QColor dimText(255, 255, 255, 150);
 
 QFont textFont(double size, QFont::Weight weight = QFont::Normal)
@@ -144,28 +145,35 @@ struct HintLayout
     QRectF rect;
 };
 
-/// The largest text, in the most even shape, whose label still fits into the hole.
+/// The hint's label for one font and width, as high as its text needs.
+HintLayout hintLayout(const RingScene& scene, const QFont& font, double width)
+{
+    constexpr double padding = 10;
+    const QPointF center = scene.geometry.center;
+    const QRectF text = QFontMetricsF(font).boundingRect(QRectF(0, 0, width - 2 * padding, 1000),
+                                                         Qt::AlignCenter | Qt::TextWordWrap,
+                                                         scene.center.launchHint);
+    const QSizeF size(std::ceil(text.width()) + 2 * padding, std::ceil(text.height()) + padding);
+    return {font,
+            QRectF(center.x() - size.width() / 2,
+                   center.y() - size.height() / 2,
+                   size.width(),
+                   size.height())};
+}
+
+/// The largest text whose label fits into the hole and is wider than high.
 HintLayout hintLayout(const RingScene& scene)
 {
-    constexpr double padding = 12;
+    constexpr int largestText = 13;
+    constexpr int smallestText = 9;
     const RingGeometry& ring = scene.geometry;
     HintLayout layout;
-    for (int size = 13; size >= 9; --size) {
-        layout.font = textFont(size);
-        const QFontMetricsF metrics(layout.font);
-        for (double width = 2 * ring.innerRadius - 12; width > ring.innerRadius; width -= 4) {
-            const QRectF text = metrics.boundingRect(QRectF(0, 0, width - 2 * padding, 1000),
-                                                     Qt::AlignCenter | Qt::TextWordWrap,
-                                                     scene.center.launchHint);
-            const double labelHeight = std::ceil(text.height()) + padding + 2;
-            const double labelWidth = std::min(width, std::ceil(text.width()) + 2 * padding);
-            layout.rect = QRectF(ring.center.x() - labelWidth / 2,
-                                 ring.center.y() - labelHeight / 2,
-                                 labelWidth,
-                                 labelHeight);
-            const bool fits
-                = labelWidth <= widthInHole(ring, layout.rect.top(), layout.rect.bottom(), 12) + 1;
-            if (fits) {
+    for (int size = largestText; size >= smallestText; --size) {
+        for (double width = 2 * ring.innerRadius - 8; width > ring.innerRadius; width -= 4) {
+            layout = hintLayout(scene, textFont(size), width);
+            const QRectF& rect = layout.rect;
+            if (rect.width() > rect.height()
+                && rect.width() <= widthInHole(ring, rect.top(), rect.bottom(), hintCornerRadius)) {
                 return layout;
             }
         }
@@ -280,11 +288,11 @@ void paintLaunchHint(QPainter& painter, const RingScene& scene)
 {
     const HintLayout layout = hintLayout(scene);
     const ToastPill pill{
-        .isProminent = true, .opacity = scene.style.pillOpacity, .cornerRadius = 12};
+        .isProminent = true, .opacity = scene.style.pillOpacity, .cornerRadius = hintCornerRadius};
     pill.paint(painter, layout.rect, scene.isOpaque);
     painter.setFont(layout.font);
     painter.setPen(Qt::white);
-    painter.drawText(layout.rect.adjusted(10, 4, -10, -4),
+    painter.drawText(layout.rect.adjusted(8, 3, -8, -3),
                      Qt::AlignCenter | Qt::TextWordWrap,
                      scene.center.launchHint);
 }

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "TestClient.h"
-
 #include <TavikLauncherPlatform/Linux/X11/X11WindowServer.h>
 #include <TavikLauncherPlatform/QtMainQueue.h>
 
@@ -41,7 +40,7 @@ xcb_connection_t* toolkitConnection()
     return qApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
 }
 
-}
+} // namespace
 
 class X11WindowServerTest : public QObject
 {
@@ -77,12 +76,14 @@ private Q_SLOTS:
             server.preparePanel(panel.winId());
             panel.show();
             QTRY_VERIFY(server.isOnScreen(panel.winId()));
-            for (const char* state :
-                 {"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"}) {
+            for (const char* state : {"_NET_WM_STATE_ABOVE",
+                                      "_NET_WM_STATE_SKIP_TASKBAR",
+                                      "_NET_WM_STATE_SKIP_PAGER"}) {
                 QTRY_VERIFY2(
-                    m_client.numbers(panel.id(), "_NET_WM_STATE").contains(m_client.atom(state)), state);
+                    m_client.numbers(panel.id(), "_NET_WM_STATE").contains(m_client.atom(state)),
+                    state);
             }
-            QCOMPARE(m_client.numbers(panel.id(), "_NET_WM_DESKTOP"), QList<uint32_t> {0xffffffff});
+            QCOMPARE(m_client.numbers(panel.id(), "_NET_WM_DESKTOP"), QList<uint32_t>{0xffffffff});
             panel.hide();
             QTRY_VERIFY(!server.isOnScreen(panel.winId()));
         }
@@ -184,10 +185,13 @@ private Q_SLOTS:
     {
         X11WindowServer server(toolkitConnection(), m_queue);
         int changes = 0;
-        server.onCompositingChanged = [&changes] { ++changes; };
+        server.onCompositingChanged = [&changes] {
+            ++changes;
+        };
         QVERIFY(!server.isCompositing());
         QProcess picom;
-        picom.start(QStringLiteral("picom"), {u"--backend"_qs, u"xrender"_qs, u"--config"_qs, u"/dev/null"_qs});
+        picom.start(QStringLiteral("picom"),
+                    {u"--backend"_qs, u"xrender"_qs, u"--config"_qs, u"/dev/null"_qs});
         QVERIFY(picom.waitForStarted());
         QTRY_VERIFY(server.isCompositing());
         QCOMPARE(changes, 1);
@@ -211,7 +215,7 @@ private Q_SLOTS:
     }
 };
 
-}
+} // namespace Tavik
 
 QTEST_MAIN(Tavik::X11WindowServerTest)
 #include "X11WindowServerTest.moc"

@@ -171,7 +171,7 @@ DesktopEntries DesktopEntries::read(const QStringList& folders)
         QDirIterator files(folder,
                            {QStringLiteral("*.desktop")},
                            QDir::Files | QDir::Readable,
-                           QDirIterator::Subdirectories | QDirIterator::FollowSymlinks);
+                           QDirIterator::Subdirectories);
         const QString base = folder.endsWith(u'/') ? folder : folder + u'/';
         while (files.hasNext() && entries.size() < mostEntries) {
             const QString path = files.next();

@@ -36,9 +36,8 @@ namespace X11Properties {
 facts(xcb_connection_t* connection, const X11Atoms& atoms, const QList<xcb_window_t>& windows);
 
 /// A property of numbers of whatever type; at most 64.
-[[nodiscard]] QList<uint32_t> numbers(xcb_connection_t* connection,
-                                      xcb_window_t window,
-                                      xcb_atom_t property);
+[[nodiscard]] QList<uint32_t>
+numbers(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property);
 /// A list of windows from a property of the root window; at most 1,024.
 [[nodiscard]] QList<xcb_window_t>
 windowList(xcb_connection_t* connection, xcb_window_t root, xcb_atom_t property);

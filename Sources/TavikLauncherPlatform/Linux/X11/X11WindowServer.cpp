@@ -21,7 +21,7 @@ constexpr uint32_t sourcePager = 2;
 /// How long a window manager may take to focus another window after ours has gone.
 constexpr double returnSeconds = 0.1;
 constexpr int withdrawalAttempts = 40;
-constexpr std::chrono::milliseconds withdrawalInterval {1};
+constexpr std::chrono::milliseconds withdrawalInterval{1};
 constexpr uint32_t withdrawnState = 0;
 constexpr int deepestTree = 32;
 constexpr uint8_t opaqueDepth = 24;
@@ -56,7 +56,7 @@ void X11WindowServer::preparePanel(WId window)
     const std::array<xcb_atom_t, 4> states{m_atoms[X11Atom::netWmStateAbove],
                                            m_atoms[X11Atom::netWmStateSkipTaskbar],
                                            m_atoms[X11Atom::netWmStateSkipPager],
-                                            m_atoms[X11Atom::netWmStateSticky]};
+                                           m_atoms[X11Atom::netWmStateSticky]};
     xcb_change_property(m_toolkit,
                         XCB_PROP_MODE_REPLACE,
                         panel,
@@ -90,8 +90,8 @@ void X11WindowServer::awaitWithdrawal(xcb_window_t panel) const
     // puts away the old ones (ICCCM, 4.1.4). Normally there is nothing to wait for.
     static_cast<void>(focusedWindow(m_toolkit));
     for (int attempt = 0; attempt < withdrawalAttempts; ++attempt) {
-        const QList<uint32_t> state = X11Properties::numbers(
-            m_connection.get(), panel, m_atoms[X11Atom::wmState]);
+        const QList<uint32_t> state
+            = X11Properties::numbers(m_connection.get(), panel, m_atoms[X11Atom::wmState]);
         if (state.isEmpty() || state.constFirst() == withdrawnState) {
             return;
         }

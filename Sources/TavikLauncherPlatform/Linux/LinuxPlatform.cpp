@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Desktop/PortalAppearance.h>
+#include <TavikLauncherPlatform/Linux/Desktop/QtScreens.h>
+#include <TavikLauncherPlatform/Linux/Files/LinuxFileManager.h>
+#include <TavikLauncherPlatform/Linux/Files/ThemeIconDecoder.h>
+#include <TavikLauncherPlatform/Linux/Storage/AutostartLoginItem.h>
+#include <TavikLauncherPlatform/Linux/Storage/PropertyListDefaults.h>
+#include <TavikLauncherPlatform/Linux/X11/X11KeyEvents.h>
+#include <TavikLauncherPlatform/Linux/X11/X11WindowServer.h>
+#include <TavikLauncherPlatform/Linux/X11/X11Workspace.h>
+#include <TavikLauncherPlatform/Null/NullServices.h>
+#include <TavikLauncherPlatform/Null/NullWorkspace.h>
+#include <TavikLauncherPlatform/Platform.h>
+#include <TavikLauncherPlatform/QtMainQueue.h>
+#include <TavikLauncherPlatform/QtWorkQueue.h>
+
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QIcon>
+
+namespace Tavik {
+
+namespace {
+
+/// The file that a login must start: the image we run from, if we do, for what is inside has
+/// another path each time.
+QString ownProgram()
+{
+    const QString image = qEnvironmentVariable("APPIMAGE");
+    return image.isEmpty() ? QCoreApplication::applicationFilePath() : image;
+}
+
+void addX11Services(Platform& platform, xcb_connection_t* toolkit)
+{
+    auto workspace = std::make_unique<X11Workspace>(
+        *platform.mainQueue, *platform.workQueue, *platform.fileManager);
+    X11WindowTracker& windows = workspace->windows();
+    platform.workspace = std::move(workspace);
+    platform.screens = std::make_unique<QtScreens>(QtScreens::Hooks{
+        .focusedPoint = [&windows] { return windows.focusedPoint(); },
+        .availableArea = [&windows](const QRect& screen) { return windows.availableArea(screen); },
+    });
+    platform.keyEvents = std::make_unique<X11KeyEvents>(toolkit, *platform.mainQueue);
+    platform.windowServer = std::make_unique<X11WindowServer>(toolkit, *platform.mainQueue);
+}
+
+void addNullServices(Platform& platform)
+{
+    platform.workspace = std::make_unique<NullWorkspace>();
+    platform.screens = std::make_unique<QtScreens>();
+    platform.keyEvents = std::make_unique<NullKeyEvents>();
+    platform.windowServer = std::make_unique<NullWindowServer>();
+}
+
+} // namespace
+
+std::unique_ptr<Platform> makePlatform()
+{
+    auto platform = std::make_unique<Platform>();
+    platform->mainQueue = std::make_unique<QtMainQueue>();
+    platform->workQueue = std::make_unique<QtWorkQueue>();
+    platform->userDefaults = std::make_unique<PropertyListDefaults>(
+        PropertyListDefaults::defaultPath(), *platform->mainQueue);
+    platform->fileManager = std::make_unique<LinuxFileManager>(*platform->mainQueue);
+    platform->iconDecoder = std::make_unique<ThemeIconDecoder>(QIcon::themeName());
+    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (x11 && x11->connection()) {
+        addX11Services(*platform, x11->connection());
+    } else {
+        addNullServices(*platform);
+    }
+    platform->appearance = std::make_unique<PortalAppearance>(*platform->workQueue);
+    platform->loginItem = std::make_unique<AutostartLoginItem>(AutostartLoginItem::Paths{
+        .entry = AutostartLoginItem::defaultEntryPath(), .program = ownProgram()});
+    return platform;
+}
+
+} // namespace Tavik

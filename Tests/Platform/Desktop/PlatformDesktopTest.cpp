@@ -1,0 +1,310 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/KeyEvents.h>
+#include <TavikLauncherPlatform/Linux/Desktop/DesktopEntries.h>
+#include <TavikLauncherPlatform/Linux/Desktop/KeyCodes.h>
+#include <TavikLauncherPlatform/Linux/Desktop/LaunchEnvironment.h>
+#include <TavikLauncherPlatform/Linux/Desktop/PortalAppearance.h>
+#include <TavikLauncherPlatform/Linux/Desktop/QtScreens.h>
+#include <TavikLauncherPlatform/Linux/Desktop/RunningApplicationList.h>
+#include <TavikLauncherPlatform/Linux/Desktop/WindowMatching.h>
+#include <TavikLauncherPlatform/Linux/X11/X11GrabModifiers.h>
+#include <TavikLauncherPlatform/Linux/X11/X11Properties.h>
+
+#include <QDBusVariant>
+#include <QDir>
+#include <QFile>
+#include <QSet>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <Support/StepWorkQueue.h>
+
+namespace Tavik {
+
+class PlatformDesktopTest : public QObject
+{
+    Q_OBJECT
+
+private:
+    static DesktopEntry
+    entry(const QString& id, const QString& startupClass = {}, const QString& program = {})
+    {
+        return {.id = id,
+                .path = u"/apps/"_qs + id + u".desktop"_qs,
+                .startupClass = startupClass,
+                .executable = program};
+    }
+    static DesktopEntries entries()
+    {
+        return DesktopEntries({
+            entry(u"org.one.One"_qs, u"OneClass"_qs, u"one"_qs),
+            entry(u"two"_qs, {}, u"two-bin"_qs),
+            entry(u"office-write"_qs, u"office-write"_qs, u"office"_qs),
+            entry(u"office-calc"_qs, u"office-calc"_qs, u"office"_qs),
+            entry(u"script"_qs, {}, u"python3"_qs),
+        });
+    }
+    static QString idOf(const DesktopEntry* found) { return found ? found->id : QString(); }
+
+private Q_SLOTS:
+    void keyCodesGoBothWays()
+    {
+        // Places that the shortcut records name most.
+        QCOMPARE(KeyCodes::evdevCode(0), std::optional<quint16>(30)); // A
+        QCOMPARE(KeyCodes::evdevCode(49), std::optional<quint16>(57)); // Space
+        QCOMPARE(KeyCodes::evdevCode(126), std::optional<quint16>(103)); // Up
+        QCOMPARE(KeyCodes::virtualKeyCode(28), std::optional<quint16>(36)); // Return
+        QVERIFY(!KeyCodes::evdevCode(52));
+        QVERIFY(!KeyCodes::evdevCode(0xffff));
+        QVERIFY(!KeyCodes::virtualKeyCode(0));
+        QVERIFY(!KeyCodes::virtualKeyCode(0xffff));
+        int known = 0;
+        for (quint16 code = 0; code < 256; ++code) {
+            if (const auto evdev = KeyCodes::evdevCode(code)) {
+                ++known;
+                QCOMPARE(KeyCodes::virtualKeyCode(*evdev), std::optional(code));
+            }
+        }
+        QCOMPARE(known, 119);
+    }
+
+    void windowNamesItsEntry_data()
+    {
+        QTest::addColumn<QString>("hint");
+        QTest::addColumn<QString>("instance");
+        QTest::addColumn<QString>("className");
+        QTest::addColumn<QString>("id");
+        QTest::newRow("hint before class") << u"two"_qs << u""_qs << u"OneClass"_qs << u"two"_qs;
+        QTest::newRow("hint as a path") << u"/apps/two.desktop"_qs << u""_qs << u""_qs << u"two"_qs;
+        QTest::newRow("hint as another path")
+            << u"/else/two.desktop"_qs << u""_qs << u""_qs << u"two"_qs;
+        QTest::newRow("unknown hint")
+            << u"none"_qs << u""_qs << u"OneClass"_qs << u"org.one.One"_qs;
+        QTest::newRow("startup class") << u""_qs << u"x"_qs << u"OneClass"_qs << u"org.one.One"_qs;
+        QTest::newRow("its case aside") << u""_qs << u"x"_qs << u"oneclass"_qs << u"org.one.One"_qs;
+        QTest::newRow("instance") << u""_qs << u"office-calc"_qs << u"Office"_qs
+                                  << u"office-calc"_qs;
+        QTest::newRow("identifier") << u""_qs << u"x"_qs << u"Two"_qs << u"two"_qs;
+        QTest::newRow("nothing") << u""_qs << u""_qs << u""_qs << u""_qs;
+    }
+
+    void windowNamesItsEntry()
+    {
+        QFETCH(const QString, hint);
+        QFETCH(const QString, instance);
+        QFETCH(const QString, className);
+        QTEST(idOf(WindowMatching::entryFor(WindowClues{.applicationId = hint,
+                                                        .instanceName = instance,
+                                                        .className = className},
+                                            entries())),
+              "id");
+    }
+
+    void processTellsItsEntry_data()
+    {
+        QTest::addColumn<QString>("executable");
+        QTest::addColumn<QByteArray>("environment");
+        QTest::addColumn<QString>("controlGroup");
+        QTest::addColumn<QString>("id");
+        const QByteArray launched
+            = QByteArrayLiteral("A=1\0GIO_LAUNCHED_DESKTOP_FILE=/apps/two.desktop\0"
+                                "GIO_LAUNCHED_DESKTOP_FILE_PID=");
+        QTest::newRow("launched itself") << u"/bin/x"_qs << launched + "42" << u""_qs << u"two"_qs;
+        QTest::newRow("child of a launched one")
+            << u"/bin/x"_qs << launched + "41" << u""_qs << u""_qs;
+        QTest::newRow("unit") << u"/bin/x"_qs << QByteArray()
+                              << u"/user.slice/app.slice/app-gnome-office\\x2dcalc-77.scope"_qs
+                              << u"office-calc"_qs;
+        QTest::newRow("program") << u"/usr/bin/one"_qs << QByteArray() << u""_qs
+                                 << u"org.one.One"_qs;
+        QTest::newRow("program of two") << u"/bin/office"_qs << QByteArray() << u""_qs << u""_qs;
+        QTest::newRow("interpreter") << u"/bin/python3"_qs << QByteArray() << u""_qs << u""_qs;
+        QTest::newRow("hint that children inherit")
+            << u"/bin/one"_qs << QByteArray("BAMF_DESKTOP_FILE_HINT=/apps/two.desktop") << u""_qs
+            << u"org.one.One"_qs;
+    }
+
+    void processTellsItsEntry()
+    {
+        QFETCH(const QString, executable);
+        QFETCH(const QByteArray, environment);
+        QFETCH(const QString, controlGroup);
+        ProcessClues clues{.executable = executable, .controlGroup = controlGroup};
+        WindowMatching::readEnvironment(environment, 42, clues);
+        QTEST(idOf(WindowMatching::entryFor(clues, entries())), "id");
+    }
+
+    void unitNamesAreRead_data()
+    {
+        QTest::addColumn<QString>("unit");
+        QTest::addColumn<QString>("id");
+        QTest::newRow("scope") << u"app-org.one.One-123.scope"_qs << u"org.one.One"_qs;
+        QTest::newRow("launcher and scope")
+            << u"app-gnome-org.one.One-123.scope"_qs << u"org.one.One"_qs;
+        QTest::newRow("service") << u"app-org.one.One@abc.service"_qs << u"org.one.One"_qs;
+        QTest::newRow("autostart") << u"app-org.one.One@autostart.service"_qs << u"org.one.One"_qs;
+        QTest::newRow("something else") << u"session-2.scope"_qs << u""_qs;
+    }
+
+    void unitNamesAreRead()
+    {
+        QFETCH(const QString, unit);
+        QTEST(WindowMatching::applicationIdOfUnit(u"/user.slice/"_qs + unit + u'\n'), "id");
+    }
+
+    void folderOfAProgramIsTheOutermost()
+    {
+        QCOMPARE(WindowMatching::applicationFolderOf(u"/A/Out.app/Contents/In.app/Contents/x"_qs),
+                 u"/A/Out.app"_qs);
+        QVERIFY(!WindowMatching::applicationFolderOf(u"/usr/bin/one"_qs));
+        QVERIFY(!WindowMatching::applicationFolderOf(u".app/Contents/x"_qs));
+    }
+
+    void entriesAreReadFromFolders()
+    {
+        QTemporaryDir root;
+        const auto write = [&root](const QString& name, const QByteArray& text) {
+            const QString path = root.filePath(name);
+            QDir().mkpath(QFileInfo(path).path());
+            QFile file(path);
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write("[Desktop Entry]\n" + text);
+        };
+        write(u"a/one.desktop"_qs, "Type=Application\nExec=env X=1 \"/opt/a b/one\" %U\n");
+        write(u"b/one.desktop"_qs, "Type=Application\nExec=other\n");
+        write(u"a/gone.desktop"_qs, "Type=Application\nHidden=true\n");
+        write(u"b/gone.desktop"_qs, "Type=Application\nExec=gone\n");
+        write(u"b/kde/two.desktop"_qs, "Type=Application\nExec=\"unclosed\nStartupWMClass=Two\n");
+        write(u"b/link.desktop"_qs, "Type=Link\nURL=http://localhost\n");
+        write(u"b/huge.desktop"_qs, "Type=Application\nX=" + QByteArray(600 * 1024, 'x'));
+        write(u"b/binary.desktop"_qs, QByteArray("\0\xff\xfe", 3));
+        const DesktopEntries read = DesktopEntries::read(
+            {root.filePath(u"a"_qs), root.filePath(u"missing"_qs), root.filePath(u"b"_qs)});
+        QCOMPARE(read.size(), 2);
+        QCOMPARE(read.withId(u"one"_qs)->path, root.filePath(u"a/one.desktop"_qs));
+        QCOMPARE(read.withId(u"one"_qs)->executable, u"one"_qs);
+        QVERIFY(!read.withId(u"gone"_qs));
+        QCOMPARE(read.withStartupClass(u"Two"_qs)->id, u"kde-two"_qs);
+    }
+
+    void applicationKeepsItsPlaceFromItsFirstWindowToItsLast()
+    {
+        const auto window = [](quint32 id, const QString& path, bool isRegular = true) {
+            return ApplicationWindow{
+                .window = id, .isRegular = isRegular, .group = path, .bundlePath = path};
+        };
+        RunningApplicationList list;
+        auto changes
+            = list.setWindows({window(1, u"a"_qs), window(2, u"b"_qs), window(3, u"a"_qs)});
+        QCOMPARE(changes.launched, (QStringList{u"a"_qs, u"b"_qs}));
+        changes
+            = list.setWindows({window(2, u"b"_qs), window(3, u"a"_qs), window(4, u"c"_qs, false)});
+        QCOMPARE(changes.launched + changes.terminated, QStringList());
+        QCOMPARE(list.applications().first().bundlePath, u"a"_qs);
+        QCOMPARE(list.windowsOf(u"a"_qs), QList<quint32>{3});
+        QCOMPARE(list.applicationOf(4)->activationPolicy,
+                 RunningApplication::ActivationPolicy::accessory);
+        changes = list.setWindows({window(2, u"b"_qs), window(4, u"c"_qs)});
+        QCOMPARE(changes.terminated, QStringList{u"a"_qs});
+        QCOMPARE(changes.launched, QStringList{u"c"_qs});
+    }
+
+    void environmentForOthersLacksWhatWasOurs()
+    {
+        const auto variables = LaunchEnvironment::forOthers(LaunchEnvironment::parse(
+            QByteArrayLiteral("HOME=/home/u\0APPIMAGE=/x.AppImage\0APPDIR=/tmp/.mount\0"
+                              "PATH=/tmp/.mount/usr/bin:/usr/bin\0LD_LIBRARY_PATH=/tmp/.mount/lib\0"
+                              "DESKTOP_STARTUP_ID=ours\0EMPTY=\0broken\0=odd\0")));
+        const LaunchEnvironment::Variables expected{
+            {"HOME", "/home/u"}, {"PATH", "/usr/bin"}, {"EMPTY", ""}};
+        QCOMPARE(variables, expected);
+    }
+
+    void screensAreTurnedAroundTheLowerEdgeOfThePrimaryOne()
+    {
+        const QRectF primary(0, 0, 1920, 1080);
+        QCOMPARE(QtScreens::flipped(primary, primary), primary);
+        QCOMPARE(QtScreens::flipped({0, 0, 1920, 30}, primary), QRectF(0, 1050, 1920, 30));
+        const QRectF below(1920, 200, 1280, 1024);
+        QCOMPARE(QtScreens::flipped(below, primary), QRectF(1920, -144, 1280, 1024));
+        QCOMPARE(QtScreens::flipped(QtScreens::flipped(below, primary), primary), below);
+    }
+
+    void panelsAreTakenOffTheScreenTheyLieOn()
+    {
+        // Two screens beside each other; a panel below the right one, a dock at the desktop's left.
+        X11WindowFacts panel;
+        panel.strut = {0, 0, 0, 40};
+        panel.strutStart = {0, 0, 0, 960};
+        panel.strutEnd = {0, 0, 0, 1919};
+        X11WindowFacts dock;
+        dock.strut = {60, 0, 0, 0};
+        dock.strutEnd = {1079, 0, 0, 0};
+        const QSize desktop(1920, 1080);
+        QCOMPARE(X11Properties::availableArea({0, 0, 960, 1080}, desktop, {panel, dock}),
+                 QRect(60, 0, 900, 1080));
+        QCOMPARE(X11Properties::availableArea({960, 0, 960, 1080}, desktop, {panel, dock}),
+                 QRect(960, 0, 960, 1040));
+    }
+
+    void settingsOfThePortalAreUnderstood()
+    {
+        const auto asks = [](const char* group, const char* key, const QVariant& value) {
+            return PortalAppearance::asksForLessMotion(
+                QLatin1String(group), QLatin1String(key), QVariant::fromValue(QDBusVariant(value)));
+        };
+        QVERIFY(asks("org.gnome.desktop.interface", "enable-animations", false));
+        QVERIFY(!asks("org.gnome.desktop.interface", "enable-animations", true));
+        QVERIFY(!asks("org.gnome.desktop.interface", "enable-animations", u"no"_qs));
+        QVERIFY(asks("org.freedesktop.appearance", "reduced-motion", 1U));
+        QVERIFY(!asks("org.freedesktop.appearance", "reduced-motion", 0U));
+        QVERIFY(asks("org.kde.kdeglobals.KDE", "AnimationDurationFactor", u"0"_qs));
+        QVERIFY(!asks("org.kde.kdeglobals.KDE", "AnimationDurationFactor", u"odd"_qs));
+        QVERIFY(!asks("org.example", "enable-animations", false));
+    }
+
+    void modifiersAreFoundInTheMap()
+    {
+        const QHash<quint8, QList<quint32>> symbols{
+            {64, {0xffe9}}, {77, {0xff7f}}, {133, {0xffeb}}, {78, {0xff14}}};
+        const auto modifiers
+            = X11GrabModifiers::fromMap({{{50}, {66}, {37}, {64}, {77}, {78}, {133}, {}}},
+                                        [&symbols](quint8 key) { return symbols.value(key); });
+        QCOMPARE(modifiers.option, quint16{8});
+        QCOMPARE(modifiers.command, quint16{64});
+        QCOMPARE(modifiers.locks, quint16{2 | 16 | 32});
+        QCOMPARE(modifiers.maskFor(ModifierFlags::all), std::optional<quint16>(1 | 4 | 8 | 64));
+        const QList<quint16> variants = modifiers.lockVariants();
+        QCOMPARE(QSet<quint16>(variants.begin(), variants.end()).size(), 8);
+        QCOMPARE(variants.size(), 8);
+
+        const auto bare = X11GrabModifiers::fromMap({}, [](quint8) { return QList<quint32>(); });
+        QVERIFY(!bare.maskFor(ModifierFlags::command));
+        QCOMPARE(bare.lockVariants(), (QList<quint16>{0, 2}));
+    }
+
+    void serverTimeBecomesUptime_data()
+    {
+        QTest::addColumn<quint32>("time");
+        QTest::addColumn<double>("now");
+        QTest::addColumn<double>("expected");
+        constexpr double wrap = 4294967.296;
+        QTest::newRow("just now") << 5000U << 5.004 << 5.0;
+        QTest::newRow("after many days") << 1000U << 3 * wrap + 1.01 << 3 * wrap + 1.0;
+        QTest::newRow("across the wrap") << 0xffffffffU << wrap + 0.01 << wrap - 0.001;
+        QTest::newRow("of another clock") << 5'000'000U << 100.0 << 100.0;
+    }
+
+    void serverTimeBecomesUptime()
+    {
+        QFETCH(const quint32, time);
+        QFETCH(const double, now);
+        QFETCH(const double, expected);
+        QVERIFY(std::abs(uptimeOfServerTime(time, now) - expected) < 0.0015);
+    }
+};
+
+} // namespace Tavik
+
+QTEST_GUILESS_MAIN(Tavik::PlatformDesktopTest)
+#include "PlatformDesktopTest.moc"

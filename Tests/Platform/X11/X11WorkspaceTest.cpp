@@ -1,0 +1,336 @@
+// SPDX-License-Identifier: MIT
+#include "TestClient.h"
+#include <TavikLauncherPlatform/Linux/X11/X11Workspace.h>
+#include <TavikLauncherPlatform/QtMainQueue.h>
+#include <TavikLauncherPlatform/QtWorkQueue.h>
+
+#include <QDir>
+#include <QFile>
+#include <QGuiApplication>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <Support/FakeFileManager.h>
+#include <signal.h>
+
+#include <unistd.h>
+
+namespace Tavik {
+
+namespace {
+
+using Test::FakeFileManager;
+using Test::TestClient;
+using Policy = RunningApplication::ActivationPolicy;
+
+void writeFile(const QString& path, const QByteArray& text)
+{
+    QVERIFY(QDir().mkpath(QFileInfo(path).path()));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(text), text.size());
+}
+
+QByteArray readFile(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+class X11WorkspaceTest : public QObject
+{
+    Q_OBJECT
+
+private:
+    /// A workspace with two folders of desktop entries, and a record of what it tells.
+    struct Desktop
+    {
+        explicit Desktop(const QList<std::pair<QString, QByteArray>>& entries)
+        {
+            files.items = {{folder.filePath(QStringLiteral("applications")), {}}};
+            for (const auto& [name, text] : entries) {
+                writeFile(path(name), "[Desktop Entry]\nType=Application\nName=X\n" + text);
+            }
+            workspace.emplace(mainQueue, workQueue, files);
+            for (const QStringView name : {Workspace::didLaunchApplication,
+                                           Workspace::didTerminateApplication,
+                                           Workspace::didActivateApplication}) {
+                tokens.push_back(workspace->notificationCenter().addObserver(
+                    name, [this](const NotificationCenter::Notification& notification) {
+                        told.append(notification.name.section(u'.', 1).mid(3).chopped(11) + u' '
+                                    + QFileInfo(notification.subject).completeBaseName());
+                    }));
+            }
+        }
+        [[nodiscard]] QString path(const QString& name) const
+        {
+            return folder.filePath(QStringLiteral("applications/") + name);
+        }
+        /// The regular applications, by the base names of their bundles.
+        [[nodiscard]] QStringList running() const
+        {
+            QStringList names;
+            for (const RunningApplication& application : workspace->runningApplications()) {
+                if (application.activationPolicy == Policy::regular) {
+                    names.append(
+                        QFileInfo(application.bundlePath.value_or(u"?"_qs)).completeBaseName());
+                }
+            }
+            return names;
+        }
+        void awaitEntries(const QString& id) { QTRY_VERIFY(workspace->pathForApplication(id)); }
+
+        QTemporaryDir folder;
+        QtMainQueue mainQueue;
+        QtWorkQueue workQueue;
+        FakeFileManager files;
+        QStringList told;
+        std::optional<X11Workspace> workspace;
+        std::vector<ObserverToken> tokens;
+    };
+
+    TestClient m_client;
+    QList<xcb_window_t> m_windows;
+
+    xcb_window_t show(const QByteArray& classes, qint64 processId = 0)
+    {
+        const xcb_window_t window = m_client.createWindow(classes, processId);
+        m_client.setNumbers(window, "WM_HINTS", {1, 1, 0, 0, 0, 0, 0, 0, 0}, "WM_HINTS");
+        m_client.map(window);
+        m_windows.append(window);
+        return window;
+    }
+
+private Q_SLOTS:
+    void cleanup()
+    {
+        for (const xcb_window_t window : std::exchange(m_windows, {})) {
+            m_client.destroy(window);
+        }
+        QTRY_VERIFY(m_client.numbers(m_client.root(), "_NET_CLIENT_LIST").isEmpty());
+    }
+
+    void applicationsAreToldByTheirWindows()
+    {
+        const xcb_window_t early = show(QByteArrayLiteral("one\0One\0"));
+        QTRY_COMPARE(m_client.focused(), early);
+        Desktop desktop({{u"one.desktop"_qs, "Exec=one\n"},
+                         {u"org.two.desktop"_qs, "Exec=two\nStartupWMClass=TwoClass\n"}});
+        QTRY_COMPARE(desktop.told,
+                     (QStringList{u"Terminate "_qs, u"Launch one"_qs, u"Activate one"_qs}));
+        desktop.told.clear();
+        const xcb_window_t first = show(QByteArrayLiteral("x\0TwoClass\0"));
+        QTRY_COMPARE(desktop.told, (QStringList{u"Launch org.two"_qs, u"Activate org.two"_qs}));
+        const xcb_window_t second = show(QByteArrayLiteral("x\0TwoClass\0"));
+        QTRY_COMPARE(m_client.focused(), second);
+        QCOMPARE(desktop.running(), (QStringList{u"one"_qs, u"org.two"_qs}));
+        QCOMPARE(desktop.workspace->frontmostApplication()->bundleIdentifier, u"org.two"_qs);
+
+        desktop.told.clear();
+        m_client.destroy(first);
+        m_client.focus(early);
+        QTRY_COMPARE(desktop.told, QStringList{u"Activate one"_qs});
+        QCOMPARE(desktop.running(), (QStringList{u"one"_qs, u"org.two"_qs}));
+        m_client.destroy(second);
+        QTRY_COMPARE(desktop.told, (QStringList{u"Activate one"_qs, u"Terminate org.two"_qs}));
+        QCOMPARE(desktop.running(), QStringList{u"one"_qs});
+    }
+
+    void windowsThatNoTaskbarShowsMakeNoRegularApplication_data()
+    {
+        QTest::addColumn<QByteArray>("property");
+        QTest::addColumn<QByteArray>("value");
+        QTest::newRow("skips the taskbar")
+            << QByteArray("_NET_WM_STATE") << QByteArray("_NET_WM_STATE_SKIP_TASKBAR");
+        for (const char* type : {"DOCK", "DESKTOP", "UTILITY", "SPLASH", "NOTIFICATION"}) {
+            QTest::newRow(type) << QByteArray("_NET_WM_WINDOW_TYPE")
+                                << QByteArray("_NET_WM_WINDOW_TYPE_") + type;
+        }
+    }
+
+    void windowsThatNoTaskbarShowsMakeNoRegularApplication()
+    {
+        QFETCH(const QByteArray, property);
+        QFETCH(const QByteArray, value);
+        Desktop desktop({{u"one.desktop"_qs, "Exec=one\n"}});
+        desktop.awaitEntries(u"one"_qs);
+        const xcb_window_t window = m_client.createWindow(QByteArrayLiteral("one\0One\0"));
+        m_windows.append(window);
+        m_client.setNumbers(
+            window, property.constData(), {m_client.atom(value.constData())}, "ATOM");
+        m_client.map(window);
+        QTRY_COMPARE(desktop.workspace->runningApplications().size(), 1);
+        QCOMPARE(desktop.workspace->runningApplications().first().activationPolicy,
+                 Policy::accessory);
+        QVERIFY(!desktop.told.contains(u"Launch one"_qs));
+    }
+
+    void nameThatComesLateIsTaken()
+    {
+        Desktop desktop({{u"late.desktop"_qs, "Exec=late\n"}});
+        desktop.awaitEntries(u"late"_qs);
+        const xcb_window_t window = show({});
+        QTRY_COMPARE(desktop.running(), QStringList{u"?"_qs});
+        m_client.setText(window, "WM_CLASS", QByteArrayLiteral("late\0Late\0"), "STRING");
+        QTRY_COMPARE(desktop.running(), QStringList{u"late"_qs});
+        QVERIFY(desktop.told.contains(u"Launch late"_qs));
+    }
+
+    void hostileWindowsAreBorne()
+    {
+        Desktop desktop({{u"one.desktop"_qs, "Exec=one\n"}});
+        desktop.awaitEntries(u"one"_qs);
+        const xcb_window_t huge = show(QByteArray(200'000, 'x'));
+        m_client.setNumbers(huge, "_NET_WM_PID", {0xffffffff, 1, 2}, "CARDINAL");
+        const xcb_window_t binary = show(QByteArray("\xff\xfe\0\xff", 4));
+        m_client.setText(binary, "_NET_WM_PID", "not a number", "STRING");
+        m_client.setText(binary, "_NET_WM_STATE", "odd", "ATOM");
+        m_client.setNumbers(binary, "_GTK_APPLICATION_ID", {1, 2, 3}, "CARDINAL");
+        m_client.setNumbers(
+            binary, "_NET_WM_STRUT_PARTIAL", QList<uint32_t>(12, 0xffffffff), "CARDINAL");
+        m_client.setText(show({}), "_GTK_APPLICATION_ID", "../../etc/passwd", "UTF8_STRING");
+        for (int i = 0; i < 50; ++i) {
+            m_client.destroy(show(QByteArrayLiteral("gone\0Gone\0")));
+        }
+        show(QByteArrayLiteral("one\0One\0"));
+        QTRY_VERIFY(desktop.running().contains(u"one"_qs));
+        QCOMPARE(desktop.running().count(u"?"_qs), 3);
+        for (const RunningApplication& application : desktop.workspace->runningApplications()) {
+            QCOMPARE(application.processId, 0);
+        }
+        const QRect screen(0, 0, 1280, 800);
+        QVERIFY(screen.contains(desktop.workspace->windows().availableArea(screen)));
+    }
+
+    void applicationInstalledLaterIsKnown()
+    {
+        Desktop desktop({{u"one.desktop"_qs, "Exec=one\n"}});
+        desktop.awaitEntries(u"one"_qs);
+        show(QByteArrayLiteral("fresh\0Fresh\0"));
+        QTRY_COMPARE(desktop.running(), QStringList{u"?"_qs});
+        writeFile(desktop.path(u"fresh.desktop"_qs),
+                  "[Desktop Entry]\nType=Application\nName=F\nExec=f\n");
+        QVERIFY(desktop.files.folderChanged);
+        desktop.files.folderChanged();
+        QTRY_COMPARE(desktop.running(), QStringList{u"fresh"_qs});
+    }
+
+    void startedApplicationStandsOnItsOwn_data()
+    {
+        QTest::addColumn<bool>("isFolder");
+        QTest::newRow("desktop entry") << false;
+        QTest::newRow("application folder") << true;
+    }
+
+    void startedApplicationStandsOnItsOwn()
+    {
+        QFETCH(const bool, isFolder);
+        qputenv("TAVIK_SET_FOR_OURSELVES", "1");
+        QTemporaryDir out;
+        const QString script = out.filePath(u"program.sh"_qs);
+        const QString report = out.filePath(u"report"_qs);
+        writeFile(script,
+                  "#!/bin/sh\ncd " + out.path().toUtf8()
+                      + " && { env; echo PID=$$; echo SID=$(ps -o sid= -p $$); "
+                        "echo PARENT=$PPID; echo IN=$(readlink /proc/$$/fd/0); "
+                        "echo OUT=$(readlink /proc/$$/fd/1); echo ERR=$(readlink /proc/$$/fd/2); } "
+                        "> draft 2>/dev/null; mv draft report; exec sleep 30\n");
+        QVERIFY(QFile::setPermissions(script, QFile::ReadOwner | QFile::ExeOwner));
+        Desktop desktop({{u"run.desktop"_qs, "Exec=" + script.toUtf8() + "\nPath=/\n"}});
+        desktop.awaitEntries(u"run"_qs);
+        const QString path
+            = isFolder ? out.filePath(u"Run.app"_qs) : desktop.path(u"run.desktop"_qs);
+        if (isFolder) {
+            desktop.files.bundles.insert(path,
+                                         Bundle{.identifier = u"org.run"_qs, .executable = script});
+        }
+
+        std::optional<std::optional<QString>> outcome;
+        desktop.workspace->openApplication(
+            path, {.activates = true}, [&](const std::optional<QString>& error) {
+                outcome = error;
+            });
+        QTRY_VERIFY(outcome);
+        QCOMPARE(outcome->value_or(QString()), QString());
+        QTRY_VERIFY(QFile::exists(report));
+        QMap<QByteArray, QByteArray> facts;
+        for (const QByteArray& line : readFile(report).split('\n')) {
+            facts.insert(line.left(line.indexOf('=')), line.mid(line.indexOf('=') + 1).trimmed());
+        }
+        const qint64 processId = facts.value("PID").toLongLong();
+        QVERIFY(processId > 1);
+        QCOMPARE(facts.value("SID").toLongLong(), processId);
+        QVERIFY(facts.value("PARENT").toLongLong() != getpid());
+        QCOMPARE(facts.value("IN"), QByteArray("/dev/null"));
+        QCOMPARE(facts.value("ERR"), QByteArray("/dev/null"));
+        QVERIFY(facts.value("DESKTOP_STARTUP_ID").contains("_TIME"));
+        QVERIFY(!facts.contains("TAVIK_SET_FOR_OURSELVES"));
+        QVERIFY(facts.contains("DISPLAY"));
+
+        // A window of that process is the application's, whatever it says of itself.
+        show(QByteArrayLiteral("any\0Any\0"), processId);
+        QTRY_COMPARE(desktop.running(), QStringList{isFolder ? u"Run"_qs : u"run"_qs});
+        kill(static_cast<pid_t>(processId), SIGTERM);
+        qunsetenv("TAVIK_SET_FOR_OURSELVES");
+    }
+
+    void whatCannotBeStartedIsReported_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("missing file") << u"missing.desktop"_qs;
+        QTest::newRow("missing program") << u"broken.desktop"_qs;
+        QTest::newRow("no program") << u"Nothing.app"_qs;
+    }
+
+    void whatCannotBeStartedIsReported()
+    {
+        QFETCH(const QString, name);
+        Desktop desktop({{u"broken.desktop"_qs, "Exec=/nonexistent/program\n"}});
+        std::optional<std::optional<QString>> outcome;
+        desktop.workspace->openApplication(
+            desktop.path(name), {.activates = true}, [&](const std::optional<QString>& error) {
+                outcome = error;
+            });
+        QTRY_VERIFY(outcome);
+        QVERIFY(outcome->has_value());
+        QVERIFY(!outcome->value().isEmpty());
+    }
+
+    void runningApplicationIsRaisedAtItsLatestWindow()
+    {
+        Desktop desktop({{u"one.desktop"_qs, "Exec=/nonexistent/program\n"},
+                         {u"two.desktop"_qs, "Exec=two\n"}});
+        desktop.awaitEntries(u"one"_qs);
+        const xcb_window_t first = show(QByteArrayLiteral("one\0One\0"));
+        QTRY_COMPARE(m_client.focused(), first);
+        const xcb_window_t second = show(QByteArrayLiteral("one\0One\0"));
+        QTRY_COMPARE(m_client.focused(), second);
+        QTRY_VERIFY((m_client.focus(first), m_client.focused() == first));
+        QTRY_COMPARE(desktop.workspace->windows().activeWindow(), first);
+        const xcb_window_t other = show(QByteArrayLiteral("two\0Two\0"));
+        QTRY_COMPARE(m_client.focused(), other);
+        QTRY_COMPARE(desktop.workspace->frontmostApplication()->bundleIdentifier, u"two"_qs);
+
+        // Minimised, it comes back all the same.
+        sendToWindowManager(
+            m_client.connection(), m_client.root(), first, m_client.atom("WM_CHANGE_STATE"), {3});
+        QTRY_COMPARE(m_client.numbers(first, "WM_STATE").value(0), 3U);
+        std::optional<std::optional<QString>> outcome;
+        desktop.workspace->openApplication(
+            desktop.path(u"one.desktop"_qs),
+            {.activates = true},
+            [&](const std::optional<QString>& error) { outcome = error; });
+        QTRY_VERIFY(outcome);
+        QVERIFY(!outcome->has_value());
+        QTRY_COMPARE(m_client.focused(), first);
+        QTRY_COMPARE(desktop.workspace->frontmostApplication()->bundleIdentifier, u"one"_qs);
+    }
+};
+
+} // namespace Tavik
+
+QTEST_MAIN(Tavik::X11WorkspaceTest)
+#include "X11WorkspaceTest.moc"

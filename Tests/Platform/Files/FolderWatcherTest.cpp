@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Files/FolderWatcher.h>
+
+#include <QDir>
+#include <QTest>
+
+#include <Support/FileTree.h>
+#include <Support/VirtualMainQueue.h>
+
+using namespace Tavik;
+using namespace Tavik::Test;
+using namespace Qt::StringLiterals;
+
+/// The kernel's notifications are real, the settling time is not.
+class FolderWatcherTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void aNewFileIsReportedOnceSettled();
+    void aBurstIsReportedOnceAndAnEndlessOneToo();
+    void foldersAddedLaterAreWatched();
+    void aFolderThatAppearsIsReported();
+    void otherThingsInAParentFolderAreNot();
+    void aFolderThatGoesAndComesBackIsReported();
+    void packagesAndHiddenFoldersAreNotLookedInto();
+    void nothingIsReportedAfterItsEnd();
+
+private:
+    void watch(const QString& inner)
+    {
+        m_watcher = std::make_unique<FolderWatcher>(
+            *m_queue, QStringList{m_tree->path(inner)}, [this] { ++m_reports; });
+    }
+    /// True once a change is being settled.
+    [[nodiscard]] bool noticed() const
+    {
+        return QTest::qWaitFor([this] { return m_queue->pendingTasks() > 0; }, 3000);
+    }
+    /// Lets the kernel's notifications so far arrive: they come in order, and so does a mark.
+    void waitForNotifications()
+    {
+        QFileSystemWatcher mark({m_tree->makeFolder(u"mark"_s)});
+        bool arrived = false;
+        connect(&mark, &QFileSystemWatcher::directoryChanged, this, [&arrived] { arrived = true; });
+        m_tree->write(u"mark/%1"_s.arg(++m_marks));
+        QVERIFY(QTest::qWaitFor([&arrived] { return arrived; }, 3000));
+        QCoreApplication::processEvents();
+    }
+
+    std::unique_ptr<FileTree> m_tree;
+    std::unique_ptr<VirtualMainQueue> m_queue;
+    std::unique_ptr<FolderWatcher> m_watcher;
+    int m_reports = 0;
+    int m_marks = 0;
+};
+
+void FolderWatcherTest::init()
+{
+    m_watcher.reset();
+    m_tree = std::make_unique<FileTree>();
+    m_queue = std::make_unique<VirtualMainQueue>();
+    m_reports = 0;
+}
+
+void FolderWatcherTest::aNewFileIsReportedOnceSettled()
+{
+    m_tree->makeFolder(u"apps"_s);
+    watch(u"apps"_s);
+    m_tree->write(u"apps/a.desktop"_s);
+    QVERIFY(noticed());
+    m_queue->advance(0.9);
+    QCOMPARE(m_reports, 0);
+    m_queue->advance(0.2);
+    QCOMPARE(m_reports, 1);
+    QCOMPARE(m_queue->pendingTasks(), 0);
+}
+
+void FolderWatcherTest::aBurstIsReportedOnceAndAnEndlessOneToo()
+{
+    m_tree->makeFolder(u"apps"_s);
+    watch(u"apps"_s);
+    for (int number = 0; number < 20; ++number) {
+        m_tree->write(u"apps/%1.desktop"_s.arg(number));
+        waitForNotifications();
+        m_queue->advance(0.1);
+    }
+    QCOMPARE(m_reports, 0);
+    for (int number = 20; number < 60; ++number) {
+        m_tree->write(u"apps/%1.desktop"_s.arg(number));
+        waitForNotifications();
+        m_queue->advance(0.1);
+    }
+    QCOMPARE(m_reports, 1);
+    m_queue->advance(2);
+    QCOMPARE(m_reports, 2);
+}
+
+void FolderWatcherTest::foldersAddedLaterAreWatched()
+{
+    m_tree->makeFolder(u"apps"_s);
+    watch(u"apps"_s);
+    m_tree->makeFolder(u"apps/new/deep"_s);
+    QVERIFY(noticed());
+    m_queue->advance(1.1);
+    QCOMPARE(m_reports, 1);
+    m_tree->write(u"apps/new/deep/b.desktop"_s);
+    QVERIFY(noticed());
+    m_queue->advance(1.1);
+    QCOMPARE(m_reports, 2);
+}
+
+void FolderWatcherTest::aFolderThatAppearsIsReported()
+{
+    watch(u"share/deep/apps"_s);
+    m_tree->makeFolder(u"share"_s);
+    QVERIFY(noticed());
+    m_queue->advance(1.1);
+    QCOMPARE(m_reports, 0);
+    m_tree->makeFolder(u"share/deep/apps"_s);
+    QVERIFY(noticed());
+    m_queue->advance(1.1);
+    QCOMPARE(m_reports, 1);
+    m_tree->write(u"share/deep/apps/a.desktop"_s);
+    QVERIFY(noticed());
+}
+
+void FolderWatcherTest::otherThingsInAParentFolderAreNot()
+{
+    watch(u"apps"_s);
+    m_tree->write(u"unrelated"_s);
+    m_tree->makeFolder(u"other"_s);
+    waitForNotifications();
+    QCOMPARE(m_queue->pendingTasks(), 0);
+}
+
+void FolderWatcherTest::aFolderThatGoesAndComesBackIsReported()
+{
+    m_tree->write(u"apps/a.desktop"_s);
+    watch(u"apps"_s);
+    QVERIFY(QDir(m_tree->path(u"apps"_s)).removeRecursively());
+    QVERIFY(noticed());
+    m_queue->advance(1.1);
+    QCOMPARE(m_reports, 1);
+    m_tree->write(u"apps/a.desktop"_s);
+    QVERIFY(noticed());
+    m_queue->advance(1.1);
+    QCOMPARE(m_reports, 2);
+}
+
+void FolderWatcherTest::packagesAndHiddenFoldersAreNotLookedInto()
+{
+    m_tree->makeFolder(u"apps/X.app/Contents"_s);
+    m_tree->makeFolder(u"apps/.trash"_s);
+    watch(u"apps"_s);
+    m_tree->write(u"apps/X.app/Contents/file"_s);
+    m_tree->write(u"apps/.trash/file"_s);
+    waitForNotifications();
+    QCOMPARE(m_queue->pendingTasks(), 0);
+}
+
+void FolderWatcherTest::nothingIsReportedAfterItsEnd()
+{
+    m_tree->makeFolder(u"apps"_s);
+    watch(u"apps"_s);
+    m_tree->write(u"apps/a.desktop"_s);
+    QVERIFY(noticed());
+    m_watcher.reset();
+    m_queue->advance(10);
+    QCOMPARE(m_reports, 0);
+}
+
+QTEST_GUILESS_MAIN(FolderWatcherTest)
+#include "FolderWatcherTest.moc"

@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Files/LinuxFileManager.h>
+
+#include <QTest>
+
+#include <Support/FileTree.h>
+#include <Support/VirtualMainQueue.h>
+
+#include <unistd.h>
+
+using namespace Tavik;
+using namespace Tavik::Test;
+using namespace Qt::StringLiterals;
+
+class LinuxFileManagerTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aWalkVisitsEverythingButHiddenItemsAndPackages();
+    void aWalkFollowsNoLinkButItsOwnFolder();
+    void namesThatAreNoTextAreLeftOut();
+    void linksAreDescribedThemselves();
+    void bundlesAreRecognised_data();
+    void bundlesAreRecognised();
+    void identifiersAreRelativeToTheApplicationsFolder();
+    void hidingLinksStillHaveAnIdentifier();
+    void theSessionsFoldersComeInOrder();
+    void theSupportFolderIsMade();
+
+private:
+    [[nodiscard]] QStringList walk(const QString& folder) const
+    {
+        QStringList found;
+        m_files.enumerate(folder, [&](const DirectoryItem& item) {
+            found.append(item.path.mid(folder.size() + 1));
+        });
+        return found;
+    }
+
+    VirtualMainQueue m_queue;
+    LinuxFileManager m_files{m_queue, {}};
+};
+
+void LinuxFileManagerTest::aWalkVisitsEverythingButHiddenItemsAndPackages()
+{
+    const FileTree tree;
+    tree.write(u"b.desktop"_s);
+    tree.write(u"Utilities/Deep/c.desktop"_s);
+    tree.write(u"Foo.app/Contents/Inner.app/x"_s);
+    tree.write(u".hidden/d.desktop"_s);
+    tree.write(u".e.desktop"_s);
+    const QStringList expected{u"Foo.app"_s,
+                               u"Utilities"_s,
+                               u"Utilities/Deep"_s,
+                               u"Utilities/Deep/c.desktop"_s,
+                               u"b.desktop"_s};
+    QCOMPARE(walk(tree.path()), expected);
+    QCOMPARE(walk(tree.path(u"missing"_s)), {});
+    QCOMPARE(walk(tree.path(u"b.desktop"_s)), {});
+}
+
+void LinuxFileManagerTest::aWalkFollowsNoLinkButItsOwnFolder()
+{
+    const FileTree tree;
+    tree.write(u"real/a.desktop"_s);
+    tree.link(tree.path(u"real"_s), u"real/loop"_s);
+    tree.link(u"/nowhere"_s, u"real/broken.desktop"_s);
+    tree.link(tree.path(u"real"_s), u"start"_s);
+    const QStringList expected{u"a.desktop"_s, u"broken.desktop"_s, u"loop"_s};
+    QCOMPARE(walk(tree.path(u"real"_s)), expected);
+    QCOMPARE(walk(tree.path(u"start"_s)), expected);
+}
+
+void LinuxFileManagerTest::namesThatAreNoTextAreLeftOut()
+{
+    const FileTree tree;
+    for (const QByteArray& name : {QByteArray("bad\xFF.app"),
+                                   QByteArray("two\nlines.app"),
+                                   QByteArray("fine \xC3\xBC.app")}) {
+        const QByteArray path = QFile::encodeName(tree.path()) + '/' + name;
+        QCOMPARE(::symlink("/nowhere", path.constData()), 0);
+    }
+    QCOMPARE(walk(tree.path()), {u"fine \u00fc.app"_s});
+}
+
+void LinuxFileManagerTest::linksAreDescribedThemselves()
+{
+    const FileTree tree;
+    tree.write(u"file.desktop"_s);
+    tree.link(tree.path(u"file.desktop"_s), u"link.desktop"_s);
+    QList<DirectoryItem> items;
+    m_files.enumerate(tree.path(), [&](const DirectoryItem& item) { items.append(item); });
+    QCOMPARE(items.size(), 2);
+    QVERIFY(!items.at(0).isSymbolicLink);
+    QVERIFY(items.at(1).isSymbolicLink);
+    QCOMPARE(items.at(1).ownerId, ::getuid());
+    QCOMPARE(m_files.userId(), ::getuid());
+}
+
+void LinuxFileManagerTest::bundlesAreRecognised_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("isBundle");
+    QTest::newRow("folder") << u"Folder.app"_s << true;
+    QTest::newRow("entry") << u"entry.desktop"_s << true;
+    QTest::newRow("file like a folder") << u"File.app"_s << false;
+    QTest::newRow("folder like an entry") << u"folder.desktop"_s << false;
+    QTest::newRow("missing") << u"missing.app"_s << false;
+    QTest::newRow("other") << u"text.txt"_s << false;
+}
+
+void LinuxFileManagerTest::bundlesAreRecognised()
+{
+    QFETCH(QString, name);
+    const FileTree tree;
+    tree.makeFolder(u"Folder.app"_s);
+    tree.makeFolder(u"folder.desktop"_s);
+    for (const QString& file : {u"entry.desktop"_s, u"File.app"_s, u"text.txt"_s}) {
+        tree.write(file);
+    }
+    QTEST(m_files.isApplicationBundle(tree.path(name)), "isBundle");
+    QVERIFY(!m_files.isApplicationBundle({}));
+    QVERIFY(!m_files.fileExists({}));
+}
+
+void LinuxFileManagerTest::identifiersAreRelativeToTheApplicationsFolder()
+{
+    const FileTree tree;
+    VirtualMainQueue queue;
+    const LinuxFileManager files(queue, {tree.path(u"applications"_s)});
+    const QByteArray entry = "[Desktop Entry]\nType=Application\nName=X\nExec=sh\n";
+    const auto identifier = [&](const QString& inner) {
+        return files.bundle(tree.write(inner, entry))->identifier.value_or(QString());
+    };
+    QCOMPARE(identifier(u"applications/org.example.x.desktop"_s), u"org.example.x"_s);
+    QCOMPARE(identifier(u"applications/kde/sub/x.desktop"_s), u"kde-sub-x"_s);
+    QCOMPARE(identifier(u"elsewhere/deep/x.desktop"_s), u"x"_s);
+}
+
+void LinuxFileManagerTest::hidingLinksStillHaveAnIdentifier()
+{
+    const FileTree tree;
+    for (const QString& target : {u"/dev/null"_s, u"/nowhere"_s}) {
+        const auto bundle
+            = m_files.bundle(tree.link(target, target.mid(1).replace(u'/', u'-') + u".desktop"_s));
+        QVERIFY(bundle && bundle->isHidden && bundle->identifier);
+    }
+    QVERIFY(!m_files.bundle(tree.path(u"missing.desktop"_s)));
+    QVERIFY(!m_files.bundle(tree.makeFolder(u"folder.desktop"_s)));
+    QVERIFY(!m_files.bundle(tree.write(u"text.txt"_s)));
+}
+
+void LinuxFileManagerTest::theSessionsFoldersComeInOrder()
+{
+    qputenv("HOME", "/home/test");
+    qputenv("XDG_DATA_HOME", "/home/test/.data");
+    qputenv("XDG_DATA_DIRS", "/exports/share:relative:/usr/share/:/usr/share");
+    const QStringList expected{u"/Applications"_s,
+                               u"/System/Applications"_s,
+                               u"/home/test/Applications"_s,
+                               u"/home/test/.data/applications"_s,
+                               u"/exports/share/applications"_s,
+                               u"/usr/share/applications"_s};
+    QCOMPARE(LinuxFileManager::sessionApplicationFolders(), expected);
+}
+
+void LinuxFileManagerTest::theSupportFolderIsMade()
+{
+    const FileTree tree;
+    VirtualMainQueue queue;
+    qputenv("XDG_DATA_HOME", QFile::encodeName(tree.path(u"some/data"_s)));
+    const auto made = LinuxFileManager(queue).applicationSupportFolder();
+    QCOMPARE(made.path, tree.path(u"some/data"_s));
+    QVERIFY(QFileInfo(made.path).isDir());
+
+    qputenv("XDG_DATA_HOME", QFile::encodeName(tree.write(u"file"_s) + u"/data"_s));
+    const auto failed = LinuxFileManager(queue).applicationSupportFolder();
+    QVERIFY(failed.path.isEmpty());
+    QCOMPARE(failed.error, u"Not a directory"_s);
+}
+
+QTEST_GUILESS_MAIN(LinuxFileManagerTest)
+#include "LinuxFileManagerTest.moc"

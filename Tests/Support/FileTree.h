@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QString>
+#include <QTemporaryDir>
+
+namespace Tavik::Test {
+
+/// A scratch folder that a test fills with files; gone when the test is.
+class FileTree
+{
+public:
+    /// The absolute path of something in the folder.
+    [[nodiscard]] QString path(const QString& inner = {}) const
+    {
+        const QString root = QFileInfo(m_folder.path()).canonicalFilePath();
+        return inner.isEmpty() ? root : root + u'/' + inner;
+    }
+    /// Writes a file and the folders above it; returns its path.
+    QString write(const QString& inner, const QByteArray& content = {}) const
+    {
+        makeFolder(QFileInfo(inner).path());
+        QFile file(path(inner));
+        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
+            qFatal("The scratch folder cannot be written.");
+        }
+        return path(inner);
+    }
+    QString makeFolder(const QString& inner) const
+    {
+        QDir(path()).mkpath(inner);
+        return path(inner);
+    }
+    QString link(const QString& target, const QString& inner) const
+    {
+        makeFolder(QFileInfo(inner).path());
+        QFile::link(target, path(inner));
+        return path(inner);
+    }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+} // namespace Tavik::Test

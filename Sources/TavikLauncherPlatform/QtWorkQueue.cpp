@@ -21,6 +21,12 @@ QtWorkQueue::QtWorkQueue()
 
 QtWorkQueue::~QtWorkQueue()
 {
+    finish();
+}
+
+void QtWorkQueue::finish()
+{
+    m_isFinished = true;
     m_reads.clear();
     m_reads.waitForDone();
     m_writes.waitForDone();
@@ -28,6 +34,9 @@ QtWorkQueue::~QtWorkQueue()
 
 void QtWorkQueue::schedule(WorkPriority priority, Job job)
 {
+    if (m_isFinished) {
+        return;
+    }
     QThreadPool& pool = priority == WorkPriority::utility ? m_writes : m_reads;
     pool.start([this, job = std::move(job)] {
         QMetaObject::invokeMethod(&m_mainThread, job(), Qt::QueuedConnection);

@@ -18,9 +18,11 @@ public:
     QtWorkQueue& operator=(const QtWorkQueue&) = delete;
 
     void schedule(WorkPriority priority, Job job) override;
+    void finish() override;
 
 private:
     QObject m_mainThread;
+    bool m_isFinished = false;
     QThreadPool m_reads;
     QThreadPool
         m_writes; ///< One thread, so that a later write is never overtaken by an earlier one.

@@ -11,8 +11,7 @@ enum class WorkPriority {
     utility,
 };
 
-/// Runs work off the main thread on copies and hands its result back to the main thread. Work
-/// still queued when the program ends is finished first if it is `utility` (a write), dropped else.
+/// Runs work off the main thread on copies and hands its result back to the main thread.
 class WorkQueue
 {
 public:
@@ -23,6 +22,9 @@ public:
     virtual ~WorkQueue() = default;
 
     virtual void schedule(WorkPriority priority, Job job) = 0;
+    /// For the end of the program, before what the jobs refer to goes: waits for the jobs that run
+    /// and the writes that wait, drops the others, and accepts no more.
+    virtual void finish() = 0;
 
     /// Runs `work` off the main thread, then `done` with its result on the main thread. The result
     /// must be cheap to copy (Qt's values are).

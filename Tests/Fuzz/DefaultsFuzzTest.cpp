@@ -13,6 +13,7 @@
 
 #include <Fuzz/Mutator.h>
 #include <Support/FakeLoginItem.h>
+#include <Support/StepWorkQueue.h>
 #include <Support/VirtualMainQueue.h>
 
 using namespace Tavik;
@@ -114,6 +115,7 @@ void DefaultsFuzzTest::damagedFilesAreUnderstoodOrKept()
     const QByteArray wellFormed = wellFormedDefaults();
     Test::Mutator mutator(3);
     Test::VirtualMainQueue queue;
+    Test::StepWorkQueue work;
     QElapsedTimer time;
     time.start();
     int understood = 0;
@@ -126,7 +128,7 @@ void DefaultsFuzzTest::damagedFilesAreUnderstoodOrKept()
         QVERIFY(file.open(QIODevice::WriteOnly));
         QCOMPARE(file.write(damaged), damaged.size());
         file.close();
-        (void)PropertyListDefaults(path, queue);
+        (void)PropertyListDefaults(path, queue, work);
         const QStringList files = QDir(folder.path()).entryList(QDir::Files);
         QCOMPARE(files.size(), 1);
         QCOMPARE(contentsOf(folder.filePath(files.first())), damaged);

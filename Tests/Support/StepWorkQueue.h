@@ -17,6 +17,8 @@ public:
         m_waiting.push_back({priority, std::move(job)});
     }
 
+    void finish() override { m_waiting.clear(); }
+
     [[nodiscard]] std::size_t waiting() const { return m_waiting.size(); }
     /// Runs the waiting job at `position` and then its continuation.
     void runAt(std::size_t position) { finish(startAt(position)); }

@@ -5,8 +5,6 @@
 
 #include <QSet>
 
-#include <algorithm>
-
 namespace Tavik::CatalogWalk {
 
 namespace {
@@ -45,12 +43,7 @@ public:
         });
     }
 
-    [[nodiscard]] QList<IndexedApp> sortedApps() &&
-    {
-        std::ranges::stable_sort(
-            m_apps, AppSearch::localizedCaseInsensitiveLess, &IndexedApp::name);
-        return std::move(m_apps);
-    }
+    [[nodiscard]] const QList<IndexedApp>& apps() const { return m_apps; }
 
 private:
     /// Adds `text` to `set`; false when it was there already.
@@ -98,7 +91,7 @@ QList<IndexedApp> loadApplications(const FileManager& fileManager, const QString
     for (const QString& folder : searchPaths) {
         walk.visitFolder(folder);
     }
-    return std::move(walk).sortedApps();
+    return AppSearch::sortedByName(walk.apps());
 }
 
 QString displayName(const QString& path, const std::optional<Bundle>& bundle)

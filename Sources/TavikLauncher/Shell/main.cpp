@@ -68,7 +68,10 @@ int run(int argc, char** argv, AppAction action)
         platform->mainQueue->post([&delegate, action] { delegate.perform(action); });
     }
     const TerminationSignals signals([] { QCoreApplication::quit(); });
-    return QApplication::exec();
+    const int exitCode = QApplication::exec();
+    // No job may outlive what it refers to.
+    platform->workQueue->finish();
+    return exitCode;
 }
 
 } // namespace

@@ -60,7 +60,7 @@ std::unique_ptr<Platform> makePlatform()
     platform->mainQueue = std::make_unique<QtMainQueue>();
     platform->workQueue = std::make_unique<QtWorkQueue>();
     platform->userDefaults = std::make_unique<PropertyListDefaults>(
-        PropertyListDefaults::defaultPath(), *platform->mainQueue);
+        PropertyListDefaults::defaultPath(), *platform->mainQueue, *platform->workQueue);
     platform->fileManager = std::make_unique<LinuxFileManager>(*platform->mainQueue);
     platform->iconDecoder = std::make_unique<ThemeIconDecoder>(QIcon::themeName());
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();

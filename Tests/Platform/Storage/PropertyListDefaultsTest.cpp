@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <Support/StepWorkQueue.h>
 #include <Support/VirtualMainQueue.h>
 #include <csignal>
 #include <memory>
@@ -61,6 +62,7 @@ private Q_SLOTS:
     void init();
     void assignmentsAreOnDiskOnceTheTurnEnds();
     void assignmentsAreOnDiskAtTheLatestAtTheEnd();
+    void changesDuringAWriteAreWrittenAfterIt();
     void readingWritesNothing();
     void unknownKeysSurvive();
     void fileIsForTheUserAlone();
@@ -79,7 +81,13 @@ private:
     [[nodiscard]] QString inFolder(const QString& name) const { return m_folder->filePath(name); }
     [[nodiscard]] std::unique_ptr<PropertyListDefaults> open()
     {
-        return std::make_unique<PropertyListDefaults>(m_path, m_queue);
+        return std::make_unique<PropertyListDefaults>(m_path, m_queue, m_work);
+    }
+    /// Ends the main loop's turn and lets the write that it started finish.
+    void endTurn()
+    {
+        m_queue.drain();
+        m_work.runAll();
     }
     [[nodiscard]] QStringList filesIn(const QString& folder) const
     {
@@ -90,6 +98,7 @@ private:
     std::unique_ptr<QTemporaryDir> m_folder;
     QString m_path;
     Test::VirtualMainQueue m_queue;
+    Test::StepWorkQueue m_work;
 };
 
 void PropertyListDefaultsTest::init()
@@ -107,13 +116,13 @@ void PropertyListDefaultsTest::assignmentsAreOnDiskOnceTheTurnEnds()
     defaults->setObject(u"b"_s, 7LL);
     QCOMPARE(defaults->doubleValue(u"a"_s), 0.5);
     QVERIFY(!QFile::exists(m_path));
-    m_queue.drain();
+    endTurn();
     QCOMPARE(open()->doubleValue(u"a"_s), 0.5);
     QCOMPARE(open()->integerValue(u"b"_s), 7);
     QCOMPARE(filesIn(inFolder(u"deep/er"_s)), QStringList{u"Defaults.plist"_s});
 
     defaults->setObject(u"a"_s, {});
-    m_queue.drain();
+    endTurn();
     QVERIFY(!open()->object(u"a"_s).isValid());
 }
 
@@ -125,15 +134,34 @@ void PropertyListDefaultsTest::assignmentsAreOnDiskAtTheLatestAtTheEnd()
     QCOMPARE(open()->stringValue(u"a"_s), u"b"_s);
     // What was posted finds its owner gone.
     QVERIFY(QFile::remove(m_path));
-    m_queue.drain();
+    endTurn();
     QVERIFY(!QFile::exists(m_path));
+}
+
+void PropertyListDefaultsTest::changesDuringAWriteAreWrittenAfterIt()
+{
+    auto defaults = open();
+    defaults->setObject(u"a"_s, 1LL);
+    m_queue.drain();
+    const auto firstDone = m_work.startAt(0);
+    defaults->setObject(u"a"_s, 2LL);
+    m_queue.drain();
+    QCOMPARE(m_work.waiting(), 0U);
+    firstDone();
+    QCOMPARE(m_work.waiting(), 1U);
+
+    // The end of the program does not wait for a write that never came about.
+    defaults->setObject(u"a"_s, 3LL);
+    defaults.reset();
+    m_work.finish();
+    QCOMPARE(open()->integerValue(u"a"_s), 3);
 }
 
 void PropertyListDefaultsTest::readingWritesNothing()
 {
     m_path = inFolder(u"sub/Defaults.plist"_s);
     QVERIFY(!open()->object(u"a"_s).isValid());
-    m_queue.drain();
+    endTurn();
     QVERIFY(!QFile::exists(inFolder(u"sub"_s)));
 }
 
@@ -184,7 +212,7 @@ void PropertyListDefaultsTest::damagedFileIsSetAside()
                 .hasMatch());
     QCOMPARE(contentsOf(inFolder(files.first())), contents);
     defaults->setObject(u"a"_s, true);
-    m_queue.drain();
+    endTurn();
     QCOMPARE(open()->boolValue(u"a"_s), true);
 }
 
@@ -223,11 +251,11 @@ void PropertyListDefaultsTest::linkIsKept()
     const auto defaults = open();
     QCOMPARE(defaults->boolValue(u"old"_s).has_value(), targetExists);
     defaults->setObject(u"a"_s, 1LL);
-    m_queue.drain();
+    endTurn();
     QVERIFY(QFileInfo(m_path).isSymLink());
     QVERIFY(QFileInfo(inFolder(u"between"_s)).isSymLink());
     QVERIFY(!QFileInfo(target).isSymLink());
-    QCOMPARE(PropertyListDefaults(target, m_queue).integerValue(u"a"_s), 1);
+    QCOMPARE(PropertyListDefaults(target, m_queue, m_work).integerValue(u"a"_s), 1);
 }
 
 void PropertyListDefaultsTest::damagedFileBehindALinkIsSetAsideBesideItself()
@@ -247,7 +275,7 @@ void PropertyListDefaultsTest::failedWriteKeepsTheOldFileAndIsTriedAgain()
 {
     const auto defaults = open();
     defaults->setObject(u"a"_s, u"old"_s);
-    m_queue.drain();
+    endTurn();
     const QByteArray before = contentsOf(m_path);
     {
         const FullDisk full(static_cast<rlim_t>(before.size()));
@@ -256,7 +284,7 @@ void PropertyListDefaultsTest::failedWriteKeepsTheOldFileAndIsTriedAgain()
         // One line in the log, however often it fails.
         for (int attempt = 0; attempt < 3; ++attempt) {
             defaults->setObject(u"a"_s, QString(5000, u'x'));
-            m_queue.drain();
+            endTurn();
         }
     }
     QCOMPARE(contentsOf(m_path), before);
@@ -264,7 +292,7 @@ void PropertyListDefaultsTest::failedWriteKeepsTheOldFileAndIsTriedAgain()
     QCOMPARE(defaults->stringValue(u"a"_s)->size(), 5000);
 
     defaults->setObject(u"b"_s, 1LL);
-    m_queue.drain();
+    endTurn();
     QCOMPARE(open()->stringValue(u"a"_s)->size(), 5000);
     QCOMPARE(open()->integerValue(u"b"_s), 1);
 }

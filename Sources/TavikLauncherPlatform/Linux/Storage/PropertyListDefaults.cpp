@@ -3,6 +3,7 @@
 #include <TavikLauncherPlatform/Linux/Storage/ReplaceFile.h>
 #include <TavikLauncherPlatform/Linux/Storage/StorageLog.h>
 #include <TavikLauncherPlatform/MainQueue.h>
+#include <TavikLauncherPlatform/WorkQueue.h>
 
 #include <QDateTime>
 #include <QFile>
@@ -18,6 +19,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+std::optional<QString> writeFile(const QString& path, const QByteArray& content)
+{
+    return replaceFile(path, content, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+}
+
 std::optional<PropertyList> readPropertyList(const QString& path)
 {
     QFile file(path);
@@ -30,15 +36,18 @@ std::optional<PropertyList> readPropertyList(const QString& path)
 
 } // namespace
 
-PropertyListDefaults::PropertyListDefaults(QString path, MainQueue& mainQueue)
+PropertyListDefaults::PropertyListDefaults(QString path, MainQueue& mainQueue, WorkQueue& workQueue)
     : m_path(std::move(path))
     , m_mainQueue(mainQueue)
+    , m_workQueue(workQueue)
 {
     load();
 }
 
 PropertyListDefaults::~PropertyListDefaults()
 {
+    // Whether a write under way has succeeded is not known here any more.
+    m_hasChanged = m_hasChanged || m_isWriting;
     flush();
 }
 
@@ -102,7 +111,7 @@ void PropertyListDefaults::setObject(const QString& key, const QVariant& value)
         m_mainQueue.post([this, alive = QPointer<QObject>(&m_alive)] {
             if (alive) {
                 m_isPosted = false;
-                flush();
+                writeInBackground();
             }
         });
     }
@@ -113,7 +122,44 @@ void PropertyListDefaults::flush()
     if (!m_hasChanged) {
         return;
     }
-    const auto error = write();
+    QString refusal;
+    const auto bytes = content(refusal);
+    finishWrite(bytes ? writeFile(m_path, *bytes) : std::optional(refusal));
+}
+
+/// Syncing a file takes milliseconds, and a summon counts itself: the disk must not stand between
+/// the trigger and the first frame.
+void PropertyListDefaults::writeInBackground()
+{
+    if (!m_hasChanged || m_isWriting) {
+        return; // What changes while a write is under way is written after it.
+    }
+    QString refusal;
+    const auto bytes = content(refusal);
+    if (!bytes) {
+        finishWrite(refusal);
+        return;
+    }
+    m_hasChanged = false;
+    m_isWriting = true;
+    m_workQueue.run(
+        WorkPriority::utility,
+        [path = m_path, bytes = *bytes] { return writeFile(path, bytes); },
+        [this, alive = QPointer<QObject>(&m_alive)](const std::optional<QString>& error) {
+            if (alive) {
+                m_isWriting = false;
+                const bool hasChangedMeanwhile = m_hasChanged;
+                finishWrite(error);
+                m_hasChanged = m_hasChanged || hasChangedMeanwhile;
+                if (hasChangedMeanwhile) {
+                    writeInBackground();
+                }
+            }
+        });
+}
+
+void PropertyListDefaults::finishWrite(const std::optional<QString>& error)
+{
     if (error && !m_isFailing) {
         qCWarning(storageLog).noquote() << "TavikLauncher: failed to save settings:" << *error;
     }
@@ -121,20 +167,22 @@ void PropertyListDefaults::flush()
     m_hasChanged = error.has_value();
 }
 
-std::optional<QString> PropertyListDefaults::write()
+std::optional<QByteArray> PropertyListDefaults::content(QString& error)
 {
     if (m_isInTheWay) {
         m_isInTheWay = QFileInfo::exists(m_path) && !setAside();
     }
     if (m_isInTheWay) {
-        return u"%1 is damaged and could not be set aside"_s.arg(m_path);
+        error = u"%1 is damaged and could not be set aside"_s.arg(m_path);
+        return std::nullopt;
     }
     const QByteArray xml = m_values.toXml();
     if (xml.size() > PropertyList::mostBytes) {
         // The next start would refuse it, so the file that can still be read stays.
-        return u"%1 bytes are too many"_s.arg(xml.size());
+        error = u"%1 bytes are too many"_s.arg(xml.size());
+        return std::nullopt;
     }
-    return replaceFile(m_path, xml, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+    return xml;
 }
 
 } // namespace Tavik

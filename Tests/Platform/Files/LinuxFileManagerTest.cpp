@@ -5,6 +5,9 @@
 
 #include <Support/FileTree.h>
 #include <Support/VirtualMainQueue.h>
+#include <atomic>
+#include <thread>
+#include <vector>
 
 #include <unistd.h>
 
@@ -25,6 +28,7 @@ private Q_SLOTS:
     void bundlesAreRecognised();
     void identifiersAreRelativeToTheApplicationsFolder();
     void hidingLinksStillHaveAnIdentifier();
+    void bundlesAreReadOnSeveralThreadsAtOnce();
     void theSessionsFoldersComeInOrder();
     void theSupportFolderIsMade();
 
@@ -149,6 +153,30 @@ void LinuxFileManagerTest::hidingLinksStillHaveAnIdentifier()
     QVERIFY(!m_files.bundle(tree.path(u"missing.desktop"_s)));
     QVERIFY(!m_files.bundle(tree.makeFolder(u"folder.desktop"_s)));
     QVERIFY(!m_files.bundle(tree.write(u"text.txt"_s)));
+}
+
+void LinuxFileManagerTest::bundlesAreReadOnSeveralThreadsAtOnce()
+{
+    const FileTree tree;
+    const QString entry = tree.write(
+        u"x.desktop"_s, "[Desktop Entry]\nType=Application\nName=X\nExec=sh\nTryExec=sh\n");
+    tree.write(u"X.app/Contents/Info.plist"_s,
+               "<plist><dict><key>CFBundleName</key><string>X</string></dict></plist>");
+    std::atomic<int> read = 0;
+    const auto readAll = [&] {
+        for (int round = 0; round < 200; ++round) {
+            const auto shown = m_files.bundle(entry);
+            const auto folder = m_files.bundle(tree.path(u"X.app"_s));
+            read += shown && !shown->isHidden && folder && folder->name == u"X"_s ? 1 : 0;
+        }
+    };
+    {
+        std::vector<std::jthread> threads;
+        for (int thread = 0; thread < 4; ++thread) {
+            threads.emplace_back(readAll);
+        }
+    }
+    QCOMPARE(read, 800);
 }
 
 void LinuxFileManagerTest::theSessionsFoldersComeInOrder()

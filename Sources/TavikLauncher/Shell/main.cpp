@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QCoreApplication>
+#include <QLoggingCategory>
 #include <QTextStream>
 
 #include <cstdio>
@@ -47,6 +48,8 @@ bool needsRunningInstance(AppAction action)
 
 int run(int argc, char** argv, AppAction action)
 {
+    // Other programs' icons may be faulty in many ways; whoever decodes them goes on with the next.
+    QLoggingCategory::setFilterRules(u"qt.gui.imageio*=false\nqt.svg*=false"_s);
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"TavikLauncher"_s);

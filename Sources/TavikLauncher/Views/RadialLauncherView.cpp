@@ -187,13 +187,9 @@ void RadialLauncherView::paintEvent(QPaintEvent* event)
         RingPainter::paint(painter, now, m_images.band(now), event->rect());
         return;
     }
-    const QPointF middle = QPointF(width(), height()) / 2;
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.setOpacity(presentation.opacity());
-    painter.translate(middle);
-    painter.scale(presentation.scale(), presentation.scale());
-    painter.translate(-middle);
-    painter.drawImage(QPointF(0, 0), m_images.wholeRing(now));
+    RingPainter::paintInFlight(painter,
+                               m_images.wholeRing(now),
+                               {.scale = presentation.scale(), .opacity = presentation.opacity()});
 }
 
 void RadialLauncherView::renderAhead()

@@ -239,6 +239,17 @@ void paint(QPainter& painter, const RingScene& scene, const QImage& band, const 
     painter.translate(-offset, -offset);
 }
 
+void paintInFlight(QPainter& painter, const QImage& ring, const Flight& flight)
+{
+    const QSizeF size = ring.deviceIndependentSize();
+    const QSizeF scaled = size * flight.scale;
+    const QPointF corner((size.width() - scaled.width()) / 2,
+                         (size.height() - scaled.height()) / 2);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.setOpacity(flight.opacity);
+    painter.drawImage(QRectF(corner, scaled), ring);
+}
+
 QRectF wedgeBounds(const RingScene& scene)
 {
     const double offset = margin(scene);

@@ -20,6 +20,13 @@ namespace Tavik::RingPainter {
 [[nodiscard]] QImage ringImage(const RingScene& scene, const QImage& band);
 /// Draws the scene over a transparent background; what lies outside `dirty` may be left out.
 void paint(QPainter& painter, const RingScene& scene, const QImage& band, const QRectF& dirty);
+struct Flight
+{
+    double scale = 1; ///< About the panel's centre.
+    double opacity = 1;
+};
+/// Draws the whole ring's image at one moment of the opening animation.
+void paintInFlight(QPainter& painter, const QImage& ring, const Flight& flight);
 /// What must be repainted when the highlight or the slot's emphasis changes.
 [[nodiscard]] QRectF wedgeBounds(const RingScene& scene);
 [[nodiscard]] QRectF slotBounds(const RingScene& scene, const RingIcon& icon);

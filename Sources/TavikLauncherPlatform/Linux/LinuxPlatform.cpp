@@ -2,6 +2,7 @@
 #include <TavikLauncherPlatform/Linux/Desktop/PortalAppearance.h>
 #include <TavikLauncherPlatform/Linux/Desktop/QtScreens.h>
 #include <TavikLauncherPlatform/Linux/Files/LinuxFileManager.h>
+#include <TavikLauncherPlatform/Linux/Files/SessionIconTheme.h>
 #include <TavikLauncherPlatform/Linux/Files/ThemeIconDecoder.h>
 #include <TavikLauncherPlatform/Linux/Storage/AutostartLoginItem.h>
 #include <TavikLauncherPlatform/Linux/Storage/PropertyListDefaults.h>
@@ -62,7 +63,8 @@ std::unique_ptr<Platform> makePlatform()
     platform->userDefaults = std::make_unique<PropertyListDefaults>(
         PropertyListDefaults::defaultPath(), *platform->mainQueue, *platform->workQueue);
     platform->fileManager = std::make_unique<LinuxFileManager>(*platform->mainQueue);
-    platform->iconDecoder = std::make_unique<ThemeIconDecoder>(QIcon::themeName());
+    platform->iconDecoder = std::make_unique<ThemeIconDecoder>(
+        sessionIconTheme(QIcon::themeName(), IconFolders::ofSession()));
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     if (x11 && x11->connection()) {
         addX11Services(*platform, x11->connection());

@@ -28,6 +28,10 @@ QImage transparentSquare(int side)
     return square;
 }
 
+/// A picture at least this near to the wanted size is drawn as it is: a little smaller is not
+/// noticed, a little enlarged is blurred.
+constexpr double nearEnough = 0.86;
+
 /// `size` enlarged or reduced to fit a square of `side`, centred in it.
 QRectF fitted(QSizeF size, int side, double largestFactor)
 {
@@ -70,7 +74,9 @@ QImage scaledPixels(QByteArray bytes, int side)
     if (picture.size() == QSize(side, side)) {
         return picture;
     }
-    const QRectF place = fitted(picture.size(), side, maxEnlargement);
+    const int longest = std::max(picture.width(), picture.height());
+    const bool isNear = longest <= side && longest >= nearEnough * side;
+    const QRectF place = fitted(picture.size(), side, isNear ? 1.0 : maxEnlargement);
     const QSize size = place.size().toSize().expandedTo(QSize(1, 1));
     QImage image = transparentSquare(side);
     QPainter painter(&image);

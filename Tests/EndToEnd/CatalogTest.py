@@ -33,6 +33,8 @@ def test_a_new_application_can_be_found_and_a_removed_one_not(searching, applica
     remains = applications.add("Mulberry", "red")
     goes = applications.add("Mulch", "yellow")
     searching.start().wait_indexed()
+    searching.summon(640, 400)
+    display.press("Escape")
     comes = applications.add("Mulled Wine", "blue")
     goes.entry.unlink()
     wait_until(
@@ -45,6 +47,7 @@ def test_a_new_application_can_be_found_and_a_removed_one_not(searching, applica
 
 def test_an_application_folder_that_appears_later_is_noticed(searching, desktop, applications, display):
     searching.start().wait_indexed()
+    searching.summon(640, 400)
     folder = desktop.home / "Applications" / "Late.app" / "Contents"
     folder.mkdir(parents=True)
     (folder / "Info.plist").write_text(

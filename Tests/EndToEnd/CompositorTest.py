@@ -29,6 +29,17 @@ def assert_see_through(display, ring):
     assert all(colour_distance(colour, BACKGROUND) <= 12 for colour in colours), colours
 
 
+def assert_texts_have_no_black_corners(display, ring):
+    """What is transparent but not cut away is purely black; the pills and their edges are lighter."""
+    frame = display.geometry(ring.window())
+    picture = display.picture(frame)
+    hole = [
+        (x, y) for x in range(frame.width) for y in range(frame.height)
+        if (x - frame.width / 2) ** 2 + (y - frame.height / 2) ** 2 < 78 ** 2]
+    black = [place for place in hole if max(picture.pixel(*place)) <= 3]
+    assert len(black) <= 4, f"{len(black)} black pixels, the first at {black[:3]} of the window"
+
+
 def test_with_a_compositor_the_ring_is_translucent(ring, display, look):
     ring.summon(640, 400)
     look("open")
@@ -54,6 +65,7 @@ def test_without_a_compositor_texts_and_animation_leave_no_dark_rectangle(ring, 
     ring.wait_still()
     look("filtered")
     assert_see_through(display, ring)
+    assert_texts_have_no_black_corners(display, ring)
 
 
 @pytest.mark.desktop(has_compositor=False)

@@ -17,9 +17,10 @@ from harness.waiting import wait_until  # noqa: E402
 
 ENTRIES = pathlib.Path("/usr/share/applications")
 # In the ring's order; those of the first group are started before the ring is summoned.
-RUNNING = ("gucharmap", "galculator", "gpicview")
-PINNED = ("lxterminal", "pcmanfm", "org.xfce.mousepad", *RUNNING, "lxtask", "xarchiver", "xfce-wm-settings", "debian-xterm")
-PLACE = (700, 430)
+RUNNING = ("gucharmap", "galculator")
+PINNED = (
+    "org.xfce.mousepad", *RUNNING, "lxterminal", "pcmanfm", "gpicview", "lxtask", "xarchiver", "xfce-wm-settings", "debian-xterm")
+PLACE = (1010, 580)
 BACKGROUND = ("-add", "#274b7a", "-add", "#5f5590", "-add", "#a8698e", "-gradient", "140")
 
 
@@ -50,7 +51,7 @@ def run(program, arguments, picture):
     options = DesktopOptions(width=1400, height=860, background=BACKGROUND)
     with Desktop(options) as desktop:
         launcher = Guest(desktop, program)
-        launcher.process = desktop.spawn([launcher.program, *arguments], log="launcher")
+        launcher.process = desktop.spawn([launcher.program, *arguments], launcher.environment, log="launcher")
         try:
             wait_until(lambda: launcher.exited() or launcher.display.is_grabbed(launcher.hot_key), "the program answers")
             if not launcher.exited():

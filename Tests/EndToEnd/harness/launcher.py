@@ -2,6 +2,7 @@
 """The launcher under test: its process, its files, its window, and its ring as seen on the screen."""
 import json
 import math
+import pathlib
 import plistlib
 import subprocess
 
@@ -30,7 +31,7 @@ class Launcher:
     """One launcher on one desktop. Write settings before `start()`; it keeps them in memory."""
 
     def __init__(self, desktop, program, hot_key=HOT_KEY):
-        self.desktop, self.program = desktop, str(program)
+        self.desktop, self.program = desktop, str(pathlib.Path(program).resolve())
         self.display = desktop.display
         self.process = None
         # Only the applications made for the test, whatever is installed on this machine.

@@ -27,8 +27,10 @@ RingScene scene(double diameter, double thickness)
 }
 
 /// How far the label's rounded corners reach from the ring's centre.
-double reach(const RingScene& scene, const QRectF& rect, double cornerRadius)
+double reach(const RingScene& scene, const CenterPainter::Pill& pill)
 {
+    const QRectF& rect = pill.rect;
+    const double cornerRadius = pill.cornerRadius;
     const double x = rect.width() / 2 - cornerRadius;
     const double y = std::max(std::abs(rect.top() - scene.geometry.center.y()),
                               std::abs(rect.bottom() - scene.geometry.center.y()))
@@ -59,11 +61,10 @@ private Q_SLOTS:
         ring.center.indicator = u"Search mode"_s;
         ring.center.query = u"a very long text that somebody typed by mistake"_s;
         ring.center.selectedName = u"An Application With A Name Much Wider Than The Ring"_s;
-        const QList<QRectF> rects = CenterPainter::pillRects(ring);
-        QCOMPARE(rects.size(), 3);
-        for (const QRectF& rect : rects) {
-            QVERIFY(reach(ring, rect, std::min(rect.height() / 2, 10.0))
-                    <= ring.geometry.innerRadius);
+        const QList<CenterPainter::Pill> pills = CenterPainter::pills(ring);
+        QCOMPARE(pills.size(), 3);
+        for (const CenterPainter::Pill& pill : pills) {
+            QVERIFY(reach(ring, pill) <= ring.geometry.innerRadius);
         }
     }
 
@@ -76,37 +77,38 @@ private Q_SLOTS:
                 = LaunchHints::nextHint(defaults, {.interval = 1}).value_or(QString());
             QVERIFY(!hint.isEmpty());
             ring.center.launchHint = hint;
-            const QList<QRectF> rects = CenterPainter::pillRects(ring);
-            QCOMPARE(rects.size(), 1);
-            QVERIFY2(reach(ring, rects.front(), 12) <= ring.geometry.innerRadius, qPrintable(hint));
+            const QList<CenterPainter::Pill> pills = CenterPainter::pills(ring);
+            QCOMPARE(pills.size(), 1);
+            QVERIFY2(reach(ring, pills.front()) <= ring.geometry.innerRadius, qPrintable(hint));
         }
     }
 
     void labelsAreStackedAboutTheCenter()
     {
         RingScene ring = scene(320, 80);
-        QCOMPARE(CenterPainter::pillRects(ring).size(), 1);
+        QCOMPARE(CenterPainter::pills(ring).size(), 1);
         QCOMPARE(CenterPainter::fieldRect(ring).center(), ring.geometry.center);
 
         ring.center.selectedName = u"Editor"_s;
-        QList<QRectF> rects = CenterPainter::pillRects(ring);
-        QCOMPARE(rects.size(), 2);
-        QCOMPARE((rects.front().top() + rects.back().bottom()) / 2, ring.geometry.center.y());
-        QVERIFY(rects.front().bottom() < CenterPainter::fieldRect(ring).top());
+        QList<CenterPainter::Pill> pills = CenterPainter::pills(ring);
+        QCOMPARE(pills.size(), 2);
+        QCOMPARE((pills.front().rect.top() + pills.back().rect.bottom()) / 2,
+                 ring.geometry.center.y());
+        QVERIFY(pills.front().rect.bottom() < CenterPainter::fieldRect(ring).top());
 
         ring.center.query = u"ed"_s;
-        QVERIFY(CenterPainter::pillRects(ring).back().top()
+        QVERIFY(CenterPainter::pills(ring).back().rect.top()
                 > CenterPainter::fieldRect(ring).bottom());
         ring.center.selectedName.clear();
         ring.center.message = u"No matches"_s;
-        QCOMPARE(CenterPainter::pillRects(ring).size(), 2);
+        QCOMPARE(CenterPainter::pills(ring).size(), 2);
     }
 
     void fadedFieldIsNotPartOfTheShape()
     {
         RingScene ring = scene(320, 80);
         ring.center.fieldOpacity = 0;
-        QVERIFY(CenterPainter::pillRects(ring).isEmpty());
+        QVERIFY(CenterPainter::pills(ring).isEmpty());
     }
 };
 

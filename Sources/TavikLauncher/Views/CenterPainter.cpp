@@ -22,6 +22,7 @@ constexpr double nameHeight = 32.0;
 constexpr double namePadding = 13.0;
 constexpr double indicatorHeight = 19.0;
 constexpr double spinnerHeight = 24.0;
+constexpr double nameCornerRadius = 10.0;
 constexpr double hintCornerRadius = 12.0;
 constexpr double clearance = 3.0; // Between a label and the band.
 constexpr QColor dimText(255, 255, 255, 150);
@@ -61,6 +62,22 @@ struct PlacedRow
     Row row;
     QRectF rect;
 };
+
+double cornerRadius(const PlacedRow& placed)
+{
+    switch (placed.row) {
+    case Row::name:
+    case Row::message:
+        return nameCornerRadius;
+    case Row::launchHint:
+        return hintCornerRadius;
+    case Row::indicator:
+    case Row::field:
+    case Row::spinner:
+        break;
+    }
+    return placed.rect.height() / 2;
+}
 
 QList<Row> rows(const RingCenter& center)
 {
@@ -273,8 +290,9 @@ void paintLabel(QPainter& painter, const RingScene& scene, const PlacedRow& plac
     const bool isName = placed.row == Row::name;
     const QFont font = isName ? nameFont() : fieldFont();
     const QString& text = isName ? scene.center.selectedName : scene.center.message;
-    const ToastPill pill{
-        .isProminent = true, .opacity = scene.style.pillOpacity, .cornerRadius = 10};
+    const ToastPill pill{.isProminent = true,
+                         .opacity = scene.style.pillOpacity,
+                         .cornerRadius = cornerRadius(placed)};
     pill.paint(painter, placed.rect, scene.isOpaque);
     const QRectF inner = placed.rect.adjusted(namePadding, 0, -namePadding, 0);
     drawText(painter,
@@ -352,15 +370,15 @@ QRectF fieldRect(const RingScene& scene)
     return {center.x() - fieldWidth / 2, center.y() - fieldHeight / 2, fieldWidth, fieldHeight};
 }
 
-QList<QRectF> pillRects(const RingScene& scene)
+QList<Pill> pills(const RingScene& scene)
 {
-    QList<QRectF> rects;
+    QList<Pill> shown;
     for (const PlacedRow& placed : placedRows(scene)) {
         if (placed.row != Row::field || scene.center.fieldOpacity > 0) {
-            rects << placed.rect;
+            shown << Pill{placed.rect, cornerRadius(placed)};
         }
     }
-    return rects;
+    return shown;
 }
 
 } // namespace Tavik::CenterPainter

@@ -17,6 +17,11 @@ void paint(QPainter& painter, const RingScene& scene);
 /// Where the filter field's label is; valid also while it is faded out.
 [[nodiscard]] QRectF fieldRect(const RingScene& scene);
 /// All labels that are shown.
-[[nodiscard]] QList<QRectF> pillRects(const RingScene& scene);
+struct Pill
+{
+    QRectF rect;
+    double cornerRadius = 0;
+};
+[[nodiscard]] QList<Pill> pills(const RingScene& scene);
 
 } // namespace Tavik::CenterPainter

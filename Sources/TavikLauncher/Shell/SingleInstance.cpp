@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 namespace Tavik {
 
@@ -36,6 +37,17 @@ constexpr std::array<NamedAction, 4> namedActions{{
     {AppAction::hideLauncher, u"hide-launcher"},
     {AppAction::quit, u"quit"},
 }};
+
+/// What a plain start sends over the socket.
+constexpr QStringView plainStart = u"activate";
+
+std::optional<AppAction> namedAction(const QString& name)
+{
+    const auto found = std::ranges::find_if(namedActions, [&name](const NamedAction& entry) {
+        return name == QStringView(entry.name);
+    });
+    return found == namedActions.end() ? std::nullopt : std::optional(found->action);
+}
 
 QString latin1(const char* text)
 {
@@ -63,11 +75,8 @@ public Q_SLOTS:
                         const QVariantMap&,
                         const QDBusMessage& message)
     {
-        const auto found = std::ranges::find_if(namedActions, [&name](const NamedAction& entry) {
-            return name == QStringView(entry.name);
-        });
-        if (found != namedActions.end()) {
-            perform(found->action);
+        if (const std::optional<AppAction> action = namedAction(name)) {
+            perform(*action);
             return;
         }
         message.setDelayedReply(true);
@@ -98,8 +107,7 @@ SingleInstance::Claim SingleInstance::claim()
 {
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {
-        qCInfo(log, "no session bus: other programs cannot reach this one");
-        return Claim::noBus;
+        return claimSocket();
     }
     new ApplicationAdaptor(*this);
     // The object first: whoever sees the name may call at once.
@@ -111,25 +119,62 @@ SingleInstance::Claim SingleInstance::claim()
     return reply == QDBusConnectionInterface::ServiceRegistered ? Claim::first : Claim::taken;
 }
 
+SingleInstance::Claim SingleInstance::claimSocket()
+{
+    m_socket.onAction = [this](const QString& name) {
+        perform(name);
+    };
+    switch (m_socket.claim()) {
+    case InstanceSocket::Claim::taken:
+        return Claim::taken;
+    case InstanceSocket::Claim::unavailable:
+        qCInfo(log, "neither a session bus nor a runtime folder: no other start reaches this one");
+        break;
+    case InstanceSocket::Claim::first:
+        break;
+    }
+    return Claim::first;
+}
+
+void SingleInstance::perform(const QString& name)
+{
+    const std::optional<AppAction> action = namedAction(name);
+    if (onAction && (action || name == plainStart)) {
+        onAction(action.value_or(AppAction::activate));
+    }
+}
+
 bool SingleInstance::forward(AppAction action)
 {
-    const QDBusConnection bus = QDBusConnection::sessionBus();
+    // A connection of its own: this runs before there is an application object, and the one that
+    // the toolkit shares must not be made before that.
+    const QString connectionName = u"tavik-launcher-forward"_s;
+    const bool isAnswered
+        = call(QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName), action);
+    QDBusConnection::disconnectFromBus(connectionName);
+    const bool isNamed = action != AppAction::activate;
+    return isAnswered
+        || InstanceSocket::forward(isNamed ? actionName(action) : plainStart.toString());
+}
+
+bool SingleInstance::call(const QDBusConnection& bus, AppAction action)
+{
     if (!bus.isConnected()) {
         return false;
     }
     const bool isNamed = action != AppAction::activate;
-    QDBusMessage call
+    QDBusMessage message
         = QDBusMessage::createMethodCall(latin1(serviceName),
                                          latin1(objectPath),
                                          latin1(interfaceName),
                                          isNamed ? u"ActivateAction"_s : u"Activate"_s);
     // Only who runs is asked; nobody is to be started by the bus.
-    call.setAutoStartService(false);
+    message.setAutoStartService(false);
     if (isNamed) {
-        call << actionName(action) << QVariantList();
+        message << actionName(action) << QVariantList();
     }
-    call << QVariantMap();
-    const QDBusMessage reply = bus.call(call, QDBus::Block, callTimeoutMilliseconds);
+    message << QVariantMap();
+    const QDBusMessage reply = bus.call(message, QDBus::Block, callTimeoutMilliseconds);
     return reply.type() == QDBusMessage::ReplyMessage;
 }
 

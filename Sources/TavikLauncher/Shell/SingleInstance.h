@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncher/Shell/InstanceSocket.h>
+
 #include <QObject>
 #include <QString>
 
 #include <functional>
+
+class QDBusConnection;
 
 namespace Tavik {
 
@@ -22,7 +26,7 @@ enum class AppAction {
 [[nodiscard]] QString actionName(AppAction action);
 
 /// One instance per user: owns the well-known name on the session bus and answers
-/// `org.freedesktop.Application` there. Without a session bus every start is the first.
+/// `org.freedesktop.Application` there. Without a session bus a local socket does the same.
 class SingleInstance final : public QObject
 {
     Q_OBJECT
@@ -31,17 +35,24 @@ public:
     enum class Claim {
         first,
         taken, ///< Another instance has the name.
-        noBus,
     };
 
     using QObject::QObject;
 
     /// Asks for the name; on `first`, `onAction` is called from then on.
     [[nodiscard]] Claim claim();
-    /// Hands the action to the instance that runs. False when none answers.
+    /// Hands the action to the instance that runs. False when none answers. Needs no application
+    /// object.
     [[nodiscard]] static bool forward(AppAction action);
 
     std::function<void(AppAction)> onAction;
+
+private:
+    static bool call(const QDBusConnection& bus, AppAction action);
+    [[nodiscard]] Claim claimSocket();
+    void perform(const QString& name);
+
+    InstanceSocket m_socket;
 };
 
 } // namespace Tavik

@@ -33,14 +33,6 @@ void print(std::FILE* stream, const QString& text)
     QTextStream(stream) << text;
 }
 
-/// An action for the instance that runs needs neither windows nor fonts: it is on its way before
-/// the toolkit would have started.
-bool forwardedToRunningInstance(int argc, char** argv, AppAction action)
-{
-    const QCoreApplication application(argc, argv);
-    return SingleInstance::forward(action);
-}
-
 bool needsRunningInstance(AppAction action)
 {
     return action == AppAction::hideLauncher || action == AppAction::quit;
@@ -87,7 +79,9 @@ int main(int argc, char** argv)
         return commandLine.exitCode;
     }
     const AppAction action = commandLine.action;
-    if (action != AppAction::activate && forwardedToRunningInstance(argc, argv, action)) {
+    // What the running instance is to do needs neither windows nor fonts here: it is on its way
+    // before the toolkit would have started.
+    if (action != AppAction::activate && SingleInstance::forward(action)) {
         return 0;
     }
     if (needsRunningInstance(action)) {

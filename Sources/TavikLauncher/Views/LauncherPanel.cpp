@@ -105,6 +105,9 @@ LauncherPanel::~LauncherPanel()
 
 void LauncherPanel::warmUp()
 {
+    if (isVisible()) {
+        return; // A summon was faster.
+    }
     // Shown to the toolkit only: style, layout and backing store are made without a flash.
     setAttribute(Qt::WA_DontShowOnScreen);
     show();

@@ -182,14 +182,17 @@ void RadialLauncherView::paintEvent(QPaintEvent* event)
     QPainter painter(this);
     const LauncherPresentationState& presentation = m_dependencies.ring.presentation;
     const bool isInFlight = presentation.scale() != 1.0 || presentation.opacity() != 1.0;
-    if (!isInFlight || now.isOpaque) {
-        // Without blending there is no fading and no shape in flight: the ring stands at once.
+    if (!isInFlight) {
         RingPainter::paint(painter, now, m_images.band(now), event->rect());
-        return;
+    } else if (now.isOpaque) {
+        // Without blending there is no fading and no shape in flight: the ring stands at once.
+        RingPainter::paintInFlight(painter, m_images.wholeRing(now), {});
+    } else {
+        RingPainter::paintInFlight(
+            painter,
+            m_images.wholeRing(now),
+            {.scale = presentation.scale(), .opacity = presentation.opacity()});
     }
-    RingPainter::paintInFlight(painter,
-                               m_images.wholeRing(now),
-                               {.scale = presentation.scale(), .opacity = presentation.opacity()});
 }
 
 void RadialLauncherView::renderAhead()

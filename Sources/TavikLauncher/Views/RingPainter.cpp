@@ -91,7 +91,11 @@ void paintBand(QPainter& painter, const RingScene& scene)
     const RingGeometry& ring = scene.geometry;
     const QPainterPath donut = ring.donutShape();
     if (scene.isOpaque) {
-        painter.fillPath(donut, opaqueBase);
+        // Past the smooth edges: a pixel that is only half the ring's would turn black.
+        QPainterPath base;
+        base.addEllipse(ring.center, ring.outerRadius + 2, ring.outerRadius + 2);
+        base.addEllipse(ring.center, ring.innerRadius - 2, ring.innerRadius - 2);
+        painter.fillPath(base, opaqueBase);
     }
     painter.fillPath(donut, withOpacity(materialColor, materialOpacity));
 

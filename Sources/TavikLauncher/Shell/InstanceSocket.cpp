@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Shell/InstanceSocket.h>
+
+#include <QFileInfo>
+#include <QLocalSocket>
+#include <QPointer>
+#include <QStandardPaths>
+
+#include <optional>
+
+namespace Tavik {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int answerMilliseconds = 2000;
+constexpr qint64 longestAction = 64;
+constexpr char terminator = '\n';
+
+/// The path of `file` in the user's runtime folder; absent where that folder is not the user's own.
+std::optional<QString> inRuntimeFolder(const QString& file)
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    const QFileInfo info(folder);
+    constexpr auto others = QFileDevice::ReadGroup | QFileDevice::WriteGroup
+        | QFileDevice::ReadOther | QFileDevice::WriteOther;
+    if (folder.isEmpty() || !info.isDir() || !info.isWritable() || (info.permissions() & others)) {
+        return std::nullopt;
+    }
+    return folder + u'/' + file;
+}
+
+std::optional<QString> socketPath()
+{
+    return inRuntimeFolder(u"tavik-launcher.socket"_s);
+}
+
+} // namespace
+
+InstanceSocket::InstanceSocket()
+{
+    m_server.setSocketOptions(QLocalServer::UserAccessOption);
+    QObject::connect(&m_server, &QLocalServer::newConnection, &m_server, [this] { accept(); });
+}
+
+InstanceSocket::~InstanceSocket() = default;
+
+InstanceSocket::Claim InstanceSocket::claim()
+{
+    const auto path = socketPath();
+    const auto lockPath = inRuntimeFolder(u"tavik-launcher.lock"_s);
+    if (!path || !lockPath) {
+        return Claim::unavailable;
+    }
+    m_lock = std::make_unique<QLockFile>(*lockPath);
+    m_lock->setStaleLockTime(0);
+    if (!m_lock->tryLock()) {
+        return m_lock->error() == QLockFile::LockFailedError ? Claim::taken : Claim::unavailable;
+    }
+    // Whoever holds the lock owns the socket; what lies there is left from an instance that died.
+    QLocalServer::removeServer(*path);
+    return m_server.listen(*path) ? Claim::first : Claim::unavailable;
+}
+
+void InstanceSocket::accept()
+{
+    while (QLocalSocket* connection = m_server.nextPendingConnection()) {
+        QObject::connect(
+            connection, &QLocalSocket::disconnected, connection, &QObject::deleteLater);
+        QObject::connect(connection, &QLocalSocket::readyRead, connection, [this, connection] {
+            if (!connection->canReadLine()) {
+                if (connection->bytesAvailable() > longestAction) {
+                    connection->abort();
+                }
+                return;
+            }
+            const QByteArray line = connection->readLine(longestAction).trimmed();
+            connection->write(&terminator, 1);
+            connection->disconnectFromServer();
+            if (onAction) {
+                onAction(QString::fromLatin1(line));
+            }
+        });
+    }
+}
+
+bool InstanceSocket::forward(const QString& action)
+{
+    const auto path = socketPath();
+    if (!path) {
+        return false;
+    }
+    QLocalSocket socket;
+    socket.connectToServer(*path);
+    if (!socket.waitForConnected(answerMilliseconds)) {
+        return false;
+    }
+    socket.write(action.toLatin1() + terminator);
+    return socket.waitForReadyRead(answerMilliseconds);
+}
+
+} // namespace Tavik

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QLocalServer>
+#include <QLockFile>
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+namespace Tavik {
+
+/// Stands in for the session bus where there is none: a local socket in the user's runtime folder,
+/// which only the user can reach. One action's name is sent per connection and answered with a
+/// byte.
+class InstanceSocket
+{
+public:
+    enum class Claim {
+        first,
+        taken,
+        unavailable, ///< There is no runtime folder of the user's own.
+    };
+
+    InstanceSocket();
+    ~InstanceSocket();
+    InstanceSocket(const InstanceSocket&) = delete;
+    InstanceSocket& operator=(const InstanceSocket&) = delete;
+
+    /// On `first`, `onAction` is called with what other instances send from then on.
+    [[nodiscard]] Claim claim();
+    /// Hands an action to the instance that listens. False when none answers. Needs no application
+    /// object.
+    [[nodiscard]] static bool forward(const QString& action);
+
+    std::function<void(const QString& action)> onAction;
+
+private:
+    void accept();
+
+    std::unique_ptr<QLockFile> m_lock;
+    QLocalServer m_server;
+};
+
+} // namespace Tavik

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
@@ -62,6 +63,15 @@ public:
     /// Opens the bundle at `path`; absent when it cannot be read or is damaged.
     [[nodiscard]] virtual std::optional<Bundle> bundle(const QString& path) const = 0;
     [[nodiscard]] virtual unsigned userId() const = 0;
+
+    /// The content of the regular file at `path`; absent when there is none, when it cannot be read
+    /// or when it is larger than `maxBytes`.
+    [[nodiscard]] virtual std::optional<QByteArray> readFile(const QString& path,
+                                                             qint64 maxBytes) const = 0;
+    /// Makes or replaces the file at `path`: as a whole and on disk, or not at all. Replaces no
+    /// link, folder or device. The error's description, or nothing when it was done.
+    [[nodiscard]] virtual std::optional<QString>
+    writeFileAtomically(const QString& path, const QByteArray& contents) const = 0;
 
     /// The folders that hold installed applications, the most important first.
     [[nodiscard]] virtual QStringList applicationFolders() const = 0;

@@ -35,6 +35,21 @@ public:
         return found == bundles.end() ? std::nullopt : std::optional(*found);
     }
     [[nodiscard]] unsigned userId() const override { return user; }
+    [[nodiscard]] std::optional<QByteArray> readFile(const QString& path,
+                                                     qint64 maxBytes) const override
+    {
+        const auto found = contents.find(path);
+        const bool isReadable = found != contents.end() && found->size() <= maxBytes;
+        return isReadable ? std::optional(*found) : std::nullopt;
+    }
+    [[nodiscard]] std::optional<QString> writeFileAtomically(const QString& path,
+                                                             const QByteArray& bytes) const override
+    {
+        if (!writeError) {
+            contents.insert(path, bytes);
+        }
+        return writeError;
+    }
     [[nodiscard]] QStringList applicationFolders() const override { return items.keys(); }
     [[nodiscard]] FolderResult applicationSupportFolder() const override { return support; }
     [[nodiscard]] std::unique_ptr<FolderWatch> watch(const QStringList& folders,
@@ -48,6 +63,8 @@ public:
     QSet<QString> existing;
     QMap<QString, QList<DirectoryItem>> items; ///< By search path.
     QMap<QString, Bundle> bundles;
+    mutable QMap<QString, QByteArray> contents; ///< Of ordinary files, by path.
+    std::optional<QString> writeError;
     FolderResult support;
     unsigned user = 1000;
     mutable int bundleReads = 0;

@@ -16,7 +16,7 @@ constexpr QStringView launchCountKey = u"LauncherSettings.ringLaunchCount";
 constexpr QStringView hasShownIntroductionKey = u"LauncherSettings.hasShownLaunchHintIntro";
 constexpr QStringView hintIndexKey = u"LauncherSettings.launchHintIndex";
 
-constexpr std::array<QStringView, 10> tips{
+constexpr std::array<QStringView, 10> allTips{
     u"Some features are off by default — explore Settings to enable more.",
     u"Type any letters to filter the ring by app name.",
     u"Double-tap your shortcut to pin the ring open.",
@@ -43,6 +43,11 @@ QString introduction(int interval)
 
 } // namespace
 
+std::span<const QStringView> tips()
+{
+    return allTips;
+}
+
 std::optional<QString> nextHint(UserDefaults& userDefaults, const Preferences& preferences)
 {
     const QString countKey = launchCountKey.toString();
@@ -62,9 +67,9 @@ std::optional<QString> nextHint(UserDefaults& userDefaults, const Preferences& p
     const QString indexKey = hintIndexKey.toString();
     const qlonglong index = userDefaults.integerValue(indexKey).value_or(0);
     userDefaults.setObject(indexKey, successor(index));
-    constexpr auto tipCount = static_cast<qlonglong>(tips.size());
+    constexpr auto tipCount = static_cast<qlonglong>(allTips.size());
     const qlonglong position = (index % tipCount + tipCount) % tipCount;
-    return tips[static_cast<std::size_t>(position)].toString();
+    return allTips[static_cast<std::size_t>(position)].toString();
 }
 
 } // namespace Tavik::LaunchHints

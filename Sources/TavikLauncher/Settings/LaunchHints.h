@@ -2,8 +2,10 @@
 #pragma once
 
 #include <QString>
+#include <QStringView>
 
 #include <optional>
+#include <span>
 
 namespace Tavik {
 
@@ -20,6 +22,8 @@ struct Preferences
     int interval = 25; ///< In summons.
 };
 
+/// The tips in the order in which they take turns.
+[[nodiscard]] std::span<const QStringView> tips();
 /// Counts a summon; the tip to show at it, or nothing. To be asked exactly once per summon.
 [[nodiscard]] std::optional<QString> nextHint(UserDefaults& userDefaults,
                                               const Preferences& preferences);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Settings/LaunchHints.h>
 #include <TavikLauncher/Settings/LauncherSettings.h>
+#include <TavikLauncher/Settings/SettingsBackup.h>
 #include <TavikLauncher/Settings/ThemePreset.h>
 #include <TavikLauncherPlatform/LoginItem.h>
 #include <TavikLauncherPlatform/NotificationCenter.h>
@@ -152,6 +153,17 @@ std::optional<QString> LauncherSettings::launchHintForThisSummon()
                                  {.showsLaunchHints = showsLaunchHints(),
                                   .keepsCenterHintVisible = keepsCenterHintVisible(),
                                   .interval = launchHintInterval()});
+}
+
+QByteArray LauncherSettings::exportBackup() const
+{
+    return SettingsBackup::exported(*this);
+}
+
+std::optional<ImportSummary> LauncherSettings::applyBackup(const QByteArray& contents,
+                                                           const FileManager& fileManager)
+{
+    return SettingsBackup::apply(*this, contents, fileManager);
 }
 
 void LauncherSettings::setLaunchesAtLogin(bool launches)

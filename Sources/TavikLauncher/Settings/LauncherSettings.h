@@ -11,9 +11,11 @@
 
 namespace Tavik {
 
+class FileManager;
 class LoginItem;
 class NotificationCenter;
 class UserDefaults;
+struct ImportSummary;
 struct ThemePreset;
 
 /// Every preference of the user, observable. Each is read once, here, and written back at every
@@ -60,6 +62,11 @@ public:
     /// Counts a summon; the tip to show at it, or nothing. Not to be called for previews.
     [[nodiscard]] std::optional<QString> launchHintForThisSummon();
     void setLaunchesAtLogin(bool launches);
+    /// The contents of a backup file.
+    [[nodiscard]] QByteArray exportBackup() const;
+    /// Assigns what a backup file holds; absent, with nothing changed, when it is no such file.
+    [[nodiscard]] std::optional<ImportSummary> applyBackup(const QByteArray& contents,
+                                                           const FileManager& fileManager);
     void refreshLaunchAtLoginStatus();
 
 Q_SIGNALS:

@@ -31,6 +31,9 @@ private Q_SLOTS:
     void bundlesAreReadOnSeveralThreadsAtOnce();
     void theSessionsFoldersComeInOrder();
     void theSupportFolderIsMade();
+    void filesAreReplacedAsAWholeAndReadUpToABound();
+    void onlyOrdinaryFilesAreReplaced_data();
+    void onlyOrdinaryFilesAreReplaced();
 
 private:
     [[nodiscard]] QStringList walk(const QString& folder) const
@@ -206,6 +209,51 @@ void LinuxFileManagerTest::theSupportFolderIsMade()
     const auto failed = LinuxFileManager(queue).applicationSupportFolder();
     QVERIFY(failed.path.isEmpty());
     QCOMPARE(failed.error, u"Not a directory"_s);
+}
+
+void LinuxFileManagerTest::filesAreReplacedAsAWholeAndReadUpToABound()
+{
+    const FileTree tree;
+    const QString file = tree.path(u"settings.json"_s);
+    QCOMPARE(m_files.writeFileAtomically(file, "first"), std::nullopt);
+    QCOMPARE(QFile(file).permissions() & (QFile::ReadGroup | QFile::ReadOther),
+             QFileDevice::Permissions());
+    QVERIFY(QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup));
+    QCOMPARE(m_files.writeFileAtomically(file, "second"), std::nullopt);
+    QCOMPARE(QFile(file).permissions() & QFile::ReadGroup,
+             QFileDevice::Permissions(QFile::ReadGroup));
+    QCOMPARE(QDir(tree.path()).entryList(QDir::Files), QStringList{u"settings.json"_s});
+    QCOMPARE(m_files.readFile(file, 6), QByteArray("second"));
+    QCOMPARE(m_files.readFile(file, 5), std::nullopt);
+    QCOMPARE(m_files.readFile(tree.path(), 100), std::nullopt);
+    QCOMPARE(m_files.readFile(tree.path(u"none"_s), 100), std::nullopt);
+}
+
+void LinuxFileManagerTest::onlyOrdinaryFilesAreReplaced_data()
+{
+    QTest::addColumn<QString>("target");
+    QTest::newRow("link to a file") << u"link"_s;
+    QTest::newRow("link to nothing") << u"dangling"_s;
+    QTest::newRow("folder") << u"folder"_s;
+    QTest::newRow("below a file") << u"old/new"_s;
+    QTest::newRow("device") << u"/dev/full"_s;
+}
+
+void LinuxFileManagerTest::onlyOrdinaryFilesAreReplaced()
+{
+    QFETCH(const QString, target);
+    const FileTree tree;
+    const QString old = tree.write(u"old"_s, "old");
+    tree.link(old, u"link"_s);
+    tree.link(tree.path(u"gone"_s), u"dangling"_s);
+    tree.makeFolder(u"folder"_s);
+    const QString path = target.startsWith(u'/') ? target : tree.path(target);
+    const auto error = m_files.writeFileAtomically(path, "new");
+    QVERIFY(error && !error->isEmpty());
+    QCOMPARE(m_files.readFile(old, 100), QByteArray("old"));
+    QVERIFY(!QFile::exists(tree.path(u"gone"_s)));
+    const QStringList expected{u"folder"_s, u"link"_s, u"old"_s};
+    QCOMPARE(QDir(tree.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), expected);
 }
 
 QTEST_GUILESS_MAIN(LinuxFileManagerTest)

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Files/ApplicationFolder.h>
+#include <TavikLauncherPlatform/Linux/Files/BoundedFile.h>
 #include <TavikLauncherPlatform/Linux/Files/DesktopEntryFile.h>
 #include <TavikLauncherPlatform/Linux/Files/FolderWatcher.h>
 #include <TavikLauncherPlatform/Linux/Files/LinuxFileManager.h>
+#include <TavikLauncherPlatform/Linux/Storage/ReplaceFile.h>
 
 #include <QDir>
 #include <QFile>
@@ -126,6 +128,22 @@ std::optional<Bundle> LinuxFileManager::bundle(const QString& path) const
 unsigned LinuxFileManager::userId() const
 {
     return ::getuid();
+}
+
+std::optional<QByteArray> LinuxFileManager::readFile(const QString& path, qint64 maxBytes) const
+{
+    return BoundedFile::read(path, maxBytes);
+}
+
+std::optional<QString> LinuxFileManager::writeFileAtomically(const QString& path,
+                                                             const QByteArray& contents) const
+{
+    const QFileInfo existing(path);
+    if (existing.isSymLink()) {
+        return u"%1 is a symbolic link"_s.arg(path);
+    }
+    constexpr auto ownerOnly = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
+    return replaceFile(path, contents, existing.exists() ? existing.permissions() : ownerOnly);
 }
 
 FileManager::FolderResult LinuxFileManager::applicationSupportFolder() const

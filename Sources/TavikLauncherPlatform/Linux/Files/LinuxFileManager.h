@@ -29,6 +29,11 @@ public:
     /// the entries of the same identifier in less important folders.
     [[nodiscard]] std::optional<Bundle> bundle(const QString& path) const override;
     [[nodiscard]] unsigned userId() const override;
+    [[nodiscard]] std::optional<QByteArray> readFile(const QString& path,
+                                                     qint64 maxBytes) const override;
+    /// A new file is for the user alone; an existing one keeps its permissions.
+    [[nodiscard]] std::optional<QString>
+    writeFileAtomically(const QString& path, const QByteArray& contents) const override;
     [[nodiscard]] QStringList applicationFolders() const override { return m_applicationFolders; }
     [[nodiscard]] FolderResult applicationSupportFolder() const override;
     [[nodiscard]] std::unique_ptr<FolderWatch> watch(const QStringList& folders,

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QString>
 #include <QtGlobal>
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace Tavik {
 
@@ -24,7 +26,24 @@ public:
     virtual ~HotKeyRegistration() = default;
 };
 
-/// The keyboard beyond our own windows. Main thread only.
+/// A source of key events; destroying it, also from inside its own handler, ends the delivery.
+class KeyMonitor
+{
+public:
+    virtual ~KeyMonitor() = default;
+};
+
+/// A source that sees every key event of the session, and that the system can switch off.
+class EventTap : public KeyMonitor
+{
+public:
+    [[nodiscard]] virtual bool isEnabled() const = 0;
+    /// Switches it on again; returns whether that was possible.
+    virtual bool enable() = 0;
+};
+
+/// The keyboard, in our own windows and beyond. Nothing of it is kept: only modifiers and what was
+/// asked for is looked at. Main thread only.
 class KeyEvents
 {
 public:
@@ -39,6 +58,29 @@ public:
         int status = 0; ///< 0 on success, else the system's error code.
     };
 
+    enum class Kind {
+        modifiersChanged, ///< A modifier key went down or up.
+        keyDown, ///< Any other key went down.
+    };
+    struct Event
+    {
+        Kind kind = Kind::modifiersChanged;
+        quint16 keyCode = 0; ///< Of a key that went down: virtual key code of the standard layout.
+        quint64 modifierFlags = 0; ///< What is held after the event, in bits of ModifierFlags.
+        bool isRepeat = false;
+        double time = 0; ///< Seconds of system uptime, the same from every source.
+    };
+    using Observer = std::function<void(const Event&)>;
+    /// Returns whether the event ends here.
+    using Filter = std::function<bool(const Event&)>;
+
+    /// A key press in one of our windows, as the toolkit hands it over from the window system.
+    struct NativeKey
+    {
+        quint32 scanCode = 0;
+        quint32 symbol = 0;
+    };
+
     virtual ~KeyEvents() = default;
 
     /// Asks for `hotKey` system-wide. `pressed` receives the time of the press in seconds of system
@@ -46,6 +88,39 @@ public:
     [[nodiscard]] virtual HotKeyResult registerHotKey(const HotKey& hotKey,
                                                       std::function<void(double)> pressed)
         = 0;
+    /// The status with which `registerHotKey` would end now; what we hold ourselves can be had.
+    [[nodiscard]] virtual int hotKeyStatus(const HotKey& hotKey) = 0;
+    /// Whether the keyboard has all of these modifiers and, when one is given, the key.
+    [[nodiscard]] virtual bool hasKeys(quint64 modifierFlags,
+                                       std::optional<quint16> keyCode) const = 0;
+
+    // Each of these three is null where the system has no such source.
+
+    /// Events in our own windows, before they are handled there.
+    [[nodiscard]] virtual std::unique_ptr<KeyMonitor> addLocalMonitor(Kind kind, Filter filter) = 0;
+    /// Events anywhere, as long as the session lets us watch.
+    [[nodiscard]] virtual std::unique_ptr<KeyMonitor> addGlobalMonitor(Kind kind, Observer observer)
+        = 0;
+    /// Events anywhere; `disabled` is told when the system has switched the tap off.
+    [[nodiscard]] virtual std::unique_ptr<EventTap>
+    createEventTap(Kind kind, Observer observer, std::function<void()> disabled) = 0;
+
+    /// Told when one of our windows takes or loses the keyboard: what was released meanwhile may
+    /// have been told to somebody else. Null where that cannot be known.
+    [[nodiscard]] virtual std::unique_ptr<KeyMonitor> addFocusMonitor(std::function<void()> changed)
+        = 0;
+    /// The modifiers held right now, asked from the system; absent when it cannot say.
+    [[nodiscard]] virtual std::optional<quint64> heldModifiers() const = 0;
+
+    /// The virtual key code of the standard layout for the place of a key; absent without one.
+    [[nodiscard]] virtual std::optional<quint16> keyCode(const NativeKey& key) const = 0;
+    /// What a key types without Control, Option and Command in the user's layout; absent when the
+    /// system cannot say, empty when it types nothing.
+    [[nodiscard]] virtual std::optional<QString> characters(const NativeKey& key) const = 0;
+
+    /// Called after the keyboard has changed: another layout, other modifiers, a keyboard plugged
+    /// in. Registrations follow by themselves; what was impossible may be possible now.
+    std::function<void()> onKeyboardChanged;
 };
 
 } // namespace Tavik

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncherPlatform/AccessibilityPermission.h>
 #include <TavikLauncherPlatform/DesktopAppearance.h>
 #include <TavikLauncherPlatform/FileManager.h>
 #include <TavikLauncherPlatform/IconDecoder.h>
@@ -28,6 +29,7 @@ struct Platform
     std::unique_ptr<IconDecoder> iconDecoder;
     std::unique_ptr<Workspace> workspace;
     std::unique_ptr<Screens> screens;
+    std::unique_ptr<AccessibilityPermission> accessibility;
     std::unique_ptr<KeyEvents> keyEvents;
     std::unique_ptr<WindowServer> windowServer;
     std::unique_ptr<DesktopAppearance> appearance;

@@ -29,9 +29,20 @@ AppDelegate::AppDelegate(Platform& platform)
     , m_recents(*platform.userDefaults)
     , m_catalog({*platform.fileManager, *platform.workQueue, *platform.mainQueue})
     , m_launcher(*platform.workspace, m_recents)
+    , m_gestures({
+          .isVisible = [this] { return m_panelController->isVisible(); },
+          .isPinned = [this] { return m_panelController->isPinnedForSearch(); },
+          .doubleTapPins = [this] { return m_settings.doubleTapModifiersPinsLauncher(); },
+          .showAtPointer = [this] { showAtPointer(); },
+          .hide = [this] { m_panelController->hide(); },
+          .pin = [this] { pinPanel(); },
+      })
 { }
 
-AppDelegate::~AppDelegate() = default;
+AppDelegate::~AppDelegate()
+{
+    m_platform.keyEvents->onKeyboardChanged = nullptr;
+}
 
 void AppDelegate::applicationDidFinishLaunching()
 {
@@ -52,6 +63,7 @@ void AppDelegate::applicationDidFinishLaunching()
     m_catalog.watchFolders();
     m_catalog.reindex();
     installHotKeySettingsObserver();
+    installWillSleepObserver();
     installRecentAppActivationObserver();
     setupHotKey();
 
@@ -91,6 +103,18 @@ void AppDelegate::installHotKeySettingsObserver()
     m_hotKeySettingsObserver = m_notifications.addObserver(
         LauncherSettings::hotKeyChanged,
         [this](const NotificationCenter::Notification&) { setupHotKey(); });
+    m_platform.keyEvents->onKeyboardChanged = [this] {
+        if (!m_hotKey) {
+            setupHotKey();
+        }
+    };
+}
+
+void AppDelegate::installWillSleepObserver()
+{
+    m_willSleepObserver = m_platform.workspace->notificationCenter().addObserver(
+        Workspace::willSleep,
+        [this](const NotificationCenter::Notification&) { m_gestures.systemWillSleep(); });
 }
 
 void AppDelegate::installRecentAppActivationObserver()
@@ -113,8 +137,17 @@ void AppDelegate::recordActivatedApplication()
 void AppDelegate::setupHotKey()
 {
     m_hotKey.reset();
+    const HotKeyConfig config = m_settings.hotKeyConfig();
+    const auto shortcut = config.isModifierOnly() ? TriggerGestures::Shortcut::modifierOnly
+                                                  : TriggerGestures::Shortcut::keyed;
     auto hotKey = std::make_unique<GlobalHotKey>(
-        *m_platform.keyEvents, m_settings.hotKeyConfig(), [this](double) { togglePanel(); });
+        GlobalHotKey::Dependencies{
+            *m_platform.keyEvents, *m_platform.accessibility, *m_platform.mainQueue},
+        config,
+        [this, shortcut](double time) { m_gestures.press(shortcut, time); },
+        [this, shortcut](ReleaseReason reason, double time) {
+            m_gestures.release(shortcut, reason, time);
+        });
     if (hotKey->registerHotKey()) {
         m_hotKey = std::move(hotKey);
     }
@@ -144,6 +177,14 @@ void AppDelegate::showAtPointer()
     m_panelController->show({.centeredAt = m_platform.screens->mouseLocation(),
                              .activatesApp = true,
                              .makesKey = true});
+}
+
+void AppDelegate::pinPanel()
+{
+    m_panelController->setPinnedForSearch(true);
+    if (m_commands.showPinnedIndicator) {
+        m_commands.showPinnedIndicator();
+    }
 }
 
 void AppDelegate::togglePanel()

@@ -9,7 +9,7 @@
 #include <TavikLauncher/Settings/LauncherSettings.h>
 #include <TavikLauncher/Shell/LauncherPanelController.h>
 #include <TavikLauncher/Shell/SingleInstance.h>
-#include <TavikLauncher/Trigger/GlobalHotKey.h>
+#include <TavikLauncher/Trigger/TriggerGestures.h>
 #include <TavikLauncherPlatform/NotificationCenter.h>
 
 #include <memory>
@@ -36,11 +36,13 @@ public:
 private:
     [[nodiscard]] std::unique_ptr<PanelSurface> makePanel(std::function<void()> dismiss);
     void installHotKeySettingsObserver();
+    void installWillSleepObserver();
     void installRecentAppActivationObserver();
     void setupHotKey();
     void showLauncher();
     void showAtPointer();
     void togglePanel();
+    void pinPanel();
     void recordActivatedApplication();
 
     Platform& m_platform;
@@ -52,8 +54,10 @@ private:
     LauncherCommands m_commands;
     LauncherPresentationState m_presentation;
     std::optional<LauncherPanelController> m_panelController;
+    TriggerGestures m_gestures;
     std::unique_ptr<GlobalHotKey> m_hotKey;
     ObserverToken m_hotKeySettingsObserver;
+    ObserverToken m_willSleepObserver;
     ObserverToken m_recentAppActivationObserver;
     Task m_warmUp;
 };

@@ -78,6 +78,7 @@ void LauncherPanelController::show(const ShowOptions& options)
         return;
     }
     if (!wasVisible) {
+        qCInfo(log, "Tavik Launcher panel: shown");
         m_isPinnedForSearch = false;
         if (m_dependencies.commands.prepareForShow) {
             m_dependencies.commands.prepareForShow(options.activatesApp);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Trigger/GlobalHotKey.h>
-#include <TavikLauncherPlatform/KeyEvents.h>
+#include <TavikLauncherPlatform/AccessibilityPermission.h>
 
 #include <QLoggingCategory>
 
@@ -8,16 +8,50 @@
 
 namespace Tavik {
 
+using namespace Qt::StringLiterals;
+
 namespace {
+
 Q_LOGGING_CATEGORY(log, "tavik.trigger")
+
+/// Two reports of one key press are closer together than two presses.
+constexpr double duplicatePressSeconds = 0.1;
+/// What a tap tells just after it was switched on again may be old.
+constexpr double staleTapSeconds = 0.25;
+constexpr double tapHealthSeconds = 1.0;
+/// How long a release that nobody told of can keep a chord alive.
+constexpr double heldModifiersSeconds = 0.25;
+/// A press that another source tells so soon after a release may be the one before it.
+constexpr double lateReportSeconds = 0.05;
+
+const char* nameOf(KeySource source)
+{
+    switch (source) {
+    case KeySource::localMonitor:
+        return "local monitor";
+    case KeySource::eventTap:
+        return "event tap";
+    case KeySource::globalMonitor:
+        return "global monitor";
+    }
+    return "";
 }
 
-GlobalHotKey::GlobalHotKey(KeyEvents& keyEvents,
+quint64 modifiersOf(const HotKeyConfig& config)
+{
+    return config.modifierFlagsRaw & ModifierFlags::all;
+}
+
+} // namespace
+
+GlobalHotKey::GlobalHotKey(const Dependencies& dependencies,
                            HotKeyConfig config,
-                           std::function<void(double)> onPress)
-    : m_keyEvents(keyEvents)
+                           PressHandler onPress,
+                           ReleaseHandler onRelease)
+    : m_dependencies(dependencies)
     , m_config(std::move(config))
     , m_onPress(std::move(onPress))
+    , m_onRelease(std::move(onRelease))
 { }
 
 GlobalHotKey::~GlobalHotKey()
@@ -25,29 +59,269 @@ GlobalHotKey::~GlobalHotKey()
     unregister();
 }
 
+std::optional<QString> GlobalHotKey::refusal(KeyEvents& keyEvents, const HotKeyConfig& config)
+{
+    const quint64 modifiers = modifiersOf(config);
+    if (modifiers == 0) {
+        return u"A shortcut needs at least one modifier key."_s;
+    }
+    if (!keyEvents.hasKeys(modifiers, config.keyCode)) {
+        return u"This keyboard does not have all the keys of %1."_s.arg(config.displayName);
+    }
+    if (config.keyCode
+        && keyEvents.hotKeyStatus({.keyCode = *config.keyCode, .modifierFlags = modifiers}) != 0) {
+        return u"%1 is already used by another application."_s.arg(config.displayName);
+    }
+    return std::nullopt;
+}
+
 bool GlobalHotKey::registerHotKey()
 {
-    if (!m_config.keyCode) {
-        qCWarning(log, "Tavik Launcher: failed to install hotkey monitors");
+    // Without modifiers a chord would be held whenever nothing is, and a key would be taken from
+    // everything that can be typed into.
+    if (modifiersOf(m_config) == 0
+        || !m_dependencies.keyEvents.hasKeys(modifiersOf(m_config), m_config.keyCode)) {
+        qCWarning(
+            log,
+            "Tavik Launcher: failed to install hotkey monitors: this keyboard cannot give %ls",
+            qUtf16Printable(m_config.displayName.left(32)));
         return false;
     }
-    const KeyEvents::HotKey hotKey{
-        .keyCode = *m_config.keyCode,
-        .modifierFlags = m_config.modifierFlagsRaw & ModifierFlags::all,
-    };
-    KeyEvents::HotKeyResult result = m_keyEvents.registerHotKey(hotKey, m_onPress);
-    if (!result.registration) {
+    if (m_config.isModifierOnly()) {
+        registerChord();
+    } else {
+        registerKey();
+    }
+    if (m_hotKey || m_localMonitor || m_eventTap || m_globalMonitor) {
+        return true;
+    }
+    qCWarning(log, "Tavik Launcher: failed to install hotkey monitors");
+    return false;
+}
+
+void GlobalHotKey::registerChord()
+{
+    using enum KeyEvents::Kind;
+    KeyEvents& keys = m_dependencies.keyEvents;
+    m_localMonitor = keys.addLocalMonitor(modifiersChanged, [this](const KeyEvents::Event& event) {
+        handleModifiers(KeySource::localMonitor, event);
+        return false;
+    });
+    installEventTap(modifiersChanged);
+    m_globalMonitor
+        = keys.addGlobalMonitor(modifiersChanged, [this](const KeyEvents::Event& event) {
+              handleModifiers(KeySource::globalMonitor, event);
+          });
+    m_focusMonitor = keys.addFocusMonitor([this] { checkHeldModifiers(); });
+    qCInfo(log,
+           "Tavik Launcher hotkey registered (modifier-only): local=%d tap=%d global=%d "
+           "AXTrusted=%d",
+           m_localMonitor != nullptr,
+           m_eventTap != nullptr,
+           m_globalMonitor != nullptr,
+           m_dependencies.permission.isTrusted());
+}
+
+void GlobalHotKey::registerKey()
+{
+    const KeyEvents::HotKey hotKey{.keyCode = *m_config.keyCode,
+                                   .modifierFlags = modifiersOf(m_config)};
+    KeyEvents::HotKeyResult result
+        = m_dependencies.keyEvents.registerHotKey(hotKey, [this](double time) { press(time); });
+    m_hotKey = std::move(result.registration);
+    if (!m_hotKey) {
         qCWarning(log, "Tavik Launcher: RegisterEventHotKey status %d", result.status);
-        qCWarning(log, "Tavik Launcher: failed to install hotkey monitors");
+        qCWarning(log,
+                  "Tavik Launcher: Carbon RegisterEventHotKey failed, falling back to NSEvent "
+                  "monitors");
+    }
+    m_localMonitor = m_dependencies.keyEvents.addLocalMonitor(
+        KeyEvents::Kind::keyDown,
+        [this](const KeyEvents::Event& event) { return handleLocalKeyDown(event); });
+    if (!m_hotKey) {
+        installEventTap(KeyEvents::Kind::keyDown);
+        m_globalMonitor = m_dependencies.keyEvents.addGlobalMonitor(
+            KeyEvents::Kind::keyDown,
+            [this](const KeyEvents::Event& event) { handleGlobalKeyDown(event); });
+    }
+}
+
+bool GlobalHotKey::matches(const KeyEvents::Event& event) const
+{
+    return event.keyCode == m_config.keyCode && isChord(event.modifierFlags);
+}
+
+bool GlobalHotKey::handleLocalKeyDown(const KeyEvents::Event& event)
+{
+    if (!matches(event)) {
         return false;
     }
-    m_registration = std::move(result.registration);
+    // A tap sees our own windows' keys as well, and tells them first.
+    if (!event.isRepeat && event.time != m_lastPressTime) {
+        m_lastPressTime = event.time;
+        press(event.time);
+    }
     return true;
+}
+
+void GlobalHotKey::handleGlobalKeyDown(const KeyEvents::Event& event)
+{
+    const double now = m_dependencies.mainQueue.systemUptime();
+    if (!matches(event) || event.isRepeat || event.time == m_lastPressTime
+        || now - m_lastGlobalPressUptime <= duplicatePressSeconds) {
+        return;
+    }
+    m_lastGlobalPressUptime = now;
+    m_lastPressTime = event.time;
+    press(event.time);
+}
+
+void GlobalHotKey::installEventTap(KeyEvents::Kind kind)
+{
+    if (!m_dependencies.permission.isTrusted()) {
+        return;
+    }
+    m_eventTap = m_dependencies.keyEvents.createEventTap(
+        kind,
+        [this](const KeyEvents::Event& event) { handleEventTapEvent(event); },
+        [this] { reenableTap(); });
+    if (m_eventTap) {
+        m_tapHealthTimer
+            = m_dependencies.mainQueue.every(tapHealthSeconds, [this] { checkTapHealth(); });
+    }
+}
+
+void GlobalHotKey::handleEventTapEvent(const KeyEvents::Event& event)
+{
+    const double now = m_dependencies.mainQueue.systemUptime();
+    if (now - m_lastTapReenableUptime <= staleTapSeconds) {
+        return;
+    }
+    if (event.kind == KeyEvents::Kind::modifiersChanged) {
+        if (m_config.isModifierOnly()) {
+            handleModifiers(KeySource::eventTap, event);
+        }
+    } else if (!m_config.isModifierOnly()) {
+        handleGlobalKeyDown(event);
+    }
+}
+
+void GlobalHotKey::handleModifiers(KeySource source, const KeyEvents::Event& event)
+{
+    noteDelivery(source);
+    if (!m_order.accepts(source, event.time)) {
+        return;
+    }
+    const bool isHeld = isChord(event.modifierFlags);
+    if (isHeld && isToldLate(source, event.time)) {
+        return;
+    }
+    if (m_isChordActive && !isHeld) {
+        m_lastRelease = Release{source, event.time};
+    }
+    handleModifierFlags(event.modifierFlags, event.time);
+}
+
+bool GlobalHotKey::isChord(quint64 flags) const
+{
+    return ((flags ^ m_config.modifierFlagsRaw) & ModifierFlags::all) == 0;
+}
+
+bool GlobalHotKey::isToldLate(KeySource source, double time) const
+{
+    // Sources stamp the same event with times that differ by what the system was busy for, so the
+    // order alone cannot tell. The keyboard itself can, and this is rare enough to ask it.
+    if (m_isChordActive || !m_lastRelease || source == m_lastRelease->source
+        || time - m_lastRelease->time > lateReportSeconds) {
+        return false;
+    }
+    const std::optional<quint64> held = m_dependencies.keyEvents.heldModifiers();
+    return held && !isChord(*held);
+}
+
+void GlobalHotKey::handleModifierFlags(quint64 flags, double time)
+{
+    if (isChord(flags) == m_isChordActive) {
+        return;
+    }
+    if (m_isChordActive) {
+        release(ReleaseReason::chordReleased, time);
+        return;
+    }
+    m_isChordActive = true;
+    m_heldModifiersTimer
+        = m_dependencies.mainQueue.every(heldModifiersSeconds, [this] { checkHeldModifiers(); });
+    press(time);
+}
+
+void GlobalHotKey::checkHeldModifiers()
+{
+    if (!m_isChordActive) {
+        return;
+    }
+    const std::optional<quint64> held = m_dependencies.keyEvents.heldModifiers();
+    if (held) {
+        handleModifierFlags(*held, m_dependencies.mainQueue.systemUptime());
+    }
+}
+
+void GlobalHotKey::noteDelivery(KeySource source)
+{
+    if (m_sourcesSeen.insert(source).second) {
+        qCInfo(log, "Tavik Launcher hotkey: first event from %s", nameOf(source));
+    }
+}
+
+void GlobalHotKey::checkTapHealth()
+{
+    if (m_eventTap->isEnabled()) {
+        return;
+    }
+    if (m_dependencies.permission.isTrusted()) {
+        reenableTap();
+        return;
+    }
+    qCWarning(log, "Tavik Launcher hotkey: Accessibility revoked mid-session — standing down");
+    // Copied, because the owner may answer by replacing this.
+    const std::function<void()> revoked = onAccessibilityRevoked;
+    unregister();
+    if (revoked) {
+        revoked();
+    }
+}
+
+void GlobalHotKey::reenableTap()
+{
+    m_lastTapReenableUptime = m_dependencies.mainQueue.systemUptime();
+    m_eventTap->enable();
 }
 
 void GlobalHotKey::unregister()
 {
-    m_registration.reset();
+    m_tapHealthTimer.cancel();
+    m_localMonitor.reset();
+    m_globalMonitor.reset();
+    m_focusMonitor.reset();
+    m_eventTap.reset();
+    m_hotKey.reset();
+    if (m_isChordActive) {
+        release(ReleaseReason::unregistered, m_dependencies.mainQueue.systemUptime());
+    }
+}
+
+void GlobalHotKey::press(double time)
+{
+    // Copied, because the owner may answer by replacing this.
+    const PressHandler handler = m_onPress;
+    handler(time);
+}
+
+void GlobalHotKey::release(ReleaseReason reason, double time)
+{
+    m_isChordActive = false;
+    m_heldModifiersTimer.cancel();
+    const ReleaseHandler handler = m_onRelease;
+    handler(reason, time);
 }
 
 } // namespace Tavik

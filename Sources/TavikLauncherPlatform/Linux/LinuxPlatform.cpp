@@ -6,6 +6,7 @@
 #include <TavikLauncherPlatform/Linux/Files/ThemeIconDecoder.h>
 #include <TavikLauncherPlatform/Linux/Storage/AutostartLoginItem.h>
 #include <TavikLauncherPlatform/Linux/Storage/PropertyListDefaults.h>
+#include <TavikLauncherPlatform/Linux/X11/X11AccessibilityPermission.h>
 #include <TavikLauncherPlatform/Linux/X11/X11KeyEvents.h>
 #include <TavikLauncherPlatform/Linux/X11/X11WindowServer.h>
 #include <TavikLauncherPlatform/Linux/X11/X11Workspace.h>
@@ -41,7 +42,12 @@ void addX11Services(Platform& platform, xcb_connection_t* toolkit)
         .focusedPoint = [&windows] { return windows.focusedPoint(); },
         .availableArea = [&windows](const QRect& screen) { return windows.availableArea(screen); },
     });
-    platform.keyEvents = std::make_unique<X11KeyEvents>(toolkit, *platform.mainQueue);
+    platform.accessibility = std::make_unique<X11AccessibilityPermission>(
+        toolkit,
+        *platform.workspace,
+        qEnvironmentVariableIntValue("TAVIK_WITHHOLD_PERMISSION") == 1);
+    platform.keyEvents
+        = std::make_unique<X11KeyEvents>(toolkit, *platform.mainQueue, *platform.accessibility);
     platform.windowServer = std::make_unique<X11WindowServer>(toolkit, *platform.mainQueue);
 }
 
@@ -49,6 +55,7 @@ void addNullServices(Platform& platform)
 {
     platform.workspace = std::make_unique<NullWorkspace>();
     platform.screens = std::make_unique<QtScreens>();
+    platform.accessibility = std::make_unique<NullAccessibilityPermission>();
     platform.keyEvents = std::make_unique<NullKeyEvents>();
     platform.windowServer = std::make_unique<NullWindowServer>();
 }

@@ -26,6 +26,26 @@ KeyEvents::HotKeyResult NullKeyEvents::registerHotKey(const HotKey&, std::functi
     return {.registration = nullptr, .status = statusUnsupported};
 }
 
+std::unique_ptr<KeyMonitor> NullKeyEvents::addLocalMonitor(Kind, Filter)
+{
+    return nullptr;
+}
+
+std::unique_ptr<KeyMonitor> NullKeyEvents::addGlobalMonitor(Kind, Observer)
+{
+    return nullptr;
+}
+
+std::unique_ptr<EventTap> NullKeyEvents::createEventTap(Kind, Observer, std::function<void()>)
+{
+    return nullptr;
+}
+
+std::unique_ptr<KeyMonitor> NullKeyEvents::addFocusMonitor(std::function<void()>)
+{
+    return nullptr;
+}
+
 void NullWindowServer::preparePanel(WId) { }
 
 void NullWindowServer::takeKeyboardFocus(WId) { }

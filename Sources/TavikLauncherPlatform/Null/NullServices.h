@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncherPlatform/AccessibilityPermission.h>
 #include <TavikLauncherPlatform/DesktopAppearance.h>
 #include <TavikLauncherPlatform/KeyEvents.h>
 #include <TavikLauncherPlatform/LoginItem.h>
@@ -8,7 +9,16 @@
 
 namespace Tavik {
 
-/// No key can be had system-wide.
+/// A session in which the keyboard cannot be watched.
+class NullAccessibilityPermission final : public AccessibilityPermission
+{
+public:
+    [[nodiscard]] bool isTrusted() const override { return false; }
+    void prompt() override { }
+    void openSettings() override { }
+};
+
+/// No key can be had system-wide, and none is heard of.
 class NullKeyEvents final : public KeyEvents
 {
 public:
@@ -16,6 +26,24 @@ public:
 
     [[nodiscard]] HotKeyResult registerHotKey(const HotKey& hotKey,
                                               std::function<void(double)> pressed) override;
+    [[nodiscard]] int hotKeyStatus(const HotKey&) override { return statusUnsupported; }
+    [[nodiscard]] bool hasKeys(quint64, std::optional<quint16>) const override { return true; }
+    [[nodiscard]] std::unique_ptr<KeyMonitor> addLocalMonitor(Kind kind, Filter filter) override;
+    [[nodiscard]] std::unique_ptr<KeyMonitor> addGlobalMonitor(Kind kind,
+                                                               Observer observer) override;
+    [[nodiscard]] std::unique_ptr<EventTap>
+    createEventTap(Kind kind, Observer observer, std::function<void()> disabled) override;
+    [[nodiscard]] std::unique_ptr<KeyMonitor>
+    addFocusMonitor(std::function<void()> changed) override;
+    [[nodiscard]] std::optional<quint64> heldModifiers() const override { return std::nullopt; }
+    [[nodiscard]] std::optional<quint16> keyCode(const NativeKey&) const override
+    {
+        return std::nullopt;
+    }
+    [[nodiscard]] std::optional<QString> characters(const NativeKey&) const override
+    {
+        return std::nullopt;
+    }
 };
 
 /// A window server that does nothing beyond what the toolkit does and takes its word.

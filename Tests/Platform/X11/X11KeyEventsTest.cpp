@@ -7,6 +7,8 @@
 #include <QProcess>
 #include <QTest>
 
+#include <Support/FakeKeyEvents.h>
+
 namespace Tavik {
 
 namespace {
@@ -40,6 +42,7 @@ class X11KeyEventsTest : public QObject
 private:
     TestClient m_client;
     QtMainQueue m_queue;
+    Test::FakeAccessibilityPermission m_permission;
 
     KeyEvents::HotKeyResult registerKey(KeyEvents& events, quint64 flags, QList<double>& presses)
     {
@@ -60,7 +63,7 @@ private Q_SLOTS:
     void pressIsReportedAtItsTimeWithAnyLocks()
     {
         QFETCH(const QList<int>, locks);
-        X11KeyEvents events(toolkitConnection(), m_queue);
+        X11KeyEvents events(toolkitConnection(), m_queue, m_permission);
         QList<double> presses;
         const auto result = registerKey(events, ModifierFlags::control, presses);
         QCOMPARE(result.status, 0);
@@ -82,7 +85,7 @@ private Q_SLOTS:
 
     void onlyTheExactModifiersCount()
     {
-        X11KeyEvents events(toolkitConnection(), m_queue);
+        X11KeyEvents events(toolkitConnection(), m_queue, m_permission);
         QList<double> plain;
         QList<double> controlled;
         const auto first = registerKey(events, 0, plain);
@@ -107,7 +110,7 @@ private Q_SLOTS:
         QCOMPARE(
             QProcess::execute(QStringLiteral("xset"), {u"r"_qs, u"rate"_qs, u"100"_qs, u"50"_qs}),
             0);
-        X11KeyEvents events(toolkitConnection(), m_queue);
+        X11KeyEvents events(toolkitConnection(), m_queue, m_permission);
         QList<double> presses;
         const auto result = registerKey(events, 0, presses);
         QVERIFY(result.registration);
@@ -124,7 +127,7 @@ private Q_SLOTS:
     {
         constexpr uint16_t lockedControl = XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_LOCK;
         QVERIFY(m_client.grabKey(lockedControl, f9Key));
-        X11KeyEvents events(toolkitConnection(), m_queue);
+        X11KeyEvents events(toolkitConnection(), m_queue, m_permission);
         QList<double> presses;
         const auto result = registerKey(events, ModifierFlags::control, presses);
         QVERIFY(!result.registration);
@@ -136,7 +139,7 @@ private Q_SLOTS:
 
     void endedRegistrationGivesTheKeyBack()
     {
-        X11KeyEvents events(toolkitConnection(), m_queue);
+        X11KeyEvents events(toolkitConnection(), m_queue, m_permission);
         QList<double> presses;
         {
             const auto result = registerKey(events, 0, presses);
@@ -152,7 +155,7 @@ private Q_SLOTS:
 
     void registrationMayEndInsideItsOwnPressAndOutliveTheKeyEvents()
     {
-        auto events = std::make_unique<X11KeyEvents>(toolkitConnection(), m_queue);
+        auto events = std::make_unique<X11KeyEvents>(toolkitConnection(), m_queue, m_permission);
         KeyEvents::HotKeyResult result;
         int presses = 0;
         result = events->registerHotKey({.keyCode = f9, .modifierFlags = 0}, [&](double) {
@@ -173,7 +176,7 @@ private Q_SLOTS:
 
     void impossibleKeysAreRefused()
     {
-        X11KeyEvents events(toolkitConnection(), m_queue);
+        X11KeyEvents events(toolkitConnection(), m_queue, m_permission);
         QVERIFY(events.registerHotKey({.keyCode = 52, .modifierFlags = 0}, {}).status != 0);
         QVERIFY(events.registerHotKey({.keyCode = 0xffff, .modifierFlags = 0}, {}).status != 0);
         QList<double> presses;
@@ -183,7 +186,7 @@ private Q_SLOTS:
 
     void keyFollowsAChangedModifierMap()
     {
-        X11KeyEvents events(toolkitConnection(), m_queue);
+        X11KeyEvents events(toolkitConnection(), m_queue, m_permission);
         QList<double> presses;
         const auto result = registerKey(events, ModifierFlags::command, presses);
         QVERIFY(result.registration);

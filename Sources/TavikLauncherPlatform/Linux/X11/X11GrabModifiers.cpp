@@ -23,8 +23,8 @@ constexpr quint32 superRight = 0xffec;
 
 constexpr std::size_t firstFreeModifier = 3; // After shift, lock and control.
 
-constexpr double latestPast = 60;
-constexpr double latestFuture = 1;
+constexpr qint64 latestPastMilliseconds = 60'000;
+constexpr qint64 latestFutureMilliseconds = 1'000;
 
 } // namespace
 
@@ -82,6 +82,16 @@ std::optional<quint16> X11GrabModifiers::maskFor(quint64 modifierFlags) const
     return mask;
 }
 
+quint64 X11GrabModifiers::flagsFor(quint16 mask) const
+{
+    quint64 flags = 0;
+    flags |= (mask & XCB_MOD_MASK_SHIFT) != 0 ? ModifierFlags::shift : 0;
+    flags |= (mask & XCB_MOD_MASK_CONTROL) != 0 ? ModifierFlags::control : 0;
+    flags |= (mask & option) != 0 ? ModifierFlags::option : 0;
+    flags |= (mask & command) != 0 ? ModifierFlags::command : 0;
+    return flags;
+}
+
 QList<quint16> X11GrabModifiers::lockVariants() const
 {
     QList<quint16> variants;
@@ -96,9 +106,11 @@ QList<quint16> X11GrabModifiers::lockVariants() const
 
 double uptimeOfServerTime(quint32 time, double now)
 {
-    const auto nowMilliseconds = static_cast<quint32>(static_cast<quint64>(now * 1000.0));
-    const double age = static_cast<qint32>(nowMilliseconds - time) / 1000.0;
-    return age > latestPast || age < -latestFuture ? now : now - age;
+    const auto nowMilliseconds = static_cast<qint64>(now * 1000.0);
+    const qint64 age = static_cast<qint32>(static_cast<quint32>(nowMilliseconds) - time);
+    return age > latestPastMilliseconds || age < -latestFutureMilliseconds
+        ? now
+        : static_cast<double>(nowMilliseconds - age) / 1000.0;
 }
 
 } // namespace Tavik

@@ -25,6 +25,8 @@ struct X11GrabModifiers
 
     /// The server's mask for bits of ModifierFlags; absent when the keyboard lacks one of them.
     [[nodiscard]] std::optional<quint16> maskFor(quint64 modifierFlags) const;
+    /// Bits of ModifierFlags for what the server says is held.
+    [[nodiscard]] quint64 flagsFor(quint16 mask) const;
     /// Every combination of the lock keys, none of them first.
     [[nodiscard]] QList<quint16> lockVariants() const;
 
@@ -32,7 +34,8 @@ struct X11GrabModifiers
 };
 
 /// Turns the server's time of an event, 32 bits of milliseconds that wrap, into seconds of system
-/// uptime, given the uptime `now`. A time that cannot be of this machine becomes `now`.
+/// uptime, given the uptime `now`. The same time always gives the same result, so that reports of
+/// one event can be told to be that. A time that cannot be of this machine becomes `now`.
 [[nodiscard]] double uptimeOfServerTime(quint32 time, double now);
 
 } // namespace Tavik

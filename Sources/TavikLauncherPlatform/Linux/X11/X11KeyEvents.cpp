@@ -1,14 +1,20 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/AccessibilityPermission.h>
 #include <TavikLauncherPlatform/Linux/Desktop/KeyCodes.h>
 #include <TavikLauncherPlatform/Linux/X11/X11Connection.h>
+#include <TavikLauncherPlatform/Linux/X11/X11EventTap.h>
 #include <TavikLauncherPlatform/Linux/X11/X11KeyEvents.h>
+#include <TavikLauncherPlatform/Linux/X11/X11KeyMonitors.h>
 
 #include <QCoreApplication>
 #include <QLoggingCategory>
 #include <QPointer>
 
 #include <algorithm>
+#include <array>
 #include <utility>
+
+#include <xkbcommon/xkbcommon.h>
 
 // The header names a member with a word that C++ keeps for itself.
 #define explicit explicit_
@@ -25,8 +31,6 @@ constexpr int badValue = XCB_VALUE;
 constexpr int badAccess = XCB_ACCESS;
 /// The map changes in bursts, one event for each key.
 constexpr double mappingSettleSeconds = 0.2;
-/// A key that seems to be down for so long without repeating has been released unseen.
-constexpr quint32 longestSilenceMilliseconds = 5000;
 constexpr uint16_t realModifiers = 0xff;
 
 } // namespace
@@ -53,16 +57,19 @@ private:
     quint64 m_id;
 };
 
-X11KeyEvents::X11KeyEvents(xcb_connection_t* connection, MainQueue& mainQueue)
+X11KeyEvents::X11KeyEvents(xcb_connection_t* connection,
+                           MainQueue& mainQueue,
+                           const AccessibilityPermission& permission)
     : m_connection(connection)
     , m_mainQueue(mainQueue)
+    , m_permission(permission)
     , m_root(x11RootWindow(connection, 0))
+    , m_map(X11KeyboardMap::read(connection))
 {
     const xcb_query_extension_reply_t* xkb = xcb_get_extension_data(connection, &xcb_xkb_id);
     if (xkb && xkb->present) {
         m_xkbEvent = xkb->first_event;
     }
-    m_modifiers = readModifiers();
     QCoreApplication::instance()->installNativeEventFilter(this);
 }
 
@@ -77,28 +84,123 @@ X11KeyEvents::~X11KeyEvents()
 KeyEvents::HotKeyResult X11KeyEvents::registerHotKey(const HotKey& hotKey,
                                                      std::function<void(double)> pressed)
 {
-    const std::optional<quint16> evdev = KeyCodes::evdevCode(hotKey.keyCode);
-    const std::optional<quint16> mask = m_modifiers.maskFor(hotKey.modifierFlags);
-    const int key = evdev.value_or(0) + KeyCodes::x11Offset;
-    if (!evdev || !mask || key > xcb_get_setup(m_connection)->max_keycode) {
+    std::optional<Grab> wanted = grabFor(hotKey);
+    if (!wanted) {
         return {.registration = nullptr, .status = badValue};
     }
-    const auto isSame = [key, mask](const Grab& other) {
-        return other.key == key && other.mask == *mask;
-    };
-    if (std::ranges::any_of(m_grabs, isSame)) {
-        return {.registration = nullptr, .status = badAccess};
-    }
-    Grab wanted{.id = m_nextId++,
-                .hotKey = hotKey,
-                .key = static_cast<xcb_keycode_t>(key),
-                .mask = *mask,
-                .pressed = std::move(pressed)};
-    if (const int status = grab(wanted); status != 0) {
+    const int status = isHeld(*wanted) ? badAccess : grab(*wanted);
+    if (status != 0) {
         return {.registration = nullptr, .status = status};
     }
-    m_grabs.push_back(std::move(wanted));
+    wanted->id = m_nextId++;
+    wanted->pressed = std::move(pressed);
+    m_grabs.push_back(std::move(*wanted));
     return {.registration = std::make_unique<Registration>(this, m_grabs.back().id), .status = 0};
+}
+
+int X11KeyEvents::hotKeyStatus(const HotKey& hotKey)
+{
+    const std::optional<Grab> wanted = grabFor(hotKey);
+    if (!wanted) {
+        return badValue;
+    }
+    if (isHeld(*wanted)) {
+        return 0;
+    }
+    const int status = grab(*wanted);
+    if (status == 0) {
+        ungrab(*wanted);
+    }
+    return status;
+}
+
+std::optional<X11KeyEvents::Grab> X11KeyEvents::grabFor(const HotKey& hotKey) const
+{
+    const std::optional<xcb_keycode_t> key = m_map.keyFor(hotKey.keyCode);
+    const std::optional<quint16> mask = m_map.modifiers.maskFor(hotKey.modifierFlags);
+    if (!key || !mask) {
+        return std::nullopt;
+    }
+    return Grab{.hotKey = hotKey, .key = *key, .mask = *mask};
+}
+
+bool X11KeyEvents::isHeld(const Grab& grab) const
+{
+    return std::ranges::any_of(m_grabs, [&grab](const Grab& other) {
+        return other.key == grab.key && other.mask == grab.mask;
+    });
+}
+
+bool X11KeyEvents::hasKeys(quint64 modifierFlags, std::optional<quint16> keyCode) const
+{
+    return m_map.modifiers.maskFor(modifierFlags) && (!keyCode || m_map.keyFor(*keyCode));
+}
+
+X11KeyMonitorDependencies X11KeyEvents::monitorDependencies() const
+{
+    return {.map = [this]() -> const X11KeyboardMap& { return m_map; },
+            .uptime = [this] { return m_mainQueue.systemUptime(); },
+            .isTrusted =
+                [this] {
+                    return m_permission.isTrusted();
+                }};
+}
+
+std::unique_ptr<KeyMonitor> X11KeyEvents::addLocalMonitor(Kind kind, Filter filter)
+{
+    return std::make_unique<X11LocalKeyMonitor>(monitorDependencies(), kind, std::move(filter));
+}
+
+std::unique_ptr<KeyMonitor> X11KeyEvents::addGlobalMonitor(Kind kind, Observer observer)
+{
+    if (kind != Kind::modifiersChanged || m_xkbEvent < 0) {
+        return nullptr;
+    }
+    return std::make_unique<X11ModifierMonitor>(
+        monitorDependencies(), m_xkbEvent, std::move(observer));
+}
+
+std::unique_ptr<EventTap>
+X11KeyEvents::createEventTap(Kind kind, Observer observer, std::function<void()> disabled)
+{
+    const X11KeyMonitorDependencies shared = monitorDependencies();
+    auto tap = std::make_unique<X11EventTap>(X11EventTap::Dependencies{shared.map, shared.uptime},
+                                             kind,
+                                             std::move(observer),
+                                             std::move(disabled));
+    return tap->isEnabled() ? std::move(tap) : nullptr;
+}
+
+std::unique_ptr<KeyMonitor> X11KeyEvents::addFocusMonitor(std::function<void()> changed)
+{
+    return std::make_unique<X11FocusMonitor>(std::move(changed));
+}
+
+std::optional<quint64> X11KeyEvents::heldModifiers() const
+{
+    // The pointer's query answers with the keyboard's state too, and needs no extension.
+    const X11Reply<xcb_query_pointer_reply_t> reply(
+        xcb_query_pointer_reply(m_connection, xcb_query_pointer(m_connection, m_root), nullptr));
+    return reply ? std::optional(m_map.modifiers.flagsFor(reply->mask)) : std::nullopt;
+}
+
+std::optional<quint16> X11KeyEvents::keyCode(const NativeKey& key) const
+{
+    if (key.scanCode < KeyCodes::x11Offset || key.scanCode >= X11KeyboardMap::keyCount) {
+        return std::nullopt;
+    }
+    return KeyCodes::virtualKeyCode(static_cast<quint16>(key.scanCode - KeyCodes::x11Offset));
+}
+
+std::optional<QString> X11KeyEvents::characters(const NativeKey& key) const
+{
+    if (key.symbol == XKB_KEY_NoSymbol) {
+        return std::nullopt;
+    }
+    std::array<char, 8> text{};
+    xkb_keysym_to_utf8(key.symbol, text.data(), text.size());
+    const QString characters = QString::fromUtf8(text.data());
+    return characters.isEmpty() || !characters.front().isPrint() ? QString() : characters;
 }
 
 bool X11KeyEvents::nativeEventFilter(const QByteArray& eventType, void* message, qintptr*)
@@ -127,7 +229,7 @@ int X11KeyEvents::grab(const Grab& grab)
     // Each combination with the lock keys by itself: "any modifier" would fail as soon as another
     // program holds a single one.
     std::vector<xcb_void_cookie_t> cookies;
-    for (const quint16 locks : m_modifiers.lockVariants()) {
+    for (const quint16 locks : m_map.modifiers.lockVariants()) {
         // The owner's windows get nothing themselves, or the release would reach the panel.
         cookies.push_back(xcb_grab_key_checked(m_connection,
                                                0,
@@ -152,7 +254,7 @@ int X11KeyEvents::grab(const Grab& grab)
 
 void X11KeyEvents::ungrab(const Grab& grab)
 {
-    for (const quint16 locks : m_modifiers.lockVariants()) {
+    for (const quint16 locks : m_map.modifiers.lockVariants()) {
         xcb_ungrab_key(m_connection, grab.key, m_root, grab.mask | locks);
     }
     xcb_flush(m_connection);
@@ -172,19 +274,14 @@ void X11KeyEvents::handleKey(const xcb_key_press_event_t& event, bool isPress)
     if (event.event != m_root || m_grabs.empty()) {
         return;
     }
-    KeyState& state = m_keys.at(event.detail);
     if (!isPress) {
-        state.isDown = false;
-        state.lastRelease = event.time;
+        m_keys.release(event.detail, event.time);
         return;
     }
-    const bool isRepeated = isRepeat(state, event.time);
-    state.isDown = true;
-    state.lastPress = event.time;
-    if (isRepeated) {
+    if (m_keys.press(event.detail, event.time)) {
         return;
     }
-    const auto mask = static_cast<quint16>(event.state & realModifiers & ~m_modifiers.locks);
+    const auto mask = static_cast<quint16>(event.state & realModifiers & ~m_map.modifiers.locks);
     const auto found = std::ranges::find_if(
         m_grabs, [&](const Grab& grab) { return grab.key == event.detail && grab.mask == mask; });
     if (found != m_grabs.end()) {
@@ -192,14 +289,6 @@ void X11KeyEvents::handleKey(const xcb_key_press_event_t& event, bool isPress)
         const std::function<void(double)> pressed = found->pressed;
         pressed(uptimeOfServerTime(event.time, m_mainQueue.systemUptime()));
     }
-}
-
-bool X11KeyEvents::isRepeat(const KeyState& state, quint32 time)
-{
-    // The server repeats a key as a release and a press of the same time, or, to a client that has
-    // asked for it, as presses only.
-    return state.isDown ? time - state.lastPress < longestSilenceMilliseconds
-                        : state.lastRelease != 0 && state.lastRelease == time;
 }
 
 void X11KeyEvents::mappingChanged()
@@ -211,60 +300,31 @@ void X11KeyEvents::mappingChanged()
 
 void X11KeyEvents::grabAgain()
 {
-    const X11GrabModifiers modifiers = readModifiers();
-    if (modifiers == m_modifiers) {
+    const X11KeyboardMap map = X11KeyboardMap::read(m_connection);
+    if (map == m_map) {
         return;
     }
-    for (const Grab& held : m_grabs) {
-        ungrab(held);
+    const bool hasMoved = map.modifiers != m_map.modifiers;
+    if (hasMoved) {
+        for (const Grab& held : m_grabs) {
+            ungrab(held);
+        }
     }
-    m_modifiers = modifiers;
+    m_map = map;
     for (Grab& wanted : m_grabs) {
-        const std::optional<quint16> mask = m_modifiers.maskFor(wanted.hotKey.modifierFlags);
+        if (!hasMoved) {
+            break;
+        }
+        const std::optional<quint16> mask = m_map.modifiers.maskFor(wanted.hotKey.modifierFlags);
         wanted.mask = mask.value_or(wanted.mask);
         const int status = mask ? grab(wanted) : badValue;
         if (status != 0) {
             qCWarning(log, "The hot key was lost when the keyboard map changed: status %d", status);
         }
     }
-}
-
-X11GrabModifiers X11KeyEvents::readModifiers() const
-{
-    const xcb_setup_t* setup = xcb_get_setup(m_connection);
-    const auto modifiersCookie = xcb_get_modifier_mapping(m_connection);
-    const auto keysCookie = xcb_get_keyboard_mapping(
-        m_connection,
-        setup->min_keycode,
-        static_cast<uint8_t>(setup->max_keycode - setup->min_keycode + 1));
-    const X11Reply<xcb_get_modifier_mapping_reply_t> modifiers(
-        xcb_get_modifier_mapping_reply(m_connection, modifiersCookie, nullptr));
-    const X11Reply<xcb_get_keyboard_mapping_reply_t> keys(
-        xcb_get_keyboard_mapping_reply(m_connection, keysCookie, nullptr));
-    std::array<QList<quint8>, 8> keysOf;
-    if (!modifiers || !keys) {
-        return X11GrabModifiers::fromMap(keysOf, [](quint8) { return QList<quint32>(); });
+    if (onKeyboardChanged) {
+        onKeyboardChanged();
     }
-    const xcb_keycode_t* codes = xcb_get_modifier_mapping_keycodes(modifiers.get());
-    const std::size_t perModifier = modifiers->keycodes_per_modifier;
-    for (std::size_t i = 0; i < keysOf.size(); ++i) {
-        for (std::size_t j = 0; j < perModifier; ++j) {
-            if (const xcb_keycode_t code = codes[i * perModifier + j]; code != 0) {
-                keysOf.at(i).append(code);
-            }
-        }
-    }
-    const xcb_keysym_t* symbols = xcb_get_keyboard_mapping_keysyms(keys.get());
-    const int symbolCount = xcb_get_keyboard_mapping_keysyms_length(keys.get());
-    const int perKey = keys->keysyms_per_keycode;
-    return X11GrabModifiers::fromMap(keysOf, [&](quint8 code) {
-        QList<quint32> result;
-        const int first = (code - setup->min_keycode) * perKey;
-        for (int i = std::max(first, 0); i < std::min(first + perKey, symbolCount); ++i) {
-            result.append(symbols[i]);
-        }
-        return result;
-    });
 }
 
 } // namespace Tavik

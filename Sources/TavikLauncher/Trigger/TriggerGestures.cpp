@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Trigger/TriggerGestures.h>
+
+#include <utility>
+
+namespace Tavik {
+
+namespace {
+
+/// From the release of a tap to the next press. Closer together it is one press told twice.
+constexpr double doubleTapFloor = 0.05;
+constexpr double modifierDoubleTapInterval = 1.0;
+/// From press to release.
+constexpr double modifierTapMaxHoldDuration = 0.35;
+
+/// Differences of times are rounded; a bound must still include itself.
+constexpr double rounding = 1e-6;
+
+bool isWithin(double duration, double lowest, double highest)
+{
+    return duration >= lowest - rounding && duration <= highest + rounding;
+}
+
+} // namespace
+
+TriggerGestures::TriggerGestures(Panel panel)
+    : m_panel(std::move(panel))
+{ }
+
+void TriggerGestures::press(Shortcut shortcut, double time)
+{
+    if (shortcut == Shortcut::keyed) {
+        if (m_panel.isVisible()) {
+            m_panel.hide();
+        } else {
+            m_panel.showAtPointer();
+        }
+        return;
+    }
+    m_panel.showAtPointer();
+    pinIfDoubleTapped(time);
+    m_lastPressTime = time;
+}
+
+void TriggerGestures::release(Shortcut shortcut, ReleaseReason reason, double time)
+{
+    if (shortcut == Shortcut::keyed) {
+        return;
+    }
+    recordRelease(reason, time);
+    if (!m_panel.isPinned()) {
+        m_panel.hide();
+    }
+}
+
+void TriggerGestures::systemWillSleep()
+{
+    m_lastPressTime.reset();
+    m_lastReleaseTime.reset();
+}
+
+void TriggerGestures::pinIfDoubleTapped(double pressedAt)
+{
+    // A release counts for one test at most, whatever comes of it.
+    const std::optional<double> released = std::exchange(m_lastReleaseTime, std::nullopt);
+    if (released && m_panel.doubleTapPins()
+        && isWithin(pressedAt - *released, doubleTapFloor, modifierDoubleTapInterval)) {
+        m_panel.pin();
+    }
+}
+
+void TriggerGestures::recordRelease(ReleaseReason reason, double time)
+{
+    const std::optional<double> pressed = std::exchange(m_lastPressTime, std::nullopt);
+    const bool isTap = reason == ReleaseReason::chordReleased && pressed
+        && time - *pressed <= modifierTapMaxHoldDuration + rounding;
+    m_lastReleaseTime = isTap ? std::optional(time) : std::nullopt;
+}
+
+} // namespace Tavik

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncher/Trigger/GlobalHotKey.h>
+
+#include <functional>
+#include <optional>
+
+namespace Tavik {
+
+/// Decides what a press or a release of the trigger does to the panel: a shortcut with a key
+/// toggles it; a chord of modifiers shows it while held, and pressed again soon after a short tap
+/// pins it open. Knows only the times of the events, in seconds of system uptime.
+class TriggerGestures
+{
+public:
+    enum class Shortcut {
+        keyed,
+        modifierOnly
+    };
+    /// What the gestures can see and do.
+    struct Panel
+    {
+        std::function<bool()> isVisible;
+        std::function<bool()> isPinned;
+        std::function<bool()> doubleTapPins; ///< The user's setting.
+        std::function<void()> showAtPointer;
+        std::function<void()> hide;
+        std::function<void()> pin;
+    };
+
+    explicit TriggerGestures(Panel panel);
+
+    void press(Shortcut shortcut, double time);
+    void release(Shortcut shortcut, ReleaseReason reason, double time);
+    /// A tap before the system sleeps pairs with nothing after it.
+    void systemWillSleep();
+
+private:
+    void pinIfDoubleTapped(double pressedAt);
+    void recordRelease(ReleaseReason reason, double time);
+
+    Panel m_panel;
+    std::optional<double> m_lastPressTime; ///< Of a press whose release is still to come.
+    std::optional<double> m_lastReleaseTime; ///< Of a short tap: half of a double tap.
+};
+
+} // namespace Tavik

@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncherPlatform/AccessibilityPermission.h>
+#include <TavikLauncherPlatform/KeyEvents.h>
+
+#include <QList>
+#include <QStringList>
+
+#include <utility>
+
+namespace Tavik::Test {
+
+class FakeAccessibilityPermission final : public AccessibilityPermission
+{
+public:
+    [[nodiscard]] bool isTrusted() const override { return trusted; }
+    void prompt() override { calls << QStringLiteral("prompt"); }
+    void openSettings() override { calls << QStringLiteral("settings"); }
+
+    bool trusted = true;
+    QStringList calls;
+};
+
+/// A keyboard whose events the test writes, source by source. Must outlive what it hands out.
+class FakeKeyEvents final : public KeyEvents
+{
+public:
+    [[nodiscard]] HotKeyResult registerHotKey(const HotKey& hotKey,
+                                              std::function<void(double)> pressed) override
+    {
+        requests.append(hotKey);
+        if (hotKeyError != 0) {
+            return {.registration = nullptr, .status = hotKeyError};
+        }
+        hotKeyPressed = std::move(pressed);
+        return {.registration = std::make_unique<Registration>(hotKeyPressed), .status = 0};
+    }
+    [[nodiscard]] int hotKeyStatus(const HotKey&) override { return hotKeyError; }
+    [[nodiscard]] bool hasKeys(quint64 modifierFlags, std::optional<quint16> keyCode) const override
+    {
+        return (modifierFlags & missingModifiers) == 0
+            && (!keyCode || !missingKeys.contains(*keyCode));
+    }
+    [[nodiscard]] std::unique_ptr<KeyMonitor> addLocalMonitor(Kind, Filter filter) override
+    {
+        return hasLocal ? std::make_unique<Source<Filter>>(local, std::move(filter)) : nullptr;
+    }
+    [[nodiscard]] std::unique_ptr<KeyMonitor> addGlobalMonitor(Kind, Observer observer) override
+    {
+        return hasGlobal ? std::make_unique<Source<Observer>>(global, std::move(observer))
+                         : nullptr;
+    }
+    [[nodiscard]] std::unique_ptr<EventTap>
+    createEventTap(Kind, Observer observer, std::function<void()> disabled) override
+    {
+        tapDisabled = std::move(disabled);
+        tapEnabled = hasTap;
+        return hasTap ? std::make_unique<Tap>(*this, std::move(observer)) : nullptr;
+    }
+    [[nodiscard]] std::unique_ptr<KeyMonitor>
+    addFocusMonitor(std::function<void()> changed) override
+    {
+        return std::make_unique<Source<std::function<void()>>>(focusChanged, std::move(changed));
+    }
+    [[nodiscard]] std::optional<quint64> heldModifiers() const override
+    {
+        ++heldQuestions;
+        return held;
+    }
+    [[nodiscard]] std::optional<quint16> keyCode(const NativeKey&) const override
+    {
+        return std::nullopt;
+    }
+    [[nodiscard]] std::optional<QString> characters(const NativeKey&) const override
+    {
+        return std::nullopt;
+    }
+
+    Filter local; ///< Each is empty while nobody listens.
+    Observer tap;
+    Observer global;
+    std::function<void()> focusChanged;
+    std::function<void(double)> hotKeyPressed;
+    std::function<void()> tapDisabled;
+    bool hasLocal = true;
+    bool hasTap = true;
+    bool hasGlobal = true;
+    bool tapEnabled = false;
+    bool tapCanBeEnabled = true;
+    int tapEnablings = 0;
+    std::optional<quint64> held;
+    mutable int heldQuestions = 0;
+    int hotKeyError = 0;
+    quint64 missingModifiers = 0;
+    QList<quint16> missingKeys;
+    QList<HotKey> requests;
+
+private:
+    /// Puts a handler into a place for as long as it lives.
+    template <typename Handler> class Source : public KeyMonitor
+    {
+    public:
+        Source(Handler& place, Handler handler)
+            : m_place(place)
+        {
+            m_place = std::move(handler);
+        }
+        ~Source() override { m_place = nullptr; }
+        Source(const Source&) = delete;
+        Source& operator=(const Source&) = delete;
+
+    private:
+        Handler& m_place;
+    };
+    class Registration final : public HotKeyRegistration
+    {
+    public:
+        explicit Registration(std::function<void(double)>& place)
+            : m_place(place)
+        { }
+        ~Registration() override { m_place = nullptr; }
+        Registration(const Registration&) = delete;
+        Registration& operator=(const Registration&) = delete;
+
+    private:
+        std::function<void(double)>& m_place;
+    };
+    class Tap final : public EventTap
+    {
+    public:
+        Tap(FakeKeyEvents& owner, Observer observer)
+            : m_owner(owner)
+        {
+            m_owner.tap = std::move(observer);
+        }
+        ~Tap() override { m_owner.tap = nullptr; }
+        Tap(const Tap&) = delete;
+        Tap& operator=(const Tap&) = delete;
+
+        [[nodiscard]] bool isEnabled() const override { return m_owner.tapEnabled; }
+        bool enable() override
+        {
+            ++m_owner.tapEnablings;
+            m_owner.tapEnabled = m_owner.tapCanBeEnabled;
+            return m_owner.tapEnabled;
+        }
+
+    private:
+        FakeKeyEvents& m_owner;
+    };
+};
+
+} // namespace Tavik::Test

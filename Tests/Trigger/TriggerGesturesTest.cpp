@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Trigger/TriggerGestures.h>
+
+#include <QTest>
+
+using namespace Tavik;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A panel of flags that behaves as the real one: hiding it also takes the pin out.
+struct Gestured
+{
+    bool isVisible = false;
+    bool isPinned = false;
+    bool pins = true;
+    int shows = 0;
+    TriggerGestures gestures{{
+        .isVisible = [this] { return isVisible; },
+        .isPinned = [this] { return isPinned; },
+        .doubleTapPins = [this] { return pins; },
+        .showAtPointer =
+            [this] {
+                ++shows;
+                isVisible = true;
+            },
+        .hide = [this] { isVisible = isPinned = false; },
+        .pin = [this] { isPinned = true; },
+    }};
+
+    /// Plays "P10.0 R10.2 …": press, release, U = release by unregistering, S = sleep.
+    void play(const QString& script,
+              TriggerGestures::Shortcut shortcut = TriggerGestures::Shortcut::modifierOnly)
+    {
+        for (const QString& step : script.split(u' ')) {
+            const double time = step.mid(1).toDouble();
+            switch (step.front().unicode()) {
+            case u'P':
+                gestures.press(shortcut, time);
+                break;
+            case u'R':
+                gestures.release(shortcut, ReleaseReason::chordReleased, time);
+                break;
+            case u'U':
+                gestures.release(shortcut, ReleaseReason::unregistered, time);
+                break;
+            default:
+                gestures.systemWillSleep();
+            }
+        }
+    }
+};
+
+} // namespace
+
+class TriggerGesturesTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void chordPinsOnlyAfterAShortTapAndAShortWait_data()
+    {
+        QTest::addColumn<QString>("script");
+        QTest::addColumn<bool>("isVisible");
+        QTest::addColumn<bool>("isPinned");
+        const auto row = [](const char* name, const QString& script, bool visible, bool pinned) {
+            QTest::newRow(name) << script << visible << pinned;
+        };
+        row("held", u"P10"_s, true, false);
+        row("tapped", u"P10 R10.2"_s, false, false);
+        row("tap and press", u"P10 R10.2 P10.7"_s, true, true);
+        row("pinned survives the second release", u"P10 R10.2 P10.7 R10.8"_s, true, true);
+        row("pinned survives a long second hold", u"P10 R10.2 P10.7 R13"_s, true, true);
+        row("longest tap", u"P10 R10.35 P10.5"_s, true, true);
+        row("just too long a hold", u"P10 R10.351 P10.5"_s, true, false);
+        row("hold then press", u"P10 R10.4 P10.5 R10.6"_s, false, false);
+        row("shortest wait", u"P10 R10.2 P10.25"_s, true, true);
+        row("one press told twice", u"P10 R10.2 P10.249"_s, true, false);
+        row("longest wait", u"P10 R10.2 P11.2"_s, true, true);
+        row("just too long a wait", u"P10 R10.2 P11.201"_s, true, false);
+        row("wait then release", u"P10 R10.2 P11.4 R11.5"_s, false, false);
+        row("the late press is itself a tap", u"P10 R10.2 P11.4 R11.5 P11.9"_s, true, true);
+        row("a release counts once", u"P10 R10.2 P10.21 P10.7"_s, true, false);
+        row("release without a press", u"R10 P10.5"_s, true, false);
+        row("unregistered is no tap", u"P10 U10.1 P10.5"_s, true, false);
+        row("unregistered hides", u"P10 U10.1"_s, false, false);
+        row("unregistered leaves the pinned", u"P10 R10.2 P10.7 U10.8"_s, true, true);
+        row("sleep between", u"P10 R10.2 S P10.7"_s, true, false);
+        row("sleep during the tap", u"P10 S R10.2 P10.7"_s, true, false);
+        row("times of a long uptime", u"P4000000.123 R4000000.473 P4000001.473"_s, true, true);
+    }
+
+    void chordPinsOnlyAfterAShortTapAndAShortWait()
+    {
+        QFETCH(const QString, script);
+        Gestured gestured;
+        gestured.play(script);
+        QTEST(gestured.isVisible, "isVisible");
+        QTEST(gestured.isPinned, "isPinned");
+    }
+
+    void nothingPinsWhenTheUserDoesNotWantIt()
+    {
+        Gestured gestured;
+        gestured.pins = false;
+        gestured.play(u"P10 R10.2 P10.7"_s);
+        QVERIFY(!gestured.isPinned);
+        // Nor does the tap of before count once the user wants it again.
+        gestured.play(u"R10.8"_s);
+        gestured.play(u"P11"_s);
+        gestured.pins = true;
+        gestured.play(u"P11.1"_s);
+        QVERIFY(!gestured.isPinned);
+    }
+
+    void chordAlwaysShowsAndNeverToggles()
+    {
+        Gestured gestured;
+        gestured.isVisible = true;
+        gestured.play(u"P10"_s);
+        QCOMPARE(gestured.shows, 1);
+        QVERIFY(gestured.isVisible);
+    }
+
+    void keyTogglesAndItsReleaseDoesNothing()
+    {
+        constexpr auto keyed = TriggerGestures::Shortcut::keyed;
+        Gestured gestured;
+        gestured.play(u"P10 R10.1"_s, keyed);
+        QVERIFY(gestured.isVisible);
+        gestured.play(u"U10.2"_s, keyed);
+        QVERIFY(gestured.isVisible);
+        gestured.play(u"P10.3"_s, keyed);
+        QVERIFY(!gestured.isVisible);
+        gestured.play(u"P10.4"_s, keyed);
+        QVERIFY(gestured.isVisible && !gestured.isPinned);
+    }
+};
+
+QTEST_GUILESS_MAIN(TriggerGesturesTest)
+#include "TriggerGesturesTest.moc"

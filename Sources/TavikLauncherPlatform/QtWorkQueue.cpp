@@ -1,16 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/QtWorkQueue.h>
 
+#include <QElapsedTimer>
 #include <QMetaObject>
+
+#include <utility>
 
 namespace Tavik {
 
 namespace {
-constexpr int idleThreadLifetimeMilliseconds = 2000;
+constexpr int idleThreadLifetimeMilliseconds = 200;
+constexpr qint64 longJobMilliseconds = 40;
 constexpr int readThreads = 2;
 } // namespace
 
-QtWorkQueue::QtWorkQueue()
+QtWorkQueue::QtWorkQueue(std::function<void()> releaseMemory)
+    : m_releaseMemory(std::move(releaseMemory))
 {
     m_reads.setMaxThreadCount(readThreads);
     m_reads.setExpiryTimeout(idleThreadLifetimeMilliseconds);
@@ -39,7 +44,12 @@ void QtWorkQueue::schedule(WorkPriority priority, Job job)
     }
     QThreadPool& pool = priority == WorkPriority::utility ? m_writes : m_reads;
     pool.start([this, job = std::move(job)] {
+        QElapsedTimer timer;
+        timer.start();
         QMetaObject::invokeMethod(&m_mainThread, job(), Qt::QueuedConnection);
+        if (m_releaseMemory && timer.elapsed() > longJobMilliseconds) {
+            m_releaseMemory();
+        }
     });
 }
 

@@ -12,7 +12,9 @@ namespace Tavik {
 class QtWorkQueue final : public WorkQueue
 {
 public:
-    QtWorkQueue();
+    /// `releaseMemory` is called off the main thread after a long job: it may give what the job has
+    /// freed back to the system.
+    explicit QtWorkQueue(std::function<void()> releaseMemory = {});
     ~QtWorkQueue() override;
     QtWorkQueue(const QtWorkQueue&) = delete;
     QtWorkQueue& operator=(const QtWorkQueue&) = delete;
@@ -22,6 +24,7 @@ public:
 
 private:
     QObject m_mainThread;
+    std::function<void()> m_releaseMemory;
     bool m_isFinished = false;
     QThreadPool m_reads;
     QThreadPool

@@ -20,6 +20,8 @@
 #include <QGuiApplication>
 #include <QIcon>
 
+#include <malloc.h>
+
 namespace Tavik {
 
 namespace {
@@ -66,7 +68,8 @@ std::unique_ptr<Platform> makePlatform()
 {
     auto platform = std::make_unique<Platform>();
     platform->mainQueue = std::make_unique<QtMainQueue>();
-    platform->workQueue = std::make_unique<QtWorkQueue>();
+    // A walk over thousands of entries leaves many small holes in each thread's heap.
+    platform->workQueue = std::make_unique<QtWorkQueue>([] { malloc_trim(0); });
     platform->userDefaults = std::make_unique<PropertyListDefaults>(
         PropertyListDefaults::defaultPath(), *platform->mainQueue, *platform->workQueue);
     platform->fileManager = std::make_unique<LinuxFileManager>(*platform->mainQueue);

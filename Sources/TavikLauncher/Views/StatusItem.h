@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncherPlatform/MainQueue.h>
+
+#include <QMenu>
+#include <QObject>
+#include <QString>
+#include <QSystemTrayIcon>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace Tavik {
+
+class StatusTray;
+
+/// The wheel in the desktop's tray and its menu. Appears as soon as the desktop has a tray, which
+/// may be long after the start or never; the menu and its key equivalents work without one, too.
+/// Owned by the application delegate, which outlives no tray.
+class StatusItem final : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct Dependencies
+    {
+        StatusTray& tray;
+        MainQueue& mainQueue;
+    };
+    struct Actions
+    {
+        std::function<void()> showAbout;
+        std::function<void()> showSettings;
+        std::function<void()> checkForUpdates;
+        std::function<void()> showLauncher;
+        std::function<void()> repeatTour;
+        std::function<void()> showReindexWindow;
+        std::function<void()> openSupportPage;
+        std::function<void()> quit;
+    };
+
+    StatusItem(const Dependencies& dependencies, Actions actions);
+    ~StatusItem() override;
+
+    /// Says in the icon and in the menu that this version can be had.
+    void showUpdateReminder(const QString& version);
+    void clearUpdateReminder();
+    /// Makes the menu's key equivalents work while `window` has the keyboard.
+    void addKeyEquivalents(QWidget& window);
+
+    [[nodiscard]] QMenu& menu() { return m_menu; }
+    [[nodiscard]] QIcon icon() const;
+    /// What the icon is called for those who do not see it.
+    [[nodiscard]] QString accessibilityDescription() const;
+    /// True once the item has been handed to the desktop.
+    [[nodiscard]] bool isInstalled() const { return m_icon != nullptr; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void buildMenu();
+    QAction* addItem(const QString& title, const std::function<void()>& action);
+    void trayChanged();
+    void install();
+    void refreshIcon();
+    void activated(QSystemTrayIcon::ActivationReason reason);
+
+    Dependencies m_dependencies;
+    Actions m_actions;
+    QMenu m_menu;
+    QAction* m_settingsItem = nullptr;
+    QAction* m_updateItem = nullptr;
+    QAction* m_quitItem = nullptr;
+    std::optional<QString> m_updateVersion;
+    std::unique_ptr<QSystemTrayIcon> m_icon;
+    Task m_waitForNotifier;
+    Task m_reportMissingTray;
+};
+
+} // namespace Tavik

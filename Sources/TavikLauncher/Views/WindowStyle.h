@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QColor>
+#include <QFont>
+
+class QLabel;
+class QPalette;
+class QPushButton;
+class QWidget;
+
+namespace Tavik::WindowStyle {
+
+/// What the small windows have in common, derived from the desktop's palette and font so that they
+/// look at home in light and dark.
+
+[[nodiscard]] bool isDark(const QPalette& palette);
+/// Quieter than the text, and still readable.
+[[nodiscard]] QColor secondaryText(const QPalette& palette);
+[[nodiscard]] QColor hairline(const QPalette& palette);
+/// The desktop's accent, for symbols.
+[[nodiscard]] QColor tint(const QPalette& palette);
+[[nodiscard]] QColor success(const QPalette& palette);
+
+/// The desktop's font at `size` points of the screen plane.
+[[nodiscard]] QFont font(double size, QFont::Weight weight = QFont::Normal);
+
+enum class TextRole {
+    primary,
+    secondary,
+};
+struct TextStyle
+{
+    double size = 13;
+    QFont::Weight weight = QFont::Normal;
+    TextRole role = TextRole::primary;
+};
+/// A label that wraps, whose text can be read and selected by assistive technology, and whose
+/// colour follows the palette.
+[[nodiscard]] QLabel* makeLabel(const QString& text, const TextStyle& style, QWidget* parent);
+
+/// A push button with room around its text.
+[[nodiscard]] QPushButton* makeButton(const QString& text, QWidget* parent);
+
+/// Gives `window` the least height at which its layout cuts nothing off at its present width.
+void fitHeight(QWidget& window);
+
+} // namespace Tavik::WindowStyle

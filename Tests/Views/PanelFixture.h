@@ -7,6 +7,7 @@
 #include <TavikLauncher/Views/RadialLauncherView.h>
 
 #include <Support/FakeDesktop.h>
+#include <Support/FakeKeyEvents.h>
 #include <Support/FakeWindowServer.h>
 #include <memory>
 
@@ -47,7 +48,8 @@ struct PanelFixture : RingFixture
             .onClose = [this] { ++closes; },
         });
         panel = std::make_unique<LauncherPanel>(
-            LauncherPanel::Dependencies{commands, windowServer, mainQueue}, std::move(view));
+            LauncherPanel::Dependencies{commands, windowServer, mainQueue, keyEvents},
+            std::move(view));
         commands.close = [this] {
             ++closes;
         };
@@ -76,6 +78,7 @@ struct PanelFixture : RingFixture
 
     ColorIconDecoder icons;
     FakeWindowServer windowServer;
+    FakeKeyEvents keyEvents;
     FakeAppearance appearance;
     int closes = 0;
     std::unique_ptr<LauncherPanel> panel;

@@ -68,8 +68,7 @@ void AppDelegate::applicationDidFinishLaunching()
     setupHotKey();
 
     // Once idle: everything a first summon would be slow for.
-    m_warmUp = m_platform.mainQueue->after(
-        0, [this] { static_cast<LauncherPanel&>(m_panelController->panel()).warmUp(); });
+    m_warmUp = m_platform.mainQueue->after(0, [this] { launcherPanel().warmUp(); });
 }
 
 std::unique_ptr<PanelSurface> AppDelegate::makePanel(std::function<void()> dismiss)
@@ -94,8 +93,14 @@ std::unique_ptr<PanelSurface> AppDelegate::makePanel(std::function<void()> dismi
         .onClose = std::move(dismiss),
     });
     return std::make_unique<LauncherPanel>(
-        LauncherPanel::Dependencies{m_commands, *m_platform.windowServer, *m_platform.mainQueue},
+        LauncherPanel::Dependencies{
+            m_commands, *m_platform.windowServer, *m_platform.mainQueue, *m_platform.keyEvents},
         std::move(ring));
+}
+
+LauncherPanel& AppDelegate::launcherPanel()
+{
+    return static_cast<LauncherPanel&>(m_panelController->panel());
 }
 
 void AppDelegate::installHotKeySettingsObserver()
@@ -144,8 +149,12 @@ void AppDelegate::setupHotKey()
         GlobalHotKey::Dependencies{
             *m_platform.keyEvents, *m_platform.accessibility, *m_platform.mainQueue},
         config,
-        [this, shortcut](double time) { m_gestures.press(shortcut, time); },
+        [this, shortcut](double time) {
+            m_gestures.press(shortcut, time);
+            launcherPanel().setHoldsKeyboard(shortcut == TriggerGestures::Shortcut::modifierOnly);
+        },
         [this, shortcut](ReleaseReason reason, double time) {
+            launcherPanel().setHoldsKeyboard(false);
             m_gestures.release(shortcut, reason, time);
         });
     if (hotKey->registerHotKey()) {

@@ -17,6 +17,7 @@
 
 namespace Tavik {
 
+class LauncherPanel;
 struct Platform;
 
 /// The program's spine: creates the long-lived objects, wires them and owns them for the life of
@@ -35,6 +36,8 @@ public:
 
 private:
     [[nodiscard]] std::unique_ptr<PanelSurface> makePanel(std::function<void()> dismiss);
+    /// What `makePanel` made.
+    [[nodiscard]] LauncherPanel& launcherPanel();
     void installHotKeySettingsObserver();
     void installWillSleepObserver();
     void installRecentAppActivationObserver();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Ring/LauncherCommands.h>
 #include <TavikLauncher/Ring/LauncherKeys.h>
+#include <TavikLauncher/Views/KeyTranslation.h>
 #include <TavikLauncher/Views/LauncherPanel.h>
 #include <TavikLauncher/Views/RadialLauncherView.h>
 #include <TavikLauncherPlatform/ScreenPlane.h>
@@ -9,6 +10,7 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QScreen>
+#include <QWindow>
 
 #include <array>
 #include <cmath>
@@ -41,25 +43,7 @@ constexpr std::array<CommandKey, 9> commandKeys{{
     {Qt::Key_Up, LauncherKeyCode::upArrow},
 }};
 
-constexpr int firstNamedKey = 0x01000000; // Below it a key is the character it stands for.
-
-/// What the key types without Control, Alt and Super. The event's own text is no help while one of
-/// them is held: Control turns it into a control character.
-QString charactersIgnoringModifiers(const QKeyEvent& event)
-{
-    constexpr auto transforming = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
-    if ((event.modifiers() & transforming) == 0) {
-        return event.text();
-    }
-    if (event.key() >= firstNamedKey || event.key() < Qt::Key_Space) {
-        return {};
-    }
-    const QString text
-        = QString::fromUcs4(std::array{static_cast<char32_t>(event.key())}.data(), 1);
-    return event.modifiers() & Qt::ShiftModifier ? text : text.toLower();
-}
-
-LauncherKey launcherKey(const QKeyEvent& event)
+LauncherKey launcherKey(const QKeyEvent& event, const KeyEvents& keys)
 {
     LauncherKey key;
     for (const CommandKey& entry : commandKeys) {
@@ -67,9 +51,16 @@ LauncherKey launcherKey(const QKeyEvent& event)
             key.keyCode = entry.keyCode;
         }
     }
-    key.charactersIgnoringModifiers = charactersIgnoringModifiers(event);
+    key.charactersIgnoringModifiers = KeyTranslation::charactersIgnoringModifiers(event, keys);
     key.hasCommand = (event.modifiers() & (Qt::ControlModifier | Qt::MetaModifier)) != 0;
     key.isAutoRepeat = event.isAutoRepeat();
+    // Some layouts have their digits above Shift; the key is meant all the same.
+    if (key.hasCommand && (event.modifiers() & Qt::ShiftModifier) == 0) {
+        const std::optional<quint16> code = KeyTranslation::keyCode(event, keys);
+        if (const auto digit = code ? KeyTranslation::digitOfRow(*code) : std::nullopt) {
+            key.charactersIgnoringModifiers = QString::number(*digit);
+        }
+    }
     return key;
 }
 
@@ -171,6 +162,7 @@ void LauncherPanel::orderOut()
     }
     m_isOrderingOut = true;
     m_focusWatch.cancel();
+    setHoldsKeyboard(false);
     hide();
     if (m_activates) {
         m_dependencies.windowServer.returnKeyboardFocus(winId());
@@ -179,12 +171,30 @@ void LauncherPanel::orderOut()
     m_isOrderingOut = false;
 }
 
+void LauncherPanel::setHoldsKeyboard(bool holds)
+{
+    m_holdsKeyboard = holds;
+    updateKeyboardGrab();
+}
+
+void LauncherPanel::updateKeyboardGrab()
+{
+    QWindow* window = windowHandle();
+    // Before it is active the window may not be on the screen yet, and could not have the grab.
+    const bool grabs = m_holdsKeyboard && isVisible() && isActiveWindow();
+    if (window && grabs != m_grabsKeyboard) {
+        m_grabsKeyboard = grabs;
+        window->setKeyboardGrabEnabled(grabs);
+    }
+}
+
 bool LauncherPanel::event(QEvent* event)
 {
     if (event->type() == QEvent::WindowDeactivate) {
         deactivated();
     } else if (event->type() == QEvent::WindowActivate) {
         m_focusWatch.cancel();
+        updateKeyboardGrab();
     }
     return QWidget::event(event);
 }
@@ -222,7 +232,8 @@ void LauncherPanel::deactivated()
 
 void LauncherPanel::keyPressEvent(QKeyEvent* event)
 {
-    if (!dispatchLauncherKey(launcherKey(*event), m_dependencies.commands)) {
+    if (!dispatchLauncherKey(launcherKey(*event, m_dependencies.keyEvents),
+                             m_dependencies.commands)) {
         QWidget::keyPressEvent(event);
     }
 }

@@ -8,6 +8,7 @@
 
 namespace Tavik {
 
+class KeyEvents;
 struct LauncherCommands;
 class RadialLauncherView;
 class WindowServer;
@@ -24,6 +25,7 @@ public:
         LauncherCommands& commands;
         WindowServer& windowServer;
         MainQueue& mainQueue;
+        const KeyEvents& keyEvents;
     };
 
     /// Takes `ring` as its content.
@@ -31,6 +33,10 @@ public:
     ~LauncherPanel() override;
 
     [[nodiscard]] RadialLauncherView& ring() { return *m_ring; }
+
+    /// While a chord is held its modifiers would turn what is typed into the desktop's own
+    /// shortcuts; this keeps every key here, until the panel goes or it is called again.
+    void setHoldsKeyboard(bool holds);
 
     /// Makes the native window and everything that a first showing would be slow for.
     void warmUp();
@@ -51,6 +57,7 @@ protected:
 
 private:
     void deactivated();
+    void updateKeyboardGrab();
     [[nodiscard]] bool hasLostKeyboard() const;
 
     Dependencies m_dependencies;
@@ -58,6 +65,8 @@ private:
     Task m_focusWatch; ///< Runs while the toolkit's word on the focus is in doubt.
     bool m_activates = false;
     bool m_isOrderingOut = false;
+    bool m_holdsKeyboard = false;
+    bool m_grabsKeyboard = false;
 };
 
 } // namespace Tavik

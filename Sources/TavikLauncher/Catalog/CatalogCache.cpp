@@ -12,6 +12,7 @@
 #include <QJsonObject>
 #include <QSaveFile>
 
+#include <algorithm>
 #include <filesystem>
 #include <utility>
 
@@ -164,7 +165,7 @@ QList<IndexedApp> loadCachedApplications(const FileManager& fileManager)
         logFailure(failure, info.isFile() ? file.errorString() : u"it is not a file"_s);
         return {};
     }
-    const DecodeResult content = decoded(file.read(maxReadableSize));
+    const DecodeResult content = decoded(file.read(std::min<qint64>(file.size(), maxReadableSize)));
     if (!content.error.isEmpty()) {
         logFailure(failure, content.error);
         return {};

@@ -93,10 +93,11 @@ QString programOf(const QString& execLine)
 std::optional<DesktopEntry> readEntry(const QString& path, const QString& id)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly) || file.size() > largestFile) {
+    // Opening a pipe would wait for its other end.
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) || file.size() > largestFile) {
         return std::nullopt;
     }
-    const QByteArray bytes = file.read(largestFile);
+    const QByteArray bytes = file.read(std::min(file.size(), largestFile));
     const KeyFile keys(g_key_file_new());
     if (g_key_file_load_from_data(keys.get(),
                                   bytes.constData(),

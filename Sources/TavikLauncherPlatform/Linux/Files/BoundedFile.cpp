@@ -25,7 +25,8 @@ std::optional<QByteArray> read(const QString& path, qint64 maxBytes)
         ::close(descriptor);
         return std::nullopt;
     }
-    QByteArray bytes = file.read(maxBytes);
+    // Not `maxBytes`: a buffer of that size would be allocated for every small file.
+    QByteArray bytes = file.read(status.st_size);
     if (file.error() != QFileDevice::NoError) {
         return std::nullopt;
     }

@@ -11,6 +11,7 @@
 #include <QPointer>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <utility>
 
 namespace Tavik {
@@ -31,7 +32,8 @@ std::optional<PropertyList> readPropertyList(const QString& path)
         return std::nullopt;
     }
     // One byte too many is refused there.
-    return PropertyList::fromXml(file.read(PropertyList::mostBytes + 1));
+    return PropertyList::fromXml(
+        file.read(std::min<qint64>(file.size(), PropertyList::mostBytes + 1)));
 }
 
 } // namespace

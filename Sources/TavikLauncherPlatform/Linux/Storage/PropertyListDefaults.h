@@ -13,8 +13,9 @@ class WorkQueue;
 
 /// The user defaults in a property-list file that the user may read, edit and link to. Read once,
 /// at construction; written as a whole, in the background, from the end of the main loop's turn in
-/// which something changed, and at the latest on destruction. What cannot be written stays in memory and is tried
-/// again at the next change; a file that cannot be understood is set aside, never overwritten.
+/// which something changed, and at the latest on destruction. What cannot be written stays in
+/// memory and is tried again at the next change; a file that cannot be understood is set aside,
+/// never overwritten.
 class PropertyListDefaults final : public UserDefaults
 {
 public:
@@ -29,7 +30,8 @@ public:
     [[nodiscard]] QVariant object(const QString& key) const override;
     void setObject(const QString& key, const QVariant& value) override;
 
-    /// Writes what has changed, before it returns. Not while a write is under way in the background.
+    /// Writes what has changed, before it returns. Not while a write is under way in the
+    /// background.
     void flush();
 
 private:

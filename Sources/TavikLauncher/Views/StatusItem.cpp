@@ -109,6 +109,11 @@ void StatusItem::addKeyEquivalents(QWidget& window)
 
 QIcon StatusItem::icon() const
 {
+    return m_icon ? m_icon->icon() : makeIcon();
+}
+
+QIcon StatusItem::makeIcon() const
+{
     const QPalette palette = QGuiApplication::palette();
     return TavikIconFactory::statusIcon({
         .size = iconSize,
@@ -157,7 +162,7 @@ void StatusItem::install()
 void StatusItem::refreshIcon()
 {
     if (m_icon) {
-        m_icon->setIcon(icon());
+        m_icon->setIcon(makeIcon());
         m_icon->setToolTip(accessibilityDescription());
     }
 }

@@ -51,6 +51,7 @@ public:
     void addKeyEquivalents(QWidget& window);
 
     [[nodiscard]] QMenu& menu() { return m_menu; }
+    /// What is shown now, or would be.
     [[nodiscard]] QIcon icon() const;
     /// What the icon is called for those who do not see it.
     [[nodiscard]] QString accessibilityDescription() const;
@@ -60,6 +61,7 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    [[nodiscard]] QIcon makeIcon() const;
     void buildMenu();
     QAction* addItem(const QString& title, const std::function<void()>& action);
     void trayChanged();

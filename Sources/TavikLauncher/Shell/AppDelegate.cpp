@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Shell/AppDelegate.h>
+#include <TavikLauncher/Views/AccessibilityPermissionView.h>
 #include <TavikLauncher/Views/LauncherPanel.h>
 #include <TavikLauncher/Views/RadialLauncherView.h>
 #include <TavikLauncherPlatform/Platform.h>
 
 #include <QCoreApplication>
+#include <QGuiApplication>
+#include <QScreen>
 
 #include <utility>
 
@@ -20,6 +23,8 @@ const QString& ownIdentifier()
     static const QString identifier = u"org.tavik.Launcher"_s;
     return identifier;
 }
+
+constexpr QSize accessibilityWindowSize(440, 520);
 
 } // namespace
 
@@ -66,6 +71,9 @@ void AppDelegate::applicationDidFinishLaunching()
     installWillSleepObserver();
     installRecentAppActivationObserver();
     setupHotKey();
+    if (m_settings.hotKeyConfig().isModifierOnly() && !m_platform.accessibility->isTrusted()) {
+        checkAccessibilityPermission();
+    }
 
     // Once idle: everything a first summon would be slow for.
     m_warmUp = m_platform.mainQueue->after(0, [this] { launcherPanel().warmUp(); });
@@ -157,9 +165,46 @@ void AppDelegate::setupHotKey()
             launcherPanel().setHoldsKeyboard(false);
             m_gestures.release(shortcut, reason, time);
         });
+    hotKey->onAccessibilityRevoked = [this] {
+        checkAccessibilityPermission();
+    };
     if (hotKey->registerHotKey()) {
         m_hotKey = std::move(hotKey);
     }
+}
+
+void AppDelegate::checkAccessibilityPermission()
+{
+    if (m_platform.accessibility->isTrusted()) {
+        return;
+    }
+    // A closed window is forgotten: the next one starts from the beginning.
+    if (!m_accessibilityPermissionWindow || !m_accessibilityPermissionWindow->isVisible()) {
+        m_accessibilityPermissionWindow = std::make_unique<AccessibilityPermissionView>(
+            *m_platform.accessibility,
+            *m_platform.mainQueue,
+            AccessibilityPermissionSession::Actions{
+                .onDismiss = [this] { m_accessibilityPermissionWindow->close(); },
+                .onGranted =
+                    [this, isNews = true]() mutable {
+                        if (std::exchange(isNews, false)) {
+                            setupHotKey();
+                        }
+                    },
+            });
+        m_accessibilityPermissionWindow->setWindowTitle(u"Allow Accessibility Access"_s);
+        m_accessibilityPermissionWindow->setWindowFlags(
+            Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
+        m_accessibilityPermissionWindow->setFixedSize(accessibilityWindowSize);
+        if (const QScreen* screen = QGuiApplication::primaryScreen()) {
+            QRect frame(QPoint(), accessibilityWindowSize);
+            frame.moveCenter(screen->availableGeometry().center());
+            m_accessibilityPermissionWindow->move(frame.topLeft());
+        }
+    }
+    m_accessibilityPermissionWindow->show();
+    m_accessibilityPermissionWindow->raise();
+    m_accessibilityPermissionWindow->activateWindow();
 }
 
 void AppDelegate::perform(AppAction action)

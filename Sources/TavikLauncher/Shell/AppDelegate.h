@@ -17,6 +17,7 @@
 
 namespace Tavik {
 
+class AccessibilityPermissionView;
 class LauncherPanel;
 struct Platform;
 
@@ -42,6 +43,8 @@ private:
     void installWillSleepObserver();
     void installRecentAppActivationObserver();
     void setupHotKey();
+    /// Asks the user for the permission to watch the keyboard, unless we have it.
+    void checkAccessibilityPermission();
     void showLauncher();
     void showAtPointer();
     void togglePanel();
@@ -59,6 +62,7 @@ private:
     std::optional<LauncherPanelController> m_panelController;
     TriggerGestures m_gestures;
     std::unique_ptr<GlobalHotKey> m_hotKey;
+    std::unique_ptr<AccessibilityPermissionView> m_accessibilityPermissionWindow;
     ObserverToken m_hotKeySettingsObserver;
     ObserverToken m_willSleepObserver;
     ObserverToken m_recentAppActivationObserver;

@@ -135,6 +135,66 @@ QPainterPath sliders()
     return shape;
 }
 
+QPainterPath keyboardBadge()
+{
+    constexpr QPointF center(19.2, 17.6);
+    QPainterPath clear;
+    clear.addEllipse(center, 5.6, 5.6);
+    QPainterPath badge;
+    badge.addEllipse(center, 4.5, 4.5);
+    for (const double x : {-2.1, 0.0, 2.1}) {
+        QPainterPath dot;
+        dot.addEllipse(center + QPointF(x, 0), 0.75, 0.75);
+        badge -= dot;
+    }
+    return (keyboard() - clear) | badge;
+}
+
+QPainterPath arrowSquare()
+{
+    QPainterPath square;
+    square.addRoundedRect(QRectF(3.5, 3.5, 17, 17), 3.2, 3.2);
+    QPainterPath arrow = polyline({{8.4, 15.6}, {15.4, 8.6}});
+    arrow.addPath(polyline({{10, 8.4}, {15.6, 8.4}, {15.6, 14}}));
+    return stroked(square) | stroked(arrow);
+}
+
+QPainterPath warningTriangle()
+{
+    QPainterPath triangle = polyline({{12, 4.2}, {21, 19.6}, {3, 19.6}});
+    triangle.closeSubpath();
+    QPainterPath mark = stroked(polyline({{12, 9.8}, {12, 13.8}}), 2);
+    mark.addEllipse(QPointF(12, 17), 1.2, 1.2);
+    return (triangle | stroked(triangle, 2.4)) - mark;
+}
+
+QPainterPath drive()
+{
+    QPainterPath body;
+    body.addRoundedRect(QRectF(2.6, 12.4, 18.8, 7), 2.2, 2.2);
+    QPainterPath shape
+        = stroked(body) | stroked(polyline({{3.4, 13.2}, {6.8, 4.8}, {17.2, 4.8}, {20.6, 13.2}}));
+    shape.addEllipse(QPointF(17.6, 15.9), 1.1, 1.1);
+    return shape;
+}
+
+QPainterPath figure()
+{
+    QPainterPath shape;
+    shape.addEllipse(QPointF(12, 4.6), 2.5, 2.5);
+    QPainterPath limbs = polyline({{12, 9.2}, {12, 14.6}});
+    limbs.addPath(polyline({{5.6, 12.2}, {12, 10}, {17.4, 8.6}, {19.6, 4.4}}));
+    limbs.addPath(polyline({{8.4, 21.2}, {12, 14.6}, {15.6, 21.2}}));
+    return shape | stroked(limbs, 2.2);
+}
+
+QPainterPath triangleDown()
+{
+    QPainterPath triangle = polyline({{4, 6.5}, {20, 6.5}, {12, 18.5}});
+    triangle.closeSubpath();
+    return triangle | stroked(triangle, 1.6);
+}
+
 QPainterPath makeShape(Symbol symbol)
 {
     switch (symbol) {
@@ -149,15 +209,29 @@ QPainterPath makeShape(Symbol symbol)
     case Symbol::pin:
         return pin();
     case Symbol::sliders:
+        return sliders();
+    case Symbol::keyboardBadge:
+        return keyboardBadge();
+    case Symbol::arrowSquare:
+        return arrowSquare();
+    case Symbol::warningTriangle:
+        return warningTriangle();
+    case Symbol::drive:
+        return drive();
+    case Symbol::figure:
+        return figure();
+    case Symbol::chevronRight:
+        return stroked(polyline({{9, 5}, {16, 12}, {9, 19}}), 2.2);
+    case Symbol::triangleDown:
         break;
     }
-    return sliders();
+    return triangleDown();
 }
 
 /// Made once: cutting paths out of each other takes longer than a frame may.
 const QPainterPath& shapeOf(Symbol symbol)
 {
-    static std::array<QPainterPath, static_cast<std::size_t>(Symbol::sliders) + 1> shapes;
+    static std::array<QPainterPath, static_cast<std::size_t>(Symbol::triangleDown) + 1> shapes;
     QPainterPath& shape = shapes.at(static_cast<std::size_t>(symbol));
     if (shape.isEmpty()) {
         shape = makeShape(symbol);

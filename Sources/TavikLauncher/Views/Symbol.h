@@ -16,6 +16,13 @@ enum class Symbol {
     typing, ///< A pointer beside a text cursor.
     pin,
     sliders,
+    keyboardBadge, ///< A keyboard with three dots in a badge.
+    arrowSquare, ///< An arrow that leaves a square, up and to the right.
+    warningTriangle, ///< A filled triangle with an exclamation mark cut out.
+    drive,
+    figure, ///< A person that waves.
+    chevronRight,
+    triangleDown,
 };
 
 /// Fills the middle square of `rect` with the symbol in `color`.

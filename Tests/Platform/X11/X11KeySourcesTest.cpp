@@ -1,0 +1,398 @@
+// SPDX-License-Identifier: MIT
+#include "TestClient.h"
+#include <TavikLauncherPlatform/Linux/X11/X11AccessibilityPermission.h>
+#include <TavikLauncherPlatform/Linux/X11/X11EventTap.h>
+#include <TavikLauncherPlatform/Linux/X11/X11KeyEvents.h>
+#include <TavikLauncherPlatform/QtMainQueue.h>
+
+#include <QGuiApplication>
+#include <QProcess>
+#include <QTest>
+#include <QWindow>
+
+#include <Support/FakeKeyEvents.h>
+#include <Support/FakeWorkspace.h>
+
+namespace Tavik {
+
+namespace {
+
+using Test::TestClient;
+using Kind = KeyEvents::Kind;
+
+constexpr xcb_keycode_t control = 37;
+constexpr xcb_keycode_t rightControl = 105;
+constexpr xcb_keycode_t shift = 50;
+constexpr xcb_keycode_t alt = 64;
+constexpr xcb_keycode_t capsLock = 66;
+constexpr xcb_keycode_t letterA = 38;
+constexpr xcb_keycode_t f9Key = 75;
+constexpr quint16 f9 = 101; // The virtual key code.
+constexpr quint64 controlFlag = ModifierFlags::control;
+constexpr quint64 chordFlags = ModifierFlags::control | ModifierFlags::option;
+
+xcb_connection_t* toolkitConnection()
+{
+    return qApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
+}
+
+void settle()
+{
+    QTest::qWait(60);
+}
+
+/// What a source told, as flags in the order of the events.
+struct Heard
+{
+    QList<quint64> flags;
+    QList<double> times;
+    QList<quint16> keys;
+    int repeats = 0;
+
+    void operator()(const KeyEvents::Event& event)
+    {
+        flags << event.modifierFlags;
+        times << event.time;
+        keys << event.keyCode;
+        repeats += event.isRepeat ? 1 : 0;
+    }
+};
+
+} // namespace
+
+class X11KeySourcesTest : public QObject
+{
+    Q_OBJECT
+
+private:
+    TestClient m_client;
+    QtMainQueue m_queue;
+    Test::FakeAccessibilityPermission m_permission;
+    X11KeyEvents m_events{toolkitConnection(), m_queue, m_permission};
+
+    std::unique_ptr<EventTap> tap(Heard& heard, Kind kind = Kind::modifiersChanged)
+    {
+        auto made = m_events.createEventTap(
+            kind, [&heard](const KeyEvents::Event& event) { heard(event); }, [this] { ++m_ends; });
+        settle(); // The server has begun to record.
+        return made;
+    }
+    std::unique_ptr<KeyMonitor> globalMonitor(Heard& heard)
+    {
+        return m_events.addGlobalMonitor(Kind::modifiersChanged,
+                                         [&heard](const KeyEvents::Event& event) { heard(event); });
+    }
+    void playChord()
+    {
+        m_client.pressKey(control);
+        m_client.pressKey(alt);
+        m_client.releaseKey(alt);
+        m_client.releaseKey(control);
+    }
+
+    int m_ends = 0;
+
+private Q_SLOTS:
+    void init() { m_ends = 0; }
+
+    void tapAndMonitorTellTheStateAfterEachEventAndItsTime()
+    {
+        Heard tapped;
+        Heard monitored;
+        const auto recording = tap(tapped);
+        const auto monitor = globalMonitor(monitored);
+        const double before = m_queue.systemUptime();
+        playChord();
+        const QList<quint64> expected{controlFlag, chordFlags, controlFlag, 0};
+        QTRY_COMPARE(tapped.flags, expected);
+        QTRY_COMPARE(monitored.flags, expected);
+        for (const Heard* heard : {&tapped, &monitored}) {
+            QVERIFY(std::is_sorted(heard->times.begin(), heard->times.end()));
+            QVERIFY(heard->times.first() > before - 0.05);
+            QVERIFY(heard->times.last() <= m_queue.systemUptime());
+        }
+    }
+
+    void otherKeyOfAPairKeepsTheModifier()
+    {
+        Heard tapped;
+        const auto recording = tap(tapped);
+        m_client.pressKey(control);
+        m_client.pressKey(rightControl);
+        m_client.releaseKey(control);
+        m_client.releaseKey(rightControl);
+        QTRY_COMPARE(tapped.flags, QList<quint64>({controlFlag, controlFlag, controlFlag, 0}));
+    }
+
+    void lockKeysAndLettersAreNobodysBusiness()
+    {
+        Heard tapped;
+        const auto recording = tap(tapped);
+        m_client.tapKey(capsLock);
+        m_client.tapKey(letterA);
+        m_client.pressKey(shift);
+        m_client.releaseKey(shift);
+        QTRY_COMPARE(tapped.flags, QList<quint64>({ModifierFlags::shift, 0}));
+        m_client.tapKey(capsLock);
+        settle();
+        QCOMPARE(tapped.flags.size(), 2);
+    }
+
+    void sourcesHearThroughAnotherProgramsGrab()
+    {
+        Heard tapped;
+        Heard monitored;
+        const auto recording = tap(tapped);
+        const auto monitor = globalMonitor(monitored);
+        xcb_grab_keyboard(m_client.connection(),
+                          0,
+                          m_client.root(),
+                          XCB_CURRENT_TIME,
+                          XCB_GRAB_MODE_ASYNC,
+                          XCB_GRAB_MODE_ASYNC);
+        m_client.sync();
+        playChord();
+        xcb_ungrab_keyboard(m_client.connection(), XCB_CURRENT_TIME);
+        m_client.sync();
+        QTRY_COMPARE(tapped.flags.size(), 4);
+        QTRY_COMPARE(monitored.flags.size(), 4);
+    }
+
+    void tapTellsKeysOnceAndTheirRepetitionsAsSuch()
+    {
+        QCOMPARE(QProcess::execute(u"xset"_qs, {u"r"_qs, u"rate"_qs, u"100"_qs, u"50"_qs}), 0);
+        Heard tapped;
+        const auto recording = tap(tapped, Kind::keyDown);
+        m_client.pressKey(control);
+        m_client.pressKey(f9Key);
+        QTest::qWait(400);
+        m_client.releaseKey(f9Key);
+        m_client.releaseKey(control);
+        settle();
+        QVERIFY(!tapped.keys.isEmpty());
+        QCOMPARE(tapped.keys.first(), f9);
+        QCOMPARE(tapped.flags.first(), controlFlag);
+        QCOMPARE(tapped.repeats, tapped.keys.size() - 1);
+    }
+
+    void disabledTapSaysSoAndCanBeEnabledAgain()
+    {
+        Heard tapped;
+        const auto recording = tap(tapped);
+        const auto context = static_cast<X11EventTap&>(*recording).context();
+        xcb_record_disable_context(m_client.connection(), context);
+        m_client.sync();
+        QTRY_COMPARE(m_ends, 1);
+        QVERIFY(!recording->isEnabled());
+        playChord();
+        settle();
+        QCOMPARE(tapped.flags.size(), 0);
+        QVERIFY(recording->enable());
+        settle();
+        playChord();
+        QTRY_COMPARE(tapped.flags.size(), 4);
+        QVERIFY(recording->isEnabled());
+    }
+
+    void tapThatLostItsConnectionIsMadeAnew()
+    {
+        Heard tapped;
+        const auto recording = tap(tapped);
+        xcb_kill_client(m_client.connection(), static_cast<X11EventTap&>(*recording).context());
+        m_client.sync();
+        QTRY_VERIFY(!recording->isEnabled());
+        QTRY_COMPARE(m_ends, 1);
+        QVERIFY(recording->enable());
+        settle();
+        playChord();
+        QTRY_COMPARE(tapped.flags.size(), 4);
+    }
+
+    void endedSourcesTellNothingMoreAlsoFromInsideTheirOwnHandler()
+    {
+        std::unique_ptr<EventTap> recording;
+        std::unique_ptr<KeyMonitor> monitor;
+        int calls = 0;
+        recording = m_events.createEventTap(
+            Kind::modifiersChanged,
+            [&](const KeyEvents::Event&) {
+                ++calls;
+                recording.reset();
+            },
+            [] {});
+        monitor = m_events.addGlobalMonitor(Kind::modifiersChanged, [&](const KeyEvents::Event&) {
+            ++calls;
+            monitor.reset();
+        });
+        settle();
+        playChord();
+        QTRY_COMPARE(calls, 2);
+        playChord();
+        settle();
+        QCOMPARE(calls, 2);
+    }
+
+    void monitorOfOtherProgramsNeedsThePermission()
+    {
+        Heard monitored;
+        const auto monitor = globalMonitor(monitored);
+        m_permission.trusted = false;
+        playChord();
+        settle();
+        QCOMPARE(monitored.flags.size(), 0);
+        m_permission.trusted = true;
+        playChord();
+        QTRY_COMPARE(monitored.flags.size(), 4);
+        QVERIFY(!m_events.addGlobalMonitor(Kind::keyDown, {}));
+    }
+
+    void localMonitorHearsOurWindowsOnlyAndCanSwallow()
+    {
+        Heard heard;
+        bool swallows = false;
+        const auto modifiers
+            = m_events.addLocalMonitor(Kind::modifiersChanged, [&](const KeyEvents::Event& event) {
+                  heard(event);
+                  return false;
+              });
+        const auto keys
+            = m_events.addLocalMonitor(Kind::keyDown, [&](const KeyEvents::Event& event) {
+                  return swallows && event.keyCode == f9;
+              });
+        class Window : public QWindow
+        {
+        public:
+            QList<int> keys;
+
+        protected:
+            void keyPressEvent(QKeyEvent* event) override { keys << event->key(); }
+        } window;
+        playChord();
+        settle();
+        QCOMPARE(heard.flags.size(), 0);
+        window.resize(100, 100);
+        window.show();
+        window.requestActivate();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        m_client.pressKey(rightControl);
+        playChord();
+        m_client.releaseKey(rightControl);
+        QTRY_COMPARE(
+            heard.flags,
+            QList<quint64>({controlFlag, controlFlag, chordFlags, controlFlag, controlFlag, 0}));
+        window.keys.clear();
+        m_client.tapKey(f9Key);
+        QTRY_COMPARE(window.keys, QList<int>{Qt::Key_F9});
+        swallows = true;
+        m_client.tapKey(f9Key);
+        m_client.tapKey(letterA);
+        QTRY_COMPARE(window.keys, QList<int>({Qt::Key_F9, Qt::Key_A}));
+    }
+
+    void sourcesGiveOneEventOneTime()
+    {
+        Heard tapped;
+        Heard heard;
+        QWindow window;
+        window.resize(100, 100);
+        window.show();
+        window.requestActivate();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        const auto recording = tap(tapped);
+        const auto monitor
+            = m_events.addLocalMonitor(Kind::modifiersChanged, [&](const KeyEvents::Event& event) {
+                  heard(event);
+                  return false;
+              });
+        for (int i = 0; i < 20; ++i) {
+            playChord();
+        }
+        QTRY_COMPARE(tapped.times.size(), 80);
+        QTRY_COMPARE(heard.times, tapped.times);
+    }
+
+    void heldModifiersAreAskedFromTheServer()
+    {
+        QCOMPARE(m_events.heldModifiers(), quint64{0});
+        m_client.pressKey(control);
+        m_client.pressKey(alt);
+        m_client.tapKey(capsLock);
+        QCOMPARE(m_events.heldModifiers(), chordFlags);
+        m_client.tapKey(capsLock);
+        m_client.releaseKey(alt);
+        QCOMPARE(m_events.heldModifiers(), controlFlag);
+        m_client.releaseKey(control);
+        QCOMPARE(m_events.heldModifiers(), quint64{0});
+    }
+
+    void focusMonitorHearsOurWindowsComeAndGo()
+    {
+        int changes = 0;
+        const auto monitor = m_events.addFocusMonitor([&changes] { ++changes; });
+        {
+            QWindow window;
+            window.resize(100, 100);
+            window.show();
+            window.requestActivate();
+            QVERIFY(QTest::qWaitForWindowActive(&window));
+            QVERIFY(changes > 0);
+        }
+    }
+
+    void keyboardSaysWhichKeysItHas()
+    {
+        QVERIFY(m_events.hasKeys(ModifierFlags::all, f9));
+        QVERIFY(m_events.hasKeys(ModifierFlags::control, std::nullopt));
+        QVERIFY2(!m_events.hasKeys(0, 52), "no such code");
+        QVERIFY2(!m_events.hasKeys(0, 0xffff), "no such code");
+        QVERIFY2(!m_events.hasKeys(0, 93), "a Japanese keyboard's key");
+    }
+
+    void keyboardThatChangesIsTold()
+    {
+        int changes = 0;
+        m_events.onKeyboardChanged = [&changes] {
+            ++changes;
+        };
+        const auto remap = [](const QString& expression) {
+            return QProcess::execute(u"xmodmap"_qs, {u"-e"_qs, expression});
+        };
+        QCOMPARE(remap(u"keycode 132 = yen"_qs), 0);
+        QTRY_COMPARE(changes, 1);
+        QVERIFY(m_events.hasKeys(0, 93));
+        QCOMPARE(remap(u"keycode 132 ="_qs), 0);
+        QTRY_COMPARE(changes, 2);
+        QVERIFY(!m_events.hasKeys(0, 93));
+        m_events.onKeyboardChanged = nullptr;
+    }
+
+    void trialOfAHotKeyLeavesNothingBehind()
+    {
+        const KeyEvents::HotKey hotKey{.keyCode = f9, .modifierFlags = controlFlag};
+        QCOMPARE(m_events.hotKeyStatus(hotKey), 0);
+        QVERIFY(m_client.grabKey(XCB_MOD_MASK_CONTROL, f9Key));
+        QCOMPARE(m_events.hotKeyStatus(hotKey), int{XCB_ACCESS});
+        m_client.ungrabKey(XCB_MOD_MASK_CONTROL, f9Key);
+        const auto held = m_events.registerHotKey(hotKey, [](double) {});
+        QCOMPARE(m_events.hotKeyStatus(hotKey), 0);
+        QVERIFY2(!m_client.grabKey(XCB_MOD_MASK_CONTROL, f9Key), "it is still ours");
+    }
+
+    void permissionIsThereUnlessWithheld()
+    {
+        Test::FakeWorkspace workspace;
+        QVERIFY(X11AccessibilityPermission(toolkitConnection(), workspace, false).isTrusted());
+        X11AccessibilityPermission withheld(toolkitConnection(), workspace, true);
+        QVERIFY(!withheld.isTrusted());
+        withheld.openSettings();
+        QVERIFY(workspace.opened.isEmpty());
+        workspace.paths.insert(u"xfce-keyboard-settings"_qs, u"/keyboard.desktop"_qs);
+        withheld.openSettings();
+        QCOMPARE(workspace.opened, QStringList{u"/keyboard.desktop"_qs});
+    }
+};
+
+} // namespace Tavik
+
+QTEST_MAIN(Tavik::X11KeySourcesTest)
+#include "X11KeySourcesTest.moc"

@@ -9,6 +9,9 @@
 
 #include <Support/FakeFileManager.h>
 #include <Support/StepWorkQueue.h>
+#include <csignal>
+
+#include <sys/resource.h>
 
 using namespace Tavik;
 using namespace Tavik::Test;
@@ -31,6 +34,7 @@ private Q_SLOTS:
     void iconsComeFromTheBundlesOfToday();
     void aFolderThatCannotBeHadIsLogged();
     void aFailingWriteIsLoggedAndKeepsWhatIsThere();
+    void aFullDiskKeepsTheOldFile();
 
 private:
     [[nodiscard]] QString filePath() const
@@ -193,6 +197,24 @@ void CatalogCacheTest::aFailingWriteIsLoggedAndKeepsWhatIsThere()
                          QRegularExpression(u"^TavikLauncher: failed to save cache: \\S"_s));
     save({m_safe});
     QVERIFY(QDir(filePath()).exists());
+}
+
+void CatalogCacheTest::aFullDiskKeepsTheOldFile()
+{
+    save({m_plain});
+    const QByteArray before = content();
+    // A limit on the size of files fails as late as a full disk does: when the buffer is flushed.
+    rlimit usual{};
+    QCOMPARE(getrlimit(RLIMIT_FSIZE, &usual), 0);
+    const auto usualSignal = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{.rlim_cur = 16, .rlim_max = usual.rlim_max};
+    QCOMPARE(setrlimit(RLIMIT_FSIZE, &small), 0);
+    QTest::ignoreMessage(QtWarningMsg,
+                         QRegularExpression(u"^TavikLauncher: failed to save cache: \\S"_s));
+    save({m_safe});
+    QCOMPARE(setrlimit(RLIMIT_FSIZE, &usual), 0);
+    std::signal(SIGXFSZ, usualSignal);
+    QCOMPARE(content(), before);
 }
 
 QTEST_GUILESS_MAIN(CatalogCacheTest)

@@ -103,7 +103,11 @@ void save(const FileManager& fileManager, const QList<IndexedApp>& apps)
     }
     QSaveFile file(*path);
     const QByteArray bytes = encoded(apps);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
+    // In Qt 6.4 the commit overlooks that the last of the buffer found no room on the disk, and
+    // would put a shortened file in place.
+    const bool isWritten = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size()
+        && file.flush() && file.commit();
+    if (!isWritten) {
         logFailure("failed to save cache", file.errorString());
     }
 }

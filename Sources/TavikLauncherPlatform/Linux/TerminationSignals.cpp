@@ -4,6 +4,7 @@
 #include <QSocketNotifier>
 
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <fcntl.h>
 #include <utility>
@@ -21,8 +22,11 @@ std::array<int, 2> pipeEnds{-1, -1};
 
 void writeByte(int)
 {
+    // Whatever was interrupted may be about to look at its own error.
+    const int error = errno;
     const char byte = 0;
     static_cast<void>(!write(pipeEnds[1], &byte, 1));
+    errno = error;
 }
 
 } // namespace

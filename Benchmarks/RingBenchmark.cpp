@@ -119,7 +119,8 @@ struct LargeCatalog : Test::RingFixture
         settings.pinnedPermanentAppPaths.set(pinned);
         settings.searchesAllApps.set(true);
     }
-    RingComposition composition{{catalog, settings, recents, workspace, fileManager}, own};
+    RingComposition composition{{catalog, settings, recents, workspace, fileManager},
+                                ownIdentifier};
 };
 
 void composition(benchmark::State& state)

@@ -11,7 +11,8 @@ namespace {
 
 struct Composed : RingFixture
 {
-    RingComposition composition{{catalog, settings, recents, workspace, fileManager}, own};
+    RingComposition composition{{catalog, settings, recents, workspace, fileManager},
+                                ownIdentifier};
 
     void pin(const QStringList& paths)
     {
@@ -64,14 +65,14 @@ private Q_SLOTS:
     {
         Composed ring;
         ring.install(u"/other/Launcher.desktop"_s, u"Copy"_s);
-        ring.fileManager.bundles[u"/other/Launcher.desktop"_s].identifier = ring.own.identifier;
-        ring.install(ring.own.path, u"Own"_s);
+        ring.fileManager.bundles[u"/other/Launcher.desktop"_s].identifier = ring.ownIdentifier;
+        ring.install(ring.ownPath, u"Own"_s);
         ring.walk();
-        ring.workspace.launch(ring.own.path);
+        ring.workspace.launch(ring.ownPath);
         ring.workspace.launch(u"/other/Launcher.desktop"_s);
-        ring.recents.recordLaunch(ring.own.path);
+        ring.recents.recordLaunch(ring.ownPath);
         QCOMPARE(ring.ring(), QString());
-        ring.pin({ring.own.path});
+        ring.pin({ring.ownPath});
         QCOMPARE(ring.ring(), u"Own"_s);
     }
 

@@ -31,6 +31,7 @@ struct RingFixture
         for (const QString& name : {u"A"_s, u"B"_s, u"C"_s, u"D"_s, u"E"_s}) {
             install(path(name), name);
         }
+        workspace.paths.insert(ownIdentifier, ownPath);
         walk();
     }
 
@@ -70,7 +71,8 @@ struct RingFixture
     AppLauncher launcher{workspace, recents};
     LauncherCommands commands;
     LauncherPresentationState presentation;
-    RingComposition::OwnBundle own{u"org.tavik.Launcher"_s, u"/apps/own.desktop"_s};
+    QString ownIdentifier = u"org.tavik.Launcher"_s;
+    QString ownPath = u"/apps/own.desktop"_s;
 };
 
 inline QString names(const QList<IndexedApp>& apps)

@@ -49,7 +49,7 @@ struct Interacting : RingFixture
                           commands,
                           presentation,
                           mainQueue},
-                         own,
+                         ownIdentifier,
                          [this] {
                              ++closes;
                          }};

@@ -40,7 +40,7 @@ struct PanelFixture : RingFixture
                      commands,
                      presentation,
                      mainQueue},
-            .ownBundle = own,
+            .ownIdentifier = ownIdentifier,
             .iconDecoder = icons,
             .workQueue = workQueue,
             .windowServer = windowServer,

@@ -72,12 +72,17 @@ QList<QPointF> candidatesAround(const QList<QRectF>& frames, QSizeF size)
 
 } // namespace
 
-const Screen* screenFor(QPointF point, const QList<Screen>& screens)
+const Screen* screenShowing(QPointF point, const QList<Screen>& screens)
 {
     const auto containing = std::ranges::find_if(
         screens, [point](const Screen& screen) { return shows(screen, point); });
-    if (containing != screens.end()) {
-        return &*containing;
+    return containing == screens.end() ? nullptr : &*containing;
+}
+
+const Screen* screenFor(QPointF point, const QList<Screen>& screens)
+{
+    if (const Screen* containing = screenShowing(point, screens)) {
+        return containing;
     }
     const auto nearest = std::ranges::min_element(
         screens, {}, [point](const Screen& screen) { return squaredDistance(screen, point); });

@@ -13,6 +13,8 @@ namespace Tavik::PanelPlacement {
 /// Everything here is in points, y growing upwards: a rectangle's `top()` is its lowest y, and an
 /// origin is the panel's lower left corner.
 
+/// The first screen that shows `point`; null when none does.
+[[nodiscard]] const Screen* screenShowing(QPointF point, const QList<Screen>& screens);
 /// The screen that shows `point`, else the nearest one; null without any screen.
 [[nodiscard]] const Screen* screenFor(QPointF point, const QList<Screen>& screens);
 

@@ -25,9 +25,9 @@ bool RingComposition::RunningSets::contains(const IndexedApp& app) const
         || (app.bundleIdentifier() && bundleIdentifiers.contains(*app.bundleIdentifier()));
 }
 
-RingComposition::RingComposition(const Sources& sources, OwnBundle ownBundle)
+RingComposition::RingComposition(const Sources& sources, QString ownIdentifier)
     : m_sources(sources)
-    , m_own(std::move(ownBundle))
+    , m_ownIdentifier(std::move(ownIdentifier))
 { }
 
 QList<IndexedApp> RingComposition::defaultRingCandidates() const
@@ -111,7 +111,8 @@ void RingComposition::append(Collector& collector, const QString& path, Own own)
     if (!app) {
         return;
     }
-    const bool isOwn = app->bundleIdentifier() == m_own.identifier || path == m_own.path;
+    const bool isOwn = app->bundleIdentifier() == m_ownIdentifier
+        || path == m_sources.workspace.pathForApplication(m_ownIdentifier);
     if (own == Own::leftOut && isOwn) {
         return;
     }

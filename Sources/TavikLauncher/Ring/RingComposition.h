@@ -33,12 +33,6 @@ public:
         Workspace& workspace;
         FileManager& fileManager;
     };
-    /// This program itself, which is left out unless it is pinned.
-    struct OwnBundle
-    {
-        QString identifier;
-        QString path;
-    };
     /// The regular applications that run, as the drawing marks them.
     struct RunningSets
     {
@@ -49,7 +43,8 @@ public:
         bool operator==(const RunningSets&) const = default;
     };
 
-    RingComposition(const Sources& sources, OwnBundle ownBundle);
+    /// `ownIdentifier` is this program's own bundle, which is left out unless it is pinned.
+    RingComposition(const Sources& sources, QString ownIdentifier);
 
     /// Pinned, running and recent applications without duplicates, uncapped.
     [[nodiscard]] QList<IndexedApp> defaultRingCandidates() const;
@@ -76,7 +71,7 @@ private:
     void append(Collector& collector, const QString& path, Own own) const;
 
     Sources m_sources;
-    OwnBundle m_own;
+    QString m_ownIdentifier;
     mutable QHash<QString, std::optional<IndexedApp>> m_outside;
 };
 

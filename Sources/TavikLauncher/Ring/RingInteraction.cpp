@@ -52,7 +52,7 @@ QString withoutLastCharacter(const QString& text)
 } // namespace
 
 RingInteraction::RingInteraction(const Dependencies& dependencies,
-                                 RingComposition::OwnBundle ownBundle,
+                                 QString ownIdentifier,
                                  std::function<void()> onClose)
     : m_dependencies(dependencies)
     , m_composition({dependencies.catalog,
@@ -60,7 +60,7 @@ RingInteraction::RingInteraction(const Dependencies& dependencies,
                      dependencies.recents,
                      dependencies.workspace,
                      dependencies.fileManager},
-                    std::move(ownBundle))
+                    std::move(ownIdentifier))
     , m_onClose(std::move(onClose))
 {
     installObservers();
@@ -79,7 +79,8 @@ bool RingInteraction::isIndexing() const
 void RingInteraction::installObservers()
 {
     connect(&m_dependencies.catalog, &AppCatalog::appsChanged, this, [this] {
-        m_composition.invalidateOutsideRecords();
+        m_hasStaleRecords = true;
+        setShown(m_isShown);
         refreshRing();
     });
     connect(&m_dependencies.catalog,
@@ -187,6 +188,16 @@ void RingInteraction::refreshRing()
     m_selectedIndex = std::max(std::min(last, m_selectedIndex), 0);
     updateHighlightedAngle(m_selectedIndex, false);
     Q_EMIT ringChanged();
+}
+
+void RingInteraction::setShown(bool isShown)
+{
+    m_isShown = isShown;
+    // Reading them takes the disk, which an animation cannot wait for.
+    if (!m_isShown && m_hasStaleRecords) {
+        m_hasStaleRecords = false;
+        m_composition.invalidateOutsideRecords();
+    }
 }
 
 void RingInteraction::updateHighlightedAngle(int index, bool animated)

@@ -40,7 +40,7 @@ public:
     };
 
     RingInteraction(const Dependencies& dependencies,
-                    RingComposition::OwnBundle ownBundle,
+                    QString ownIdentifier,
                     std::function<void()> onClose);
     ~RingInteraction() override;
 
@@ -68,6 +68,8 @@ public:
     /// hint, anything else dismisses the one shown.
     void prepareForShow(bool isUserSummon);
     void refreshRing();
+    /// While the ring is shown, applications outside the catalog are not read anew.
+    void setShown(bool isShown);
 
     /// The pointer is at `point` of the ring's drawing area, laid out as `geometry`.
     void hoverAt(QPointF point, const RingGeometry& geometry);
@@ -115,6 +117,8 @@ private:
     QList<IndexedApp> m_ringApps;
     RingComposition::RunningSets m_running;
     std::vector<ObserverToken> m_workspaceObservers;
+    bool m_isShown = false;
+    bool m_hasStaleRecords = false;
     bool m_isPinnedForSearch = false;
     bool m_showsSelectionLabel = false;
     std::optional<QPointF> m_hoverAnchor;

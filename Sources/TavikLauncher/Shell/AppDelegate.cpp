@@ -91,9 +91,7 @@ std::unique_ptr<PanelSurface> AppDelegate::makePanel(std::function<void()> dismi
                  .commands = m_commands,
                  .presentation = m_presentation,
                  .mainQueue = *m_platform.mainQueue},
-        .ownBundle
-        = {.identifier = ownIdentifier(),
-           .path = m_platform.workspace->pathForApplication(ownIdentifier()).value_or(QString())},
+        .ownIdentifier = ownIdentifier(),
         .iconDecoder = *m_platform.iconDecoder,
         .workQueue = *m_platform.workQueue,
         .windowServer = *m_platform.windowServer,

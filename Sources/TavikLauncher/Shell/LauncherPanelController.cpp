@@ -127,7 +127,8 @@ void LauncherPanelController::place(const ShowOptions& options)
     const std::optional<QPointF> origin = options.centeredAt
         ? PanelPlacement::originCenteredAt(*options.centeredAt, size, m_dependencies.screens.all())
         : originOnScreen(options);
-    m_panel->setFrame(QRectF(origin.value_or(m_panel->frame().topLeft()), size));
+    m_finalFrame = QRectF(origin.value_or(m_panel->frame().topLeft()), size);
+    m_panel->setFrame(m_finalFrame);
 }
 
 std::optional<QPointF> LauncherPanelController::originOnScreen(const ShowOptions& options) const
@@ -143,7 +144,7 @@ std::optional<QPointF> LauncherPanelController::originOnScreen(const ShowOptions
             = std::ranges::find_if(avoided, [](const QRectF& frame) { return !frame.isEmpty(); });
         if (kept != avoided.end()) {
             const QList<Screen> screens = m_dependencies.screens.all();
-            if (const Screen* around = PanelPlacement::screenFor(kept->center(), screens)) {
+            if (const Screen* around = PanelPlacement::screenShowing(kept->center(), screens)) {
                 screen = *around;
             }
         }
@@ -185,12 +186,16 @@ void LauncherPanelController::stepPresentation(double start)
     }
     const double startScale = PresentationAnimation::startScale(effectiveDiameter());
     const double scale = isReduced ? 1.0 : PresentationAnimation::bounceScale(progress, startScale);
+    // Again at every step: while a window manager takes the window over, the toolkit may believe it
+    // on another screen, at that screen's scale.
+    m_panel->setFrame(m_finalFrame);
     m_dependencies.presentation.setAppearance(scale, PresentationAnimation::opacity(progress));
 }
 
 void LauncherPanelController::finishPresentation()
 {
     m_isAnimatingPresentation = false;
+    m_panel->setFrame(m_finalFrame);
     m_dependencies.presentation.setAppearance(1.0, 1.0);
     m_dependencies.presentation.setAcceptsHover(true);
     m_presentationTask.cancel();

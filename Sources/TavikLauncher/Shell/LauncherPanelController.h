@@ -84,6 +84,7 @@ private:
 
     Dependencies m_dependencies;
     std::unique_ptr<PanelSurface> m_panel;
+    QRectF m_finalFrame; ///< Where the panel belongs while it is shown.
     bool m_isAnimatingPresentation = false;
     Task m_ensureCompositedTask;
     Task m_presentationTask;

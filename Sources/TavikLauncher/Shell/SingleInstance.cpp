@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Shell/SingleInstance.h>
+#include <TavikLauncherPlatform/Linux/Desktop/SessionBus.h>
 
 #include <QDBusAbstractAdaptor>
 #include <QDBusConnection>
@@ -105,6 +106,9 @@ QString actionName(AppAction action)
 
 SingleInstance::Claim SingleInstance::claim()
 {
+    if (!SessionBus::isOffered()) {
+        return claimSocket();
+    }
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {
         return claimSocket();
@@ -146,15 +150,23 @@ void SingleInstance::perform(const QString& name)
 
 bool SingleInstance::forward(AppAction action)
 {
+    return forwardOverBus(action)
+        || InstanceSocket::forward(action == AppAction::activate ? plainStart.toString()
+                                                                 : actionName(action));
+}
+
+bool SingleInstance::forwardOverBus(AppAction action)
+{
+    if (!SessionBus::isOffered()) {
+        return false;
+    }
     // A connection of its own: this runs before there is an application object, and the one that
     // the toolkit shares must not be made before that.
     const QString connectionName = u"tavik-launcher-forward"_s;
     const bool isAnswered
         = call(QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName), action);
     QDBusConnection::disconnectFromBus(connectionName);
-    const bool isNamed = action != AppAction::activate;
-    return isAnswered
-        || InstanceSocket::forward(isNamed ? actionName(action) : plainStart.toString());
+    return isAnswered;
 }
 
 bool SingleInstance::call(const QDBusConnection& bus, AppAction action)

@@ -48,6 +48,7 @@ public:
     std::function<void(AppAction)> onAction;
 
 private:
+    static bool forwardOverBus(AppAction action);
     static bool call(const QDBusConnection& bus, AppAction action);
     [[nodiscard]] Claim claimSocket();
     void perform(const QString& name);

@@ -277,7 +277,8 @@ void paintField(QPainter& painter, const RingScene& scene, const QRectF& rect)
         const QString text = elided(fieldFont(), center.query, inner.width(), Qt::ElideLeft);
         drawText(painter, inner, fieldFont(), text, Qt::white);
         const QFontMetricsF metrics(fieldFont());
-        const double caret = inner.center().x() + metrics.horizontalAdvance(text) / 2 + 1;
+        const double reach = metrics.horizontalAdvance(text) / 2 + 1;
+        const double caret = inner.center().x() + (text.isRightToLeft() ? -reach - 1 : reach);
         painter.fillRect(
             QRectF(caret, rect.center().y() - metrics.height() / 2, 1.5, metrics.height()),
             scene.style.accent);

@@ -29,10 +29,10 @@ void FieldFade::show(bool fades)
     }
 }
 
-void FieldFade::advance(double seconds)
+void FieldFade::advance(double seconds, bool isBlended)
 {
     if (m_isDue) {
-        m_opacity = std::max(m_opacity - seconds / fadeSeconds, 0.0);
+        m_opacity = isBlended ? std::max(m_opacity - seconds / fadeSeconds, 0.0) : 0.0;
     }
 }
 

@@ -17,7 +17,8 @@ public:
     /// Shows the field at once, and lets it fade later if it `fades` at all.
     void show(bool fades);
     void cancel() { m_wait.cancel(); }
-    void advance(double seconds);
+    /// Moves on; at once to the end where nothing can be `blended`.
+    void advance(double seconds, bool isBlended);
 
     [[nodiscard]] bool isFading() const { return m_isDue && m_opacity > 0; }
     /// 0 to 1.

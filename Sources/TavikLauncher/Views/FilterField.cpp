@@ -25,6 +25,12 @@ void FilterField::paintEvent(QPaintEvent*)
     // The ring paints the text, so that it takes part in the ring's animations.
 }
 
+void FilterField::focusInEvent(QFocusEvent* event)
+{
+    // Past the field's own, which would start to blink a caret that nobody sees.
+    QWidget::focusInEvent(event); // NOLINT(bugprone-parent-virtual-call)
+}
+
 void FilterField::keyPressEvent(QKeyEvent* event)
 {
     event->ignore();

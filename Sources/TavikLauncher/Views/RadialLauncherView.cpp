@@ -11,7 +11,9 @@
 #include <TavikLauncherPlatform/WindowServer.h>
 
 #include <QEnterEvent>
+#include <QGuiApplication>
 #include <QPainter>
+#include <QScreen>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -29,6 +31,12 @@ constexpr double spinnerTurnSeconds = 1.0;
 constexpr double renderAheadDelay = 0.03;
 constexpr int catalogHead = 24;
 constexpr int wheelStep = 120;
+constexpr qsizetype longestDrawnText = 256; // A bundle may call itself anything.
+
+QString drawable(const QString& text)
+{
+    return text.left(longestDrawnText);
+}
 
 } // namespace
 
@@ -37,7 +45,7 @@ RadialLauncherView::RadialLauncherView(const Dependencies& dependencies, QWidget
     , m_dependencies(dependencies)
     , m_sprites(dependencies.iconDecoder)
     , m_icons(m_sprites, dependencies.workQueue)
-    , m_interaction(dependencies.ring, dependencies.ownBundle, dependencies.onClose)
+    , m_interaction(dependencies.ring, dependencies.ownIdentifier, dependencies.onClose)
     , m_filterField(new FilterField(this))
     , m_fieldFade(dependencies.ring.mainQueue, [this] { startFrames(); })
 {
@@ -105,9 +113,9 @@ QPointF RadialLauncherView::inRingPlane(QPointF position) const
 }
 
 /// Device pixels of an icon at rest (width) and of a selected one (height).
-QSize RadialLauncherView::spriteSides() const
+QSize RadialLauncherView::spriteSides(double ratio) const
 {
-    const double side = geometryInPoints().effectiveIconSize * devicePixelRatioF();
+    const double side = geometryInPoints().effectiveIconSize * ratio;
     return {static_cast<int>(std::lround(side)),
             static_cast<int>(std::lround(side * selectedIconScale))};
 }
@@ -124,7 +132,7 @@ RingScene RadialLauncherView::scene()
     scene.isOpaque = !m_dependencies.windowServer.isCompositing();
     scene.center = centerTexts();
 
-    const QSize sides = spriteSides();
+    const QSize sides = spriteSides(scene.devicePixelRatio);
     const QList<IndexedApp>& apps = m_interaction.ringApps();
     scene.icons.reserve(apps.size());
     for (int slot = 0; slot < apps.size(); ++slot) {
@@ -147,7 +155,7 @@ RingCenter RadialLauncherView::centerTexts() const
 {
     const QList<IndexedApp>& apps = m_interaction.ringApps();
     RingCenter center;
-    center.query = m_interaction.query() + m_filterField->preedit();
+    center.query = drawable(m_interaction.query() + m_filterField->preedit());
     center.hint = u"Type to filter..."_s;
     center.fieldOpacity = center.query.isEmpty() ? m_fieldFade.opacity() : 1.0;
     if (m_interaction.isPinnedForSearch()) {
@@ -155,7 +163,7 @@ RingCenter RadialLauncherView::centerTexts() const
     }
     if (m_dependencies.ring.settings.showsAppNames() && m_interaction.hasActiveSelection()
         && m_interaction.selectedIndex() < apps.size()) {
-        center.selectedName = apps.at(m_interaction.selectedIndex()).name();
+        center.selectedName = drawable(apps.at(m_interaction.selectedIndex()).name());
     }
     if (m_interaction.isFiltering() && apps.isEmpty()) {
         if (m_interaction.isIndexing()) {
@@ -273,22 +281,39 @@ void RadialLauncherView::centerChanged()
 
 void RadialLauncherView::prefetchIcons()
 {
-    const double ratio = devicePixelRatioF();
-    const QSize sides = spriteSides();
     QList<AppIcon> ring;
     for (const IndexedApp& app : m_interaction.ringApps()) {
         ring << app.icon();
     }
-    m_icons.prefetch(ring, sides.width(), ratio);
-    m_icons.prefetch(ring, sides.height(), ratio);
-    if (!isVisible()) {
-        QList<AppIcon> head;
-        for (const IndexedApp& app : m_dependencies.ring.catalog.apps().first(
-                 std::min<qsizetype>(catalogHead, m_dependencies.ring.catalog.apps().size()))) {
-            head << app.icon();
-        }
-        m_icons.prefetch(head, sides.width(), ratio);
+    if (isVisible()) {
+        prefetch(ring, devicePixelRatioF(), true);
+        return;
     }
+    const QList<IndexedApp>& apps = m_dependencies.ring.catalog.apps();
+    QList<AppIcon> head;
+    for (const IndexedApp& app : apps.first(std::min<qsizetype>(catalogHead, apps.size()))) {
+        head << app.icon();
+    }
+    // The next summon may be on any screen; the present one's icons matter most and come last.
+    QList<double> ratios{devicePixelRatioF()};
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        if (!ratios.contains(screen->devicePixelRatio())) {
+            ratios.prepend(screen->devicePixelRatio());
+        }
+    }
+    prefetch(head, devicePixelRatioF(), false);
+    for (const double ratio : ratios) {
+        prefetch(ring, ratio, true);
+    }
+}
+
+void RadialLauncherView::prefetch(const QList<AppIcon>& icons, double ratio, bool alsoSelected)
+{
+    const QSize sides = spriteSides(ratio);
+    if (alsoSelected) {
+        m_icons.prefetch(icons, sides.height(), ratio);
+    }
+    m_icons.prefetch(icons, sides.width(), ratio);
 }
 
 void RadialLauncherView::startFrames()
@@ -308,7 +333,10 @@ void RadialLauncherView::stepFrame()
 
     const RingScene before = scene();
     const bool turns = m_motion.advance(seconds);
-    m_fieldFade.advance(seconds);
+    m_fieldFade.advance(seconds, !before.isOpaque);
+    if (before.isOpaque && m_fieldFade.opacity() != before.center.fieldOpacity) {
+        updateShape();
+    }
     const bool spins = before.center.spinnerStep >= 0;
     m_spinnerTurns = spins ? m_spinnerTurns + seconds / spinnerTurnSeconds : 0;
 
@@ -382,6 +410,9 @@ void RadialLauncherView::resizeEvent(QResizeEvent*)
 void RadialLauncherView::showEvent(QShowEvent*)
 {
     m_renderAhead.cancel();
+    // What this summon says may differ from what was drawn ahead.
+    updateShape();
+    m_interaction.setShown(true);
     m_filterField->setFocus(Qt::OtherFocusReason);
     showField();
 }
@@ -392,6 +423,7 @@ void RadialLauncherView::hideEvent(QHideEvent*)
     m_fieldFade.cancel();
     m_pressedSlot = -1;
     m_wheelDelta = 0;
+    m_interaction.setShown(false);
     // Resets what this summon left behind, so that the ring drawn ahead is the next summon's.
     m_interaction.prepareForShow(false);
     m_motion.follow(m_interaction, false);

@@ -31,7 +31,7 @@ public:
     struct Dependencies
     {
         RingInteraction::Dependencies ring;
-        RingComposition::OwnBundle ownBundle;
+        QString ownIdentifier;
         IconDecoder& iconDecoder;
         WorkQueue& workQueue;
         WindowServer& windowServer;
@@ -76,7 +76,7 @@ private:
     [[nodiscard]] RingGeometry geometryInPoints() const;
     /// A point of this widget in the ring's own plane.
     [[nodiscard]] QPointF inRingPlane(QPointF position) const;
-    [[nodiscard]] QSize spriteSides() const;
+    [[nodiscard]] QSize spriteSides(double ratio) const;
     [[nodiscard]] RingCenter centerTexts() const;
 
     void connectInteraction();
@@ -86,6 +86,7 @@ private:
     void centerChanged();
     void refreshAppearance();
     void prefetchIcons();
+    void prefetch(const QList<AppIcon>& icons, double ratio, bool alsoSelected);
     void startFrames();
     void stepFrame();
     void repaintHighlight(const RingScene& before);

@@ -43,7 +43,7 @@ double margin(const RingScene& scene)
 QImage transparentImage(const RingScene& scene)
 {
     const double side = RingGeometry::panelSide(scene.diameter);
-    const int pixels = static_cast<int>(std::ceil(side * scene.devicePixelRatio));
+    const int pixels = std::max(1, static_cast<int>(std::ceil(side * scene.devicePixelRatio)));
     QImage image(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(scene.devicePixelRatio);
     image.fill(Qt::transparent);
@@ -216,6 +216,9 @@ QImage bandImage(const RingScene& scene)
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(margin(scene), margin(scene));
+    if (scene.geometry.outerRadius <= scene.geometry.innerRadius) {
+        return image; // A preview without room.
+    }
     if (!scene.isOpaque) {
         paintShadow(painter, scene);
     }

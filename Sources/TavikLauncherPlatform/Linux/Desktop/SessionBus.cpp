@@ -29,11 +29,15 @@ void openBus(WorkQueue& workQueue,
 
 } // namespace
 
+bool isOffered()
+{
+    return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS")
+        || QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
+}
+
 void open(WorkQueue& workQueue, QObject* context, Opened opened)
 {
-    // With neither of them the bus library would start a bus of its own, which nobody asked for.
-    if (qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS")
-        && !QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"))) {
+    if (!isOffered()) {
         return;
     }
     openBus(workQueue, &QDBusConnection::sessionBus, context, std::move(opened));

@@ -16,6 +16,9 @@ namespace SessionBus {
 
 using Opened = std::function<void(const QDBusConnection&)>;
 
+/// Whether the session has a bus. Without one, connecting would start one that nobody asked for.
+[[nodiscard]] bool isOffered();
+
 /// Calls `opened` on the main thread unless there is no session bus or `context` is gone by then.
 void open(WorkQueue& workQueue, QObject* context, Opened opened);
 /// The same for the bus of the whole machine.

@@ -14,22 +14,23 @@ namespace {
 
 constexpr QColor systemBlue(0x0A, 0x84, 0xFF);
 
+} // namespace
+
 /// The palette's highlight is the desktop's accent, unless no desktop has set one and the toolkit's
 /// built-in default shows through.
-QColor accentColor()
+QColor accentColor(const QPalette& palette)
 {
     constexpr QColor toolkitDefault(48, 140, 198);
-    const QColor highlight = QGuiApplication::palette().color(QPalette::Highlight);
+    const QColor highlight = palette.color(QPalette::Highlight);
     return highlight.rgb() == toolkitDefault.rgb() ? systemBlue : highlight;
 }
-
-} // namespace
 
 RingStyle RingStyle::make(const LauncherSettings& settings)
 {
     const QColor band = ColorText::color(settings.ringColorHex(), Qt::black);
     const double bandOpacity = settings.ringOpacity();
-    const QColor highlight = ColorText::color(settings.highlightColorHex(), accentColor());
+    const QColor highlight
+        = ColorText::color(settings.highlightColorHex(), accentColor(QGuiApplication::palette()));
     const double highlightOpacity = settings.highlightOpacity();
 
     RingStyle style;
@@ -37,7 +38,7 @@ RingStyle RingStyle::make(const LauncherSettings& settings)
     style.bandBottom = withOpacity(band, std::max(bandOpacity * 0.7, 0.12));
     style.highlightTop = withOpacity(highlight, highlightOpacity);
     style.highlightBottom = withOpacity(highlight, std::max(highlightOpacity * 0.28, 0.08));
-    style.accent = accentColor();
+    style.accent = accentColor(QGuiApplication::palette());
     style.dot = ColorText::color(settings.runningDotColorHex(), systemBlue);
     style.pillOpacity = std::clamp(settings.pillOpacity(), 0.0, 1.0);
     style.showsRunningDot = settings.showsRunningDot();

@@ -3,6 +3,8 @@
 
 #include <QColor>
 
+class QPalette;
+
 namespace Tavik {
 
 class LauncherSettings;
@@ -24,6 +26,8 @@ struct RingStyle
     bool operator==(const RingStyle&) const = default;
 };
 
+/// The desktop's accent.
+[[nodiscard]] QColor accentColor(const QPalette& palette);
 /// `color` with its alpha replaced by `opacity`, 0 to 1.
 [[nodiscard]] QColor withOpacity(QColor color, double opacity);
 

@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Settings/LauncherSettings.h>
+#include <TavikLauncher/Settings/SettingsBackup.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsButton.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsMessage.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsPages.h>
+#include <TavikLauncherPlatform/FileManager.h>
+
+#include <QFileInfo>
+#include <QPointer>
+
+namespace Tavik {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Export and import with their outcome. An import can be undone for as long as the page lives.
+class BackupPage final : public SettingsPage
+{
+public:
+    explicit BackupPage(const SettingsDependencies& dependencies)
+        : SettingsPage(dependencies,
+                       u"Backup"_s,
+                       u"Keep your settings in a file, or carry them to another machine."_s)
+    {
+        SettingsCard& card = addCard();
+        addButton(card,
+                  {.title = u"Export"_s, .help = u"Write all settings to a file"_s},
+                  u"Export Settings…"_s,
+                  [this] { askForExport(); })
+            .setObjectName(u"exportSettings"_s);
+        addButton(card,
+                  {.title = u"Import"_s,
+                   .help = u"Take over the settings of a file"_s,
+                   .tooltip = u"Settings that the file does not mention stay as they are."_s},
+                  u"Import Settings…"_s,
+                  [this] { askForImport(); })
+            .setObjectName(u"importSettings"_s);
+        m_message = new SettingsMessage(&card);
+        m_message->setObjectName(u"backupMessage"_s);
+        card.addWidget(m_message);
+
+        m_undo = new SettingsButton(u"Undo Import"_s);
+        m_undo->setObjectName(u"undoImport"_s);
+        m_undo->hide();
+        addWidget(m_undo, Qt::AlignRight);
+        describe(*m_undo,
+                 {.title = m_undo->text(),
+                  .help = u"Go back to the settings before the import; possible until this window "
+                          "closes."_s});
+        connect(m_undo, &QAbstractButton::clicked, this, [this] { undoImport(); });
+    }
+
+private:
+    void askForExport()
+    {
+        dependencies().saveFile({.title = u"Export Tavik Launcher Settings"_s,
+                                 .suggestedName = u"Tavik Launcher Settings.json"_s,
+                                 .nameFilter = u"Settings (*.json)"_s},
+                                [page = QPointer(this)](const QString& path) {
+                                    if (page) {
+                                        page->exportTo(path);
+                                    }
+                                });
+    }
+
+    void exportTo(const QString& path)
+    {
+        const auto error
+            = dependencies().fileManager.writeFileAtomically(path, settings().exportBackup());
+        if (error) {
+            m_message->say(SettingsMessage::Kind::warning,
+                           SettingsBackup::exportFailedMessage(*error));
+        } else {
+            m_message->say(SettingsMessage::Kind::done,
+                           u"Settings exported to %1."_s.arg(QFileInfo(path).fileName()));
+        }
+    }
+
+    void askForImport()
+    {
+        dependencies().openFile({.title = u"Import Tavik Launcher Settings"_s,
+                                 .suggestedName = {},
+                                 .nameFilter = u"Settings (*.json);;All files (*)"_s},
+                                [page = QPointer(this)](const QString& path) {
+                                    if (page) {
+                                        page->importFrom(path);
+                                    }
+                                });
+    }
+
+    void importFrom(const QString& path)
+    {
+        const QString fileName = QFileInfo(path).fileName();
+        const SettingsSnapshot before(settings());
+        const FileManager& fileManager = dependencies().fileManager;
+        const auto contents = fileManager.readFile(path, SettingsBackup::mostBytes);
+        const auto summary
+            = contents ? settings().applyBackup(*contents, fileManager) : std::nullopt;
+        if (!summary) {
+            m_message->say(SettingsMessage::Kind::warning,
+                           SettingsBackup::importFailedMessage(fileName));
+            return;
+        }
+        // Several imports are undone together, to what the user had set.
+        if (!m_beforeImport) {
+            m_beforeImport = before;
+        }
+        m_undo->show();
+        m_message->say(summary->missing > 0 ? SettingsMessage::Kind::warning
+                                            : SettingsMessage::Kind::done,
+                       SettingsBackup::importedMessage(fileName, *summary));
+    }
+
+    void undoImport()
+    {
+        if (m_beforeImport) {
+            m_beforeImport->restore(settings());
+            m_beforeImport.reset();
+        }
+        m_undo->hide();
+        m_message->say(SettingsMessage::Kind::done, u"The import was undone."_s);
+    }
+
+    SettingsMessage* m_message = nullptr;
+    SettingsButton* m_undo = nullptr;
+    std::optional<SettingsSnapshot> m_beforeImport;
+};
+
+} // namespace
+
+std::unique_ptr<SettingsPage> SettingsPages::makeBackup(const SettingsDependencies& dependencies)
+{
+    return std::make_unique<BackupPage>(dependencies);
+}
+
+} // namespace Tavik

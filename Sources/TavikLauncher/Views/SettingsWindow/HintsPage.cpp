@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Settings/LaunchHints.h>
+#include <TavikLauncher/Settings/LauncherSettings.h>
+#include <TavikLauncher/Views/SettingsWindow/SegmentedChoice.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsLabel.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsPages.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsSwitch.h>
+
+#include <QHBoxLayout>
+
+#include <algorithm>
+#include <array>
+
+namespace Tavik {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::array intervals{5, 25, 50, 100, 200};
+
+void addInterval(SettingsPage& page, SettingsCard& card)
+{
+    LauncherSettings& settings = page.settings();
+    QStringList titles;
+    for (const int interval : intervals) {
+        titles.append(QString::number(interval));
+    }
+    const RowText text{.title = u"Interval"_s, .help = u"Launches from one hint to the next"_s};
+    auto* choice = new SegmentedChoice(titles);
+    choice->setObjectName(settings.launchHintInterval.name());
+    card.addRow(text, choice);
+    choice->setName(text.title);
+    page.describe(*choice, text);
+    QObject::connect(choice, &SegmentedChoice::chosen, &page, [&settings](int position) {
+        settings.launchHintInterval.set(intervals.at(static_cast<std::size_t>(position)));
+    });
+    page.follow({settings.launchHintInterval.name(),
+                 settings.showsLaunchHints.name(),
+                 settings.keepsCenterHintVisible.name()},
+                [&settings, choice] {
+                    const auto found = std::ranges::find(intervals, settings.launchHintInterval());
+                    choice->setCurrent(static_cast<int>(found - intervals.begin()));
+                    choice->setEnabled(settings.showsLaunchHints()
+                                       && !settings.keepsCenterHintVisible());
+                });
+}
+
+QWidget* makeTip(int number, QStringView text)
+{
+    auto* tip = new QWidget;
+    auto* row = new QHBoxLayout(tip);
+    row->setContentsMargins(16, 8, 16, 8);
+    row->setSpacing(10);
+    auto* figure = new SettingsLabel(SettingsLabel::Role::help, QString::number(number), tip);
+    figure->setFixedWidth(figure->fontMetrics().horizontalAdvance(u"00"_s));
+    figure->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    row->addWidget(figure);
+    auto* words = new SettingsLabel(SettingsLabel::Role::help, text.toString(), tip);
+    words->setForegroundRole(QPalette::WindowText);
+    row->addWidget(words, 1);
+    return tip;
+}
+
+} // namespace
+
+std::unique_ptr<SettingsPage> SettingsPages::makeHints(const SettingsDependencies& dependencies)
+{
+    auto page = std::make_unique<SettingsPage>(
+        dependencies, u"Hints"_s, u"Short tips in the middle of the ring, now and then."_s);
+    LauncherSettings& settings = page->settings();
+
+    SettingsCard& rotation = page->addCard();
+    auto& control = page->addSwitch(rotation,
+                                    {.title = u"Show hints"_s, .help = u"One tip at a time"_s},
+                                    settings.showsLaunchHints);
+    auto* row = qobject_cast<SettingsRow*>(control.parentWidget());
+    page->follow({settings.keepsCenterHintVisible.name()}, [row, &settings] {
+        row->setHelp(settings.keepsCenterHintVisible()
+                         ? u"Not shown while the center hint is kept visible, see Appearance"_s
+                         : u"One tip at a time"_s);
+    });
+    addInterval(*page, rotation);
+
+    SettingsCard& tips = page->addCard(u"All hints"_s);
+    int number = 0;
+    for (const QStringView tip : LaunchHints::tips()) {
+        tips.addWidget(makeTip(++number, tip));
+    }
+    return page;
+}
+
+} // namespace Tavik

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncher/Views/SettingsWindow/SettingsDependencies.h>
+#include <TavikLauncherPlatform/NotificationCenter.h>
+
+#include <QHash>
+#include <QWidget>
+
+class QStackedWidget;
+
+namespace Tavik {
+
+class SettingsPage;
+class SettingsSidebar;
+
+/// The settings window's content, and the window itself when it has no parent: sections at the
+/// left, the shown one's page at the right. Pages are made when they are first shown and go when
+/// the window closes; what the user sees is always the settings' own state. Main thread only.
+class LauncherSettingsView final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    static constexpr QSize preferredSize{960, 700};
+    static constexpr QSize smallestSize{860, 620};
+
+    explicit LauncherSettingsView(const SettingsDependencies& dependencies,
+                                  QWidget* parent = nullptr);
+    ~LauncherSettingsView() override;
+
+    [[nodiscard]] const QString& sectionID() const { return m_sectionID; }
+    /// Brings up a section; unknown identifiers change nothing.
+    void showSection(const QString& id);
+    /// The shown section's page; null while the window is closed.
+    [[nodiscard]] SettingsPage* page() const;
+
+protected:
+    bool event(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void applyLook();
+    void showPage();
+    void dropPages();
+    void takePendingSection();
+
+    SettingsDependencies m_dependencies;
+    SettingsSidebar* m_sidebar;
+    QStackedWidget* m_stack;
+    QHash<QString, SettingsPage*> m_pages; ///< By section; the stack owns them.
+    QString m_sectionID;
+    ObserverToken m_aboutObserver;
+};
+
+} // namespace Tavik

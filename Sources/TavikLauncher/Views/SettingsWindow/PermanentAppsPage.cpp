@@ -1,0 +1,310 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Catalog/AppCatalog.h>
+#include <TavikLauncher/Settings/LauncherSettings.h>
+#include <TavikLauncher/Views/SettingsWindow/AppListModel.h>
+#include <TavikLauncher/Views/SettingsWindow/AppListView.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsButton.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsMessage.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsPages.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsTextField.h>
+#include <TavikLauncherCore/AppSearch.h>
+#include <TavikLauncherPlatform/FileManager.h>
+
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QSet>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace Tavik {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype mostResults = 40;
+
+/// The permanent applications in the ring's order, with ways to add, remove and move them.
+class PermanentAppsPage final : public SettingsPage
+{
+public:
+    explicit PermanentAppsPage(const SettingsDependencies& dependencies)
+        : SettingsPage(dependencies,
+                       u"Permanent Apps"_s,
+                       u"Always on the ring, clockwise from the top, whether they run or not."_s)
+        , m_icons(dependencies.iconDecoder, dependencies.workQueue)
+        , m_apps(dependencies.catalog, dependencies.fileManager, this)
+        , m_results(dependencies.catalog, dependencies.fileManager, this)
+    {
+        SettingsCard& adding = addCard(u"Add"_s);
+        adding.addWidget(makeSearch());
+        m_resultList = new AppListView(
+            m_icons,
+            {.form = AppListView::Form::pick, .placeholder = u"No application is called that."_s});
+        m_resultList->setObjectName(u"searchResults"_s);
+        m_resultList->setModel(&m_results);
+        m_resultList->setAccessibleName(u"Applications found"_s);
+        adding.addWidget(m_resultList);
+        m_message = new SettingsMessage(&adding);
+        m_message->setObjectName(u"permanentAppsMessage"_s);
+        adding.addWidget(m_message);
+
+        SettingsCard& card = addCard(u"On the ring"_s);
+        m_appList
+            = new AppListView(m_icons,
+                              {.form = AppListView::Form::reorder,
+                               .placeholder = u"Nothing yet. Search above to add applications."_s});
+        m_appList->setObjectName(u"permanentAppPaths"_s);
+        m_appList->setModel(&m_apps);
+        card.addWidget(m_appList);
+        describe(*m_appList,
+                 {.title = u"Permanent applications"_s,
+                  .help = u"Drag to change the order, or press Alt with an arrow key. Delete "
+                          "removes."_s});
+        card.addWidget(makeToolbar());
+        connectLists();
+        follow({settings().permanentAppPaths.name(), settings().pinnedPermanentAppPaths.name()},
+               [this] { refresh(); });
+    }
+
+private:
+    QWidget* makeSearch()
+    {
+        auto* bar = new QWidget;
+        auto* row = new QHBoxLayout(bar);
+        row->setContentsMargins(12, 8, 12, 8);
+        m_search = new SettingsTextField(SettingsSymbol::search, bar);
+        m_search->setObjectName(u"applicationSearch"_s);
+        m_search->setPlaceholderText(u"Search applications"_s);
+        m_search->setClearButtonEnabled(false);
+        m_search->installEventFilter(this);
+        describe(*m_search,
+                 {.title = u"Search applications"_s,
+                  .help = u"Type a name; Return adds the first application found."_s});
+        auto* fromFile = new SettingsButton(u"From File…"_s, bar);
+        fromFile->setObjectName(u"addFromFile"_s);
+        describe(*fromFile,
+                 {.title = u"Add from file"_s,
+                  .help = u"Choose an application that the search does not find."_s});
+        row->addWidget(m_search, 1);
+        row->addWidget(fromFile);
+        connect(m_search, &QLineEdit::textChanged, this, [this] { refreshResults(); });
+        connect(m_search, &QLineEdit::returnPressed, this, [this] { addResult(0); });
+        connect(fromFile, &QAbstractButton::clicked, this, [this] { askForFile(); });
+        return bar;
+    }
+
+    QWidget* makeToolbar()
+    {
+        auto* bar = new QWidget;
+        auto* row = new QHBoxLayout(bar);
+        row->setContentsMargins(12, 4, 12, 4);
+        row->setSpacing(0);
+        const auto add = [&](SettingsSymbol symbol, const RowText& text, const QString& name) {
+            auto* button = new SettingsButton(symbol, bar);
+            button->setObjectName(name);
+            describe(*button, text);
+            row->addWidget(button);
+            return button;
+        };
+        m_up = add(SettingsSymbol::up, {.title = u"Move Up"_s, .help = u"Move up"_s}, u"moveUp"_s);
+        m_down = add(
+            SettingsSymbol::down, {.title = u"Move Down"_s, .help = u"Move down"_s}, u"moveDown"_s);
+        row->addStretch();
+        m_remove = new SettingsButton(u"Remove"_s, bar);
+        m_remove->setObjectName(u"removeApp"_s);
+        describe(*m_remove,
+                 {.title = u"Remove"_s, .help = u"Take the selected application off the ring."_s});
+        row->addWidget(m_remove);
+        connect(m_up, &QAbstractButton::clicked, this, [this] {
+            move(selectedRow(), selectedRow() - 1);
+        });
+        connect(m_down, &QAbstractButton::clicked, this, [this] {
+            move(selectedRow(), selectedRow() + 1);
+        });
+        connect(m_remove, &QAbstractButton::clicked, this, [this] { remove(selectedRow()); });
+        return bar;
+    }
+
+    void connectLists()
+    {
+        connect(m_appList, &AppListView::moveRequested, this, &PermanentAppsPage::move);
+        connect(m_appList, &AppListView::dragCancelled, this, &PermanentAppsPage::move);
+        connect(m_appList, &AppListView::removeRequested, this, &PermanentAppsPage::remove);
+        connect(m_appList->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
+            refreshToolbar();
+        });
+        connect(m_resultList, &AppListView::picked, this, &PermanentAppsPage::addResult);
+        connect(&dependencies().catalog, &AppCatalog::appsChanged, this, [this] {
+            m_apps.forgetEntries();
+            m_results.forgetEntries();
+            refreshResults();
+        });
+    }
+
+    [[nodiscard]] int selectedRow() const { return m_appList->currentIndex().row(); }
+
+    /// The ring's order, and after it what has no place in it yet.
+    [[nodiscard]] QStringList shownPaths() const
+    {
+        QStringList paths = settings().effectivePinnedAppPaths();
+        QSet<QString> known(paths.begin(), paths.end());
+        for (const QString& path : settings().permanentAppPaths()) {
+            if (!known.contains(path)) {
+                known.insert(path);
+                paths.append(path);
+            }
+        }
+        paths.removeDuplicates();
+        return paths;
+    }
+
+    void refresh()
+    {
+        const QString current = m_appList->currentIndex().data(AppListModel::pathRole).toString();
+        const int row = selectedRow();
+        const QStringList paths = shownPaths();
+        if (paths != m_apps.paths()) {
+            m_apps.setPaths(paths);
+            const auto place = static_cast<int>(paths.indexOf(current));
+            const int last = static_cast<int>(paths.size()) - 1;
+            const int wanted = place >= 0 ? place : std::min(row, last);
+            if (wanted >= 0) {
+                m_appList->setCurrentIndex(m_apps.index(wanted));
+            }
+        }
+        refreshToolbar();
+        refreshResults();
+    }
+
+    void refreshToolbar()
+    {
+        const int row = selectedRow();
+        m_up->setEnabled(row > 0);
+        m_down->setEnabled(row >= 0 && row + 1 < m_apps.rowCount());
+        m_remove->setEnabled(row >= 0);
+    }
+
+    void refreshResults()
+    {
+        const QString query = m_search->text().trimmed();
+        m_resultList->setVisible(!query.isEmpty());
+        QStringList paths;
+        if (!query.isEmpty()) {
+            const QStringList& permanent = settings().permanentAppPaths();
+            const QSet<QString> known(permanent.begin(), permanent.end());
+            const qsizetype limit = mostResults + known.size();
+            for (const IndexedApp& app :
+                 AppSearch::results(query, dependencies().catalog.apps(), limit)) {
+                if (!known.contains(app.path()) && paths.size() < mostResults) {
+                    paths.append(app.path());
+                }
+            }
+            m_message->clear();
+        }
+        m_results.setPaths(paths);
+    }
+
+    void addResult(int row)
+    {
+        if (row >= 0 && row < m_results.rowCount()) {
+            add(m_results.paths().at(row));
+        }
+    }
+
+    void add(const QString& path)
+    {
+        settings().addPermanentApp(path);
+        m_search->clear();
+        const auto row = static_cast<int>(m_apps.paths().indexOf(path));
+        m_appList->setCurrentIndex(m_apps.index(row));
+    }
+
+    void askForFile()
+    {
+        dependencies().openFile({.title = u"Add an Application"_s,
+                                 .suggestedName = {},
+                                 .nameFilter = u"Applications (*.desktop *.app)"_s},
+                                [page = QPointer(this)](const QString& path) {
+                                    if (page) {
+                                        page->addFile(path);
+                                    }
+                                });
+    }
+
+    void addFile(const QString& path)
+    {
+        if (dependencies().fileManager.isApplicationBundle(path)) {
+            m_message->clear();
+            add(path);
+        } else {
+            m_message->say(SettingsMessage::Kind::warning,
+                           u"%1 is not an application."_s.arg(QFileInfo(path).fileName()));
+        }
+    }
+
+    void remove(int row)
+    {
+        if (row >= 0) {
+            settings().removePermanentApps({m_apps.paths().at(row)});
+        }
+    }
+
+    void move(int from, int to)
+    {
+        if (from < 0 || to < 0 || to >= m_apps.rowCount() || from == to) {
+            return;
+        }
+        m_apps.move(from, to);
+        // What is pinned without being permanent keeps its record, behind the others.
+        QStringList pinned = m_apps.paths();
+        const QSet<QString> shown(pinned.begin(), pinned.end());
+        for (const QString& path : settings().pinnedPermanentAppPaths()) {
+            if (!shown.contains(path)) {
+                pinned.append(path);
+            }
+        }
+        settings().pinnedPermanentAppPaths.set(pinned);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (watched == m_search && event->type() == QEvent::KeyPress) {
+            const int key = static_cast<QKeyEvent*>(event)->key();
+            if (key == Qt::Key_Down && m_results.rowCount() > 0) {
+                m_resultList->setFocus(Qt::TabFocusReason);
+                return true;
+            }
+            if (key == Qt::Key_Escape && !m_search->text().isEmpty()) {
+                m_search->clear();
+                return true;
+            }
+        }
+        return SettingsPage::eventFilter(watched, event);
+    }
+
+    AppIconCache m_icons;
+    AppListModel m_apps;
+    AppListModel m_results;
+    SettingsTextField* m_search = nullptr;
+    AppListView* m_resultList = nullptr;
+    AppListView* m_appList = nullptr;
+    SettingsMessage* m_message = nullptr;
+    SettingsButton* m_up = nullptr;
+    SettingsButton* m_down = nullptr;
+    SettingsButton* m_remove = nullptr;
+};
+
+} // namespace
+
+std::unique_ptr<SettingsPage>
+SettingsPages::makePermanentApps(const SettingsDependencies& dependencies)
+{
+    return std::make_unique<PermanentAppsPage>(dependencies);
+}
+
+} // namespace Tavik

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Views/RingStyle.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsButton.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsLook.h>
+
+#include <QEvent>
+#include <QKeyEvent>
+#include <QPainter>
+
+namespace Tavik {
+
+namespace {
+
+constexpr double cornerRadius = 6;
+constexpr int sidePadding = 14;
+constexpr int verticalPadding = 7;
+
+QColor fill(const QAbstractButton& button, const SettingsLook& look)
+{
+    if (!button.isEnabled()) {
+        return withOpacity(look.button, 0.5);
+    }
+    if (button.isDown()) {
+        return look.buttonPressed;
+    }
+    return button.underMouse() ? look.buttonHovered : look.button;
+}
+
+} // namespace
+
+SettingsButton::SettingsButton(const QString& text, QWidget* parent)
+    : QAbstractButton(parent)
+{
+    setText(text);
+    setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+SettingsButton::SettingsButton(SettingsSymbol symbol, QWidget* parent)
+    : SettingsButton(QString(), parent)
+{
+    m_symbol = symbol;
+}
+
+QSize SettingsButton::sizeHint() const
+{
+    const int height = fontMetrics().height() + 2 * verticalPadding;
+    const int width = m_symbol ? height : fontMetrics().horizontalAdvance(text()) + 2 * sidePadding;
+    return QSize(width, height).grownBy({focusMargin, focusMargin, focusMargin, focusMargin});
+}
+
+bool SettingsButton::event(QEvent* event)
+{
+    if (event->type() == QEvent::Enter || event->type() == QEvent::Leave) {
+        update();
+    }
+    return QAbstractButton::event(event);
+}
+
+void SettingsButton::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        click();
+        return;
+    }
+    QAbstractButton::keyPressEvent(event);
+}
+
+void SettingsButton::paintEvent(QPaintEvent*)
+{
+    const SettingsLook look = SettingsLook::of(*this);
+    const QColor ink = palette().color(QPalette::ButtonText);
+    const QRectF body
+        = QRectF(rect()).adjusted(focusMargin, focusMargin, -focusMargin, -focusMargin);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(fill(*this, look));
+    painter.drawRoundedRect(body, cornerRadius, cornerRadius);
+    if (m_symbol) {
+        constexpr double inset = 6;
+        paintSymbol(painter, *m_symbol, body.adjusted(inset, inset, -inset, -inset), ink);
+    } else {
+        painter.setPen(ink);
+        painter.drawText(body, Qt::AlignCenter, text());
+    }
+    paintFocusRing(painter, *this, body, cornerRadius);
+}
+
+} // namespace Tavik

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+namespace Tavik {
+
+class AppCatalog;
+class FileManager;
+class IconDecoder;
+class KeyEvents;
+class LauncherSettings;
+class MainQueue;
+class NotificationCenter;
+class WorkQueue;
+struct HotKeyConfig;
+
+/// What a file dialog is to ask for.
+struct FileRequest
+{
+    QString title;
+    QString suggestedName; ///< Empty for none.
+    QString nameFilter; ///< As the toolkit writes it: "Settings (*.json)".
+};
+/// Asks the user for a file, and calls `chosen` with its path unless the user thinks better of it.
+using ChooseFile
+    = std::function<void(const FileRequest& request, std::function<void(const QString&)> chosen)>;
+
+/// What the settings window works on; all of it outlives the window.
+struct SettingsDependencies
+{
+    LauncherSettings& settings;
+    AppCatalog& catalog;
+    FileManager& fileManager;
+    IconDecoder& iconDecoder;
+    WorkQueue& workQueue;
+    MainQueue& mainQueue;
+    NotificationCenter& notifications;
+    KeyEvents& keyEvents;
+    QString version; ///< The program's, for the About section.
+
+    ChooseFile openFile;
+    ChooseFile saveFile;
+    /// Whether a shortcut can be had: nothing when it can, else the reason why not.
+    std::function<std::optional<QString>(const HotKeyConfig&)> tryShortcut;
+    std::function<void()> repeatTour;
+    std::function<void()> openSupportPage;
+};
+
+} // namespace Tavik

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Views/SettingsWindow/SettingsLabel.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsLook.h>
+
+namespace Tavik {
+
+SettingsLabel::SettingsLabel(Role role, const QString& text, QWidget* parent)
+    : QLabel(text, parent)
+{
+    setTextFormat(Qt::PlainText);
+    setWordWrap(true);
+    switch (role) {
+    case Role::title:
+        setFont(scaledFont(font(), 1.7, QFont::Bold));
+        break;
+    case Role::heading:
+        setFont(scaledFont(font(), 0.92, QFont::DemiBold));
+        setForegroundRole(QPalette::PlaceholderText);
+        break;
+    case Role::subtitle:
+        setForegroundRole(QPalette::PlaceholderText);
+        break;
+    case Role::help:
+        setFont(scaledFont(font(), 0.9));
+        setForegroundRole(QPalette::PlaceholderText);
+        break;
+    case Role::body:
+        setFont(scaledFont(font(), 1, QFont::Medium));
+        break;
+    }
+}
+
+} // namespace Tavik

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QPalette>
+
+class QPainter;
+class QRectF;
+class QWidget;
+
+namespace Tavik {
+
+/// The settings window's colours, light or dark as the palette is, with the desktop's accent.
+struct SettingsLook
+{
+    bool isDark = false;
+    QColor window;
+    QColor sidebar;
+    QColor edge; ///< Between sidebar and page, and around cards.
+    QColor card;
+    QColor rowLine;
+    QColor text;
+    QColor secondaryText;
+    QColor accent;
+    QColor onAccent;
+    QColor track; ///< Of sliders, switches and choices.
+    QColor button;
+    QColor buttonHovered;
+    QColor buttonPressed;
+    QColor knob;
+    QColor warning;
+
+    [[nodiscard]] static SettingsLook of(const QPalette& palette);
+    [[nodiscard]] static SettingsLook of(const QWidget& widget);
+
+    /// These colours in the roles of a palette; of(palette()) is the same look again.
+    [[nodiscard]] QPalette palette() const;
+};
+
+/// `font` scaled by `factor`, at `weight`.
+[[nodiscard]] QFont scaledFont(QFont font, double factor, QFont::Weight weight = QFont::Normal);
+
+/// How far a focus ring reaches beyond its control.
+inline constexpr int focusMargin = 4;
+
+/// True when the control has the focus and the user got there by keyboard.
+[[nodiscard]] bool showsFocus(const QWidget& control);
+/// The ring around a control's `body`; nothing unless `control` shows the focus.
+void paintFocusRing(QPainter& painter,
+                    const QWidget& control,
+                    const QRectF& body,
+                    double cornerRadius);
+
+} // namespace Tavik

@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Settings/LauncherSettings.h>
+#include <TavikLauncher/Views/HoverTooltip.h>
+#include <TavikLauncher/Views/SettingsWindow/ColorField.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsButton.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsLabel.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsLook.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsScrollBar.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsSlider.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsSwitch.h>
+
+#include <QHBoxLayout>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace Tavik {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int sideMargin = 34;
+constexpr int widestContent = 760;
+
+} // namespace
+
+SettingsPage::SettingsPage(const SettingsDependencies& dependencies,
+                           const QString& title,
+                           const QString& subtitle)
+    : m_dependencies(dependencies)
+    , m_column(nullptr)
+{
+    setFrameShape(QFrame::NoFrame);
+    setWidgetResizable(true);
+    setVerticalScrollBar(new SettingsScrollBar(this));
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFocusPolicy(Qt::NoFocus);
+    setAccessibleName(title);
+    auto* content = new QWidget;
+    content->setMaximumWidth(widestContent);
+    content->setBackgroundRole(QPalette::Window);
+    setWidget(content);
+    viewport()->setBackgroundRole(QPalette::Window);
+    m_column = new QVBoxLayout(content);
+    // The scroll bar always has its place, so that pages do not jump; controls at the right reach
+    // into the margin with their focus rings.
+    m_column->setContentsMargins(
+        sideMargin, 26, sideMargin - verticalScrollBar()->width() - focusMargin, 26);
+    m_column->setSpacing(0);
+    m_column->addWidget(new SettingsLabel(SettingsLabel::Role::title, title, content));
+    m_column->addSpacing(4);
+    m_column->addWidget(new SettingsLabel(SettingsLabel::Role::subtitle, subtitle, content));
+    m_column->addStretch(1);
+}
+
+SettingsCard& SettingsPage::addCard(const QString& heading)
+{
+    if (heading.isEmpty()) {
+        m_column->insertSpacing(m_column->count() - 1, 16);
+    } else {
+        auto* label = new SettingsLabel(SettingsLabel::Role::heading, heading, widget());
+        label->setContentsMargins(4, 20, 4, 7);
+        m_column->insertWidget(m_column->count() - 1, label);
+    }
+    auto* card = new SettingsCard(widget());
+    card->setAccessibleName(heading);
+    auto* row = new QHBoxLayout;
+    row->setContentsMargins(0, 0, focusMargin, 0);
+    row->addWidget(card);
+    m_column->insertLayout(m_column->count() - 1, row);
+    return *card;
+}
+
+void SettingsPage::addWidget(QWidget* widget, Qt::Alignment alignment)
+{
+    m_column->insertSpacing(m_column->count() - 1, 10);
+    m_column->insertWidget(m_column->count() - 1, widget, 0, alignment);
+}
+
+SettingsSwitch&
+SettingsPage::addSwitch(SettingsCard& card, const RowText& text, Setting<bool>& setting)
+{
+    auto* control = new SettingsSwitch;
+    control->setObjectName(setting.name());
+    card.addRow(text, control);
+    describe(*control, text);
+    connect(control, &QAbstractButton::clicked, this, [&setting](bool isOn) { setting.set(isOn); });
+    follow({setting.name()}, [control, &setting] { control->setChecked(setting()); });
+    return *control;
+}
+
+template <typename T>
+SettingsSlider& SettingsPage::tieSlider(SettingsCard& card,
+                                        const RowText& text,
+                                        Setting<T>& setting,
+                                        const Scale& scale)
+{
+    auto* control = new QWidget;
+    auto* slider = new SettingsSlider(control);
+    auto* value = new SettingsLabel(SettingsLabel::Role::body, {}, control);
+    slider->setObjectName(setting.name());
+    slider->setRange(scale.low, scale.high);
+    slider->setPageStep(scale.leap);
+    value->setObjectName(setting.name() + "Value"_L1);
+    value->setFont(font());
+    value->setForegroundRole(QPalette::PlaceholderText);
+    value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    value->setWordWrap(false);
+    value->setFixedWidth(fontMetrics().horizontalAdvance(u"0000 pt"_s));
+    auto* row = new QHBoxLayout(control);
+    row->setContentsMargins(0, 0, focusMargin, 0);
+    row->setSpacing(8);
+    row->addWidget(slider);
+    row->addWidget(value);
+    control->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    card.addRow(text, control);
+    describe(*slider, text);
+    connect(slider, &QAbstractSlider::valueChanged, this, [&setting, scale](int step) {
+        // Dividing gives the number that is meant, not one next to it.
+        setting.set(static_cast<T>(step) / static_cast<T>(scale.stepsPerUnit));
+    });
+    follow({setting.name()}, [slider, value, &setting, scale] {
+        const int step = qRound(setting() * static_cast<double>(scale.stepsPerUnit));
+        const QSignalBlocker blocker(slider);
+        slider->setValue(step);
+        slider->update();
+        value->setText(QString::number(step) + scale.unit);
+    });
+    return *slider;
+}
+
+SettingsSlider& SettingsPage::addSlider(SettingsCard& card,
+                                        const RowText& text,
+                                        Setting<double>& setting,
+                                        const Scale& scale)
+{
+    return tieSlider(card, text, setting, scale);
+}
+
+SettingsSlider& SettingsPage::addSlider(SettingsCard& card,
+                                        const RowText& text,
+                                        Setting<int>& setting,
+                                        const Scale& scale)
+{
+    return tieSlider(card, text, setting, scale);
+}
+
+ColorField&
+SettingsPage::addColor(SettingsCard& card, const RowText& text, Setting<QString>& setting)
+{
+    auto* field = new ColorField;
+    field->setObjectName(setting.name());
+    card.addRow(text, field);
+    field->setName(text.title);
+    describe(*field, text);
+    connect(field, &ColorField::chosen, this, [&setting](const QString& hex) { setting.set(hex); });
+    follow({setting.name()}, [field, &setting] { field->setHex(setting()); });
+    return *field;
+}
+
+QAbstractButton& SettingsPage::addButton(SettingsCard& card,
+                                         const RowText& text,
+                                         const QString& buttonText,
+                                         std::function<void()> clicked)
+{
+    auto* button = new SettingsButton(buttonText);
+    card.addRow(text, button);
+    describe(*button, {.title = buttonText, .help = text.help, .tooltip = text.tooltip});
+    connect(button, &QAbstractButton::clicked, this, [clicked = std::move(clicked)] {
+        if (clicked) {
+            clicked();
+        }
+    });
+    return *button;
+}
+
+void SettingsPage::follow(const QStringList& properties, const std::function<void()>& refresh)
+{
+    connect(&settings(),
+            &LauncherSettings::propertyChanged,
+            this,
+            [properties, refresh](const QString& name) {
+                if (properties.contains(name)) {
+                    refresh();
+                }
+            });
+    refresh();
+}
+
+void SettingsPage::describe(QWidget& control, const RowText& text)
+{
+    control.setAccessibleName(text.title);
+    const QString& explanation = text.tooltip.isEmpty() ? text.help : text.tooltip;
+    // The tooltip belongs to the control.
+    new HoverTooltip(m_dependencies.mainQueue, control, {.text = explanation});
+}
+
+} // namespace Tavik

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncher/Settings/Setting.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsCard.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsDependencies.h>
+
+#include <QScrollArea>
+#include <QStringList>
+
+class QAbstractButton;
+class QVBoxLayout;
+
+namespace Tavik {
+
+class ColorField;
+class SettingsSlider;
+class SettingsSwitch;
+
+/// A section's page: title, cards, and the ties between controls and settings. A tied control
+/// assigns through its setting whatever the user does, carries the setting's name as its object
+/// name, and follows the setting when it changes elsewhere.
+class SettingsPage : public QScrollArea
+{
+    Q_OBJECT
+
+public:
+    /// What a slider's whole steps mean.
+    struct Scale
+    {
+        int low = 0;
+        int high = 100;
+        int stepsPerUnit = 1;
+        int leap = 10;
+        QString unit; ///< Follows the number, with its space.
+    };
+
+    SettingsPage(const SettingsDependencies& dependencies,
+                 const QString& title,
+                 const QString& subtitle);
+
+    [[nodiscard]] const SettingsDependencies& dependencies() const { return m_dependencies; }
+    [[nodiscard]] LauncherSettings& settings() const { return m_dependencies.settings; }
+
+    SettingsCard& addCard(const QString& heading = {});
+    /// Takes over something between the cards.
+    void addWidget(QWidget* widget, Qt::Alignment alignment = {});
+
+    SettingsSwitch& addSwitch(SettingsCard& card, const RowText& text, Setting<bool>& setting);
+    SettingsSlider& addSlider(SettingsCard& card,
+                              const RowText& text,
+                              Setting<double>& setting,
+                              const Scale& scale);
+    SettingsSlider&
+    addSlider(SettingsCard& card, const RowText& text, Setting<int>& setting, const Scale& scale);
+    ColorField& addColor(SettingsCard& card, const RowText& text, Setting<QString>& setting);
+    /// Adds a button with its own row.
+    QAbstractButton& addButton(SettingsCard& card,
+                               const RowText& text,
+                               const QString& buttonText,
+                               std::function<void()> clicked);
+
+    /// Runs `refresh` now and whenever one of the named properties changes.
+    void follow(const QStringList& properties, const std::function<void()>& refresh);
+    /// Gives a control its name for assistive technology and its tooltip.
+    void describe(QWidget& control, const RowText& text);
+
+private:
+    template <typename T>
+    SettingsSlider&
+    tieSlider(SettingsCard& card, const RowText& text, Setting<T>& setting, const Scale& scale);
+
+    SettingsDependencies m_dependencies;
+    QVBoxLayout* m_column;
+};
+
+} // namespace Tavik

@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Views/RingStyle.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsLook.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsScrollBar.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsSection.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsSidebar.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QEvent>
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace Tavik {
+
+namespace {
+
+constexpr int symbolSide = 18;
+constexpr int padding = 10;
+constexpr double cornerRadius = 7;
+
+class SectionButton final : public QAbstractButton
+{
+public:
+    SectionButton(const SettingsSection& section, QWidget* parent)
+        : QAbstractButton(parent)
+        , m_symbol(section.symbol)
+    {
+        setText(section.title.toString());
+        setCheckable(true);
+        setAutoExclusive(true);
+        setFocusPolicy(Qt::StrongFocus);
+        setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
+        setAttribute(Qt::WA_Hover);
+    }
+
+    [[nodiscard]] QSize sizeHint() const override
+    {
+        const QFontMetrics metrics(scaledFont(font(), 1, QFont::DemiBold));
+        return {3 * padding + symbolSide + metrics.horizontalAdvance(text()) + 2 * focusMargin,
+                metrics.height() + 16};
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        const SettingsLook look = SettingsLook::of(*this);
+        const QRectF body = QRectF(rect()).adjusted(focusMargin, 0, -focusMargin, 0);
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        if (isChecked()) {
+            painter.setBrush(look.accent);
+            painter.drawRoundedRect(body, cornerRadius, cornerRadius);
+        } else if (underMouse()) {
+            painter.setBrush(withOpacity(look.text, 0.06));
+            painter.drawRoundedRect(body, cornerRadius, cornerRadius);
+        }
+        const QColor ink = isChecked() ? look.onAccent : look.text;
+        const QRectF place(
+            body.left() + padding, body.center().y() - symbolSide / 2.0, symbolSide, symbolSide);
+        paintSymbol(painter, m_symbol, place, ink);
+        painter.setFont(scaledFont(font(), 1, isChecked() ? QFont::DemiBold : QFont::Normal));
+        painter.setPen(ink);
+        painter.drawText(QRectF(QPointF(place.right() + padding, body.top()), body.bottomRight()),
+                         Qt::AlignVCenter | Qt::AlignLeft,
+                         text());
+        if (showsFocus(*this)) {
+            // Inside, in the text's colour: around it there is no room for a ring.
+            painter.setBrush(Qt::NoBrush);
+            painter.setPen(QPen(isChecked() ? look.onAccent : look.accent, 1.5));
+            painter.drawRoundedRect(
+                body.adjusted(2.5, 2.5, -2.5, -2.5), cornerRadius - 2, cornerRadius - 2);
+        }
+    }
+
+private:
+    SettingsSymbol m_symbol;
+};
+
+} // namespace
+
+SettingsSidebar::SettingsSidebar(QWidget* parent)
+    : QScrollArea(parent)
+{
+    setFrameShape(QFrame::NoFrame);
+    setWidgetResizable(true);
+    setVerticalScrollBar(new SettingsScrollBar(this));
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFocusPolicy(Qt::NoFocus);
+    setAccessibleName(QStringLiteral("Sections"));
+    auto* list = new QWidget;
+    auto* column = new QVBoxLayout(list);
+    column->setContentsMargins(padding - focusMargin, 14, padding - focusMargin, 14);
+    column->setSpacing(2);
+    for (const SettingsSection& section : allSettingsSections) {
+        auto* button = new SectionButton(section, list);
+        const QString id = section.id.toString();
+        button->setObjectName(id);
+        column->addWidget(button);
+        m_buttons.insert(id, button);
+        connect(button, &QAbstractButton::clicked, this, [this, id] { Q_EMIT chosen(id); });
+    }
+    column->addStretch();
+    setWidget(list);
+    list->setAutoFillBackground(false);
+    viewport()->setAutoFillBackground(false);
+    constexpr int usualWidth = 208;
+    setFixedWidth(std::max(usualWidth, list->minimumSizeHint().width()));
+}
+
+void SettingsSidebar::setCurrent(const QString& id)
+{
+    if (QAbstractButton* button = m_buttons.value(id)) {
+        const bool hadFocus = isAncestorOf(QApplication::focusWidget());
+        button->setChecked(true);
+        if (hadFocus) {
+            button->setFocus();
+        }
+    }
+}
+
+} // namespace Tavik

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Views/RingStyle.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsLook.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsSlider.h>
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace Tavik {
+
+namespace {
+
+constexpr double knobRadius = 9;
+constexpr double lineWidth = 4;
+/// From the widget's edge to the middle of the knob at an end.
+constexpr double endMargin = knobRadius + focusMargin;
+
+} // namespace
+
+SettingsSlider::SettingsSlider(QWidget* parent)
+    : QAbstractSlider(parent)
+{
+    setOrientation(Qt::Horizontal);
+    setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+QSize SettingsSlider::sizeHint() const
+{
+    constexpr int comfortableWidth = 244;
+    return {comfortableWidth, qRound(2 * endMargin) + 4};
+}
+
+QSize SettingsSlider::minimumSizeHint() const
+{
+    constexpr int narrowest = 130;
+    return {narrowest, sizeHint().height()};
+}
+
+QPoint SettingsSlider::knobCenter(int value) const
+{
+    const double share
+        = maximum() > minimum() ? double(value - minimum()) / double(maximum() - minimum()) : 0.0;
+    return {qRound(endMargin + share * (width() - 2 * endMargin)), height() / 2};
+}
+
+void SettingsSlider::paintEvent(QPaintEvent*)
+{
+    const SettingsLook look = SettingsLook::of(*this);
+    const double y = height() / 2.0;
+    const double x = knobCenter(sliderPosition()).x();
+    const auto line = [&](double from, double to) {
+        return QRectF(from, y - lineWidth / 2, to - from, lineWidth);
+    };
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setOpacity(isEnabled() ? 1 : 0.45);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(look.track);
+    painter.drawRoundedRect(line(focusMargin, width() - focusMargin), lineWidth / 2, lineWidth / 2);
+    painter.setBrush(look.accent);
+    painter.drawRoundedRect(line(focusMargin, x), lineWidth / 2, lineWidth / 2);
+
+    const QRectF knob(x - knobRadius, y - knobRadius, 2 * knobRadius, 2 * knobRadius);
+    painter.setBrush(withOpacity(Qt::black, 0.05));
+    painter.drawEllipse(knob.adjusted(-1.5, -0.5, 1.5, 2.5));
+    painter.setBrush(withOpacity(Qt::black, look.isDark ? 0.3 : 0.17));
+    painter.drawEllipse(knob.adjusted(-0.7, -0.4, 0.7, 1.1));
+    painter.setBrush(look.knob);
+    painter.drawEllipse(knob);
+    painter.setOpacity(1);
+    paintFocusRing(painter, *this, knob, knobRadius);
+}
+
+void SettingsSlider::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton) {
+        event->ignore();
+        return;
+    }
+    setSliderDown(true);
+    moveKnob(event->position().x());
+}
+
+void SettingsSlider::mouseMoveEvent(QMouseEvent* event)
+{
+    if (isSliderDown()) {
+        moveKnob(event->position().x());
+    }
+}
+
+void SettingsSlider::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton) {
+        setSliderDown(false);
+    }
+}
+
+void SettingsSlider::wheelEvent(QWheelEvent* event)
+{
+    if (hasFocus()) {
+        QAbstractSlider::wheelEvent(event);
+        // At an end the page must not scroll away under the pointer.
+        event->accept();
+    } else {
+        event->ignore();
+    }
+}
+
+void SettingsSlider::moveKnob(double x)
+{
+    const double share = std::clamp((x - endMargin) / (width() - 2 * endMargin), 0.0, 1.0);
+    setSliderPosition(minimum() + qRound(share * (maximum() - minimum())));
+}
+
+} // namespace Tavik

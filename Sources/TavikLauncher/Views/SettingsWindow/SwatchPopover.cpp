@@ -1,0 +1,199 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Settings/ColorText.h>
+#include <TavikLauncher/Views/RingStyle.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsLabel.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsLook.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsSymbol.h>
+#include <TavikLauncher/Views/SettingsWindow/SwatchColors.h>
+#include <TavikLauncher/Views/SettingsWindow/SwatchPopover.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <utility>
+
+namespace Tavik {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int columns = 6;
+constexpr int shadow = 10;
+constexpr double cornerRadius = 10;
+
+class SwatchButton final : public QAbstractButton
+{
+public:
+    SwatchButton(const Swatch& swatch, QWidget* parent)
+        : QAbstractButton(parent)
+        , m_color(ColorText::color(swatch.hex.toString(), Qt::black))
+    {
+        setCheckable(true);
+        setAutoExclusive(true);
+        setFocusPolicy(Qt::StrongFocus);
+        setAccessibleName(swatch.name.toString());
+        constexpr int side = 26 + 2 * focusMargin;
+        setFixedSize(side, side);
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        const SettingsLook look = SettingsLook::of(*this);
+        const QRectF body
+            = QRectF(rect()).adjusted(focusMargin, focusMargin, -focusMargin, -focusMargin);
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(withOpacity(look.text, 0.2), 1));
+        painter.setBrush(m_color);
+        painter.drawEllipse(body.adjusted(0.5, 0.5, -0.5, -0.5));
+        if (isChecked()) {
+            const QColor ink = m_color.lightness() > 140 ? Qt::black : Qt::white;
+            paintSymbol(painter, SettingsSymbol::check, body.adjusted(6, 6, -6, -6), ink);
+        }
+        paintFocusRing(painter, *this, body, body.width() / 2);
+    }
+
+private:
+    QColor m_color;
+};
+
+} // namespace
+
+SwatchPopover* SwatchPopover::open(QWidget& anchor,
+                                   const QString& hex,
+                                   std::function<void(const QString& hex)> picked)
+{
+    auto* popover = new SwatchPopover(anchor, hex, std::move(picked));
+    popover->placeBeside(anchor);
+    popover->show();
+    popover->raise();
+    return popover;
+}
+
+SwatchPopover::SwatchPopover(QWidget& anchor,
+                             const QString& hex,
+                             std::function<void(const QString& hex)> picked)
+    : QWidget(anchor.window())
+    , m_anchor(&anchor)
+    , m_picked(std::move(picked))
+{
+    setAccessibleName(u"Ready colors"_s);
+    setFocusPolicy(Qt::StrongFocus);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(shadow + 14, shadow + 12, shadow + 14, shadow + 12);
+    column->setSpacing(6);
+    QAbstractButton* chosen = nullptr;
+    const auto addList = [&](const QString& heading, std::span<const Swatch> swatches) {
+        column->addWidget(new SettingsLabel(SettingsLabel::Role::heading, heading, this));
+        auto* grid = new QGridLayout;
+        grid->setSpacing(2);
+        int position = 0;
+        for (const Swatch& swatch : swatches) {
+            auto* button = new SwatchButton(swatch, this);
+            const QString text = swatch.hex.toString();
+            grid->addWidget(button, position / columns, position % columns);
+            connect(button, &QAbstractButton::clicked, this, [this, text] { m_picked(text); });
+            if (text.compare(hex, Qt::CaseInsensitive) == 0) {
+                button->setChecked(true);
+                chosen = button;
+            }
+            ++position;
+        }
+        column->addLayout(grid);
+    };
+    addList(u"Dark Backgrounds"_s, darkSwatches());
+    column->addSpacing(6);
+    addList(u"Accents"_s, accentSwatches());
+    if (!chosen) {
+        chosen = findChild<QAbstractButton*>();
+    }
+    chosen->setFocus(Qt::PopupFocusReason);
+    connect(&anchor, &QObject::destroyed, this, &QObject::deleteLater);
+    qApp->installEventFilter(this);
+}
+
+void SwatchPopover::placeBeside(const QWidget& anchor)
+{
+    adjustSize();
+    const QWidget& window = *parentWidget();
+    const QRect around(anchor.mapTo(&window, QPoint()), anchor.size());
+    const int x = std::clamp(around.right() - width() + shadow, 0, window.width() - width());
+    const bool fitsBelow = around.bottom() + height() <= window.height();
+    const int y = fitsBelow ? around.bottom() - shadow / 2 : around.top() - height() + shadow / 2;
+    move(x, std::max(0, y));
+}
+
+void SwatchPopover::dismiss()
+{
+    qApp->removeEventFilter(this);
+    const bool hadFocus = isAncestorOf(QApplication::focusWidget());
+    hide();
+    if (hadFocus && m_anchor) {
+        m_anchor->setFocus(Qt::PopupFocusReason);
+    }
+    deleteLater();
+}
+
+bool SwatchPopover::eventFilter(QObject* watched, QEvent* event)
+{
+    const auto* widget = qobject_cast<QWidget*>(watched);
+    const bool isElsewhere = widget && widget != this && !isAncestorOf(widget);
+    if (isVisible() && isElsewhere) {
+        const QEvent::Type type = event->type();
+        // A press on the anchor would only open it again.
+        if (type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick) {
+            dismiss();
+            return widget == m_anchor;
+        }
+        const bool isWindowResized = type == QEvent::Resize && widget == parentWidget();
+        const bool isAnchorHidden = type == QEvent::Hide && widget == m_anchor;
+        if (type == QEvent::Wheel || type == QEvent::FocusIn || isWindowResized || isAnchorHidden) {
+            dismiss();
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void SwatchPopover::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (auto* button = qobject_cast<QAbstractButton*>(focusWidget())) {
+            button->click();
+        }
+        [[fallthrough]];
+    case Qt::Key_Escape:
+        dismiss();
+        break;
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void SwatchPopover::paintEvent(QPaintEvent*)
+{
+    const SettingsLook look = SettingsLook::of(*this);
+    const QRectF body = QRectF(rect()).adjusted(shadow, shadow, -shadow, -shadow);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    for (int step = shadow; step > 0; --step) {
+        painter.setBrush(withOpacity(Qt::black, look.isDark ? 0.03 : 0.012));
+        painter.drawRoundedRect(body.adjusted(-step, -step + 2, step, step - 1),
+                                cornerRadius + step,
+                                cornerRadius + step);
+    }
+    painter.setBrush(look.card);
+    painter.setPen(QPen(look.edge, 1));
+    painter.drawRoundedRect(body.adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius, cornerRadius);
+}
+
+} // namespace Tavik

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+#include <functional>
+
+namespace Tavik {
+
+/// The two lists of ready colours in a card over the page, beside the control that asked for it. It
+/// goes when something is done elsewhere, and by Escape or Return. A child of the window, so that
+/// no window system can misplace it; owned by it.
+class SwatchPopover final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// Shows the popover beside `anchor` with `hex` marked; `picked` is called for every pick.
+    static SwatchPopover*
+    open(QWidget& anchor, const QString& hex, std::function<void(const QString& hex)> picked);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    SwatchPopover(QWidget& anchor,
+                  const QString& hex,
+                  std::function<void(const QString& hex)> picked);
+    void placeBeside(const QWidget& anchor);
+    void dismiss();
+
+    QPointer<QWidget> m_anchor;
+    std::function<void(const QString& hex)> m_picked;
+};
+
+} // namespace Tavik

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncher/Settings/ThemePreset.h>
+
+#include <QAbstractButton>
+
+namespace Tavik {
+
+/// A theme as a small ring with its name. One of several exclusive tiles of the same parent.
+class ThemeTile final : public QAbstractButton
+{
+    Q_OBJECT
+
+public:
+    /// Without an id the tile stands for the user's own colours.
+    explicit ThemeTile(const ThemePreset& theme, QWidget* parent = nullptr);
+
+    void setTheme(const ThemePreset& theme);
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    ThemePreset m_theme;
+};
+
+} // namespace Tavik

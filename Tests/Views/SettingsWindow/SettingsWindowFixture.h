@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "../../Ring/RingFixture.h"
+#include <TavikLauncher/Views/SettingsWindow/LauncherSettingsView.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
+#include <TavikLauncherPlatform/Null/NullServices.h>
+
+#include <QTest>
+
+#include <Support/FakeDesktop.h>
+
+namespace Tavik::Test {
+
+/// The real settings window over a desktop of fakes. The file dialogs answer at once with
+/// `chosenFile`, or not at all while it is empty.
+struct SettingsWindowFixture : RingFixture
+{
+    SettingsWindowFixture()
+    {
+        QObject::connect(&settings,
+                         &LauncherSettings::propertyChanged,
+                         &settings,
+                         [this](const QString& name) { changed.append(name); });
+        for (const QStringView name : {LauncherSettings::previewRequestNotification,
+                                       LauncherSettings::hotKeyChanged,
+                                       LauncherSettings::checkForUpdatesNow,
+                                       LauncherSettings::updateSettingsChanged,
+                                       LauncherSettings::showInDockChanged}) {
+            tokens.push_back(notifications.addObserver(
+                name, [this](const auto& notification) { posted.append(notification.name); }));
+        }
+    }
+
+    /// Opens the window at a section, as the keyboard's.
+    SettingsPage& open(QStringView section)
+    {
+        settings.pendingSettingsSectionID.set(section.toString());
+        view.show();
+        QApplication::setActiveWindow(&view);
+        view.setAttribute(Qt::WA_KeyboardFocusChange);
+        settle();
+        return *view.page();
+    }
+    void settle()
+    {
+        workQueue.runAll();
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+        forget();
+    }
+    void forget()
+    {
+        changed.clear();
+        posted.clear();
+        defaults.written.clear();
+    }
+    template <typename Control> [[nodiscard]] Control& control(const QString& name) const
+    {
+        auto* found = view.findChild<Control*>(name);
+        if (!found) {
+            qFatal("No control is called %s.", qPrintable(name));
+        }
+        return *found;
+    }
+
+    ChooseFile dialog()
+    {
+        return
+            [this](const FileRequest& request, const std::function<void(const QString&)>& chosen) {
+                requests.append(request);
+                if (!chosenFile.isEmpty()) {
+                    chosen(chosenFile);
+                }
+            };
+    }
+
+    ColorIconDecoder icons;
+    NullKeyEvents keyEvents;
+    QStringList changed; ///< Properties assigned, in order.
+    QStringList posted; ///< Notifications.
+    QList<FileRequest> requests;
+    QString chosenFile;
+    std::optional<QString> shortcutRefusal;
+    int tours = 0;
+    int supportPages = 0;
+    std::vector<ObserverToken> tokens;
+    LauncherSettingsView view{SettingsDependencies{
+        .settings = settings,
+        .catalog = catalog,
+        .fileManager = fileManager,
+        .iconDecoder = icons,
+        .workQueue = workQueue,
+        .mainQueue = mainQueue,
+        .notifications = notifications,
+        .keyEvents = keyEvents,
+        .version = u"9.8.7"_s,
+        .openFile = dialog(),
+        .saveFile = dialog(),
+        .tryShortcut = [this](const HotKeyConfig&) { return shortcutRefusal; },
+        .repeatTour = [this] { ++tours; },
+        .openSupportPage = [this] { ++supportPages; },
+    }};
+};
+
+} // namespace Tavik::Test

@@ -9,6 +9,7 @@
 #include <TavikLauncherPlatform/LoginItem.h>
 #include <TavikLauncherPlatform/MainQueue.h>
 #include <TavikLauncherPlatform/Screens.h>
+#include <TavikLauncherPlatform/StatusTray.h>
 #include <TavikLauncherPlatform/UserDefaults.h>
 #include <TavikLauncherPlatform/WindowServer.h>
 #include <TavikLauncherPlatform/WorkQueue.h>
@@ -34,6 +35,7 @@ struct Platform
     std::unique_ptr<WindowServer> windowServer;
     std::unique_ptr<DesktopAppearance> appearance;
     std::unique_ptr<LoginItem> loginItem;
+    std::unique_ptr<StatusTray> statusTray;
 };
 
 /// Builds the platform for the running session. Call once, after the application object exists.

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Views/StatusItem.h>
-#include <TavikLauncherPlatform/StatusTray.h>
 
 #include <QApplication>
 #include <QTest>
 
+#include <Support/FakeStatusTray.h>
 #include <Support/VirtualMainQueue.h>
 
 using namespace Tavik;
@@ -13,21 +13,6 @@ using namespace Qt::StringLiterals;
 using Host = StatusTray::Host;
 
 namespace {
-
-class FakeStatusTray final : public StatusTray
-{
-public:
-    [[nodiscard]] Host host() const override { return present; }
-    [[nodiscard]] std::optional<QColor> symbolColor() const override { return color; }
-    void become(Host host)
-    {
-        present = host;
-        onChanged();
-    }
-
-    Host present = Host::none;
-    std::optional<QColor> color;
-};
 
 struct StatusItemFixture
 {
@@ -172,7 +157,7 @@ private Q_SLOTS:
             QCOMPARE(fixture.wheelColor(), text);
         }
         fixture.tray.color = QColor(200, 10, 10);
-        fixture.tray.onChanged();
+        fixture.tray.tell();
         QCOMPARE(fixture.wheelColor(), QColor(200, 10, 10));
         QApplication::setPalette(before);
     }

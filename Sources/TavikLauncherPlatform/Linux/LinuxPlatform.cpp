@@ -4,6 +4,7 @@
 #include <TavikLauncherPlatform/Linux/Files/LinuxFileManager.h>
 #include <TavikLauncherPlatform/Linux/Files/SessionIconTheme.h>
 #include <TavikLauncherPlatform/Linux/Files/ThemeIconDecoder.h>
+#include <TavikLauncherPlatform/Linux/LinuxStatusTray.h>
 #include <TavikLauncherPlatform/Linux/Storage/AutostartLoginItem.h>
 #include <TavikLauncherPlatform/Linux/Storage/PropertyListDefaults.h>
 #include <TavikLauncherPlatform/Linux/X11/X11AccessibilityPermission.h>
@@ -84,6 +85,10 @@ std::unique_ptr<Platform> makePlatform()
     platform->appearance = std::make_unique<PortalAppearance>(*platform->workQueue);
     platform->loginItem = std::make_unique<AutostartLoginItem>(AutostartLoginItem::Paths{
         .entry = AutostartLoginItem::defaultEntryPath(), .program = ownProgram()});
+    platform->statusTray = std::make_unique<LinuxStatusTray>(
+        *platform->workQueue,
+        LinuxStatusTray::Session{.isX11 = x11 && x11->connection(),
+                                 .desktop = qEnvironmentVariable("XDG_CURRENT_DESKTOP")});
     return platform;
 }
 

@@ -14,8 +14,10 @@ constexpr qint64 longJobMilliseconds = 40;
 constexpr int readThreads = 2;
 } // namespace
 
-QtWorkQueue::QtWorkQueue(std::function<void()> releaseMemory)
+QtWorkQueue::QtWorkQueue(std::function<void()> releaseMemory,
+                         std::chrono::milliseconds readPatience)
     : m_releaseMemory(std::move(releaseMemory))
+    , m_readPatience(readPatience)
 {
     m_reads.setMaxThreadCount(readThreads);
     m_reads.setExpiryTimeout(idleThreadLifetimeMilliseconds);
@@ -26,15 +28,17 @@ QtWorkQueue::QtWorkQueue(std::function<void()> releaseMemory)
 
 QtWorkQueue::~QtWorkQueue()
 {
-    finish();
-}
-
-void QtWorkQueue::finish()
-{
-    m_isFinished = true;
     m_reads.clear();
     m_reads.waitForDone();
     m_writes.waitForDone();
+}
+
+bool QtWorkQueue::finish()
+{
+    m_isFinished = true;
+    m_reads.clear();
+    m_writes.waitForDone();
+    return m_reads.waitForDone(static_cast<int>(m_readPatience.count()));
 }
 
 void QtWorkQueue::schedule(WorkPriority priority, Job job)

@@ -6,6 +6,8 @@
 #include <QObject>
 #include <QThreadPool>
 
+#include <chrono>
+
 namespace Tavik {
 
 /// The work queue of the running program: a small pool of threads that end when they are idle.
@@ -13,18 +15,21 @@ class QtWorkQueue final : public WorkQueue
 {
 public:
     /// `releaseMemory` is called off the main thread after a long job: it may give what the job has
-    /// freed back to the system.
-    explicit QtWorkQueue(std::function<void()> releaseMemory = {});
+    /// freed back to the system. `readPatience` is how long `finish` waits for reads that run.
+    explicit QtWorkQueue(std::function<void()> releaseMemory = {},
+                         std::chrono::milliseconds readPatience = std::chrono::seconds(1));
+    /// Waits for whatever runs.
     ~QtWorkQueue() override;
     QtWorkQueue(const QtWorkQueue&) = delete;
     QtWorkQueue& operator=(const QtWorkQueue&) = delete;
 
     void schedule(WorkPriority priority, Job job) override;
-    void finish() override;
+    bool finish() override;
 
 private:
     QObject m_mainThread;
     std::function<void()> m_releaseMemory;
+    std::chrono::milliseconds m_readPatience;
     bool m_isFinished = false;
     QThreadPool m_reads;
     QThreadPool

@@ -17,7 +17,11 @@ public:
         m_waiting.push_back({priority, std::move(job)});
     }
 
-    void finish() override { m_waiting.clear(); }
+    bool finish() override
+    {
+        m_waiting.clear();
+        return true;
+    }
 
     [[nodiscard]] std::size_t waiting() const { return m_waiting.size(); }
     /// Runs the waiting job at `position` and then its continuation.

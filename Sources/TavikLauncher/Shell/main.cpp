@@ -11,6 +11,7 @@
 #include <QTextStream>
 
 #include <cstdio>
+#include <cstdlib>
 
 using namespace Tavik;
 using namespace Qt::StringLiterals;
@@ -64,8 +65,11 @@ int run(int argc, char** argv, AppAction action)
     }
     const TerminationSignals signals([] { QCoreApplication::quit(); });
     const int exitCode = QApplication::exec();
-    // No job may outlive what it refers to.
-    platform->workQueue->finish();
+    // No job may outlive what it refers to; what hangs ends with the process.
+    if (!platform->workQueue->finish()) {
+        platform->userDefaults.reset(); // Writes what is not on disk yet.
+        std::_Exit(exitCode);
+    }
     return exitCode;
 }
 

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/QtWorkQueue.h>
+
+#include <QSemaphore>
+#include <QTest>
+
+using namespace Tavik;
+using namespace std::chrono_literals;
+
+class QtWorkQueueTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theEndCompletesWritesAndGivesUpOnReadsThatHang()
+    {
+        QSemaphore started;
+        QSemaphore goesOn;
+        QSemaphore written;
+        QtWorkQueue queue({}, 1ms);
+        queue.schedule(WorkPriority::userInitiated, [&]() -> WorkQueue::Done {
+            started.release();
+            goesOn.acquire();
+            return [] {
+            };
+        });
+        started.acquire();
+        for (int write = 0; write < 3; ++write) {
+            queue.schedule(WorkPriority::utility, [&]() -> WorkQueue::Done {
+                written.release();
+                return [] {
+                };
+            });
+        }
+        QVERIFY(!queue.finish());
+        QCOMPARE(written.available(), 3);
+        goesOn.release();
+    }
+};
+
+QTEST_GUILESS_MAIN(QtWorkQueueTest)
+#include "QtWorkQueueTest.moc"

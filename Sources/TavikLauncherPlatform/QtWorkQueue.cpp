@@ -20,9 +20,11 @@ QtWorkQueue::QtWorkQueue(std::function<void()> releaseMemory,
     , m_readPatience(readPatience)
 {
     m_reads.setMaxThreadCount(readThreads);
-    m_reads.setExpiryTimeout(idleThreadLifetimeMilliseconds);
     m_writes.setMaxThreadCount(1);
-    m_writes.setExpiryTimeout(idleThreadLifetimeMilliseconds);
+    m_launches.setMaxThreadCount(1);
+    for (QThreadPool* pool : {&m_reads, &m_writes, &m_launches}) {
+        pool->setExpiryTimeout(idleThreadLifetimeMilliseconds);
+    }
     m_writes.setThreadPriority(QThread::LowPriority);
 }
 
@@ -30,6 +32,7 @@ QtWorkQueue::~QtWorkQueue()
 {
     m_reads.clear();
     m_reads.waitForDone();
+    m_launches.waitForDone();
     m_writes.waitForDone();
 }
 
@@ -37,6 +40,7 @@ bool QtWorkQueue::finish()
 {
     m_isFinished = true;
     m_reads.clear();
+    m_launches.waitForDone();
     m_writes.waitForDone();
     return m_reads.waitForDone(static_cast<int>(m_readPatience.count()));
 }
@@ -46,8 +50,7 @@ void QtWorkQueue::schedule(WorkPriority priority, Job job)
     if (m_isFinished) {
         return;
     }
-    QThreadPool& pool = priority == WorkPriority::utility ? m_writes : m_reads;
-    pool.start([this, job = std::move(job)] {
+    poolFor(priority).start([this, job = std::move(job)] {
         QElapsedTimer timer;
         timer.start();
         QMetaObject::invokeMethod(&m_mainThread, job(), Qt::QueuedConnection);
@@ -55,6 +58,19 @@ void QtWorkQueue::schedule(WorkPriority priority, Job job)
             m_releaseMemory();
         }
     });
+}
+
+QThreadPool& QtWorkQueue::poolFor(WorkPriority priority)
+{
+    switch (priority) {
+    case WorkPriority::userInitiated:
+        return m_reads;
+    case WorkPriority::utility:
+        return m_writes;
+    case WorkPriority::launch:
+        return m_launches;
+    }
+    Q_UNREACHABLE();
 }
 
 } // namespace Tavik

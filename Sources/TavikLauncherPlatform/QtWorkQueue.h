@@ -27,6 +27,8 @@ public:
     bool finish() override;
 
 private:
+    [[nodiscard]] QThreadPool& poolFor(WorkPriority priority);
+
     QObject m_mainThread;
     std::function<void()> m_releaseMemory;
     std::chrono::milliseconds m_readPatience;
@@ -34,6 +36,7 @@ private:
     QThreadPool m_reads;
     QThreadPool
         m_writes; ///< One thread, so that a later write is never overtaken by an earlier one.
+    QThreadPool m_launches;
 };
 
 } // namespace Tavik

@@ -9,6 +9,7 @@ namespace Tavik {
 enum class WorkPriority {
     userInitiated,
     utility, ///< Writes, one after the other.
+    launch, ///< Starts of other programs, which wait for nothing else.
 };
 
 /// Runs work off the main thread on copies and hands its result back to the main thread.
@@ -22,9 +23,10 @@ public:
     virtual ~WorkQueue() = default;
 
     virtual void schedule(WorkPriority priority, Job job) = 0;
-    /// For the end of the program, before what the jobs refer to goes: completes the writes, drops
-    /// the reads that wait, and accepts no more. False when a read still runs after a while, held
-    /// up by a dead network folder or the like: then nothing that jobs refer to may be destroyed.
+    /// For the end of the program, before what the jobs refer to goes: completes the writes and
+    /// the launches, drops the reads that wait, and accepts no more. False when a read still runs
+    /// after a while, held up by a dead network folder or the like: then nothing that jobs refer to
+    /// may be destroyed.
     virtual bool finish() = 0;
 
     /// Runs `work` off the main thread, then `done` with its result on the main thread. The result

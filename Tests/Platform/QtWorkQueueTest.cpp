@@ -36,6 +36,29 @@ private Q_SLOTS:
         QCOMPARE(written.available(), 3);
         goesOn.release();
     }
+
+    void aLaunchOvertakesWritesAndOutlivesTheEnd()
+    {
+        QSemaphore goesOn;
+        QSemaphore launched;
+        QtWorkQueue queue;
+        queue.schedule(WorkPriority::utility, [&]() -> WorkQueue::Done {
+            goesOn.acquire();
+            return [] {
+            };
+        });
+        for (int launch = 0; launch < 2; ++launch) {
+            queue.schedule(WorkPriority::launch, [&]() -> WorkQueue::Done {
+                launched.release();
+                return [] {
+                };
+            });
+        }
+        QVERIFY(launched.tryAcquire(1, 5000));
+        goesOn.release();
+        QVERIFY(queue.finish());
+        QCOMPARE(launched.available(), 1);
+    }
 };
 
 QTEST_GUILESS_MAIN(QtWorkQueueTest)

@@ -91,10 +91,8 @@ void X11Workspace::openApplication(const QString& path,
             + QByteArray::number(++m_launches) + "_TIME"
             + QByteArray::number(m_windows.serverTime());
     }
-    // `utility`, because that work is finished even when the program ends right now, and because
-    // it does not queue behind icons that are being decoded.
     m_workQueue.run(
-        WorkPriority::utility,
+        WorkPriority::launch,
         [request] { return launchApplication(request); },
         [self = QPointer<X11Workspace>(this), path, completion = std::move(completion)](
             const LaunchResult& result) {

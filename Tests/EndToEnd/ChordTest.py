@@ -1,7 +1,10 @@
 # SPDX-License-Identifier: MIT
 """The chord: modifiers held alone show the ring, tapped twice they pin it."""
 import contextlib
+import ctypes
 import json
+import os
+import signal
 import time
 
 import pytest
@@ -14,6 +17,8 @@ from harness.waiting import stays, wait_until
 CONTROL_ALT = 0xC0000
 NAMES = ("Alder", "Birch", "Dog Rose", "Dogwood")
 CHORD = ("ctrl", "alt")
+CHORD_PLACES = (37, 64)
+XKB_CORE_KEYBOARD = 0x100
 TAP = 0.08  # Seconds from press to release, and between two taps.
 REGISTERED = "Tavik Launcher hotkey registered (modifier-only): local=1 tap=1 global=1 AXTrusted=1"
 SHOWN = "Tavik Launcher panel: shown"
@@ -56,6 +61,20 @@ def press_place(display, *codes):
         for code in codes:
             xtest.fake_input(display.connection, kind, code)
     display.connection.sync()
+
+
+@contextlib.contextmanager
+def places_held(display, *codes):
+    """Holds keys by their place."""
+    for code in codes:
+        xtest.fake_input(display.connection, X.KeyPress, code)
+    display.connection.sync()
+    try:
+        yield
+    finally:
+        for code in reversed(codes):
+            xtest.fake_input(display.connection, X.KeyRelease, code)
+        display.connection.sync()
 
 
 @contextlib.contextmanager
@@ -240,13 +259,8 @@ def test_a_layout_changes_neither_chord_nor_release(ring, desktop, display, layo
     time.sleep(0.4)
     if "," in layout:
         press_place(display, 135)  # The Menu key: on to the second layout.
-    with contextlib.ExitStack() as held:
-        for code in (37, 64):
-            xtest.fake_input(display.connection, X.KeyPress, code)
-            held.callback(xtest.fake_input, display.connection, X.KeyRelease, code)
-        display.connection.sync()
+    with places_held(display, *CHORD_PLACES):
         ring.wait_open()
-    display.connection.sync()
     ring.wait_hidden()
 
 
@@ -257,16 +271,11 @@ def test_letters_of_the_users_own_layout_filter(launcher, applications, desktop,
     desktop.run(["setxkbmap", "ru"])
     launcher.start()
     wait_until(lambda: REGISTERED in launcher.desktop.log("launcher"), "the chord is watched for")
-    for code in (37, 64):
-        xtest.fake_input(display.connection, X.KeyPress, code)
-    display.connection.sync()
-    launcher.wait_open()
-    press_place(display, 38)  # Where a Latin keyboard has its A.
-    launcher.wait_shows(photo)
-    look("filtered")
-    for code in (64, 37):
-        xtest.fake_input(display.connection, X.KeyRelease, code)
-    display.connection.sync()
+    with places_held(display, *CHORD_PLACES):
+        launcher.wait_open()
+        press_place(display, 38)  # Where a Latin keyboard has its A.
+        launcher.wait_shows(photo)
+        look("filtered")
     stays(launcher.is_shown, "what was typed into stays open after the release")
     display.press("Escape")
     launcher.wait_hidden()
@@ -285,6 +294,65 @@ def test_an_ended_process_leaves_nothing_behind(ring, display):
     ring.stop()
     with display.held(*CHORD):
         stays(lambda: not ring.is_shown(), "no ring appears")
+
+
+def lock_modifiers(display_name, mask):
+    """Sets the keyboard's modifiers by themselves, without a key."""
+    library = ctypes.CDLL("libX11.so.6")
+    library.XOpenDisplay.restype = ctypes.c_void_p
+    connection = ctypes.c_void_p(library.XOpenDisplay(display_name.encode()))
+    library.XkbLockModifiers(connection, XKB_CORE_KEYBOARD, 0xFF, mask)
+    library.XSync(connection, False)
+    library.XCloseDisplay(connection)
+
+
+@pytest.mark.desktop(missing_extensions=("RECORD",))
+def test_a_server_that_records_nothing_leaves_the_other_sources(launcher, apps, desktop):
+    """Such a server does not type for tests either, so the modifiers are set without a key."""
+    use_shortcut(launcher, CONTROL_ALT)
+    launcher.start()
+    log = lambda: desktop.log("launcher")  # noqa: E731
+    wait_until(lambda: "(modifier-only): local=1 tap=0 global=1 AXTrusted=1" in log(), "the chord is watched for")
+    assert "XKEYBOARD=1 RECORD=0" in log()
+    lock_modifiers(desktop.display_name, X.ControlMask | X.Mod1Mask)
+    launcher.wait_open()
+    lock_modifiers(desktop.display_name, 0)
+    launcher.wait_hidden()
+
+
+def test_a_program_that_slept_through_a_chord_catches_up(ring, display):
+    os.kill(ring.process.pid, signal.SIGSTOP)
+    try:
+        tap(display)
+    finally:
+        os.kill(ring.process.pid, signal.SIGCONT)
+    wait_until(lambda: shows(ring) == 1, "the show is in the log")
+    ring.wait_hidden()
+    stays(lambda: not ring.is_shown(), "the ring is hidden")
+    assert shows(ring) == 1
+
+
+def test_modifiers_that_move_while_running_are_followed(ring, desktop, display):
+    desktop.run(["setxkbmap", "-option", "altwin:swap_alt_win"])
+    time.sleep(0.5)
+    with places_held(display, 37, 133):  # Where Super was.
+        ring.wait_open()
+    ring.wait_hidden()
+    with places_held(display, 37, 64):
+        stays(lambda: not ring.is_shown(), "the ring is hidden", seconds=0.3)
+
+
+def test_a_modifier_that_the_keyboard_gains_makes_the_shortcut_possible(launcher, apps, desktop, display):
+    desktop.run(["xmodmap", "-e", "clear mod4"])
+    use_shortcut(launcher, 0x140000)
+    launcher.start()
+    log = lambda: launcher.desktop.log("launcher")  # noqa: E731
+    wait_until(lambda: "failed to install hotkey monitors" in log(), "the refusal is logged")
+    desktop.run(["xmodmap", "-e", "add mod4 = Super_L"])
+    wait_until(lambda: REGISTERED in log(), "the chord is watched for")
+    with display.held("ctrl", "super"):
+        launcher.wait_open()
+    launcher.wait_hidden()
 
 
 def test_a_key_that_another_program_owns_is_watched_for(launcher, apps, display):

@@ -46,6 +46,7 @@ class DesktopOptions:
     has_compositor: bool = True
     monitors: tuple = ()
     background: tuple = ("-solid", BACKGROUND)  # What hsetroot is told to paint.
+    missing_extensions: tuple = ()  # What the X server does not offer, such as "RECORD".
 
 
 class Desktop:
@@ -95,9 +96,11 @@ class Desktop:
     def _start_server(self):
         reading, writing = os.pipe()
         size = f"{self.options.width}x{self.options.height}x24"
+        missing = [word for name in self.options.missing_extensions for word in ("-extension", name)]
         with open(reading) as answer:
             self.spawn(
-                ["Xvfb", "-displayfd", str(writing), "-screen", "0", size, "-nolisten", "tcp", "-noreset"],
+                ["Xvfb", "-displayfd", str(writing), "-screen", "0", size, "-nolisten", "tcp", "-noreset",
+                 *missing],
                 log="xvfb", pass_fds=[writing])
             os.close(writing)
             number = answer.readline().strip()

@@ -33,6 +33,16 @@ QString identityText(const RunningApplication& application)
     return application.bundlePath.value_or(QStringLiteral("pid:%1").arg(application.processId));
 }
 
+/// Reads the disk, so it runs off the main thread.
+LaunchResult launch(const FileManager& fileManager, LaunchRequest request)
+{
+    if (request.path.endsWith(QLatin1String(".app"))) {
+        const std::optional<Bundle> bundle = fileManager.bundle(request.path);
+        request.executable = bundle ? bundle->executable : std::nullopt;
+    }
+    return launchApplication(request);
+}
+
 } // namespace
 
 X11Workspace::X11Workspace(MainQueue& mainQueue, WorkQueue& workQueue, FileManager& fileManager)
@@ -82,9 +92,6 @@ void X11Workspace::openApplication(const QString& path,
         return;
     }
     LaunchRequest request{.path = path, .executable = {}, .startupId = {}};
-    if (const std::optional<Bundle> bundle = m_fileManager.bundle(path)) {
-        request.executable = bundle->executable;
-    }
     if (configuration.activates) {
         request.startupId = "tavik-launcher-"
             + QByteArray::number(QCoreApplication::applicationPid()) + '-'
@@ -93,7 +100,7 @@ void X11Workspace::openApplication(const QString& path,
     }
     m_workQueue.run(
         WorkPriority::launch,
-        [request] { return launchApplication(request); },
+        [&fileManager = m_fileManager, request] { return launch(fileManager, request); },
         [self = QPointer<X11Workspace>(this), path, completion = std::move(completion)](
             const LaunchResult& result) {
             if (self) {

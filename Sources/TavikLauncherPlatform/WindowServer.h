@@ -17,6 +17,8 @@ public:
     /// Marks the not yet shown window as a panel: above others, on every desktop, in no taskbar or
     /// pager. Must be repeated before each showing. Also remembers who has the keyboard now.
     virtual void preparePanel(WId window) = 0;
+    /// Keeps a window of ours out of taskbar and pager, or brings it back.
+    virtual void setSkipsTaskbar(WId window, bool skips) = 0;
     /// Gives the keyboard to the shown window, also against focus-stealing prevention.
     virtual void takeKeyboardFocus(WId window) = 0;
     /// Gives the keyboard back to the window that had it when the panel was prepared, unless

@@ -23,6 +23,12 @@ private Q_SLOTS:
                                 << false;
         QTest::newRow("hide") << QStringList{u"--hide"_s} << AppAction::hideLauncher << 0 << false;
         QTest::newRow("quit") << QStringList{u"--quit"_s} << AppAction::quit << 0 << false;
+        QTest::newRow("settings") << QStringList{u"--settings"_s} << AppAction::settings << 0
+                                  << false;
+        QTest::newRow("a section")
+            << QStringList{u"--settings=theme"_s} << AppAction::settings << 0 << false;
+        QTest::newRow("an argument too many")
+            << QStringList{u"--quit=now"_s} << AppAction::activate << 2 << true;
         QTest::newRow("help") << QStringList{u"--help"_s} << AppAction::activate << 0 << true;
         QTest::newRow("version") << QStringList{u"--version"_s} << AppAction::activate << 0 << true;
         QTest::newRow("unknown") << QStringList{u"--shw"_s} << AppAction::activate << 2 << true;
@@ -34,9 +40,15 @@ private Q_SLOTS:
     {
         QFETCH(QStringList, arguments);
         const CommandLine commandLine = CommandLine::parse(arguments);
-        QTEST(commandLine.action, "action");
+        QTEST(commandLine.request.action, "action");
         QTEST(commandLine.exitCode, "exitCode");
         QTEST(commandLine.answer.has_value(), "answers");
+    }
+
+    void sectionIsTheSettingsArgument()
+    {
+        QCOMPARE(CommandLine::parse({u"--settings=theme"_s}).request.argument, u"theme"_s);
+        QCOMPARE(CommandLine::parse({u"--settings"_s}).request.argument, QString());
     }
 };
 

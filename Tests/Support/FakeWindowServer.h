@@ -12,6 +12,10 @@ class FakeWindowServer final : public WindowServer
 {
 public:
     void preparePanel(WId) override { calls << QStringLiteral("prepare"); }
+    void setSkipsTaskbar(WId, bool skips) override
+    {
+        calls << (skips ? QStringLiteral("skip taskbar") : QStringLiteral("in taskbar"));
+    }
     void takeKeyboardFocus(WId) override { calls << QStringLiteral("take focus"); }
     void returnKeyboardFocus(WId) override { calls << QStringLiteral("return focus"); }
     [[nodiscard]] bool hasKeyboardFocus(WId) const override { return hasFocus; }

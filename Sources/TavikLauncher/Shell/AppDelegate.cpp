@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Shell/AppDelegate.h>
-#include <TavikLauncher/Views/AccessibilityPermissionView.h>
 #include <TavikLauncher/Views/LauncherPanel.h>
 #include <TavikLauncher/Views/RadialLauncherView.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsSection.h>
 #include <TavikLauncherPlatform/Platform.h>
 
 #include <QCoreApplication>
+#include <QDesktopServices>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QUrl>
 
 #include <utility>
 
@@ -24,7 +26,10 @@ const QString& ownIdentifier()
     return identifier;
 }
 
-constexpr QSize accessibilityWindowSize(440, 520);
+void openSupportPage()
+{
+    QDesktopServices::openUrl(QUrl(QStringLiteral(TAVIK_SUPPORT_URL)));
+}
 
 } // namespace
 
@@ -42,6 +47,24 @@ AppDelegate::AppDelegate(Platform& platform)
           .hide = [this] { m_panelController->hide(); },
           .pin = [this] { pinPanel(); },
       })
+    , m_windows(
+          {platform, m_settings, m_catalog, m_notifications},
+          {
+              .hideLauncher = [this] { m_panelController->hide(); },
+              .setupHotKey = [this] { setupHotKey(); },
+              .openSupportPage = openSupportPage,
+              .tryShortcut =
+                  [this](const HotKeyConfig& config) {
+                      return GlobalHotKey::refusal(*m_platform.keyEvents, config);
+                  },
+              .settingsChangedScreen =
+                  [this] {
+                      if (m_panelController->isVisible()) {
+                          showPreview();
+                      }
+                  },
+              .windowMade = [this](QWidget& window) { m_statusItem->addKeyEquivalents(window); },
+          })
 { }
 
 AppDelegate::~AppDelegate()
@@ -61,19 +84,23 @@ void AppDelegate::applicationDidFinishLaunching()
         .presentation = m_presentation,
         .makeSurface
         = [this](std::function<void()> dismiss) { return makePanel(std::move(dismiss)); },
-        .avoidedFrames = [] { return QList<QRectF>(); },
-        .settingsPreviewLayout = [] { return std::optional<SettingsPreviewLayout::Result>(); },
+        .avoidedFrames =
+            [this] {
+                return m_windows.isSettingsVisible() ? QList<QRectF>{m_windows.settingsFrame()}
+                                                     : QList<QRectF>();
+            },
+        .settingsPreviewLayout = [this] { return m_windows.settingsPreviewLayout(); },
     });
     // Before the walk, so that nothing changes unseen between the two.
     m_catalog.watchFolders();
     m_catalog.reindex();
+    installStatusItem();
+    installSettingsObservers();
     installHotKeySettingsObserver();
     installWillSleepObserver();
     installRecentAppActivationObserver();
     setupHotKey();
-    if (m_settings.hotKeyConfig().isModifierOnly() && !m_platform.accessibility->isTrusted()) {
-        checkAccessibilityPermission();
-    }
+    chooseFirstRunWindow();
 
     // Once idle: everything a first summon would be slow for.
     m_warmUp = m_platform.mainQueue->after(0, [this] { launcherPanel().warmUp(); });
@@ -164,50 +191,74 @@ void AppDelegate::setupHotKey()
             m_gestures.release(shortcut, reason, time);
         });
     hotKey->onAccessibilityRevoked = [this] {
-        checkAccessibilityPermission();
+        m_windows.checkAccessibilityPermission();
     };
     if (hotKey->registerHotKey()) {
         m_hotKey = std::move(hotKey);
     }
 }
 
-void AppDelegate::checkAccessibilityPermission()
+void AppDelegate::installSettingsObservers()
 {
-    if (m_platform.accessibility->isTrusted()) {
-        return;
-    }
-    // A closed window is forgotten: the next one starts from the beginning.
-    if (!m_accessibilityPermissionWindow || !m_accessibilityPermissionWindow->isVisible()) {
-        m_accessibilityPermissionWindow = std::make_unique<AccessibilityPermissionView>(
-            *m_platform.accessibility,
-            *m_platform.mainQueue,
-            AccessibilityPermissionSession::Actions{
-                .onDismiss = [this] { m_accessibilityPermissionWindow->close(); },
-                .onGranted =
-                    [this, isNews = true]() mutable {
-                        if (std::exchange(isNews, false)) {
-                            setupHotKey();
-                        }
-                    },
-            });
-        m_accessibilityPermissionWindow->setWindowTitle(u"Allow Accessibility Access"_s);
-        m_accessibilityPermissionWindow->setWindowFlags(
-            Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
-        m_accessibilityPermissionWindow->setFixedSize(accessibilityWindowSize);
-        if (const QScreen* screen = QGuiApplication::primaryScreen()) {
-            QRect frame(QPoint(), accessibilityWindowSize);
-            frame.moveCenter(screen->availableGeometry().center());
-            m_accessibilityPermissionWindow->move(frame.topLeft());
-        }
-    }
-    m_accessibilityPermissionWindow->show();
-    m_accessibilityPermissionWindow->raise();
-    m_accessibilityPermissionWindow->activateWindow();
+    m_showInDockObserver = m_notifications.addObserver(
+        LauncherSettings::showInDockChanged,
+        [this](const NotificationCenter::Notification&) { m_windows.applyDockVisibility(); });
+    m_settingsPreviewObserver
+        = m_notifications.addObserver(LauncherSettings::previewRequestNotification,
+                                      [this](const NotificationCenter::Notification&) {
+                                          if (m_windows.isSettingsVisible()) {
+                                              showPreview();
+                                          }
+                                      });
 }
 
-void AppDelegate::perform(AppAction action)
+void AppDelegate::installStatusItem()
 {
-    switch (action) {
+    m_statusItem.emplace(
+        StatusItem::Dependencies{*m_platform.statusTray, *m_platform.mainQueue},
+        StatusItem::Actions{
+            .showAbout = [this] { m_windows.showAbout(); },
+            .showSettings = [this] { m_windows.showSettings(); },
+            .checkForUpdates = [this] { showSettings(SettingsSection::updates.toString()); },
+            .showLauncher = [this] { showLauncher(); },
+            .repeatTour = [this] { m_windows.showOnboarding(true); },
+            .showReindexWindow = [this] { m_windows.showReindex(); },
+            .openSupportPage = openSupportPage,
+            .quit = [] { QCoreApplication::quit(); },
+        });
+}
+
+/// A new user is asked for the permission first; the tour then follows when it is given.
+void AppDelegate::chooseFirstRunWindow()
+{
+    if (m_settings.hotKeyConfig().isModifierOnly() && !m_platform.accessibility->isTrusted()) {
+        m_windows.checkAccessibilityPermission();
+    } else if (!m_settings.hasCompletedOnboarding()) {
+        m_windows.showOnboarding(true);
+    }
+}
+
+void AppDelegate::showLauncher()
+{
+    m_panelController->show({.activatesApp = true, .makesKey = true});
+}
+
+void AppDelegate::showPreview()
+{
+    m_panelController->show({.prefersAvoidedFrameScreen = true});
+}
+
+void AppDelegate::showSettings(const QString& section)
+{
+    if (!section.isEmpty()) {
+        m_settings.pendingSettingsSectionID.set(section);
+    }
+    m_windows.showSettings();
+}
+
+void AppDelegate::perform(const AppRequest& request)
+{
+    switch (request.action) {
     case AppAction::activate:
     case AppAction::showLauncher:
         showAtPointer();
@@ -217,6 +268,15 @@ void AppDelegate::perform(AppAction action)
         break;
     case AppAction::hideLauncher:
         m_panelController->hide();
+        break;
+    case AppAction::settings:
+        showSettings(request.argument);
+        break;
+    case AppAction::reindex:
+        m_windows.showReindex();
+        break;
+    case AppAction::tour:
+        m_windows.showOnboarding(true);
         break;
     case AppAction::quit:
         QCoreApplication::quit();

@@ -7,9 +7,11 @@
 #include <TavikLauncher/Ring/LauncherCommands.h>
 #include <TavikLauncher/Ring/LauncherPresentationState.h>
 #include <TavikLauncher/Settings/LauncherSettings.h>
+#include <TavikLauncher/Shell/AuxiliaryWindows.h>
 #include <TavikLauncher/Shell/LauncherPanelController.h>
 #include <TavikLauncher/Shell/SingleInstance.h>
 #include <TavikLauncher/Trigger/TriggerGestures.h>
+#include <TavikLauncher/Views/StatusItem.h>
 #include <TavikLauncherPlatform/NotificationCenter.h>
 
 #include <memory>
@@ -17,7 +19,6 @@
 
 namespace Tavik {
 
-class AccessibilityPermissionView;
 class LauncherPanel;
 struct Platform;
 
@@ -33,7 +34,7 @@ public:
 
     /// The start-up sequence; the trigger answers when it returns.
     void applicationDidFinishLaunching();
-    void perform(AppAction action);
+    void perform(const AppRequest& request);
 
 private:
     [[nodiscard]] std::unique_ptr<PanelSurface> makePanel(std::function<void()> dismiss);
@@ -43,9 +44,12 @@ private:
     void installWillSleepObserver();
     void installRecentAppActivationObserver();
     void setupHotKey();
-    /// Asks the user for the permission to watch the keyboard, unless we have it.
-    void checkAccessibilityPermission();
+    void installSettingsObservers();
+    void installStatusItem();
+    void chooseFirstRunWindow();
     void showLauncher();
+    void showPreview();
+    void showSettings(const QString& section = {});
     void showAtPointer();
     void togglePanel();
     void pinPanel();
@@ -62,7 +66,10 @@ private:
     std::optional<LauncherPanelController> m_panelController;
     TriggerGestures m_gestures;
     std::unique_ptr<GlobalHotKey> m_hotKey;
-    std::unique_ptr<AccessibilityPermissionView> m_accessibilityPermissionWindow;
+    AuxiliaryWindows m_windows;
+    std::optional<StatusItem> m_statusItem;
+    ObserverToken m_showInDockObserver;
+    ObserverToken m_settingsPreviewObserver;
     ObserverToken m_hotKeySettingsObserver;
     ObserverToken m_willSleepObserver;
     ObserverToken m_recentAppActivationObserver;

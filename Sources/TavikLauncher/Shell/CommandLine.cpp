@@ -20,10 +20,13 @@ struct Option
     AppAction action;
     const char16_t* help;
 };
-constexpr std::array<Option, 4> options{{
+constexpr std::array<Option, 7> options{{
     {u"--show", AppAction::showLauncher, u"show the ring"},
     {u"--toggle", AppAction::toggleLauncher, u"show the ring at the pointer, or hide it"},
     {u"--hide", AppAction::hideLauncher, u"hide the ring"},
+    {u"--settings", AppAction::settings, u"open the settings, with =SECTION at that section"},
+    {u"--reindex", AppAction::reindex, u"open the window that rebuilds the application index"},
+    {u"--tour", AppAction::tour, u"show the tour"},
     {u"--quit", AppAction::quit, u"end the running launcher"},
 }};
 
@@ -56,11 +59,12 @@ CommandLine CommandLine::parse(const QStringList& arguments)
     if (argument == u"--version") {
         return {.answer = u"tavik-launcher %1\n"_s.arg(QStringLiteral(TAVIK_VERSION))};
     }
-    const auto found = std::ranges::find_if(options, [&argument](const Option& option) {
-        return argument == QStringView(option.name);
-    });
-    if (found != options.end()) {
-        return {.action = found->action};
+    const QString name = argument.section(u'=', 0, 0);
+    const auto found = std::ranges::find_if(
+        options, [&name](const Option& option) { return name == QStringView(option.name); });
+    const bool hasArgument = argument.contains(u'=');
+    if (found != options.end() && (!hasArgument || found->action == AppAction::settings)) {
+        return {.request = {.action = found->action, .argument = argument.section(u'=', 1)}};
     }
     return {.answer = u"tavik-launcher: unknown option %1\n"_s.arg(argument) + usage(),
             .exitCode = usageError};

@@ -13,7 +13,7 @@ namespace Tavik {
 /// What the user asked for on the command line.
 struct CommandLine
 {
-    AppAction action = AppAction::activate;
+    AppRequest request;
     /// A text to print instead of running, and the exit code that goes with it.
     std::optional<QString> answer;
     int exitCode = 0;

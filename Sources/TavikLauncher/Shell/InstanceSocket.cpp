@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int answerMilliseconds = 2000;
-constexpr qint64 longestAction = 64;
+constexpr qint64 longestLine = 128;
 constexpr char terminator = '\n';
 
 /// The path of `file` in the user's runtime folder; absent where that folder is not the user's own.
@@ -70,22 +70,22 @@ void InstanceSocket::accept()
             connection, &QLocalSocket::disconnected, connection, &QObject::deleteLater);
         QObject::connect(connection, &QLocalSocket::readyRead, connection, [this, connection] {
             if (!connection->canReadLine()) {
-                if (connection->bytesAvailable() > longestAction) {
+                if (connection->bytesAvailable() > longestLine) {
                     connection->abort();
                 }
                 return;
             }
-            const QByteArray line = connection->readLine(longestAction).trimmed();
+            const QByteArray line = connection->readLine(longestLine).trimmed();
             connection->write(&terminator, 1);
             connection->disconnectFromServer();
-            if (onAction) {
-                onAction(QString::fromLatin1(line));
+            if (onLine) {
+                onLine(QString::fromLatin1(line));
             }
         });
     }
 }
 
-bool InstanceSocket::forward(const QString& action)
+bool InstanceSocket::forward(const QString& line)
 {
     const auto path = socketPath();
     if (!path) {
@@ -96,7 +96,7 @@ bool InstanceSocket::forward(const QString& action)
     if (!socket.waitForConnected(answerMilliseconds)) {
         return false;
     }
-    socket.write(action.toLatin1() + terminator);
+    socket.write(line.toLatin1() + terminator);
     return socket.waitForReadyRead(answerMilliseconds);
 }
 

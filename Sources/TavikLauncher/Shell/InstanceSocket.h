@@ -27,13 +27,13 @@ public:
     InstanceSocket(const InstanceSocket&) = delete;
     InstanceSocket& operator=(const InstanceSocket&) = delete;
 
-    /// On `first`, `onAction` is called with what other instances send from then on.
+    /// On `first`, `onLine` is called with what other instances send from then on.
     [[nodiscard]] Claim claim();
-    /// Hands an action to the instance that listens. False when none answers. Needs no application
+    /// Hands a line to the instance that listens. False when none answers. Needs no application
     /// object.
-    [[nodiscard]] static bool forward(const QString& action);
+    [[nodiscard]] static bool forward(const QString& line);
 
-    std::function<void(const QString& action)> onAction;
+    std::function<void(const QString& line)> onLine;
 
 private:
     void accept();

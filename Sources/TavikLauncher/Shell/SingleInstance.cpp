@@ -5,8 +5,8 @@
 #include <QDBusAbstractAdaptor>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
-#include <QDBusContext>
 #include <QDBusMessage>
+#include <QDBusVariant>
 #include <QLoggingCategory>
 #include <QVariantMap>
 
@@ -26,21 +26,26 @@ constexpr auto serviceName = "org.tavik.Launcher";
 constexpr auto objectPath = "/org/tavik/Launcher";
 constexpr auto interfaceName = "org.freedesktop.Application";
 constexpr int callTimeoutMilliseconds = 2000;
+constexpr qsizetype longestArgument = 64;
 
 struct NamedAction
 {
     AppAction action;
     const char16_t* name;
 };
-constexpr std::array<NamedAction, 4> namedActions{{
+constexpr std::array<NamedAction, 7> namedActions{{
     {AppAction::showLauncher, u"show-launcher"},
     {AppAction::toggleLauncher, u"toggle-launcher"},
     {AppAction::hideLauncher, u"hide-launcher"},
+    {AppAction::settings, u"settings"},
+    {AppAction::reindex, u"reindex"},
+    {AppAction::tour, u"tour"},
     {AppAction::quit, u"quit"},
 }};
 
 /// What a plain start sends over the socket.
 constexpr QStringView plainStart = u"activate";
+constexpr QChar argumentSeparator = u'=';
 
 std::optional<AppAction> namedAction(const QString& name)
 {
@@ -48,6 +53,19 @@ std::optional<AppAction> namedAction(const QString& name)
         return name == QStringView(entry.name);
     });
     return found == namedActions.end() ? std::nullopt : std::optional(found->action);
+}
+
+/// The action's argument, if it has one that is a text of a sensible length.
+QString argumentIn(const QVariantList& parameters)
+{
+    if (parameters.isEmpty()) {
+        return {};
+    }
+    const QVariant& first = parameters.front();
+    const QVariant value
+        = first.canConvert<QDBusVariant>() ? first.value<QDBusVariant>().variant() : first;
+    const bool isText = value.typeId() == QMetaType::QString;
+    return isText && value.toString().size() <= longestArgument ? value.toString() : QString();
 }
 
 QString latin1(const char* text)
@@ -69,15 +87,15 @@ public:
     { }
 
 public Q_SLOTS:
-    void Activate(const QVariantMap&) { perform(AppAction::activate); }
-    void Open(const QStringList&, const QVariantMap&) { perform(AppAction::activate); }
+    void Activate(const QVariantMap&) { perform({}); }
+    void Open(const QStringList&, const QVariantMap&) { perform({}); }
     void ActivateAction(const QString& name,
-                        const QVariantList&,
+                        const QVariantList& parameters,
                         const QVariantMap&,
                         const QDBusMessage& message)
     {
         if (const std::optional<AppAction> action = namedAction(name)) {
-            perform(*action);
+            perform({.action = *action, .argument = argumentIn(parameters)});
             return;
         }
         message.setDelayedReply(true);
@@ -86,10 +104,10 @@ public Q_SLOTS:
     }
 
 private:
-    void perform(AppAction action)
+    void perform(const AppRequest& request)
     {
-        if (m_instance.onAction) {
-            m_instance.onAction(action);
+        if (m_instance.onRequest) {
+            m_instance.onRequest(request);
         }
     }
 
@@ -125,8 +143,8 @@ SingleInstance::Claim SingleInstance::claim()
 
 SingleInstance::Claim SingleInstance::claimSocket()
 {
-    m_socket.onAction = [this](const QString& name) {
-        perform(name);
+    m_socket.onLine = [this](const QString& line) {
+        perform(line);
     };
     switch (m_socket.claim()) {
     case InstanceSocket::Claim::taken:
@@ -140,22 +158,28 @@ SingleInstance::Claim SingleInstance::claimSocket()
     return Claim::first;
 }
 
-void SingleInstance::perform(const QString& name)
+void SingleInstance::perform(const QString& line)
 {
+    const QString name = line.section(argumentSeparator, 0, 0);
     const std::optional<AppAction> action = namedAction(name);
-    if (onAction && (action || name == plainStart)) {
-        onAction(action.value_or(AppAction::activate));
+    if (onRequest && (action || name == plainStart)) {
+        onRequest({.action = action.value_or(AppAction::activate),
+                   .argument = line.section(argumentSeparator, 1)});
     }
 }
 
-bool SingleInstance::forward(AppAction action)
+bool SingleInstance::forward(const AppRequest& request)
 {
-    return forwardOverBus(action)
-        || InstanceSocket::forward(action == AppAction::activate ? plainStart.toString()
-                                                                 : actionName(action));
+    if (forwardOverBus(request)) {
+        return true;
+    }
+    const bool isNamed = request.action != AppAction::activate;
+    const QString name = isNamed ? actionName(request.action) : plainStart.toString();
+    return InstanceSocket::forward(
+        request.argument.isEmpty() ? name : name + argumentSeparator + request.argument);
 }
 
-bool SingleInstance::forwardOverBus(AppAction action)
+bool SingleInstance::forwardOverBus(const AppRequest& request)
 {
     if (!SessionBus::isOffered()) {
         return false;
@@ -164,17 +188,17 @@ bool SingleInstance::forwardOverBus(AppAction action)
     // the toolkit shares must not be made before that.
     const QString connectionName = u"tavik-launcher-forward"_s;
     const bool isAnswered
-        = call(QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName), action);
+        = call(QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName), request);
     QDBusConnection::disconnectFromBus(connectionName);
     return isAnswered;
 }
 
-bool SingleInstance::call(const QDBusConnection& bus, AppAction action)
+bool SingleInstance::call(const QDBusConnection& bus, const AppRequest& request)
 {
     if (!bus.isConnected()) {
         return false;
     }
-    const bool isNamed = action != AppAction::activate;
+    const bool isNamed = request.action != AppAction::activate;
     QDBusMessage message
         = QDBusMessage::createMethodCall(latin1(serviceName),
                                          latin1(objectPath),
@@ -183,7 +207,11 @@ bool SingleInstance::call(const QDBusConnection& bus, AppAction action)
     // Only who runs is asked; nobody is to be started by the bus.
     message.setAutoStartService(false);
     if (isNamed) {
-        message << actionName(action) << QVariantList();
+        QVariantList parameters;
+        if (!request.argument.isEmpty()) {
+            parameters << QVariant::fromValue(QDBusVariant(request.argument));
+        }
+        message << actionName(request.action) << parameters;
     }
     message << QVariantMap();
     const QDBusMessage reply = bus.call(message, QDBus::Block, callTimeoutMilliseconds);

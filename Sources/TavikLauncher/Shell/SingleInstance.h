@@ -19,7 +19,19 @@ enum class AppAction {
     showLauncher,
     toggleLauncher,
     hideLauncher,
+    settings, ///< With a section's identifier, or none.
+    reindex,
+    tour,
     quit,
+};
+
+/// What another program wants done, and an argument where the action takes one.
+struct AppRequest
+{
+    AppAction action = AppAction::activate;
+    QString argument;
+
+    bool operator==(const AppRequest&) const = default;
 };
 
 /// The action's name on the bus; empty for `activate`.
@@ -39,19 +51,19 @@ public:
 
     using QObject::QObject;
 
-    /// Asks for the name; on `first`, `onAction` is called from then on.
+    /// Asks for the name; on `first`, `onRequest` is called from then on.
     [[nodiscard]] Claim claim();
     /// Hands the action to the instance that runs. False when none answers. Needs no application
     /// object.
-    [[nodiscard]] static bool forward(AppAction action);
+    [[nodiscard]] static bool forward(const AppRequest& request);
 
-    std::function<void(AppAction)> onAction;
+    std::function<void(const AppRequest&)> onRequest;
 
 private:
-    static bool forwardOverBus(AppAction action);
-    static bool call(const QDBusConnection& bus, AppAction action);
+    static bool forwardOverBus(const AppRequest& request);
+    static bool call(const QDBusConnection& bus, const AppRequest& request);
     [[nodiscard]] Claim claimSocket();
-    void perform(const QString& name);
+    void perform(const QString& line);
 
     InstanceSocket m_socket;
 };

@@ -39,29 +39,28 @@ bool needsRunningInstance(AppAction action)
     return action == AppAction::hideLauncher || action == AppAction::quit;
 }
 
-int run(int argc, char** argv, AppAction action)
+int run(int argc, char** argv, const AppRequest& request)
 {
     // Other programs' icons may be faulty in many ways; whoever decodes them goes on with the next.
     QLoggingCategory::setFilterRules(u"qt.gui.imageio*=false\nqt.svg*=false"_s);
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"TavikLauncher"_s);
-    QApplication::setApplicationDisplayName(u"Tavik Launcher"_s);
     QApplication::setDesktopFileName(u"org.tavik.Launcher"_s);
 
     SingleInstance instance;
     if (instance.claim() == SingleInstance::Claim::taken) {
-        return SingleInstance::forward(action) ? 0 : notRunning;
+        return SingleInstance::forward(request) ? 0 : notRunning;
     }
     RingAccessibility::install();
     const std::unique_ptr<Platform> platform = makePlatform();
     AppDelegate delegate(*platform);
     delegate.applicationDidFinishLaunching();
-    instance.onAction = [&delegate](AppAction wanted) {
+    instance.onRequest = [&delegate](const AppRequest& wanted) {
         delegate.perform(wanted);
     };
-    if (action != AppAction::activate) {
-        platform->mainQueue->post([&delegate, action] { delegate.perform(action); });
+    if (request.action != AppAction::activate) {
+        platform->mainQueue->post([&delegate, request] { delegate.perform(request); });
     }
     const TerminationSignals signals([] { QCoreApplication::quit(); });
     const int exitCode = QApplication::exec();
@@ -82,15 +81,15 @@ int main(int argc, char** argv)
         print(commandLine.exitCode == 0 ? stdout : stderr, *commandLine.answer);
         return commandLine.exitCode;
     }
-    const AppAction action = commandLine.action;
+    const AppRequest& request = commandLine.request;
     // What the running instance is to do needs neither windows nor fonts here: it is on its way
     // before the toolkit would have started.
-    if (action != AppAction::activate && SingleInstance::forward(action)) {
+    if (request.action != AppAction::activate && SingleInstance::forward(request)) {
         return 0;
     }
-    if (needsRunningInstance(action)) {
+    if (needsRunningInstance(request.action)) {
         print(stderr, u"tavik-launcher: no launcher is running\n"_s);
         return notRunning;
     }
-    return run(argc, argv, action);
+    return run(argc, argv, request);
 }

@@ -48,6 +48,8 @@ std::unique_ptr<KeyMonitor> NullKeyEvents::addFocusMonitor(std::function<void()>
 
 void NullWindowServer::preparePanel(WId) { }
 
+void NullWindowServer::setSkipsTaskbar(WId, bool) { }
+
 void NullWindowServer::takeKeyboardFocus(WId) { }
 
 void NullWindowServer::returnKeyboardFocus(WId) { }

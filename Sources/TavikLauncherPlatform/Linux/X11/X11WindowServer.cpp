@@ -84,6 +84,41 @@ void X11WindowServer::preparePanel(WId window)
     m_pump.drainSoon();
 }
 
+void X11WindowServer::setSkipsTaskbar(WId window, bool skips)
+{
+    const auto target = static_cast<xcb_window_t>(window);
+    const std::array marks{m_atoms[X11Atom::netWmStateSkipTaskbar],
+                           m_atoms[X11Atom::netWmStateSkipPager]};
+    // Before a window is mapped its states are the program's to write, afterwards only the window
+    // manager's (EWMH).
+    QList<uint32_t> states
+        = X11Properties::numbers(m_connection.get(), target, m_atoms[X11Atom::netWmState]);
+    for (const xcb_atom_t mark : marks) {
+        states.removeAll(mark);
+        if (skips) {
+            states.append(mark);
+        }
+    }
+    xcb_change_property(m_toolkit,
+                        XCB_PROP_MODE_REPLACE,
+                        target,
+                        m_atoms[X11Atom::netWmState],
+                        XCB_ATOM_ATOM,
+                        32,
+                        static_cast<uint32_t>(states.size()),
+                        states.constData());
+    constexpr uint32_t remove = 0;
+    constexpr uint32_t add = 1;
+    constexpr uint32_t sourceApplication = 1;
+    sendToWindowManager(m_toolkit,
+                        m_connection.root(),
+                        target,
+                        m_atoms[X11Atom::netWmState],
+                        {skips ? add : remove, marks[0], marks[1], sourceApplication, 0});
+    xcb_flush(m_toolkit);
+    m_pump.drainSoon();
+}
+
 void X11WindowServer::awaitWithdrawal(xcb_window_t panel) const
 {
     // A window that is shown again at once would lose its marks to the window manager that still

@@ -23,6 +23,7 @@ public:
     X11WindowServer(xcb_connection_t* toolkit, MainQueue& mainQueue);
 
     void preparePanel(WId window) override;
+    void setSkipsTaskbar(WId window, bool skips) override;
     void takeKeyboardFocus(WId window) override;
     void returnKeyboardFocus(WId window) override;
     [[nodiscard]] bool hasKeyboardFocus(WId window) const override;

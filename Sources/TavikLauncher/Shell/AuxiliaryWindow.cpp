@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Shell/AuxiliaryWindow.h>
+#include <TavikLauncher/Views/TavikIconFactory.h>
+#include <TavikLauncherPlatform/WindowServer.h>
+
+#include <QCloseEvent>
+#include <QVBoxLayout>
+
+namespace Tavik {
+
+namespace {
+constexpr int iconSide = 256;
+}
+
+AuxiliaryWindow::AuxiliaryWindow(WindowServer& windowServer,
+                                 const Options& options,
+                                 QWidget* content)
+    : m_windowServer(windowServer)
+    , m_skipsTaskbar(options.skipsTaskbar)
+{
+    const bool isResizable = !options.smallestSize.isEmpty();
+    Qt::WindowFlags flags = Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint
+        | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+    if (isResizable) {
+        flags |= Qt::WindowMinMaxButtonsHint;
+    }
+    setWindowFlags(flags);
+    setWindowTitle(options.title);
+    setWindowIcon(TavikIconFactory::appIcon(iconSide));
+    setAttribute(Qt::WA_QuitOnClose, false);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(content);
+    if (isResizable) {
+        setMinimumSize(options.smallestSize);
+        resize(options.size);
+    } else {
+        setFixedSize(options.size);
+    }
+}
+
+void AuxiliaryWindow::centerIn(const QRect& area)
+{
+    QRect frame = frameGeometry();
+    frame.moveCenter(area.center());
+    move(frame.topLeft());
+}
+
+void AuxiliaryWindow::activate()
+{
+    m_windowServer.setSkipsTaskbar(winId(), m_skipsTaskbar);
+    if (isMinimized()) {
+        showNormal();
+    } else {
+        show();
+    }
+    raise();
+    activateWindow();
+    m_windowServer.takeKeyboardFocus(winId());
+}
+
+void AuxiliaryWindow::setSkipsTaskbar(bool skips)
+{
+    m_skipsTaskbar = skips;
+    if (internalWinId()) {
+        m_windowServer.setSkipsTaskbar(internalWinId(), skips);
+    }
+}
+
+void AuxiliaryWindow::closeEvent(QCloseEvent* event)
+{
+    event->accept();
+    if (onClose) {
+        onClose();
+    }
+}
+
+} // namespace Tavik

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QSize>
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+
+namespace Tavik {
+
+class WindowServer;
+
+/// A titled window around one view. Says when the user closes it; whether it is then kept or
+/// forgotten is its owner's choice.
+class AuxiliaryWindow final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    struct Options
+    {
+        QString title;
+        QSize size; ///< Of the content, in points; fixed unless `smallestSize` is given.
+        QSize smallestSize; ///< Makes the window resizable and lets it be minimised.
+        bool skipsTaskbar = false;
+    };
+
+    /// Takes `content`.
+    AuxiliaryWindow(WindowServer& windowServer, const Options& options, QWidget* content);
+
+    /// Puts the window with its frame in the middle of a rectangle of the toolkit's plane.
+    void centerIn(const QRect& area);
+    /// Brings the window to the front and gives it the keyboard.
+    void activate();
+    void setSkipsTaskbar(bool skips);
+
+    std::function<void()> onClose;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    WindowServer& m_windowServer;
+    bool m_skipsTaskbar;
+};
+
+/// A window may be forgotten from inside its own event.
+struct DeleteLater
+{
+    void operator()(QObject* object) const { object->deleteLater(); }
+};
+using AuxiliaryWindowPointer = std::unique_ptr<AuxiliaryWindow, DeleteLater>;
+
+} // namespace Tavik

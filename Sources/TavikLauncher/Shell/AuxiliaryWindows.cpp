@@ -1,0 +1,282 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Ring/PanelPlacement.h>
+#include <TavikLauncher/Settings/LauncherSettings.h>
+#include <TavikLauncher/Shell/AuxiliaryWindows.h>
+#include <TavikLauncher/Views/AccessibilityPermissionView.h>
+#include <TavikLauncher/Views/ConfettiWindow.h>
+#include <TavikLauncher/Views/OnboardingView.h>
+#include <TavikLauncher/Views/ReindexView.h>
+#include <TavikLauncher/Views/SettingsWindow/LauncherSettingsView.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsFileDialogs.h>
+#include <TavikLauncherPlatform/Platform.h>
+#include <TavikLauncherPlatform/ScreenPlane.h>
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWindow>
+
+#include <utility>
+
+namespace Tavik {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize permissionSize(440, 520);
+constexpr QSize onboardingSize(560, 420);
+constexpr QSize reindexSize(400, 300);
+
+/// The primary screen's lower edge in the toolkit's plane.
+double primaryBottom()
+{
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen ? screen->geometry().y() + screen->geometry().height() : 0;
+}
+
+} // namespace
+
+AuxiliaryWindows::AuxiliaryWindows(const Dependencies& dependencies, Actions actions)
+    : m_dependencies(dependencies)
+    , m_actions(std::move(actions))
+{ }
+
+AuxiliaryWindows::~AuxiliaryWindows() = default;
+
+AuxiliaryWindowPointer AuxiliaryWindows::makeWindow(const AuxiliaryWindow::Options& options,
+                                                    QWidget* content,
+                                                    std::function<void()> onClose)
+{
+    AuxiliaryWindow::Options complete = options;
+    complete.skipsTaskbar = !m_dependencies.settings.showInDock();
+    AuxiliaryWindowPointer window(
+        new AuxiliaryWindow(*m_dependencies.platform.windowServer, complete, content));
+    window->onClose = std::move(onClose);
+    m_actions.windowMade(*window);
+    return window;
+}
+
+void AuxiliaryWindows::checkAccessibilityPermission()
+{
+    Platform& platform = m_dependencies.platform;
+    if (platform.accessibility->isTrusted()) {
+        return;
+    }
+    if (!m_accessibilityPermissionWindow) {
+        const auto granted = [this] {
+            m_actions.setupHotKey();
+            if (!m_dependencies.settings.hasCompletedOnboarding()) {
+                showOnboarding(true);
+            }
+        };
+        auto* view = new AccessibilityPermissionView(
+            *platform.accessibility,
+            *platform.mainQueue,
+            {.onDismiss = [this] { m_accessibilityPermissionWindow->close(); },
+             // The view may say it again at its end.
+             .onGranted =
+                 [granted, isNews = true]() mutable {
+                     if (std::exchange(isNews, false)) {
+                         granted();
+                     }
+                 }});
+        m_accessibilityPermissionWindow
+            = makeWindow({.title = u"Allow Accessibility Access"_s, .size = permissionSize},
+                         view,
+                         [this] { m_accessibilityPermissionWindow.reset(); });
+        centerOnActiveScreen(*m_accessibilityPermissionWindow);
+    }
+    m_accessibilityPermissionWindow->activate();
+}
+
+void AuxiliaryWindows::showOnboarding(bool markIncomplete)
+{
+    LauncherSettings& settings = m_dependencies.settings;
+    if (markIncomplete) {
+        settings.hasCompletedOnboarding.set(false);
+    }
+    if (!m_onboardingWindow) {
+        auto* view = new OnboardingView(settings.hotKeyConfig(),
+                                        {.onFinish = [this] { m_onboardingWindow->close(); },
+                                         .onOpenSettings =
+                                             [this] {
+                                                 showSettings();
+                                             }});
+        m_onboardingWindow = makeWindow(
+            {.title = u"Welcome to Tavik Launcher"_s, .size = onboardingSize}, view, [this] {
+                m_dependencies.settings.hasCompletedOnboarding.set(true);
+                m_onboardingWindow.reset();
+            });
+    }
+    centerOnActiveScreen(*m_onboardingWindow);
+    m_onboardingWindow->activate();
+    // Once more with the frame that the window manager has given it.
+    m_dependencies.platform.mainQueue->post([this] {
+        if (m_onboardingWindow) {
+            centerOnActiveScreen(*m_onboardingWindow);
+        }
+    });
+}
+
+void AuxiliaryWindows::showReindex()
+{
+    Platform& platform = m_dependencies.platform;
+    if (!m_reindexWindow) {
+        const auto celebrate = [this, &platform] {
+            ConfettiWindow::burst(
+                {*platform.mainQueue, *platform.windowServer, *platform.appearance},
+                m_reindexWindow.get());
+        };
+        auto* view
+            = new ReindexView({m_dependencies.catalog, *platform.mainQueue, *platform.appearance},
+                              {.onCelebrate = celebrate, .onClose = [this] {
+                                   m_reindexWindow->close();
+                               }});
+        m_reindexWindow = makeWindow({.title = u"Reindex Apps"_s, .size = reindexSize},
+                                     view,
+                                     [this] { m_reindexWindow.reset(); });
+    }
+    centerOnActiveScreen(*m_reindexWindow);
+    m_reindexWindow->activate();
+}
+
+AuxiliaryWindowPointer AuxiliaryWindows::makeSettingsWindow()
+{
+    Platform& platform = m_dependencies.platform;
+    const auto window = [this]() -> QWidget* {
+        return m_settingsWindow.get();
+    };
+    auto* view = new LauncherSettingsView({
+        .settings = m_dependencies.settings,
+        .catalog = m_dependencies.catalog,
+        .fileManager = *platform.fileManager,
+        .iconDecoder = *platform.iconDecoder,
+        .workQueue = *platform.workQueue,
+        .mainQueue = *platform.mainQueue,
+        .notifications = m_dependencies.notifications,
+        .keyEvents = *platform.keyEvents,
+        .version = QStringLiteral(TAVIK_VERSION),
+        .openFile = SettingsFileDialogs::openFile(window),
+        .saveFile = SettingsFileDialogs::saveFile(window),
+        .tryShortcut = m_actions.tryShortcut,
+        .repeatTour = [this] { showOnboarding(true); },
+        .openSupportPage = m_actions.openSupportPage,
+    });
+    AuxiliaryWindowPointer made = makeWindow({.title = u"Tavik Launcher Settings"_s,
+                                              .size = LauncherSettingsView::preferredSize,
+                                              .smallestSize = LauncherSettingsView::smallestSize},
+                                             view,
+                                             m_actions.hideLauncher);
+    made->winId();
+    connect(made->windowHandle(), &QWindow::screenChanged, this, [this] {
+        if (isSettingsVisible()) {
+            m_actions.settingsChangedScreen();
+        }
+    });
+    return made;
+}
+
+void AuxiliaryWindows::showSettings()
+{
+    m_actions.hideLauncher();
+    if (!m_settingsWindow) {
+        m_settingsWindow = makeSettingsWindow();
+    }
+    placeSettingsWindow();
+    m_settingsWindow->activate();
+}
+
+void AuxiliaryWindows::showAbout()
+{
+    showSettings();
+    m_dependencies.notifications.post(LauncherSettings::openAboutSection);
+}
+
+void AuxiliaryWindows::applyDockVisibility()
+{
+    const bool skips = !m_dependencies.settings.showInDock();
+    for (const AuxiliaryWindowPointer* window : {&m_settingsWindow,
+                                                 &m_reindexWindow,
+                                                 &m_onboardingWindow,
+                                                 &m_accessibilityPermissionWindow}) {
+        if (*window) {
+            (*window)->setSkipsTaskbar(skips);
+        }
+    }
+    if (isSettingsVisible()) {
+        m_dependencies.platform.mainQueue->post([this] {
+            if (isSettingsVisible()) {
+                m_settingsWindow->activate();
+            }
+        });
+    }
+}
+
+bool AuxiliaryWindows::isSettingsVisible() const
+{
+    return m_settingsWindow && m_settingsWindow->isVisible();
+}
+
+QRectF AuxiliaryWindows::settingsFrame() const
+{
+    return m_settingsWindow
+        ? ScreenPlane::flipped(QRectF(m_settingsWindow->frameGeometry()), primaryBottom())
+        : QRectF();
+}
+
+std::optional<SettingsPreviewLayout::Result> AuxiliaryWindows::settingsPreviewLayout() const
+{
+    const std::optional<Screen> screen = settingsScreen();
+    return m_settingsWindow && screen ? std::optional(layoutOn(*screen)) : std::nullopt;
+}
+
+SettingsPreviewLayout::Result AuxiliaryWindows::layoutOn(const Screen& screen) const
+{
+    return SettingsPreviewLayout::compute({
+        .visibleFrame = screen.visibleFrame,
+        .dialogSize = QSizeF(LauncherSettingsView::preferredSize.width(), settingsFrame().height()),
+        .dialogMinWidth = static_cast<double>(LauncherSettingsView::smallestSize.width()),
+    });
+}
+
+void AuxiliaryWindows::placeSettingsWindow()
+{
+    const std::optional<Screen> screen = activeScreen();
+    if (!screen) {
+        return;
+    }
+    const QRect frame
+        = ScreenPlane::flipped(layoutOn(*screen).dialogFrame, primaryBottom()).toAlignedRect();
+    const QSize border = m_settingsWindow->frameGeometry().size() - m_settingsWindow->size();
+    m_settingsWindow->resize(frame.size() - border);
+    m_settingsWindow->move(frame.topLeft());
+}
+
+std::optional<Screen> AuxiliaryWindows::activeScreen() const
+{
+    const Screens& screens = *m_dependencies.platform.screens;
+    const QList<Screen> all = screens.all();
+    if (const Screen* pointed = PanelPlacement::screenShowing(screens.mouseLocation(), all)) {
+        return *pointed;
+    }
+    const std::optional<Screen> main = screens.main();
+    return main || all.isEmpty() ? main : std::optional(all.front());
+}
+
+std::optional<Screen> AuxiliaryWindows::settingsScreen() const
+{
+    const Screens& screens = *m_dependencies.platform.screens;
+    const QList<Screen> all = screens.all();
+    const Screen* around = PanelPlacement::screenShowing(settingsFrame().center(), all);
+    return around ? std::optional(*around) : screens.main();
+}
+
+void AuxiliaryWindows::centerOnActiveScreen(AuxiliaryWindow& window) const
+{
+    if (const std::optional<Screen> screen = activeScreen()) {
+        window.centerIn(
+            ScreenPlane::flipped(screen->visibleFrame, primaryBottom()).toAlignedRect());
+    }
+}
+
+} // namespace Tavik

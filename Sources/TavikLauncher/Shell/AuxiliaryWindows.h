@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncher/Settings/SettingsPreviewLayout.h>
+#include <TavikLauncher/Shell/AuxiliaryWindow.h>
+#include <TavikLauncherPlatform/Screens.h>
+
+#include <QObject>
+#include <QRectF>
+
+#include <functional>
+#include <optional>
+
+namespace Tavik {
+
+class AppCatalog;
+class LauncherSettings;
+class NotificationCenter;
+struct HotKeyConfig;
+struct Platform;
+
+/// The settings, re-index, tour and permission windows: made when they are first needed, reused
+/// while they live. The settings window is kept when it closes, the others are forgotten. Owned by
+/// the application delegate.
+class AuxiliaryWindows final : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct Dependencies
+    {
+        Platform& platform;
+        LauncherSettings& settings;
+        AppCatalog& catalog;
+        NotificationCenter& notifications;
+    };
+    struct Actions
+    {
+        std::function<void()> hideLauncher;
+        std::function<void()> setupHotKey;
+        std::function<void()> openSupportPage;
+        std::function<std::optional<QString>(const HotKeyConfig&)> tryShortcut;
+        std::function<void()> settingsChangedScreen;
+        /// Called with every window that is made.
+        std::function<void(QWidget&)> windowMade;
+    };
+
+    AuxiliaryWindows(const Dependencies& dependencies, Actions actions);
+    ~AuxiliaryWindows() override;
+
+    /// Asks for the permission to watch the keyboard, unless there is one.
+    void checkAccessibilityPermission();
+    /// `markIncomplete` counts the tour as not taken until the window closes.
+    void showOnboarding(bool markIncomplete);
+    void showReindex();
+    void showSettings();
+    /// The settings window at its About section.
+    void showAbout();
+    /// Our windows appear in the taskbar, or skip it, as the preference says.
+    void applyDockVisibility();
+
+    [[nodiscard]] bool isSettingsVisible() const;
+    /// The settings window with its frame; points, y growing upwards.
+    [[nodiscard]] QRectF settingsFrame() const;
+    /// Where settings window and ring preview belong on the window's screen; absent while there is
+    /// no settings window.
+    [[nodiscard]] std::optional<SettingsPreviewLayout::Result> settingsPreviewLayout() const;
+
+private:
+    [[nodiscard]] AuxiliaryWindowPointer makeWindow(const AuxiliaryWindow::Options& options,
+                                                    QWidget* content,
+                                                    std::function<void()> onClose);
+    [[nodiscard]] AuxiliaryWindowPointer makeSettingsWindow();
+    [[nodiscard]] std::optional<Screen> activeScreen() const;
+    [[nodiscard]] std::optional<Screen> settingsScreen() const;
+    [[nodiscard]] SettingsPreviewLayout::Result layoutOn(const Screen& screen) const;
+    void placeSettingsWindow();
+    void centerOnActiveScreen(AuxiliaryWindow& window) const;
+
+    Dependencies m_dependencies;
+    Actions m_actions;
+    AuxiliaryWindowPointer m_settingsWindow;
+    AuxiliaryWindowPointer m_reindexWindow;
+    AuxiliaryWindowPointer m_onboardingWindow;
+    AuxiliaryWindowPointer m_accessibilityPermissionWindow;
+};
+
+} // namespace Tavik

@@ -181,6 +181,10 @@ private Q_SLOTS:
                 area += rect.width() * rect.height();
             }
             QVERIFY(area < 98 * 14 * 14);
+            if (frame < 20) {
+                // Every pixel of the window is a piece: nothing half transparent shows black.
+                QCOMPARE(opaquePixels(*overlays().front()), area);
+            }
         }
         mainQueue.advance(1);
         QCOMPARE(overlays().size(), 0);

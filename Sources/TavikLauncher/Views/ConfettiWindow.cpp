@@ -69,6 +69,10 @@ protected:
     void paintEvent(QPaintEvent*) override
     {
         QPainter painter(this);
+        if (!m_isBlended) {
+            paintUnblended(painter);
+            return;
+        }
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
         constexpr double radius = ConfettiBurst::pieceCornerRadius;
@@ -96,17 +100,30 @@ private:
         if (seconds >= m_burst.duration()) {
             m_frames.cancel();
         }
+        m_isBlended = m_dependencies.windowServer.isCompositing();
         QRegion now;
-        if (m_dependencies.windowServer.isCompositing()) {
+        if (m_isBlended) {
             clearMask();
             now = QRegion(boundingRect());
         } else {
-            // Nothing would be blended: what is not a piece must not be window either.
+            // What is not a piece must not be window either, and what would fade shrinks.
+            for (ConfettiBurst::Piece& piece : m_pieces) {
+                piece.scale *= piece.opacity;
+            }
             now = silhouette();
             setMask(now.isEmpty() ? QRegion(0, 0, 1, 1) : now);
         }
         update(now | m_painted);
         m_painted = now;
+    }
+
+    void paintUnblended(QPainter& painter) const
+    {
+        for (const ConfettiBurst::Piece& piece : m_pieces) {
+            for (const QRect& part : QRegion(outline(piece))) {
+                painter.fillRect(part, piece.color);
+            }
+        }
     }
 
     [[nodiscard]] QPolygon outline(const ConfettiBurst::Piece& piece) const
@@ -135,6 +152,7 @@ private:
     double m_planeBottom;
     double m_begin = 0;
     std::vector<ConfettiBurst::Piece> m_pieces;
+    bool m_isBlended = true;
     QRegion m_painted;
     Task m_frames;
     Task m_close;

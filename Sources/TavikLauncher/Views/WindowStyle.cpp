@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Views/RingStyle.h>
 #include <TavikLauncher/Views/WindowStyle.h>
 
 #include <QEvent>
@@ -87,7 +88,7 @@ QColor tint(const QPalette& palette)
 {
     // An accent that is too close to the window's colour would hide the symbol.
     constexpr int leastDifference = 40;
-    const QColor accent = palette.color(QPalette::Highlight);
+    const QColor accent = accentColor(palette);
     const QColor window = palette.color(QPalette::Window);
     const bool isVisible = std::abs(accent.lightness() - window.lightness()) >= leastDifference
         || accent.hsvSaturation() > 2 * leastDifference;

@@ -7,6 +7,7 @@
 #include <TavikLauncher/Views/SettingsWindow/SettingsSlider.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsSwitch.h>
 
+#include <QAbstractButton>
 #include <QLabel>
 #include <QLineEdit>
 

@@ -147,15 +147,17 @@ bool SwatchPopover::eventFilter(QObject* watched, QEvent* event)
     const bool isElsewhere = widget && widget != this && !isAncestorOf(widget);
     if (isVisible() && isElsewhere) {
         const QEvent::Type type = event->type();
-        // A press on the anchor would only open it again.
-        if (type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick) {
-            dismiss();
-            return widget == m_anchor;
-        }
+        const bool isPress
+            = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
+        // A press gives the anchor the focus before it arrives.
+        const bool isFocused = type == QEvent::FocusIn && widget != m_anchor;
         const bool isWindowResized = type == QEvent::Resize && widget == parentWidget();
         const bool isAnchorHidden = type == QEvent::Hide && widget == m_anchor;
-        if (type == QEvent::Wheel || type == QEvent::FocusIn || isWindowResized || isAnchorHidden) {
+        if (isPress || isFocused || type == QEvent::Wheel || isWindowResized || isAnchorHidden) {
             dismiss();
+        }
+        if (isPress && widget == m_anchor) {
+            return true; // It would only open the popover again.
         }
     }
     return QWidget::eventFilter(watched, event);

@@ -1,0 +1,11 @@
+# SPDX-License-Identifier: MIT
+if(NOT EXISTS ${MANIFEST})
+  message(FATAL_ERROR "Nothing has been installed from this build folder")
+endif()
+file(STRINGS ${MANIFEST} files)
+foreach(file IN LISTS files)
+  if(EXISTS $ENV{DESTDIR}${file} OR IS_SYMLINK $ENV{DESTDIR}${file})
+    file(REMOVE $ENV{DESTDIR}${file})
+    message(STATUS "Removed $ENV{DESTDIR}${file}")
+  endif()
+endforeach()

@@ -2,7 +2,6 @@
 #include <TavikLauncher/Shell/AppDelegate.h>
 #include <TavikLauncher/Views/LauncherPanel.h>
 #include <TavikLauncher/Views/RadialLauncherView.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsSection.h>
 #include <TavikLauncherPlatform/Platform.h>
 
 #include <QCoreApplication>
@@ -74,6 +73,8 @@ AppDelegate::~AppDelegate()
 
 void AppDelegate::applicationDidFinishLaunching()
 {
+    m_windows.applyDockVisibility();
+    installShowInDockObserver();
     m_panelController.emplace(LauncherPanelController::Dependencies{
         .catalog = m_catalog,
         .settings = m_settings,
@@ -95,8 +96,9 @@ void AppDelegate::applicationDidFinishLaunching()
     m_catalog.watchFolders();
     m_catalog.reindex();
     installStatusItem();
-    installSettingsObservers();
+    installSettingsPreviewObserver();
     installHotKeySettingsObserver();
+    installCheckForUpdatesObserver();
     installWillSleepObserver();
     installRecentAppActivationObserver();
     setupHotKey();
@@ -198,11 +200,15 @@ void AppDelegate::setupHotKey()
     }
 }
 
-void AppDelegate::installSettingsObservers()
+void AppDelegate::installShowInDockObserver()
 {
     m_showInDockObserver = m_notifications.addObserver(
         LauncherSettings::showInDockChanged,
         [this](const NotificationCenter::Notification&) { m_windows.applyDockVisibility(); });
+}
+
+void AppDelegate::installSettingsPreviewObserver()
+{
     m_settingsPreviewObserver
         = m_notifications.addObserver(LauncherSettings::previewRequestNotification,
                                       [this](const NotificationCenter::Notification&) {
@@ -212,20 +218,26 @@ void AppDelegate::installSettingsObservers()
                                       });
 }
 
+void AppDelegate::installCheckForUpdatesObserver()
+{
+    m_checkForUpdatesNowObserver = m_notifications.addObserver(
+        LauncherSettings::checkForUpdatesNow,
+        [this](const NotificationCenter::Notification&) { m_windows.explainUpdates(); });
+}
+
 void AppDelegate::installStatusItem()
 {
-    m_statusItem.emplace(
-        StatusItem::Dependencies{*m_platform.statusTray, *m_platform.mainQueue},
-        StatusItem::Actions{
-            .showAbout = [this] { m_windows.showAbout(); },
-            .showSettings = [this] { m_windows.showSettings(); },
-            .checkForUpdates = [this] { showSettings(SettingsSection::updates.toString()); },
-            .showLauncher = [this] { showLauncher(); },
-            .repeatTour = [this] { m_windows.showOnboarding(true); },
-            .showReindexWindow = [this] { m_windows.showReindex(); },
-            .openSupportPage = openSupportPage,
-            .quit = [] { QCoreApplication::quit(); },
-        });
+    m_statusItem.emplace(StatusItem::Dependencies{*m_platform.statusTray, *m_platform.mainQueue},
+                         StatusItem::Actions{
+                             .showAbout = [this] { m_windows.showAbout(); },
+                             .showSettings = [this] { m_windows.showSettings(); },
+                             .checkForUpdates = [this] { m_windows.explainUpdates(); },
+                             .showLauncher = [this] { showLauncher(); },
+                             .repeatTour = [this] { m_windows.showOnboarding(true); },
+                             .showReindexWindow = [this] { m_windows.showReindex(); },
+                             .openSupportPage = openSupportPage,
+                             .quit = [] { QCoreApplication::quit(); },
+                         });
 }
 
 /// A new user is asked for the permission first; the tour then follows when it is given.
@@ -277,6 +289,9 @@ void AppDelegate::perform(const AppRequest& request)
         break;
     case AppAction::tour:
         m_windows.showOnboarding(true);
+        break;
+    case AppAction::checkForUpdates:
+        m_windows.explainUpdates();
         break;
     case AppAction::quit:
         QCoreApplication::quit();

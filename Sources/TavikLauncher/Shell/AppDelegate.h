@@ -44,7 +44,9 @@ private:
     void installWillSleepObserver();
     void installRecentAppActivationObserver();
     void setupHotKey();
-    void installSettingsObservers();
+    void installShowInDockObserver();
+    void installSettingsPreviewObserver();
+    void installCheckForUpdatesObserver();
     void installStatusItem();
     void chooseFirstRunWindow();
     void showLauncher();
@@ -69,6 +71,7 @@ private:
     AuxiliaryWindows m_windows;
     std::optional<StatusItem> m_statusItem;
     ObserverToken m_showInDockObserver;
+    ObserverToken m_checkForUpdatesNowObserver;
     ObserverToken m_settingsPreviewObserver;
     ObserverToken m_hotKeySettingsObserver;
     ObserverToken m_willSleepObserver;

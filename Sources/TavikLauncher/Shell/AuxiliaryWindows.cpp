@@ -12,6 +12,7 @@
 #include <TavikLauncherPlatform/ScreenPlane.h>
 
 #include <QGuiApplication>
+#include <QMessageBox>
 #include <QScreen>
 #include <QWindow>
 
@@ -184,12 +185,30 @@ void AuxiliaryWindows::showSettings()
     }
     placeSettingsWindow();
     m_settingsWindow->activate();
+    // Once more with the frame that the window manager has given it.
+    m_dependencies.platform.mainQueue->post([this] { placeSettingsWindow(); });
 }
 
 void AuxiliaryWindows::showAbout()
 {
     showSettings();
     m_dependencies.notifications.post(LauncherSettings::openAboutSection);
+}
+
+void AuxiliaryWindows::explainUpdates()
+{
+    if (!m_updatesAnswer) {
+        m_updatesAnswer.reset(new QMessageBox);
+        m_updatesAnswer->setIcon(QMessageBox::Information);
+        m_updatesAnswer->setWindowTitle(u"Tavik Launcher"_s);
+        m_updatesAnswer->setText(u"This build is not updated by itself."_s);
+        m_updatesAnswer->setInformativeText(
+            u"It was made without an update feed. Newer versions come the way this one came: from "
+            u"your package manager, or from whoever built it for you."_s);
+    }
+    m_updatesAnswer->show();
+    m_updatesAnswer->raise();
+    m_updatesAnswer->activateWindow();
 }
 
 void AuxiliaryWindows::applyDockVisibility()

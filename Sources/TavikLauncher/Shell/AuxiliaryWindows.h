@@ -11,6 +11,8 @@
 #include <functional>
 #include <optional>
 
+class QMessageBox;
+
 namespace Tavik {
 
 class AppCatalog;
@@ -56,6 +58,8 @@ public:
     void showSettings();
     /// The settings window at its About section.
     void showAbout();
+    /// Answers a wish for updates: this build has no feed to ask.
+    void explainUpdates();
     /// Our windows appear in the taskbar, or skip it, as the preference says.
     void applyDockVisibility();
 
@@ -83,6 +87,7 @@ private:
     AuxiliaryWindowPointer m_reindexWindow;
     AuxiliaryWindowPointer m_onboardingWindow;
     AuxiliaryWindowPointer m_accessibilityPermissionWindow;
+    std::unique_ptr<QMessageBox, DeleteLater> m_updatesAnswer;
 };
 
 } // namespace Tavik

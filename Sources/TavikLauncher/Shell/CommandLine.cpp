@@ -20,13 +20,14 @@ struct Option
     AppAction action;
     const char16_t* help;
 };
-constexpr std::array<Option, 7> options{{
+constexpr std::array<Option, 8> options{{
     {u"--show", AppAction::showLauncher, u"show the ring"},
     {u"--toggle", AppAction::toggleLauncher, u"show the ring at the pointer, or hide it"},
     {u"--hide", AppAction::hideLauncher, u"hide the ring"},
     {u"--settings", AppAction::settings, u"open the settings, with =SECTION at that section"},
     {u"--reindex", AppAction::reindex, u"open the window that rebuilds the application index"},
     {u"--tour", AppAction::tour, u"show the tour"},
+    {u"--check-for-updates", AppAction::checkForUpdates, u"ask for a newer version"},
     {u"--quit", AppAction::quit, u"end the running launcher"},
 }};
 
@@ -36,9 +37,10 @@ QString usage()
         = u"Usage: tavik-launcher [option]\n\nWithout an option: start the launcher, or show "
           u"the ring of the one that runs.\n\n"_s;
     for (const Option& option : options) {
-        text += u"  %1 %2\n"_s.arg(QStringView(option.name), -12).arg(QStringView(option.help));
+        text += u"  %1 %2\n"_s.arg(QStringView(option.name), -20).arg(QStringView(option.help));
     }
-    return text + u"  --version    print the version\n  --help       print this text\n"_s;
+    return text
+        + u"  --version            print the version\n  --help               print this text\n"_s;
 }
 
 } // namespace

@@ -33,13 +33,14 @@ struct NamedAction
     AppAction action;
     const char16_t* name;
 };
-constexpr std::array<NamedAction, 7> namedActions{{
+constexpr std::array<NamedAction, 8> namedActions{{
     {AppAction::showLauncher, u"show-launcher"},
     {AppAction::toggleLauncher, u"toggle-launcher"},
     {AppAction::hideLauncher, u"hide-launcher"},
     {AppAction::settings, u"settings"},
     {AppAction::reindex, u"reindex"},
     {AppAction::tour, u"tour"},
+    {AppAction::checkForUpdates, u"check-for-updates"},
     {AppAction::quit, u"quit"},
 }};
 

@@ -22,6 +22,7 @@ enum class AppAction {
     settings, ///< With a section's identifier, or none.
     reindex,
     tour,
+    checkForUpdates,
     quit,
 };
 

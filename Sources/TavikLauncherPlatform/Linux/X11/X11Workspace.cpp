@@ -27,12 +27,6 @@ bool isAlive(qint64 processId)
     return kill(static_cast<pid_t>(processId), 0) == 0 || errno == EPERM;
 }
 
-/// Tells one application from another, also when it has no bundle.
-QString identityText(const RunningApplication& application)
-{
-    return application.bundlePath.value_or(QStringLiteral("pid:%1").arg(application.processId));
-}
-
 /// Reads the disk, so it runs off the main thread.
 LaunchResult launch(const FileManager& fileManager, LaunchRequest request)
 {
@@ -60,6 +54,7 @@ X11Workspace::X11Workspace(MainQueue& mainQueue, WorkQueue& workQueue, FileManag
         updateFrontmost();
     };
     updateApplications();
+    m_frontmost = frontmostIdentity();
     readEntries();
 }
 
@@ -142,6 +137,10 @@ void X11Workspace::takeEntries(const DesktopEntries& entries)
         // What was there before the entries were read is no reason to read them again.
         m_seen = {m_windows.windows().begin(), m_windows.windows().end()};
         updateApplications();
+        if (isFirst) {
+            // It has the focus since before the start: nobody has switched to it.
+            m_frontmost = frontmostIdentity();
+        }
         updateFrontmost();
     }
     if (std::exchange(m_mustReadAgain, false)) {
@@ -183,11 +182,23 @@ void X11Workspace::updateApplications()
 
 void X11Workspace::updateFrontmost()
 {
-    const std::optional<RunningApplication> application = frontmostApplication();
-    const QString identity = application ? identityText(*application) : QString();
-    if (std::exchange(m_frontmost, identity) != identity && application) {
-        m_center.post(didActivateApplication, application->bundlePath.value_or(QString()));
+    const QString identity = frontmostIdentity();
+    if (identity.isEmpty() && m_windows.activeWindow() != XCB_NONE) {
+        return; // A new window; some window managers make it active before they list it.
     }
+    if (std::exchange(m_frontmost, identity) != identity && !identity.isEmpty()) {
+        m_center.post(didActivateApplication,
+                      frontmostApplication()->bundlePath.value_or(QString()));
+    }
+}
+
+/// Tells one application from another, also when it has no bundle; empty when none has the focus.
+QString X11Workspace::frontmostIdentity() const
+{
+    const std::optional<RunningApplication> application = frontmostApplication();
+    return application
+        ? application->bundlePath.value_or(QStringLiteral("pid:%1").arg(application->processId))
+        : QString();
 }
 
 ApplicationWindow X11Workspace::describe(xcb_window_t window)

@@ -19,7 +19,8 @@ struct LaunchResult;
 
 /// The workspace on X11: an application is the windows of one desktop entry or `.app` folder. The
 /// desktop entries are read off the main thread, so for a moment after the start running
-/// applications have no bundle path; when they get one, they count as launched.
+/// applications have no bundle path; when they get one, they count as launched, but the one that
+/// has the focus then does not count as activated.
 class X11Workspace final : public QObject, public Workspace
 {
 public:
@@ -52,6 +53,7 @@ private:
     void takeEntries(const DesktopEntries& entries);
     void updateApplications();
     void updateFrontmost();
+    [[nodiscard]] QString frontmostIdentity() const;
     [[nodiscard]] ApplicationWindow describe(xcb_window_t window);
     [[nodiscard]] Identity identify(xcb_window_t window, const X11WindowFacts& facts);
     [[nodiscard]] Identity identityOf(const DesktopEntry& entry) const;

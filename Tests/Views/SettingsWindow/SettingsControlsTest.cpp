@@ -14,6 +14,7 @@
 #include <QAccessible>
 #include <QLineEdit>
 #include <QScrollBar>
+#include <QTest>
 #include <QWheelEvent>
 
 using namespace Tavik;

@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
+#include <QTest>
 
 using namespace Tavik;
 using namespace Tavik::Test;
@@ -177,6 +178,12 @@ void SettingsSectionsTest::aRecordedShortcutIsTakenOver()
     QVERIFY(!prompt.isVisible());
     QCOMPARE(fixture.settings.hotKeyConfig(), HotKeyConfig::make(0xC0000, 49));
     QCOMPARE(fixture.posted, QStringList{LauncherSettings::hotKeyChanged.toString()});
+
+    // Another section is shown: keys are keys again.
+    QTest::keyClick(&field, Qt::Key_Return);
+    fixture.view.showSection(u"hints"_s);
+    fixture.view.showSection(u"shortcut"_s);
+    QCOMPARE(field.text(), u"⌃⌥Space"_s);
 
     click(fixture, u"defaultShortcut"_s);
     QCOMPARE(fixture.settings.hotKeyConfig(), HotKeyConfig::defaultConfig());

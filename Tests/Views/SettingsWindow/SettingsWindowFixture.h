@@ -6,7 +6,7 @@
 #include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
 #include <TavikLauncherPlatform/Null/NullServices.h>
 
-#include <QTest>
+#include <QApplication>
 
 #include <Support/FakeDesktop.h>
 

@@ -64,7 +64,8 @@ SegmentedChoice::SegmentedChoice(const QStringList& titles, QWidget* parent)
 {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
+    // In line with the controls whose focus rings reach beyond them.
+    row->setContentsMargins(0, 0, focusMargin, 0);
     row->setSpacing(0);
     for (int position = 0; position < titles.size(); ++position) {
         auto* segment = new Segment(titles.at(position), this);
@@ -109,7 +110,8 @@ void SegmentedChoice::paintEvent(QPaintEvent*)
     painter.setOpacity(isEnabled() ? 1 : 0.6);
     painter.setPen(Qt::NoPen);
     painter.setBrush(look.track);
-    painter.drawRoundedRect(rect(), cornerRadius + 1, cornerRadius + 1);
+    painter.drawRoundedRect(
+        rect().adjusted(0, 0, -focusMargin, 0), cornerRadius + 1, cornerRadius + 1);
 }
 
 } // namespace Tavik

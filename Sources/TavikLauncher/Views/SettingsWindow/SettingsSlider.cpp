@@ -31,13 +31,17 @@ SettingsSlider::SettingsSlider(QWidget* parent)
 QSize SettingsSlider::sizeHint() const
 {
     constexpr int comfortableWidth = 244;
-    return {comfortableWidth, qRound(2 * endMargin) + 4};
+    constexpr int usualFontHeight = 18;
+    // Texts in a larger font need the room more.
+    const int width = comfortableWidth * usualFontHeight / std::max(fontMetrics().height(), 1);
+    return {std::clamp(width, minimumSizeHint().width(), comfortableWidth),
+            qRound(2 * endMargin) + 4};
 }
 
 QSize SettingsSlider::minimumSizeHint() const
 {
     constexpr int narrowest = 130;
-    return {narrowest, sizeHint().height()};
+    return {narrowest, qRound(2 * endMargin) + 4};
 }
 
 QPoint SettingsSlider::knobCenter(int value) const

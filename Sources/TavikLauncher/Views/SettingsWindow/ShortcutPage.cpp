@@ -89,6 +89,14 @@ public:
         follow({settings().hotKeyConfig.name()}, [this] { refresh(); });
     }
 
+protected:
+    void hideEvent(QHideEvent* event) override
+    {
+        SettingsPage::hideEvent(event);
+        // Nobody sees any more that it takes every key.
+        m_recorder.stop();
+    }
+
 private:
     void toggleRecording()
     {

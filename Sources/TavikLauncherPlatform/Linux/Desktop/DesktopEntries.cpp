@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Desktop/DesktopEntries.h>
+#include <TavikLauncherPlatform/Linux/Files/BoundedFile.h>
+#include <TavikLauncherPlatform/Linux/Files/KeyFile.h>
 
 #include <QDirIterator>
-#include <QFile>
-#include <QFileInfo>
 #include <QSet>
 
 #include <algorithm>
 #include <array>
 #include <gio/gio.h>
-#include <memory>
 #include <optional>
 
 namespace Tavik {
@@ -47,23 +46,14 @@ bool isRunner(const QString& executable)
         || std::ranges::find(runners, executable) != runners.end();
 }
 
-struct KeyFileDeleter
+QString text(const KeyFile& file, const char* key)
 {
-    void operator()(GKeyFile* file) const { g_key_file_unref(file); }
-};
-using KeyFile = std::unique_ptr<GKeyFile, KeyFileDeleter>;
-
-QString text(GKeyFile* file, const char* key)
-{
-    char* value = g_key_file_get_string(file, G_KEY_FILE_DESKTOP_GROUP, key, nullptr);
-    const QString result = QString::fromUtf8(value);
-    g_free(value);
-    return result;
+    return file.string(G_KEY_FILE_DESKTOP_GROUP, key).value_or(QString());
 }
 
-bool flag(GKeyFile* file, const char* key)
+bool flag(const KeyFile& file, const char* key)
 {
-    return g_key_file_get_boolean(file, G_KEY_FILE_DESKTOP_GROUP, key, nullptr) != FALSE;
+    return g_key_file_get_boolean(file.handle(), G_KEY_FILE_DESKTOP_GROUP, key, nullptr) != FALSE;
 }
 
 /// The base name of the program behind an "Exec" line, past an `env` with its assignments.
@@ -92,31 +82,20 @@ QString programOf(const QString& execLine)
 /// masks the same ID in the folders that follow.
 std::optional<DesktopEntry> readEntry(const QString& path, const QString& id)
 {
-    QFile file(path);
-    // Opening a pipe would wait for its other end.
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) || file.size() > largestFile) {
+    const auto bytes = BoundedFile::read(path, largestFile);
+    const std::optional<KeyFile> keys = bytes ? KeyFile::parse(*bytes) : std::nullopt;
+    if (!keys || text(*keys, G_KEY_FILE_DESKTOP_KEY_TYPE) != QLatin1String("Application")) {
         return std::nullopt;
     }
-    const QByteArray bytes = file.read(std::min(file.size(), largestFile));
-    const KeyFile keys(g_key_file_new());
-    if (g_key_file_load_from_data(keys.get(),
-                                  bytes.constData(),
-                                  static_cast<gsize>(bytes.size()),
-                                  G_KEY_FILE_NONE,
-                                  nullptr)
-            == FALSE
-        || text(keys.get(), G_KEY_FILE_DESKTOP_KEY_TYPE) != QLatin1String("Application")) {
-        return std::nullopt;
-    }
-    if (flag(keys.get(), G_KEY_FILE_DESKTOP_KEY_HIDDEN)) {
+    if (flag(*keys, G_KEY_FILE_DESKTOP_KEY_HIDDEN)) {
         return DesktopEntry{.id = id, .path = {}, .startupClass = {}, .executable = {}};
     }
     return DesktopEntry{
         .id = id,
         .path = path,
-        .startupClass = text(keys.get(), G_KEY_FILE_DESKTOP_KEY_STARTUP_WM_CLASS),
-        .executable = programOf(text(keys.get(), G_KEY_FILE_DESKTOP_KEY_EXEC)),
-        .isHidden = flag(keys.get(), G_KEY_FILE_DESKTOP_KEY_NO_DISPLAY),
+        .startupClass = text(*keys, G_KEY_FILE_DESKTOP_KEY_STARTUP_WM_CLASS),
+        .executable = programOf(text(*keys, G_KEY_FILE_DESKTOP_KEY_EXEC)),
+        .isHidden = flag(*keys, G_KEY_FILE_DESKTOP_KEY_NO_DISPLAY),
     };
 }
 

@@ -99,6 +99,24 @@ def test_holding_shows_the_ring_and_releasing_hides_it(ring, display, look):
     assert shows(ring) == 1
 
 
+@pytest.mark.parametrize(
+    "desktop_options", [{"window_manager": name} for name in ("xfwm4", "metacity", "none")],
+    ids=lambda options: options["window_manager"])
+def test_the_ring_is_typed_into_and_hidden_under_every_window_manager(ring, apps, display, desktop_options):
+    for _ in range(2):
+        with display.held(*CHORD):
+            ring.wait_open()
+            display.press("Right")
+            display.press("Left")
+        ring.wait_hidden()
+    with display.held(*CHORD):
+        ring.wait_open()
+        display.type("al")
+        ring.wait_shows(apps[0])
+    display.press("Escape")
+    ring.wait_hidden()
+
+
 def test_every_source_tells(ring, display):
     with display.held(*CHORD):
         ring.wait_open()

@@ -23,6 +23,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double focusWatchSeconds = 0.2;
+constexpr double grabRetrySeconds = 0.02;
 
 struct CommandKey
 {
@@ -180,11 +181,16 @@ void LauncherPanel::setHoldsKeyboard(bool holds)
 void LauncherPanel::updateKeyboardGrab()
 {
     QWindow* window = windowHandle();
-    // Before it is active the window may not be on the screen yet, and could not have the grab.
-    const bool grabs = m_holdsKeyboard && isVisible() && isActiveWindow();
-    if (window && grabs != m_grabsKeyboard) {
-        m_grabsKeyboard = grabs;
-        window->setKeyboardGrabEnabled(grabs);
+    const bool wanted = m_holdsKeyboard && isVisible();
+    if (window && wanted != m_grabsKeyboard) {
+        m_grabsKeyboard = window->setKeyboardGrabEnabled(wanted) && wanted;
+    }
+    if (wanted == m_grabsKeyboard) {
+        m_grabRetry.cancel();
+    } else if (!m_grabRetry.isActive()) {
+        // The window is not on the screen yet, or another program has the keyboard for a moment.
+        m_grabRetry
+            = m_dependencies.mainQueue.every(grabRetrySeconds, [this] { updateKeyboardGrab(); });
     }
 }
 

@@ -67,6 +67,7 @@ private:
     bool m_isOrderingOut = false;
     bool m_holdsKeyboard = false;
     bool m_grabsKeyboard = false;
+    Task m_grabRetry; ///< Runs while the keyboard is wanted and cannot be had.
 };
 
 } // namespace Tavik

@@ -20,7 +20,7 @@ constexpr int slotCount = 24;
 
 RingScene largestRing(double ratio)
 {
-    const Test::ColorIconDecoder icons;
+    Test::ColorIconDecoder icons;
     const IconSpriteDecoder sprites(icons);
     RingScene scene;
     scene.diameter = diameter;

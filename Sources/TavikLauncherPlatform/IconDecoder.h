@@ -17,6 +17,9 @@ public:
     /// icon is not square), for an icon drawn at `side / scale` points; the generic application
     /// icon when the source cannot be read. Never null.
     [[nodiscard]] virtual QImage decode(const AppIcon& icon, int side, double scale) const = 0;
+
+    /// Takes in what has been installed since, for the decodings that start from now on.
+    virtual void reload() { }
 };
 
 } // namespace Tavik

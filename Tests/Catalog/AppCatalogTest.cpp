@@ -213,11 +213,16 @@ void AppCatalogTest::changedFoldersAreWalkedAgain()
     m_work->runAll();
     m_catalog->watchFolders();
     QCOMPARE(m_files->watched, QStringList{u"/A"_s});
+    QSignalSpy foldersChanged(m_catalog.get(), &AppCatalog::foldersChanged);
+    m_catalog->reindex();
+    m_work->runAll();
+    QCOMPARE(foldersChanged.count(), 0);
     installOnDisk({u"Walked"_s, u"New"_s});
     m_files->folderChanged();
     m_work->runAll();
     QCOMPARE(names(), QStringList({u"New"_s, u"Walked"_s}));
     QVERIFY(!m_catalog->isIndexing());
+    QCOMPARE(foldersChanged.count(), 1);
 }
 
 void AppCatalogTest::aChangeDuringAWalkIsWalkedOnceMore()

@@ -24,7 +24,9 @@ public:
         return icon.source == u"null"_s ? QImage()
                                         : QImage(side, side, QImage::Format_ARGB32_Premultiplied);
     }
+    void reload() override { ++reloads; }
     mutable QStringList decoded;
+    int reloads = 0;
 };
 
 QList<AppIcon> numbered(int count, const QString& prefix = u"icon"_s)
@@ -165,6 +167,8 @@ void AppIconCacheTest::aThemeChangeDecodesAnew()
     QSignalSpy ready(m_cache.get(), &AppIconCache::imageReady);
     m_cache->invalidate();
     QCOMPARE(ready.count(), 1);
+    QCOMPARE(m_decoder->reloads, 1);
+    QVERIFY(!m_cache->image(AppIcon{u"ring"_s}, 50, 1).isNull()); // No gap in the ring meanwhile.
     StepWorkQueue::finish(outdated);
     QVERIFY(m_cache->image(AppIcon{u"late"_s}, 50, 1).isNull());
     m_work->runAll();

@@ -26,7 +26,7 @@ private Q_SLOTS:
     {
         QFETCH(int, side);
         QFETCH(double, scale);
-        const ColorIconDecoder icons;
+        ColorIconDecoder icons;
         const QImage sprite = IconSpriteDecoder(icons).decode({u"red"_s}, side, scale);
         const int margin = (sprite.width() - side) / 2;
         const int middle = sprite.width() / 2;

@@ -109,6 +109,7 @@ void AppCatalog::handleFolderChange()
     // A folder that the running walk has left behind already may be the one that changed.
     m_foldersChangedDuringWalk = m_isIndexing;
     reindex();
+    Q_EMIT foldersChanged();
 }
 
 void AppCatalog::publish(const QList<IndexedApp>& apps)

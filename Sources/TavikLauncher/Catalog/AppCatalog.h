@@ -61,6 +61,8 @@ public:
 Q_SIGNALS:
     void appsChanged();
     void isIndexingChanged();
+    /// Applications were installed, replaced or removed, so their icons may be others too.
+    void foldersChanged();
 
 private:
     void loadCache();

@@ -53,8 +53,10 @@ AppIconCache::AppIconCache(IconDecoder& decoder, WorkQueue& workQueue, QObject* 
 QImage AppIconCache::image(const AppIcon& icon, int sidePixels, double scale)
 {
     const Key key = keyFor(icon, sidePixels, scale);
-    if (const QImage* image = m_images.object(key)) {
-        return *image;
+    const QImage* known = m_images.object(key);
+    const QImage image = known ? *known : QImage();
+    if (isCurrent(key)) {
+        return image;
     }
     m_ahead.removeOne(key);
     if (!isUnderWay(key)) {
@@ -64,7 +66,7 @@ QImage AppIconCache::image(const AppIcon& icon, int sidePixels, double scale)
         }
         startJobs();
     }
-    return {};
+    return image;
 }
 
 void AppIconCache::prefetch(const QList<AppIcon>& icons, int sidePixels, double scale)
@@ -84,7 +86,7 @@ void AppIconCache::prefetch(const QList<AppIcon>& icons, int sidePixels, double 
         seen.insert(key);
         room -= cost(key.side);
         m_prefetched.append(key);
-        if (!m_images.contains(key) && !m_ahead.contains(key) && !isUnderWay(key)) {
+        if (!isCurrent(key) && !m_ahead.contains(key) && !isUnderWay(key)) {
             m_ahead.append(key);
         }
     }
@@ -94,7 +96,9 @@ void AppIconCache::prefetch(const QList<AppIcon>& icons, int sidePixels, double 
 void AppIconCache::invalidate()
 {
     ++m_generation;
-    m_images.clear();
+    m_decoder.reload();
+    const QList<Key> known = m_images.keys();
+    m_outdated = QSet<Key>(known.cbegin(), known.cend());
     m_decoding.clear();
     m_wanted.clear();
     m_ahead = m_prefetched;
@@ -152,6 +156,7 @@ void AppIconCache::finishBatch(const QList<Decoded>& batch, int generation)
     if (generation == m_generation) {
         for (const auto& [key, image] : batch) {
             m_decoding.remove(key);
+            m_outdated.remove(key);
             keepPrefetched();
             // An empty image would be asked for, and decoded, again and again.
             const QImage kept = image.isNull() ? transparentImage(key.side) : image;
@@ -177,6 +182,11 @@ void AppIconCache::keepPrefetched()
 bool AppIconCache::isUnderWay(const Key& key) const
 {
     return m_decoding.contains(key) || m_wanted.contains(key);
+}
+
+bool AppIconCache::isCurrent(const Key& key) const
+{
+    return m_images.contains(key) && !m_outdated.contains(key);
 }
 
 } // namespace Tavik

@@ -32,7 +32,8 @@ public:
     [[nodiscard]] QImage image(const AppIcon& icon, int sidePixels, double scale);
     /// Decodes `icons` ahead, the first ones first, but after what `image` asks for.
     void prefetch(const QList<AppIcon>& icons, int sidePixels, double scale);
-    /// Forgets every image and decodes the prefetched ones anew; for a change of the icon theme.
+    /// For a change of the installed icons: every image is decoded anew, the prefetched ones at
+    /// once. Until then the old ones stand in.
     void invalidate();
 
 Q_SIGNALS:
@@ -61,10 +62,12 @@ private:
     void finishBatch(const QList<Decoded>& batch, int generation);
     void keepPrefetched();
     [[nodiscard]] bool isUnderWay(const Key& key) const;
+    [[nodiscard]] bool isCurrent(const Key& key) const;
 
     IconDecoder& m_decoder;
     WorkQueue& m_workQueue;
     QCache<Key, QImage> m_images; ///< Its cost is in bytes.
+    QSet<Key> m_outdated; ///< Of the images, those from before the last invalidation.
     double m_largestScale = 1;
     QList<Key> m_prefetched; ///< The latest first; they fit into half of the cache.
     QList<Key> m_wanted; ///< Asked for to be drawn, waiting for a job.

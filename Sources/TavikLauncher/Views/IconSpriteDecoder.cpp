@@ -68,7 +68,7 @@ QImage shadowOf(const QImage& image, int radius)
 
 } // namespace
 
-IconSpriteDecoder::IconSpriteDecoder(const IconDecoder& icons)
+IconSpriteDecoder::IconSpriteDecoder(IconDecoder& icons)
     : m_icons(icons)
 { }
 

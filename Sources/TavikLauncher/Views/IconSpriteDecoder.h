@@ -11,14 +11,15 @@ class IconSpriteDecoder final : public IconDecoder
 {
 public:
     /// `icons` must outlive this object.
-    explicit IconSpriteDecoder(const IconDecoder& icons);
+    explicit IconSpriteDecoder(IconDecoder& icons);
 
     /// The sprite for an icon of `side` device pixels; larger than that by the shadow's margin, its
     /// device pixel ratio set to `scale`.
     [[nodiscard]] QImage decode(const AppIcon& icon, int side, double scale) const override;
+    void reload() override { m_icons.reload(); }
 
 private:
-    const IconDecoder& m_icons;
+    IconDecoder& m_icons;
 };
 
 } // namespace Tavik

@@ -87,6 +87,10 @@ void RadialLauncherView::connectSurroundings()
     });
     connect(
         &m_dependencies.ring.catalog, &AppCatalog::appsChanged, this, [this] { prefetchIcons(); });
+    connect(&m_dependencies.ring.catalog,
+            &AppCatalog::foldersChanged,
+            &m_icons,
+            &AppIconCache::invalidate);
     connect(&m_icons, &AppIconCache::imageReady, this, [this] { refreshAppearance(); });
 }
 

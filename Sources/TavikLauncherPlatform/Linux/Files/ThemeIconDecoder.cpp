@@ -21,16 +21,9 @@ constexpr double maxScale = 8;
 } // namespace
 
 ThemeIconDecoder::ThemeIconDecoder(QString themeName, IconFolders folders)
-    : m_folders(std::move(folders))
-    , m_themeName(std::move(themeName))
+    : m_themeName(std::move(themeName))
+    , m_folders(std::move(folders))
 { }
-
-void ThemeIconDecoder::setThemeName(const QString& themeName)
-{
-    const QMutexLocker lock(&m_mutex);
-    m_themeName = themeName;
-    m_theme.reset();
-}
 
 QImage ThemeIconDecoder::decode(const AppIcon& icon, int side, double scale) const
 {
@@ -52,6 +45,12 @@ QImage ThemeIconDecoder::decode(const AppIcon& icon, int side, double scale) con
         return image;
     }
     return GenericIcon::draw(pixels);
+}
+
+void ThemeIconDecoder::reload()
+{
+    const QMutexLocker lock(&m_mutex);
+    m_theme.reset();
 }
 
 IconTheme ThemeIconDecoder::theme() const

@@ -19,18 +19,16 @@ class ThemeIconDecoder final : public IconDecoder
 public:
     explicit ThemeIconDecoder(QString themeName, IconFolders folders = IconFolders::ofSession());
 
-    /// Changes the theme for the decodings that start from now on, and reads its index anew, so the
-    /// same name again takes in themes and folders installed since.
-    void setThemeName(const QString& themeName);
-
     [[nodiscard]] QImage decode(const AppIcon& icon, int side, double scale) const override;
+    /// Reads the theme's index anew.
+    void reload() override;
 
 private:
     [[nodiscard]] IconTheme theme() const;
 
+    const QString m_themeName;
     const IconFolders m_folders;
-    mutable QMutex m_mutex; ///< Guards what follows.
-    QString m_themeName;
+    mutable QMutex m_mutex; ///< Guards the theme.
     mutable std::optional<IconTheme> m_theme; ///< Loaded by the first decoding.
 };
 

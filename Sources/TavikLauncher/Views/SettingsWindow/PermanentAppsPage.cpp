@@ -212,7 +212,9 @@ private:
     void addResult(int row)
     {
         if (row >= 0 && row < m_results.rowCount()) {
-            add(m_results.paths().at(row));
+            // Adding it takes it from the list.
+            const QString path = m_results.paths().at(row);
+            add(path);
         }
     }
 

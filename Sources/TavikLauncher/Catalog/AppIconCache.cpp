@@ -24,9 +24,13 @@ constexpr int maxRunningJobs = 2;
 /// Fast typing through a long catalog asks for icons that are out of sight before their turn comes.
 constexpr qsizetype maxWanted = 256;
 
-qsizetype cost(int side)
+/// What an image that is not there yet will take up, at most.
+qsizetype expectedCost(int sidePixels, double scale)
 {
-    return qsizetype{side} * side * bytesPerPixel;
+    // A decoder may draw a shadow around the icon, which at small sizes doubles the image's area.
+    constexpr double shadowMargin = 8; // Points.
+    const auto side = sidePixels + static_cast<qsizetype>(std::ceil(2 * shadowMargin * scale));
+    return side * side * bytesPerPixel;
 }
 
 QImage transparentImage(int side)
@@ -80,11 +84,12 @@ void AppIconCache::prefetch(const QList<AppIcon>& icons, int sidePixels, double 
     qsizetype room = m_images.maxCost() / 2;
     QSet<Key> seen;
     for (const Key& key : candidates) {
-        if (seen.contains(key) || cost(key.side) > room) {
+        const qsizetype cost = expectedCost(key.side, key.scale);
+        if (seen.contains(key) || cost > room) {
             continue;
         }
         seen.insert(key);
-        room -= cost(key.side);
+        room -= cost;
         m_prefetched.append(key);
         if (!isCurrent(key) && !m_ahead.contains(key) && !isUnderWay(key)) {
             m_ahead.append(key);

@@ -6,6 +6,7 @@
 
 #include <Support/FileTree.h>
 #include <Support/VirtualMainQueue.h>
+#include <filesystem>
 
 using namespace Tavik;
 using namespace Tavik::Test;
@@ -24,6 +25,8 @@ private Q_SLOTS:
     void aFolderThatAppearsIsReported();
     void otherThingsInAParentFolderAreNot();
     void aFolderThatGoesAndComesBackIsReported();
+    void aFolderThatTakesItsPlaceIsWatched_data();
+    void aFolderThatTakesItsPlaceIsWatched();
     void packagesAndHiddenFoldersAreNotLookedInto();
     void nothingIsReportedAfterItsEnd();
 
@@ -147,6 +150,44 @@ void FolderWatcherTest::aFolderThatGoesAndComesBackIsReported()
     QVERIFY(noticed());
     m_queue->advance(1.1);
     QCOMPARE(m_reports, 2);
+}
+
+void FolderWatcherTest::aFolderThatTakesItsPlaceIsWatched_data()
+{
+    QTest::addColumn<QString>("watched");
+    QTest::addColumn<QString>("placed"); // Is renamed to …
+    QTest::addColumn<QString>("place"); // … this.
+    QTest::newRow("folder") << u"one/apps"_s << u"two/apps"_s << u"one/apps"_s;
+    QTest::newRow("folder below") << u"one"_s << u"two/apps"_s << u"one/apps"_s;
+    QTest::newRow("link on the way") << u"here/apps"_s << u"there"_s << u"here"_s;
+    QTest::newRow("link behind a link") << u"link/apps"_s << u"there"_s << u"here"_s;
+}
+
+void FolderWatcherTest::aFolderThatTakesItsPlaceIsWatched()
+{
+    QFETCH(QString, watched);
+    QFETCH(QString, placed);
+    QFETCH(QString, place);
+    m_tree->makeFolder(u"one/apps/sub"_s);
+    m_tree->makeFolder(u"two/apps/sub"_s);
+    m_tree->link(m_tree->path(u"one"_s), u"here"_s);
+    m_tree->link(m_tree->path(u"two"_s), u"there"_s);
+    m_tree->link(u"../here"_s, u"else/link"_s);
+    m_tree->link(u"else/link"_s, u"link"_s);
+    watch(watched);
+    std::filesystem::rename(m_tree->path(place).toStdString(),
+                            m_tree->path(u"old"_s).toStdString());
+    std::filesystem::rename(m_tree->path(placed).toStdString(), m_tree->path(place).toStdString());
+    QVERIFY(noticed());
+    m_queue->advance(1.1);
+    QCOMPARE(m_reports, 1);
+    waitForNotifications();
+    m_queue->advance(1.1);
+    m_reports = 0;
+    m_tree->write((watched == u"one"_s ? u"one/apps"_s : watched) + u"/sub/a.desktop"_s);
+    QVERIFY(noticed());
+    m_queue->advance(1.1);
+    QCOMPARE(m_reports, 1);
 }
 
 void FolderWatcherTest::packagesAndHiddenFoldersAreNotLookedInto()

@@ -2,13 +2,14 @@
 #include <TavikLauncherPlatform/Linux/Files/FolderWatcher.h>
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QSet>
 
-#include <algorithm>
 #include <utility>
 
 #include <sys/inotify.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace Tavik {
@@ -32,33 +33,48 @@ bool hasKernelNotifications()
     return true;
 }
 
-QString nearestExisting(QString folder)
+QString childOf(const QString& folder, const QString& name)
 {
-    while (folder.size() > 1 && !QFileInfo(folder).isDir()) {
-        folder = folder.first(std::max<qsizetype>(folder.lastIndexOf(u'/'), 1));
-    }
-    return folder;
+    return folder.endsWith(u'/') ? folder + name : folder + u'/' + name;
 }
 
-/// Adds `folder` and what a walk would visit below it, the upper levels first.
-void collect(const QString& folder, QStringList& watched)
+/// Adds where a change can put another folder in the place of `folder`: what holds the links on the
+/// way to it, and what holds the folder itself, or the part of the way that does not exist yet.
+void addTurningPoints(const QString& folder, QStringList& points)
 {
-    QStringList level{folder};
-    while (!level.isEmpty() && watched.size() < maxWatches) {
-        QStringList below;
-        for (const QString& directory :
-             level.first(std::min(level.size(), maxWatches - watched.size()))) {
-            watched.append(directory);
-            const QStringList names = QDir(directory).entryList(
-                QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks, QDir::Name);
-            for (const QString& name : names) {
-                if (!name.endsWith(".app"_L1)) {
-                    below.append(directory + u'/' + name);
-                }
-            }
+    constexpr int mostLinks = 40; // What the kernel follows.
+    int links = 0;
+    QString holder;
+    QString reached = u"/"_s;
+    QStringList ahead = folder.split(u'/', Qt::SkipEmptyParts);
+    while (!ahead.isEmpty()) {
+        holder = reached;
+        const QFileInfo next(childOf(reached, ahead.takeFirst()));
+        if (next.isSymLink() && ++links <= mostLinks) {
+            points.append(holder);
+            ahead = next.symLinkTarget().split(u'/', Qt::SkipEmptyParts) + ahead;
+            reached = u"/"_s;
+        } else if (next.isDir()) {
+            reached = next.filePath();
+        } else {
+            break;
         }
-        level = std::move(below);
     }
+    points.append(holder);
+}
+
+/// The folders below that a walk would visit.
+QStringList foldersBelow(const QString& folder)
+{
+    QStringList below;
+    const QStringList names
+        = QDir(folder).entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks, QDir::Name);
+    for (const QString& name : names) {
+        if (!name.endsWith(".app"_L1)) {
+            below.append(childOf(folder, name));
+        }
+    }
+    return below;
 }
 
 } // namespace
@@ -83,9 +99,9 @@ FolderWatcher::FolderWatcher(MainQueue& mainQueue,
 
 void FolderWatcher::handleChange(const QString& directory)
 {
-    if (isInside(directory)) {
+    if (m_watches.value(directory).isInside) {
         m_sawChange = true;
-    } else if (anchors() == m_anchors) {
+    } else if (placesOf(m_folders) == m_places) {
         // Something else in a parent folder, which may be as busy as the home folder.
         return;
     }
@@ -99,60 +115,85 @@ void FolderWatcher::handleChange(const QString& directory)
 void FolderWatcher::settle()
 {
     m_unsettledSince.reset();
-    const QStringList before = m_existing;
+    const QList<Identity> before = m_places.folders;
     // The watches come first: what changes from here on is noticed, what came before is found by
     // whoever looks after this report.
     updateWatches();
-    if (std::exchange(m_sawChange, false) || m_existing != before) {
+    if (std::exchange(m_sawChange, false) || m_places.folders != before) {
         m_changed();
     }
 }
 
 void FolderWatcher::updateWatches()
 {
-    m_anchors = anchors();
-    m_existing = existingFolders();
-    QStringList wanted;
-    for (const QString& folder : std::as_const(m_existing)) {
-        collect(folder, wanted);
+    m_places = placesOf(m_folders);
+    const Watches wanted = wantedWatches(m_folders, m_places.turningPoints);
+    QStringList missing = wanted.keys();
+    QStringList surplus;
+    for (const QString& path : m_watcher->directories()) {
+        // A watch holds on to the folder that was there when it was made.
+        const auto found = wanted.constFind(path);
+        if (found != wanted.cend() && found->identity == m_watches.value(path).identity) {
+            missing.removeOne(path);
+        } else {
+            surplus.append(path);
+        }
     }
-    wanted.append(m_anchors);
-    wanted.removeDuplicates();
-
-    const QStringList watched = m_watcher->directories();
-    const QSet<QString> wantedSet(wanted.cbegin(), wanted.cend());
-    const QSet<QString> watchedSet(watched.cbegin(), watched.cend());
-    const QSet<QString> surplus = watchedSet - wantedSet;
-    const QSet<QString> missing = wantedSet - watchedSet;
     if (!surplus.isEmpty()) {
-        m_watcher->removePaths(surplus.values());
+        m_watcher->removePaths(surplus);
     }
     if (!missing.isEmpty()) {
-        m_watcher->addPaths(missing.values());
+        m_watcher->addPaths(missing);
     }
+    m_watches = wanted;
 }
 
-QStringList FolderWatcher::anchors() const
+FolderWatcher::Identity FolderWatcher::identityOf(const QString& folder)
 {
-    QStringList anchors;
-    std::ranges::transform(m_folders, std::back_inserter(anchors), nearestExisting);
-    return anchors;
+    struct stat status = {};
+    const bool isFolder
+        = ::stat(QFile::encodeName(folder).constData(), &status) == 0 && S_ISDIR(status.st_mode);
+    return isFolder ? Identity(status.st_dev, status.st_ino) : Identity();
 }
 
-QStringList FolderWatcher::existingFolders() const
+FolderWatcher::Places FolderWatcher::placesOf(const QStringList& folders)
 {
-    QStringList existing;
-    std::ranges::copy_if(m_folders, std::back_inserter(existing), [](const QString& folder) {
-        return QFileInfo(folder).isDir();
-    });
-    return existing;
+    Places places;
+    for (const QString& folder : folders) {
+        places.folders.append(identityOf(folder));
+        addTurningPoints(folder, places.turningPoints);
+    }
+    return places;
 }
 
-bool FolderWatcher::isInside(const QString& directory) const
+FolderWatcher::Watches FolderWatcher::wantedWatches(const QStringList& folders,
+                                                    const QStringList& turningPoints)
 {
-    return std::ranges::any_of(m_existing, [&directory](const QString& folder) {
-        return directory == folder || directory.startsWith(folder + u'/');
-    });
+    Watches watches;
+    QSet<Identity> known{Identity()};
+    const auto add = [&watches, &known](const QString& path, bool isInside) {
+        // Under two paths the kernel would still report a folder's changes under one only.
+        const Identity identity = identityOf(path);
+        if (known.contains(identity)) {
+            return false;
+        }
+        known.insert(identity);
+        watches.insert(path, {.identity = identity, .isInside = isInside});
+        return true;
+    };
+    for (QStringList level = folders; !level.isEmpty();) {
+        QStringList below;
+        for (const QString& folder : std::as_const(level)) {
+            if (watches.size() < maxWatches && add(folder, true)) {
+                below.append(foldersBelow(folder));
+            }
+        }
+        level = std::move(below);
+    }
+    for (const QString& folder : turningPoints) {
+        add(folder, false);
+    }
+    return watches;
 }
 
 } // namespace Tavik

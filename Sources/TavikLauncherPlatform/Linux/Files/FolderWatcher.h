@@ -5,18 +5,22 @@
 #include <TavikLauncherPlatform/MainQueue.h>
 
 #include <QFileSystemWatcher>
+#include <QHash>
+#include <QList>
 #include <QObject>
 #include <QStringList>
 
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 
 namespace Tavik {
 
-/// Notices what comes and goes in folders and below them, through the kernel's notifications.
-/// Where a folder does not exist yet, its nearest existing parent is watched instead. Never polls:
-/// without notifications it stays silent. A file rewritten in place is not noticed.
+/// Notices what comes and goes in folders and below them, through the kernel's notifications, and
+/// when another folder takes a folder's place: by its coming to exist, by a rename, or by a link on
+/// the way that leads elsewhere. Never polls: without notifications it stays silent. A file
+/// rewritten in place is not noticed.
 class FolderWatcher final : public QObject, public FolderWatch
 {
     Q_OBJECT
@@ -26,19 +30,35 @@ public:
     FolderWatcher(MainQueue& mainQueue, QStringList folders, std::function<void()> changed);
 
 private:
+    using Identity = std::pair<quint64, quint64>; ///< Device and inode; zeros for no folder.
+    struct Watched
+    {
+        Identity identity;
+        bool isInside = false; ///< One of the folders or below, not on the way to them.
+    };
+    using Watches = QHash<QString, Watched>; ///< By path; each folder once.
+    /// Where the folders are.
+    struct Places
+    {
+        QList<Identity> folders;
+        QStringList turningPoints; ///< Where a change can make them other folders.
+
+        bool operator==(const Places&) const = default;
+    };
+
     void handleChange(const QString& directory);
     void settle();
     void updateWatches();
-    [[nodiscard]] QStringList anchors() const;
-    [[nodiscard]] QStringList existingFolders() const;
-    [[nodiscard]] bool isInside(const QString& directory) const;
+    static Identity identityOf(const QString& folder);
+    static Places placesOf(const QStringList& folders);
+    static Watches wantedWatches(const QStringList& folders, const QStringList& turningPoints);
 
     MainQueue& m_mainQueue;
     QStringList m_folders;
     std::function<void()> m_changed;
     std::unique_ptr<QFileSystemWatcher> m_watcher; ///< Null when the kernel has no room for it.
-    QStringList m_anchors; ///< By folder: itself, or the nearest parent that exists.
-    QStringList m_existing; ///< The folders that existed at the last look.
+    Places m_places; ///< At the last look.
+    Watches m_watches;
     bool m_sawChange = false;
     std::optional<double> m_unsettledSince;
     Task m_settling;

@@ -12,9 +12,11 @@ from Xlib import X
 from Xlib import display as xlib_display
 from Xlib.ext import xtest
 
+from harness.accessibility import find
 from harness.waiting import stays, wait_until
 
 CONTROL_ALT = 0xC0000
+CONTROL_SHIFT = 0x60000
 NAMES = ("Alder", "Birch", "Dog Rose", "Dogwood")
 CHORD = ("ctrl", "alt")
 CHORD_PLACES = (37, 64)
@@ -439,3 +441,28 @@ def test_other_programs_get_their_keys_back_when_the_chord_ends(ring, display):
     ring.wait_open()
     stays(ring.is_shown, "the ring is pinned")
     wait_until(keyboard_is_free, "the keyboard is free again")
+
+
+def test_a_shortcut_changed_while_it_is_held_lets_go_and_the_new_one_serves(launcher, apps, desktop, display):
+    launcher.pin(*apps)
+    use_shortcut(launcher, CONTROL_SHIFT)
+    launcher.start(environment={"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"})
+    wait_until(lambda: REGISTERED in desktop.log("launcher"), "the chord is watched for")
+    launcher.command("--settings=shortcut")
+    wait_until(lambda: find(desktop, "Use Default Shortcut"), "the settings are open")
+    x, y, width, height = find(desktop, "Use Default Shortcut")["place"]
+
+    display.move_pointer(x, y + 350)
+    with display.held("ctrl", "shift"):
+        launcher.wait_open()
+        display.move_pointer(x + width // 2, y + height // 2)
+        display.click()
+        wait_until(lambda: desktop.log("launcher").count(REGISTERED) == 2, "the new chord is watched for")
+        launcher.wait_hidden()
+        stays(lambda: not launcher.is_shown(), "the ring is hidden while the old chord is still down")
+    before = shows(launcher)
+    tap(display, "ctrl", "shift")
+    stays(lambda: shows(launcher) == before, "the old chord does nothing")
+    with display.held(*CHORD):
+        launcher.wait_open()
+    launcher.wait_hidden()

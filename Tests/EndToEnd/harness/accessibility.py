@@ -22,6 +22,12 @@ def flatten(node):
         yield from flatten(child)
 
 
+def find(desktop, name):
+    """The first accessible object of that name that has a place on the screen, or None."""
+    nodes = (node for program in trees(desktop) for node in flatten(program))
+    return next((node for node in nodes if node["name"] == name and node["place"]), None)
+
+
 def _read():
     import gi
 
@@ -30,13 +36,16 @@ def _read():
 
     def describe(node, depth=0):
         states = node.get_state_set()
-        children = range(min(node.get_child_count(), 200)) if depth < 12 else ()
+        children = range(min(node.get_child_count(), 200)) if depth < 24 else ()
         text = node.get_text_iface()
+        component = node.get_component_iface()
+        place = component.get_extents(Atspi.CoordType.SCREEN) if component else None
         return {
             "role": node.get_role_name(),
             "name": node.get_name() or "",
             "description": node.get_description() or "",
             "states": sorted(state.value_nick for state in states.get_states()),
+            "place": [place.x, place.y, place.width, place.height] if place else None,
             "text": Atspi.Text.get_text(text, 0, -1) if text else "",
             "children": [describe(child, depth + 1) for i in children if (child := node.get_child_at_index(i))],
         }

@@ -33,8 +33,8 @@ private Q_SLOTS:
 private:
     void watch(const QString& inner)
     {
-        m_watcher = std::make_unique<FolderWatcher>(
-            *m_queue, QStringList{m_tree->path(inner)}, [this] { ++m_reports; });
+        m_watcher = std::make_unique<FolderWatcher>(*m_queue, QStringList{m_tree->path(inner)});
+        connect(m_watcher.get(), &FolderWatcher::changed, this, [this] { ++m_reports; });
     }
     /// True once a change is being settled.
     [[nodiscard]] bool noticed() const

@@ -31,6 +31,7 @@ private Q_SLOTS:
     void bundlesAreReadOnSeveralThreadsAtOnce();
     void theSessionsFoldersComeInOrder();
     void theSupportFolderIsMade();
+    void everyoneWhoWatchesAFolderIsTold();
     void filesAreReplacedAsAWholeAndReadUpToABound();
     void onlyOrdinaryFilesAreReplaced_data();
     void onlyOrdinaryFilesAreReplaced();
@@ -209,6 +210,25 @@ void LinuxFileManagerTest::theSupportFolderIsMade()
     const auto failed = LinuxFileManager(queue).applicationSupportFolder();
     QVERIFY(failed.path.isEmpty());
     QCOMPARE(failed.error, u"Not a directory"_s);
+}
+
+void LinuxFileManagerTest::everyoneWhoWatchesAFolderIsTold()
+{
+    const FileTree tree;
+    int first = 0;
+    int second = 0;
+    auto early = m_files.watch({tree.path()}, [&first] { ++first; });
+    const auto late = m_files.watch({tree.path()}, [&second] { ++second; });
+    const auto change = [this, &tree](const QString& file) {
+        tree.write(file);
+        QVERIFY(QTest::qWaitFor([this] { return m_queue.pendingTasks() > 0; }, 3000));
+        m_queue.advance(1.1);
+    };
+    change(u"a.desktop"_s);
+    early.reset();
+    change(u"b.desktop"_s);
+    QCOMPARE(first, 1);
+    QCOMPARE(second, 2);
 }
 
 void LinuxFileManagerTest::filesAreReplacedAsAWholeAndReadUpToABound()

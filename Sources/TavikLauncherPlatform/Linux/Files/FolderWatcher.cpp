@@ -79,12 +79,9 @@ QStringList foldersBelow(const QString& folder)
 
 } // namespace
 
-FolderWatcher::FolderWatcher(MainQueue& mainQueue,
-                             QStringList folders,
-                             std::function<void()> changed)
+FolderWatcher::FolderWatcher(MainQueue& mainQueue, QStringList folders)
     : m_mainQueue(mainQueue)
     , m_folders(std::move(folders))
-    , m_changed(std::move(changed))
 {
     m_folders.removeIf([](const QString& folder) { return !folder.startsWith(u'/'); });
     if (hasKernelNotifications()) {
@@ -120,7 +117,7 @@ void FolderWatcher::settle()
     // whoever looks after this report.
     updateWatches();
     if (std::exchange(m_sawChange, false) || m_places.folders != before) {
-        m_changed();
+        Q_EMIT changed();
     }
 }
 

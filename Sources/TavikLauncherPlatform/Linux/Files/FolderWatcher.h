@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <TavikLauncherPlatform/FileManager.h>
 #include <TavikLauncherPlatform/MainQueue.h>
 
 #include <QFileSystemWatcher>
@@ -10,7 +9,6 @@
 #include <QObject>
 #include <QStringList>
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -21,13 +19,16 @@ namespace Tavik {
 /// when another folder takes a folder's place: by its coming to exist, by a rename, or by a link on
 /// the way that leads elsewhere. Never polls: without notifications it stays silent. A file
 /// rewritten in place is not noticed.
-class FolderWatcher final : public QObject, public FolderWatch
+class FolderWatcher final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Calls `changed` when changes have settled for a second, or have gone on for five.
-    FolderWatcher(MainQueue& mainQueue, QStringList folders, std::function<void()> changed);
+    FolderWatcher(MainQueue& mainQueue, QStringList folders);
+
+Q_SIGNALS:
+    /// Changes have settled for a second, or have gone on for five.
+    void changed();
 
 private:
     using Identity = std::pair<quint64, quint64>; ///< Device and inode; zeros for no folder.
@@ -55,7 +56,6 @@ private:
 
     MainQueue& m_mainQueue;
     QStringList m_folders;
-    std::function<void()> m_changed;
     std::unique_ptr<QFileSystemWatcher> m_watcher; ///< Null when the kernel has no room for it.
     Places m_places; ///< At the last look.
     Watches m_watches;

@@ -25,6 +25,10 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+/// One of those that a watcher tells of changes.
+class Listener final : public QObject, public FolderWatch
+{ };
+
 struct CloseDirectory
 {
     void operator()(DIR* directory) const { ::closedir(directory); }
@@ -79,6 +83,8 @@ LinuxFileManager::LinuxFileManager(MainQueue& mainQueue, QStringList application
     , m_applicationFolders(std::move(applicationFolders))
     , m_supportFolder(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation))
 { }
+
+LinuxFileManager::~LinuxFileManager() = default;
 
 QStringList LinuxFileManager::sessionApplicationFolders()
 {
@@ -159,7 +165,13 @@ FileManager::FolderResult LinuxFileManager::applicationSupportFolder() const
 std::unique_ptr<FolderWatch> LinuxFileManager::watch(const QStringList& folders,
                                                      std::function<void()> changed)
 {
-    return std::make_unique<FolderWatcher>(m_mainQueue, folders, std::move(changed));
+    std::unique_ptr<FolderWatcher>& watcher = m_watchers[folders];
+    if (!watcher) {
+        watcher = std::make_unique<FolderWatcher>(m_mainQueue, folders);
+    }
+    auto listener = std::make_unique<Listener>();
+    QObject::connect(watcher.get(), &FolderWatcher::changed, listener.get(), std::move(changed));
+    return listener;
 }
 
 /// The path below the applications folder that holds the entry, with '-' for every '/'.

@@ -3,8 +3,11 @@
 
 #include <TavikLauncherPlatform/FileManager.h>
 
+#include <map>
+
 namespace Tavik {
 
+class FolderWatcher;
 class MainQueue;
 
 /// The file system of a freedesktop system: applications are `.app` folders and desktop entries.
@@ -15,6 +18,7 @@ public:
     /// `applicationFolders` are this session's unless the caller has others.
     explicit LinuxFileManager(MainQueue& mainQueue,
                               QStringList applicationFolders = sessionApplicationFolders());
+    ~LinuxFileManager() override;
 
     /// The `.app` folders' three places, then `applications` in the user's and the system's data
     /// folders, the most important first.
@@ -36,6 +40,7 @@ public:
     writeFileAtomically(const QString& path, const QByteArray& contents) const override;
     [[nodiscard]] QStringList applicationFolders() const override { return m_applicationFolders; }
     [[nodiscard]] FolderResult applicationSupportFolder() const override;
+    /// Whoever watches the same folders shares the kernel's notifications.
     [[nodiscard]] std::unique_ptr<FolderWatch> watch(const QStringList& folders,
                                                      std::function<void()> changed) override;
 
@@ -45,6 +50,7 @@ private:
     MainQueue& m_mainQueue;
     QStringList m_applicationFolders;
     QString m_supportFolder;
+    std::map<QStringList, std::unique_ptr<FolderWatcher>> m_watchers; ///< By what they watch.
 };
 
 } // namespace Tavik

@@ -55,6 +55,8 @@ X11Workspace::X11Workspace(MainQueue& mainQueue, WorkQueue& workQueue, FileManag
     };
     updateApplications();
     m_frontmost = frontmostIdentity();
+    // Before the first reading, so that nothing changes unseen between the two.
+    m_watch = m_fileManager.watch(m_fileManager.applicationFolders(), [this] { readEntries(); });
     readEntries();
 }
 
@@ -128,10 +130,6 @@ void X11Workspace::takeEntries(const DesktopEntries& entries)
 {
     m_isReading = false;
     const bool isFirst = !std::exchange(m_hasEntries, true);
-    if (isFirst) {
-        m_watch
-            = m_fileManager.watch(m_fileManager.applicationFolders(), [this] { readEntries(); });
-    }
     if (isFirst || entries != m_entries) {
         m_entries = entries;
         // What was there before the entries were read is no reason to read them again.

@@ -2,6 +2,7 @@
 #include <TavikLauncher/Catalog/CatalogWalk.h>
 #include <TavikLauncherPlatform/Linux/Files/LinuxFileManager.h>
 #include <TavikLauncherPlatform/QtMainQueue.h>
+#include <TavikLauncherPlatform/QtWorkQueue.h>
 
 #include <QCoreApplication>
 #include <QDir>
@@ -39,8 +40,9 @@ void walk(benchmark::State& state)
     const QTemporaryDir scratch;
     const QString folder = scratch.path() + QStringLiteral("/applications");
     fill(folder, state.range(0));
-    QtMainQueue queue;
-    const LinuxFileManager files(queue, {folder});
+    QtMainQueue mainQueue;
+    QtWorkQueue workQueue;
+    const LinuxFileManager files(mainQueue, workQueue, {folder});
     for (auto _ : state) {
         const QList<IndexedApp> apps = CatalogWalk::loadApplications(files, {folder});
         if (apps.size() != state.range(0)) {

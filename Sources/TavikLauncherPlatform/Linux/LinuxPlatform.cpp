@@ -73,7 +73,8 @@ std::unique_ptr<Platform> makePlatform()
     platform->workQueue = std::make_unique<QtWorkQueue>([] { malloc_trim(0); });
     platform->userDefaults = std::make_unique<PropertyListDefaults>(
         PropertyListDefaults::defaultPath(), *platform->mainQueue, *platform->workQueue);
-    platform->fileManager = std::make_unique<LinuxFileManager>(*platform->mainQueue);
+    platform->fileManager
+        = std::make_unique<LinuxFileManager>(*platform->mainQueue, *platform->workQueue);
     platform->iconDecoder = std::make_unique<ThemeIconDecoder>(
         sessionIconTheme(QIcon::themeName(), IconFolders::ofSession()));
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();

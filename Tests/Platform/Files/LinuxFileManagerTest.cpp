@@ -4,6 +4,7 @@
 #include <QTest>
 
 #include <Support/FileTree.h>
+#include <Support/StepWorkQueue.h>
 #include <Support/VirtualMainQueue.h>
 #include <atomic>
 #include <thread>
@@ -47,7 +48,8 @@ private:
     }
 
     VirtualMainQueue m_queue;
-    LinuxFileManager m_files{m_queue, {}};
+    StepWorkQueue m_work;
+    LinuxFileManager m_files{m_queue, m_work, {}};
 };
 
 void LinuxFileManagerTest::aWalkVisitsEverythingButHiddenItemsAndPackages()
@@ -135,8 +137,7 @@ void LinuxFileManagerTest::bundlesAreRecognised()
 void LinuxFileManagerTest::identifiersAreRelativeToTheApplicationsFolder()
 {
     const FileTree tree;
-    VirtualMainQueue queue;
-    const LinuxFileManager files(queue, {tree.path(u"applications"_s)});
+    const LinuxFileManager files(m_queue, m_work, {tree.path(u"applications"_s)});
     const QByteArray entry = "[Desktop Entry]\nType=Application\nName=X\nExec=sh\n";
     const auto identifier = [&](const QString& inner) {
         return files.bundle(tree.write(inner, entry))->identifier.value_or(QString());
@@ -200,14 +201,13 @@ void LinuxFileManagerTest::theSessionsFoldersComeInOrder()
 void LinuxFileManagerTest::theSupportFolderIsMade()
 {
     const FileTree tree;
-    VirtualMainQueue queue;
     qputenv("XDG_DATA_HOME", QFile::encodeName(tree.path(u"some/data"_s)));
-    const auto made = LinuxFileManager(queue).applicationSupportFolder();
+    const auto made = LinuxFileManager(m_queue, m_work).applicationSupportFolder();
     QCOMPARE(made.path, tree.path(u"some/data"_s));
     QVERIFY(QFileInfo(made.path).isDir());
 
     qputenv("XDG_DATA_HOME", QFile::encodeName(tree.write(u"file"_s) + u"/data"_s));
-    const auto failed = LinuxFileManager(queue).applicationSupportFolder();
+    const auto failed = LinuxFileManager(m_queue, m_work).applicationSupportFolder();
     QVERIFY(failed.path.isEmpty());
     QCOMPARE(failed.error, u"Not a directory"_s);
 }
@@ -223,6 +223,7 @@ void LinuxFileManagerTest::everyoneWhoWatchesAFolderIsTold()
         tree.write(file);
         QVERIFY(QTest::qWaitFor([this] { return m_queue.pendingTasks() > 0; }, 3000));
         m_queue.advance(1.1);
+        m_work.runAll();
     };
     change(u"a.desktop"_s);
     early.reset();

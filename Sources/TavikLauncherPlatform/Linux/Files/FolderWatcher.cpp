@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Files/FolderWatcher.h>
+#include <TavikLauncherPlatform/WorkQueue.h>
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QPointer>
 #include <QSet>
 
 #include <utility>
@@ -79,8 +81,9 @@ QStringList foldersBelow(const QString& folder)
 
 } // namespace
 
-FolderWatcher::FolderWatcher(MainQueue& mainQueue, QStringList folders)
+FolderWatcher::FolderWatcher(MainQueue& mainQueue, WorkQueue& workQueue, QStringList folders)
     : m_mainQueue(mainQueue)
+    , m_workQueue(workQueue)
     , m_folders(std::move(folders))
 {
     m_folders.removeIf([](const QString& folder) { return !folder.startsWith(u'/'); });
@@ -90,7 +93,7 @@ FolderWatcher::FolderWatcher(MainQueue& mainQueue, QStringList folders)
                 &QFileSystemWatcher::directoryChanged,
                 this,
                 &FolderWatcher::handleChange);
-        updateWatches();
+        take(surveyOf(m_folders));
     }
 }
 
@@ -111,20 +114,34 @@ void FolderWatcher::handleChange(const QString& directory)
 
 void FolderWatcher::settle()
 {
-    m_unsettledSince.reset();
-    const QList<Identity> before = m_places.folders;
-    // The watches come first: what changes from here on is noticed, what came before is found by
-    // whoever looks after this report.
-    updateWatches();
-    if (std::exchange(m_sawChange, false) || m_places.folders != before) {
-        Q_EMIT changed();
+    if (m_isSurveying) {
+        m_settling = m_mainQueue.after(settlingTime, [this] { settle(); });
+        return;
     }
+    m_unsettledSince.reset();
+    m_isSurveying = true;
+    m_workQueue.run(
+        WorkPriority::userInitiated,
+        [folders = m_folders] { return surveyOf(folders); },
+        [watcher = QPointer(this),
+         sawChange = std::exchange(m_sawChange, false)](const Survey& survey) {
+            if (!watcher) {
+                return;
+            }
+            watcher->m_isSurveying = false;
+            const bool areOthers = survey.places.folders != watcher->m_places.folders;
+            // The watches come first: what changes from here on is noticed, what came before is
+            // found by whoever looks after this report.
+            watcher->take(survey);
+            if (sawChange || areOthers) {
+                Q_EMIT watcher->changed();
+            }
+        });
 }
 
-void FolderWatcher::updateWatches()
+void FolderWatcher::take(const Survey& survey)
 {
-    m_places = placesOf(m_folders);
-    const Watches wanted = wantedWatches(m_folders, m_places.turningPoints);
+    const Watches& wanted = survey.watches;
     QStringList missing = wanted.keys();
     QStringList surplus;
     for (const QString& path : m_watcher->directories()) {
@@ -142,6 +159,7 @@ void FolderWatcher::updateWatches()
     if (!missing.isEmpty()) {
         m_watcher->addPaths(missing);
     }
+    m_places = survey.places;
     m_watches = wanted;
 }
 
@@ -163,10 +181,10 @@ FolderWatcher::Places FolderWatcher::placesOf(const QStringList& folders)
     return places;
 }
 
-FolderWatcher::Watches FolderWatcher::wantedWatches(const QStringList& folders,
-                                                    const QStringList& turningPoints)
+FolderWatcher::Survey FolderWatcher::surveyOf(const QStringList& folders)
 {
-    Watches watches;
+    Survey survey{.places = placesOf(folders), .watches = {}};
+    Watches& watches = survey.watches;
     QSet<Identity> known{Identity()};
     const auto add = [&watches, &known](const QString& path, bool isInside) {
         // Under two paths the kernel would still report a folder's changes under one only.
@@ -187,10 +205,10 @@ FolderWatcher::Watches FolderWatcher::wantedWatches(const QStringList& folders,
         }
         level = std::move(below);
     }
-    for (const QString& folder : turningPoints) {
+    for (const QString& folder : std::as_const(survey.places.turningPoints)) {
         add(folder, false);
     }
-    return watches;
+    return survey;
 }
 
 } // namespace Tavik

@@ -15,6 +15,8 @@
 
 namespace Tavik {
 
+class WorkQueue;
+
 /// Notices what comes and goes in folders and below them, through the kernel's notifications, and
 /// when another folder takes a folder's place: by its coming to exist, by a rename, or by a link on
 /// the way that leads elsewhere. Never polls: without notifications it stays silent. A file
@@ -24,7 +26,9 @@ class FolderWatcher final : public QObject
     Q_OBJECT
 
 public:
-    FolderWatcher(MainQueue& mainQueue, QStringList folders);
+    /// Both queues outlive the watcher. Looks at the folders before it returns, later in the
+    /// background.
+    FolderWatcher(MainQueue& mainQueue, WorkQueue& workQueue, QStringList folders);
 
 Q_SIGNALS:
     /// Changes have settled for a second, or have gone on for five.
@@ -47,19 +51,27 @@ private:
         bool operator==(const Places&) const = default;
     };
 
+    struct Survey
+    {
+        Places places;
+        Watches watches; ///< That these places need.
+    };
+
     void handleChange(const QString& directory);
     void settle();
-    void updateWatches();
+    void take(const Survey& survey);
     static Identity identityOf(const QString& folder);
     static Places placesOf(const QStringList& folders);
-    static Watches wantedWatches(const QStringList& folders, const QStringList& turningPoints);
+    static Survey surveyOf(const QStringList& folders);
 
     MainQueue& m_mainQueue;
+    WorkQueue& m_workQueue;
     QStringList m_folders;
     std::unique_ptr<QFileSystemWatcher> m_watcher; ///< Null when the kernel has no room for it.
     Places m_places; ///< At the last look.
     Watches m_watches;
     bool m_sawChange = false;
+    bool m_isSurveying = false;
     std::optional<double> m_unsettledSince;
     Task m_settling;
 };

@@ -78,8 +78,11 @@ void walk(const QString& folder, const std::function<void(const DirectoryItem&)>
 
 } // namespace
 
-LinuxFileManager::LinuxFileManager(MainQueue& mainQueue, QStringList applicationFolders)
+LinuxFileManager::LinuxFileManager(MainQueue& mainQueue,
+                                   WorkQueue& workQueue,
+                                   QStringList applicationFolders)
     : m_mainQueue(mainQueue)
+    , m_workQueue(workQueue)
     , m_applicationFolders(std::move(applicationFolders))
     , m_supportFolder(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation))
 { }
@@ -167,7 +170,7 @@ std::unique_ptr<FolderWatch> LinuxFileManager::watch(const QStringList& folders,
 {
     std::unique_ptr<FolderWatcher>& watcher = m_watchers[folders];
     if (!watcher) {
-        watcher = std::make_unique<FolderWatcher>(m_mainQueue, folders);
+        watcher = std::make_unique<FolderWatcher>(m_mainQueue, m_workQueue, folders);
     }
     auto listener = std::make_unique<Listener>();
     QObject::connect(watcher.get(), &FolderWatcher::changed, listener.get(), std::move(changed));

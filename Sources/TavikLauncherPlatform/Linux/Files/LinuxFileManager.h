@@ -9,6 +9,7 @@ namespace Tavik {
 
 class FolderWatcher;
 class MainQueue;
+class WorkQueue;
 
 /// The file system of a freedesktop system: applications are `.app` folders and desktop entries.
 /// The folders are settled when it is created, so the environment is not read again.
@@ -16,8 +17,9 @@ class LinuxFileManager final : public FileManager
 {
 public:
     /// `applicationFolders` are this session's unless the caller has others.
-    explicit LinuxFileManager(MainQueue& mainQueue,
-                              QStringList applicationFolders = sessionApplicationFolders());
+    LinuxFileManager(MainQueue& mainQueue,
+                     WorkQueue& workQueue,
+                     QStringList applicationFolders = sessionApplicationFolders());
     ~LinuxFileManager() override;
 
     /// The `.app` folders' three places, then `applications` in the user's and the system's data
@@ -48,6 +50,7 @@ private:
     [[nodiscard]] QString desktopFileIdentifier(const QString& path) const;
 
     MainQueue& m_mainQueue;
+    WorkQueue& m_workQueue;
     QStringList m_applicationFolders;
     QString m_supportFolder;
     std::map<QStringList, std::unique_ptr<FolderWatcher>> m_watchers; ///< By what they watch.

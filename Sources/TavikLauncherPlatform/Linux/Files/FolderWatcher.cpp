@@ -114,11 +114,11 @@ void FolderWatcher::handleChange(const QString& directory)
 
 void FolderWatcher::settle()
 {
+    m_unsettledSince.reset();
     if (m_isSurveying) {
-        m_settling = m_mainQueue.after(settlingTime, [this] { settle(); });
+        m_mustSurveyAgain = true;
         return;
     }
-    m_unsettledSince.reset();
     m_isSurveying = true;
     m_workQueue.run(
         WorkPriority::userInitiated,
@@ -135,6 +135,9 @@ void FolderWatcher::settle()
             watcher->take(survey);
             if (sawChange || areOthers) {
                 Q_EMIT watcher->changed();
+            }
+            if (std::exchange(watcher->m_mustSurveyAgain, false)) {
+                watcher->settle();
             }
         });
 }

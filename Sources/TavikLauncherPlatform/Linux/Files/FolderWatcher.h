@@ -72,6 +72,7 @@ private:
     Watches m_watches;
     bool m_sawChange = false;
     bool m_isSurveying = false;
+    bool m_mustSurveyAgain = false;
     std::optional<double> m_unsettledSince;
     Task m_settling;
 };

@@ -1,0 +1,287 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherCore/AppSearch.h>
+#include <TavikLauncherCore/SearchText.h>
+
+#include <QRandomGenerator>
+#include <QTest>
+#include <QTextBoundaryFinder>
+
+#include <algorithm>
+#include <limits>
+
+using namespace Tavik;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QList<IndexedApp> appsNamed(const QStringList& names)
+{
+    QList<IndexedApp> apps;
+    for (const QString& name : names) {
+        apps.append({name, std::nullopt, u"/apps/%1"_s.arg(apps.size()), {}});
+    }
+    return apps;
+}
+
+QStringList namesOf(const QList<IndexedApp>& apps)
+{
+    QStringList names;
+    for (const IndexedApp& app : apps) {
+        names.append(app.name());
+    }
+    return names;
+}
+
+QStringList charactersOf(const QString& text)
+{
+    QStringList characters;
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+    qsizetype begin = 0;
+    for (qsizetype end = finder.toNextBoundary(); end > 0; end = finder.toNextBoundary()) {
+        characters.append(text.sliced(begin, end - begin).normalized(QString::NormalizationForm_D));
+        begin = end;
+    }
+    return characters;
+}
+
+QList<QStringList> wordsOf(const QString& text)
+{
+    QList<QStringList> words{{}};
+    for (const QString& character : charactersOf(text.toLower())) {
+        if (u"-_."_s.contains(character) || character.front().isSpace()) {
+            words.append(QStringList());
+        } else {
+            words.last().append(character);
+        }
+    }
+    words.removeIf([](const QStringList& word) { return word.isEmpty(); });
+    return words;
+}
+
+/// The rules of scoring, said as plainly and slowly as possible.
+std::optional<qint64> plainlyScored(const QString& query, const QString& candidate)
+{
+    const QList<QStringList> wanted = wordsOf(query);
+    const QList<QStringList> words = wordsOf(candidate);
+    if (wanted.isEmpty()) {
+        return 0;
+    }
+    qint64 total = 0;
+    qsizetype next = 0;
+    for (const QStringList& token : wanted) {
+        while (next < words.size()
+               && words[next].first(qMin(token.size(), words[next].size())) != token) {
+            ++next;
+        }
+        if (next == words.size()) {
+            return std::nullopt;
+        }
+        total += next == 0 ? 20 : 12;
+        total += qMax<qint64>(0, 8 - (words[next].size() - token.size()));
+        total += words[next] == token ? 8 : 0;
+        ++next;
+    }
+    return total - words.size();
+}
+
+/// Short texts over few letters, so that they match each other often, with everything in them that
+/// makes text difficult.
+QString difficultText(QRandomGenerator& random)
+{
+    static const QStringList pieces
+        = u"a|A|b|ab| "
+          u"|-|.|_|\u0301|\u00e1|\u00c1|a\u0301|\u0130|\u212a|\u1112|\u1161|\u11ab|\ud55c|"
+          u"\u200d|👩|🇩|\r\n|\u03a3|\u03c3|\u2003|\u0439|\u0306|か|\u3099|\u0600|\u00ad"_s.split(
+              u'|')
+        + QStringList{QString(QChar(0xd800))};
+    QString text;
+    const auto length = random.bounded(0, 9);
+    for (int each = 0; each < length; ++each) {
+        const bool isEasy = random.bounded(2) == 0;
+        text += pieces[random.bounded(isEasy ? 6 : static_cast<int>(pieces.size()))];
+    }
+    return text;
+}
+
+} // namespace
+
+class CoreTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void scoreCountsWordPrefixes_data()
+    {
+        constexpr auto noMatch = std::numeric_limits<qint64>::min();
+        QTest::addColumn<QString>("query");
+        QTest::addColumn<QString>("candidate");
+        QTest::addColumn<qint64>("expected");
+        const auto row = [](const QString& query, const QString& candidate, qint64 expected) {
+            QTest::addRow("%s in %s", qPrintable(query), qPrintable(candidate))
+                << query << candidate << expected;
+        };
+        row(u"safari"_s, u"Safari"_s, 35);
+        row(u"SAF"_s, u"Safari"_s, 24);
+        row(u"google chrome"_s, u"Google Chrome"_s, 62);
+        row(u"chrome google"_s, u"Google Chrome"_s, noMatch);
+        row(u"sys set"_s, u"System Settings"_s, 38);
+        row(u"ari"_s, u"Safari"_s, noMatch);
+        row(u"-"_s, u"Safari"_s, 0);
+        row(u"a a"_s, u"Adobe Acrobat"_s, 36);
+        row(u"a a"_s, u"Adobe"_s, noMatch);
+        row(u"t"_s, u"a b c d e f g h i j k l m n o p q r s transcendental"_s, -8);
+        row(u"cafe"_s, u"Café"_s, noMatch);
+        row(u"CAF\u00c9"_s, u"Cafe\u0301"_s, 35);
+        row(u"cafe\u0301"_s, u"Caf\u00c9"_s, 35);
+        row(u"\u0130stanbul"_s, u"\u0130STANBUL"_s, 35);
+        row(u"\u212aelvin"_s, u"Kelvin"_s, 35);
+        row(u"👩"_s, u"👩‍👩‍👧 Family"_s, noMatch);
+        row(u"👩‍👩‍👧"_s, u"👩‍👩‍👧👍🏽 Family"_s, 25);
+        row(u"b"_s, u"a\u2003b\u00a0c"_s, 25);
+        row(u"поч"_s, u"Почта"_s, 25);
+    }
+
+    void scoreCountsWordPrefixes()
+    {
+        QFETCH(const QString, query);
+        QFETCH(const QString, candidate);
+        QFETCH(const qint64, expected);
+        QCOMPARE(AppSearch::score(query, candidate).value_or(std::numeric_limits<qint64>::min()),
+                 expected);
+    }
+
+    void scoreFollowsTheRulesForDifficultTexts()
+    {
+        QRandomGenerator random(7);
+        int matches = 0;
+        for (int each = 0; each < 30'000; ++each) {
+            const QString candidate = difficultText(random);
+            // Half of the queries are cut out of what they are to find, written in another form.
+            const QString query = each % 2 == 0 ? difficultText(random)
+                                                : candidate.left(random.bounded(4))
+                                                      .toUpper()
+                                                      .normalized(QString::NormalizationForm_D);
+            const auto expected = plainlyScored(query, candidate);
+            if (AppSearch::score(query, candidate) != expected) {
+                qInfo().noquote() << query.toUtf8().toHex() << "in" << candidate.toUtf8().toHex();
+            }
+            QCOMPARE(AppSearch::score(query, candidate), expected);
+            matches += expected.value_or(0) != 0 ? 1 : 0;
+        }
+        QVERIFY(matches > 1000);
+    }
+
+    void plainTextIsNeitherComposedNorJoined()
+    {
+        QString units;
+        for (int unit = 0; unit <= 0xffff; ++unit) {
+            const QChar character(static_cast<char16_t>(unit));
+            if (!PlainText::isPlain(character.unicode())) {
+                continue;
+            }
+            const QString folded
+                = QString(character).toLower().normalized(QString::NormalizationForm_C);
+            QCOMPARE(folded, QString(QChar(PlainText::folded(character.unicode()))));
+            units += character;
+        }
+        // Each unit stands beside many others once the order is shuffled.
+        QRandomGenerator random(3);
+        for (int round = 0; round < 4; ++round) {
+            units.remove(u'\r');
+            QCOMPARE(units.normalized(QString::NormalizationForm_C), units);
+            QCOMPARE(charactersOf(units).size(), units.size());
+            std::ranges::shuffle(units, random);
+        }
+    }
+
+    void resultsAreTheFirstOfAStableSort()
+    {
+        QRandomGenerator random(11);
+        for (int round = 0; round < 60; ++round) {
+            QStringList names;
+            const auto count = random.bounded(0, 80);
+            for (int each = 0; each < count; ++each) {
+                names.append(difficultText(random));
+            }
+            const QList<IndexedApp> apps = appsNamed(names);
+            const QString query = QStringList{u"a"_s, u"-"_s, u"b a"_s, u"ab"_s}[round % 4];
+            QList<IndexedApp> expected;
+            std::ranges::copy_if(apps, std::back_inserter(expected), [&](const IndexedApp& app) {
+                return AppSearch::score(query, app.name()).has_value();
+            });
+            std::ranges::stable_sort(
+                expected, [&](const IndexedApp& left, const IndexedApp& right) {
+                    const auto leftScore = AppSearch::score(query, left.name());
+                    const auto rightScore = AppSearch::score(query, right.name());
+                    return leftScore != rightScore
+                        ? leftScore > rightScore
+                        : AppSearch::localizedCaseInsensitiveLess(left.name(), right.name());
+                });
+            for (const qsizetype limit : {1, 7, 24, 1000}) {
+                QCOMPARE(AppSearch::results(query, apps, limit),
+                         expected.first(std::min(limit, expected.size())));
+            }
+        }
+    }
+
+    void resultsKeepWithinTheLimit()
+    {
+        const QList<IndexedApp> apps = appsNamed({u"Abcd"_s, u"Other"_s, u"Abc"_s, u"Ab"_s});
+        const QStringList all{u"Ab"_s, u"Abc"_s, u"Abcd"_s};
+        using Range = std::numeric_limits<qsizetype>;
+        for (const qsizetype limit : {Range::min(), qsizetype{0}, qsizetype{2}, Range::max()}) {
+            QCOMPARE(namesOf(AppSearch::results(u" ab\n"_s, apps, limit)),
+                     all.first(std::clamp<qsizetype>(limit, 1, 3)));
+            QCOMPARE(AppSearch::results({}, apps, limit).size(),
+                     std::clamp<qsizetype>(limit, 1, 4));
+            QVERIFY(AppSearch::results({}, {}, limit).isEmpty());
+        }
+    }
+
+    void blankQueryKeepsTheGivenOrder()
+    {
+        const QList<IndexedApp> apps = appsNamed({u"b"_s, u""_s, u"a"_s, u"-"_s});
+        QCOMPARE(AppSearch::results(u" \t\u2003\r\n"_s, apps, 3), apps.first(3));
+    }
+
+    void equalNamesKeepTheirOrder()
+    {
+        const QList<IndexedApp> apps
+            = appsNamed({u"MAIL"_s, u"mail"_s, u"Mail"_s, u"Alpha"_s, u"mAil"_s});
+        const QList<IndexedApp> expected{apps[3], apps[0], apps[1], apps[2], apps[4]};
+        QCOMPARE(AppSearch::sortedByName(apps), expected);
+        QCOMPARE(AppSearch::results(u"-"_s, apps, 5), expected);
+        QCOMPARE(AppSearch::results(u"m"_s, apps, 2), (QList<IndexedApp>{apps[0], apps[1]}));
+    }
+
+    void equalityIgnoresTheIconAndNothingElse()
+    {
+        const IndexedApp app(u"Caf\u00e9"_s, u"org.cafe"_s, u"/a"_s, {u"cafe"_s});
+        const IndexedApp alike(u"Cafe\u0301"_s, u"org.cafe"_s, u"/a"_s, {u"tea"_s});
+        QVERIFY(app == alike && alike == app);
+        const QList<IndexedApp> others{{u"Cafe"_s, u"org.cafe"_s, u"/a"_s, {}},
+                                       {u"Caf\u00e9"_s, u"org.cafe"_s, u"/b"_s, {}},
+                                       {u"Caf\u00e9"_s, std::nullopt, u"/a"_s, {}},
+                                       {u"Caf\u00e9"_s, QString(), u"/a"_s, {}}};
+        for (qsizetype each = 0; each < others.size(); ++each) {
+            QVERIFY(!(app == others[each]) && !(others[each] == app));
+            QCOMPARE(others.indexOf(others[each]), each); // No identifier is not an empty one.
+        }
+    }
+
+    void namesSortAsALanguageDoesEvenWithoutOne()
+    {
+        QCOMPARE(QLocale::system().language(), QLocale::C);
+        const QStringList sorted{u"apple"_s, u"\u00c9clair"_s, u"Zoo"_s, u"\u0416\u0443\u043a"_s};
+        QCOMPARE(namesOf(AppSearch::sortedByName(
+                     appsNamed({sorted[3], sorted[2], sorted[1], sorted[0]}))),
+                 sorted);
+        QVERIFY(AppSearch::localizedCaseInsensitiveLess(u"\u00e9clair"_s, u"Fig"_s));
+        QVERIFY(!AppSearch::localizedCaseInsensitiveLess(u"FIG"_s, u"fig"_s));
+        QVERIFY(!AppSearch::localizedCaseInsensitiveLess(u"fig"_s, u"FIG"_s));
+    }
+};
+
+QTEST_APPLESS_MAIN(CoreTest)
+
+#include "CoreTest.moc"

@@ -1,14 +1,23 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QGuiApplication>
 #include <QPointF>
 #include <QRectF>
+#include <QScreen>
 
 namespace Tavik::ScreenPlane {
 
 /// Between the toolkit's desktop plane (y down from the primary screen's top) and the plane of
 /// `Screens` (y up from its bottom). `primaryBottom` is the primary screen's lower edge in the
 /// toolkit's plane, in points. Each function is its own inverse.
+
+/// The primary screen's lower edge now; 0 without any screen.
+[[nodiscard]] inline double primaryBottom()
+{
+    const QScreen* primary = QGuiApplication::primaryScreen();
+    return primary ? primary->geometry().y() + primary->geometry().height() : 0;
+}
 
 [[nodiscard]] inline QPointF flipped(QPointF point, double primaryBottom)
 {

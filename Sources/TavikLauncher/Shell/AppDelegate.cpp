@@ -6,8 +6,6 @@
 
 #include <QCoreApplication>
 #include <QDesktopServices>
-#include <QGuiApplication>
-#include <QScreen>
 #include <QUrl>
 
 #include <utility>

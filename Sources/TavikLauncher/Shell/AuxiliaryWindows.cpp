@@ -11,9 +11,7 @@
 #include <TavikLauncherPlatform/Platform.h>
 #include <TavikLauncherPlatform/ScreenPlane.h>
 
-#include <QGuiApplication>
 #include <QMessageBox>
-#include <QScreen>
 #include <QWindow>
 
 #include <utility>
@@ -21,19 +19,13 @@
 namespace Tavik {
 
 using namespace Qt::StringLiterals;
+using ScreenPlane::primaryBottom;
 
 namespace {
 
 constexpr QSize permissionSize(440, 520);
 constexpr QSize onboardingSize(560, 420);
 constexpr QSize reindexSize(400, 300);
-
-/// The primary screen's lower edge in the toolkit's plane.
-double primaryBottom()
-{
-    const QScreen* screen = QGuiApplication::primaryScreen();
-    return screen ? screen->geometry().y() + screen->geometry().height() : 0;
-}
 
 } // namespace
 

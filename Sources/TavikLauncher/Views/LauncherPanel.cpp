@@ -7,9 +7,7 @@
 #include <TavikLauncherPlatform/ScreenPlane.h>
 #include <TavikLauncherPlatform/WindowServer.h>
 
-#include <QGuiApplication>
 #include <QKeyEvent>
-#include <QScreen>
 #include <QWindow>
 
 #include <array>
@@ -17,6 +15,8 @@
 #include <utility>
 
 namespace Tavik {
+
+using ScreenPlane::primaryBottom;
 
 using namespace Qt::StringLiterals;
 
@@ -63,12 +63,6 @@ LauncherKey launcherKey(const QKeyEvent& event, const KeyEvents& keys)
         }
     }
     return key;
-}
-
-double primaryBottom()
-{
-    const QScreen* primary = QGuiApplication::primaryScreen();
-    return primary ? primary->geometry().y() + primary->geometry().height() : 0;
 }
 
 } // namespace

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Storage/PropertyListDefaults.h>
 
-#include <QDir>
-#include <QFile>
 #include <QRegularExpression>
-#include <QTemporaryDir>
 #include <QTest>
 
+#include <Support/FileTree.h>
 #include <Support/StepWorkQueue.h>
 #include <Support/VirtualMainQueue.h>
 #include <csignal>
@@ -24,13 +22,6 @@ QByteArray contentsOf(const QString& path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void writeFile(const QString& path, const QByteArray& contents)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(contents), contents.size());
 }
 
 /// While it lives this process cannot write a file longer than `bytes`, as on a full disk.
@@ -59,26 +50,211 @@ class PropertyListDefaultsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void assignmentsAreOnDiskOnceTheTurnEnds();
-    void assignmentsAreOnDiskAtTheLatestAtTheEnd();
-    void changesDuringAWriteAreWrittenAfterIt();
-    void readingWritesNothing();
-    void unknownKeysSurvive();
-    void fileIsForTheUserAlone();
-    void damagedFileIsSetAside_data();
-    void damagedFileIsSetAside();
-    void severalDamagedFilesAreKept();
-    void linkIsKept_data();
-    void linkIsKept();
-    void damagedFileBehindALinkIsSetAsideBesideItself();
-    void failedWriteKeepsTheOldFileAndIsTriedAgain();
-    void whatCouldNotBeReadAgainIsNotWritten();
-    void whatIsNoFileIsNeitherReadNorReplaced_data();
-    void whatIsNoFileIsNeitherReadNorReplaced();
+    void init()
+    {
+        QTest::failOnWarning(QRegularExpression(u".*"_s));
+        m_tree = std::make_unique<Test::FileTree>();
+        m_path = m_tree->path(u"Defaults.plist"_s);
+    }
+
+    void assignmentsAreOnDiskOnceTheTurnEnds()
+    {
+        m_path = m_tree->path(u"deep/er/Defaults.plist"_s);
+        const auto defaults = open();
+        QVERIFY(!defaults->object(u"a"_s).isValid());
+        endTurn();
+        QVERIFY(!QFile::exists(m_tree->path(u"deep"_s))); // Reading writes nothing.
+        defaults->setObject(u"a"_s, 0.5);
+        defaults->setObject(u"b"_s, 7LL);
+        QCOMPARE(defaults->doubleValue(u"a"_s), 0.5);
+        QVERIFY(!QFile::exists(m_path));
+        endTurn();
+        QCOMPARE(open()->doubleValue(u"a"_s), 0.5);
+        QCOMPARE(open()->integerValue(u"b"_s), 7);
+        QCOMPARE(filesIn(m_tree->path(u"deep/er"_s)), QStringList{u"Defaults.plist"_s});
+
+        defaults->setObject(u"a"_s, {});
+        endTurn();
+        QVERIFY(!open()->object(u"a"_s).isValid());
+    }
+
+    void assignmentsAreOnDiskAtTheLatestAtTheEnd()
+    {
+        auto defaults = open();
+        defaults->setObject(u"a"_s, u"b"_s);
+        defaults.reset();
+        QCOMPARE(open()->stringValue(u"a"_s), u"b"_s);
+        // What was posted finds its owner gone.
+        QVERIFY(QFile::remove(m_path));
+        endTurn();
+        QVERIFY(!QFile::exists(m_path));
+    }
+
+    void changesDuringAWriteAreWrittenAfterIt()
+    {
+        auto defaults = open();
+        defaults->setObject(u"a"_s, 1LL);
+        m_queue.drain();
+        const auto firstDone = m_work.startAt(0);
+        defaults->setObject(u"a"_s, 2LL);
+        m_queue.drain();
+        QCOMPARE(m_work.waiting(), 0U);
+        firstDone();
+        QCOMPARE(m_work.waiting(), 1U);
+
+        // The end of the program does not wait for a write that never came about.
+        defaults->setObject(u"a"_s, 3LL);
+        defaults.reset();
+        m_work.finish();
+        QCOMPARE(open()->integerValue(u"a"_s), 3);
+    }
+
+    void fileIsForTheUserAlone()
+    {
+        m_tree->write(u"Defaults.plist"_s, "<plist><dict/></plist>");
+        QVERIFY(QFile::setPermissions(m_path, QFile::Permissions::fromInt(0x6644)));
+        open()->setObject(u"a"_s, true);
+        struct stat status
+        { };
+        QCOMPARE(stat(qPrintable(m_path), &status), 0);
+        QCOMPARE(status.st_mode & 0777U, 0600U);
+    }
+
+    void damagedFileIsSetAside_data()
+    {
+        QTest::addColumn<QByteArray>("contents");
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("cut off") << QByteArray("<plist><dict><key>a</key><true/>");
+        QTest::newRow("outlandish") << QByteArray(PropertyList::mostBytes + 100, '<');
+    }
+
+    void damagedFileIsSetAside()
+    {
+        QFETCH(const QByteArray, contents);
+        m_tree->write(u"Defaults.plist"_s, contents);
+        QTest::ignoreMessage(
+            QtWarningMsg,
+            QRegularExpression(
+                u"^TavikLauncher: settings could not be read .*Defaults\\.plist is now .*"_s));
+        const auto defaults = open();
+        QVERIFY(!defaults->object(u"a"_s).isValid());
+        const QStringList files = filesIn(m_tree->path());
+        QCOMPARE(files.size(), 1);
+        QVERIFY(QRegularExpression(u"^Defaults\\.plist\\.damaged-\\d{8}T\\d{6}Z$"_s)
+                    .match(files.first())
+                    .hasMatch());
+        QCOMPARE(contentsOf(m_tree->path(files.first())), contents);
+        defaults->setObject(u"a"_s, true);
+        endTurn();
+        QCOMPARE(open()->boolValue(u"a"_s), true);
+    }
+
+    void severalDamagedFilesAreKept()
+    {
+        for (const char* contents : {"first", "second", "third"}) {
+            m_tree->write(u"Defaults.plist"_s, contents);
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"is now"_s));
+            (void)open();
+        }
+        QByteArrayList kept;
+        for (const QString& file : filesIn(m_tree->path())) {
+            kept.append(contentsOf(m_tree->path(file)));
+        }
+        std::ranges::sort(kept);
+        QCOMPARE(kept, (QByteArrayList{"first", "second", "third"}));
+    }
+
+    void linkIsKept_data()
+    {
+        QTest::addColumn<bool>("targetExists");
+        QTest::newRow("to a file") << true;
+        QTest::newRow("to where a file will be") << false;
+    }
+
+    void linkIsKept()
+    {
+        QFETCH(const bool, targetExists);
+        const QString target = m_tree->path(u"dotfiles/settings.plist"_s);
+        if (targetExists) {
+            m_tree->write(u"dotfiles/settings.plist"_s,
+                          "<plist><dict><key>old</key><true/></dict></plist>");
+        }
+        const QString between = m_tree->link(u"dotfiles/settings.plist"_s, u"between"_s);
+        m_tree->link(between, u"Defaults.plist"_s);
+        const auto defaults = open();
+        QCOMPARE(defaults->boolValue(u"old"_s).has_value(), targetExists);
+        defaults->setObject(u"a"_s, 1LL);
+        endTurn();
+        QVERIFY(QFileInfo(m_path).isSymLink());
+        QVERIFY(QFileInfo(between).isSymLink());
+        QVERIFY(!QFileInfo(target).isSymLink());
+        QCOMPARE(PropertyListDefaults(target, m_queue, m_work).integerValue(u"a"_s), 1);
+    }
+
+    void damagedFileBehindALinkIsSetAsideBesideItself()
+    {
+        m_tree->link(m_tree->write(u"dotfiles/settings.plist"_s, "junk"), u"Defaults.plist"_s);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"settings\\.plist\\.damaged-"_s));
+        open()->setObject(u"a"_s, 1LL);
+        QVERIFY(QFileInfo(m_path).isSymLink());
+        QCOMPARE(filesIn(m_tree->path(u"dotfiles"_s)).size(), 2);
+        QCOMPARE(open()->integerValue(u"a"_s), 1);
+    }
+
+    void failedWriteKeepsTheOldFileAndIsTriedAgain()
+    {
+        const auto defaults = open();
+        defaults->setObject(u"a"_s, u"old"_s);
+        endTurn();
+        const QByteArray before = contentsOf(m_path);
+        {
+            const FullDisk full(static_cast<rlim_t>(before.size()));
+            QTest::ignoreMessage(
+                QtWarningMsg, QRegularExpression(u"^TavikLauncher: failed to save settings: "_s));
+            // One line in the log, however often it fails.
+            for (int attempt = 0; attempt < 3; ++attempt) {
+                defaults->setObject(u"a"_s, QString(5000, u'x'));
+                endTurn();
+            }
+        }
+        QCOMPARE(contentsOf(m_path), before);
+        QCOMPARE(filesIn(m_tree->path()), QStringList{u"Defaults.plist"_s});
+        QCOMPARE(defaults->stringValue(u"a"_s)->size(), 5000);
+
+        defaults->setObject(u"b"_s, 1LL);
+        endTurn();
+        QCOMPARE(open()->stringValue(u"a"_s)->size(), 5000);
+        QCOMPARE(open()->integerValue(u"b"_s), 1);
+    }
+
+    void whatCouldNotBeReadAgainIsNotWritten()
+    {
+        open()->setObject(u"a"_s, u"old"_s);
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression(u"failed to save settings: .*too many"_s));
+        open()->setObject(u"b"_s, QString(PropertyList::mostBytes, u'x'));
+        QCOMPARE(open()->stringValue(u"a"_s), u"old"_s);
+    }
+
+    void whatIsNoFileIsNeitherReadNorReplaced()
+    {
+        const QString pipe = m_tree->path(u"pipe"_s);
+        QCOMPARE(mkfifo(qPrintable(pipe), 0600), 0);
+        for (const QString& path :
+             {m_tree->makeFolder(u"folder"_s), pipe, m_tree->link(pipe, u"link"_s)}) {
+            m_path = path;
+            const QStringList before = filesIn(m_tree->path());
+            QTest::ignoreMessage(QtWarningMsg,
+                                 QRegularExpression(u"is not a regular file, settings start"_s));
+            QTest::ignoreMessage(QtWarningMsg,
+                                 QRegularExpression(u"failed to save settings: .*not a regular"_s));
+            open()->setObject(u"a"_s, 1LL);
+            QCOMPARE(filesIn(m_tree->path()), before);
+            QVERIFY(!QFileInfo(m_path).isFile());
+        }
+    }
 
 private:
-    [[nodiscard]] QString inFolder(const QString& name) const { return m_folder->filePath(name); }
     [[nodiscard]] std::unique_ptr<PropertyListDefaults> open()
     {
         return std::make_unique<PropertyListDefaults>(m_path, m_queue, m_work);
@@ -95,244 +271,11 @@ private:
                                       | QDir::NoDotAndDotDot);
     }
 
-    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<Test::FileTree> m_tree;
     QString m_path;
     Test::VirtualMainQueue m_queue;
     Test::StepWorkQueue m_work;
 };
-
-void PropertyListDefaultsTest::init()
-{
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
-    m_folder = std::make_unique<QTemporaryDir>();
-    m_path = inFolder(u"Defaults.plist"_s);
-}
-
-void PropertyListDefaultsTest::assignmentsAreOnDiskOnceTheTurnEnds()
-{
-    m_path = inFolder(u"deep/er/Defaults.plist"_s);
-    const auto defaults = open();
-    defaults->setObject(u"a"_s, 0.5);
-    defaults->setObject(u"b"_s, 7LL);
-    QCOMPARE(defaults->doubleValue(u"a"_s), 0.5);
-    QVERIFY(!QFile::exists(m_path));
-    endTurn();
-    QCOMPARE(open()->doubleValue(u"a"_s), 0.5);
-    QCOMPARE(open()->integerValue(u"b"_s), 7);
-    QCOMPARE(filesIn(inFolder(u"deep/er"_s)), QStringList{u"Defaults.plist"_s});
-
-    defaults->setObject(u"a"_s, {});
-    endTurn();
-    QVERIFY(!open()->object(u"a"_s).isValid());
-}
-
-void PropertyListDefaultsTest::assignmentsAreOnDiskAtTheLatestAtTheEnd()
-{
-    auto defaults = open();
-    defaults->setObject(u"a"_s, u"b"_s);
-    defaults.reset();
-    QCOMPARE(open()->stringValue(u"a"_s), u"b"_s);
-    // What was posted finds its owner gone.
-    QVERIFY(QFile::remove(m_path));
-    endTurn();
-    QVERIFY(!QFile::exists(m_path));
-}
-
-void PropertyListDefaultsTest::changesDuringAWriteAreWrittenAfterIt()
-{
-    auto defaults = open();
-    defaults->setObject(u"a"_s, 1LL);
-    m_queue.drain();
-    const auto firstDone = m_work.startAt(0);
-    defaults->setObject(u"a"_s, 2LL);
-    m_queue.drain();
-    QCOMPARE(m_work.waiting(), 0U);
-    firstDone();
-    QCOMPARE(m_work.waiting(), 1U);
-
-    // The end of the program does not wait for a write that never came about.
-    defaults->setObject(u"a"_s, 3LL);
-    defaults.reset();
-    m_work.finish();
-    QCOMPARE(open()->integerValue(u"a"_s), 3);
-}
-
-void PropertyListDefaultsTest::readingWritesNothing()
-{
-    m_path = inFolder(u"sub/Defaults.plist"_s);
-    QVERIFY(!open()->object(u"a"_s).isValid());
-    endTurn();
-    QVERIFY(!QFile::exists(inFolder(u"sub"_s)));
-}
-
-void PropertyListDefaultsTest::unknownKeysSurvive()
-{
-    writeFile(m_path,
-              "<plist><dict><key>of another "
-              "version</key><date>2024-02-29T12:00:00Z</date></dict></plist>");
-    open()->setObject(u"a"_s, true);
-    QVERIFY(contentsOf(m_path).contains("<date>2024-02-29T12:00:00Z</date>"));
-    QCOMPARE(open()->boolValue(u"a"_s), true);
-}
-
-void PropertyListDefaultsTest::fileIsForTheUserAlone()
-{
-    writeFile(m_path, "<plist><dict/></plist>");
-    QVERIFY(QFile::setPermissions(m_path, QFile::Permissions::fromInt(0x6644)));
-    open()->setObject(u"a"_s, true);
-    struct stat status
-    { };
-    QCOMPARE(stat(qPrintable(m_path), &status), 0);
-    QCOMPARE(status.st_mode & 0777U, 0600U);
-}
-
-void PropertyListDefaultsTest::damagedFileIsSetAside_data()
-{
-    QTest::addColumn<QByteArray>("contents");
-    QTest::newRow("empty") << QByteArray();
-    QTest::newRow("junk") << QByteArray("\0\xff<<<", 5);
-    QTest::newRow("cut off") << QByteArray("<plist><dict><key>a</key><true/>");
-    QTest::newRow("outlandish") << QByteArray(PropertyList::mostBytes + 100, '<');
-}
-
-void PropertyListDefaultsTest::damagedFileIsSetAside()
-{
-    QFETCH(const QByteArray, contents);
-    writeFile(m_path, contents);
-    QTest::ignoreMessage(
-        QtWarningMsg,
-        QRegularExpression(
-            u"^TavikLauncher: settings could not be read .*Defaults\\.plist is now .*"_s));
-    const auto defaults = open();
-    QVERIFY(!defaults->object(u"a"_s).isValid());
-    const QStringList files = filesIn(m_folder->path());
-    QCOMPARE(files.size(), 1);
-    QVERIFY(QRegularExpression(u"^Defaults\\.plist\\.damaged-\\d{8}T\\d{6}Z$"_s)
-                .match(files.first())
-                .hasMatch());
-    QCOMPARE(contentsOf(inFolder(files.first())), contents);
-    defaults->setObject(u"a"_s, true);
-    endTurn();
-    QCOMPARE(open()->boolValue(u"a"_s), true);
-}
-
-void PropertyListDefaultsTest::severalDamagedFilesAreKept()
-{
-    for (const char* contents : {"first", "second", "third"}) {
-        writeFile(m_path, contents);
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"is now"_s));
-        (void)open();
-    }
-    QByteArrayList kept;
-    for (const QString& file : filesIn(m_folder->path())) {
-        kept.append(contentsOf(inFolder(file)));
-    }
-    std::ranges::sort(kept);
-    QCOMPARE(kept, (QByteArrayList{"first", "second", "third"}));
-}
-
-void PropertyListDefaultsTest::linkIsKept_data()
-{
-    QTest::addColumn<bool>("targetExists");
-    QTest::newRow("to a file") << true;
-    QTest::newRow("to where a file will be") << false;
-}
-
-void PropertyListDefaultsTest::linkIsKept()
-{
-    QFETCH(const bool, targetExists);
-    const QString target = inFolder(u"dotfiles/settings.plist"_s);
-    if (targetExists) {
-        QVERIFY(QDir().mkpath(inFolder(u"dotfiles"_s)));
-        writeFile(target, "<plist><dict><key>old</key><true/></dict></plist>");
-    }
-    QVERIFY(QFile::link(u"dotfiles/settings.plist"_s, inFolder(u"between"_s)));
-    QVERIFY(QFile::link(inFolder(u"between"_s), m_path));
-    const auto defaults = open();
-    QCOMPARE(defaults->boolValue(u"old"_s).has_value(), targetExists);
-    defaults->setObject(u"a"_s, 1LL);
-    endTurn();
-    QVERIFY(QFileInfo(m_path).isSymLink());
-    QVERIFY(QFileInfo(inFolder(u"between"_s)).isSymLink());
-    QVERIFY(!QFileInfo(target).isSymLink());
-    QCOMPARE(PropertyListDefaults(target, m_queue, m_work).integerValue(u"a"_s), 1);
-}
-
-void PropertyListDefaultsTest::damagedFileBehindALinkIsSetAsideBesideItself()
-{
-    QVERIFY(QDir().mkpath(inFolder(u"dotfiles"_s)));
-    const QString target = inFolder(u"dotfiles/settings.plist"_s);
-    writeFile(target, "junk");
-    QVERIFY(QFile::link(target, m_path));
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"settings\\.plist\\.damaged-"_s));
-    open()->setObject(u"a"_s, 1LL);
-    QVERIFY(QFileInfo(m_path).isSymLink());
-    QCOMPARE(filesIn(inFolder(u"dotfiles"_s)).size(), 2);
-    QCOMPARE(open()->integerValue(u"a"_s), 1);
-}
-
-void PropertyListDefaultsTest::failedWriteKeepsTheOldFileAndIsTriedAgain()
-{
-    const auto defaults = open();
-    defaults->setObject(u"a"_s, u"old"_s);
-    endTurn();
-    const QByteArray before = contentsOf(m_path);
-    {
-        const FullDisk full(static_cast<rlim_t>(before.size()));
-        QTest::ignoreMessage(QtWarningMsg,
-                             QRegularExpression(u"^TavikLauncher: failed to save settings: "_s));
-        // One line in the log, however often it fails.
-        for (int attempt = 0; attempt < 3; ++attempt) {
-            defaults->setObject(u"a"_s, QString(5000, u'x'));
-            endTurn();
-        }
-    }
-    QCOMPARE(contentsOf(m_path), before);
-    QCOMPARE(filesIn(m_folder->path()), QStringList{u"Defaults.plist"_s});
-    QCOMPARE(defaults->stringValue(u"a"_s)->size(), 5000);
-
-    defaults->setObject(u"b"_s, 1LL);
-    endTurn();
-    QCOMPARE(open()->stringValue(u"a"_s)->size(), 5000);
-    QCOMPARE(open()->integerValue(u"b"_s), 1);
-}
-
-void PropertyListDefaultsTest::whatCouldNotBeReadAgainIsNotWritten()
-{
-    open()->setObject(u"a"_s, u"old"_s);
-    QTest::ignoreMessage(QtWarningMsg,
-                         QRegularExpression(u"failed to save settings: .*too many"_s));
-    open()->setObject(u"b"_s, QString(PropertyList::mostBytes, u'x'));
-    QCOMPARE(open()->stringValue(u"a"_s), u"old"_s);
-}
-
-void PropertyListDefaultsTest::whatIsNoFileIsNeitherReadNorReplaced_data()
-{
-    QTest::addColumn<QString>("kind");
-    for (const char* kind : {"folder", "pipe", "link to a pipe"}) {
-        QTest::newRow(kind) << QString::fromLatin1(kind);
-    }
-}
-
-void PropertyListDefaultsTest::whatIsNoFileIsNeitherReadNorReplaced()
-{
-    QFETCH(const QString, kind);
-    if (kind == u"folder"_s) {
-        QVERIFY(QDir().mkpath(m_path));
-    } else {
-        const QString pipe = kind == u"pipe"_s ? m_path : inFolder(u"pipe"_s);
-        QCOMPARE(mkfifo(qPrintable(pipe), 0600), 0);
-        QVERIFY(pipe == m_path || QFile::link(pipe, m_path));
-    }
-    const QStringList before = filesIn(m_folder->path());
-    QTest::ignoreMessage(QtWarningMsg,
-                         QRegularExpression(u"is not a regular file, settings start"_s));
-    QTest::ignoreMessage(QtWarningMsg,
-                         QRegularExpression(u"failed to save settings: .*not a regular"_s));
-    open()->setObject(u"a"_s, 1LL);
-    QCOMPARE(filesIn(m_folder->path()), before);
-    QVERIFY(!QFileInfo(m_path).isFile());
-}
 
 QTEST_APPLESS_MAIN(PropertyListDefaultsTest)
 

@@ -16,11 +16,6 @@ QByteArray document(const QByteArray& root)
     return R"(<?xml version="1.0" encoding="UTF-8"?><plist version="1.0">)" + root + "</plist>";
 }
 
-QByteArray repeated(const QByteArray& text, int times)
-{
-    return text.repeated(times);
-}
-
 } // namespace
 
 class PropertyListTest : public QObject
@@ -28,156 +23,128 @@ class PropertyListTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void valuesComeBackInTheirType_data();
-    void valuesComeBackInTheirType();
-    void valuesAreReadInTheirType_data();
-    void valuesAreReadInTheirType();
-    void unknownValuesAreWrittenAgain();
-    void invalidValueRemovesTheKey();
-    void badTextIsRefused_data();
-    void badTextIsRefused();
-    void numbersDoNotDependOnTheLocale();
+    void valuesComeBackInTheirType_data()
+    {
+        QTest::addColumn<QVariant>("value");
+        const auto row = [](const char* name, const QVariant& value) {
+            QTest::newRow(name) << value;
+        };
+        row("true", true);
+        row("largest", std::numeric_limits<qlonglong>::max());
+        row("smallest", std::numeric_limits<qlonglong>::min());
+        row("fraction", 0.1);
+        row("tiny", std::numeric_limits<double>::denorm_min());
+        row("huge", std::numeric_limits<double>::max());
+        row("infinity", std::numeric_limits<double>::infinity());
+        row("text", u"  <&>]]>\"' \t\n\r\u0001 \u00e9 😀 "_s);
+        row("data", QByteArray("\0\x01\xff{\"a\":1}", 10));
+        row("long data", QByteArray(5000, '\x7f'));
+        row("list",
+            QVariantList{u""_s, 1LL, -2.0, false, QByteArray(""), QVariantList(), QVariantMap()});
+        row("map",
+            QVariantMap{{u"/a & <b>"_s, 1LL}, {u""_s, QVariantMap{{u"c"_s, QByteArray("d")}}}});
+    }
+
+    void valuesComeBackInTheirType()
+    {
+        QFETCH(const QVariant, value);
+        PropertyList list;
+        list.setValue(u"k < é"_s, u"before"_s);
+        list.setValue(u"k < é"_s, value);
+        auto read = PropertyList::fromXml(list.toXml());
+        QVERIFY(read);
+        for (const PropertyList* each : {&list, &*read}) {
+            QCOMPARE(each->value(u"k < é"_s).typeId(), value.typeId());
+            QCOMPARE(each->value(u"k < é"_s), value);
+            QVERIFY(!each->value(u"k"_s).isValid());
+        }
+    }
+
+    void valuesAreReadInTheirType_data()
+    {
+        QTest::addColumn<QByteArray>("xml");
+        QTest::addColumn<QVariant>("value");
+        QTest::newRow("real without a point") << QByteArray("<real>320</real>") << QVariant(320.0);
+        QTest::newRow("beyond the signed integers")
+            << QByteArray("<integer>18446744073709551615</integer>") << QVariant();
+        QTest::newRow("date in a list")
+            << QByteArray("<array><date>2024-02-29T12:00:00Z</date><true/></array>")
+            << QVariant(QVariantList{QVariant(), true});
+        QTest::newRow("data in lines") << QByteArray("<data>\n\tAAEC\n\t/w==\n</data>")
+                                       << QVariant(QByteArray("\0\1\2\xff", 4));
+        QTest::newRow("comment") << QByteArray("<!-- kept by hand --><true/>") << QVariant(true);
+        QTest::newRow("not UTF-8") << QByteArray("<string>\xff</string>") << QVariant(u"\ufffd"_s);
+    }
+
+    void valuesAreReadInTheirType()
+    {
+        QFETCH(const QByteArray, xml);
+        QFETCH(const QVariant, value);
+        const auto list = PropertyList::fromXml(document("<dict><key>k</key>" + xml + "</dict>"));
+        QVERIFY(list);
+        QCOMPARE(list->value(u"k"_s).typeId(), value.typeId());
+        QCOMPARE(list->value(u"k"_s), value);
+    }
+
+    void unknownValuesAreWrittenAgain()
+    {
+        auto list = PropertyList::fromXml(
+            document("<dict><key>d</key><date>2024-02-29T12:00:00Z</date>"
+                     "<key>u</key><integer>18446744073709551615</integer>"
+                     "<key>m</key><dict><key>CF$UID</key><integer>7</integer></dict>"
+                     "<key>l</key><array><date>1999-12-31T23:59:59Z</date></array></dict>"));
+        QVERIFY(list);
+        list->setValue(u"a"_s, 1LL);
+        const QByteArray xml = list->toXml();
+        for (const char* kept : {"<date>2024-02-29T12:00:00Z</date>",
+                                 "<integer>18446744073709551615</integer>",
+                                 "<key>CF$UID</key>",
+                                 "<date>1999-12-31T23:59:59Z</date>"}) {
+            QVERIFY2(xml.contains(kept), kept);
+        }
+    }
+
+    void badTextIsRefused_data()
+    {
+        QTest::addColumn<QByteArray>("xml");
+        QTest::newRow("nothing") << QByteArray();
+        QTest::newRow("zeros") << QByteArray(4096, '\0');
+        QTest::newRow("another root") << document("<array/>");
+        QTest::newRow("cut off") << document("<dict><key>a</key><true/></dict>").chopped(12);
+        QTest::newRow("binary") << QByteArray("bplist00\xd0\x08\0\0\0\0\0\0\x01\x01\0", 19);
+        QTest::newRow("deep lists")
+            << document("<dict><key>a</key>" + QByteArray("<array>").repeated(30'000)
+                        + QByteArray("</array>").repeated(30'000) + "</dict>");
+        QTest::newRow("deep maps") << document(QByteArray("<dict><key>a</key>").repeated(3000)
+                                               + QByteArray("</dict>").repeated(3000));
+        QTest::newRow("deep behind comments")
+            << document(QByteArray("<dict><key>a</key><!--</dict>-->").repeated(3000)
+                        + QByteArray("</dict>").repeated(3000));
+        QTest::newRow("too long") << document("<dict><key>a</key><string>"
+                                              + QByteArray(PropertyList::mostBytes, 'x')
+                                              + "</string></dict>");
+    }
+
+    void badTextIsRefused()
+    {
+        QFETCH(const QByteArray, xml);
+        QVERIFY(!PropertyList::fromXml(xml));
+    }
+
+    void numbersDoNotDependOnTheLocale()
+    {
+        const char* const comma = std::setlocale(LC_NUMERIC, "de_DE.UTF-8");
+        if (!comma) {
+            QSKIP("no locale with a decimal comma is installed");
+        }
+        const auto list
+            = PropertyList::fromXml(document("<dict><key>k</key><real>0.82</real></dict>"));
+        const QByteArray xml = list->toXml();
+        std::setlocale(LC_NUMERIC, "C");
+        QCOMPARE(list->value(u"k"_s), QVariant(0.82));
+        QCOMPARE(PropertyList::fromXml(xml)->value(u"k"_s), QVariant(0.82));
+    }
 };
-
-void PropertyListTest::valuesComeBackInTheirType_data()
-{
-    QTest::addColumn<QVariant>("value");
-    const auto row = [](const char* name, const QVariant& value) {
-        QTest::newRow(name) << value;
-    };
-    row("true", true);
-    row("false", false);
-    row("one", 1LL);
-    row("negative", -5LL);
-    row("largest", std::numeric_limits<qlonglong>::max());
-    row("smallest", std::numeric_limits<qlonglong>::min());
-    row("whole double", 320.0);
-    row("fraction", 0.1);
-    row("tiny", std::numeric_limits<double>::denorm_min());
-    row("huge", std::numeric_limits<double>::max());
-    row("infinity", std::numeric_limits<double>::infinity());
-    row("text", u"  <&>]]>\"' \t\n\r\u0001 \u00e9 😀 "_s);
-    row("empty text", u""_s);
-    row("data", QByteArray("\0\x01\xff{\"a\":1}", 10));
-    row("empty data", QByteArray(""));
-    row("long data", QByteArray(5000, '\x7f'));
-    row("list", QVariantList{u"a"_s, 1LL, 2.0, true, QVariantList{u"b"_s}});
-    row("empty list", QVariantList());
-    row("map", QVariantMap{{u"/a & <b>"_s, 1LL}, {u""_s, QVariantMap{{u"c"_s, QByteArray("d")}}}});
-    row("empty map", QVariantMap());
-}
-
-void PropertyListTest::valuesComeBackInTheirType()
-{
-    QFETCH(const QVariant, value);
-    PropertyList list;
-    list.setValue(u"k < é"_s, u"before"_s);
-    list.setValue(u"k < é"_s, value);
-    auto read = PropertyList::fromXml(list.toXml());
-    QVERIFY(read);
-    for (const PropertyList* each : {&list, &*read}) {
-        QCOMPARE(each->value(u"k < é"_s).typeId(), value.typeId());
-        QCOMPARE(each->value(u"k < é"_s), value);
-        QVERIFY(!each->value(u"k"_s).isValid());
-    }
-}
-
-void PropertyListTest::valuesAreReadInTheirType_data()
-{
-    QTest::addColumn<QByteArray>("xml");
-    QTest::addColumn<QVariant>("value");
-    QTest::newRow("integer") << QByteArray("<integer>320</integer>") << QVariant(320LL);
-    QTest::newRow("real without a point") << QByteArray("<real>320</real>") << QVariant(320.0);
-    QTest::newRow("beyond the signed integers")
-        << QByteArray("<integer>18446744073709551615</integer>") << QVariant();
-    QTest::newRow("minus one") << QByteArray("<integer>-1</integer>") << QVariant(-1LL);
-    QTest::newRow("date") << QByteArray("<date>2024-02-29T12:00:00Z</date>") << QVariant();
-    QTest::newRow("date in a list")
-        << QByteArray("<array><date>2024-02-29T12:00:00Z</date><true/></array>")
-        << QVariant(QVariantList{QVariant(), true});
-    QTest::newRow("data in lines")
-        << QByteArray("<data>\n\tAAEC\n\t/w==\n</data>") << QVariant(QByteArray("\0\1\2\xff", 4));
-    QTest::newRow("comment") << QByteArray("<!-- kept by hand --><true/>") << QVariant(true);
-    QTest::newRow("not UTF-8") << QByteArray("<string>\xff</string>") << QVariant(u"\ufffd"_s);
-}
-
-void PropertyListTest::valuesAreReadInTheirType()
-{
-    QFETCH(const QByteArray, xml);
-    QFETCH(const QVariant, value);
-    const auto list = PropertyList::fromXml(document("<dict><key>k</key>" + xml + "</dict>"));
-    QVERIFY(list);
-    QCOMPARE(list->value(u"k"_s).typeId(), value.typeId());
-    QCOMPARE(list->value(u"k"_s), value);
-}
-
-void PropertyListTest::unknownValuesAreWrittenAgain()
-{
-    auto list = PropertyList::fromXml(
-        document("<dict><key>d</key><date>2024-02-29T12:00:00Z</date>"
-                 "<key>u</key><integer>18446744073709551615</integer>"
-                 "<key>m</key><dict><key>CF$UID</key><integer>7</integer></dict>"
-                 "<key>l</key><array><date>1999-12-31T23:59:59Z</date></array></dict>"));
-    QVERIFY(list);
-    list->setValue(u"a"_s, 1LL);
-    const QByteArray xml = list->toXml();
-    for (const char* kept : {"<date>2024-02-29T12:00:00Z</date>",
-                             "<integer>18446744073709551615</integer>",
-                             "<key>CF$UID</key>",
-                             "<date>1999-12-31T23:59:59Z</date>"}) {
-        QVERIFY2(xml.contains(kept), kept);
-    }
-}
-
-void PropertyListTest::invalidValueRemovesTheKey()
-{
-    PropertyList list;
-    list.setValue(u"a"_s, 1LL);
-    list.setValue(u"a"_s, {});
-    list.setValue(u"never there"_s, {});
-    QVERIFY(!list.value(u"a"_s).isValid());
-    QVERIFY(!list.toXml().contains("<key>"));
-}
-
-void PropertyListTest::badTextIsRefused_data()
-{
-    QTest::addColumn<QByteArray>("xml");
-    QTest::newRow("nothing") << QByteArray();
-    QTest::newRow("zeros") << QByteArray(4096, '\0');
-    QTest::newRow("another root") << document("<array/>");
-    QTest::newRow("no root") << document("");
-    QTest::newRow("cut off") << document("<dict><key>a</key><true/></dict>").chopped(12);
-    QTest::newRow("binary") << QByteArray("bplist00\xd0\x08\0\0\0\0\0\0\x01\x01\0", 19);
-    QTest::newRow("JSON") << QByteArray("{\"a\":1}");
-    QTest::newRow("deep lists") << document("<dict><key>a</key>" + repeated("<array>", 30'000)
-                                            + repeated("</array>", 30'000) + "</dict>");
-    QTest::newRow("deep maps") << document(repeated("<dict><key>a</key>", 3000)
-                                           + repeated("</dict>", 3000));
-    QTest::newRow("deep behind comments")
-        << document(repeated("<dict><key>a</key><!--</dict>-->", 3000) + repeated("</dict>", 3000));
-    QTest::newRow("too long") << document("<dict><key>a</key><string>"
-                                          + QByteArray(PropertyList::mostBytes, 'x')
-                                          + "</string></dict>");
-}
-
-void PropertyListTest::badTextIsRefused()
-{
-    QFETCH(const QByteArray, xml);
-    QVERIFY(!PropertyList::fromXml(xml));
-}
-
-void PropertyListTest::numbersDoNotDependOnTheLocale()
-{
-    const char* const comma = std::setlocale(LC_NUMERIC, "de_DE.UTF-8");
-    if (!comma) {
-        QSKIP("no locale with a decimal comma is installed");
-    }
-    const auto list = PropertyList::fromXml(document("<dict><key>k</key><real>0.82</real></dict>"));
-    const QByteArray xml = list->toXml();
-    std::setlocale(LC_NUMERIC, "C");
-    QCOMPARE(list->value(u"k"_s), QVariant(0.82));
-    QCOMPARE(PropertyList::fromXml(xml)->value(u"k"_s), QVariant(0.82));
-}
 
 QTEST_APPLESS_MAIN(PropertyListTest)
 

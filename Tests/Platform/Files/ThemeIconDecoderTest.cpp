@@ -26,11 +26,6 @@ QByteArray png(QSize size, QColor color)
     return bytes;
 }
 
-QByteArray png(int side, QColor color)
-{
-    return png(QSize(side, side), color);
-}
-
 QByteArray svg(const char* color)
 {
     return QByteArray("<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 16 16'>"
@@ -71,16 +66,152 @@ private Q_SLOTS:
             IconFolders{.themes = {m_tree->path(u"user"_s), m_tree->path(u"system"_s)},
                         .pixmaps = {m_tree->path(u"pixmaps"_s)}});
     }
-    void theBestFileIsTaken_data();
-    void theBestFileIsTaken();
-    void themesInheritAndEndWithTheFallback();
-    void aBrokenFileGivesWayToTheNext();
-    void hostileFilesGiveTheGenericIcon_data();
-    void hostileFilesGiveTheGenericIcon();
-    void picturesAreFittedAndCentred_data();
-    void picturesAreFittedAndCentred();
-    void iconsInstalledLaterAreFoundOnceReloaded();
-    void hostileThemesAreHarmless();
+    void theBestFileIsTaken_data()
+    {
+        QTest::addColumn<QStringList>("files");
+        QTest::addColumn<int>("side");
+        QTest::addColumn<double>("scale");
+        QTest::addColumn<QString>("best");
+        const QStringList all{
+            u"16/x.png"_s, u"48/x.png"_s, u"48@2/x.png"_s, u"256/x.png"_s, u"scalable/x.svg"_s};
+        QTest::newRow("exact") << all << 48 << 1.0 << u"48/x.png"_s;
+        QTest::newRow("exact for the scale") << all << 96 << 2.0 << u"48@2/x.png"_s;
+        QTest::newRow("next larger") << all << 40 << 1.0 << u"48/x.png"_s;
+        QTest::newRow("vector before far too large") << all << 110 << 1.0 << u"scalable/x.svg"_s;
+        QTest::newRow("vector before enlarging")
+            << QStringList{u"48/x.png"_s, u"scalable/x.svg"_s} << 92 << 1.0 << u"scalable/x.svg"_s;
+        QTest::newRow("small vector before enlarging")
+            << QStringList{u"48/x.png"_s, u"16/x.svg"_s} << 92 << 1.0 << u"16/x.svg"_s;
+        QTest::newRow("larger before smaller")
+            << QStringList{u"16/x.png"_s, u"256/x.png"_s} << 24 << 1.0 << u"256/x.png"_s;
+        QTest::newRow("the largest of the small")
+            << QStringList{u"16/x.png"_s, u"48/x.png"_s} << 92 << 1.0 << u"48/x.png"_s;
+        QTest::newRow("outside of the theme")
+            << QStringList{u"16/x.png"_s, u"../out/x.png"_s} << 40 << 1.0 << u"16/x.png"_s;
+    }
+
+    void theBestFileIsTaken()
+    {
+        QFETCH(QStringList, files);
+        QFETCH(int, side);
+        QFETCH(double, scale);
+        QFETCH(QString, best);
+        m_tree->write(u"user/Test/index.theme"_s, index(""));
+        for (const QString& file : files) {
+            const bool isBest = file == best;
+            // Some come from the other theme folder: a theme may be spread over both.
+            m_tree->write((file.startsWith(u"48"_s) ? u"system/Test/"_s : u"user/Test/"_s) + file,
+                          file.endsWith(u".svg"_s) ? svg(isBest ? "#00ff00" : "#ff0000")
+                                                   : png({32, 32}, isBest ? Qt::green : Qt::red));
+        }
+        QCOMPARE(centre(decode(u"x"_s, side, scale)), QColor(Qt::green));
+    }
+
+    void themesInheritAndEndWithTheFallback()
+    {
+        m_tree->write(u"user/Test/index.theme"_s, index("Missing, Parent"));
+        m_tree->write(u"user/Parent/index.theme"_s, index("Test,Grand"));
+        m_tree->write(u"user/Grand/index.theme"_s, index("Parent"));
+        m_tree->write(u"user/Test/16/a.png"_s, png({16, 16}, Qt::green));
+        m_tree->write(u"user/Parent/48/a.png"_s, png({48, 48}, Qt::red));
+        m_tree->write(u"user/Grand/48/b.png"_s, png({48, 48}, Qt::green));
+        m_tree->write(u"user/hicolor/48x48/apps/b.png"_s, png({48, 48}, Qt::red));
+        m_tree->write(u"user/hicolor/48x48/apps/c.png"_s, png({48, 48}, Qt::green));
+        m_tree->write(u"pixmaps/c.png"_s, png({48, 48}, Qt::red));
+        m_tree->write(u"pixmaps/d.xpm"_s,
+                      "/* XPM */\nstatic char *d[] = {\"1 1 1 1\", \"a c #00ff00\", \"a\"};\n");
+        for (const QString& name : {u"a"_s, u"b"_s, u"c"_s, u"d"_s}) {
+            QCOMPARE(centre(decode(name, 48)), QColor(Qt::green));
+        }
+    }
+
+    void aBrokenFileGivesWayToTheNext()
+    {
+        m_tree->write(u"user/Test/index.theme"_s, index(""));
+        m_tree->write(u"user/Test/48/x.png"_s, "not a picture");
+        m_tree->makeFolder(u"user/Test/48@2/x.png"_s);
+        m_tree->write(u"user/Test/scalable/x.svg"_s, svg("#00ff00"));
+        QCOMPARE(centre(decode(u"x"_s, 48)), QColor(Qt::green));
+
+        m_tree->write(u"user/Test/48/application-x-executable.png"_s, png({48, 48}, Qt::blue));
+        QCOMPARE(centre(decode(m_tree->path(u"user/Test/48/x.png"_s), 48)), QColor(Qt::blue));
+    }
+
+    void hostileFilesGiveTheGenericIcon_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("cut picture") << png({48, 48}, Qt::red).first(60);
+        QTest::newRow("gigantic picture")
+            << QByteArray("P6\n40000 40000\n255\n").append(QByteArray(100, '\xFF'));
+        QTest::newRow("nested vector picture")
+            << "<svg xmlns='http://www.w3.org/2000/svg'>" + QByteArray("<g>").repeated(200'000);
+        QTest::newRow("an endless vector file") << "<svg>" + QByteArray(5 * 1024 * 1024, ' ');
+    }
+
+    void hostileFilesGiveTheGenericIcon()
+    {
+        QFETCH(QByteArray, content);
+        const QString path = m_tree->write(u"x.png"_s, content);
+        QCOMPARE(decode(path, 48), decode({}, 48));
+    }
+
+    void picturesAreFittedAndCentred_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<QRect>("covered"); // Of a square of 60 pixels.
+        QTest::newRow("same") << QSize(60, 60) << QRect(0, 0, 60, 60);
+        QTest::newRow("wide") << QSize(200, 100) << QRect(0, 15, 60, 30);
+        QTest::newRow("a little small") << QSize(40, 40) << QRect(0, 0, 60, 60);
+        QTest::newRow("far too small") << QSize(18, 18) << QRect(15, 15, 30, 30);
+        QTest::newRow("hair line") << QSize(4000, 1) << QRect(0, 29, 60, 1);
+    }
+
+    void picturesAreFittedAndCentred()
+    {
+        QFETCH(QSize, size);
+        QFETCH(QRect, covered);
+        const QImage image = decode(m_tree->write(u"x.png"_s, png(size, Qt::green)), 60);
+        QCOMPARE(image.size(), QSize(60, 60));
+        QCOMPARE(image.format(), QImage::Format_ARGB32_Premultiplied);
+        QCOMPARE(image.pixelColor(covered.center()), QColor(Qt::green));
+        QCOMPARE(image.pixelColor(covered.topLeft()), QColor(Qt::green));
+        QCOMPARE(image.pixelColor(covered.bottomRight()), QColor(Qt::green));
+        for (const QPoint& outside : {covered.topLeft() - QPoint(2, 0),
+                                      covered.topLeft() - QPoint(0, 2),
+                                      covered.bottomRight() + QPoint(2, 2)}) {
+            if (image.rect().contains(outside)) {
+                QCOMPARE(image.pixelColor(outside).alpha(), 0);
+            }
+        }
+    }
+
+    void iconsInstalledLaterAreFoundOnceReloaded()
+    {
+        QCOMPARE(decode(u"x"_s, 48), decode({}, 48));
+        m_tree->write(u"user/Test/index.theme"_s, index(""));
+        m_tree->write(u"user/Test/48/x.png"_s, png({48, 48}, Qt::green));
+        m_decoder->reload();
+        QCOMPARE(centre(decode(u"x"_s, 48)), QColor(Qt::green));
+    }
+
+    void hostileThemesAreHarmless()
+    {
+        QByteArray sizes = "[Icon Theme]\nInherits=Test,../Test,,.\nDirectories=";
+        for (int number = 0; number < 5000; ++number) {
+            sizes += QByteArray::number(number) + ',';
+        }
+        sizes += "\n[0]\nSize=999999999999\nScale=-7\nMinSize=x\nType=Scalable\n[1]\nSize=-3\n";
+        m_tree->write(u"user/Test/index.theme"_s, sizes);
+        m_tree->write(u"user/Test/0/x.png"_s, png({16, 16}, Qt::green));
+        QCOMPARE(centre(decode(u"x"_s, 48)), QColor(Qt::green));
+        for (const QString& source : {u"../Test/0/x"_s, u"/"_s, u"/dev/zero"_s, u"a/b"_s}) {
+            QCOMPARE(decode(source, 48), decode({}, 48));
+        }
+        for (const double scale : {-1.0, 0.0, 1e9, qQNaN()}) {
+            QCOMPARE(decode(u"x"_s, 0, scale).size(), QSize(1, 1));
+        }
+    }
 
 private:
     [[nodiscard]] QImage decode(const QString& source, int side, double scale = 1) const
@@ -91,157 +222,6 @@ private:
     std::unique_ptr<FileTree> m_tree;
     std::unique_ptr<ThemeIconDecoder> m_decoder;
 };
-
-void ThemeIconDecoderTest::theBestFileIsTaken_data()
-{
-    QTest::addColumn<QStringList>("files");
-    QTest::addColumn<int>("side");
-    QTest::addColumn<double>("scale");
-    QTest::addColumn<QString>("best");
-    const QStringList all{
-        u"16/x.png"_s, u"48/x.png"_s, u"48@2/x.png"_s, u"256/x.png"_s, u"scalable/x.svg"_s};
-    QTest::newRow("exact") << all << 48 << 1.0 << u"48/x.png"_s;
-    QTest::newRow("exact for the scale") << all << 96 << 2.0 << u"48@2/x.png"_s;
-    QTest::newRow("next larger") << all << 40 << 1.0 << u"48/x.png"_s;
-    QTest::newRow("vector before far too large") << all << 110 << 1.0 << u"scalable/x.svg"_s;
-    QTest::newRow("vector before enlarging")
-        << QStringList{u"48/x.png"_s, u"scalable/x.svg"_s} << 92 << 1.0 << u"scalable/x.svg"_s;
-    QTest::newRow("small vector before enlarging")
-        << QStringList{u"48/x.png"_s, u"16/x.svg"_s} << 92 << 1.0 << u"16/x.svg"_s;
-    QTest::newRow("larger before smaller")
-        << QStringList{u"16/x.png"_s, u"256/x.png"_s} << 24 << 1.0 << u"256/x.png"_s;
-    QTest::newRow("the largest of the small")
-        << QStringList{u"16/x.png"_s, u"48/x.png"_s} << 92 << 1.0 << u"48/x.png"_s;
-    QTest::newRow("outside of the theme")
-        << QStringList{u"16/x.png"_s, u"../out/x.png"_s} << 40 << 1.0 << u"16/x.png"_s;
-}
-
-void ThemeIconDecoderTest::theBestFileIsTaken()
-{
-    QFETCH(QStringList, files);
-    QFETCH(int, side);
-    QFETCH(double, scale);
-    QFETCH(QString, best);
-    m_tree->write(u"user/Test/index.theme"_s, index(""));
-    for (const QString& file : files) {
-        const bool isBest = file == best;
-        // Some come from the other theme folder: a theme may be spread over both.
-        m_tree->write((file.startsWith(u"48"_s) ? u"system/Test/"_s : u"user/Test/"_s) + file,
-                      file.endsWith(u".svg"_s) ? svg(isBest ? "#00ff00" : "#ff0000")
-                                               : png(32, isBest ? Qt::green : Qt::red));
-    }
-    QCOMPARE(centre(decode(u"x"_s, side, scale)), QColor(Qt::green));
-}
-
-void ThemeIconDecoderTest::themesInheritAndEndWithTheFallback()
-{
-    m_tree->write(u"user/Test/index.theme"_s, index("Missing, Parent"));
-    m_tree->write(u"user/Parent/index.theme"_s, index("Test,Grand"));
-    m_tree->write(u"user/Grand/index.theme"_s, index("Parent"));
-    m_tree->write(u"user/Test/16/a.png"_s, png(16, Qt::green));
-    m_tree->write(u"user/Parent/48/a.png"_s, png(48, Qt::red));
-    m_tree->write(u"user/Grand/48/b.png"_s, png(48, Qt::green));
-    m_tree->write(u"user/hicolor/48x48/apps/b.png"_s, png(48, Qt::red));
-    m_tree->write(u"user/hicolor/48x48/apps/c.png"_s, png(48, Qt::green));
-    m_tree->write(u"pixmaps/c.png"_s, png(48, Qt::red));
-    m_tree->write(u"pixmaps/d.xpm"_s,
-                  "/* XPM */\nstatic char *d[] = {\"1 1 1 1\", \"a c #00ff00\", \"a\"};\n");
-    for (const QString& name : {u"a"_s, u"b"_s, u"c"_s, u"d"_s}) {
-        QCOMPARE(centre(decode(name, 48)), QColor(Qt::green));
-    }
-}
-
-void ThemeIconDecoderTest::aBrokenFileGivesWayToTheNext()
-{
-    m_tree->write(u"user/Test/index.theme"_s, index(""));
-    m_tree->write(u"user/Test/48/x.png"_s, "not a picture");
-    m_tree->makeFolder(u"user/Test/48@2/x.png"_s);
-    m_tree->write(u"user/Test/scalable/x.svg"_s, svg("#00ff00"));
-    QCOMPARE(centre(decode(u"x"_s, 48)), QColor(Qt::green));
-
-    m_tree->write(u"user/Test/48/application-x-executable.png"_s, png(48, Qt::blue));
-    QCOMPARE(centre(decode(m_tree->path(u"user/Test/48/x.png"_s), 48)), QColor(Qt::blue));
-}
-
-void ThemeIconDecoderTest::hostileFilesGiveTheGenericIcon_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    QTest::newRow("empty") << QByteArray();
-    QTest::newRow("cut picture") << png(48, Qt::red).first(60);
-    QTest::newRow("gigantic picture")
-        << QByteArray("P6\n40000 40000\n255\n").append(QByteArray(100, '\xFF'));
-    QTest::newRow("no vector picture") << QByteArray("<html/>");
-    QTest::newRow("nested vector picture")
-        << "<svg xmlns='http://www.w3.org/2000/svg'>" + QByteArray("<g>").repeated(200'000);
-    QTest::newRow("an endless vector file") << "<svg>" + QByteArray(5 * 1024 * 1024, ' ');
-}
-
-void ThemeIconDecoderTest::hostileFilesGiveTheGenericIcon()
-{
-    QFETCH(QByteArray, content);
-    const QString path = m_tree->write(u"x.png"_s, content);
-    const QImage generic = decode({}, 48);
-    QCOMPARE(decode(path, 48), generic);
-}
-
-void ThemeIconDecoderTest::picturesAreFittedAndCentred_data()
-{
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<QRect>("covered"); // Of a square of 60 pixels.
-    QTest::newRow("same") << QSize(60, 60) << QRect(0, 0, 60, 60);
-    QTest::newRow("larger") << QSize(500, 500) << QRect(0, 0, 60, 60);
-    QTest::newRow("wide") << QSize(200, 100) << QRect(0, 15, 60, 30);
-    QTest::newRow("tall") << QSize(10, 120) << QRect(27, 0, 5, 60);
-    QTest::newRow("a little small") << QSize(40, 40) << QRect(0, 0, 60, 60);
-    QTest::newRow("far too small") << QSize(18, 18) << QRect(15, 15, 30, 30);
-    QTest::newRow("hair line") << QSize(4000, 1) << QRect(0, 29, 60, 1);
-}
-
-void ThemeIconDecoderTest::picturesAreFittedAndCentred()
-{
-    QFETCH(QSize, size);
-    QFETCH(QRect, covered);
-    const QImage image = decode(m_tree->write(u"x.png"_s, png(size, Qt::green)), 60);
-    QCOMPARE(image.size(), QSize(60, 60));
-    QCOMPARE(image.format(), QImage::Format_ARGB32_Premultiplied);
-    QCOMPARE(image.pixelColor(covered.center()), QColor(Qt::green));
-    QCOMPARE(image.pixelColor(covered.topLeft()), QColor(Qt::green));
-    QCOMPARE(image.pixelColor(covered.bottomRight()), QColor(Qt::green));
-    for (const QPoint& outside : {covered.topLeft() - QPoint(2, 0),
-                                  covered.topLeft() - QPoint(0, 2),
-                                  covered.bottomRight() + QPoint(2, 2)}) {
-        if (image.rect().contains(outside)) {
-            QCOMPARE(image.pixelColor(outside).alpha(), 0);
-        }
-    }
-}
-
-void ThemeIconDecoderTest::iconsInstalledLaterAreFoundOnceReloaded()
-{
-    QCOMPARE(decode(u"x"_s, 48), decode({}, 48));
-    m_tree->write(u"user/Test/index.theme"_s, index(""));
-    m_tree->write(u"user/Test/48/x.png"_s, png(48, Qt::green));
-    m_decoder->reload();
-    QCOMPARE(centre(decode(u"x"_s, 48)), QColor(Qt::green));
-}
-
-void ThemeIconDecoderTest::hostileThemesAreHarmless()
-{
-    QByteArray sizes = "[Icon Theme]\nInherits=Test,../Test,,.\nDirectories=";
-    for (int number = 0; number < 5000; ++number) {
-        sizes += QByteArray::number(number) + ',';
-    }
-    sizes += "\n[0]\nSize=999999999999\nScale=-7\nMinSize=x\nType=Scalable\n[1]\nSize=-3\n";
-    m_tree->write(u"user/Test/index.theme"_s, sizes);
-    m_tree->write(u"user/Test/0/x.png"_s, png(16, Qt::green));
-    QCOMPARE(centre(decode(u"x"_s, 48)), QColor(Qt::green));
-    for (const QString& source : {u"../Test/0/x"_s, u"/"_s, u"/dev/zero"_s, u"a/b"_s}) {
-        QCOMPARE(decode(source, 48), decode({}, 48));
-    }
-    for (const double scale : {-1.0, 0.0, 1e9, qQNaN()}) {
-        QCOMPARE(decode(u"x"_s, 0, scale).size(), QSize(1, 1));
-    }
-}
 
 QTEST_MAIN(ThemeIconDecoderTest)
 #include "ThemeIconDecoderTest.moc"

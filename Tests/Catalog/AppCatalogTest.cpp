@@ -21,20 +21,172 @@ class AppCatalogTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void aNewCatalogIsEmptyAndReadsTheCache();
-    void theWalkReplacesTheCache();
-    void aWalkThatFinishedFirstWins_data();
-    void aWalkThatFinishedFirstWins();
-    void oneWalkRunsAtATime();
-    void theLastWalkIsStoredForTheNextRun();
-    void aStaleCatalogIsWalkedAgain_data();
-    void aStaleCatalogIsWalkedAgain();
-    void recordsAreFoundByPathTheFirstOneFirst();
-    void applicationsOutsideTheCatalogHaveRecordsToo();
-    void changedFoldersAreWalkedAgain();
-    void aChangeDuringAWalkIsWalkedOnceMore();
-    void resultsOutliveTheCatalog();
+    void init()
+    {
+        QTest::failOnWarning(QRegularExpression(u".*"_s));
+        m_catalog.reset();
+        m_folder = std::make_unique<QTemporaryDir>();
+        m_files = std::make_unique<FakeFileManager>();
+        m_work = std::make_unique<StepWorkQueue>();
+        m_main = std::make_unique<VirtualMainQueue>();
+        m_files->support = {.path = m_folder->path(), .error = {}};
+        installOnDisk({u"Cached"_s});
+        CatalogCache::saveCachedApplications(
+            *m_files, *m_work, {IndexedApp(u"Cached"_s, std::nullopt, u"/A/Cached.app"_s, {})});
+        m_work->runAll();
+        installOnDisk({u"Walked"_s});
+        m_catalog
+            = std::make_unique<AppCatalog>(AppCatalog::Dependencies{*m_files, *m_work, *m_main});
+    }
+
+    void theCacheIsReadAndTheWalkReplacesIt()
+    {
+        QSignalSpy appsChanged(m_catalog.get(), &AppCatalog::appsChanged);
+        QVERIFY(m_catalog->apps().isEmpty() && !m_catalog->isIndexing());
+        m_catalog->reindex();
+        m_work->runAt(0);
+        QCOMPARE(names(), {u"Cached"_s});
+        QCOMPARE(appsChanged.count(), 1);
+        QVERIFY(m_catalog->isIndexing());
+
+        QSignalSpy indexing(m_catalog.get(), &AppCatalog::isIndexingChanged);
+        connect(m_catalog.get(), &AppCatalog::appsChanged, this, [this] {
+            QVERIFY(!m_catalog->isIndexing());
+        });
+        m_work->runAll();
+        QCOMPARE(names(), {u"Walked"_s});
+        QCOMPARE(indexing.count(), 1);
+        // What was walked is what the next run begins with.
+        m_catalog
+            = std::make_unique<AppCatalog>(AppCatalog::Dependencies{*m_files, *m_work, *m_main});
+        m_work->runAll();
+        QCOMPARE(names(), {u"Walked"_s});
+    }
+
+    void aWalkThatFinishedFirstWinsEvenWithNothingFound()
+    {
+        installOnDisk({});
+        const WorkQueue::Done cacheRead = m_work->startAt(0);
+        m_catalog->reindex();
+        m_work->runAt(0);
+        StepWorkQueue::finish(cacheRead);
+        QCOMPARE(names(), {});
+    }
+
+    void oneWalkRunsAtATime()
+    {
+        m_work->runAll();
+        QSignalSpy indexing(m_catalog.get(), &AppCatalog::isIndexingChanged);
+        m_catalog->reindex();
+        m_catalog->reindex();
+        m_catalog->reindexIfStale(std::chrono::seconds(0));
+        QCOMPARE(m_work->waiting(), 1U);
+        QCOMPARE(indexing.count(), 1);
+        m_work->runAt(0);
+        QVERIFY(!m_catalog->isIndexing());
+        QCOMPARE(m_work->waiting(), 1U); // The cache write; no second walk was kept.
+    }
+
+    void aStaleCatalogIsWalkedAgain_data()
+    {
+        QTest::addColumn<double>("age"); // Negative: no walk has finished.
+        QTest::addColumn<bool>("isWalked");
+        QTest::newRow("never walked") << -1.0 << true;
+        QTest::newRow("fresh") << 299.0 << false;
+        QTest::newRow("just old enough") << 300.0 << true;
+    }
+
+    void aStaleCatalogIsWalkedAgain()
+    {
+        QFETCH(double, age);
+        if (age >= 0) {
+            m_catalog->reindex();
+            m_main->advance(5000); // The age counts from the end of the walk.
+        }
+        m_work->runAll();
+        m_main->advance(std::max(age, 0.0));
+        m_catalog->reindexIfStale(std::chrono::seconds(300));
+        QTEST(m_catalog->isIndexing(), "isWalked");
+    }
+
+    void recordsAreFoundByPathTheFirstOneFirst()
+    {
+        QVERIFY(!m_catalog->recordForPath(u"/A/Cached.app"_s));
+        installOnDisk({u"Cached"_s});
+        CatalogCache::saveCachedApplications(
+            *m_files,
+            *m_work,
+            {IndexedApp(u"First"_s, std::nullopt, u"/A/Cached.app"_s, {}),
+             IndexedApp(u"Second"_s, std::nullopt, u"/A/Cached.app"_s, {})});
+        m_work->runAt(1);
+        m_work->runAll();
+        QCOMPARE(m_catalog->apps().size(), 2);
+        QCOMPARE(m_catalog->recordForPath(u"/A/Cached.app"_s)->name(), u"First"_s);
+
+        m_catalog->reindex();
+        installOnDisk({u"Walked"_s});
+        m_work->runAll();
+        QVERIFY(!m_catalog->recordForPath(u"/A/Cached.app"_s));
+        QCOMPARE(m_catalog->recordForPath(u"/A/Walked.app"_s), &m_catalog->apps().first());
+    }
+
+    void applicationsOutsideTheCatalogHaveRecordsToo()
+    {
+        QVERIFY(!AppCatalog::indexedApp(*m_files, u"/opt/Gone.app"_s));
+        m_files->existing.insert(u"/opt/Bare.app"_s);
+        QCOMPARE(AppCatalog::indexedApp(*m_files, u"/opt/Bare.app"_s),
+                 IndexedApp(u"Bare"_s, std::nullopt, u"/opt/Bare.app"_s, {}));
+
+        Bundle hidden;
+        hidden.kind = Bundle::Kind::desktopEntry;
+        hidden.name = u"Portal"_s;
+        hidden.identifier = u"org.example.portal"_s;
+        hidden.isHidden = true;
+        m_files->bundles[u"/opt/p.desktop"_s] = hidden;
+        QCOMPARE(AppCatalog::indexedApp(*m_files, u"/opt/p.desktop"_s),
+                 IndexedApp(u"Portal"_s, u"org.example.portal"_s, u"/opt/p.desktop"_s, {}));
+    }
+
+    void changedFoldersAreWalkedAgain()
+    {
+        m_work->runAll();
+        m_catalog->watchFolders();
+        QCOMPARE(m_files->watched, QStringList{u"/A"_s});
+        QSignalSpy foldersChanged(m_catalog.get(), &AppCatalog::foldersChanged);
+        m_catalog->reindex();
+        m_work->runAll();
+        QCOMPARE(foldersChanged.count(), 0);
+        installOnDisk({u"Walked"_s, u"New"_s});
+        m_files->folderChanged();
+        m_work->runAll();
+        QCOMPARE(names(), QStringList({u"New"_s, u"Walked"_s}));
+        QVERIFY(!m_catalog->isIndexing());
+        QCOMPARE(foldersChanged.count(), 1);
+    }
+
+    void aChangeDuringAWalkIsWalkedOnceMore()
+    {
+        m_catalog->watchFolders();
+        m_catalog->reindex();
+        const WorkQueue::Done walk = m_work->startAt(1);
+        installOnDisk({u"Walked"_s, u"New"_s});
+        m_files->folderChanged();
+        m_files->folderChanged();
+        StepWorkQueue::finish(walk);
+        QCOMPARE(names(), {u"Walked"_s});
+        QVERIFY(m_catalog->isIndexing());
+        m_work->runAll();
+        QCOMPARE(names(), QStringList({u"New"_s, u"Walked"_s}));
+        QVERIFY(!m_catalog->isIndexing());
+    }
+
+    void resultsOutliveTheCatalog()
+    {
+        m_catalog->reindex();
+        m_catalog.reset();
+        m_work->runAll(); // Must neither crash nor store a list that nobody took.
+        QCOMPARE(m_work->waiting(), 0U);
+    }
 
 private:
     void installOnDisk(const QStringList& names)
@@ -61,193 +213,6 @@ private:
     std::unique_ptr<VirtualMainQueue> m_main;
     std::unique_ptr<AppCatalog> m_catalog;
 };
-
-void AppCatalogTest::init()
-{
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
-    m_catalog.reset();
-    m_folder = std::make_unique<QTemporaryDir>();
-    m_files = std::make_unique<FakeFileManager>();
-    m_work = std::make_unique<StepWorkQueue>();
-    m_main = std::make_unique<VirtualMainQueue>();
-    m_files->support = {.path = m_folder->path(), .error = {}};
-    installOnDisk({u"Cached"_s});
-    CatalogCache::saveCachedApplications(
-        *m_files, *m_work, {IndexedApp(u"Cached"_s, std::nullopt, u"/A/Cached.app"_s, {})});
-    m_work->runAll();
-    installOnDisk({u"Walked"_s});
-    m_catalog = std::make_unique<AppCatalog>(AppCatalog::Dependencies{*m_files, *m_work, *m_main});
-}
-
-void AppCatalogTest::aNewCatalogIsEmptyAndReadsTheCache()
-{
-    QSignalSpy appsChanged(m_catalog.get(), &AppCatalog::appsChanged);
-    QVERIFY(m_catalog->apps().isEmpty());
-    QVERIFY(!m_catalog->isIndexing());
-    QCOMPARE(m_work->waiting(), 1U);
-    m_work->runAll();
-    QCOMPARE(names(), {u"Cached"_s});
-    QCOMPARE(appsChanged.count(), 1);
-}
-
-void AppCatalogTest::theWalkReplacesTheCache()
-{
-    m_catalog->reindex();
-    m_work->runAt(0);
-    QCOMPARE(names(), {u"Cached"_s});
-    QVERIFY(m_catalog->isIndexing());
-
-    QSignalSpy indexing(m_catalog.get(), &AppCatalog::isIndexingChanged);
-    connect(m_catalog.get(), &AppCatalog::appsChanged, this, [this] {
-        QVERIFY(!m_catalog->isIndexing());
-    });
-    m_work->runAt(0);
-    QCOMPARE(names(), {u"Walked"_s});
-    QCOMPARE(indexing.count(), 1);
-}
-
-void AppCatalogTest::aWalkThatFinishedFirstWins_data()
-{
-    QTest::addColumn<QStringList>("onDisk");
-    QTest::newRow("with a result") << QStringList{u"Walked"_s};
-    QTest::newRow("with nothing found") << QStringList{};
-}
-
-void AppCatalogTest::aWalkThatFinishedFirstWins()
-{
-    QFETCH(QStringList, onDisk);
-    installOnDisk(onDisk);
-    const WorkQueue::Done cacheRead = m_work->startAt(0);
-    m_catalog->reindex();
-    m_work->runAt(0);
-    StepWorkQueue::finish(cacheRead);
-    QCOMPARE(names(), onDisk);
-}
-
-void AppCatalogTest::oneWalkRunsAtATime()
-{
-    m_work->runAll();
-    QSignalSpy indexing(m_catalog.get(), &AppCatalog::isIndexingChanged);
-    m_catalog->reindex();
-    m_catalog->reindex();
-    m_catalog->reindexIfStale(std::chrono::seconds(0));
-    QCOMPARE(m_work->waiting(), 1U);
-    QCOMPARE(indexing.count(), 1);
-    m_work->runAt(0);
-    QVERIFY(!m_catalog->isIndexing());
-    QCOMPARE(m_work->waiting(), 1U); // The cache write; no second walk was kept.
-}
-
-void AppCatalogTest::theLastWalkIsStoredForTheNextRun()
-{
-    m_catalog->reindex();
-    m_work->runAll();
-    m_catalog = std::make_unique<AppCatalog>(AppCatalog::Dependencies{*m_files, *m_work, *m_main});
-    m_work->runAll();
-    QCOMPARE(names(), {u"Walked"_s});
-}
-
-void AppCatalogTest::aStaleCatalogIsWalkedAgain_data()
-{
-    QTest::addColumn<double>("age"); // Negative: no walk has finished.
-    QTest::addColumn<bool>("isWalked");
-    QTest::newRow("never walked") << -1.0 << true;
-    QTest::newRow("fresh") << 299.0 << false;
-    QTest::newRow("just old enough") << 300.0 << true;
-    QTest::newRow("old") << 9999.0 << true;
-}
-
-void AppCatalogTest::aStaleCatalogIsWalkedAgain()
-{
-    QFETCH(double, age);
-    if (age >= 0) {
-        m_catalog->reindex();
-        m_main->advance(5000); // The age counts from the end of the walk.
-    }
-    m_work->runAll();
-    m_main->advance(std::max(age, 0.0));
-    m_catalog->reindexIfStale(std::chrono::seconds(300));
-    QTEST(m_catalog->isIndexing(), "isWalked");
-}
-
-void AppCatalogTest::recordsAreFoundByPathTheFirstOneFirst()
-{
-    QVERIFY(!m_catalog->recordForPath(u"/A/Cached.app"_s));
-    installOnDisk({u"Cached"_s});
-    CatalogCache::saveCachedApplications(
-        *m_files,
-        *m_work,
-        {IndexedApp(u"First"_s, std::nullopt, u"/A/Cached.app"_s, {}),
-         IndexedApp(u"Second"_s, std::nullopt, u"/A/Cached.app"_s, {})});
-    m_work->runAt(1);
-    m_work->runAll();
-    QCOMPARE(m_catalog->apps().size(), 2);
-    QCOMPARE(m_catalog->recordForPath(u"/A/Cached.app"_s)->name(), u"First"_s);
-
-    m_catalog->reindex();
-    installOnDisk({u"Walked"_s});
-    m_work->runAll();
-    QVERIFY(!m_catalog->recordForPath(u"/A/Cached.app"_s));
-    QCOMPARE(m_catalog->recordForPath(u"/A/Walked.app"_s), &m_catalog->apps().first());
-}
-
-void AppCatalogTest::applicationsOutsideTheCatalogHaveRecordsToo()
-{
-    QVERIFY(!AppCatalog::indexedApp(*m_files, u"/opt/Gone.app"_s));
-    m_files->existing.insert(u"/opt/Bare.app"_s);
-    QCOMPARE(AppCatalog::indexedApp(*m_files, u"/opt/Bare.app"_s),
-             IndexedApp(u"Bare"_s, std::nullopt, u"/opt/Bare.app"_s, {}));
-
-    Bundle hidden;
-    hidden.kind = Bundle::Kind::desktopEntry;
-    hidden.name = u"Portal"_s;
-    hidden.identifier = u"org.example.portal"_s;
-    hidden.isHidden = true;
-    m_files->bundles[u"/opt/p.desktop"_s] = hidden;
-    QCOMPARE(AppCatalog::indexedApp(*m_files, u"/opt/p.desktop"_s),
-             IndexedApp(u"Portal"_s, u"org.example.portal"_s, u"/opt/p.desktop"_s, {}));
-}
-
-void AppCatalogTest::changedFoldersAreWalkedAgain()
-{
-    m_work->runAll();
-    m_catalog->watchFolders();
-    QCOMPARE(m_files->watched, QStringList{u"/A"_s});
-    QSignalSpy foldersChanged(m_catalog.get(), &AppCatalog::foldersChanged);
-    m_catalog->reindex();
-    m_work->runAll();
-    QCOMPARE(foldersChanged.count(), 0);
-    installOnDisk({u"Walked"_s, u"New"_s});
-    m_files->folderChanged();
-    m_work->runAll();
-    QCOMPARE(names(), QStringList({u"New"_s, u"Walked"_s}));
-    QVERIFY(!m_catalog->isIndexing());
-    QCOMPARE(foldersChanged.count(), 1);
-}
-
-void AppCatalogTest::aChangeDuringAWalkIsWalkedOnceMore()
-{
-    m_catalog->watchFolders();
-    m_catalog->reindex();
-    const WorkQueue::Done walk = m_work->startAt(1);
-    installOnDisk({u"Walked"_s, u"New"_s});
-    m_files->folderChanged();
-    m_files->folderChanged();
-    StepWorkQueue::finish(walk);
-    QCOMPARE(names(), {u"Walked"_s});
-    QVERIFY(m_catalog->isIndexing());
-    m_work->runAll();
-    QCOMPARE(names(), QStringList({u"New"_s, u"Walked"_s}));
-    QVERIFY(!m_catalog->isIndexing());
-}
-
-void AppCatalogTest::resultsOutliveTheCatalog()
-{
-    m_catalog->reindex();
-    m_catalog.reset();
-    m_work->runAll(); // Must neither crash nor store a list that nobody took.
-    QCOMPARE(m_work->waiting(), 0U);
-}
 
 QTEST_GUILESS_MAIN(AppCatalogTest)
 #include "AppCatalogTest.moc"

@@ -47,17 +47,130 @@ class AppIconCacheTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void anIconIsDecodedInTheBackgroundOnce();
-    void sizesAndScalesAreDifferentImages();
-    void batchesFollowTheOrderOfAsking();
-    void whatIsDrawnComesBeforeWhatIsPrefetched();
-    void theCacheStaysBoundedAndKeepsThePrefetchedIcons();
-    void aLongPrefetchKeepsItsHead();
-    void aThemeChangeDecodesAnew();
-    void anIconThatCannotBeDecodedIsNotAskedForAgain();
-    void absurdSizesAreClamped();
-    void resultsOutliveTheCache();
+    void init()
+    {
+        m_decoder = std::make_unique<FakeDecoder>();
+        m_work = std::make_unique<StepWorkQueue>();
+        m_cache = std::make_unique<AppIconCache>(*m_decoder, *m_work);
+    }
+
+    void anIconIsDecodedInTheBackgroundOnce()
+    {
+        QSignalSpy ready(m_cache.get(), &AppIconCache::imageReady);
+        const AppIcon icon{u"a"_s};
+        for (int frame = 0; frame < 3; ++frame) {
+            QVERIFY(m_cache->image(icon, 50, 1).isNull());
+        }
+        m_cache->prefetch({icon}, 50, 1);
+        QVERIFY(m_decoder->decoded.isEmpty());
+        m_work->runAll();
+        QCOMPARE(m_decoder->decoded, {u"a"_s});
+        QCOMPARE(ready.count(), 1);
+        QCOMPARE(m_cache->image(icon, 50, 1).size(), QSize(50, 50));
+        QCOMPARE(m_work->waiting(), 0U);
+    }
+
+    void batchesFollowTheOrderOfAsking()
+    {
+        QSignalSpy ready(m_cache.get(), &AppIconCache::imageReady);
+        draw(numbered(24));
+        QCOMPARE(m_work->waiting(), 2U); // No more than the background has threads.
+        m_work->runAll();
+        QCOMPARE(m_decoder->decoded.size(), 24);
+        QCOMPARE(m_decoder->decoded.first(3), QStringList({u"icon0"_s, u"icon1"_s, u"icon2"_s}));
+        QCOMPARE(m_decoder->decoded.last(), u"icon23"_s);
+        QVERIFY(ready.count() <= 5);
+    }
+
+    void whatIsDrawnComesBeforeWhatIsPrefetched()
+    {
+        m_cache->prefetch(numbered(40), 50, 1);
+        draw({AppIcon{u"icon39"_s}, AppIcon{u"seen"_s}});
+        m_work->runAll();
+        QCOMPARE(m_decoder->decoded.size(), 41);
+        // Sixteen had been handed out before.
+        QCOMPARE(m_decoder->decoded.sliced(16, 2), QStringList({u"icon39"_s, u"seen"_s}));
+    }
+
+    void theCacheStaysBoundedAndKeepsThePrefetchedIcons()
+    {
+        constexpr int side = 128; // 64 KiB each, so 128 of them fill the cache.
+        const QList<AppIcon> ring = numbered(24, u"ring"_s);
+        m_cache->prefetch(ring, side, 1);
+        m_work->runAll();
+        const QList<AppIcon> searched = numbered(400, u"found"_s);
+        for (qsizetype first = 0; first < searched.size(); first += 20) {
+            draw(searched.sliced(first, 20), side);
+            m_work->runAll();
+        }
+        for (const AppIcon& icon : ring) {
+            QVERIFY(!m_cache->image(icon, side, 1).isNull());
+        }
+        qsizetype kept = 0;
+        for (const AppIcon& icon : searched) {
+            kept += m_cache->image(icon, side, 1).isNull() ? 0 : 1;
+        }
+        QVERIFY(kept > 0);
+        QVERIFY(kept + ring.size() <= 128);
+        QVERIFY(!m_cache->image(searched.last(), side, 1).isNull());
+    }
+
+    void aLongPrefetchKeepsItsHead()
+    {
+        m_decoder->shadowMargin = 7;
+        m_cache->prefetch(numbered(3000), 28, 1);
+        m_work->runAll();
+        const QImage first = m_cache->image(AppIcon{u"icon0"_s}, 28, 1);
+        QVERIFY(!first.isNull());
+        QVERIFY(m_decoder->decoded.size() * first.sizeInBytes()
+                <= 4 * 1024 * 1024); // Half the cache.
+    }
+
+    void aThemeChangeDecodesAnew()
+    {
+        m_cache->prefetch({AppIcon{u"ring"_s}}, 50, 1);
+        m_work->runAll();
+        draw({AppIcon{u"late"_s}});
+        const WorkQueue::Done outdated = m_work->startAt(0);
+        QSignalSpy ready(m_cache.get(), &AppIconCache::imageReady);
+        m_cache->invalidate();
+        QCOMPARE(ready.count(), 1);
+        QCOMPARE(m_decoder->reloads, 1);
+        QVERIFY(
+            !m_cache->image(AppIcon{u"ring"_s}, 50, 1).isNull()); // No gap in the ring meanwhile.
+        StepWorkQueue::finish(outdated);
+        QVERIFY(m_cache->image(AppIcon{u"late"_s}, 50, 1).isNull());
+        m_work->runAll();
+        QVERIFY(!m_cache->image(AppIcon{u"late"_s}, 50, 1).isNull());
+        QVERIFY(!m_cache->image(AppIcon{u"ring"_s}, 50, 1).isNull());
+        QCOMPARE(m_decoder->decoded.count(u"ring"_s), 2);
+    }
+
+    void strangeSizesAndIconsThatCannotBeDecodedAreAskedForOnce()
+    {
+        for (const AppIcon& icon : {AppIcon{u"a"_s}, AppIcon{u"null"_s}}) {
+            for (const int side : {-1, 0, 50, 51, 100'000}) {
+                for (const double scale : {1.0, 2.0, qQNaN()}) {
+                    std::ignore = m_cache->image(icon, side, scale);
+                    m_work->runAll();
+                    const QImage image = m_cache->image(icon, side, scale);
+                    QVERIFY(!image.isNull());
+                    QVERIFY(icon.source == u"null"_s || side < 50 || side > 51
+                            || image.width() == side);
+                    QCOMPARE(m_work->waiting(), 0U);
+                }
+            }
+        }
+        QCOMPARE(m_decoder->decoded.count(u"a"_s), 8);
+    }
+
+    void resultsOutliveTheCache()
+    {
+        draw(numbered(3));
+        m_cache.reset();
+        m_work->runAll();
+        QCOMPARE(m_work->waiting(), 0U);
+    }
 
 private:
     void draw(const QList<AppIcon>& icons, int side = 50)
@@ -71,140 +184,6 @@ private:
     std::unique_ptr<StepWorkQueue> m_work;
     std::unique_ptr<AppIconCache> m_cache;
 };
-
-void AppIconCacheTest::init()
-{
-    m_decoder = std::make_unique<FakeDecoder>();
-    m_work = std::make_unique<StepWorkQueue>();
-    m_cache = std::make_unique<AppIconCache>(*m_decoder, *m_work);
-}
-
-void AppIconCacheTest::anIconIsDecodedInTheBackgroundOnce()
-{
-    QSignalSpy ready(m_cache.get(), &AppIconCache::imageReady);
-    const AppIcon icon{u"a"_s};
-    for (int frame = 0; frame < 3; ++frame) {
-        QVERIFY(m_cache->image(icon, 50, 1).isNull());
-    }
-    m_cache->prefetch({icon}, 50, 1);
-    QVERIFY(m_decoder->decoded.isEmpty());
-    m_work->runAll();
-    QCOMPARE(m_decoder->decoded, {u"a"_s});
-    QCOMPARE(ready.count(), 1);
-    QCOMPARE(m_cache->image(icon, 50, 1).size(), QSize(50, 50));
-    QCOMPARE(m_work->waiting(), 0U);
-}
-
-void AppIconCacheTest::sizesAndScalesAreDifferentImages()
-{
-    const AppIcon icon{u"a"_s};
-    m_cache->prefetch({icon}, 50, 1);
-    m_work->runAll();
-    QVERIFY(m_cache->image(icon, 50, 2).isNull());
-    QVERIFY(m_cache->image(icon, 51, 1).isNull());
-    m_work->runAll();
-    QVERIFY(!m_cache->image(icon, 50, 2).isNull());
-    QCOMPARE(m_cache->image(icon, 51, 1).width(), 51);
-}
-
-void AppIconCacheTest::batchesFollowTheOrderOfAsking()
-{
-    QSignalSpy ready(m_cache.get(), &AppIconCache::imageReady);
-    draw(numbered(24));
-    QCOMPARE(m_work->waiting(), 2U); // No more than the background has threads.
-    m_work->runAll();
-    QCOMPARE(m_decoder->decoded.size(), 24);
-    QCOMPARE(m_decoder->decoded.first(3), QStringList({u"icon0"_s, u"icon1"_s, u"icon2"_s}));
-    QCOMPARE(m_decoder->decoded.last(), u"icon23"_s);
-    QVERIFY(ready.count() <= 5);
-}
-
-void AppIconCacheTest::whatIsDrawnComesBeforeWhatIsPrefetched()
-{
-    m_cache->prefetch(numbered(40), 50, 1);
-    draw({AppIcon{u"icon39"_s}, AppIcon{u"seen"_s}});
-    m_work->runAll();
-    QCOMPARE(m_decoder->decoded.size(), 41);
-    // Sixteen had been handed out before.
-    QCOMPARE(m_decoder->decoded.sliced(16, 2), QStringList({u"icon39"_s, u"seen"_s}));
-}
-
-void AppIconCacheTest::theCacheStaysBoundedAndKeepsThePrefetchedIcons()
-{
-    constexpr int side = 128; // 64 KiB each, so 128 of them fill the cache.
-    const QList<AppIcon> ring = numbered(24, u"ring"_s);
-    m_cache->prefetch(ring, side, 1);
-    m_work->runAll();
-    const QList<AppIcon> searched = numbered(400, u"found"_s);
-    for (qsizetype first = 0; first < searched.size(); first += 20) {
-        draw(searched.sliced(first, 20), side);
-        m_work->runAll();
-    }
-    for (const AppIcon& icon : ring) {
-        QVERIFY(!m_cache->image(icon, side, 1).isNull());
-    }
-    qsizetype kept = 0;
-    for (const AppIcon& icon : searched) {
-        kept += m_cache->image(icon, side, 1).isNull() ? 0 : 1;
-    }
-    QVERIFY(kept > 0);
-    QVERIFY(kept + ring.size() <= 128);
-    QVERIFY(!m_cache->image(searched.last(), side, 1).isNull());
-}
-
-void AppIconCacheTest::aLongPrefetchKeepsItsHead()
-{
-    m_decoder->shadowMargin = 7;
-    m_cache->prefetch(numbered(3000), 28, 1);
-    m_work->runAll();
-    const QImage first = m_cache->image(AppIcon{u"icon0"_s}, 28, 1);
-    QVERIFY(!first.isNull());
-    QVERIFY(m_decoder->decoded.size() * first.sizeInBytes() <= 4 * 1024 * 1024); // Half the cache.
-}
-
-void AppIconCacheTest::aThemeChangeDecodesAnew()
-{
-    m_cache->prefetch({AppIcon{u"ring"_s}}, 50, 1);
-    m_work->runAll();
-    draw({AppIcon{u"late"_s}});
-    const WorkQueue::Done outdated = m_work->startAt(0);
-    QSignalSpy ready(m_cache.get(), &AppIconCache::imageReady);
-    m_cache->invalidate();
-    QCOMPARE(ready.count(), 1);
-    QCOMPARE(m_decoder->reloads, 1);
-    QVERIFY(!m_cache->image(AppIcon{u"ring"_s}, 50, 1).isNull()); // No gap in the ring meanwhile.
-    StepWorkQueue::finish(outdated);
-    QVERIFY(m_cache->image(AppIcon{u"late"_s}, 50, 1).isNull());
-    m_work->runAll();
-    QVERIFY(!m_cache->image(AppIcon{u"late"_s}, 50, 1).isNull());
-    QVERIFY(!m_cache->image(AppIcon{u"ring"_s}, 50, 1).isNull());
-    QCOMPARE(m_decoder->decoded.count(u"ring"_s), 2);
-}
-
-void AppIconCacheTest::anIconThatCannotBeDecodedIsNotAskedForAgain()
-{
-    draw({AppIcon{u"null"_s}});
-    m_work->runAll();
-    QVERIFY(!m_cache->image(AppIcon{u"null"_s}, 50, 1).isNull());
-    QCOMPARE(m_work->waiting(), 0U);
-}
-
-void AppIconCacheTest::absurdSizesAreClamped()
-{
-    for (const int side : {-1, 0, 100'000}) {
-        draw({AppIcon{u"a"_s}}, side);
-        m_work->runAll();
-        QVERIFY(!m_cache->image(AppIcon{u"a"_s}, side, qQNaN()).isNull());
-    }
-}
-
-void AppIconCacheTest::resultsOutliveTheCache()
-{
-    draw(numbered(3));
-    m_cache.reset();
-    m_work->runAll();
-    QCOMPARE(m_work->waiting(), 0U);
-}
 
 QTEST_GUILESS_MAIN(AppIconCacheTest)
 #include "AppIconCacheTest.moc"

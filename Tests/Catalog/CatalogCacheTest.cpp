@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Catalog/CatalogCache.h>
 
-#include <QDir>
-#include <QFile>
 #include <QRegularExpression>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <Support/FakeFileManager.h>
+#include <Support/FileTree.h>
 #include <Support/StepWorkQueue.h>
 #include <csignal>
 
@@ -22,32 +20,148 @@ class CatalogCacheTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void theFileIsAPlainCompactArray();
-    void whatWasSavedReadsBack();
-    void laterSavesStay();
-    void aFileOfTheRightSizeIsRead_data();
-    void aFileOfTheRightSizeIsRead();
-    void unreadableContentIsLoggedOnce_data();
-    void unreadableContentIsLoggedOnce();
-    void onlyApplicationsThatStillExistAreLoaded();
-    void iconsComeFromTheBundlesOfToday();
-    void aFolderThatCannotBeHadIsLogged();
-    void aFailingWriteIsLoggedAndKeepsWhatIsThere();
-    void aFullDiskKeepsTheOldFile();
+    void init()
+    {
+        QTest::failOnWarning(QRegularExpression(u".*"_s));
+        m_tree = std::make_unique<FileTree>();
+        m_files = std::make_unique<FakeFileManager>();
+        m_files->support = {.path = m_tree->path(), .error = {}};
+        m_files->existing = {m_safe.path(), m_plain.path()};
+    }
+
+    void theFileIsAPlainCompactArray()
+    {
+        save({m_safe, m_plain});
+        QCOMPARE(content(),
+                 QByteArray("[{\"bundleIdentifier\":\"org.example.safe\",\"name\":\"S\\\"afe\","
+                            "\"path\":\"/A/Safe.app\"},"
+                            "{\"name\":\"Plain \xC3\xBC\",\"path\":\"/A/Plain.app\"}]"));
+        save({});
+        QCOMPARE(content(), QByteArray("[]"));
+        QCOMPARE(CatalogCache::loadCachedApplications(*m_files), {});
+    }
+
+    void theLastSaveReadsBack()
+    {
+        CatalogCache::saveCachedApplications(*m_files, m_queue, {m_safe});
+        save({m_plain, m_safe, m_plain});
+        QList<IndexedApp> loaded;
+        CatalogCache::loadCachedApplicationsAsync(
+            *m_files, m_queue, [&loaded](const QList<IndexedApp>& apps) { loaded = apps; });
+        m_queue.runAll();
+        QCOMPARE(loaded, QList<IndexedApp>({m_plain, m_safe, m_plain}));
+    }
+
+    void aFileOfTheRightSizeIsRead()
+    {
+        const auto isRead = [this](qsizetype size) {
+            write(QByteArray(R"([{"name":"S","path":"/A/Safe.app"}])")
+                      .leftJustified(size, ' ', true));
+            return !CatalogCache::loadCachedApplications(*m_files).isEmpty();
+        };
+        QVERIFY(!isRead(0));
+        QVERIFY(isRead(5'242'880));
+        QVERIFY(!isRead(5'242'881));
+    }
+
+    void unreadableContentIsLoggedOnce_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        const auto row = [](const char* name, const QByteArray& content) {
+            QTest::newRow(name) << content;
+        };
+        row("an object", R"({"name":"A","path":"/A/Safe.app"})");
+        row("a text", R"("no")");
+        row("broken", "[{");
+        row("not utf-8", "[\"\xFF\"]");
+        row("nested beyond all measure", QByteArray(100'000, '['));
+        row("no name", R"([{"path":"/A/Safe.app"}])");
+        row("no path", R"([{"name":"A"}])");
+        row("a number as name", R"([{"name":1,"path":"/A/Safe.app"}])");
+        row("a null identifier", R"([{"name":"A","path":"/A/Safe.app","bundleIdentifier":null}])");
+        row("an element that is no object", R"([{"name":"A","path":"/A/Safe.app"},[]])");
+    }
+
+    void unreadableContentIsLoggedOnce()
+    {
+        QFETCH(QByteArray, content);
+        write(content);
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression(u"^TavikLauncher: failed to load cache: \\S"_s));
+        QCOMPARE(CatalogCache::loadCachedApplications(*m_files), {});
+    }
+
+    void onlyApplicationsThatStillExistAreLoaded()
+    {
+        write(R"([{"name":"Gone","path":"/A/Gone.app"},)"
+              R"({"name":"Safe","path":"/A/Safe.app","future":[1,2]},)"
+              R"({"name":"Here","path":"Safe.app"}])");
+        m_files->existing.insert(u"Safe.app"_s);
+        const auto apps = CatalogCache::loadCachedApplications(*m_files);
+        QCOMPARE(apps, {IndexedApp(u"Safe"_s, std::nullopt, u"/A/Safe.app"_s, {})});
+    }
+
+    void iconsComeFromTheBundlesOfToday()
+    {
+        Bundle bundle;
+        bundle.name = u"Renamed"_s;
+        bundle.iconSource = u"safe-icon"_s;
+        m_files->bundles[m_safe.path()] = bundle;
+        save({m_safe});
+        const auto apps = CatalogCache::loadCachedApplications(*m_files);
+        QCOMPARE(apps, {m_safe});
+        QCOMPARE(apps.first().icon().source, u"safe-icon"_s);
+    }
+
+    void aFolderThatCannotBeHadIsLogged()
+    {
+        const char* line = "TavikLauncher: failed to resolve cache path: No home";
+        m_files->support = {.path = {}, .error = u"No home"_s};
+        QTest::ignoreMessage(QtWarningMsg, line);
+        save({m_safe});
+        QTest::ignoreMessage(QtWarningMsg, line);
+        QCOMPARE(CatalogCache::loadCachedApplications(*m_files), {});
+
+        // A file stands where the program's own folder should be.
+        m_files->support = {.path = m_tree->path(), .error = {}};
+        m_tree->write(u"TavikLauncher"_s);
+        QTest::ignoreMessage(
+            QtWarningMsg,
+            QRegularExpression(
+                u"^TavikLauncher: failed to resolve cache path: Not a directory$"_s));
+        save({m_safe});
+    }
+
+    void aFailingWriteIsLoggedAndKeepsWhatIsThere()
+    {
+        const QString folder = m_tree->makeFolder(m_file);
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression(u"^TavikLauncher: failed to save cache: \\S"_s));
+        save({m_safe});
+        QVERIFY(QDir(folder).exists());
+    }
+
+    void aFullDiskKeepsTheOldFile()
+    {
+        save({m_plain});
+        const QByteArray before = content();
+        // A limit on the size of files fails as late as a full disk does: when the buffer is
+        // flushed.
+        rlimit usual{};
+        QCOMPARE(getrlimit(RLIMIT_FSIZE, &usual), 0);
+        const auto usualSignal = std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit small{.rlim_cur = 16, .rlim_max = usual.rlim_max};
+        QCOMPARE(setrlimit(RLIMIT_FSIZE, &small), 0);
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression(u"^TavikLauncher: failed to save cache: \\S"_s));
+        save({m_safe});
+        QCOMPARE(setrlimit(RLIMIT_FSIZE, &usual), 0);
+        std::signal(SIGXFSZ, usualSignal);
+        QCOMPARE(content(), before);
+    }
 
 private:
-    [[nodiscard]] QString filePath() const
-    {
-        return m_folder->path() + u"/TavikLauncher/app_index.json"_s;
-    }
-    void write(const QByteArray& bytes) const
-    {
-        QVERIFY(QDir(m_folder->path()).mkpath(u"TavikLauncher"_s));
-        QFile file(filePath());
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        QCOMPARE(file.write(bytes), bytes.size());
-    }
+    void write(const QByteArray& bytes) const { m_tree->write(m_file, bytes); }
     void save(const QList<IndexedApp>& apps)
     {
         CatalogCache::saveCachedApplications(*m_files, m_queue, apps);
@@ -55,167 +169,17 @@ private:
     }
     [[nodiscard]] QByteArray content() const
     {
-        QFile file(filePath());
+        QFile file(m_tree->path(m_file));
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
-    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<FileTree> m_tree;
     std::unique_ptr<FakeFileManager> m_files;
     StepWorkQueue m_queue;
+    const QString m_file = u"TavikLauncher/app_index.json"_s;
     const IndexedApp m_safe{u"S\"afe"_s, u"org.example.safe"_s, u"/A/Safe.app"_s, {}};
     const IndexedApp m_plain{u"Plain ü"_s, std::nullopt, u"/A/Plain.app"_s, {}};
 };
-
-void CatalogCacheTest::init()
-{
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
-    m_folder = std::make_unique<QTemporaryDir>();
-    m_files = std::make_unique<FakeFileManager>();
-    m_files->support = {.path = m_folder->path(), .error = {}};
-    m_files->existing = {m_safe.path(), m_plain.path()};
-}
-
-void CatalogCacheTest::theFileIsAPlainCompactArray()
-{
-    save({m_safe, m_plain});
-    QCOMPARE(content(),
-             QByteArray("[{\"bundleIdentifier\":\"org.example.safe\",\"name\":\"S\\\"afe\","
-                        "\"path\":\"/A/Safe.app\"},"
-                        "{\"name\":\"Plain \xC3\xBC\",\"path\":\"/A/Plain.app\"}]"));
-    save({});
-    QCOMPARE(content(), QByteArray("[]"));
-    QCOMPARE(CatalogCache::loadCachedApplications(*m_files), {});
-}
-
-void CatalogCacheTest::whatWasSavedReadsBack()
-{
-    save({m_plain, m_safe, m_plain});
-    QList<IndexedApp> loaded;
-    CatalogCache::loadCachedApplicationsAsync(
-        *m_files, m_queue, [&loaded](const QList<IndexedApp>& apps) { loaded = apps; });
-    m_queue.runAll();
-    QCOMPARE(loaded, QList<IndexedApp>({m_plain, m_safe, m_plain}));
-}
-
-void CatalogCacheTest::laterSavesStay()
-{
-    CatalogCache::saveCachedApplications(*m_files, m_queue, {m_plain});
-    CatalogCache::saveCachedApplications(*m_files, m_queue, {m_safe});
-    m_queue.runAll();
-    QCOMPARE(CatalogCache::loadCachedApplications(*m_files), QList<IndexedApp>({m_safe}));
-}
-
-void CatalogCacheTest::aFileOfTheRightSizeIsRead_data()
-{
-    QTest::addColumn<qsizetype>("size");
-    QTest::addColumn<bool>("isRead");
-    QTest::newRow("empty") << qsizetype{0} << false;
-    QTest::newRow("largest") << qsizetype{5'242'880} << true;
-    QTest::newRow("one too many") << qsizetype{5'242'881} << false;
-}
-
-void CatalogCacheTest::aFileOfTheRightSizeIsRead()
-{
-    QFETCH(qsizetype, size);
-    const QByteArray entries = R"([{"name":"S","path":"/A/Safe.app"}])";
-    write(entries.leftJustified(size, ' ', true));
-    QTEST(!CatalogCache::loadCachedApplications(*m_files).isEmpty(), "isRead");
-}
-
-void CatalogCacheTest::unreadableContentIsLoggedOnce_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    const auto row = [](const char* name, const QByteArray& content) {
-        QTest::newRow(name) << content;
-    };
-    row("an object", R"({"name":"A","path":"/A/Safe.app"})");
-    row("a text", R"("no")");
-    row("broken", "[{");
-    row("not utf-8", "[\"\xFF\"]");
-    row("nested beyond all measure", QByteArray(100'000, '['));
-    row("no name", R"([{"path":"/A/Safe.app"}])");
-    row("no path", R"([{"name":"A"}])");
-    row("a number as name", R"([{"name":1,"path":"/A/Safe.app"}])");
-    row("a null identifier", R"([{"name":"A","path":"/A/Safe.app","bundleIdentifier":null}])");
-    row("an element that is no object", R"([{"name":"A","path":"/A/Safe.app"},[]])");
-}
-
-void CatalogCacheTest::unreadableContentIsLoggedOnce()
-{
-    QFETCH(QByteArray, content);
-    write(content);
-    QTest::ignoreMessage(QtWarningMsg,
-                         QRegularExpression(u"^TavikLauncher: failed to load cache: \\S"_s));
-    QCOMPARE(CatalogCache::loadCachedApplications(*m_files), {});
-}
-
-void CatalogCacheTest::onlyApplicationsThatStillExistAreLoaded()
-{
-    write(R"([{"name":"Gone","path":"/A/Gone.app"},)"
-          R"({"name":"Safe","path":"/A/Safe.app","future":[1,2]},)"
-          R"({"name":"Here","path":"Safe.app"}])");
-    m_files->existing.insert(u"Safe.app"_s);
-    const auto apps = CatalogCache::loadCachedApplications(*m_files);
-    QCOMPARE(apps, {IndexedApp(u"Safe"_s, std::nullopt, u"/A/Safe.app"_s, {})});
-}
-
-void CatalogCacheTest::iconsComeFromTheBundlesOfToday()
-{
-    Bundle bundle;
-    bundle.name = u"Renamed"_s;
-    bundle.iconSource = u"safe-icon"_s;
-    m_files->bundles[m_safe.path()] = bundle;
-    save({m_safe});
-    const auto apps = CatalogCache::loadCachedApplications(*m_files);
-    QCOMPARE(apps, {m_safe});
-    QCOMPARE(apps.first().icon().source, u"safe-icon"_s);
-}
-
-void CatalogCacheTest::aFolderThatCannotBeHadIsLogged()
-{
-    const char* line = "TavikLauncher: failed to resolve cache path: No home";
-    m_files->support = {.path = {}, .error = u"No home"_s};
-    QTest::ignoreMessage(QtWarningMsg, line);
-    save({m_safe});
-    QTest::ignoreMessage(QtWarningMsg, line);
-    QCOMPARE(CatalogCache::loadCachedApplications(*m_files), {});
-
-    // A file stands where the program's own folder should be.
-    m_files->support = {.path = m_folder->path(), .error = {}};
-    QFile file(m_folder->path() + u"/TavikLauncher"_s);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QTest::ignoreMessage(
-        QtWarningMsg,
-        QRegularExpression(u"^TavikLauncher: failed to resolve cache path: Not a directory$"_s));
-    save({m_safe});
-}
-
-void CatalogCacheTest::aFailingWriteIsLoggedAndKeepsWhatIsThere()
-{
-    QVERIFY(QDir(m_folder->path()).mkpath(u"TavikLauncher/app_index.json"_s));
-    QTest::ignoreMessage(QtWarningMsg,
-                         QRegularExpression(u"^TavikLauncher: failed to save cache: \\S"_s));
-    save({m_safe});
-    QVERIFY(QDir(filePath()).exists());
-}
-
-void CatalogCacheTest::aFullDiskKeepsTheOldFile()
-{
-    save({m_plain});
-    const QByteArray before = content();
-    // A limit on the size of files fails as late as a full disk does: when the buffer is flushed.
-    rlimit usual{};
-    QCOMPARE(getrlimit(RLIMIT_FSIZE, &usual), 0);
-    const auto usualSignal = std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit small{.rlim_cur = 16, .rlim_max = usual.rlim_max};
-    QCOMPARE(setrlimit(RLIMIT_FSIZE, &small), 0);
-    QTest::ignoreMessage(QtWarningMsg,
-                         QRegularExpression(u"^TavikLauncher: failed to save cache: \\S"_s));
-    save({m_safe});
-    QCOMPARE(setrlimit(RLIMIT_FSIZE, &usual), 0);
-    std::signal(SIGXFSZ, usualSignal);
-    QCOMPARE(content(), before);
-}
 
 QTEST_GUILESS_MAIN(CatalogCacheTest)
 #include "CatalogCacheTest.moc"

@@ -36,85 +36,70 @@ class LaunchHintsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void introductionComesFirstAndTipsAtTheInterval();
-    void rotationStartsAgainAfterTheLastTip();
-    void silenceStillCounts_data();
-    void silenceStillCounts();
-    void strangeCountersNeitherCrashNorSilence_data();
-    void strangeCountersNeitherCrashNorSilence();
+    void introductionComesFirstAndTipsAtTheInterval()
+    {
+        Test::MemoryUserDefaults defaults;
+        const QMap<int, QString> hints = hintsDuring(60, defaults, {});
+        QCOMPARE(hints.keys(), (QList<int>{1, 25, 50}));
+        QCOMPARE(
+            hints[1],
+            u"Helpful hints will appear here every 25 launches. Adjust or turn them off in Settings."_s);
+        QCOMPARE(hints[25],
+                 u"Some features are off by default — explore Settings to enable more."_s);
+        QCOMPARE(hints[50], u"Type any letters to filter the ring by app name."_s);
+        QCOMPARE(defaults.values,
+                 (QVariantMap{{countKey, 60LL}, {introductionKey, true}, {indexKey, 2LL}}));
+    }
+
+    void rotationStartsAgainAfterTheLastTip()
+    {
+        Test::MemoryUserDefaults defaults;
+        defaults.values.insert(introductionKey, true);
+        const QMap<int, QString> hints = hintsDuring(55, defaults, {.interval = 5});
+        QCOMPARE(hints.keys(), (QList<int>{5, 10, 15, 20, 25, 30, 35, 40, 45, 50, 55}));
+        QCOMPARE(hints[50], u"A dot inside the menu-bar wheel means an update is ready."_s);
+        QCOMPARE(hints[55], hints[5]);
+        QCOMPARE(QSet<QString>(hints.begin(), hints.end()).size(), 10);
+    }
+
+    void silenceStillCounts()
+    {
+        for (const LaunchHints::Preferences& silent :
+             {LaunchHints::Preferences{.showsLaunchHints = false},
+              LaunchHints::Preferences{.keepsCenterHintVisible = true}}) {
+            Test::MemoryUserDefaults defaults;
+            QVERIFY(hintsDuring(30, defaults, silent).isEmpty());
+            QCOMPARE(defaults.values, (QVariantMap{{countKey, 30LL}}));
+            // Afterwards the introduction comes at once, and the next tip by the running count.
+            QCOMPARE(hintsDuring(25, defaults, {}).keys(), (QList<int>{1, 20}));
+        }
+    }
+
+    void strangeCountersNeitherCrashNorSilence_data()
+    {
+        QTest::addColumn<QVariant>("count");
+        QTest::addColumn<QVariant>("index");
+        QTest::addColumn<int>("interval");
+        using Range = std::numeric_limits<qlonglong>;
+        QTest::newRow("highest") << QVariant(Range::max()) << QVariant(Range::max()) << 5;
+        QTest::newRow("lowest") << QVariant(Range::min()) << QVariant(Range::min()) << 5;
+        QTest::newRow("other types") << QVariant(u"many"_s) << QVariant(2.5) << 5;
+        QTest::newRow("no interval") << QVariant() << QVariant() << 0;
+        QTest::newRow("negative interval") << QVariant() << QVariant() << -5;
+    }
+
+    void strangeCountersNeitherCrashNorSilence()
+    {
+        QFETCH(const QVariant, count);
+        QFETCH(const QVariant, index);
+        QFETCH(const int, interval);
+        Test::MemoryUserDefaults defaults;
+        defaults.values = {{countKey, count}, {indexKey, index}, {introductionKey, true}};
+        const QMap<int, QString> hints = hintsDuring(12, defaults, {.interval = interval});
+        QVERIFY(hints.size() >= 2);
+        QVERIFY(!hints.values().contains(QString()));
+    }
 };
-
-void LaunchHintsTest::introductionComesFirstAndTipsAtTheInterval()
-{
-    Test::MemoryUserDefaults defaults;
-    const QMap<int, QString> hints = hintsDuring(60, defaults, {});
-    QCOMPARE(hints.keys(), (QList<int>{1, 25, 50}));
-    QCOMPARE(
-        hints[1],
-        u"Helpful hints will appear here every 25 launches. Adjust or turn them off in Settings."_s);
-    QCOMPARE(hints[25], u"Some features are off by default — explore Settings to enable more."_s);
-    QCOMPARE(hints[50], u"Type any letters to filter the ring by app name."_s);
-    QCOMPARE(defaults.values,
-             (QVariantMap{{countKey, 60LL}, {introductionKey, true}, {indexKey, 2LL}}));
-}
-
-void LaunchHintsTest::rotationStartsAgainAfterTheLastTip()
-{
-    Test::MemoryUserDefaults defaults;
-    defaults.values.insert(introductionKey, true);
-    const QMap<int, QString> hints = hintsDuring(55, defaults, {.interval = 5});
-    QCOMPARE(hints.keys(), (QList<int>{5, 10, 15, 20, 25, 30, 35, 40, 45, 50, 55}));
-    QCOMPARE(hints[50], u"A dot inside the menu-bar wheel means an update is ready."_s);
-    QCOMPARE(hints[55], hints[5]);
-    QCOMPARE(QSet<QString>(hints.begin(), hints.end()).size(), 10);
-}
-
-void LaunchHintsTest::silenceStillCounts_data()
-{
-    QTest::addColumn<bool>("showsHints");
-    QTest::addColumn<bool>("keepsCenterHint");
-    QTest::newRow("hints are off") << false << false;
-    QTest::newRow("the centre is taken") << true << true;
-}
-
-void LaunchHintsTest::silenceStillCounts()
-{
-    QFETCH(const bool, showsHints);
-    QFETCH(const bool, keepsCenterHint);
-    Test::MemoryUserDefaults defaults;
-    const LaunchHints::Preferences silent{.showsLaunchHints = showsHints,
-                                          .keepsCenterHintVisible = keepsCenterHint};
-    QVERIFY(hintsDuring(30, defaults, silent).isEmpty());
-    QCOMPARE(defaults.values, (QVariantMap{{countKey, 30LL}}));
-    // Afterwards the introduction comes at once, and the next tip by the running count.
-    QCOMPARE(hintsDuring(25, defaults, {}).keys(), (QList<int>{1, 20}));
-}
-
-void LaunchHintsTest::strangeCountersNeitherCrashNorSilence_data()
-{
-    QTest::addColumn<QVariant>("count");
-    QTest::addColumn<QVariant>("index");
-    QTest::addColumn<int>("interval");
-    using Range = std::numeric_limits<qlonglong>;
-    QTest::newRow("highest") << QVariant(Range::max()) << QVariant(Range::max()) << 5;
-    QTest::newRow("lowest") << QVariant(Range::min()) << QVariant(Range::min()) << 5;
-    QTest::newRow("negative") << QVariant(-7LL) << QVariant(-3LL) << 5;
-    QTest::newRow("other types") << QVariant(u"many"_s) << QVariant(2.5) << 5;
-    QTest::newRow("no interval") << QVariant() << QVariant() << 0;
-    QTest::newRow("negative interval") << QVariant() << QVariant() << -5;
-}
-
-void LaunchHintsTest::strangeCountersNeitherCrashNorSilence()
-{
-    QFETCH(const QVariant, count);
-    QFETCH(const QVariant, index);
-    QFETCH(const int, interval);
-    Test::MemoryUserDefaults defaults;
-    defaults.values = {{countKey, count}, {indexKey, index}, {introductionKey, true}};
-    const QMap<int, QString> hints = hintsDuring(12, defaults, {.interval = interval});
-    QVERIFY(hints.size() >= 2);
-    QVERIFY(!hints.values().contains(QString()));
-}
 
 QTEST_APPLESS_MAIN(LaunchHintsTest)
 

@@ -69,404 +69,357 @@ class LauncherSettingsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void emptyDefaultsGiveTheTableAndWriteNothing();
-    void storedValuesAreRepaired_data();
-    void storedValuesAreRepaired();
-    void everyAssignmentWritesThenTells_data();
-    void everyAssignmentWritesThenTells();
-    void assignmentsAreNotClamped();
-    void rowsCanBeWalkedAndRestored();
-    void pinnedPathsAreCompleted_data();
-    void pinnedPathsAreCompleted();
-    void permanentAppsAreAddedAndRemoved();
-    void layoutResetAndThemesAssignTheirRowsInOrder();
-    void launchHintsFollowTheSettings();
-    void launchAtLoginShowsTheRealStatus_data();
-    void launchAtLoginShowsTheRealStatus();
-    void failedLoginItemIsReported();
+    void emptyDefaultsGiveTheTableAndWriteNothing()
+    {
+        const Fixture fixture;
+        const LauncherSettings& settings = *fixture.settings;
+        QVariantMap values;
+        for (const SettingRow* row : settings.rows()) {
+            values.insert(row->name(), row->stored());
+            QCOMPARE(row->key(), keyOf(row->name()));
+        }
+        const QVariantMap expected{
+            {u"ringDiameter"_s, 320.0},
+            {u"ringThickness"_s, 80.0},
+            {u"iconSize"_s, 50.0},
+            {u"maxVisibleApps"_s, 15LL},
+            {u"keepsCenterHintVisible"_s, false},
+            {u"showsAppNames"_s, true},
+            {u"showsLaunchHints"_s, true},
+            {u"launchHintInterval"_s, 25LL},
+            {u"searchesAllApps"_s, false},
+            {u"fillsRingWithRecentApps"_s, true},
+            {u"doubleTapModifiersPinsLauncher"_s, true},
+            {u"hasCompletedOnboarding"_s, false},
+            {u"showInDock"_s, false},
+            {u"ringColorHex"_s, u"#000000"_s},
+            {u"ringOpacity"_s, 0.82},
+            {u"highlightColorHex"_s, u"#0A84FF"_s},
+            {u"highlightOpacity"_s, 0.72},
+            {u"pillOpacity"_s, 0.94},
+            {u"runningDotColorHex"_s, u"#0A84FF"_s},
+            {u"showsRunningDot"_s, true},
+            {u"permanentAppPaths"_s, QVariantList()},
+            {u"pinnedPermanentAppPaths"_s, QVariantList()},
+            {u"autoUpdatesEnabled"_s, true},
+            {u"updateCheckFrequency"_s, u"daily"_s},
+            {u"hotKeyConfig"_s,
+             u"{\"displayName\":\"⌃⌥ (hold)\",\"modifierFlagsRaw\":786432}"_s.toUtf8()},
+        };
+        QCOMPARE(values, expected);
+        QCOMPARE(settings.pendingSettingsSectionID(), std::nullopt);
+        QVERIFY(fixture.defaults.written.isEmpty());
+    }
+
+    void storedValuesAreRepaired_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QVariant>("stored");
+        QTest::addColumn<QVariant>("loaded");
+        const auto row = [](const QString& name, const QVariant& stored, const QVariant& loaded) {
+            QTest::addRow(
+                "%s from %s %s", qPrintable(name), stored.typeName(), qPrintable(stored.toString()))
+                << name << stored << loaded;
+        };
+        constexpr double infinity = std::numeric_limits<double>::infinity();
+        constexpr auto beyondInt = qlonglong{1} << 40;
+        row(u"ringDiameter"_s, 1000.0, 550.0);
+        row(u"ringDiameter"_s, 10.0, 250.0);
+        row(u"ringDiameter"_s, 400LL, 320.0);
+        row(u"ringDiameter"_s, std::nan(""), 320.0);
+        row(u"ringDiameter"_s, infinity, 550.0);
+        row(u"ringThickness"_s, -infinity, 60.0);
+        row(u"ringThickness"_s, 221.0, 220.0);
+        row(u"iconSize"_s, 20.0, 36.0);
+        row(u"iconSize"_s, 93.0, 92.0);
+        row(u"maxVisibleApps"_s, 0LL, 1LL);
+        row(u"maxVisibleApps"_s, 99LL, 24LL);
+        row(u"maxVisibleApps"_s, beyondInt, 24LL);
+        row(u"maxVisibleApps"_s, -beyondInt, 1LL);
+        row(u"maxVisibleApps"_s, 7.0, 15LL);
+        row(u"launchHintInterval"_s, 30LL, 25LL);
+        row(u"launchHintInterval"_s, beyondInt + 5, 25LL);
+        row(u"showsAppNames"_s, 0LL, true);
+        row(u"ringOpacity"_s, 0.0, 0.2);
+        row(u"highlightOpacity"_s, 7.0, 1.0);
+        row(u"pillOpacity"_s, std::nan(""), 0.94);
+        row(u"ringColorHex"_s, u"no colour"_s, u"no colour"_s);
+        row(u"ringColorHex"_s, QByteArray("#FFFFFF"), u"#000000"_s);
+        row(u"updateCheckFrequency"_s, u"Weekly"_s, u"daily"_s);
+        row(u"permanentAppPaths"_s, QVariantList{u"/a"_s, 1LL}, QVariantList());
+        const HotKeyConfig fallback = HotKeyConfig::defaultConfig();
+        const HotKeyConfig space = HotKeyConfig::make(0x100000, 49);
+        row(u"hotKeyConfig"_s, space.toJson(), space.toJson());
+        row(u"hotKeyConfig"_s, QByteArray("{}"), fallback.toJson());
+        row(u"hotKeyConfig"_s, QString::fromUtf8(space.toJson()), fallback.toJson());
+    }
+
+    void storedValuesAreRepaired()
+    {
+        QFETCH(const QString, name);
+        QFETCH(const QVariant, stored);
+        QFETCH(const QVariant, loaded);
+        const Fixture fixture({{name, stored}});
+        QCOMPARE(rowNamed(*fixture.settings, name)->stored(), loaded);
+        QVERIFY(fixture.defaults.written.isEmpty());
+    }
+
+    void everyAssignmentWritesThenTells()
+    {
+        const QString silent
+            = u"keepsCenterHintVisible showsLaunchHints launchHintInterval searchesAllApps "
+              "fillsRingWithRecentApps doubleTapModifiersPinsLauncher hasCompletedOnboarding"_s;
+        QMap<QString, QString> notifications{
+            {u"showInDock"_s, keyOf(u"showInDockChanged"_s)},
+            {u"autoUpdatesEnabled"_s, keyOf(u"updateSettingsChanged"_s)},
+            {u"updateCheckFrequency"_s, keyOf(u"updateSettingsChanged"_s)},
+            {u"hotKeyConfig"_s, keyOf(u"hotKeyChanged"_s)},
+        };
+        for (const QString& name : silent.split(u' ')) {
+            notifications[name] = QString();
+        }
+        Fixture fixture;
+        const SettingRow* assigned = nullptr;
+        bool wasWritten = false;
+        connect(fixture.settings.get(), &LauncherSettings::propertyChanged, this, [&] {
+            wasWritten = fixture.defaults.values.value(assigned->key()) == assigned->stored();
+        });
+        for (SettingRow* row : fixture.settings->rows()) {
+            assigned = row;
+            QStringList told{
+                row->name(),
+                notifications.value(row->name(), keyOf(u"previewRequestNotification"_s))};
+            told.removeAll(QString());
+            // Twice the same value, which is the default one at that.
+            QVERIFY(row->restore(row->stored()));
+            QVERIFY(row->restore(row->stored()));
+            QVERIFY2(std::exchange(wasWritten, false), qPrintable(row->name()));
+            QCOMPARE(std::exchange(fixture.defaults.written, {}),
+                     (QStringList{row->key(), row->key()}));
+            QCOMPARE(std::exchange(fixture.told, {}), told + told);
+        }
+    }
+
+    void assignmentsAreNotClamped()
+    {
+        Fixture fixture;
+        fixture.settings->ringDiameter.set(9999);
+        fixture.settings->launchHintInterval.set(3);
+        QCOMPARE(fixture.settings->ringDiameter(), 9999.0);
+        QCOMPARE(fixture.defaults.values.value(keyOf(u"ringDiameter"_s)), QVariant(9999.0));
+        QCOMPARE(fixture.defaults.values.value(keyOf(u"launchHintInterval"_s)), QVariant(3LL));
+        fixture.settings->pendingSettingsSectionID.set(u"about"_s);
+        QCOMPARE(fixture.settings->pendingSettingsSectionID(), u"about"_s);
+        QCOMPARE(fixture.told.last(), u"pendingSettingsSectionID"_s);
+        QCOMPARE(fixture.defaults.values.size(), 2);
+    }
+
+    void rowsCanBeWalkedAndRestored()
+    {
+        Fixture fixture;
+        LauncherSettings& settings = *fixture.settings;
+        QVERIFY(rowNamed(settings, u"iconSize"_s)->restore(1000.0));
+        QCOMPARE(settings.iconSize(), 92.0);
+        QVERIFY(rowNamed(settings, u"launchHintInterval"_s)->restore(7LL));
+        QCOMPARE(settings.launchHintInterval(), 25);
+        QVERIFY(rowNamed(settings, u"updateCheckFrequency"_s)->restore(u"weekly"_s));
+        QCOMPARE(settings.updateCheckFrequency(), UpdateCheckFrequency::weekly);
+        fixture.told.clear();
+        for (SettingRow* row : settings.rows()) {
+            const QVariant before = row->stored();
+            QVERIFY2(!row->restore(QVariantMap()), qPrintable(row->name()));
+            QVERIFY2(!row->restore(QVariant()), qPrintable(row->name()));
+            QCOMPARE(row->stored(), before);
+        }
+        QVERIFY(fixture.told.isEmpty());
+    }
+
+    void pinnedPathsAreCompleted_data()
+    {
+        QTest::addColumn<QVariantMap>("stored");
+        QTest::addColumn<QStringList>("pinned");
+        QTest::addColumn<QStringList>("effective");
+        QTest::addColumn<bool>("written");
+        const QString permanent = u"permanentAppPaths"_s;
+        const QString pinned = u"pinnedPermanentAppPaths"_s;
+        const QString slotNumbers = u"permanentAppSlots"_s;
+        const QVariant ab = list({u"A"_s, u"B"_s});
+        const QStringList justAB{u"A"_s, u"B"_s};
+        const QStringList justBA{u"B"_s, u"A"_s};
+        QTest::newRow("legacy slots")
+            << QVariantMap{{permanent, ab},
+                           {slotNumbers, QVariantMap{{u"B"_s, 2LL}, {u"A"_s, 0LL}, {u"C"_s, 1LL}}}}
+            << justAB << justAB << false;
+        QTest::newRow("legacy slots in another order")
+            << QVariantMap{{permanent, ab},
+                           {slotNumbers, QVariantMap{{u"B"_s, -1LL}, {u"A"_s, 10LL}}}}
+            << justBA << justBA << false;
+        QTest::newRow("legacy slots of some")
+            << QVariantMap{{permanent, ab}, {slotNumbers, QVariantMap{{u"B"_s, 5LL}}}} << justBA
+            << justBA << true;
+        QTest::newRow("legacy slots with a text count as none")
+            << QVariantMap{{permanent, ab},
+                           {slotNumbers, QVariantMap{{u"B"_s, 1LL}, {u"A"_s, u"2"_s}}}}
+            << justAB << justAB << true;
+        QTest::newRow("a stored list makes the legacy moot")
+            << QVariantMap{{permanent, ab},
+                           {pinned, QVariantList()},
+                           {slotNumbers, QVariantMap{{u"B"_s, 0LL}, {u"A"_s, 1LL}}}}
+            << justAB << justAB << true;
+        QTest::newRow("duplicates and strangers")
+            << QVariantMap{{permanent, list({u"B"_s, u"A"_s})},
+                           {pinned, list({u"A"_s, u"A"_s, u"X"_s})}}
+            << QStringList{u"A"_s, u"X"_s, u"B"_s} << justAB << true;
+        QTest::newRow("duplicates alone are not written")
+            << QVariantMap{{permanent, ab}, {pinned, list({u"B"_s, u"A"_s, u"B"_s})}} << justBA
+            << justBA << false;
+        QTest::newRow("a permanent path twice")
+            << QVariantMap{{permanent, list({u"A"_s, u"A"_s})}} << QStringList{u"A"_s}
+            << QStringList{u"A"_s} << true;
+    }
+
+    void pinnedPathsAreCompleted()
+    {
+        QFETCH(const QVariantMap, stored);
+        QFETCH(const QStringList, pinned);
+        QFETCH(const QStringList, effective);
+        QFETCH(const bool, written);
+        const Fixture fixture(stored);
+        QCOMPARE(fixture.settings->pinnedPermanentAppPaths(), pinned);
+        QCOMPARE(fixture.settings->effectivePinnedAppPaths(), effective);
+        const QString key = keyOf(u"pinnedPermanentAppPaths"_s);
+        QCOMPARE(fixture.defaults.written, written ? QStringList{key} : QStringList());
+        if (written) {
+            QCOMPARE(fixture.defaults.stringArrayValue(key), pinned);
+        }
+    }
+
+    void permanentAppsAreAddedAndRemoved()
+    {
+        const QString permanent = u"permanentAppPaths"_s;
+        const QString pinned = u"pinnedPermanentAppPaths"_s;
+        const QString preview = LauncherSettings::previewRequestNotification.toString();
+        Fixture fixture({{pinned, list({u"X"_s})}});
+        LauncherSettings& settings = *fixture.settings;
+
+        settings.addPermanentApp(u"A"_s);
+        QCOMPARE(settings.permanentAppPaths(), QStringList{u"A"_s});
+        QCOMPARE(settings.pinnedPermanentAppPaths(), (QStringList{u"X"_s, u"A"_s}));
+        QCOMPARE(std::exchange(fixture.told, {}),
+                 (QStringList{permanent, preview, pinned, preview}));
+
+        settings.addPermanentApp(u"X"_s);
+        QCOMPARE(std::exchange(fixture.told, {}), (QStringList{permanent, preview}));
+        QCOMPARE(settings.effectivePinnedAppPaths(), (QStringList{u"X"_s, u"A"_s}));
+
+        settings.pinnedPermanentAppPaths.set({u"X"_s});
+        fixture.told.clear();
+        settings.addPermanentApp(u"A"_s);
+        QVERIFY(fixture.told.isEmpty());
+        QCOMPARE(settings.pinnedPermanentAppPaths(), QStringList{u"X"_s});
+
+        settings.removePermanentApps({u"A"_s, u"unknown"_s});
+        QCOMPARE(std::exchange(fixture.told, {}), (QStringList{permanent, preview}));
+        QCOMPARE(settings.permanentAppPaths(), QStringList{u"X"_s});
+        settings.removePermanentApps({u"unknown"_s});
+        QVERIFY(fixture.told.isEmpty());
+    }
+
+    void layoutResetAndThemesAssignTheirRowsInOrder()
+    {
+        Fixture fixture;
+        LauncherSettings& settings = *fixture.settings;
+        settings.ringDiameter.set(500);
+        settings.maxVisibleApps.set(3);
+        settings.runningDotColorHex.set(u"#123456"_s);
+        settings.applyTheme(ThemePreset::presets().last());
+        QCOMPARE(settings.pillOpacity(), 0.90);
+        fixture.told.clear();
+        fixture.defaults.written.clear();
+
+        settings.resetRingLayout();
+        QCOMPARE(settings.ringDiameter(), 320.0);
+        QCOMPARE(settings.maxVisibleApps(), 15);
+        QCOMPARE(settings.ringColorHex(), u"#202124"_s);
+        settings.applyTheme(ThemePreset::presets().first());
+        const QStringList expected{u"ringDiameter"_s,
+                                   u"ringThickness"_s,
+                                   u"iconSize"_s,
+                                   u"maxVisibleApps"_s,
+                                   u"ringColorHex"_s,
+                                   u"ringOpacity"_s,
+                                   u"highlightColorHex"_s,
+                                   u"highlightOpacity"_s,
+                                   u"pillOpacity"_s};
+        QStringList keys;
+        for (const QString& name : expected) {
+            keys.append(keyOf(name));
+        }
+        QCOMPARE(fixture.defaults.written, keys);
+        QCOMPARE(fixture.told.count(LauncherSettings::previewRequestNotification.toString()), 9);
+        QCOMPARE(settings.runningDotColorHex(), u"#123456"_s);
+        for (const SettingRow* row : settings.rows()) {
+            if (row->name() != u"runningDotColorHex"_s) {
+                QCOMPARE(row->stored(), rowNamed(*Fixture().settings, row->name())->stored());
+            }
+        }
+    }
+
+    void launchHintsFollowTheSettings()
+    {
+        Fixture fixture;
+        LauncherSettings& settings = *fixture.settings;
+        settings.showsLaunchHints.set(false);
+        QVERIFY(!settings.launchHintForThisSummon());
+        settings.showsLaunchHints.set(true);
+        settings.keepsCenterHintVisible.set(true);
+        QVERIFY(!settings.launchHintForThisSummon());
+        settings.keepsCenterHintVisible.set(false);
+        settings.launchHintInterval.set(5);
+        QVERIFY(settings.launchHintForThisSummon()->contains(u"every 5 launches"_s));
+    }
+
+    void launchAtLoginShowsTheRealStatus()
+    {
+        using enum LoginItem::Status;
+        for (const auto status : {notRegistered, enabled, requiresApproval, notFound}) {
+            const bool launches = status == enabled || status == requiresApproval;
+            const std::optional<QString> message = status == requiresApproval
+                ? std::optional(
+                    u"Enable Tavik Launcher in System Settings > Login Items to finish setup."_s)
+                : std::nullopt;
+            Fixture fixture;
+            fixture.loginItem.state = status;
+            QVERIFY(!fixture.settings->launchesAtLogin());
+            fixture.settings->refreshLaunchAtLoginStatus();
+            QCOMPARE(fixture.settings->launchesAtLogin(), launches);
+            QCOMPARE(fixture.settings->launchAtLoginMessage(), message);
+            const LauncherSettings fresh(
+                fixture.defaults, fixture.loginItem, fixture.notifications);
+            QCOMPARE(fresh.launchesAtLogin(), launches);
+            QCOMPARE(fresh.launchAtLoginMessage(), message);
+            QVERIFY(fixture.defaults.written.isEmpty());
+        }
+    }
+
+    void failedLoginItemIsReported()
+    {
+        Fixture fixture;
+        LauncherSettings& settings = *fixture.settings;
+        settings.setLaunchesAtLogin(true);
+        QVERIFY(settings.launchesAtLogin());
+        QCOMPARE(settings.launchAtLoginMessage(), std::nullopt);
+
+        fixture.loginItem.succeeds = false;
+        fixture.loginItem.state = LoginItem::Status::requiresApproval;
+        settings.setLaunchesAtLogin(false);
+        QVERIFY(settings.launchesAtLogin());
+        QCOMPARE(settings.launchAtLoginMessage(),
+                 u"Launch at login could not be changed from this build."_s);
+        QCOMPARE(fixture.loginItem.calls, (QStringList{u"register"_s, u"unregister"_s}));
+        QCOMPARE(fixture.told.last(), u"launchAtLoginMessage"_s);
+    }
 };
-
-void LauncherSettingsTest::emptyDefaultsGiveTheTableAndWriteNothing()
-{
-    const Fixture fixture;
-    const LauncherSettings& settings = *fixture.settings;
-    QVariantMap values;
-    for (const SettingRow* row : settings.rows()) {
-        values.insert(row->name(), row->stored());
-        QCOMPARE(row->key(), keyOf(row->name()));
-    }
-    const QVariantMap expected{
-        {u"ringDiameter"_s, 320.0},
-        {u"ringThickness"_s, 80.0},
-        {u"iconSize"_s, 50.0},
-        {u"maxVisibleApps"_s, 15LL},
-        {u"keepsCenterHintVisible"_s, false},
-        {u"showsAppNames"_s, true},
-        {u"showsLaunchHints"_s, true},
-        {u"launchHintInterval"_s, 25LL},
-        {u"searchesAllApps"_s, false},
-        {u"fillsRingWithRecentApps"_s, true},
-        {u"doubleTapModifiersPinsLauncher"_s, true},
-        {u"hasCompletedOnboarding"_s, false},
-        {u"showInDock"_s, false},
-        {u"ringColorHex"_s, u"#000000"_s},
-        {u"ringOpacity"_s, 0.82},
-        {u"highlightColorHex"_s, u"#0A84FF"_s},
-        {u"highlightOpacity"_s, 0.72},
-        {u"pillOpacity"_s, 0.94},
-        {u"runningDotColorHex"_s, u"#0A84FF"_s},
-        {u"showsRunningDot"_s, true},
-        {u"permanentAppPaths"_s, QVariantList()},
-        {u"pinnedPermanentAppPaths"_s, QVariantList()},
-        {u"autoUpdatesEnabled"_s, true},
-        {u"updateCheckFrequency"_s, u"daily"_s},
-        {u"hotKeyConfig"_s,
-         u"{\"displayName\":\"⌃⌥ (hold)\",\"modifierFlagsRaw\":786432}"_s.toUtf8()},
-    };
-    QCOMPARE(values, expected);
-    QCOMPARE(settings.pendingSettingsSectionID(), std::nullopt);
-    QVERIFY(fixture.defaults.written.isEmpty());
-}
-
-void LauncherSettingsTest::storedValuesAreRepaired_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QVariant>("stored");
-    QTest::addColumn<QVariant>("loaded");
-    const auto row = [](const QString& name, const QVariant& stored, const QVariant& loaded) {
-        QTest::addRow(
-            "%s from %s %s", qPrintable(name), stored.typeName(), qPrintable(stored.toString()))
-            << name << stored << loaded;
-    };
-    constexpr double infinity = std::numeric_limits<double>::infinity();
-    constexpr auto beyondInt = qlonglong{1} << 40;
-    row(u"ringDiameter"_s, 1000.0, 550.0);
-    row(u"ringDiameter"_s, 10.0, 250.0);
-    row(u"ringDiameter"_s, 333.25, 333.25);
-    row(u"ringDiameter"_s, 400LL, 320.0);
-    row(u"ringDiameter"_s, u"400"_s, 320.0);
-    row(u"ringDiameter"_s, std::nan(""), 320.0);
-    row(u"ringDiameter"_s, infinity, 550.0);
-    row(u"ringThickness"_s, -infinity, 60.0);
-    row(u"ringThickness"_s, 221.0, 220.0);
-    row(u"iconSize"_s, 20.0, 36.0);
-    row(u"iconSize"_s, 93.0, 92.0);
-    row(u"maxVisibleApps"_s, 0LL, 1LL);
-    row(u"maxVisibleApps"_s, 99LL, 24LL);
-    row(u"maxVisibleApps"_s, beyondInt, 24LL);
-    row(u"maxVisibleApps"_s, -beyondInt, 1LL);
-    row(u"maxVisibleApps"_s, 7.0, 15LL);
-    row(u"launchHintInterval"_s, 30LL, 25LL);
-    row(u"launchHintInterval"_s, 200LL, 200LL);
-    row(u"launchHintInterval"_s, beyondInt + 5, 25LL);
-    row(u"showsAppNames"_s, false, false);
-    row(u"showsAppNames"_s, 0LL, true);
-    row(u"ringOpacity"_s, 0.0, 0.2);
-    row(u"highlightOpacity"_s, 7.0, 1.0);
-    row(u"pillOpacity"_s, std::nan(""), 0.94);
-    row(u"ringColorHex"_s, u"no colour"_s, u"no colour"_s);
-    row(u"ringColorHex"_s, QByteArray("#FFFFFF"), u"#000000"_s);
-    row(u"updateCheckFrequency"_s, u"monthly"_s, u"monthly"_s);
-    row(u"updateCheckFrequency"_s, u"Weekly"_s, u"daily"_s);
-    row(u"permanentAppPaths"_s, QVariantList{u"/a"_s, 1LL}, QVariantList());
-    const HotKeyConfig fallback = HotKeyConfig::defaultConfig();
-    const HotKeyConfig space = HotKeyConfig::make(0x100000, 49);
-    row(u"hotKeyConfig"_s, space.toJson(), space.toJson());
-    row(u"hotKeyConfig"_s, QByteArray("{}"), fallback.toJson());
-    row(u"hotKeyConfig"_s, QString::fromUtf8(space.toJson()), fallback.toJson());
-}
-
-void LauncherSettingsTest::storedValuesAreRepaired()
-{
-    QFETCH(const QString, name);
-    QFETCH(const QVariant, stored);
-    QFETCH(const QVariant, loaded);
-    const Fixture fixture({{name, stored}});
-    QCOMPARE(rowNamed(*fixture.settings, name)->stored(), loaded);
-    QVERIFY(fixture.defaults.written.isEmpty());
-}
-
-void LauncherSettingsTest::everyAssignmentWritesThenTells_data()
-{
-    const QString preview = keyOf(u"previewRequestNotification"_s);
-    const QString updates = keyOf(u"updateSettingsChanged"_s);
-    const QMap<QString, QString> notifications{
-        {u"ringDiameter"_s, preview},
-        {u"ringThickness"_s, preview},
-        {u"iconSize"_s, preview},
-        {u"maxVisibleApps"_s, preview},
-        {u"showsAppNames"_s, preview},
-        {u"showInDock"_s, keyOf(u"showInDockChanged"_s)},
-        {u"ringColorHex"_s, preview},
-        {u"ringOpacity"_s, preview},
-        {u"highlightColorHex"_s, preview},
-        {u"highlightOpacity"_s, preview},
-        {u"pillOpacity"_s, preview},
-        {u"runningDotColorHex"_s, preview},
-        {u"showsRunningDot"_s, preview},
-        {u"permanentAppPaths"_s, preview},
-        {u"pinnedPermanentAppPaths"_s, preview},
-        {u"autoUpdatesEnabled"_s, updates},
-        {u"updateCheckFrequency"_s, updates},
-        {u"hotKeyConfig"_s, keyOf(u"hotKeyChanged"_s)},
-    };
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QStringList>("told");
-    const Fixture fixture;
-    for (const SettingRow* row : fixture.settings->rows()) {
-        QStringList told{row->name()};
-        if (notifications.contains(row->name())) {
-            told.append(notifications[row->name()]);
-        }
-        QTest::newRow(qPrintable(row->name())) << row->name() << told;
-    }
-}
-
-void LauncherSettingsTest::everyAssignmentWritesThenTells()
-{
-    QFETCH(const QString, name);
-    QFETCH(const QStringList, told);
-    Fixture fixture;
-    SettingRow* row = rowNamed(*fixture.settings, name);
-    bool wasWritten = false;
-    connect(fixture.settings.get(), &LauncherSettings::propertyChanged, this, [&] {
-        wasWritten = fixture.defaults.values.value(row->key()) == row->stored();
-    });
-    // Twice the same value, which is the default one at that.
-    QVERIFY(row->restore(row->stored()));
-    QVERIFY(row->restore(row->stored()));
-    QVERIFY(wasWritten);
-    QCOMPARE(fixture.defaults.written, (QStringList{row->key(), row->key()}));
-    QCOMPARE(fixture.told, told + told);
-}
-
-void LauncherSettingsTest::assignmentsAreNotClamped()
-{
-    Fixture fixture;
-    fixture.settings->ringDiameter.set(9999);
-    fixture.settings->launchHintInterval.set(3);
-    QCOMPARE(fixture.settings->ringDiameter(), 9999.0);
-    QCOMPARE(fixture.defaults.values.value(keyOf(u"ringDiameter"_s)), QVariant(9999.0));
-    QCOMPARE(fixture.defaults.values.value(keyOf(u"launchHintInterval"_s)), QVariant(3LL));
-    fixture.settings->pendingSettingsSectionID.set(u"about"_s);
-    QCOMPARE(fixture.settings->pendingSettingsSectionID(), u"about"_s);
-    QCOMPARE(fixture.told.last(), u"pendingSettingsSectionID"_s);
-    QCOMPARE(fixture.defaults.values.size(), 2);
-}
-
-void LauncherSettingsTest::rowsCanBeWalkedAndRestored()
-{
-    Fixture fixture;
-    LauncherSettings& settings = *fixture.settings;
-    QVERIFY(rowNamed(settings, u"iconSize"_s)->restore(1000.0));
-    QCOMPARE(settings.iconSize(), 92.0);
-    QVERIFY(rowNamed(settings, u"launchHintInterval"_s)->restore(7LL));
-    QCOMPARE(settings.launchHintInterval(), 25);
-    QVERIFY(rowNamed(settings, u"updateCheckFrequency"_s)->restore(u"weekly"_s));
-    QCOMPARE(settings.updateCheckFrequency(), UpdateCheckFrequency::weekly);
-    fixture.told.clear();
-    for (SettingRow* row : settings.rows()) {
-        const QVariant before = row->stored();
-        QVERIFY2(!row->restore(QVariantMap()), qPrintable(row->name()));
-        QVERIFY2(!row->restore(QVariant()), qPrintable(row->name()));
-        QCOMPARE(row->stored(), before);
-    }
-    QVERIFY(fixture.told.isEmpty());
-}
-
-void LauncherSettingsTest::pinnedPathsAreCompleted_data()
-{
-    QTest::addColumn<QVariantMap>("stored");
-    QTest::addColumn<QStringList>("pinned");
-    QTest::addColumn<QStringList>("effective");
-    QTest::addColumn<bool>("written");
-    const QString permanent = u"permanentAppPaths"_s;
-    const QString pinned = u"pinnedPermanentAppPaths"_s;
-    const QString slotNumbers = u"permanentAppSlots"_s;
-    const QVariant ab = list({u"A"_s, u"B"_s});
-    const QStringList justAB{u"A"_s, u"B"_s};
-    const QStringList justBA{u"B"_s, u"A"_s};
-    QTest::newRow("legacy slots")
-        << QVariantMap{{permanent, ab},
-                       {slotNumbers, QVariantMap{{u"B"_s, 2LL}, {u"A"_s, 0LL}, {u"C"_s, 1LL}}}}
-        << justAB << justAB << false;
-    QTest::newRow("legacy slots in another order")
-        << QVariantMap{{permanent, ab}, {slotNumbers, QVariantMap{{u"B"_s, -1LL}, {u"A"_s, 10LL}}}}
-        << justBA << justBA << false;
-    QTest::newRow("legacy slots of some")
-        << QVariantMap{{permanent, ab}, {slotNumbers, QVariantMap{{u"B"_s, 5LL}}}} << justBA
-        << justBA << true;
-    QTest::newRow("legacy slots with a text count as none")
-        << QVariantMap{{permanent, ab}, {slotNumbers, QVariantMap{{u"B"_s, 1LL}, {u"A"_s, u"2"_s}}}}
-        << justAB << justAB << true;
-    QTest::newRow("a stored list makes the legacy moot")
-        << QVariantMap{{permanent, ab},
-                       {pinned, QVariantList()},
-                       {slotNumbers, QVariantMap{{u"B"_s, 0LL}, {u"A"_s, 1LL}}}}
-        << justAB << justAB << true;
-    QTest::newRow("duplicates and strangers")
-        << QVariantMap{{permanent, list({u"B"_s, u"A"_s})},
-                       {pinned, list({u"A"_s, u"A"_s, u"X"_s})}}
-        << QStringList{u"A"_s, u"X"_s, u"B"_s} << justAB << true;
-    QTest::newRow("duplicates alone are not written")
-        << QVariantMap{{permanent, ab}, {pinned, list({u"B"_s, u"A"_s, u"B"_s})}} << justBA
-        << justBA << false;
-    QTest::newRow("a permanent path twice") << QVariantMap{{permanent, list({u"A"_s, u"A"_s})}}
-                                            << QStringList{u"A"_s} << QStringList{u"A"_s} << true;
-}
-
-void LauncherSettingsTest::pinnedPathsAreCompleted()
-{
-    QFETCH(const QVariantMap, stored);
-    QFETCH(const QStringList, pinned);
-    QFETCH(const QStringList, effective);
-    QFETCH(const bool, written);
-    const Fixture fixture(stored);
-    QCOMPARE(fixture.settings->pinnedPermanentAppPaths(), pinned);
-    QCOMPARE(fixture.settings->effectivePinnedAppPaths(), effective);
-    const QString key = keyOf(u"pinnedPermanentAppPaths"_s);
-    QCOMPARE(fixture.defaults.written, written ? QStringList{key} : QStringList());
-    if (written) {
-        QCOMPARE(fixture.defaults.stringArrayValue(key), pinned);
-    }
-}
-
-void LauncherSettingsTest::permanentAppsAreAddedAndRemoved()
-{
-    const QString permanent = u"permanentAppPaths"_s;
-    const QString pinned = u"pinnedPermanentAppPaths"_s;
-    const QString preview = LauncherSettings::previewRequestNotification.toString();
-    Fixture fixture({{pinned, list({u"X"_s})}});
-    LauncherSettings& settings = *fixture.settings;
-
-    settings.addPermanentApp(u"A"_s);
-    QCOMPARE(settings.permanentAppPaths(), QStringList{u"A"_s});
-    QCOMPARE(settings.pinnedPermanentAppPaths(), (QStringList{u"X"_s, u"A"_s}));
-    QCOMPARE(std::exchange(fixture.told, {}), (QStringList{permanent, preview, pinned, preview}));
-
-    settings.addPermanentApp(u"X"_s);
-    QCOMPARE(std::exchange(fixture.told, {}), (QStringList{permanent, preview}));
-    QCOMPARE(settings.effectivePinnedAppPaths(), (QStringList{u"X"_s, u"A"_s}));
-
-    settings.pinnedPermanentAppPaths.set({u"X"_s});
-    fixture.told.clear();
-    settings.addPermanentApp(u"A"_s);
-    QVERIFY(fixture.told.isEmpty());
-    QCOMPARE(settings.pinnedPermanentAppPaths(), QStringList{u"X"_s});
-
-    settings.removePermanentApps({u"A"_s, u"unknown"_s});
-    QCOMPARE(std::exchange(fixture.told, {}), (QStringList{permanent, preview}));
-    QCOMPARE(settings.permanentAppPaths(), QStringList{u"X"_s});
-    settings.removePermanentApps({u"unknown"_s});
-    QVERIFY(fixture.told.isEmpty());
-}
-
-void LauncherSettingsTest::layoutResetAndThemesAssignTheirRowsInOrder()
-{
-    Fixture fixture;
-    LauncherSettings& settings = *fixture.settings;
-    settings.ringDiameter.set(500);
-    settings.maxVisibleApps.set(3);
-    settings.runningDotColorHex.set(u"#123456"_s);
-    settings.applyTheme(ThemePreset::presets().last());
-    QCOMPARE(settings.pillOpacity(), 0.90);
-    fixture.told.clear();
-    fixture.defaults.written.clear();
-
-    settings.resetRingLayout();
-    QCOMPARE(settings.ringDiameter(), 320.0);
-    QCOMPARE(settings.maxVisibleApps(), 15);
-    QCOMPARE(settings.ringColorHex(), u"#202124"_s);
-    settings.applyTheme(ThemePreset::presets().first());
-    const QStringList expected{u"ringDiameter"_s,
-                               u"ringThickness"_s,
-                               u"iconSize"_s,
-                               u"maxVisibleApps"_s,
-                               u"ringColorHex"_s,
-                               u"ringOpacity"_s,
-                               u"highlightColorHex"_s,
-                               u"highlightOpacity"_s,
-                               u"pillOpacity"_s};
-    QStringList keys;
-    for (const QString& name : expected) {
-        keys.append(keyOf(name));
-    }
-    QCOMPARE(fixture.defaults.written, keys);
-    QCOMPARE(fixture.told.count(LauncherSettings::previewRequestNotification.toString()), 9);
-    QCOMPARE(settings.runningDotColorHex(), u"#123456"_s);
-    for (const SettingRow* row : settings.rows()) {
-        if (row->name() != u"runningDotColorHex"_s) {
-            QCOMPARE(row->stored(), rowNamed(*Fixture().settings, row->name())->stored());
-        }
-    }
-}
-
-void LauncherSettingsTest::launchHintsFollowTheSettings()
-{
-    Fixture fixture;
-    LauncherSettings& settings = *fixture.settings;
-    settings.showsLaunchHints.set(false);
-    QVERIFY(!settings.launchHintForThisSummon());
-    settings.showsLaunchHints.set(true);
-    settings.keepsCenterHintVisible.set(true);
-    QVERIFY(!settings.launchHintForThisSummon());
-    settings.keepsCenterHintVisible.set(false);
-    settings.launchHintInterval.set(5);
-    QVERIFY(settings.launchHintForThisSummon()->contains(u"every 5 launches"_s));
-    QVERIFY(!settings.launchHintForThisSummon());
-    QVERIFY(settings.launchHintForThisSummon());
-}
-
-void LauncherSettingsTest::launchAtLoginShowsTheRealStatus_data()
-{
-    QTest::addColumn<LoginItem::Status>("status");
-    QTest::addColumn<bool>("launches");
-    QTest::addColumn<bool>("hasMessage");
-    using enum LoginItem::Status;
-    QTest::newRow("not registered") << notRegistered << false << false;
-    QTest::newRow("enabled") << enabled << true << false;
-    QTest::newRow("requires approval") << requiresApproval << true << true;
-    QTest::newRow("not found") << notFound << false << false;
-}
-
-void LauncherSettingsTest::launchAtLoginShowsTheRealStatus()
-{
-    QFETCH(const LoginItem::Status, status);
-    QFETCH(const bool, launches);
-    QFETCH(const bool, hasMessage);
-    const std::optional<QString> message = hasMessage
-        ? std::optional(
-            u"Enable Tavik Launcher in System Settings > Login Items to finish setup."_s)
-        : std::nullopt;
-    Fixture fixture;
-    fixture.loginItem.state = status;
-    QVERIFY(!fixture.settings->launchesAtLogin());
-    fixture.settings->refreshLaunchAtLoginStatus();
-    QCOMPARE(fixture.settings->launchesAtLogin(), launches);
-    QCOMPARE(fixture.settings->launchAtLoginMessage(), message);
-    const LauncherSettings fresh(fixture.defaults, fixture.loginItem, fixture.notifications);
-    QCOMPARE(fresh.launchesAtLogin(), launches);
-    QCOMPARE(fresh.launchAtLoginMessage(), message);
-    QVERIFY(fixture.defaults.written.isEmpty());
-}
-
-void LauncherSettingsTest::failedLoginItemIsReported()
-{
-    Fixture fixture;
-    LauncherSettings& settings = *fixture.settings;
-    settings.setLaunchesAtLogin(true);
-    QVERIFY(settings.launchesAtLogin());
-    QCOMPARE(settings.launchAtLoginMessage(), std::nullopt);
-
-    fixture.loginItem.succeeds = false;
-    fixture.loginItem.state = LoginItem::Status::requiresApproval;
-    settings.setLaunchesAtLogin(false);
-    QVERIFY(settings.launchesAtLogin());
-    QCOMPARE(settings.launchAtLoginMessage(),
-             u"Launch at login could not be changed from this build."_s);
-    QCOMPARE(fixture.loginItem.calls, (QStringList{u"register"_s, u"unregister"_s}));
-    QCOMPARE(fixture.told.last(), u"launchAtLoginMessage"_s);
-}
 
 QTEST_APPLESS_MAIN(LauncherSettingsTest)
 

@@ -2,9 +2,9 @@
 #pragma once
 
 #include <QByteArray>
+#include <QElapsedTimer>
 #include <QRandomGenerator>
-
-#include <array>
+#include <QTest>
 
 namespace Tavik::Test {
 
@@ -27,7 +27,6 @@ public:
         constexpr qsizetype most = 6 * 1024 * 1024;
         return output.left(most);
     }
-    [[nodiscard]] QRandomGenerator& random() { return m_random; }
 
 private:
     void changeOnce(QByteArray& bytes)
@@ -70,27 +69,12 @@ private:
 
     void insertToken(QByteArray& bytes)
     {
-        static const std::array<QByteArray, 20> tokens{QByteArray("\0", 1),
-                                                       "\xff\xfe",
-                                                       "\xed\xa0\x80",
-                                                       "<",
-                                                       ">",
-                                                       "</",
-                                                       "<!--",
-                                                       "-->",
-                                                       "<![CDATA[",
-                                                       "&#0;",
-                                                       "&#xffffffff;",
-                                                       "\"",
-                                                       "\\u0000",
-                                                       "{",
-                                                       "[",
-                                                       "-1",
-                                                       "1e999",
-                                                       "nan",
-                                                       "18446744073709551616",
-                                                       "\n"};
-        bytes.insert(position(bytes), tokens[m_random.bounded(quint32{tokens.size()})]);
+        static const QByteArrayList tokens
+            = QByteArray("\xff\xfe|\xed\xa0\x80|<|>|</|<!--|-->|<![CDATA[|&#0;|&#xffffffff;|\"|"
+                         "\\u0000|{|[|-1|1e999|nan|18446744073709551616|\n")
+                  .split('|')
+            << QByteArray(1, '\0');
+        bytes.insert(position(bytes), tokens[m_random.bounded(tokens.size())]);
     }
 
     void insertHuge(QByteArray& bytes)
@@ -114,5 +98,22 @@ private:
 
     QRandomGenerator m_random;
 };
+
+/// Gives `tryOut(damaged, understood)` damaged forms of `input`, in the same order each time, until
+/// the time is gone. Some of them, but not all, must have counted as understood.
+template <typename TryOut>
+void tryDamaged(quint32 seed, const QByteArray& input, qint64 milliseconds, TryOut tryOut)
+{
+    Mutator mutator(seed);
+    QElapsedTimer time;
+    time.start();
+    int understood = 0;
+    int runs = 0;
+    for (; time.elapsed() < milliseconds && !QTest::currentTestFailed(); ++runs) {
+        tryOut(mutator.mutate(input), understood);
+    }
+    qInfo() << runs << "inputs," << understood << "of them understood";
+    QVERIFY(understood > 0 && understood < runs);
+}
 
 } // namespace Tavik::Test

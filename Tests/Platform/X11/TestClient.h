@@ -2,13 +2,32 @@
 #pragma once
 
 #include <QByteArray>
+#include <QGuiApplication>
 #include <QList>
+#include <QTest>
 
 #include <memory>
 
 #include <xcb/xcb.h>
 
 namespace Tavik::Test {
+
+constexpr quint16 f9 = 101; // The virtual key code …
+constexpr xcb_keycode_t f9Key = 75; // … and the server's.
+constexpr xcb_keycode_t control = 37;
+constexpr xcb_keycode_t shift = 50;
+constexpr xcb_keycode_t capsLock = 66;
+
+inline xcb_connection_t* toolkitConnection()
+{
+    return qApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
+}
+
+/// For what should not come: long enough that it would have.
+inline void settle()
+{
+    QTest::qWait(60);
+}
 
 /// Another program on the same X server: it has windows, holds keys, and types.
 class TestClient

@@ -229,6 +229,10 @@ void RadialLauncherView::scheduleRenderAhead()
 void RadialLauncherView::updateShape()
 {
     const RingScene now = scene();
+    if (now == m_shapedScene) {
+        return;
+    }
+    m_shapedScene = now;
     if (now.isOpaque) {
         window()->setMask(RingPainter::shape(now));
     } else if (!window()->mask().isEmpty()) {

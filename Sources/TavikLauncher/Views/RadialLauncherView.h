@@ -102,6 +102,7 @@ private:
     FilterField* m_filterField;
 
     RingImageCache m_images;
+    RingScene m_shapedScene; ///< What the panel's shape was made from.
     FieldFade m_fieldFade;
 
     Task m_frames;

@@ -10,6 +10,7 @@
 #include <TavikLauncherPlatform/MainQueue.h>
 #include <TavikLauncherPlatform/Screens.h>
 #include <TavikLauncherPlatform/StatusTray.h>
+#include <TavikLauncherPlatform/Updater.h>
 #include <TavikLauncherPlatform/UserDefaults.h>
 #include <TavikLauncherPlatform/WindowServer.h>
 #include <TavikLauncherPlatform/WorkQueue.h>
@@ -36,10 +37,11 @@ struct Platform
     std::unique_ptr<DesktopAppearance> appearance;
     std::unique_ptr<LoginItem> loginItem;
     std::unique_ptr<StatusTray> statusTray;
+    std::unique_ptr<Updater> updater;
 };
 
 /// Builds the platform for the running session. Call once, after the application object exists.
 /// Implemented by the one system that the build contains.
-[[nodiscard]] std::unique_ptr<Platform> makePlatform();
+[[nodiscard]] std::unique_ptr<Platform> makePlatform(const UpdateSource& updates);
 
 } // namespace Tavik

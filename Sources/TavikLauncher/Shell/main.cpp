@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Shell/AppDelegate.h>
+#include <TavikLauncher/Shell/BuildUpdateSource.h>
 #include <TavikLauncher/Shell/CommandLine.h>
 #include <TavikLauncher/Views/RingAccessibility.h>
 #include <TavikLauncherPlatform/Platform.h>
@@ -53,7 +54,7 @@ int run(int argc, char** argv, const AppRequest& request)
         return SingleInstance::forward(request) ? 0 : notRunning;
     }
     RingAccessibility::install();
-    const std::unique_ptr<Platform> platform = makePlatform();
+    const std::unique_ptr<Platform> platform = makePlatform(buildUpdateSource());
     AppDelegate delegate(*platform);
     delegate.applicationDidFinishLaunching();
     instance.onRequest = [&delegate](const AppRequest& wanted) {

@@ -25,6 +25,8 @@
 
 namespace Tavik {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The file that a login must start: the image we run from, if we do, for what is inside has
@@ -63,9 +65,16 @@ void addNullServices(Platform& platform)
     platform.windowServer = std::make_unique<NullWindowServer>();
 }
 
+std::unique_ptr<Updater> makeUpdater(const UpdateSource&)
+{
+    return std::make_unique<NullUpdater>(
+        u"It was made without an update feed. Newer versions come the way this one came: from "
+        u"your package manager, or from whoever built it for you."_s);
+}
+
 } // namespace
 
-std::unique_ptr<Platform> makePlatform()
+std::unique_ptr<Platform> makePlatform(const UpdateSource& updates)
 {
     auto platform = std::make_unique<Platform>();
     platform->mainQueue = std::make_unique<QtMainQueue>();
@@ -90,6 +99,7 @@ std::unique_ptr<Platform> makePlatform()
         *platform->workQueue,
         LinuxStatusTray::Session{.isX11 = x11 && x11->connection(),
                                  .desktop = qEnvironmentVariable("XDG_CURRENT_DESKTOP")});
+    platform->updater = makeUpdater(updates);
     return platform;
 }
 

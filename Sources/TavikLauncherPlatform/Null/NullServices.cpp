@@ -71,4 +71,11 @@ bool NullWindowServer::isCompositing() const
     return true;
 }
 
+void NullUpdater::checkForUpdates()
+{
+    if (m_driver) {
+        m_driver->showUpdateNotFound(m_reason, nullptr);
+    }
+}
+
 } // namespace Tavik

@@ -5,7 +5,10 @@
 #include <TavikLauncherPlatform/DesktopAppearance.h>
 #include <TavikLauncherPlatform/KeyEvents.h>
 #include <TavikLauncherPlatform/LoginItem.h>
+#include <TavikLauncherPlatform/Updater.h>
 #include <TavikLauncherPlatform/WindowServer.h>
+
+#include <utility>
 
 namespace Tavik {
 
@@ -74,6 +77,28 @@ public:
     [[nodiscard]] Status status() const override { return Status::notFound; }
     bool registerItem() override { return false; }
     bool unregisterItem() override { return false; }
+};
+
+/// A build that is not updated by itself, and says why when it is asked.
+class NullUpdater final : public Updater
+{
+public:
+    /// `reason` is a whole sentence for people.
+    explicit NullUpdater(QString reason)
+        : m_reason(std::move(reason))
+    { }
+
+    [[nodiscard]] std::optional<QString> whyNotUpdating() const override { return m_reason; }
+    void startUpdater(UpdateUserDriver& driver) override { m_driver = &driver; }
+    void setAutomaticallyChecksForUpdates(bool) override { }
+    void setUpdateCheckInterval(std::chrono::seconds) override { }
+    void checkForUpdates() override;
+    void stopUpdater() override { m_driver = nullptr; }
+    [[nodiscard]] std::optional<QString> programToRelaunch() const override { return std::nullopt; }
+
+private:
+    QString m_reason;
+    UpdateUserDriver* m_driver = nullptr;
 };
 
 } // namespace Tavik

@@ -21,7 +21,7 @@ private Q_SLOTS:
     {
         QElapsedTimer timer;
         timer.start();
-        const auto platform = makePlatform();
+        const auto platform = makePlatform({});
         const double milliseconds = static_cast<double>(timer.nsecsElapsed()) / 1e6;
         qInfo("makePlatform took %.2f ms", milliseconds);
         QVERIFY(milliseconds < 50);
@@ -34,7 +34,7 @@ private Q_SLOTS:
 
     void pointerIsKnownWithoutAWindow()
     {
-        const auto platform = makePlatform();
+        const auto platform = makePlatform({});
         Test::TestClient client;
         client.movePointer(321, 123);
         QTRY_COMPARE(platform->screens->mouseLocation(), QPointF(321, 800 - 123));
@@ -51,7 +51,7 @@ private Q_SLOTS:
         client.setNumbers(
             dock, "_NET_WM_STRUT_PARTIAL", {0, 0, 0, 32, 0, 0, 0, 0, 0, 0, 0, 639}, "CARDINAL");
         client.map(dock);
-        const auto platform = makePlatform();
+        const auto platform = makePlatform({});
         QTRY_COMPARE(platform->screens->all().constFirst().visibleFrame, QRectF(0, 32, 1280, 768));
         QCOMPARE(platform->screens->main()->frame, QRectF(0, 0, 1280, 800));
 
@@ -79,7 +79,7 @@ private Q_SLOTS:
 
     void desktopThatWantsLessMotionIsHeard()
     {
-        const auto platform = makePlatform();
+        const auto platform = makePlatform({});
         int changes = 0;
         platform->appearance->onChanged = [&changes] {
             ++changes;

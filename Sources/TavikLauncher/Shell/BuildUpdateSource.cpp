@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Shell/BuildUpdateSource.h>
+
+namespace Tavik {
+
+UpdateSource buildUpdateSource()
+{
+    return {.feedUrl = QStringLiteral(TAVIK_UPDATE_FEED_URL),
+            .publicKey = QStringLiteral(TAVIK_UPDATE_PUBLIC_KEY),
+            .version = QStringLiteral(TAVIK_VERSION)};
+}
+
+} // namespace Tavik

@@ -11,6 +11,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).parent))
 
 from harness.desktop import Desktop, DesktopOptions  # noqa: E402
 from harness.launcher import Launcher  # noqa: E402
+from harness.notifier_host import NotifierHost  # noqa: E402
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 PROGRAM = pathlib.Path(os.environ.get("TAVIK_LAUNCHER", ROOT / "build" / "release" / "tavik-launcher"))
@@ -61,6 +62,13 @@ def display(desktop):
 @pytest.fixture
 def applications(desktop):
     return desktop.applications
+
+
+@pytest.fixture
+def panel(desktop):
+    """A panel that shows status items, running before the launcher is."""
+    with NotifierHost(desktop) as host:
+        yield host
 
 
 @pytest.fixture

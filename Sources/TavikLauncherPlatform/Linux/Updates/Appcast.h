@@ -16,11 +16,13 @@ namespace Tavik {
 /// The file that installs a version.
 struct AppcastEnclosure
 {
-    QUrl url;
+    QUrl url; ///< Empty when it may not be fetched.
     qint64 length = 0; ///< Bytes.
-    QByteArray
-        signature; ///< Ed25519 over the whole file, 64 bytes; empty when missing or malformed.
+    QByteArray signature; ///< Ed25519 over the whole file, 64 bytes; empty when malformed.
     QString mimeType;
+    /// Why the file must not be installed, as a whole sentence for people; absent when the above
+    /// is complete.
+    std::optional<QString> fault;
 
     bool operator==(const AppcastEnclosure&) const = default;
 };

@@ -43,6 +43,68 @@ private Q_SLOTS:
         QCOMPARE(result.ringCenter, expected.ringCenter);
         QCOMPARE(result.ringDiameterCap, expected.ringDiameterCap);
     }
+
+    void followingKeepsTheRingBesideAMovedWindow_data()
+    {
+        QTest::addColumn<QRectF>("window");
+        QTest::addColumn<double>("wanted");
+        QTest::addColumn<QPointF>("center");
+        QTest::addColumn<double>("cap");
+        const auto row =
+            [](const char* name, const QRectF& window, double wanted, QPointF center, double cap) {
+                QTest::newRow(name) << window << wanted << center << cap;
+            };
+        row("as placed", {55, 200, 800, 600}, 320, {1170, 500}, 550);
+        row("as placed, rounded", {54, 201, 801, 600}, 320, {1170, 500}, 550);
+        row("a little aside", {95, 230, 800, 600}, 320, {1210, 530}, 550);
+        row("high", {95, 500, 800, 600}, 320, {1210, 725}, 550);
+        row("narrower", {105, 200, 700, 600}, 320, {1120, 500}, 550);
+        row("less room than the largest ring needs", {260, 200, 800, 600}, 320, {1300, 500}, 400);
+        row("less than this ring needs, and less at the left",
+            {320, 200, 800, 600},
+            400,
+            {1330, 500},
+            340);
+        row("more at the left", {500, 200, 800, 600}, 320, {230, 500}, 460);
+        row("half off the screen", {1100, 200, 800, 600}, 320, {785, 500}, 550);
+        row("as wide as the screen", {0, 0, 1500, 600}, 320, {750, 820}, 360);
+        row("as wide as the screen, high up", {0, 500, 1500, 500}, 320, {750, 230}, 460);
+        row("as large as the screen", {0, 0, 1500, 1000}, 320, {1540, 500}, 0);
+    }
+
+    void followingKeepsTheRingBesideAMovedWindow()
+    {
+        QFETCH(const QRectF, window);
+        QFETCH(const double, wanted);
+        const Result result = following(
+            {.visibleFrame = {0, 0, 1500, 1000}, .dialogSize = {800, 600}, .dialogMinWidth = 560},
+            window,
+            wanted);
+        QTEST(result.ringCenter, "center");
+        QTEST(result.ringDiameterCap, "cap");
+    }
+
+    /// However the window moves, the ring neither covers it nor jumps while it stays at its side.
+    void followingNeverCoversTheWindow()
+    {
+        const Request request{
+            .visibleFrame = {0, 0, 1920, 1080}, .dialogSize = {960, 700}, .dialogMinWidth = 860};
+        for (double x = -500; x < 1800; x += 7) {
+            for (double y = -300; y < 1000; y += 31) {
+                const QRectF window(x, y, 960, 700);
+                const Result result = following(request, window, 320);
+                const double half = result.ringDiameterCap / 2;
+                const QRectF ring(result.ringCenter - QPointF(half, half),
+                                  QSizeF(2 * half, 2 * half));
+                QVERIFY(!ring.intersects(window) || half == 0);
+                const Result next = following(request, window.translated(1, 0), 320);
+                const double step = std::abs(next.ringCenter.x() - result.ringCenter.x());
+                const bool isSameSide = (next.ringCenter.x() > window.center().x())
+                    == (result.ringCenter.x() > window.center().x());
+                QVERIFY2(step <= 3 || !isSameSide, qPrintable(QString::number(x)));
+            }
+        }
+    }
 };
 
 QTEST_APPLESS_MAIN(SettingsPreviewLayoutTest)

@@ -216,6 +216,60 @@ private Q_SLOTS:
         QVERIFY(fixture.panel->rect.x() >= 2000 + 800 + 32);
     }
 
+    void previewFollowsTheSettingsWindow()
+    {
+        Controlled fixture;
+        const auto follow = [&](const QPointF& center, double cap) {
+            fixture.layout->ringCenter = center;
+            fixture.layout->ringDiameterCap = cap;
+            fixture.controller.followSettingsWindow();
+        };
+        fixture.layout = layoutWithCap(550);
+        fixture.avoided = {QRectF(100, 100, 960, 700)};
+        fixture.controller.followSettingsWindow();
+        QVERIFY(!fixture.controller.isVisible());
+
+        fixture.controller.show(preview);
+        fixture.mainQueue.advance(0.1);
+        follow({1400, 500}, 550);
+        QCOMPARE(fixture.panel->rect.center(), QPointF(1400, 500));
+        fixture.finishOpening();
+        QCOMPARE(fixture.panel->rect.center(), QPointF(1400, 500));
+        QCOMPARE(fixture.mainQueue.pendingTasks(), 0);
+        follow({1500, 500}, 200);
+        QCOMPARE(fixture.panel->rect.center(), QPointF(1500, 500));
+        QVERIFY(std::abs(fixture.panel->rect.width() - 220) < 1e-9);
+        // It moves; it is not shown anew.
+        QCOMPARE(fixture.prepared.size(), 1);
+
+        for (const bool isMinimised : {true, false}) {
+            if (isMinimised) {
+                fixture.avoided.clear();
+            }
+            follow({1500, 500}, isMinimised ? 550 : 0);
+            QVERIFY(!fixture.controller.isVisible());
+            fixture.avoided = {QRectF(100, 100, 960, 700)};
+            follow({1500, 500}, 550);
+            QVERIFY(fixture.controller.isVisible());
+            fixture.finishOpening();
+        }
+        fixture.controller.hide();
+        follow({1400, 500}, 550);
+        QVERIFY(!fixture.controller.isVisible());
+    }
+
+    void ringThatTheUserSummonsDoesNotFollowTheSettingsWindow()
+    {
+        Controlled fixture;
+        fixture.layout = layoutWithCap(550);
+        fixture.avoided = {QRectF(100, 100, 960, 700)};
+        fixture.controller.show(preview);
+        fixture.finishOpening();
+        fixture.controller.show(userSummon);
+        fixture.controller.followSettingsWindow();
+        QCOMPARE(fixture.panel->rect.center(), *userSummon.centeredAt);
+    }
+
     void windowThatIsNeverCompositedIsHiddenAfterTwelveTries()
     {
         Controlled fixture;

@@ -2,6 +2,8 @@
 #include <TavikLauncher/Settings/SettingsPreviewLayout.h>
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 
 namespace Tavik::SettingsPreviewLayout {
 
@@ -11,10 +13,17 @@ constexpr double ringCap = 550;
 constexpr double gap = 40;
 /// What the screen must have beyond the window's width for the window itself to be centred.
 constexpr double centringThreshold = 1180;
+/// A ring smaller than this at a side of the window is left for a larger one above or below.
+constexpr double smallestUseful = 120;
 
 double maxX(const QRectF& rect)
 {
     return rect.x() + rect.width();
+}
+
+double maxY(const QRectF& rect)
+{
+    return rect.y() + rect.height();
 }
 
 double midX(const QRectF& rect)
@@ -33,7 +42,78 @@ double ringCenterY(const QRectF& visible, const QRectF& dialog, double diameter)
         return midY(visible);
     }
     const double raised = std::max(midY(dialog), visible.y() + diameter / 2);
-    return std::min(raised, visible.y() + visible.height() - diameter / 2);
+    return std::min(raised, maxY(visible) - diameter / 2);
+}
+
+double ringCenterX(const QRectF& visible, const QRectF& dialog, double diameter)
+{
+    if (visible.width() < diameter) {
+        return midX(visible);
+    }
+    return std::min(std::max(midX(dialog), visible.x() + diameter / 2),
+                    maxX(visible) - diameter / 2);
+}
+
+/// A place for a ring, and the largest that fits there.
+struct Place
+{
+    QPointF center;
+    double diameter = 0;
+};
+
+double fitting(double space)
+{
+    return std::clamp(space - gap, 0.0, ringCap);
+}
+
+Place rightOf(const QRectF& window, const QRectF& visible)
+{
+    const double side = fitting(maxX(visible) - maxX(window));
+    return {{maxX(window) + gap + side / 2, ringCenterY(visible, window, side)}, side};
+}
+
+Place leftOf(const QRectF& window, const QRectF& visible)
+{
+    const double side = fitting(window.x() - visible.x());
+    return {{window.x() - gap - side / 2, ringCenterY(visible, window, side)}, side};
+}
+
+Place above(const QRectF& window, const QRectF& visible)
+{
+    const double side = fitting(maxY(visible) - maxY(window));
+    return {{ringCenterX(visible, window, side), maxY(window) + gap + side / 2}, side};
+}
+
+Place below(const QRectF& window, const QRectF& visible)
+{
+    const double side = fitting(window.y() - visible.y());
+    return {{ringCenterX(visible, window, side), window.y() - gap - side / 2}, side};
+}
+
+Place besideWindow(const QRectF& window, const QRectF& visible, double wanted)
+{
+    const std::array sides{rightOf(window, visible), leftOf(window, visible)};
+    const auto* large = std::ranges::find_if(
+        sides, [&](const Place& place) { return place.diameter >= std::min(wanted, ringCap); });
+    if (large != sides.end()) {
+        return *large;
+    }
+    const Place side = std::ranges::max(sides, {}, &Place::diameter);
+    if (side.diameter >= smallestUseful) {
+        return side;
+    }
+    // Of equally large places the first wins.
+    return std::ranges::max(
+        std::array{side, above(window, visible), below(window, visible)}, {}, &Place::diameter);
+}
+
+/// Whether the window still stands where it was put, but for the rounding to whole pixels.
+bool standsAt(const QRectF& dialog, const QRectF& window)
+{
+    constexpr double tolerance = 2;
+    return std::abs(window.x() - dialog.x()) <= tolerance
+        && std::abs(maxX(window) - maxX(dialog)) <= tolerance
+        && std::abs(midY(window) - midY(dialog)) <= tolerance;
 }
 
 Result withFullRing(Tier tier, const QRectF& visible, const QRectF& dialog)
@@ -78,6 +158,17 @@ Result compute(const Request& request)
         return withFullRing(Tier::tight, visible, dialogAt(visible.x(), shrunkWidth));
     }
     return withSmallerRing(visible, dialogAt(visible.x(), request.dialogMinWidth));
+}
+
+Result following(const Request& request, const QRectF& window, double ringDiameter)
+{
+    Result result = compute(request);
+    if (!standsAt(result.dialogFrame, window)) {
+        const Place place = besideWindow(window, request.visibleFrame, ringDiameter);
+        result.ringCenter = place.center;
+        result.ringDiameterCap = place.diameter;
+    }
+    return result;
 }
 
 } // namespace Tavik::SettingsPreviewLayout

@@ -34,4 +34,9 @@ struct Result
 
 [[nodiscard]] Result compute(const Request& request);
 
+/// `window` is the settings window's present frame, wherever the user has moved it; the ring keeps
+/// its distance to it. Without room at the right for a ring of `ringDiameter` it goes to the left,
+/// above or below, smaller where it must. A cap of 0 means that the window leaves no room.
+[[nodiscard]] Result following(const Request& request, const QRectF& window, double ringDiameter);
+
 } // namespace Tavik::SettingsPreviewLayout

@@ -77,6 +77,11 @@ void LauncherPanelController::show(const ShowOptions& options)
     if (wasVisible && m_isAnimatingPresentation) {
         return;
     }
+    m_wantsPreview = options.prefersAvoidedFrameScreen;
+    if (m_wantsPreview && !hasRoomForPreview()) {
+        orderOut();
+        return;
+    }
     if (!wasVisible) {
         qCInfo(log, "Tavik Launcher panel: shown");
         m_isPinnedForSearch = false;
@@ -107,6 +112,30 @@ void LauncherPanelController::show(const ShowOptions& options)
         m_ensureCompositedTask
             = m_dependencies.mainQueue.after(0, [this] { checkPreviewComposited(1); });
     }
+}
+
+void LauncherPanelController::followSettingsWindow()
+{
+    if (!m_wantsPreview) {
+        return;
+    }
+    const ShowOptions preview{.prefersAvoidedFrameScreen = true};
+    const bool isWindowShown = !m_dependencies.avoidedFrames().isEmpty();
+    if (!isWindowShown || !hasRoomForPreview()) {
+        orderOut();
+    } else if (isVisible()) {
+        // Also in the middle of the opening animation, whose steps go on at the new place.
+        updateDiameterOverride(preview);
+        place(preview);
+    } else {
+        show(preview);
+    }
+}
+
+bool LauncherPanelController::hasRoomForPreview() const
+{
+    const auto layout = m_dependencies.settingsPreviewLayout();
+    return !layout || layout->ringDiameterCap > 0;
 }
 
 void LauncherPanelController::updateDiameterOverride(const ShowOptions& options)
@@ -242,6 +271,12 @@ void LauncherPanelController::checkPreviewComposited(int attempt)
 }
 
 void LauncherPanelController::hide()
+{
+    m_wantsPreview = false;
+    orderOut();
+}
+
+void LauncherPanelController::orderOut()
 {
     m_isAnimatingPresentation = false;
     m_isPinnedForSearch = false;

@@ -59,6 +59,9 @@ public:
 
     void show(const ShowOptions& options);
     void hide();
+    /// Keeps the preview beside the settings window, which has been moved, resized, minimised or
+    /// brought back. Nothing while no preview is wanted.
+    void followSettingsWindow();
 
     [[nodiscard]] bool isVisible() const { return m_panel && m_panel->isVisible(); }
     /// A pinned panel stays open when a held chord is released.
@@ -70,6 +73,8 @@ public:
 
 private:
     void makePanel();
+    void orderOut();
+    [[nodiscard]] bool hasRoomForPreview() const;
     void updateDiameterOverride(const ShowOptions& options);
     void place(const ShowOptions& options);
     [[nodiscard]] std::optional<QPointF> originOnScreen(const ShowOptions& options) const;
@@ -89,6 +94,8 @@ private:
     Task m_ensureCompositedTask;
     Task m_presentationTask;
     bool m_isPinnedForSearch = false;
+    /// The preview was asked for and not dismissed; without room beside the window it is not shown.
+    bool m_wantsPreview = false;
 };
 
 } // namespace Tavik

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <TavikLauncher/Settings/SettingsPreviewLayout.h>
-#include <TavikLauncher/Shell/AuxiliaryWindow.h>
+#include <TavikLauncher/Views/AuxiliaryWindow.h>
 #include <TavikLauncherPlatform/Screens.h>
 
 #include <QObject>

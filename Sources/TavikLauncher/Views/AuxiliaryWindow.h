@@ -13,7 +13,7 @@ class WindowServer;
 
 /// A titled window around one view. Says when the user closes it; whether it is then kept or
 /// forgotten is its owner's choice.
-class AuxiliaryWindow final : public QWidget
+class AuxiliaryWindow : public QWidget
 {
     Q_OBJECT
 
@@ -21,7 +21,9 @@ public:
     struct Options
     {
         QString title;
-        QSize size; ///< Of the content, in points; fixed unless `smallestSize` is given.
+        /// Of the content, in points; fixed unless `smallestSize` is given. Empty: always as large
+        /// as the content wants to be.
+        QSize size;
         QSize smallestSize; ///< Makes the window resizable and lets it be minimised.
         bool skipsTaskbar = false;
     };

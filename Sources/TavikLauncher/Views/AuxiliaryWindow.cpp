@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <TavikLauncher/Shell/AuxiliaryWindow.h>
+#include <TavikLauncher/Views/AuxiliaryWindow.h>
 #include <TavikLauncher/Views/TavikIconFactory.h>
 #include <TavikLauncherPlatform/WindowServer.h>
 
@@ -34,6 +34,8 @@ AuxiliaryWindow::AuxiliaryWindow(WindowServer& windowServer,
     if (isResizable) {
         setMinimumSize(options.smallestSize);
         resize(options.size);
+    } else if (options.size.isEmpty()) {
+        layout->setSizeConstraint(QLayout::SetFixedSize);
     } else {
         setFixedSize(options.size);
     }

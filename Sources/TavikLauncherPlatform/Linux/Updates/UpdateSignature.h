@@ -27,7 +27,7 @@ struct SignedFile
 };
 
 /// Why the file must not be used, as a whole sentence for people; absent when it is a regular file
-/// of this user that nobody else may write, has exactly that length, and was signed with the
+/// of this user that others may not write, has exactly that length, and was signed with the
 /// private half of that key. Reads the whole file: off the main thread, any thread.
 ///
 /// The file is mapped, not read into memory. Were it truncated meanwhile, the process would end;

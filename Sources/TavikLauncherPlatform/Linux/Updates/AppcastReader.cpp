@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Updates/AppcastItemReader.h>
+#include <TavikLauncherPlatform/Linux/Updates/AppcastReader.h>
+
+#include <QStringDecoder>
+#include <QXmlStreamReader>
+
+using namespace Qt::StringLiterals;
+
+namespace Tavik::AppcastReader {
+
+namespace {
+
+/// Qt's reader compares each attribute with each before it: a single start tag of five megabytes
+/// would keep it busy for minutes. No element of a feed has ten.
+constexpr int mostAttributes = 64;
+
+QString webPage()
+{
+    return u"The server answered with a web page instead of a list of updates."_s;
+}
+
+QString otherDocument()
+{
+    return u"The server answered with something other than a list of updates."_s;
+}
+
+/// The length of the tag at the front, 0 when it does not end; absent with too many attributes.
+std::optional<qsizetype> tagLength(QStringView text)
+{
+    int attributes = 0;
+    QChar quote;
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        const QChar character = text[at];
+        if (!quote.isNull()) {
+            quote = character == quote ? QChar() : quote;
+        } else if (character == u'"' || character == u'\'') {
+            quote = character;
+            if (++attributes > mostAttributes) {
+                return {};
+            }
+        } else if (character == u'>') {
+            return at + 1;
+        }
+    }
+    return 0;
+}
+
+/// What of a well-formed text must not come to the XML reader. A malformed one may be seen
+/// differently here from the place of the damage on, and the reader will not go beyond it.
+std::optional<QString> whyNotReadable(QStringView text)
+{
+    const auto skipBehind = [&text](QStringView end, qsizetype from) {
+        const qsizetype at = text.indexOf(end, from);
+        text = at < 0 ? QStringView() : text.sliced(at + end.size());
+    };
+    for (qsizetype at = text.indexOf(u'<'); at >= 0; at = text.indexOf(u'<')) {
+        text = text.sliced(at);
+        if (text.startsWith(u"<!--")) {
+            skipBehind(u"-->", 4);
+        } else if (text.startsWith(u"<![CDATA[")) {
+            skipBehind(u"]]>", 9);
+        } else if (text.startsWith(u"<?")) {
+            skipBehind(u"?>", 2);
+        } else if (text.startsWith(u"<!")) {
+            // A document type may declare entities, and any number of attributes besides.
+            return text.left(14).compare(u"<!DOCTYPE html", Qt::CaseInsensitive) == 0
+                ? webPage()
+                : u"The list of updates declares a document type, which is not allowed."_s;
+        } else {
+            const std::optional<qsizetype> length = tagLength(text);
+            if (!length) {
+                return u"The list of updates is damaged: it has an element that is too long."_s;
+            }
+            text = *length == 0 ? QStringView() : text.sliced(*length);
+        }
+    }
+    return {};
+}
+
+/// Reads all items of the channel that the reader has entered; says why it stopped.
+std::optional<QString>
+readChannel(QXmlStreamReader& xml, const QUrl& feedUrl, AppcastFeed& feed, int& count)
+{
+    while (xml.readNextStartElement()) {
+        if (!xml.namespaceUri().isEmpty() || xml.name() != u"item") {
+            xml.skipCurrentElement();
+            continue;
+        }
+        if (++count > mostItems) {
+            return u"The list of updates has more than %1 entries."_s.arg(mostItems);
+        }
+        if (std::optional<AppcastItem> item = readAppcastItem(xml, feedUrl)) {
+            feed.items.append(*std::move(item));
+        }
+    }
+    return {};
+}
+
+std::optional<QString> readDocument(QXmlStreamReader& xml, const QUrl& feedUrl, AppcastFeed& feed)
+{
+    if (!xml.readNextStartElement()) {
+        return otherDocument();
+    }
+    if (xml.name() != u"rss") {
+        return xml.name().compare(u"html", Qt::CaseInsensitive) == 0 ? webPage() : otherDocument();
+    }
+    int count = 0;
+    while (xml.readNextStartElement()) {
+        if (xml.name() != u"channel") {
+            xml.skipCurrentElement();
+        } else if (std::optional<QString> error = readChannel(xml, feedUrl, feed, count)) {
+            return error;
+        }
+    }
+    while (!xml.atEnd()) {
+        xml.readNext();
+    }
+    if (xml.hasError()) {
+        return u"The list of updates is damaged in line %1."_s.arg(xml.lineNumber());
+    }
+    if (count == 0) {
+        return u"The list of updates is empty."_s;
+    }
+    return {};
+}
+
+} // namespace
+
+AppcastFeed read(const QByteArray& feed, const QUrl& feedUrl)
+{
+    const auto refused = [](const QString& error) {
+        return AppcastFeed{.items = {}, .error = error};
+    };
+    if (feed.size() > mostBytes) {
+        return refused(u"The list of updates is too large."_s);
+    }
+    if (feed.trimmed().isEmpty()) {
+        return refused(u"The list of updates is empty."_s);
+    }
+    QStringDecoder decoder(QStringDecoder::Utf8);
+    const QString text = decoder.decode(feed);
+    if (decoder.hasError()) {
+        return refused(u"The list of updates is not valid text in UTF-8."_s);
+    }
+    if (const std::optional<QString> error = whyNotReadable(text)) {
+        return refused(*error);
+    }
+    QXmlStreamReader xml(text);
+    AppcastFeed result;
+    if (const std::optional<QString> error = readDocument(xml, feedUrl, result)) {
+        return refused(*error);
+    }
+    return result;
+}
+
+} // namespace Tavik::AppcastReader

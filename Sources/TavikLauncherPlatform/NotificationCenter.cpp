@@ -78,4 +78,13 @@ void NotificationCenter::post(QStringView name, const QString& subject)
     }
 }
 
+QStringList NotificationCenter::observedNames() const
+{
+    QStringList names;
+    for (const auto& [id, observer] : m_registry->observers) {
+        names << observer.name;
+    }
+    return names;
+}
+
 } // namespace Tavik

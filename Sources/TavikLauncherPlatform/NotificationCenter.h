@@ -3,6 +3,7 @@
 
 #include <QPointer>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <memory>
@@ -55,6 +56,9 @@ public:
 
     [[nodiscard]] ObserverToken addObserver(QStringView name, Handler handler);
     void post(QStringView name, const QString& subject = {});
+    /// The names that are being observed, in the order of registration; one that several observe is
+    /// there as often.
+    [[nodiscard]] QStringList observedNames() const;
 
 private:
     friend class ObserverToken;

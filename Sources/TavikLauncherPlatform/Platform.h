@@ -16,7 +16,10 @@
 #include <TavikLauncherPlatform/WorkQueue.h>
 #include <TavikLauncherPlatform/Workspace.h>
 
+#include <QString>
+
 #include <memory>
+#include <optional>
 
 namespace Tavik {
 
@@ -43,5 +46,9 @@ struct Platform
 /// Builds the platform for the running session. Call once, after the application object exists.
 /// Implemented by the one system that the build contains.
 [[nodiscard]] std::unique_ptr<Platform> makePlatform(const UpdateSource& updates);
+
+/// Why no window can be shown in this session, as a clause for people; absent when one can. Needs
+/// no application object. Implemented beside `makePlatform`.
+[[nodiscard]] std::optional<QString> whyNoDisplay();
 
 } // namespace Tavik

@@ -1,14 +1,24 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QRegion>
+#include <QByteArray>
 #include <QtGui/qwindowdefs.h>
 
 #include <functional>
 
 namespace Tavik {
 
-/// What the panel needs of the window system beyond the toolkit's window. Main thread only.
+/// What a desktop gives along with a user's action, so that the program that carries it out may
+/// come to the front. Both come from other programs and may be empty.
+struct Activation
+{
+    QByteArray startupId; ///< Of start-up notification.
+    QByteArray token; ///< What took its place.
+
+    bool operator==(const Activation&) const = default;
+};
+
+/// What our windows need of the window system beyond the toolkit. Main thread only.
 class WindowServer
 {
 public:
@@ -31,6 +41,12 @@ public:
     [[nodiscard]] virtual bool isOnScreen(WId window) const = 0;
     /// True while translucent windows are blended.
     [[nodiscard]] virtual bool isCompositing() const = 0;
+
+    /// What is done until `endActivation` is done for this action: the window that takes the
+    /// keyboard is marked as its outcome.
+    virtual void beginActivation(const Activation& activation) = 0;
+    /// Tells the desktop that the action has been carried out, so that nobody waits for a window.
+    virtual void endActivation() = 0;
 
     /// Called when a compositor comes or goes.
     std::function<void()> onCompositingChanged;

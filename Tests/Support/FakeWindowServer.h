@@ -21,6 +21,11 @@ public:
     [[nodiscard]] bool hasKeyboardFocus(WId) const override { return hasFocus; }
     [[nodiscard]] bool isOnScreen(WId) const override { return onScreen; }
     [[nodiscard]] bool isCompositing() const override { return compositing; }
+    void beginActivation(const Activation& activation) override
+    {
+        calls << QStringLiteral("begin ") + QString::fromLatin1(activation.startupId);
+    }
+    void endActivation() override { calls << QStringLiteral("end"); }
 
     QStringList calls;
     bool hasFocus = true;

@@ -2,12 +2,14 @@
 #include <TavikLauncher/Shell/AppDelegate.h>
 #include <TavikLauncher/Views/LauncherPanel.h>
 #include <TavikLauncher/Views/RadialLauncherView.h>
+#include <TavikLauncher/Views/TavikIconFactory.h>
 #include <TavikLauncherPlatform/Platform.h>
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QDesktopServices>
 #include <QUrl>
 
+#include <algorithm>
 #include <utility>
 
 namespace Tavik {
@@ -15,6 +17,10 @@ namespace Tavik {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int appIconSize = 256;
+/// By then a desktop that has a tray has said so, if it was there before us.
+constexpr double trayPatienceSeconds = 3;
 
 /// Our own application id, and the identifier of our desktop entry.
 const QString& ownIdentifier()
@@ -30,8 +36,9 @@ void openSupportPage()
 
 } // namespace
 
-AppDelegate::AppDelegate(Platform& platform)
+AppDelegate::AppDelegate(Platform& platform, NotificationCenter& notifications)
     : m_platform(platform)
+    , m_notifications(notifications)
     , m_settings(*platform.userDefaults, *platform.loginItem, m_notifications)
     , m_recents(*platform.userDefaults)
     , m_catalog({*platform.fileManager, *platform.workQueue, *platform.mainQueue})
@@ -73,6 +80,7 @@ void AppDelegate::applicationDidFinishLaunching()
 {
     m_windows.applyDockVisibility();
     installShowInDockObserver();
+    QGuiApplication::setWindowIcon(TavikIconFactory::appIcon(appIconSize));
     m_panelController.emplace(LauncherPanelController::Dependencies{
         .catalog = m_catalog,
         .settings = m_settings,
@@ -266,7 +274,41 @@ void AppDelegate::showSettings(const QString& section)
     m_windows.showSettings();
 }
 
+void AppDelegate::startedByUser(const Activation& activation, std::function<bool()> isFirstOfLogin)
+{
+    m_platform.windowServer->beginActivation(activation);
+    m_platform.windowServer->endActivation();
+    m_offerSettings = m_platform.mainQueue->after(
+        trayPatienceSeconds, [this, isFirstOfLogin = std::move(isFirstOfLogin)] {
+            if (isFirstOfLogin()) {
+                offerSettings();
+            }
+        });
+}
+
+void AppDelegate::offerSettings()
+{
+    const bool isSeen = m_platform.statusTray->host() != StatusTray::Host::none
+        || std::ranges::any_of(QApplication::topLevelWidgets(), &QWidget::isVisible);
+    if (!isSeen) {
+        showSettings();
+    }
+}
+
+void AppDelegate::performSoon(const AppRequest& request)
+{
+    m_platform.mainQueue->post([this, request] { perform(request); });
+}
+
 void AppDelegate::perform(const AppRequest& request)
+{
+    m_offerSettings.cancel();
+    m_platform.windowServer->beginActivation(request.activation);
+    carryOut(request);
+    m_platform.windowServer->endActivation();
+}
+
+void AppDelegate::carryOut(const AppRequest& request)
 {
     switch (request.action) {
     case AppAction::activate:

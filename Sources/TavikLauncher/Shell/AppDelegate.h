@@ -27,14 +27,19 @@ struct Platform;
 class AppDelegate
 {
 public:
-    explicit AppDelegate(Platform& platform);
+    AppDelegate(Platform& platform, NotificationCenter& notifications);
     ~AppDelegate();
     AppDelegate(const AppDelegate&) = delete;
     AppDelegate& operator=(const AppDelegate&) = delete;
 
     /// The start-up sequence; the trigger answers when it returns.
     void applicationDidFinishLaunching();
+    /// This start was somebody's wish, who will look for the program: where no tray shows it, the
+    /// settings window offers itself, unless `isFirstOfLogin` denies.
+    void startedByUser(const Activation& activation, std::function<bool()> isFirstOfLogin);
     void perform(const AppRequest& request);
+    /// From the event loop.
+    void performSoon(const AppRequest& request);
 
 private:
     [[nodiscard]] std::unique_ptr<PanelSurface> makePanel(std::function<void()> dismiss);
@@ -49,6 +54,8 @@ private:
     void installCheckForUpdatesObserver();
     void installStatusItem();
     void chooseFirstRunWindow();
+    void carryOut(const AppRequest& request);
+    void offerSettings();
     void showLauncher();
     void showPreview();
     void showSettings(const QString& section = {});
@@ -58,7 +65,7 @@ private:
     void recordActivatedApplication();
 
     Platform& m_platform;
-    NotificationCenter m_notifications;
+    NotificationCenter& m_notifications;
     LauncherSettings m_settings;
     RecentAppsStore m_recents;
     AppCatalog m_catalog;
@@ -77,6 +84,7 @@ private:
     ObserverToken m_willSleepObserver;
     ObserverToken m_recentAppActivationObserver;
     Task m_warmUp;
+    Task m_offerSettings;
 };
 
 } // namespace Tavik

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Shell/CommandLine.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsSection.h>
 
 #include <QCoreApplication>
 
@@ -13,6 +14,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int usageError = 2;
+constexpr QStringView background = u"--background";
+constexpr QStringView busService = u"--dbus-service";
 
 struct Option
 {
@@ -31,16 +34,43 @@ constexpr std::array<Option, 8> options{{
     {u"--quit", AppAction::quit, u"end the running launcher"},
 }};
 
+QString helpLine(QStringView name, QStringView help)
+{
+    return u"  %1 %2\n"_s.arg(name, -20).arg(help);
+}
+
 QString usage()
 {
     QString text
         = u"Usage: tavik-launcher [option]\n\nWithout an option: start the launcher, or show "
           u"the ring of the one that runs.\n\n"_s;
     for (const Option& option : options) {
-        text += u"  %1 %2\n"_s.arg(QStringView(option.name), -20).arg(QStringView(option.help));
+        text += helpLine(option.name, option.help);
     }
-    return text
-        + u"  --version            print the version\n  --help               print this text\n"_s;
+    return text + helpLine(background, u"start as at login: nothing is shown unasked")
+        + helpLine(u"--version", u"print the version") + helpLine(u"--help", u"print this text");
+}
+
+CommandLine refusal(const QString& fault)
+{
+    return {.answer = u"tavik-launcher: %1\n"_s.arg(fault) + usage(), .exitCode = usageError};
+}
+
+CommandLine settingsAt(const QString& section)
+{
+    const bool isKnown
+        = std::ranges::any_of(allSettingsSections, [&section](const SettingsSection& known) {
+              return known.id == section;
+          });
+    if (isKnown) {
+        return {.request = {.action = AppAction::settings, .argument = section}};
+    }
+    QStringList known;
+    for (const SettingsSection& entry : allSettingsSections) {
+        known << entry.id.toString();
+    }
+    return refusal(
+        u"the settings have no section \"%1\"; there are %2"_s.arg(section, known.join(u", "_s)));
 }
 
 } // namespace
@@ -51,8 +81,7 @@ CommandLine CommandLine::parse(const QStringList& arguments)
         return {};
     }
     if (arguments.size() > 1) {
-        return {.answer = u"tavik-launcher: one option at a time\n"_s + usage(),
-                .exitCode = usageError};
+        return refusal(u"one option at a time"_s);
     }
     const QString& argument = arguments.front();
     if (argument == u"--help" || argument == u"-h") {
@@ -61,15 +90,20 @@ CommandLine CommandLine::parse(const QStringList& arguments)
     if (argument == u"--version") {
         return {.answer = u"tavik-launcher %1\n"_s.arg(QStringLiteral(TAVIK_VERSION))};
     }
+    if (argument == background || argument == busService) {
+        return {.starter = argument == background ? Starter::login : Starter::bus};
+    }
     const QString name = argument.section(u'=', 0, 0);
     const auto found = std::ranges::find_if(
         options, [&name](const Option& option) { return name == QStringView(option.name); });
-    const bool hasArgument = argument.contains(u'=');
-    if (found != options.end() && (!hasArgument || found->action == AppAction::settings)) {
-        return {.request = {.action = found->action, .argument = argument.section(u'=', 1)}};
+    if (found == options.end()) {
+        return refusal(u"unknown option %1"_s.arg(argument));
     }
-    return {.answer = u"tavik-launcher: unknown option %1\n"_s.arg(argument) + usage(),
-            .exitCode = usageError};
+    if (!argument.contains(u'=')) {
+        return {.request = {.action = found->action}};
+    }
+    return found->action == AppAction::settings ? settingsAt(argument.section(u'=', 1))
+                                                : refusal(u"%1 takes no value"_s.arg(name));
 }
 
 } // namespace Tavik

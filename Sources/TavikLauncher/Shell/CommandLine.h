@@ -13,7 +13,15 @@ namespace Tavik {
 /// What the user asked for on the command line.
 struct CommandLine
 {
+    /// Who wanted this start.
+    enum class Starter {
+        user,
+        login, ///< Nobody waits for something to be seen.
+        bus, ///< Somebody does; the bus says what in its first message.
+    };
+
     AppRequest request;
+    Starter starter = Starter::user;
     /// A text to print instead of running, and the exit code that goes with it.
     std::optional<QString> answer;
     int exitCode = 0;

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Shell/InstanceSocket.h>
+#include <TavikLauncher/Shell/RuntimeFolder.h>
 
-#include <QFileInfo>
 #include <QLocalSocket>
 #include <QPointer>
-#include <QStandardPaths>
 
 #include <optional>
 
@@ -15,25 +14,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int answerMilliseconds = 2000;
-constexpr qint64 longestLine = 128;
+constexpr qint64 longestLine = 1024;
 constexpr char terminator = '\n';
-
-/// The path of `file` in the user's runtime folder; absent where that folder is not the user's own.
-std::optional<QString> inRuntimeFolder(const QString& file)
-{
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-    const QFileInfo info(folder);
-    constexpr auto others = QFileDevice::ReadGroup | QFileDevice::WriteGroup
-        | QFileDevice::ReadOther | QFileDevice::WriteOther;
-    if (folder.isEmpty() || !info.isDir() || !info.isWritable() || (info.permissions() & others)) {
-        return std::nullopt;
-    }
-    return folder + u'/' + file;
-}
 
 std::optional<QString> socketPath()
 {
-    return inRuntimeFolder(u"tavik-launcher.socket"_s);
+    return RuntimeFolder::path(u"tavik-launcher.socket"_s);
 }
 
 } // namespace
@@ -49,7 +35,7 @@ InstanceSocket::~InstanceSocket() = default;
 InstanceSocket::Claim InstanceSocket::claim()
 {
     const auto path = socketPath();
-    const auto lockPath = inRuntimeFolder(u"tavik-launcher.lock"_s);
+    const auto lockPath = RuntimeFolder::path(u"tavik-launcher.lock"_s);
     if (!path || !lockPath) {
         return Claim::unavailable;
     }

@@ -11,8 +11,7 @@
 namespace Tavik {
 
 /// Stands in for the session bus where there is none: a local socket in the user's runtime folder,
-/// which only the user can reach. One action's name is sent per connection and answered with a
-/// byte.
+/// which only the user can reach. One line is sent per connection and answered with a byte.
 class InstanceSocket
 {
 public:

@@ -27,6 +27,7 @@ constexpr auto objectPath = "/org/tavik/Launcher";
 constexpr auto interfaceName = "org.freedesktop.Application";
 constexpr int callTimeoutMilliseconds = 2000;
 constexpr qsizetype longestArgument = 64;
+constexpr qsizetype longestActivation = 256;
 
 struct NamedAction
 {
@@ -47,6 +48,7 @@ constexpr std::array<NamedAction, 8> namedActions{{
 /// What a plain start sends over the socket.
 constexpr QStringView plainStart = u"activate";
 constexpr QChar argumentSeparator = u'=';
+constexpr QChar fieldSeparator = u'\t';
 
 std::optional<AppAction> namedAction(const QString& name)
 {
@@ -69,13 +71,41 @@ QString argumentIn(const QVariantList& parameters)
     return isText && value.toString().size() <= longestArgument ? value.toString() : QString();
 }
 
+/// What the caller's desktop gave along, in the standard's names.
+constexpr QLatin1String startupIdKey("desktop-startup-id");
+constexpr QLatin1String tokenKey("activation-token");
+
+QByteArray shortText(const QVariant& value)
+{
+    const bool isText = value.typeId() == QMetaType::QString;
+    const QByteArray text = isText ? value.toString().toUtf8() : QByteArray();
+    return text.size() <= longestActivation ? text : QByteArray();
+}
+
+Activation activationIn(const QVariantMap& platformData)
+{
+    return {.startupId = shortText(platformData.value(startupIdKey)),
+            .token = shortText(platformData.value(tokenKey))};
+}
+
+QVariantMap platformDataOf(const Activation& activation)
+{
+    QVariantMap data;
+    if (!activation.startupId.isEmpty()) {
+        data.insert(startupIdKey, QString::fromUtf8(activation.startupId));
+    }
+    if (!activation.token.isEmpty()) {
+        data.insert(tokenKey, QString::fromUtf8(activation.token));
+    }
+    return data;
+}
+
 QString latin1(const char* text)
 {
     return QString::fromLatin1(text);
 }
 
-/// What other programs reach on the bus. Their arguments are theirs: only the action's name is
-/// read.
+/// What other programs reach on the bus.
 class ApplicationAdaptor final : public QDBusAbstractAdaptor
 {
     Q_OBJECT
@@ -88,15 +118,20 @@ public:
     { }
 
 public Q_SLOTS:
-    void Activate(const QVariantMap&) { perform({}); }
-    void Open(const QStringList&, const QVariantMap&) { perform({}); }
+    void Activate(const QVariantMap& platformData)
+    {
+        perform({.activation = activationIn(platformData)});
+    }
+    void Open(const QStringList&, const QVariantMap& platformData) { Activate(platformData); }
     void ActivateAction(const QString& name,
                         const QVariantList& parameters,
-                        const QVariantMap&,
+                        const QVariantMap& platformData,
                         const QDBusMessage& message)
     {
         if (const std::optional<AppAction> action = namedAction(name)) {
-            perform({.action = *action, .argument = argumentIn(parameters)});
+            perform({.action = *action,
+                     .argument = argumentIn(parameters),
+                     .activation = activationIn(platformData)});
             return;
         }
         message.setDelayedReply(true);
@@ -161,12 +196,26 @@ SingleInstance::Claim SingleInstance::claimSocket()
 
 void SingleInstance::perform(const QString& line)
 {
-    const QString name = line.section(argumentSeparator, 0, 0);
+    const QStringList fields = line.split(fieldSeparator);
+    const QString name = fields.front().section(argumentSeparator, 0, 0);
     const std::optional<AppAction> action = namedAction(name);
     if (onRequest && (action || name == plainStart)) {
         onRequest({.action = action.value_or(AppAction::activate),
-                   .argument = line.section(argumentSeparator, 1)});
+                   .argument = fields.front().section(argumentSeparator, 1).left(longestArgument),
+                   .activation = {.startupId = shortText(fields.value(1)),
+                                  .token = shortText(fields.value(2))}});
     }
+}
+
+QString SingleInstance::lineOf(const AppRequest& request)
+{
+    const bool isNamed = request.action != AppAction::activate;
+    QString line = isNamed ? actionName(request.action) : plainStart.toString();
+    if (!request.argument.isEmpty()) {
+        line += argumentSeparator + request.argument;
+    }
+    return line + fieldSeparator + QString::fromUtf8(request.activation.startupId) + fieldSeparator
+        + QString::fromUtf8(request.activation.token);
 }
 
 bool SingleInstance::forward(const AppRequest& request)
@@ -174,10 +223,7 @@ bool SingleInstance::forward(const AppRequest& request)
     if (forwardOverBus(request)) {
         return true;
     }
-    const bool isNamed = request.action != AppAction::activate;
-    const QString name = isNamed ? actionName(request.action) : plainStart.toString();
-    return InstanceSocket::forward(
-        request.argument.isEmpty() ? name : name + argumentSeparator + request.argument);
+    return InstanceSocket::forward(lineOf(request));
 }
 
 bool SingleInstance::forwardOverBus(const AppRequest& request)
@@ -214,7 +260,7 @@ bool SingleInstance::call(const QDBusConnection& bus, const AppRequest& request)
         }
         message << actionName(request.action) << parameters;
     }
-    message << QVariantMap();
+    message << platformDataOf(request.activation);
     const QDBusMessage reply = bus.call(message, QDBus::Block, callTimeoutMilliseconds);
     return reply.type() == QDBusMessage::ReplyMessage;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <TavikLauncher/Shell/InstanceSocket.h>
+#include <TavikLauncherPlatform/WindowServer.h>
 
 #include <QObject>
 #include <QString>
@@ -31,6 +32,7 @@ struct AppRequest
 {
     AppAction action = AppAction::activate;
     QString argument;
+    Activation activation{}; ///< What the desktop gave along.
 
     bool operator==(const AppRequest&) const = default;
 };
@@ -63,6 +65,8 @@ public:
 private:
     static bool forwardOverBus(const AppRequest& request);
     static bool call(const QDBusConnection& bus, const AppRequest& request);
+    /// What is sent over the socket, and `perform`ed there.
+    [[nodiscard]] static QString lineOf(const AppRequest& request);
     [[nodiscard]] Claim claimSocket();
     void perform(const QString& line);
 

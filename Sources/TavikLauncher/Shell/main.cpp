@@ -2,7 +2,9 @@
 #include <TavikLauncher/Shell/AppDelegate.h>
 #include <TavikLauncher/Shell/BuildUpdateSource.h>
 #include <TavikLauncher/Shell/CommandLine.h>
+#include <TavikLauncher/Shell/RuntimeFolder.h>
 #include <TavikLauncher/Views/RingAccessibility.h>
+#include <TavikLauncherPlatform/NotificationCenter.h>
 #include <TavikLauncherPlatform/Platform.h>
 #include <TavikLauncherPlatform/TerminationSignals.h>
 
@@ -13,13 +15,17 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
+#include <utility>
 
 using namespace Tavik;
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int notRunning = 1;
+constexpr int failure = 1;
+constexpr const char* startupIdVariable = "DESKTOP_STARTUP_ID";
+constexpr const char* tokenVariable = "XDG_ACTIVATION_TOKEN";
 
 QStringList argumentList(int argc, char** argv)
 {
@@ -40,7 +46,52 @@ bool needsRunningInstance(AppAction action)
     return action == AppAction::hideLauncher || action == AppAction::quit;
 }
 
-int run(int argc, char** argv, const AppRequest& request)
+/// What the desktop gave this process along; the toolkit takes some of it away when it starts.
+Activation givenActivation()
+{
+    return {.startupId = qgetenv(startupIdVariable), .token = qgetenv(tokenVariable)};
+}
+
+int complain(const QString& fault)
+{
+    print(stderr, u"tavik-launcher: %1\n"_s.arg(fault));
+    return failure;
+}
+
+int handOver(const CommandLine& commandLine)
+{
+    // A login or the bus wants the launcher to run, and it does.
+    if (commandLine.starter != CommandLine::Starter::user
+        || SingleInstance::forward(commandLine.request)) {
+        return 0;
+    }
+    return complain(u"the launcher that runs does not answer"_s);
+}
+
+/// Does what this start was for, now and for as long as the bus has not said it.
+void beginService(SingleInstance& instance, AppDelegate& delegate, const CommandLine& commandLine)
+{
+    using Starter = CommandLine::Starter;
+    const auto isFirstOfLogin = [] {
+        return RuntimeFolder::isFirstOfLogin(u"tavik-launcher.shown"_s);
+    };
+    instance.onRequest = [&delegate, isFirstOfLogin, isFirst = commandLine.starter == Starter::bus](
+                             const AppRequest& wanted) mutable {
+        // The bus started this process for its first message; a plain one means the start.
+        if (std::exchange(isFirst, false) && wanted.action == AppAction::activate) {
+            delegate.startedByUser(wanted.activation, isFirstOfLogin);
+        } else {
+            delegate.perform(wanted);
+        }
+    };
+    if (commandLine.request.action != AppAction::activate) {
+        delegate.performSoon(commandLine.request);
+    } else if (commandLine.starter == Starter::user) {
+        delegate.startedByUser(commandLine.request.activation, isFirstOfLogin);
+    }
+}
+
+int run(int argc, char** argv, const CommandLine& commandLine)
 {
     // Other programs' icons may be faulty in many ways; whoever decodes them goes on with the next.
     QLoggingCategory::setFilterRules(u"qt.gui.imageio*=false\nqt.svg*=false"_s);
@@ -51,18 +102,14 @@ int run(int argc, char** argv, const AppRequest& request)
 
     SingleInstance instance;
     if (instance.claim() == SingleInstance::Claim::taken) {
-        return SingleInstance::forward(request) ? 0 : notRunning;
+        return handOver(commandLine);
     }
     RingAccessibility::install();
     const std::unique_ptr<Platform> platform = makePlatform(buildUpdateSource());
-    AppDelegate delegate(*platform);
+    NotificationCenter notifications;
+    AppDelegate delegate(*platform, notifications);
     delegate.applicationDidFinishLaunching();
-    instance.onRequest = [&delegate](const AppRequest& wanted) {
-        delegate.perform(wanted);
-    };
-    if (request.action != AppAction::activate) {
-        platform->mainQueue->post([&delegate, request] { delegate.perform(request); });
-    }
+    beginService(instance, delegate, commandLine);
     const TerminationSignals signals([] { QCoreApplication::quit(); });
     const int exitCode = QApplication::exec();
     // No job may outlive what it refers to; what hangs ends with the process.
@@ -77,20 +124,23 @@ int run(int argc, char** argv, const AppRequest& request)
 
 int main(int argc, char** argv)
 {
-    const CommandLine commandLine = CommandLine::parse(argumentList(argc, argv));
+    CommandLine commandLine = CommandLine::parse(argumentList(argc, argv));
     if (commandLine.answer) {
         print(commandLine.exitCode == 0 ? stdout : stderr, *commandLine.answer);
         return commandLine.exitCode;
     }
-    const AppRequest& request = commandLine.request;
+    AppRequest& request = commandLine.request;
+    request.activation = givenActivation();
     // What the running instance is to do needs neither windows nor fonts here: it is on its way
     // before the toolkit would have started.
     if (request.action != AppAction::activate && SingleInstance::forward(request)) {
         return 0;
     }
     if (needsRunningInstance(request.action)) {
-        print(stderr, u"tavik-launcher: no launcher is running\n"_s);
-        return notRunning;
+        return complain(u"no launcher is running"_s);
     }
-    return run(argc, argv, request);
+    if (const std::optional<QString> fault = whyNoDisplay()) {
+        return complain(*fault);
+    }
+    return run(argc, argv, commandLine);
 }

@@ -71,6 +71,10 @@ bool NullWindowServer::isCompositing() const
     return true;
 }
 
+void NullWindowServer::beginActivation(const Activation&) { }
+
+void NullWindowServer::endActivation() { }
+
 void NullUpdater::checkForUpdates()
 {
     if (m_driver) {

@@ -61,6 +61,8 @@ public:
     [[nodiscard]] bool isOnScreen(WId window) const override;
     /// True: where it cannot be asked, windows are always blended.
     [[nodiscard]] bool isCompositing() const override;
+    void beginActivation(const Activation& activation) override;
+    void endActivation() override;
 };
 
 /// A desktop that asks for nothing.

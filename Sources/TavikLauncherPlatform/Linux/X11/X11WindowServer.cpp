@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/X11/X11Properties.h>
+#include <TavikLauncherPlatform/Linux/X11/X11StartupNotification.h>
 #include <TavikLauncherPlatform/Linux/X11/X11WindowServer.h>
 
 #include <QRegion>
@@ -141,6 +142,7 @@ void X11WindowServer::takeKeyboardFocus(WId window)
     // The server's own time of now is newer than whatever was typed elsewhere, and older than
     // nothing: a time from our clock could lie in the server's future and be refused.
     const xcb_timestamp_t now = m_pump.serverTime();
+    X11StartupNotification::mark(m_toolkit, panel, m_startupId);
     xcb_change_property(m_toolkit,
                         XCB_PROP_MODE_REPLACE,
                         panel,
@@ -218,6 +220,20 @@ bool X11WindowServer::isOnScreen(WId window) const
         = attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE && !isCovered(panel);
     m_pump.drainSoon();
     return isShown;
+}
+
+void X11WindowServer::beginActivation(const Activation& activation)
+{
+    // Some desktops hand out the newer kind only, with the same text.
+    const QByteArray& given
+        = activation.startupId.isEmpty() ? activation.token : activation.startupId;
+    m_startupId = X11StartupNotification::isValid(given) ? given : QByteArray();
+}
+
+void X11WindowServer::endActivation()
+{
+    X11StartupNotification::complete(
+        m_toolkit, m_connection.root(), std::exchange(m_startupId, {}));
 }
 
 void X11WindowServer::handle(const xcb_generic_event_t& event)

@@ -29,6 +29,8 @@ public:
     [[nodiscard]] bool hasKeyboardFocus(WId window) const override;
     [[nodiscard]] bool isOnScreen(WId window) const override;
     [[nodiscard]] bool isCompositing() const override { return m_isCompositing; }
+    void beginActivation(const Activation& activation) override;
+    void endActivation() override;
 
 private:
     void handle(const xcb_generic_event_t& event);
@@ -50,6 +52,7 @@ private:
     xcb_window_t m_previousActive = XCB_NONE; ///< What the window manager called active.
     xcb_window_t m_previousFocus = XCB_NONE; ///< What really had the keyboard.
     Task m_returnTask;
+    QByteArray m_startupId; ///< Of the action that is being carried out.
     bool m_isCompositing = false;
     uint8_t m_fixesEvent = 0;
 };

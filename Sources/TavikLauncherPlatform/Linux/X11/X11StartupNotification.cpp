@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/X11/X11Connection.h>
+#include <TavikLauncherPlatform/Linux/X11/X11StartupNotification.h>
+
+#include <algorithm>
+#include <cstring>
+#include <string_view>
+
+namespace Tavik::X11StartupNotification {
+
+namespace {
+
+constexpr qsizetype longestId = 256;
+
+xcb_atom_t atom(xcb_connection_t* connection, std::string_view name)
+{
+    const X11Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
+        connection,
+        xcb_intern_atom(connection, 0, static_cast<uint16_t>(name.size()), name.data()),
+        nullptr));
+    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+}
+
+/// Sends a text in as many messages as it takes, its terminating zero included.
+void broadcast(xcb_connection_t* connection, xcb_window_t root, const QByteArray& text)
+{
+    // The messages of one text are told from those of others by a window of their own.
+    const xcb_window_t sender = xcb_generate_id(connection);
+    xcb_create_window(connection,
+                      XCB_COPY_FROM_PARENT,
+                      sender,
+                      root,
+                      -1,
+                      -1,
+                      1,
+                      1,
+                      0,
+                      XCB_WINDOW_CLASS_INPUT_ONLY,
+                      XCB_COPY_FROM_PARENT,
+                      0,
+                      nullptr);
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 8;
+    message.window = sender;
+    message.type = atom(connection, "_NET_STARTUP_INFO_BEGIN");
+    constexpr qsizetype partSize = sizeof(message.data);
+    for (qsizetype sent = 0; sent <= text.size(); sent += partSize) {
+        const qsizetype length = std::min(partSize, text.size() + 1 - sent);
+        std::memset(&message.data, 0, sizeof(message.data));
+        std::memcpy(&message.data, text.constData() + sent, static_cast<std::size_t>(length));
+        xcb_send_event(connection,
+                       0,
+                       root,
+                       XCB_EVENT_MASK_PROPERTY_CHANGE,
+                       reinterpret_cast<const char*>(&message));
+        message.type = atom(connection, "_NET_STARTUP_INFO");
+    }
+    xcb_destroy_window(connection, sender);
+    xcb_flush(connection);
+}
+
+} // namespace
+
+bool isValid(const QByteArray& startupId)
+{
+    return !startupId.isEmpty() && startupId.size() <= longestId
+        && std::ranges::all_of(startupId, [](char c) { return c > ' ' && c <= '~'; });
+}
+
+void mark(xcb_connection_t* connection, xcb_window_t window, const QByteArray& startupId)
+{
+    if (startupId.isEmpty()) {
+        return;
+    }
+    xcb_change_property(connection,
+                        XCB_PROP_MODE_REPLACE,
+                        window,
+                        atom(connection, "_NET_STARTUP_ID"),
+                        atom(connection, "UTF8_STRING"),
+                        8,
+                        static_cast<uint32_t>(startupId.size()),
+                        startupId.constData());
+}
+
+void complete(xcb_connection_t* connection, xcb_window_t root, const QByteArray& startupId)
+{
+    if (startupId.isEmpty()) {
+        return;
+    }
+    QByteArray quoted = "remove: ID=\"";
+    for (const char c : startupId) {
+        if (c == '"' || c == '\\') {
+            quoted += '\\';
+        }
+        quoted += c;
+    }
+    broadcast(connection, root, quoted + '"');
+}
+
+} // namespace Tavik::X11StartupNotification

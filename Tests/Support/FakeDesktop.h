@@ -11,8 +11,10 @@ class FakeAppearance final : public DesktopAppearance
 {
 public:
     [[nodiscard]] bool reducesMotion() const override { return reduced; }
+    [[nodiscard]] ColorScheme colorScheme() const override { return scheme; }
 
     bool reduced = false;
+    ColorScheme scheme = ColorScheme::noPreference;
 };
 
 class FakeScreens final : public Screens

@@ -38,6 +38,7 @@ void openSupportPage()
 
 AppDelegate::AppDelegate(Platform& platform, NotificationCenter& notifications)
     : m_platform(platform)
+    , m_palette(*platform.appearance)
     , m_notifications(notifications)
     , m_settings(*platform.userDefaults, *platform.loginItem, m_notifications)
     , m_recents(*platform.userDefaults)

@@ -11,6 +11,7 @@
 #include <TavikLauncher/Shell/LauncherPanelController.h>
 #include <TavikLauncher/Shell/SingleInstance.h>
 #include <TavikLauncher/Trigger/TriggerGestures.h>
+#include <TavikLauncher/Views/DesktopPalette.h>
 #include <TavikLauncher/Views/StatusItem.h>
 #include <TavikLauncherPlatform/NotificationCenter.h>
 
@@ -65,6 +66,7 @@ private:
     void recordActivatedApplication();
 
     Platform& m_platform;
+    DesktopPalette m_palette;
     NotificationCenter& m_notifications;
     LauncherSettings m_settings;
     RecentAppsStore m_recents;

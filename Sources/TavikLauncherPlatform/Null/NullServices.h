@@ -70,6 +70,7 @@ class NullDesktopAppearance final : public DesktopAppearance
 {
 public:
     [[nodiscard]] bool reducesMotion() const override { return false; }
+    [[nodiscard]] ColorScheme colorScheme() const override { return ColorScheme::noPreference; }
 };
 
 /// A system that starts nothing at login.

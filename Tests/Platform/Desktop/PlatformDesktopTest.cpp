@@ -250,6 +250,17 @@ private Q_SLOTS:
         QVERIFY(asks("org.kde.kdeglobals.KDE", "AnimationDurationFactor", u"0"_qs));
         QVERIFY(!asks("org.kde.kdeglobals.KDE", "AnimationDurationFactor", u"odd"_qs));
         QVERIFY(!asks("org.example", "enable-animations", false));
+        QVERIFY(!asks("org.freedesktop.appearance", "color-scheme", 1U));
+
+        const auto scheme = [](const QVariant& value) {
+            return PortalAppearance::colorScheme(QVariant::fromValue(QDBusVariant(value)));
+        };
+        QCOMPARE(scheme(0U), ColorScheme::noPreference);
+        QCOMPARE(scheme(1U), ColorScheme::dark);
+        QCOMPARE(scheme(2U), ColorScheme::light);
+        QCOMPARE(scheme(3U), ColorScheme::noPreference);
+        QCOMPARE(scheme(u"1"_qs), ColorScheme::noPreference);
+        QCOMPARE(scheme({}), ColorScheme::noPreference);
     }
 
     void modifiersAreFoundInTheMap()

@@ -77,25 +77,33 @@ private Q_SLOTS:
         client.destroy(dock);
     }
 
-    void desktopThatWantsLessMotionIsHeard()
+    void desktopThatChangesItsMindAboutLooksIsHeard()
     {
         const auto platform = makePlatform({});
         int changes = 0;
         platform->appearance->onChanged = [&changes] {
             ++changes;
         };
-        const auto say = [](bool animates) {
+        const auto say = [](const QString& group, const QString& key, const QVariant& value) {
             QDBusMessage signal = QDBusMessage::createSignal(u"/org/freedesktop/portal/desktop"_qs,
                                                              u"org.freedesktop.portal.Settings"_qs,
                                                              u"SettingChanged"_qs);
-            signal << u"org.gnome.desktop.interface"_qs << u"enable-animations"_qs
-                   << QVariant::fromValue(QDBusVariant(animates));
+            signal << group << key << QVariant::fromValue(QDBusVariant(value));
             QDBusConnection::sessionBus().send(signal);
         };
-        QTRY_VERIFY((say(false), platform->appearance->reducesMotion()));
+        const auto animate = [&](bool animates) {
+            say(u"org.gnome.desktop.interface"_qs, u"enable-animations"_qs, animates);
+        };
+        const auto darken = [&](bool isDark) {
+            say(u"org.freedesktop.appearance"_qs, u"color-scheme"_qs, isDark ? 1U : 2U);
+        };
+        QTRY_VERIFY((animate(false), platform->appearance->reducesMotion()));
         QCOMPARE(changes, 1);
-        QTRY_VERIFY((say(true), !platform->appearance->reducesMotion()));
+        QTRY_VERIFY((animate(true), !platform->appearance->reducesMotion()));
         QCOMPARE(changes, 2);
+        QTRY_COMPARE((darken(true), platform->appearance->colorScheme()), ColorScheme::dark);
+        QTRY_COMPARE((darken(false), platform->appearance->colorScheme()), ColorScheme::light);
+        QCOMPARE(changes, 4);
     }
 };
 

@@ -8,6 +8,7 @@
 #include <QDBusPendingReply>
 
 #include <algorithm>
+#include <utility>
 
 namespace Tavik {
 
@@ -17,7 +18,7 @@ struct WatchedSetting
 {
     QLatin1String group;
     QLatin1String key;
-    bool (*asksForLessMotion)(const QVariant&);
+    bool (*asksForLessMotion)(const QVariant&); ///< Null for the colour scheme.
 };
 
 constexpr auto watchedSettings = std::to_array<WatchedSetting>({
@@ -37,6 +38,7 @@ constexpr auto watchedSettings = std::to_array<WatchedSetting>({
          bool isNumber = false;
          return value.toDouble(&isNumber) <= 0 && isNumber;
      }},
+    {QLatin1String("org.freedesktop.appearance"), QLatin1String("color-scheme"), nullptr},
 });
 
 constexpr QLatin1String service("org.freedesktop.portal.Desktop");
@@ -75,7 +77,24 @@ bool PortalAppearance::asksForLessMotion(const QString& group,
                                          const QVariant& value)
 {
     const auto setting = positionOf(group, key);
-    return setting && watchedSettings.at(*setting).asksForLessMotion(unwrapped(value));
+    const auto asks = setting ? watchedSettings.at(*setting).asksForLessMotion : nullptr;
+    return asks && asks(unwrapped(value));
+}
+
+ColorScheme PortalAppearance::colorScheme(const QVariant& value)
+{
+    const QVariant number = unwrapped(value);
+    if (number.typeId() != QMetaType::UInt) {
+        return ColorScheme::noPreference;
+    }
+    switch (number.toUInt()) {
+    case 1:
+        return ColorScheme::dark;
+    case 2:
+        return ColorScheme::light;
+    default:
+        return ColorScheme::noPreference;
+    }
 }
 
 bool PortalAppearance::reducesMotion() const
@@ -94,7 +113,7 @@ void PortalAppearance::settingChanged(const QString& group,
 
 void PortalAppearance::listen(const QDBusConnection& bus)
 {
-    static_assert(watchedSettings.size() == std::tuple_size_v<decltype(m_asks)>);
+    static_assert(watchedSettings.size() == std::tuple_size_v<decltype(m_asks)> + 1);
     QDBusConnection connection = bus;
     // No service name in the match: with one the toolkit would wait for the bus to name its owner.
     connection.connect(QString(),
@@ -121,9 +140,13 @@ void PortalAppearance::listen(const QDBusConnection& bus)
 
 void PortalAppearance::take(std::size_t setting, const QVariant& value)
 {
-    const bool before = reducesMotion();
-    m_asks.at(setting) = watchedSettings.at(setting).asksForLessMotion(unwrapped(value));
-    if (reducesMotion() != before && onChanged) {
+    const auto before = std::pair(reducesMotion(), m_colorScheme);
+    if (const auto asks = watchedSettings.at(setting).asksForLessMotion) {
+        m_asks.at(setting) = asks(unwrapped(value));
+    } else {
+        m_colorScheme = colorScheme(value);
+    }
+    if (std::pair(reducesMotion(), m_colorScheme) != before && onChanged) {
         onChanged();
     }
 }

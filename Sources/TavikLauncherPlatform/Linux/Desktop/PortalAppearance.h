@@ -26,7 +26,11 @@ public:
     [[nodiscard]] static bool
     asksForLessMotion(const QString& group, const QString& key, const QVariant& value);
 
+    /// What a value of the portal's colour scheme means; for the tests.
+    [[nodiscard]] static ColorScheme colorScheme(const QVariant& value);
+
     [[nodiscard]] bool reducesMotion() const override;
+    [[nodiscard]] ColorScheme colorScheme() const override { return m_colorScheme; }
 
 private Q_SLOTS:
     void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
@@ -35,7 +39,8 @@ private:
     void listen(const QDBusConnection& bus);
     void take(std::size_t setting, const QVariant& value);
 
-    std::array<bool, 3> m_asks{}; ///< One for each setting that is watched.
+    std::array<bool, 3> m_asks{}; ///< One for each setting that may ask for less motion.
+    ColorScheme m_colorScheme = ColorScheme::noPreference;
 };
 
 } // namespace Tavik

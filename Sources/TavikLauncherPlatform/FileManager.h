@@ -73,6 +73,12 @@ public:
     [[nodiscard]] virtual std::optional<QString>
     writeFileAtomically(const QString& path, const QByteArray& contents) const = 0;
 
+    /// Appends to the file at `path` if it is a regular one of the user's own, and otherwise puts a
+    /// new file in the place of what is there. Follows no link, so it is fit for folders in which
+    /// others may plant one. The error's description, or nothing when it was done.
+    [[nodiscard]] virtual std::optional<QString> appendToFile(const QString& path,
+                                                              const QByteArray& contents) const = 0;
+
     /// The folders that hold installed applications, the most important first.
     [[nodiscard]] virtual QStringList applicationFolders() const = 0;
 

@@ -50,6 +50,12 @@ public:
         }
         return writeError;
     }
+    [[nodiscard]] std::optional<QString> appendToFile(const QString& path,
+                                                      const QByteArray& bytes) const override
+    {
+        contents[path] += bytes;
+        return std::nullopt;
+    }
     [[nodiscard]] QStringList applicationFolders() const override { return items.keys(); }
     [[nodiscard]] FolderResult applicationSupportFolder() const override { return support; }
     [[nodiscard]] std::unique_ptr<FolderWatch> watch(const QStringList& folders,

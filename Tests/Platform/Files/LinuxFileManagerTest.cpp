@@ -7,6 +7,7 @@
 #include <Support/StepWorkQueue.h>
 #include <Support/VirtualMainQueue.h>
 #include <atomic>
+#include <filesystem>
 #include <thread>
 #include <vector>
 
@@ -212,6 +213,38 @@ private Q_SLOTS:
         QCOMPARE(m_files.readFile(old, 100), QByteArray("old"));
         QVERIFY(!QFile::exists(tree.path(u"gone"_s)));
         const QStringList expected{u"folder"_s, u"link"_s, u"old"_s};
+        QCOMPARE(QDir(tree.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), expected);
+    }
+
+    void onlyAFileOfOnesOwnIsAppendedTo()
+    {
+        const FileTree tree;
+        const QString log = tree.path(u"log"_s);
+        QCOMPARE(m_files.appendToFile(log, "one\n"), std::nullopt);
+        QCOMPARE(m_files.appendToFile(log, "two\n"), std::nullopt);
+        QCOMPARE(m_files.readFile(log, 100), QByteArray("one\ntwo\n"));
+        QCOMPARE(QFile(log).permissions() & (QFile::ReadGroup | QFile::ReadOther),
+                 QFileDevice::Permissions());
+
+        // What a link leads to, by either kind of link, is left alone.
+        const QString precious = tree.write(u"precious"_s, "old");
+        const QString hard = tree.path(u"hard"_s);
+        std::filesystem::create_hard_link(precious.toStdString(), hard.toStdString());
+        for (const QString& path : {tree.link(precious, u"link"_s),
+                                    tree.link(tree.path(u"gone"_s), u"dangling"_s),
+                                    hard}) {
+            QCOMPARE(m_files.appendToFile(path, "new"), std::nullopt);
+            QVERIFY2(!QFileInfo(path).isSymLink(), qPrintable(path));
+            QCOMPARE(m_files.readFile(path, 100), QByteArray("new"));
+        }
+        QCOMPARE(m_files.readFile(precious, 100), QByteArray("old"));
+        QVERIFY(!QFile::exists(tree.path(u"gone"_s)));
+        for (const QString& path : {tree.makeFolder(u"folder"_s), tree.path(u"none/log"_s)}) {
+            const auto error = m_files.appendToFile(path, "new");
+            QVERIFY2(error && !error->isEmpty(), qPrintable(path));
+        }
+        const QStringList expected{
+            u"dangling"_s, u"folder"_s, u"hard"_s, u"link"_s, u"log"_s, u"precious"_s};
         QCOMPARE(QDir(tree.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), expected);
     }
 

@@ -4,6 +4,7 @@
 #include <TavikLauncherPlatform/Linux/Files/DesktopEntryFile.h>
 #include <TavikLauncherPlatform/Linux/Files/FolderWatcher.h>
 #include <TavikLauncherPlatform/Linux/Files/LinuxFileManager.h>
+#include <TavikLauncherPlatform/Linux/Files/LogFile.h>
 #include <TavikLauncherPlatform/Linux/Storage/ReplaceFile.h>
 
 #include <QDir>
@@ -153,6 +154,12 @@ std::optional<QString> LinuxFileManager::writeFileAtomically(const QString& path
     }
     constexpr auto ownerOnly = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
     return replaceFile(path, contents, existing.exists() ? existing.permissions() : ownerOnly);
+}
+
+std::optional<QString> LinuxFileManager::appendToFile(const QString& path,
+                                                      const QByteArray& contents) const
+{
+    return LogFile::append(path, contents);
 }
 
 FileManager::FolderResult LinuxFileManager::applicationSupportFolder() const

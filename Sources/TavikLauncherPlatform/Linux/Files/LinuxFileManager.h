@@ -40,6 +40,9 @@ public:
     /// A new file is for the user alone; an existing one keeps its permissions.
     [[nodiscard]] std::optional<QString>
     writeFileAtomically(const QString& path, const QByteArray& contents) const override;
+    /// A new file is for the user alone.
+    [[nodiscard]] std::optional<QString> appendToFile(const QString& path,
+                                                      const QByteArray& contents) const override;
     [[nodiscard]] QStringList applicationFolders() const override { return m_applicationFolders; }
     [[nodiscard]] FolderResult applicationSupportFolder() const override;
     /// Whoever watches the same folders shares the kernel's notifications.

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Views/SafeReleaseNotes.h>
+#include <TavikLauncher/Views/Updates/ReleaseNotesView.h>
+#include <TavikLauncherPlatform/Updater.h>
+
+#include <QEvent>
+#include <QScrollBar>
+
+#include <utility>
+
+namespace Tavik {
+
+using namespace Qt::StringLiterals;
+
+ReleaseNotesView::ReleaseNotesView(std::function<void(const QUrl&)> openLink, QWidget* parent)
+    : QTextBrowser(parent)
+{
+    setOpenLinks(false);
+    setUndoRedoEnabled(false);
+    setTabChangesFocus(true);
+    setAccessibleName(u"Release notes"_s);
+    document()->setDocumentMargin(10);
+    connect(this,
+            &QTextBrowser::anchorClicked,
+            this,
+            [openLink = std::move(openLink)](const QUrl& url) {
+                if (isSafeReleaseNotesLink(url.toString())) {
+                    openLink(url);
+                }
+            });
+}
+
+bool ReleaseNotesView::showNotes(const ReleaseNotes& notes)
+{
+    const QString html = safeReleaseNotesHtml(notes);
+    if (!html.isEmpty()) {
+        setContent(html);
+    }
+    return !html.isEmpty();
+}
+
+void ReleaseNotesView::say(const QString& text)
+{
+    setContent(u"<p>%1</p>"_s.arg(text.toHtmlEscaped()));
+}
+
+void ReleaseNotesView::setContent(const QString& html)
+{
+    m_html = html;
+    const int position = verticalScrollBar()->value();
+    setHtml(html);
+    verticalScrollBar()->setValue(position);
+}
+
+QVariant ReleaseNotesView::loadResource(int, const QUrl&)
+{
+    return {};
+}
+
+void ReleaseNotesView::changeEvent(QEvent* event)
+{
+    QTextBrowser::changeEvent(event);
+    // The colour of links is settled when the text is read.
+    if (event->type() == QEvent::PaletteChange && !m_html.isEmpty()) {
+        setContent(m_html);
+    }
+}
+
+} // namespace Tavik

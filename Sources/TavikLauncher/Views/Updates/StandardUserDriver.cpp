@@ -1,0 +1,271 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Views/Updates/StandardUserDriver.h>
+#include <TavikLauncher/Views/Updates/StandardUserDriverDelegate.h>
+#include <TavikLauncher/Views/Updates/UpdateAlertView.h>
+#include <TavikLauncher/Views/Updates/UpdateMessageView.h>
+#include <TavikLauncher/Views/Updates/UpdateStatusView.h>
+
+#include <QUrl>
+
+#include <utility>
+
+namespace Tavik {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What the feed calls a version is shown in titles and in a menu.
+QString shortened(const QString& version)
+{
+    constexpr qsizetype longest = 40;
+    const QString line = version.simplified();
+    return line.size() <= longest ? line : line.left(longest - 1) + u'…';
+}
+
+/// For closures that are to be called at most once, whatever they lead to.
+template <typename... Arguments>
+void callOnce(std::function<void(Arguments...)>& closure, Arguments... arguments)
+{
+    if (const auto taken = std::exchange(closure, nullptr)) {
+        taken(arguments...);
+    }
+}
+
+} // namespace
+
+StandardUserDriver::StandardUserDriver(const Dependencies& dependencies, Options options)
+    : m_dependencies(dependencies)
+    , m_options(std::move(options))
+{ }
+
+StandardUserDriver::~StandardUserDriver() = default;
+
+void StandardUserDriver::showUserInitiatedUpdateCheck(std::function<void()> cancel)
+{
+    statusView().showChecking([this, cancel = std::move(cancel)]() mutable {
+        takeDown();
+        callOnce(cancel);
+    });
+    m_window->activate();
+}
+
+void StandardUserDriver::showUpdateFound(const UpdateItem& item,
+                                         const UpdateUserState& state,
+                                         std::function<void(UpdateChoice)> reply)
+{
+    takeDown();
+    m_found = Found{.item = item, .reply = std::move(reply)};
+    m_found->item.displayVersionString = shortened(item.displayVersionString);
+    StandardUserDriverDelegate& delegate = m_dependencies.delegate;
+    const bool shows = state.userInitiated || !delegate.supportsGentleScheduledUpdateReminders()
+        || delegate.standardUserDriverShouldHandleShowingScheduledUpdate(
+            m_found->item, m_options.isInImmediateFocus());
+    if (shows) {
+        showFound(state);
+    } else {
+        delegate.standardUserDriverWillHandleShowingUpdate(false, m_found->item, state);
+    }
+}
+
+void StandardUserDriver::showFound(const UpdateUserState& state)
+{
+    m_dependencies.delegate.standardUserDriverWillHandleShowingUpdate(true, m_found->item, state);
+    auto* view = new UpdateAlertView(
+        m_found->item,
+        {.ownVersion = m_options.ownVersion, .isAwaited = state.userInitiated},
+        {.choose = [this](UpdateChoice choice) { choose(choice); },
+         .openLink = m_options.openLink});
+    if (m_found->notes) {
+        view->showReleaseNotes(*m_found->notes);
+    } else if (!m_found->notesFailure.isEmpty()) {
+        view->showReleaseNotesFailure(m_found->notesFailure);
+    }
+    present(view, {.size = view->preferredSize(), .smallestSize = view->smallestSize()});
+    m_alert = view;
+    m_window->onActivated = [this] {
+        receiveAttention();
+    };
+    m_window->activate();
+}
+
+void StandardUserDriver::choose(UpdateChoice choice)
+{
+    takeDown();
+    receiveAttention();
+    if (m_found) {
+        callOnce(m_found->reply, choice);
+    }
+}
+
+void StandardUserDriver::receiveAttention()
+{
+    if (m_found && !std::exchange(m_found->hasAttention, true)) {
+        m_dependencies.delegate.standardUserDriverDidReceiveUserAttention(m_found->item);
+    }
+}
+
+void StandardUserDriver::showUpdateReleaseNotes(const ReleaseNotes& notes)
+{
+    if (m_found) {
+        m_found->notes = notes;
+    }
+    if (m_alert) {
+        m_alert->showReleaseNotes(notes);
+    }
+}
+
+void StandardUserDriver::showUpdateReleaseNotesFailedToDownload(const QString& reason)
+{
+    if (m_found) {
+        m_found->notesFailure = reason;
+    }
+    if (m_alert) {
+        m_alert->showReleaseNotesFailure(reason);
+    }
+}
+
+void StandardUserDriver::showUpdateNotFound(const QString& reason,
+                                            std::function<void()> acknowledged)
+{
+    showAlert(m_options.nothingNewTitle, reason, acknowledged);
+}
+
+void StandardUserDriver::showUpdaterError(const QString& reason, std::function<void()> acknowledged)
+{
+    showAlert(m_isInstalling ? u"The update was not installed."_s
+                             : u"Looking for updates did not work."_s,
+              reason,
+              acknowledged);
+}
+
+void StandardUserDriver::showDownloadInitiated(std::function<void()> cancel)
+{
+    m_isInstalling = true;
+    statusView().showDownload(version(), [this, cancel = std::move(cancel)]() mutable {
+        takeDown();
+        callOnce(cancel);
+    });
+    m_window->activate();
+}
+
+void StandardUserDriver::showDownloadProgress(qint64 received, qint64 total)
+{
+    if (m_status) {
+        m_status->showDownloadProgress(received, total);
+    }
+}
+
+void StandardUserDriver::showVerifyingUpdate()
+{
+    statusView().showVerifying();
+}
+
+void StandardUserDriver::showReadyToInstallAndRelaunch(std::function<void(UpdateChoice)> reply)
+{
+    const auto answer = std::make_shared<std::function<void(UpdateChoice)>>(std::move(reply));
+    statusView().showReady(
+        version(),
+        [answer] { callOnce(*answer, UpdateChoice::install); },
+        [this, answer] {
+            takeDown();
+            callOnce(*answer, UpdateChoice::remindLater);
+        });
+    m_window->activate();
+}
+
+void StandardUserDriver::showInstallingUpdate()
+{
+    statusView().showInstalling();
+}
+
+void StandardUserDriver::showUpdateHandedOver(std::function<void()> acknowledged)
+{
+    showAlert(
+        u"The update is with your installer."_s,
+        u"Tavik Launcher %1 has been downloaded and verified. Your desktop’s installer takes "
+        u"it from here. Once it is done, quit Tavik Launcher and start it again."_s.arg(version()),
+        acknowledged);
+}
+
+void StandardUserDriver::showUpdateInFocus()
+{
+    if (m_found && m_found->reply && !m_alert) {
+        showFound({.userInitiated = true});
+    } else if (m_alert) {
+        m_dependencies.delegate.standardUserDriverWillHandleShowingUpdate(
+            true, m_found->item, {.userInitiated = true});
+        m_window->activate();
+    } else if (m_window) {
+        m_window->activate();
+    }
+    receiveAttention();
+}
+
+void StandardUserDriver::dismissUpdateInstallation()
+{
+    takeDown();
+    m_dependencies.delegate.standardUserDriverWillFinishUpdateSession();
+    m_found.reset();
+    m_isInstalling = false;
+    m_lastPlace.reset();
+}
+
+QString StandardUserDriver::version() const
+{
+    return m_found ? m_found->item.displayVersionString : QString();
+}
+
+UpdateStatusView& StandardUserDriver::statusView()
+{
+    if (!m_status) {
+        auto* view = new UpdateStatusView(m_dependencies.mainQueue, m_dependencies.appearance);
+        present(view, {});
+        m_status = view;
+    }
+    return *m_status;
+}
+
+void StandardUserDriver::showAlert(const QString& title,
+                                   const QString& text,
+                                   const std::function<void()>& acknowledged)
+{
+    takeDown();
+    m_dependencies.delegate.standardUserDriverWillShowModalAlert();
+    present(new UpdateMessageView({.title = title, .text = text},
+                                  [this, acknowledged = acknowledged]() mutable {
+                                      takeDown();
+                                      callOnce(acknowledged);
+                                  }),
+            {});
+    m_window->activate();
+}
+
+void StandardUserDriver::present(UpdateView* view, const AuxiliaryWindow::Options& options)
+{
+    takeDown();
+    AuxiliaryWindow::Options complete = options;
+    complete.title = u"Software Update"_s;
+    m_window.reset(new UpdateWindow(m_dependencies.windowServer, complete, view));
+    m_options.windowMade(*m_window);
+    if (m_lastPlace) {
+        // Where the user has moved the one before to.
+        m_window->adjustSize();
+        m_window->centerIn(QRect(*m_lastPlace, QSize(1, 1)));
+    }
+}
+
+void StandardUserDriver::takeDown()
+{
+    if (m_window) {
+        if (m_window->isVisible()) {
+            m_lastPlace = m_window->frameGeometry().center();
+        }
+        m_window->hide();
+        m_window.reset();
+    }
+    m_alert = nullptr;
+    m_status = nullptr;
+}
+
+} // namespace Tavik

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncher/Views/Updates/UpdateWindow.h>
+#include <TavikLauncherPlatform/Updater.h>
+
+#include <memory>
+#include <optional>
+
+class QUrl;
+
+namespace Tavik {
+
+class DesktopAppearance;
+class MainQueue;
+class StandardUserDriverDelegate;
+class UpdateAlertView;
+class UpdateMessageView;
+class UpdateStatusView;
+
+/// Shows what the updater does and asks, one window at a time, and lets its delegate hint at what
+/// was found by schedule instead. Windows live only while they are shown.
+class StandardUserDriver final : public UpdateUserDriver
+{
+public:
+    struct Dependencies
+    {
+        MainQueue& mainQueue;
+        WindowServer& windowServer;
+        const DesktopAppearance& appearance;
+        StandardUserDriverDelegate& delegate;
+    };
+    struct Options
+    {
+        QString ownVersion; ///< Of the running program.
+        QString nothingNewTitle; ///< Of the answer that there is no update.
+        /// True while the user is at one of our windows.
+        std::function<bool()> isInImmediateFocus;
+        /// Called with every window before it is shown, to place it.
+        std::function<void(AuxiliaryWindow&)> windowMade;
+        std::function<void(const QUrl&)> openLink;
+    };
+
+    StandardUserDriver(const Dependencies& dependencies, Options options);
+    ~StandardUserDriver() override;
+    StandardUserDriver(const StandardUserDriver&) = delete;
+    StandardUserDriver& operator=(const StandardUserDriver&) = delete;
+
+    void showUserInitiatedUpdateCheck(std::function<void()> cancel) override;
+    void showUpdateFound(const UpdateItem& item,
+                         const UpdateUserState& state,
+                         std::function<void(UpdateChoice)> reply) override;
+    void showUpdateReleaseNotes(const ReleaseNotes& notes) override;
+    void showUpdateReleaseNotesFailedToDownload(const QString& reason) override;
+    void showUpdateNotFound(const QString& reason, std::function<void()> acknowledged) override;
+    void showUpdaterError(const QString& reason, std::function<void()> acknowledged) override;
+    void showDownloadInitiated(std::function<void()> cancel) override;
+    void showDownloadProgress(qint64 received, qint64 total) override;
+    void showVerifyingUpdate() override;
+    void showReadyToInstallAndRelaunch(std::function<void(UpdateChoice)> reply) override;
+    void showInstallingUpdate() override;
+    void showUpdateHandedOver(std::function<void()> acknowledged) override;
+    void showUpdateInFocus() override;
+    void dismissUpdateInstallation() override;
+
+private:
+    /// The update that the session is about.
+    struct Found
+    {
+        UpdateItem item;
+        std::function<void(UpdateChoice)> reply; ///< Empty once it has been given.
+        std::optional<ReleaseNotes> notes; ///< Those that were fetched.
+        QString notesFailure; ///< Why they were not.
+        bool hasAttention = false;
+    };
+
+    void showFound(const UpdateUserState& state);
+    void choose(UpdateChoice choice);
+    void receiveAttention();
+    [[nodiscard]] QString version() const;
+    [[nodiscard]] UpdateStatusView& statusView();
+    void
+    showAlert(const QString& title, const QString& text, const std::function<void()>& acknowledged);
+    void present(UpdateView* view, const AuxiliaryWindow::Options& options);
+    void takeDown();
+
+    Dependencies m_dependencies;
+    Options m_options;
+    std::optional<Found> m_found;
+    std::unique_ptr<UpdateWindow, DeleteLater> m_window;
+    UpdateAlertView* m_alert = nullptr; ///< The window's content, if it is that.
+    UpdateStatusView* m_status = nullptr; ///< The window's content, if it is that.
+    bool m_isInstalling = false; ///< Something has been downloaded in this session.
+    std::optional<QPoint> m_lastPlace; ///< The middle of the session's last window.
+};
+
+} // namespace Tavik

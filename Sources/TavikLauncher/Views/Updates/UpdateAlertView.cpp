@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Views/Updates/ReleaseNotesView.h>
+#include <TavikLauncher/Views/Updates/UpdateAlertView.h>
+
+#include <QLabel>
+#include <QLayout>
+#include <QLocale>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <utility>
+
+namespace Tavik {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double smallestWidth = 480;
+constexpr double preferredWidth = 600;
+constexpr double preferredHeight = 480;
+constexpr double smallestNotes = 90;
+
+/// How large the download is and of which day the version.
+QString particulars(const UpdateItem& item)
+{
+    QStringList parts;
+    if (item.contentLength > 0 && !item.isInformationOnly) {
+        parts << QLocale().formattedDataSize(item.contentLength, 1, QLocale::DataSizeSIFormat);
+    }
+    if (item.date.isValid()) {
+        parts << QLocale().toString(item.date.toLocalTime().date(), u"d MMMM yyyy"_s);
+    }
+    return parts.join(u" · "_s);
+}
+
+} // namespace
+
+UpdateAlertView::UpdateAlertView(const UpdateItem& item, const Options& options, Actions actions)
+    : m_actions(std::move(actions))
+{
+    setTitle(u"A new version of Tavik Launcher is available."_s);
+    addText(
+        u"Version %1 is out; you have %2."_s.arg(item.displayVersionString, options.ownVersion));
+    if (item.isInformationOnly) {
+        addText(u"It cannot be installed from here. Its page tells how to get it."_s);
+    }
+    if (item.isCritical) {
+        addText(u"This version is important. Please install it soon."_s);
+    }
+    if (const QString text = particulars(item); !text.isEmpty()) {
+        addQuietText(text);
+    }
+    addNotes(item);
+    addButtons(item, options.isAwaited);
+}
+
+void UpdateAlertView::addNotes(const UpdateItem& item)
+{
+    if (!item.releaseNotes && item.releaseNotesUrl.isEmpty()) {
+        column().addStretch(1);
+        return;
+    }
+    m_notes = new ReleaseNotesView(m_actions.openLink, this);
+    m_notes->setMinimumHeight(scaled(smallestNotes));
+    column().addSpacing(6);
+    column().addWidget(m_notes, 1);
+    if (!item.releaseNotes) {
+        m_notes->say(u"Fetching the release notes…"_s);
+    } else if (!m_notes->showNotes(*item.releaseNotes)) {
+        m_notes->say(u"There are no release notes."_s);
+    }
+}
+
+void UpdateAlertView::addButtons(const UpdateItem& item, bool isAwaited)
+{
+    const auto choosing = [this](UpdateChoice choice) {
+        return [this, choice] {
+            m_actions.choose(choice);
+        };
+    };
+    if (!item.isCritical) {
+        addButton(u"Skip This Version"_s, Side::left, choosing(UpdateChoice::skip));
+    }
+    addButton(u"Remind Me Later"_s, Side::right, choosing(UpdateChoice::remindLater));
+    QPushButton* install = addButton(item.isInformationOnly ? u"Learn More"_s : u"Install"_s,
+                                     Side::right,
+                                     choosing(UpdateChoice::install));
+    if (isAwaited) {
+        setDefaultButton(install);
+    }
+}
+
+void UpdateAlertView::showReleaseNotes(const ReleaseNotes& notes)
+{
+    if (m_notes && !m_notes->showNotes(notes)) {
+        m_notes->say(u"There are no release notes."_s);
+    }
+}
+
+void UpdateAlertView::showReleaseNotesFailure(const QString& reason)
+{
+    if (m_notes) {
+        m_notes->say(u"The release notes could not be fetched. %1"_s.arg(reason));
+    }
+}
+
+QSize UpdateAlertView::smallestSize() const
+{
+    const int width = std::max(scaled(smallestWidth), layout()->totalMinimumSize().width());
+    const int height = layout()->hasHeightForWidth() ? layout()->totalMinimumHeightForWidth(width)
+                                                     : layout()->totalMinimumSize().height();
+    return {width, height};
+}
+
+QSize UpdateAlertView::preferredSize() const
+{
+    const QSize smallest = smallestSize();
+    return m_notes ? smallest.expandedTo(QSize(scaled(preferredWidth), scaled(preferredHeight)))
+                   : smallest;
+}
+
+} // namespace Tavik

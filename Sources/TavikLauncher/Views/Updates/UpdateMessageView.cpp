@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Views/Updates/UpdateMessageView.h>
+
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace Tavik {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr double usualWidth = 440;
+}
+
+UpdateMessageView::UpdateMessageView(const Message& message, std::function<void()> acknowledged)
+    : m_acknowledged(std::move(acknowledged))
+{
+    setFixedWidth(scaled(usualWidth));
+    setTitle(message.title);
+    addText(message.text);
+    column().addStretch(1);
+    setDefaultButton(addButton(u"OK"_s, Side::right, [this] { dismiss(); }));
+}
+
+} // namespace Tavik

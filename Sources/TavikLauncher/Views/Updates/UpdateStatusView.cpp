@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Views/Updates/UpdateProgressBar.h>
+#include <TavikLauncher/Views/Updates/UpdateStatusView.h>
+
+#include <QLabel>
+#include <QLocale>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <cmath>
+#include <utility>
+
+namespace Tavik {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double usualWidth = 440;
+/// Often enough to look alive, seldom enough to be read.
+constexpr double refreshSeconds = 0.5;
+
+QString dataSize(qint64 bytes)
+{
+    return QLocale().formattedDataSize(bytes, 1, QLocale::DataSizeSIFormat);
+}
+
+/// Calls a stage's closure, which may well replace the stage that holds it.
+void call(const std::function<void()>& closure)
+{
+    if (const std::function<void()> copy = closure) {
+        copy();
+    }
+}
+
+} // namespace
+
+UpdateStatusView::UpdateStatusView(MainQueue& mainQueue, const DesktopAppearance& appearance)
+    : m_mainQueue(mainQueue)
+{
+    setFixedWidth(scaled(usualWidth));
+    m_text = addText();
+    column().addSpacing(4);
+    m_bar = new UpdateProgressBar(mainQueue, appearance, this);
+    m_bar->setAccessibleName(u"Progress"_s);
+    column().addWidget(m_bar);
+    column().addStretch(1);
+    m_cancel = addButton(u"Cancel"_s, Side::right, [this] { call(m_stage.cancel); });
+    m_later = addButton(u"Not Now"_s, Side::right, [this] { call(m_stage.later); });
+    m_install
+        = addButton(u"Install and Relaunch"_s, Side::right, [this] { call(m_stage.install); });
+}
+
+void UpdateStatusView::show(Stage stage)
+{
+    m_refreshes.cancel();
+    m_stage = std::move(stage);
+    setTitle(m_stage.title);
+    m_text->setText(m_stage.text);
+    m_text->setVisible(!m_stage.text.isEmpty());
+    m_bar->setVisible(m_stage.isBusy);
+    m_bar->setShare(-1);
+    // The button that cannot be pressed keeps its place, so that the window keeps its size.
+    m_cancel->setVisible(m_stage.isBusy);
+    m_cancel->setEnabled(m_stage.cancel != nullptr);
+    m_later->setVisible(m_stage.later != nullptr);
+    m_install->setVisible(m_stage.install != nullptr);
+    setDefaultButton(m_stage.install ? m_install : nullptr);
+}
+
+void UpdateStatusView::showChecking(std::function<void()> cancel)
+{
+    show({.title = u"Looking for a newer version…"_s, .cancel = std::move(cancel)});
+}
+
+void UpdateStatusView::showDownload(const QString& version, std::function<void()> cancel)
+{
+    show({.title = u"Downloading Tavik Launcher %1…"_s.arg(version),
+          .text = u"Connecting…"_s,
+          .cancel = std::move(cancel)});
+    m_received = 0;
+    m_total = 0;
+    m_rate = {};
+    // Also while nothing arrives, or the speed would stay at what it last was.
+    m_refreshes = m_mainQueue.every(refreshSeconds, [this] { refreshTransfer(); });
+}
+
+void UpdateStatusView::showDownloadProgress(qint64 received, qint64 total)
+{
+    const bool isFirst = m_received == 0;
+    m_received = received;
+    m_total = total;
+    m_bar->setShare(total > 0 ? static_cast<double>(received) / static_cast<double>(total) : -1);
+    if (isFirst) {
+        refreshTransfer();
+    } else {
+        m_rate.add(received, m_mainQueue.systemUptime());
+    }
+}
+
+void UpdateStatusView::refreshTransfer()
+{
+    if (m_received == 0) {
+        return;
+    }
+    m_rate.add(m_received, m_mainQueue.systemUptime());
+    QString text = m_total > 0 ? u"%1 of %2"_s.arg(dataSize(m_received), dataSize(m_total))
+                               : dataSize(m_received);
+    if (const std::optional<double> rate = m_rate.bytesPerSecond()) {
+        text += u" — %1 per second"_s.arg(dataSize(std::llround(*rate)));
+    }
+    m_text->setText(text);
+}
+
+void UpdateStatusView::showVerifying()
+{
+    show({.title = u"Verifying the download…"_s,
+          .text = u"Only what its maker has signed is installed."_s});
+}
+
+void UpdateStatusView::showReady(const QString& version,
+                                 std::function<void()> install,
+                                 std::function<void()> later)
+{
+    show({.title = u"Ready to install."_s,
+          .text = u"Tavik Launcher closes, and starts again as version %1."_s.arg(version),
+          .isBusy = false,
+          .install = std::move(install),
+          .later = std::move(later)});
+}
+
+void UpdateStatusView::showInstalling()
+{
+    show({.title = u"Installing…"_s, .text = u"Tavik Launcher starts again in a moment."_s});
+}
+
+void UpdateStatusView::dismiss()
+{
+    call(m_stage.cancel ? m_stage.cancel : m_stage.later);
+}
+
+} // namespace Tavik

@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Views/TavikIconFactory.h>
+#include <TavikLauncher/Views/Updates/UpdateView.h>
+#include <TavikLauncher/Views/WindowStyle.h>
+
+#include <QFontInfo>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace Tavik {
+
+using WindowStyle::makeLabel;
+
+namespace {
+
+constexpr int padding = 20;
+constexpr int iconSide = 64;
+constexpr int iconGap = 18;
+constexpr double titleSize = 15;
+constexpr double textSize = 13;
+constexpr double quietTextSize = 12;
+constexpr double usualFontSize = 12; // Of a desktop that nobody has set up, in points.
+constexpr double largestScale = 3;
+
+double textScale()
+{
+    const double size = QFontInfo(QGuiApplication::font()).pixelSize();
+    return std::clamp(size / usualFontSize, 1.0, largestScale);
+}
+
+bool isReturn(const QKeyEvent& event)
+{
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
+/// The program's icon: an ornament, so that assistive technology passes it over.
+class IconView final : public QWidget
+{
+public:
+    explicit IconView(QWidget* parent)
+        : QWidget(parent)
+    {
+        setFixedSize(iconSide, iconSide);
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        TavikIconFactory::appIcon(iconSide).paint(&painter, rect());
+    }
+};
+
+} // namespace
+
+UpdateView::UpdateView()
+{
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(padding, padding, padding, padding);
+    layout->setSpacing(padding);
+
+    auto* head = new QHBoxLayout;
+    head->setSpacing(iconGap);
+    head->addWidget(new IconView(this), 0, Qt::AlignTop);
+    m_column = new QVBoxLayout;
+    m_column->setContentsMargins(0, 2, 0, 0);
+    m_column->setSpacing(6);
+    m_title = makeLabel({}, {.size = titleSize * textScale(), .weight = QFont::DemiBold}, this);
+    m_column->addWidget(m_title);
+    head->addLayout(m_column, 1);
+    layout->addLayout(head, 1);
+
+    m_buttons = new QHBoxLayout;
+    m_buttons->setSpacing(8);
+    m_buttons->addStretch(1);
+    layout->addLayout(m_buttons);
+}
+
+int UpdateView::scaled(double length)
+{
+    return static_cast<int>(std::lround(length * textScale()));
+}
+
+void UpdateView::setTitle(const QString& title)
+{
+    m_title->setText(title);
+}
+
+QLabel* UpdateView::addText(const QString& text)
+{
+    QLabel* label = makeLabel(text, {.size = textSize * textScale()}, this);
+    m_column->addWidget(label);
+    return label;
+}
+
+QLabel* UpdateView::addQuietText(const QString& text)
+{
+    QLabel* label
+        = makeLabel(text,
+                    {.size = quietTextSize * textScale(), .role = WindowStyle::TextRole::secondary},
+                    this);
+    m_column->addWidget(label);
+    return label;
+}
+
+QPushButton* UpdateView::addButton(const QString& text, Side side, std::function<void()> clicked)
+{
+    QPushButton* button = WindowStyle::makeButton(text, this);
+    button->installEventFilter(this);
+    connect(button, &QPushButton::clicked, this, std::move(clicked));
+    if (side == Side::left) {
+        m_buttons->insertWidget(m_leftButtons++, button);
+    } else {
+        m_buttons->addWidget(button);
+    }
+    return button;
+}
+
+void UpdateView::setDefaultButton(QPushButton* button)
+{
+    if (m_defaultButton) {
+        m_defaultButton->setDefault(false);
+    }
+    m_defaultButton = button;
+    if (button) {
+        button->setDefault(true);
+        button->setFocus();
+    }
+}
+
+void UpdateView::keyPressEvent(QKeyEvent* event)
+{
+    // A key that is still held down from elsewhere was not meant for this window.
+    const bool isPlain = !event->isAutoRepeat() && !(event->modifiers() & ~Qt::KeypadModifier);
+    if (isPlain && event->key() == Qt::Key_Escape) {
+        dismiss();
+    } else if (isPlain && isReturn(*event) && m_defaultButton) {
+        m_defaultButton->click();
+    } else {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+bool UpdateView::eventFilter(QObject* watched, QEvent* event)
+{
+    // Left to itself a button takes Return only while it is the default, but then also from a key
+    // that is held down.
+    if (event->type() == QEvent::KeyPress) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (isReturn(*key)) {
+            if (!key->isAutoRepeat()) {
+                static_cast<QPushButton*>(watched)->click();
+            }
+            return true;
+        }
+    }
+    return false;
+}
+
+void UpdateView::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (m_defaultButton) {
+        m_defaultButton->setFocus();
+    }
+}
+
+} // namespace Tavik

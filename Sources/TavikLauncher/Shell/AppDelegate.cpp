@@ -68,6 +68,7 @@ AppDelegate::AppDelegate(Platform& platform, NotificationCenter& notifications)
                           showPreview();
                       }
                   },
+              .settingsChangedPlace = [this] { m_panelController->followSettingsWindow(); },
               .windowMade = [this](QWidget& window) { m_statusItem->addKeyEquivalents(window); },
           })
 { }

@@ -160,6 +160,7 @@ AuxiliaryWindowPointer AuxiliaryWindows::makeSettingsWindow()
                                               .smallestSize = LauncherSettingsView::smallestSize},
                                              view,
                                              m_actions.hideLauncher);
+    made->onPlaceChanged = m_actions.settingsChangedPlace;
     made->winId();
     connect(made->windowHandle(), &QWindow::screenChanged, this, [this] {
         if (isSettingsVisible()) {
@@ -225,7 +226,7 @@ void AuxiliaryWindows::applyDockVisibility()
 
 bool AuxiliaryWindows::isSettingsVisible() const
 {
-    return m_settingsWindow && m_settingsWindow->isVisible();
+    return m_settingsWindow && m_settingsWindow->isVisible() && !m_settingsWindow->isMinimized();
 }
 
 QRectF AuxiliaryWindows::settingsFrame() const
@@ -238,16 +239,20 @@ QRectF AuxiliaryWindows::settingsFrame() const
 std::optional<SettingsPreviewLayout::Result> AuxiliaryWindows::settingsPreviewLayout() const
 {
     const std::optional<Screen> screen = settingsScreen();
-    return m_settingsWindow && screen ? std::optional(layoutOn(*screen)) : std::nullopt;
+    if (!m_settingsWindow || !screen) {
+        return std::nullopt;
+    }
+    return SettingsPreviewLayout::following(
+        layoutOn(*screen), settingsFrame(), m_dependencies.settings.ringDiameter());
 }
 
-SettingsPreviewLayout::Result AuxiliaryWindows::layoutOn(const Screen& screen) const
+SettingsPreviewLayout::Request AuxiliaryWindows::layoutOn(const Screen& screen) const
 {
-    return SettingsPreviewLayout::compute({
+    return {
         .visibleFrame = screen.visibleFrame,
         .dialogSize = QSizeF(LauncherSettingsView::preferredSize.width(), settingsFrame().height()),
         .dialogMinWidth = static_cast<double>(LauncherSettingsView::smallestSize.width()),
-    });
+    };
 }
 
 void AuxiliaryWindows::placeSettingsWindow()
@@ -257,7 +262,9 @@ void AuxiliaryWindows::placeSettingsWindow()
         return;
     }
     const QRect frame
-        = ScreenPlane::flipped(layoutOn(*screen).dialogFrame, primaryBottom()).toAlignedRect();
+        = ScreenPlane::flipped(SettingsPreviewLayout::compute(layoutOn(*screen)).dialogFrame,
+                               primaryBottom())
+              .toAlignedRect();
     const QSize border = m_settingsWindow->frameGeometry().size() - m_settingsWindow->size();
     m_settingsWindow->resize(frame.size() - border);
     m_settingsWindow->move(frame.topLeft());

@@ -43,6 +43,8 @@ public:
         std::function<void()> openSupportPage;
         std::function<std::optional<QString>(const HotKeyConfig&)> tryShortcut;
         std::function<void()> settingsChangedScreen;
+        /// The settings window was moved, resized, minimised or brought back.
+        std::function<void()> settingsChangedPlace;
         /// Called with every window that is made.
         std::function<void(QWidget&)> windowMade;
     };
@@ -63,11 +65,12 @@ public:
     /// Our windows appear in the taskbar, or skip it, as the preference says.
     void applyDockVisibility();
 
+    /// On some screen, and not minimised.
     [[nodiscard]] bool isSettingsVisible() const;
     /// The settings window with its frame; points, y growing upwards.
     [[nodiscard]] QRectF settingsFrame() const;
-    /// Where settings window and ring preview belong on the window's screen; absent while there is
-    /// no settings window.
+    /// Where the settings window belongs on its screen, and the ring preview beside it wherever it
+    /// stands now; absent while there is no settings window.
     [[nodiscard]] std::optional<SettingsPreviewLayout::Result> settingsPreviewLayout() const;
 
 private:
@@ -77,7 +80,7 @@ private:
     [[nodiscard]] AuxiliaryWindowPointer makeSettingsWindow();
     [[nodiscard]] std::optional<Screen> activeScreen() const;
     [[nodiscard]] std::optional<Screen> settingsScreen() const;
-    [[nodiscard]] SettingsPreviewLayout::Result layoutOn(const Screen& screen) const;
+    [[nodiscard]] SettingsPreviewLayout::Request layoutOn(const Screen& screen) const;
     void placeSettingsWindow();
     void centerOnActiveScreen(AuxiliaryWindow& window) const;
 

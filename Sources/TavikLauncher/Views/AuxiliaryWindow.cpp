@@ -69,11 +69,38 @@ void AuxiliaryWindow::setSkipsTaskbar(bool skips)
     }
 }
 
+void AuxiliaryWindow::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange) {
+        placeChanged();
+    }
+}
+
 void AuxiliaryWindow::closeEvent(QCloseEvent* event)
 {
     event->accept();
     if (onClose) {
         onClose();
+    }
+}
+
+void AuxiliaryWindow::moveEvent(QMoveEvent* event)
+{
+    QWidget::moveEvent(event);
+    placeChanged();
+}
+
+void AuxiliaryWindow::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    placeChanged();
+}
+
+void AuxiliaryWindow::placeChanged()
+{
+    if (onPlaceChanged) {
+        onPlaceChanged();
     }
 }
 

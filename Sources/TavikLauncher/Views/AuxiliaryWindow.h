@@ -38,11 +38,18 @@ public:
     void setSkipsTaskbar(bool skips);
 
     std::function<void()> onClose;
+    /// Called when the window has been moved, resized, minimised or brought back.
+    std::function<void()> onPlaceChanged;
 
 protected:
+    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void placeChanged();
+
     WindowServer& m_windowServer;
     bool m_skipsTaskbar;
 };

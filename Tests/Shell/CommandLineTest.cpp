@@ -11,44 +11,83 @@ class CommandLineTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void argumentsBecomeActions_data()
+    void argumentsBecomeRequests_data()
     {
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<AppAction>("action");
-        QTest::addColumn<int>("exitCode");
-        QTest::addColumn<bool>("answers");
-        QTest::newRow("plain") << QStringList() << AppAction::activate << 0 << false;
-        QTest::newRow("show") << QStringList{u"--show"_s} << AppAction::showLauncher << 0 << false;
-        QTest::newRow("toggle") << QStringList{u"--toggle"_s} << AppAction::toggleLauncher << 0
-                                << false;
-        QTest::newRow("hide") << QStringList{u"--hide"_s} << AppAction::hideLauncher << 0 << false;
-        QTest::newRow("quit") << QStringList{u"--quit"_s} << AppAction::quit << 0 << false;
-        QTest::newRow("settings") << QStringList{u"--settings"_s} << AppAction::settings << 0
-                                  << false;
-        QTest::newRow("a section")
-            << QStringList{u"--settings=theme"_s} << AppAction::settings << 0 << false;
-        QTest::newRow("an argument too many")
-            << QStringList{u"--quit=now"_s} << AppAction::activate << 2 << true;
-        QTest::newRow("help") << QStringList{u"--help"_s} << AppAction::activate << 0 << true;
-        QTest::newRow("version") << QStringList{u"--version"_s} << AppAction::activate << 0 << true;
-        QTest::newRow("unknown") << QStringList{u"--shw"_s} << AppAction::activate << 2 << true;
-        QTest::newRow("two options")
-            << QStringList{u"--show"_s, u"--quit"_s} << AppAction::activate << 2 << true;
-        QTest::newRow("a file") << QStringList{u"%1"_s} << AppAction::activate << 2 << true;
+        QTest::addColumn<QString>("section");
+        const auto row = [](const char* name,
+                            const QStringList& arguments,
+                            AppAction action,
+                            const QString& section = {}) {
+            QTest::newRow(name) << arguments << action << section;
+        };
+        row("plain", {}, AppAction::activate);
+        row("show", {u"--show"_s}, AppAction::showLauncher);
+        row("toggle", {u"--toggle"_s}, AppAction::toggleLauncher);
+        row("hide", {u"--hide"_s}, AppAction::hideLauncher);
+        row("settings", {u"--settings"_s}, AppAction::settings);
+        row("a section", {u"--settings=permanentApps"_s}, AppAction::settings, u"permanentApps"_s);
+        row("reindex", {u"--reindex"_s}, AppAction::reindex);
+        row("tour", {u"--tour"_s}, AppAction::tour);
+        row("updates", {u"--check-for-updates"_s}, AppAction::checkForUpdates);
+        row("quit", {u"--quit"_s}, AppAction::quit);
     }
-    void argumentsBecomeActions()
+    void argumentsBecomeRequests()
     {
         QFETCH(QStringList, arguments);
         const CommandLine commandLine = CommandLine::parse(arguments);
         QTEST(commandLine.request.action, "action");
-        QTEST(commandLine.exitCode, "exitCode");
-        QTEST(commandLine.answer.has_value(), "answers");
+        QTEST(commandLine.request.argument, "section");
+        QCOMPARE(commandLine.starter, CommandLine::Starter::user);
+        QVERIFY(!commandLine.answer);
+        QCOMPARE(commandLine.exitCode, 0);
     }
 
-    void sectionIsTheSettingsArgument()
+    void whatCannotBeUnderstoodIsRefusedWithAReason_data()
     {
-        QCOMPARE(CommandLine::parse({u"--settings=theme"_s}).request.argument, u"theme"_s);
-        QCOMPARE(CommandLine::parse({u"--settings"_s}).request.argument, QString());
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("firstLine");
+        QTest::newRow("unknown") << QStringList{u"--shw"_s} << u"unknown option --shw"_s;
+        QTest::newRow("a pattern") << QStringList{u"%1"_s} << u"unknown option %1"_s;
+        QTest::newRow("empty") << QStringList{QString()} << u"unknown option "_s;
+        QTest::newRow("two") << QStringList{u"--show"_s, u"--quit"_s} << u"one option at a time"_s;
+        QTest::newRow("a value") << QStringList{u"--quit=now"_s} << u"--quit takes no value"_s;
+        QTest::newRow("no section")
+            << QStringList{u"--settings=%1"_s}
+            << u"the settings have no section \"%1\"; there are general, shortcut, appearance, "
+               u"theme, permanentApps, hints, updates, backup, about"_s;
+        QTest::newRow("an empty section")
+            << QStringList{u"--settings="_s}
+            << u"the settings have no section \"\"; there are general, shortcut, appearance, "
+               u"theme, permanentApps, hints, updates, backup, about"_s;
+    }
+    void whatCannotBeUnderstoodIsRefusedWithAReason()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, firstLine);
+        const CommandLine commandLine = CommandLine::parse(arguments);
+        QCOMPARE(commandLine.exitCode, 2);
+        QVERIFY(commandLine.answer);
+        QCOMPARE(commandLine.answer->section(u'\n', 0, 0), u"tavik-launcher: "_s + firstLine);
+        QVERIFY(commandLine.answer->contains(u"Usage: "));
+    }
+
+    void questionsAreAnswered()
+    {
+        QVERIFY(CommandLine::parse({u"--version"_s}).answer->startsWith(u"tavik-launcher 0."));
+        for (const QString& question : {u"--help"_s, u"-h"_s}) {
+            const CommandLine help = CommandLine::parse({question});
+            QVERIFY(help.answer->startsWith(u"Usage: "));
+            QCOMPARE(help.exitCode, 0);
+        }
+    }
+
+    void aStartNobodyLooksForIsToldFromOthers()
+    {
+        using Starter = CommandLine::Starter;
+        QCOMPARE(CommandLine::parse({u"--background"_s}).starter, Starter::login);
+        QCOMPARE(CommandLine::parse({u"--dbus-service"_s}).starter, Starter::bus);
     }
 };
 

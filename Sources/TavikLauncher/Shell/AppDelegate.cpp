@@ -34,6 +34,13 @@ void openSupportPage()
     QDesktopServices::openUrl(QUrl(QStringLiteral(TAVIK_SUPPORT_URL)));
 }
 
+/// Windows that are open are not closed one by one: the tour that was not read to its end comes
+/// again.
+void quit()
+{
+    QCoreApplication::exit();
+}
+
 } // namespace
 
 AppDelegate::AppDelegate(Platform& platform, NotificationCenter& notifications)
@@ -135,10 +142,12 @@ std::unique_ptr<PanelSurface> AppDelegate::makePanel(std::function<void()> dismi
         .appearance = *m_platform.appearance,
         .onClose = std::move(dismiss),
     });
-    return std::make_unique<LauncherPanel>(
+    auto panel = std::make_unique<LauncherPanel>(
         LauncherPanel::Dependencies{
             m_commands, *m_platform.windowServer, *m_platform.mainQueue, *m_platform.keyEvents},
         std::move(ring));
+    m_statusItem->addSettingsKeyEquivalent(*panel);
+    return panel;
 }
 
 LauncherPanel& AppDelegate::launcherPanel()
@@ -244,7 +253,7 @@ void AppDelegate::installStatusItem()
                              .repeatTour = [this] { m_windows.showOnboarding(true); },
                              .showReindexWindow = [this] { m_windows.showReindex(); },
                              .openSupportPage = openSupportPage,
-                             .quit = [] { QCoreApplication::quit(); },
+                             .quit = quit,
                          });
 }
 
@@ -336,7 +345,7 @@ void AppDelegate::carryOut(const AppRequest& request)
         m_windows.explainUpdates();
         break;
     case AppAction::quit:
-        QCoreApplication::quit();
+        quit();
         break;
     }
 }

@@ -34,7 +34,18 @@ AuxiliaryWindows::AuxiliaryWindows(const Dependencies& dependencies, Actions act
     , m_actions(std::move(actions))
 { }
 
-AuxiliaryWindows::~AuxiliaryWindows() = default;
+AuxiliaryWindows::~AuxiliaryWindows()
+{
+    // The end of the program is no closing by the user; and a deletion that is put off would come
+    // after the end of what the windows refer to.
+    m_isEnding = true;
+    for (AuxiliaryWindowPointer* window : {&m_settingsWindow,
+                                           &m_reindexWindow,
+                                           &m_onboardingWindow,
+                                           &m_accessibilityPermissionWindow}) {
+        const std::unique_ptr<QWidget> ended(window->release());
+    }
+}
 
 AuxiliaryWindowPointer AuxiliaryWindows::makeWindow(const AuxiliaryWindow::Options& options,
                                                     QWidget* content,
@@ -57,6 +68,9 @@ void AuxiliaryWindows::checkAccessibilityPermission()
     }
     if (!m_accessibilityPermissionWindow) {
         const auto granted = [this] {
+            if (m_isEnding) {
+                return;
+            }
             m_actions.setupHotKey();
             if (!m_dependencies.settings.hasCompletedOnboarding()) {
                 showOnboarding(true);

@@ -91,6 +91,7 @@ private:
     AuxiliaryWindowPointer m_onboardingWindow;
     AuxiliaryWindowPointer m_accessibilityPermissionWindow;
     std::unique_ptr<QMessageBox, DeleteLater> m_updatesAnswer;
+    bool m_isEnding = false;
 };
 
 } // namespace Tavik

@@ -103,8 +103,13 @@ void StatusItem::clearUpdateReminder()
 
 void StatusItem::addKeyEquivalents(QWidget& window)
 {
-    window.addAction(m_settingsItem);
+    addSettingsKeyEquivalent(window);
     window.addAction(m_quitItem);
+}
+
+void StatusItem::addSettingsKeyEquivalent(QWidget& window)
+{
+    window.addAction(m_settingsItem);
 }
 
 QIcon StatusItem::icon() const

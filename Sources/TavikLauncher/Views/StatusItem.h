@@ -49,6 +49,8 @@ public:
     void clearUpdateReminder();
     /// Makes the menu's key equivalents work while `window` has the keyboard.
     void addKeyEquivalents(QWidget& window);
+    /// Only the one that opens the settings, for a window in which keys are typed in haste.
+    void addSettingsKeyEquivalent(QWidget& window);
 
     [[nodiscard]] QMenu& menu() { return m_menu; }
     /// What is shown now, or would be.

@@ -27,7 +27,8 @@ QString programIn(const QString& entryPath)
     gchar** arguments = nullptr;
     g_shell_parse_argv(line.get(), &count, &arguments, nullptr);
     const std::unique_ptr<gchar*, decltype(&g_strfreev)> owned(arguments, g_strfreev);
-    return count == 1 ? QString::fromUtf8(arguments[0]).replace(u"%%"_s, u"%"_s) : QString();
+    const bool isStartAtLogin = count == 2 && qstrcmp(arguments[1], "--background") == 0;
+    return isStartAtLogin ? QString::fromUtf8(arguments[0]).replace(u"%%"_s, u"%"_s) : QString();
 }
 
 } // namespace

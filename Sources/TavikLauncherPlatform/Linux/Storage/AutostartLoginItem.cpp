@@ -104,7 +104,9 @@ bool AutostartLoginItem::registerItem()
         g_key_file_set_string(entry.get(), group, "Icon", "org.tavik.Launcher");
     }
     g_key_file_set_string(entry.get(), group, "Type", "Application");
-    g_key_file_set_string(entry.get(), group, "Exec", quotedArgument(m_paths.program).constData());
+    // Nobody has asked for the program at that moment.
+    const QByteArray command = quotedArgument(m_paths.program) + " --background";
+    g_key_file_set_string(entry.get(), group, "Exec", command.constData());
     g_key_file_set_boolean(entry.get(), group, switchedOnKey, TRUE);
     g_key_file_remove_key(entry.get(), group, hiddenKey, nullptr);
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Desktop/ApplicationLaunch.h>
 #include <TavikLauncherPlatform/Linux/Desktop/PortalAppearance.h>
 #include <TavikLauncherPlatform/Linux/Desktop/QtScreens.h>
 #include <TavikLauncherPlatform/Linux/Files/LinuxFileManager.h>
@@ -7,6 +8,10 @@
 #include <TavikLauncherPlatform/Linux/LinuxStatusTray.h>
 #include <TavikLauncherPlatform/Linux/Storage/AutostartLoginItem.h>
 #include <TavikLauncherPlatform/Linux/Storage/PropertyListDefaults.h>
+#include <TavikLauncherPlatform/Linux/Updates/AppImage.h>
+#include <TavikLauncherPlatform/Linux/Updates/AppcastUpdater.h>
+#include <TavikLauncherPlatform/Linux/Updates/UpdateFolder.h>
+#include <TavikLauncherPlatform/Linux/Updates/UpdateSignature.h>
 #include <TavikLauncherPlatform/Linux/X11/X11AccessibilityPermission.h>
 #include <TavikLauncherPlatform/Linux/X11/X11KeyEvents.h>
 #include <TavikLauncherPlatform/Linux/X11/X11WindowServer.h>
@@ -20,6 +25,7 @@
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <QIcon>
+#include <QRandomGenerator>
 
 #include <malloc.h>
 
@@ -33,7 +39,7 @@ namespace {
 /// another path each time.
 QString ownProgram()
 {
-    const QString image = qEnvironmentVariable("APPIMAGE");
+    const QString image = AppImage::running(AppImage::Surroundings::ofProcess());
     return image.isEmpty() ? QCoreApplication::applicationFilePath() : image;
 }
 
@@ -65,11 +71,36 @@ void addNullServices(Platform& platform)
     platform.windowServer = std::make_unique<NullWindowServer>();
 }
 
-std::unique_ptr<Updater> makeUpdater(const UpdateSource&)
+std::optional<QString> openOnDesktop(const QUrl& url)
 {
-    return std::make_unique<NullUpdater>(
-        u"It was made without an update feed. Newer versions come the way this one came: from "
-        u"your package manager, or from whoever built it for you."_s);
+    const LaunchResult result = openWithDefault(url);
+    return result.error ? std::optional(u"“%1” could not be opened: %2."_s.arg(
+               url.toDisplayString(QUrl::PreferLocalFile), *result.error))
+                        : std::nullopt;
+}
+
+std::unique_ptr<Updater> makeUpdater(const UpdateSource& source, Platform& platform)
+{
+    if (std::optional<QString> reason = AppcastUpdater::whyNotUpdating(source)) {
+        return std::make_unique<NullUpdater>(*reason);
+    }
+    return std::make_unique<AppcastUpdater>(AppcastUpdater::Dependencies{
+        .userDefaults = *platform.userDefaults,
+        .networkState = std::make_unique<SystemNetworkState>(),
+        .random = [] { return QRandomGenerator::global()->generateDouble(); },
+        .environment = {
+            .mainQueue = *platform.mainQueue,
+            .workQueue = *platform.workQueue,
+            .feedUrl = QUrl(source.feedUrl),
+            .publicKey
+            = *UpdateSignature::fromBase64(source.publicKey, UpdateSignature::publicKeySize),
+            .version = source.version,
+            .image = AppImage::running(AppImage::Surroundings::ofProcess()),
+            .folder = UpdateFolder::defaultPath(),
+            .wallClock = [] { return QDateTime::currentDateTimeUtc(); },
+            .hasInstaller = hasDefaultFor,
+            .open = openOnDesktop,
+        }});
 }
 
 } // namespace
@@ -99,7 +130,7 @@ std::unique_ptr<Platform> makePlatform(const UpdateSource& updates)
         *platform->workQueue,
         LinuxStatusTray::Session{.isX11 = x11 && x11->connection(),
                                  .desktop = qEnvironmentVariable("XDG_CURRENT_DESKTOP")});
-    platform->updater = makeUpdater(updates);
+    platform->updater = makeUpdater(updates, *platform);
     return platform;
 }
 

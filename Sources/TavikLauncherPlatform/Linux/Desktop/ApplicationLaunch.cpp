@@ -157,4 +157,23 @@ LaunchResult launchApplication(const LaunchRequest& request)
     return launchProgram(request);
 }
 
+LaunchResult openWithDefault(const QUrl& url)
+{
+    const Owned<GAppLaunchContext> context = launchContext({});
+    GError* error = nullptr;
+    LaunchResult result;
+    if (g_app_info_launch_default_for_uri(url.toEncoded().constData(), context.get(), &error)
+        == FALSE) {
+        result.error = takeMessage(error);
+    }
+    return result;
+}
+
+bool hasDefaultFor(const QString& mimeType)
+{
+    const Owned<GAppInfo> application(
+        g_app_info_get_default_for_type(mimeType.toUtf8().constData(), FALSE));
+    return application != nullptr;
+}
+
 } // namespace Tavik

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QUrl>
 
 #include <optional>
 
@@ -24,5 +25,12 @@ struct LaunchResult
 /// Starts an application that outlives this program: in a session of its own, without our standard
 /// streams, with the environment that the session gave us. Takes some 10 ms; any thread.
 [[nodiscard]] LaunchResult launchApplication(const LaunchRequest& request);
+
+/// Opens a page or a file with the program that the desktop keeps for it, which outlives this one.
+/// Takes some 10 ms; any thread.
+[[nodiscard]] LaunchResult openWithDefault(const QUrl& url);
+
+/// Whether the desktop keeps a program for files of that MIME type. Any thread.
+[[nodiscard]] bool hasDefaultFor(const QString& mimeType);
 
 } // namespace Tavik

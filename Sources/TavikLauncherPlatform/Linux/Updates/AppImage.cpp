@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Storage/ReplaceFile.h>
+#include <TavikLauncherPlatform/Linux/Updates/AppImage.h>
+#include <TavikLauncherPlatform/Linux/Updates/FileDescriptor.h>
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+
+#include <array>
+#include <cstring>
+#include <elf.h>
+#include <fcntl.h>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace Tavik::AppImage {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr mode_t permissionBits = 0777;
+/// An image is a program for the kernel; the padding of its header says that there is more to it.
+constexpr std::size_t markOffset = 8;
+constexpr std::array<char, 3> mark{'A', 'I', 2};
+constexpr std::size_t machineOffset = EI_NIDENT + sizeof(Elf64_Half);
+
+using Header = std::array<char, machineOffset + sizeof(Elf64_Half)>;
+
+FileDescriptor openedFile(const QString& path)
+{
+    // Without blocking: a pipe that nobody writes to must not hold us up.
+    FileDescriptor file(::open(QFile::encodeName(path).constData(),
+                               O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+    struct stat status = {};
+    if (!file.isOpen() || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) {
+        return FileDescriptor();
+    }
+    return file;
+}
+
+/// The header of an image of type 2.
+std::optional<Header> imageHeader(const QString& path)
+{
+    const FileDescriptor file = openedFile(path);
+    Header header{};
+    if (!file.isOpen()
+        || ::read(file.get(), header.data(), header.size())
+            != static_cast<ssize_t>(header.size())) {
+        return std::nullopt;
+    }
+    const bool isProgram = std::memcmp(header.data(), ELFMAG, SELFMAG) == 0;
+    const bool isImage = std::memcmp(header.data() + markOffset, mark.data(), mark.size()) == 0;
+    return isProgram && isImage ? std::optional(header) : std::nullopt;
+}
+
+/// The kind of computer, and of its words.
+bool isForSameComputer(const Header& left, const Header& right)
+{
+    return left[EI_CLASS] == right[EI_CLASS] && left[EI_DATA] == right[EI_DATA]
+        && std::memcmp(
+               left.data() + machineOffset, right.data() + machineOffset, sizeof(Elf64_Half))
+        == 0;
+}
+
+void syncFolder(const QString& path)
+{
+    const FileDescriptor folder(
+        ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_DIRECTORY));
+    if (folder.isOpen()) {
+        ::fsync(folder.get());
+    }
+}
+
+QString notReplaced(const QString& image)
+{
+    return u"The new version could not be put in the place of “%1”: %2."_s.arg(
+        image, QString::fromLocal8Bit(std::strerror(errno)));
+}
+
+} // namespace
+
+Surroundings Surroundings::ofProcess()
+{
+    return {.image = qEnvironmentVariable("APPIMAGE"),
+            .mountPoint = qEnvironmentVariable("APPDIR"),
+            .program = QCoreApplication::applicationFilePath()};
+}
+
+QString running(const Surroundings& surroundings)
+{
+    const QString mountPoint = QFileInfo(surroundings.mountPoint).canonicalFilePath();
+    const QString program = QFileInfo(surroundings.program).canonicalFilePath();
+    const bool isInside = !mountPoint.isEmpty() && program.startsWith(mountPoint + u'/');
+    return isInside && QFileInfo(surroundings.image).isAbsolute() ? surroundings.image : QString();
+}
+
+std::optional<QString> whyNotReplaceable(const QString& image)
+{
+    const QString target = fileBehindLinks(image);
+    if (!imageHeader(target)) {
+        return u"“%1”, which this program was started from, is no longer there or is something "
+               u"else now."_s.arg(target);
+    }
+    const QString folder = QFileInfo(target).absolutePath();
+    if (::access(QFile::encodeName(folder).constData(), W_OK | X_OK) != 0) {
+        return u"The folder “%1”, which this program was started from, may not be changed by you. "
+               u"Move the program to a folder of your own, or replace it as an administrator."_s
+                   .arg(folder);
+    }
+    return std::nullopt;
+}
+
+QString partFile(const QString& image)
+{
+    const QFileInfo target(fileBehindLinks(image));
+    return target.absolutePath() + u"/."_s + target.fileName() + u".update"_s;
+}
+
+std::optional<QString> whyNoSuccessor(const QString& file, const QString& image)
+{
+    const std::optional<Header> successor = imageHeader(file);
+    if (!successor) {
+        return u"The update is not an AppImage, as this program is."_s;
+    }
+    const std::optional<Header> present = imageHeader(fileBehindLinks(image));
+    if (!present || !isForSameComputer(*present, *successor)) {
+        return u"The update is made for another kind of computer."_s;
+    }
+    return std::nullopt;
+}
+
+std::optional<QString> replace(const QString& image, const QString& file)
+{
+    const QString target = fileBehindLinks(image);
+    if (std::optional<QString> reason = whyNotReplaceable(target)) {
+        return reason;
+    }
+    if (std::optional<QString> reason = whyNoSuccessor(file, target)) {
+        return reason;
+    }
+    struct stat status = {};
+    const FileDescriptor successor = openedFile(file);
+    const QByteArray targetName = QFile::encodeName(target);
+    const bool isDone = successor.isOpen() && ::stat(targetName.constData(), &status) == 0
+        && ::fchmod(successor.get(), (status.st_mode & permissionBits) | S_IXUSR) == 0
+        && ::fsync(successor.get()) == 0
+        && ::rename(QFile::encodeName(file).constData(), targetName.constData()) == 0;
+    if (!isDone) {
+        return notReplaced(target);
+    }
+    syncFolder(QFileInfo(target).absolutePath());
+    return std::nullopt;
+}
+
+} // namespace Tavik::AppImage

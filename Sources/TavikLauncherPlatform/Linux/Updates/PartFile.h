@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncherPlatform/Linux/Updates/FileDescriptor.h>
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+namespace Tavik {
+
+/// A file of ours that is not complete yet: readable for this user only, and gone when this object
+/// is, unless it was kept. Errors are whole sentences for people.
+class PartFile
+{
+public:
+    explicit PartFile(QString path);
+    ~PartFile();
+    PartFile(const PartFile&) = delete;
+    PartFile& operator=(const PartFile&) = delete;
+
+    /// Makes the file, in place of whatever had its name; fails at once when the disk cannot hold
+    /// `expectedBytes`.
+    [[nodiscard]] std::optional<QString> create(qint64 expectedBytes);
+    [[nodiscard]] std::optional<QString> append(const QByteArray& bytes);
+    /// Empties the file.
+    [[nodiscard]] std::optional<QString> restart();
+    /// No more is written.
+    void close() { m_file.close(); }
+    /// Gives the file another name in the same folder.
+    [[nodiscard]] std::optional<QString> rename(const QString& path);
+    /// The file belongs to somebody else now.
+    void keep() { m_isKept = true; }
+
+    [[nodiscard]] const QString& path() const { return m_path; }
+    [[nodiscard]] qint64 size() const { return m_size; }
+
+private:
+    [[nodiscard]] QString failure(int error) const;
+
+    QString m_path;
+    FileDescriptor m_file;
+    qint64 m_size = 0;
+    bool m_isKept = false;
+};
+
+} // namespace Tavik

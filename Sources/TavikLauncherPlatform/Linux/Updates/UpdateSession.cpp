@@ -1,0 +1,282 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Updates/AppImage.h>
+#include <TavikLauncherPlatform/Linux/Updates/AppcastReader.h>
+#include <TavikLauncherPlatform/Linux/Updates/UpdateFolder.h>
+#include <TavikLauncherPlatform/Linux/Updates/UpdateRecord.h>
+#include <TavikLauncherPlatform/Linux/Updates/UpdateSession.h>
+#include <TavikLauncherPlatform/WorkQueue.h>
+
+#include <QFile>
+#include <QSysInfo>
+
+#include <utility>
+
+namespace Tavik {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 mostNotesBytes = 1'000'000;
+
+void removeLeftovers(const UpdateEnvironment& environment)
+{
+    UpdateFolder::removeLeftovers(environment.folder, environment.wallClock());
+    if (!environment.image.isEmpty()) {
+        QFile::remove(AppImage::partFile(environment.image));
+    }
+}
+
+} // namespace
+
+UpdateSession::UpdateSession(const UpdateEnvironment& environment,
+                             UpdateRecord& record,
+                             UpdateUserDriver& driver,
+                             Hooks hooks)
+    : m_environment(environment)
+    , m_record(record)
+    , m_driver(driver)
+    , m_hooks(std::move(hooks))
+{ }
+
+void UpdateSession::begin(const UpdateUserState& state)
+{
+    m_state = state;
+    m_isChecking = true;
+    removeLeftovers(m_environment);
+    m_fetch = std::make_unique<UpdateDocumentFetch>(
+        m_environment.transfer(),
+        UpdateDocumentFetch::Request{.url = m_environment.feedUrl,
+                                     .subject = u"The list of versions"_s,
+                                     .mostBytes = AppcastReader::mostBytes},
+        [this](const UpdateDocument& document, const std::optional<QString>& failure) {
+            feedArrived(document, failure);
+        });
+    if (m_state.userInitiated) {
+        showCheck();
+    }
+}
+
+void UpdateSession::userAsked()
+{
+    if (m_isChecking && !m_state.userInitiated) {
+        m_state.userInitiated = true;
+        showCheck();
+    } else {
+        m_driver.showUpdateInFocus();
+    }
+}
+
+void UpdateSession::showCheck()
+{
+    m_driver.showUserInitiatedUpdateCheck(m_stage.answer([this] { end(); }));
+}
+
+void UpdateSession::feedArrived(const UpdateDocument& document,
+                                const std::optional<QString>& failure)
+{
+    m_fetch.reset();
+    if (failure) {
+        checkFailed(*failure);
+        return;
+    }
+    m_environment.workQueue.run(
+        WorkPriority::userInitiated,
+        [document] { return AppcastReader::read(document.bytes, document.url); },
+        m_stage.news([this](const AppcastFeed& feed) { feedRead(feed); }));
+}
+
+void UpdateSession::feedRead(const AppcastFeed& feed)
+{
+    if (feed.error) {
+        checkFailed(*feed.error);
+        return;
+    }
+    const AppcastSelection::Selection selection
+        = AppcastSelection::select(feed.items,
+                                   {.runningVersion = m_environment.version,
+                                    .systemVersion = QSysInfo::kernelVersion(),
+                                    .userInitiated = m_state.userInitiated,
+                                    .now = m_environment.wallClock(),
+                                    .skippedVersion = m_record.skippedVersion(),
+                                    .rolloutGroup = m_record.rolloutGroup(),
+                                    .newestSeenVersion = m_record.newestSeenVersion()});
+    if (selection.isRefused) {
+        checkFailed(selection.reason);
+        return;
+    }
+    m_record.setNewestSeenVersion(selection.newestSeenVersion);
+    if (selection.offer) {
+        judge(*selection.offer);
+    } else {
+        nothingFound(selection.reason);
+    }
+}
+
+void UpdateSession::judge(const AppcastSelection::Offer& offer)
+{
+    m_offer = offer;
+    if (!m_offer.enclosure) {
+        found();
+        return;
+    }
+    m_kind = updateKind(*m_offer.enclosure, !m_environment.image.isEmpty());
+    switch (m_kind.way) {
+    case UpdateKind::Way::replacesImage:
+        found();
+        break;
+    case UpdateKind::Way::isOnPage:
+        offerPageOnly();
+        break;
+    case UpdateKind::Way::goesToInstaller:
+        m_environment.workQueue.run(
+            WorkPriority::userInitiated,
+            [hasInstaller = m_environment.hasInstaller, type = m_kind.mimeType] {
+                return hasInstaller(type);
+            },
+            m_stage.news([this](bool hasInstaller) {
+                if (hasInstaller) {
+                    found();
+                } else {
+                    offerPageOnly();
+                }
+            }));
+        break;
+    }
+}
+
+void UpdateSession::offerPageOnly()
+{
+    UpdateItem& update = m_offer.update;
+    if (update.infoUrl.isEmpty()) {
+        checkFailed(u"Tavik Launcher %1 is available, but not as a file that can be installed "
+                    u"here."_s.arg(update.displayVersionString));
+        return;
+    }
+    m_offer.enclosure.reset();
+    update.isInformationOnly = true;
+    update.contentLength = 0;
+    found();
+}
+
+void UpdateSession::checkFailed(const QString& reason)
+{
+    m_isChecking = false;
+    m_hooks.checked(reason);
+    if (m_state.userInitiated) {
+        fail(reason);
+    } else {
+        end();
+    }
+}
+
+void UpdateSession::nothingFound(const QString& reason)
+{
+    m_isChecking = false;
+    m_hooks.checked({});
+    if (!m_state.userInitiated) {
+        end();
+        return;
+    }
+    m_stage.next();
+    m_driver.showUpdateNotFound(reason, m_stage.answer([this] { end(); }));
+}
+
+void UpdateSession::found()
+{
+    m_isChecking = false;
+    m_hooks.checked({});
+    m_stage.next();
+    const UpdateItem update = m_offer.update;
+    if (!update.releaseNotes && !update.releaseNotesUrl.isEmpty()) {
+        fetchNotes();
+    }
+    m_driver.showUpdateFound(
+        update, m_state, m_stage.answer([this](UpdateChoice choice) { decide(choice); }));
+}
+
+void UpdateSession::fetchNotes()
+{
+    m_fetch = std::make_unique<UpdateDocumentFetch>(
+        m_environment.transfer(),
+        UpdateDocumentFetch::Request{.url = m_offer.update.releaseNotesUrl,
+                                     .subject = u"The text about the new version"_s,
+                                     .mostBytes = mostNotesBytes},
+        [this](const UpdateDocument& document, const std::optional<QString>& failure) {
+            m_fetch.reset();
+            const std::optional<ReleaseNotes> notes
+                = failure ? std::nullopt : releaseNotes(document);
+            if (notes) {
+                m_driver.showUpdateReleaseNotes(*notes);
+            } else {
+                m_driver.showUpdateReleaseNotesFailedToDownload(
+                    failure.value_or(u"What the server sent about the new version is no text."_s));
+            }
+        });
+}
+
+void UpdateSession::decide(UpdateChoice choice)
+{
+    m_fetch.reset();
+    const UpdateItem& update = m_offer.update;
+    if (choice == UpdateChoice::install) {
+        if (m_offer.enclosure) {
+            install();
+        } else {
+            openPage();
+        }
+        return;
+    }
+    if (choice == UpdateChoice::skip && !update.isCritical) {
+        m_record.setSkippedVersion(update.versionString);
+    }
+    end();
+}
+
+void UpdateSession::install()
+{
+    m_installation
+        = std::make_unique<UpdateInstallation>(m_environment,
+                                               m_driver,
+                                               *m_offer.enclosure,
+                                               m_kind,
+                                               [this](const UpdateInstallation::Outcome& outcome) {
+                                                   if (outcome.failure.isEmpty()) {
+                                                       end(outcome.programToRelaunch);
+                                                   } else {
+                                                       fail(outcome.failure);
+                                                   }
+                                               });
+    m_installation->begin();
+}
+
+void UpdateSession::openPage()
+{
+    m_environment.workQueue.run(
+        WorkPriority::launch,
+        [open = m_environment.open, page = m_offer.update.infoUrl] { return open(page); },
+        m_stage.news([this](const std::optional<QString>& failure) {
+            if (failure) {
+                fail(*failure);
+            } else {
+                end();
+            }
+        }));
+}
+
+void UpdateSession::fail(const QString& reason)
+{
+    m_stage.next();
+    m_driver.showUpdaterError(reason, m_stage.answer([this] { end(); }));
+}
+
+void UpdateSession::end(const std::optional<QString>& programToRelaunch)
+{
+    m_stage.next();
+    m_fetch.reset();
+    m_driver.dismissUpdateInstallation();
+    const auto ended = m_hooks.ended;
+    ended(programToRelaunch);
+}
+
+} // namespace Tavik

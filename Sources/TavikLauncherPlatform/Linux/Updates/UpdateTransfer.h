@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncherPlatform/MainQueue.h>
+
+#include <QByteArray>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QObject>
+#include <QString>
+#include <QUrl>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace Tavik {
+
+class WorkQueue;
+
+/// Why something was not fetched.
+struct TransferFault
+{
+    QString reason; ///< A whole sentence for people.
+    bool mayPass = false; ///< Trying again may help: the network's fault, not the file's.
+
+    bool operator==(const TransferFault&) const = default;
+};
+
+/// One file from a server, piece by piece. Fetches only where `mayFetch` allows, asks it again of
+/// every redirect, follows none from HTTPS to HTTP, trusts no certificate that the system does not,
+/// and gives up on servers that stall. Nothing is sent but the request: no cookies, no credentials,
+/// no language, no system. Main thread only.
+class UpdateTransfer
+{
+public:
+    struct Patience
+    {
+        double windowSeconds = 20; ///< In every such time something must come:
+        qint64 leastBytes = 1024; ///< at least so much, unless it is the end.
+        double totalSeconds = 0; ///< For all of it; 0 for any time.
+    };
+    struct Request
+    {
+        QUrl url;
+        QString subject; ///< What is fetched, as the beginning of a sentence.
+        qint64 mostBytes = 0;
+        qint64 startsAt = 0; ///< More than 0: only the rest from there, if the file is the one
+        QByteArray validator; ///< that this stands for.
+        Patience patience;
+    };
+    /// What the server says before the first byte.
+    struct Head
+    {
+        qint64 startsAt = 0; ///< 0 when the server sends the whole file again.
+        std::optional<qint64> length; ///< Of the whole file.
+        QByteArray validator; ///< Stands for exactly this file; empty when there is none.
+        QString mimeType; ///< Without parameters, in small letters.
+    };
+    /// The first two return why it should not go on, and must not destroy the transfer; the last is
+    /// called once, and may.
+    struct Hooks
+    {
+        std::function<std::optional<TransferFault>(const Head&)> begin;
+        std::function<std::optional<TransferFault>(const QByteArray&)> take;
+        std::function<void(const std::optional<TransferFault>&)> finish;
+    };
+    struct Dependencies
+    {
+        MainQueue& mainQueue;
+        WorkQueue& workQueue;
+        QByteArray userAgent;
+    };
+
+    /// Begins. Destroying the transfer cancels it.
+    UpdateTransfer(const Dependencies& dependencies, Request request, Hooks hooks);
+    ~UpdateTransfer();
+    UpdateTransfer(const UpdateTransfer&) = delete;
+    UpdateTransfer& operator=(const UpdateTransfer&) = delete;
+
+    /// Where the file comes from once every redirect has been followed.
+    [[nodiscard]] const QUrl& url() const { return m_url; }
+
+private:
+    void open(const QUrl& url);
+    void send(const QUrl& url);
+    void readHead();
+    void readBody();
+    void readEnd();
+    void redirect();
+    void end(std::optional<TransferFault> fault);
+    [[nodiscard]] std::optional<TransferFault> refusal() const;
+    [[nodiscard]] Head head() const;
+    [[nodiscard]] TransferFault tooLarge() const;
+    [[nodiscard]] TransferFault networkFault() const;
+    [[nodiscard]] static TransferFault brokenOff();
+
+    MainQueue& m_mainQueue;
+    WorkQueue& m_workQueue;
+    QByteArray m_userAgent;
+    Request m_request;
+    Hooks m_hooks;
+    QUrl m_url; ///< Where the last redirect led.
+    int m_redirects = 0;
+    qint64 m_received = 0;
+    qint64 m_receivedInWindow = 0;
+    bool m_hasHead = false;
+    bool m_isDeaf = false; ///< To the reply that is there.
+    bool m_isEnding = false;
+    bool m_hasBadCertificate = false;
+    std::unique_ptr<QNetworkAccessManager> m_manager;
+    QNetworkReply* m_reply = nullptr; ///< The manager's.
+    Task m_window;
+    Task m_deadline;
+    Task m_next; ///< What must not happen inside a signal of the reply.
+    QObject m_alive; ///< Watched by what runs elsewhere.
+};
+
+} // namespace Tavik

@@ -158,6 +158,13 @@ QString actionName(AppAction action)
     return found == namedActions.end() ? QString() : QString::fromUtf16(found->name);
 }
 
+SingleInstance::~SingleInstance()
+{
+    if (m_hasBusName) {
+        QDBusConnection::sessionBus().unregisterService(latin1(serviceName));
+    }
+}
+
 SingleInstance::Claim SingleInstance::claim()
 {
     if (!SessionBus::isOffered()) {
@@ -174,7 +181,8 @@ SingleInstance::Claim SingleInstance::claim()
         = bus.interface()->registerService(latin1(serviceName),
                                            QDBusConnectionInterface::DontQueueService,
                                            QDBusConnectionInterface::DontAllowReplacement);
-    return reply == QDBusConnectionInterface::ServiceRegistered ? Claim::first : Claim::taken;
+    m_hasBusName = reply == QDBusConnectionInterface::ServiceRegistered;
+    return m_hasBusName ? Claim::first : Claim::taken;
 }
 
 SingleInstance::Claim SingleInstance::claimSocket()

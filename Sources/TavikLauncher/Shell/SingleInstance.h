@@ -53,6 +53,10 @@ public:
     };
 
     using QObject::QObject;
+    /// Gives the name up: the next start is the first again.
+    ~SingleInstance() override;
+    SingleInstance(const SingleInstance&) = delete;
+    SingleInstance& operator=(const SingleInstance&) = delete;
 
     /// Asks for the name; on `first`, `onRequest` is called from then on.
     [[nodiscard]] Claim claim();
@@ -70,6 +74,7 @@ private:
     [[nodiscard]] Claim claimSocket();
     void perform(const QString& line);
 
+    bool m_hasBusName = false;
     InstanceSocket m_socket;
 };
 

@@ -4,6 +4,7 @@
 #include <TavikLauncher/Shell/CommandLine.h>
 #include <TavikLauncher/Shell/RuntimeFolder.h>
 #include <TavikLauncher/Views/RingAccessibility.h>
+#include <TavikLauncherPlatform/Linux/Desktop/ApplicationLaunch.h>
 #include <TavikLauncherPlatform/NotificationCenter.h>
 #include <TavikLauncherPlatform/Platform.h>
 #include <TavikLauncherPlatform/TerminationSignals.h>
@@ -15,6 +16,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -91,7 +93,28 @@ void beginService(SingleInstance& instance, AppDelegate& delegate, const Command
     }
 }
 
-int run(int argc, char** argv, const CommandLine& commandLine)
+/// How a run of the program ended.
+struct Ending
+{
+    int exitCode = 0;
+    std::optional<QString> programToRelaunch;
+};
+
+/// Starts what takes this program's place. It asks for the name of the one instance, so nobody may
+/// have that any more.
+int relaunch(const Ending& ending)
+{
+    if (ending.programToRelaunch) {
+        const QString& program = *ending.programToRelaunch;
+        const LaunchResult result = launchApplication({.path = program, .executable = program});
+        if (result.error) {
+            return complain(*result.error);
+        }
+    }
+    return ending.exitCode;
+}
+
+Ending run(int argc, char** argv, const CommandLine& commandLine)
 {
     // Other programs' icons may be faulty in many ways; whoever decodes them goes on with the next.
     QLoggingCategory::setFilterRules(u"qt.gui.imageio*=false\nqt.svg*=false"_s);
@@ -100,24 +123,29 @@ int run(int argc, char** argv, const CommandLine& commandLine)
     QApplication::setApplicationName(u"TavikLauncher"_s);
     QApplication::setDesktopFileName(u"org.tavik.Launcher"_s);
 
-    SingleInstance instance;
-    if (instance.claim() == SingleInstance::Claim::taken) {
-        return handOver(commandLine);
+    auto instance = std::make_unique<SingleInstance>();
+    if (instance->claim() == SingleInstance::Claim::taken) {
+        return {.exitCode = handOver(commandLine)};
     }
     RingAccessibility::install();
     const std::unique_ptr<Platform> platform = makePlatform(buildUpdateSource());
+    platform->updater->onTerminate = [] {
+        QCoreApplication::quit();
+    };
     NotificationCenter notifications;
     AppDelegate delegate(*platform, notifications);
     delegate.applicationDidFinishLaunching();
-    beginService(instance, delegate, commandLine);
+    beginService(*instance, delegate, commandLine);
     const TerminationSignals signals([] { QCoreApplication::quit(); });
-    const int exitCode = QApplication::exec();
+    Ending ending{.exitCode = QApplication::exec()};
+    ending.programToRelaunch = platform->updater->programToRelaunch();
     // No job may outlive what it refers to; what hangs ends with the process.
     if (!platform->workQueue->finish()) {
         platform->userDefaults.reset(); // Writes what is not on disk yet.
-        std::_Exit(exitCode);
+        instance.reset();
+        std::_Exit(relaunch(ending));
     }
-    return exitCode;
+    return ending;
 }
 
 } // namespace
@@ -142,5 +170,5 @@ int main(int argc, char** argv)
     if (const std::optional<QString> fault = whyNoDisplay()) {
         return complain(*fault);
     }
-    return run(argc, argv, commandLine);
+    return relaunch(run(argc, argv, commandLine));
 }

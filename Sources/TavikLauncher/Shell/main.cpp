@@ -136,7 +136,7 @@ Ending run(int argc, char** argv, const CommandLine& commandLine)
     AppDelegate delegate(*platform, notifications);
     delegate.applicationDidFinishLaunching();
     beginService(*instance, delegate, commandLine);
-    const TerminationSignals signals([] { QCoreApplication::quit(); });
+    const TerminationSignals signals([] { QCoreApplication::exit(); });
     Ending ending{.exitCode = QApplication::exec()};
     ending.programToRelaunch = platform->updater->programToRelaunch();
     // No job may outlive what it refers to; what hangs ends with the process.

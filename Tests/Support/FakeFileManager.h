@@ -9,7 +9,7 @@
 namespace Tavik::Test {
 
 /// A file system of records: what exists, what a walk finds, and what the bundles say.
-class FakeFileManager final : public FileManager
+class FakeFileManager : public FileManager
 {
 public:
     [[nodiscard]] bool fileExists(const QString& path) const override

@@ -11,7 +11,7 @@
 
 namespace Tavik::Test {
 
-class FakeAccessibilityPermission final : public AccessibilityPermission
+class FakeAccessibilityPermission : public AccessibilityPermission
 {
 public:
     [[nodiscard]] bool isTrusted() const override { return trusted; }
@@ -23,7 +23,7 @@ public:
 };
 
 /// A keyboard whose events the test writes, source by source. Must outlive what it hands out.
-class FakeKeyEvents final : public KeyEvents
+class FakeKeyEvents : public KeyEvents
 {
 public:
     [[nodiscard]] HotKeyResult registerHotKey(const HotKey& hotKey,

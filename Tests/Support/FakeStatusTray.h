@@ -6,7 +6,7 @@
 namespace Tavik::Test {
 
 /// A tray that the test brings and takes away.
-class FakeStatusTray final : public StatusTray
+class FakeStatusTray : public StatusTray
 {
 public:
     [[nodiscard]] Host host() const override { return present; }

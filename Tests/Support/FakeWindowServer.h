@@ -8,7 +8,7 @@
 namespace Tavik::Test {
 
 /// A window system of answers; records what the panel asked for.
-class FakeWindowServer final : public WindowServer
+class FakeWindowServer : public WindowServer
 {
 public:
     void preparePanel(WId) override { calls << QStringLiteral("prepare"); }

@@ -9,7 +9,7 @@
 namespace Tavik::Test {
 
 /// A workspace whose applications the test starts and ends; records what was opened.
-class FakeWorkspace final : public Workspace
+class FakeWorkspace : public Workspace
 {
 public:
     [[nodiscard]] QList<RunningApplication> runningApplications() const override { return running; }

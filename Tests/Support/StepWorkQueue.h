@@ -9,7 +9,7 @@
 namespace Tavik::Test {
 
 /// A work queue that the test runs piece by piece, so that every interleaving can be played.
-class StepWorkQueue final : public WorkQueue
+class StepWorkQueue : public WorkQueue
 {
 public:
     void schedule(WorkPriority priority, Job job) override

@@ -7,28 +7,28 @@
 
 namespace Tavik::Test {
 
-/// An updater that finds what the test says; records what it was told in order.
+/// An updater that finds what the test says; notes what it was told in order.
 class FakeUpdater : public Updater
 {
 public:
     [[nodiscard]] std::optional<QString> whyNotUpdating() const override { return whyNot; }
     void startUpdater(UpdateUserDriver& userDriver) override
     {
-        calls << QStringLiteral("start");
+        note(QStringLiteral("start updater"));
         driver = &userDriver;
     }
     void setAutomaticallyChecksForUpdates(bool checks) override
     {
-        calls << (checks ? QStringLiteral("automatic") : QStringLiteral("manual"));
+        note(checks ? QStringLiteral("check by itself") : QStringLiteral("check when asked"));
     }
     void setUpdateCheckInterval(std::chrono::seconds interval) override
     {
-        calls << QStringLiteral("every %1 s").arg(interval.count());
+        note(QStringLiteral("every %1 s").arg(interval.count()));
     }
-    void checkForUpdates() override { calls << QStringLiteral("check"); }
+    void checkForUpdates() override { note(QStringLiteral("check")); }
     void stopUpdater() override
     {
-        calls << QStringLiteral("stop");
+        note(QStringLiteral("stop updater"));
         driver = nullptr;
     }
     [[nodiscard]] std::optional<QString> programToRelaunch() const override { return std::nullopt; }
@@ -36,6 +36,9 @@ public:
     std::optional<QString> whyNot;
     UpdateUserDriver* driver = nullptr; ///< While it is started.
     QStringList calls;
+
+protected:
+    virtual void note(const QString& call) { calls << call; }
 };
 
 } // namespace Tavik::Test

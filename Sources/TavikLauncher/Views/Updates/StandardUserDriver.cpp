@@ -5,6 +5,7 @@
 #include <TavikLauncher/Views/Updates/UpdateMessageView.h>
 #include <TavikLauncher/Views/Updates/UpdateStatusView.h>
 
+#include <QLayout>
 #include <QUrl>
 
 #include <utility>
@@ -39,13 +40,19 @@ StandardUserDriver::StandardUserDriver(const Dependencies& dependencies, Options
     , m_options(std::move(options))
 { }
 
-StandardUserDriver::~StandardUserDriver() = default;
+StandardUserDriver::~StandardUserDriver()
+{
+    // At the end of the program nothing is deleted later any more.
+    const std::unique_ptr<UpdateWindow> gone(m_window.release());
+}
 
 void StandardUserDriver::showUserInitiatedUpdateCheck(std::function<void()> cancel)
 {
-    statusView().showChecking([this, cancel = std::move(cancel)]() mutable {
-        takeDown();
-        callOnce(cancel);
+    showStatus([this, &cancel](UpdateStatusView& status) {
+        status.showChecking([this, cancel = std::move(cancel)]() mutable {
+            takeDown();
+            callOnce(cancel);
+        });
     });
     m_window->activate();
 }
@@ -142,9 +149,11 @@ void StandardUserDriver::showUpdaterError(const QString& reason, std::function<v
 void StandardUserDriver::showDownloadInitiated(std::function<void()> cancel)
 {
     m_isInstalling = true;
-    statusView().showDownload(version(), [this, cancel = std::move(cancel)]() mutable {
-        takeDown();
-        callOnce(cancel);
+    showStatus([this, &cancel](UpdateStatusView& status) {
+        status.showDownload(version(), [this, cancel = std::move(cancel)]() mutable {
+            takeDown();
+            callOnce(cancel);
+        });
     });
     m_window->activate();
 }
@@ -158,25 +167,29 @@ void StandardUserDriver::showDownloadProgress(qint64 received, qint64 total)
 
 void StandardUserDriver::showVerifyingUpdate()
 {
-    statusView().showVerifying();
+    showStatus([](UpdateStatusView& status) { status.showVerifying(); });
+    m_window->show();
 }
 
 void StandardUserDriver::showReadyToInstallAndRelaunch(std::function<void(UpdateChoice)> reply)
 {
     const auto answer = std::make_shared<std::function<void(UpdateChoice)>>(std::move(reply));
-    statusView().showReady(
-        version(),
-        [answer] { callOnce(*answer, UpdateChoice::install); },
-        [this, answer] {
-            takeDown();
-            callOnce(*answer, UpdateChoice::remindLater);
-        });
+    showStatus([this, &answer](UpdateStatusView& status) {
+        status.showReady(
+            version(),
+            [answer] { callOnce(*answer, UpdateChoice::install); },
+            [this, answer] {
+                takeDown();
+                callOnce(*answer, UpdateChoice::remindLater);
+            });
+    });
     m_window->activate();
 }
 
 void StandardUserDriver::showInstallingUpdate()
 {
-    statusView().showInstalling();
+    showStatus([](UpdateStatusView& status) { status.showInstalling(); });
+    m_window->show();
 }
 
 void StandardUserDriver::showUpdateHandedOver(std::function<void()> acknowledged)
@@ -216,14 +229,16 @@ QString StandardUserDriver::version() const
     return m_found ? m_found->item.displayVersionString : QString();
 }
 
-UpdateStatusView& StandardUserDriver::statusView()
+template <typename Stage> void StandardUserDriver::showStatus(const Stage& stage)
 {
-    if (!m_status) {
-        auto* view = new UpdateStatusView(m_dependencies.mainQueue, m_dependencies.appearance);
-        present(view, {});
-        m_status = view;
+    if (m_status) {
+        stage(*m_status);
+        return;
     }
-    return *m_status;
+    auto* view = new UpdateStatusView(m_dependencies.mainQueue, m_dependencies.appearance);
+    stage(*view);
+    present(view, {});
+    m_status = view;
 }
 
 void StandardUserDriver::showAlert(const QString& title,
@@ -247,10 +262,10 @@ void StandardUserDriver::present(UpdateView* view, const AuxiliaryWindow::Option
     AuxiliaryWindow::Options complete = options;
     complete.title = u"Software Update"_s;
     m_window.reset(new UpdateWindow(m_dependencies.windowServer, complete, view));
+    m_window->layout()->activate();
     m_options.windowMade(*m_window);
     if (m_lastPlace) {
         // Where the user has moved the one before to.
-        m_window->adjustSize();
         m_window->centerIn(QRect(*m_lastPlace, QSize(1, 1)));
     }
 }

@@ -78,7 +78,8 @@ private:
     void choose(UpdateChoice choice);
     void receiveAttention();
     [[nodiscard]] QString version() const;
-    [[nodiscard]] UpdateStatusView& statusView();
+    /// Lets the status window show a stage; makes the window if there is none.
+    template <typename Stage> void showStatus(const Stage& stage);
     void
     showAlert(const QString& title, const QString& text, const std::function<void()>& acknowledged);
     void present(UpdateView* view, const AuxiliaryWindow::Options& options);

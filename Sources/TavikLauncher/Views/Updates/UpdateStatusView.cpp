@@ -53,8 +53,8 @@ UpdateStatusView::UpdateStatusView(MainQueue& mainQueue, const DesktopAppearance
 
 void UpdateStatusView::show(Stage stage)
 {
-    m_refreshes.cancel();
     m_stage = std::move(stage);
+    followTransfer();
     setTitle(m_stage.title);
     m_text->setText(m_stage.text);
     m_text->setVisible(!m_stage.text.isEmpty());
@@ -77,12 +77,32 @@ void UpdateStatusView::showDownload(const QString& version, std::function<void()
 {
     show({.title = u"Downloading Tavik Launcher %1…"_s.arg(version),
           .text = u"Connecting…"_s,
+          .isTransfer = true,
           .cancel = std::move(cancel)});
     m_received = 0;
     m_total = 0;
     m_rate = {};
-    // Also while nothing arrives, or the speed would stay at what it last was.
-    m_refreshes = m_mainQueue.every(refreshSeconds, [this] { refreshTransfer(); });
+}
+
+void UpdateStatusView::followTransfer()
+{
+    m_refreshes.cancel();
+    if (m_stage.isTransfer && isVisible()) {
+        // Also while nothing arrives, or the speed would stay at what it last was.
+        m_refreshes = m_mainQueue.every(refreshSeconds, [this] { refreshTransfer(); });
+    }
+}
+
+void UpdateStatusView::showEvent(QShowEvent* event)
+{
+    UpdateView::showEvent(event);
+    followTransfer();
+}
+
+void UpdateStatusView::hideEvent(QHideEvent* event)
+{
+    UpdateView::hideEvent(event);
+    m_refreshes.cancel();
 }
 
 void UpdateStatusView::showDownloadProgress(qint64 received, qint64 total)

@@ -30,17 +30,23 @@ public:
 
     void dismiss() override;
 
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
 private:
     struct Stage
     {
         QString title;
         QString text;
         bool isBusy = true;
+        bool isTransfer = false;
         std::function<void()> cancel; ///< Without one there is no way back from the stage.
         std::function<void()> install;
         std::function<void()> later;
     };
     void show(Stage stage);
+    void followTransfer();
     void refreshTransfer();
 
     MainQueue& m_mainQueue;

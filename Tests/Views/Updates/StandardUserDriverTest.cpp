@@ -1,0 +1,260 @@
+// SPDX-License-Identifier: MIT
+#include "UpdatesFixture.h"
+
+using namespace Tavik;
+using namespace Tavik::Test;
+using namespace Qt::StringLiterals;
+
+Q_DECLARE_METATYPE(Tavik::UpdateChoice)
+
+class StandardUserDriverTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void whoShowsAnUpdate_data()
+    {
+        QTest::addColumn<bool>("userInitiated");
+        QTest::addColumn<bool>("isFocused");
+        QTest::addColumn<bool>("isGentle");
+        QTest::addColumn<bool>("wantsShown");
+        QTest::addColumn<QStringList>("calls");
+        QTest::addColumn<bool>("isShown");
+        QTest::newRow("asked for")
+            << true << false << true << false << QStringList{u"will show 2.1 by user"_s} << true;
+        QTest::newRow("left to the delegate")
+            << false << false << true << false
+            << QStringList{u"should 2.1 elsewhere"_s, u"will leave 2.1 by schedule"_s} << false;
+        QTest::newRow("in focus, and wanted")
+            << false << true << true << true
+            << QStringList{u"should 2.1 focused"_s, u"will show 2.1 by schedule"_s} << true;
+        QTest::newRow("a delegate without reminders is not asked")
+            << false << false << false << false << QStringList{u"will show 2.1 by schedule"_s}
+            << true;
+    }
+    void whoShowsAnUpdate()
+    {
+        QFETCH(bool, userInitiated);
+        QFETCH(bool, isFocused);
+        QFETCH(bool, isGentle);
+        QFETCH(bool, wantsShown);
+        UpdatesFixture fixture;
+        fixture.isFocused = isFocused;
+        fixture.delegate.isGentle = isGentle;
+        fixture.delegate.wantsShown = wantsShown;
+        fixture.find(UpdatesFixture::item(), userInitiated);
+        QTEST(fixture.delegate.calls, "calls");
+        QTEST(fixture.window() != nullptr, "isShown");
+        QVERIFY(fixture.replies.isEmpty());
+    }
+
+    void whatWasLeftPendingIsShownWhenTheUserAsks()
+    {
+        UpdatesFixture fixture;
+        fixture.find(UpdatesFixture::item(), false);
+        fixture.driver.showUpdateReleaseNotes({.text = u"Faster."_s});
+        fixture.delegate.calls.clear();
+        fixture.driver.showUpdateInFocus();
+        QCOMPARE(fixture.delegate.calls,
+                 (QStringList{u"will show 2.1 by user"_s, u"attention 2.1"_s}));
+        QVERIFY(fixture.window());
+        fixture.click(u"Install"_s);
+        QCOMPARE(fixture.replies, QList{UpdateChoice::install});
+        QVERIFY(!fixture.window());
+    }
+
+    void attentionIsReportedOnce()
+    {
+        UpdatesFixture fixture;
+        fixture.find(UpdatesFixture::item(), true);
+        QVERIFY(QTest::qWaitForWindowActive(fixture.window()));
+        fixture.driver.showUpdateInFocus();
+        fixture.click(u"Remind Me Later"_s);
+        fixture.driver.dismissUpdateInstallation();
+        QCOMPARE(fixture.delegate.calls,
+                 (QStringList{u"will show 2.1 by user"_s,
+                              u"attention 2.1"_s,
+                              u"will show 2.1 by user"_s,
+                              u"finish"_s}));
+    }
+
+    void everyWayOutOfTheQuestionIsAnAnswer_data()
+    {
+        QTest::addColumn<QString>("way");
+        QTest::addColumn<UpdateChoice>("choice");
+        QTest::newRow("install") << u"Install"_s << UpdateChoice::install;
+        QTest::newRow("later") << u"Remind Me Later"_s << UpdateChoice::remindLater;
+        QTest::newRow("skip") << u"Skip This Version"_s << UpdateChoice::skip;
+        QTest::newRow("the window is closed") << u"close"_s << UpdateChoice::remindLater;
+    }
+    void everyWayOutOfTheQuestionIsAnAnswer()
+    {
+        QFETCH(QString, way);
+        UpdatesFixture fixture;
+        fixture.find(UpdatesFixture::item(), true);
+        if (way == u"close"_s) {
+            fixture.window()->close();
+        } else {
+            fixture.click(way);
+        }
+        QCOMPARE(fixture.replies.size(), 1);
+        QTEST(fixture.replies.constFirst(), "choice");
+        QCOMPARE(fixture.windowCount(), 0);
+    }
+
+    void aSessionGoesThroughOneWindowAfterTheOther()
+    {
+        UpdatesFixture fixture;
+        int cancelled = 0;
+        fixture.driver.showUserInitiatedUpdateCheck(fixture.counted(cancelled));
+        QCOMPARE(fixture.texts(), QStringList{u"Looking for a newer version…"_s});
+        fixture.find(UpdatesFixture::item(), true);
+        QCOMPARE(fixture.windowCount(), 1);
+        fixture.click(u"Install"_s);
+        fixture.driver.showDownloadInitiated(fixture.counted(cancelled));
+        const UpdateWindow* status = fixture.window();
+        QCOMPARE(fixture.texts().constFirst(), u"Downloading Tavik Launcher 2.1…"_s);
+        fixture.driver.showVerifyingUpdate();
+        QList<UpdateChoice> ready;
+        fixture.driver.showReadyToInstallAndRelaunch([&](UpdateChoice choice) { ready << choice; });
+        QVERIFY(fixture.texts().constLast().endsWith(u"as version 2.1."_s));
+        fixture.press(Qt::Key_Return);
+        fixture.press(Qt::Key_Return);
+        QCOMPARE(ready, QList{UpdateChoice::install});
+        fixture.driver.showInstallingUpdate();
+        QCOMPARE(fixture.window(), status);
+        fixture.driver.dismissUpdateInstallation();
+        QCOMPARE(fixture.windowCount(), 0);
+        QCOMPARE(cancelled, 0);
+        QCOMPARE(fixture.mainQueue.pendingTasks(), 0);
+    }
+
+    void whatTakesLongCanBeCancelledOnce_data()
+    {
+        QTest::addColumn<bool>("isDownload");
+        QTest::addColumn<QString>("way");
+        for (const bool isDownload : {false, true}) {
+            for (const char* way : {"button", "Escape", "close"}) {
+                QTest::addRow("%s by %s", isDownload ? "download" : "check", way)
+                    << isDownload << QString::fromLatin1(way);
+            }
+        }
+    }
+    void whatTakesLongCanBeCancelledOnce()
+    {
+        QFETCH(bool, isDownload);
+        QFETCH(QString, way);
+        UpdatesFixture fixture;
+        int cancelled = 0;
+        if (isDownload) {
+            fixture.driver.showDownloadInitiated(fixture.counted(cancelled));
+        } else {
+            fixture.driver.showUserInitiatedUpdateCheck(fixture.counted(cancelled));
+        }
+        if (way == u"close"_s) {
+            fixture.window()->close();
+        } else if (way == u"Escape"_s) {
+            fixture.press(Qt::Key_Escape);
+        } else {
+            fixture.click(u"Cancel"_s);
+        }
+        QCOMPARE(cancelled, 1);
+        QCOMPARE(fixture.windowCount(), 0);
+        QCOMPARE(fixture.mainQueue.pendingTasks(), 0);
+    }
+
+    void verifyingCannotBeCancelledAndComesBackWhenItsWindowIsClosed()
+    {
+        UpdatesFixture fixture;
+        fixture.find(UpdatesFixture::item(), true);
+        fixture.click(u"Install"_s);
+        fixture.driver.showVerifyingUpdate();
+        fixture.press(Qt::Key_Escape);
+        QVERIFY(!fixture.buttons().constFirst()->isEnabled());
+        fixture.window()->close();
+        QVERIFY(!fixture.window());
+        fixture.driver.showUpdateInFocus();
+        QVERIFY(fixture.window());
+        fixture.window()->close();
+        QList<UpdateChoice> ready;
+        fixture.driver.showReadyToInstallAndRelaunch([&](UpdateChoice choice) { ready << choice; });
+        QVERIFY(fixture.window());
+        fixture.press(Qt::Key_Escape);
+        QCOMPARE(ready, QList{UpdateChoice::remindLater});
+    }
+
+    void alertsAreAnnouncedAndAcknowledgedOnce_data()
+    {
+        QTest::addColumn<QString>("way");
+        for (const char* way : {"OK", "Return", "Escape", "close"}) {
+            QTest::newRow(way) << QString::fromLatin1(way);
+        }
+    }
+    void alertsAreAnnouncedAndAcknowledgedOnce()
+    {
+        QFETCH(QString, way);
+        UpdatesFixture fixture;
+        int acknowledged = 0;
+        fixture.driver.showUpdateNotFound(u"2.0 is the newest."_s, fixture.counted(acknowledged));
+        QCOMPARE(fixture.delegate.calls, QStringList{u"alert"_s});
+        QCOMPARE(fixture.texts(), (QStringList{u"Nothing."_s, u"2.0 is the newest."_s}));
+        if (way == u"close"_s) {
+            fixture.window()->close();
+        } else if (way == u"OK"_s) {
+            fixture.click(way);
+        } else {
+            fixture.press(way == u"Return"_s ? Qt::Key_Return : Qt::Key_Escape);
+        }
+        QCOMPARE(acknowledged, 1);
+        QCOMPARE(fixture.windowCount(), 0);
+        // Nobody has to be told.
+        fixture.driver.showUpdateNotFound(u"2.0 is the newest."_s, nullptr);
+        fixture.press(Qt::Key_Return);
+        QCOMPARE(fixture.windowCount(), 0);
+    }
+
+    void failuresSayWhatFailed()
+    {
+        UpdatesFixture fixture;
+        fixture.driver.showUpdaterError(u"No answer."_s, nullptr);
+        QCOMPARE(fixture.texts(),
+                 (QStringList{u"Looking for updates did not work."_s, u"No answer."_s}));
+        fixture.driver.dismissUpdateInstallation();
+
+        fixture.find(UpdatesFixture::item(), true);
+        fixture.driver.showDownloadInitiated(nullptr);
+        fixture.driver.showUpdaterError(u"Wrong signature."_s, nullptr);
+        QCOMPARE(fixture.texts(),
+                 (QStringList{u"The update was not installed."_s, u"Wrong signature."_s}));
+        fixture.driver.showUpdateHandedOver(nullptr);
+        QVERIFY(fixture.texts().constLast().contains(u"2.1"_s));
+        QCOMPARE(fixture.delegate.calls.count(u"alert"_s), 3);
+    }
+
+    void whatAFeedCallsAVersionFitsOnALine()
+    {
+        UpdatesFixture fixture;
+        UpdateItem item = UpdatesFixture::item();
+        item.displayVersionString = u"2.1\n"_s + QString(300, u'9');
+        fixture.find(item, false);
+        const QString& said = fixture.delegate.calls.constLast();
+        QVERIFY2(said.startsWith(u"will leave 2.1 99"_s) && said.size() < 80
+                     && !said.contains(u'\n'),
+                 qPrintable(said));
+    }
+
+    void theNextWindowOpensWhereTheLastWasMovedTo()
+    {
+        UpdatesFixture fixture;
+        fixture.find(UpdatesFixture::item(), true);
+        fixture.window()->centerIn(QRect(300, 300, 1, 1));
+        const QPoint middle = fixture.window()->frameGeometry().center();
+        fixture.click(u"Install"_s);
+        fixture.driver.showDownloadInitiated(nullptr);
+        const QPoint distance = fixture.window()->frameGeometry().center() - middle;
+        QVERIFY2(distance.manhattanLength() <= 8, qPrintable(QDebug::toString(distance)));
+    }
+};
+
+QTEST_MAIN(StandardUserDriverTest)
+#include "StandardUserDriverTest.moc"

@@ -1,0 +1,268 @@
+// SPDX-License-Identifier: MIT
+#include "UpdatesFixture.h"
+#include <TavikLauncher/Views/Updates/ReleaseNotesView.h>
+#include <TavikLauncher/Views/Updates/TransferRate.h>
+#include <TavikLauncher/Views/Updates/UpdateAlertView.h>
+#include <TavikLauncher/Views/Updates/UpdateProgressBar.h>
+
+#include <QLayout>
+
+using namespace Tavik;
+using namespace Tavik::Test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+ReleaseNotesView* notes()
+{
+    return UpdatesFixture::window()->findChild<ReleaseNotesView*>();
+}
+
+void pressHeld(QWidget* widget, Qt::Key key)
+{
+    QKeyEvent held(QEvent::KeyPress, key, Qt::NoModifier, u"\r"_s, true);
+    QCoreApplication::sendEvent(widget, &held);
+}
+
+} // namespace
+
+class UpdateViewsTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theQuestionFitsTheUpdate_data()
+    {
+        QTest::addColumn<bool>("isCritical");
+        QTest::addColumn<bool>("isInformationOnly");
+        QTest::addColumn<QStringList>("buttons");
+        QTest::addColumn<int>("paragraphs");
+        QTest::newRow("ordinary") << false << false
+                                  << QStringList{u"Skip This Version"_s,
+                                                 u"Remind Me Later"_s,
+                                                 u"Install"_s}
+                                  << 3;
+        QTest::newRow("critical") << true << false
+                                  << QStringList{u"Remind Me Later"_s, u"Install"_s} << 4;
+        QTest::newRow("information only")
+            << false << true
+            << QStringList{u"Skip This Version"_s, u"Remind Me Later"_s, u"Learn More"_s} << 3;
+    }
+    void theQuestionFitsTheUpdate()
+    {
+        QFETCH(bool, isCritical);
+        QFETCH(bool, isInformationOnly);
+        UpdatesFixture fixture;
+        UpdateItem item = UpdatesFixture::item();
+        item.isCritical = isCritical;
+        item.isInformationOnly = isInformationOnly;
+        item.contentLength = 12'300'000;
+        fixture.find(item, true);
+        QTEST(fixture.buttonTexts(), "buttons");
+        const QStringList texts = fixture.texts();
+        QTEST(int(texts.size()), "paragraphs");
+        QVERIFY(texts.contains(u"Version 2.1 is out; you have 2.0."_s));
+        QCOMPARE(texts.contains(u"12.3 MB"_s), !isInformationOnly);
+        fixture.buttons().constLast()->click();
+        QCOMPARE(fixture.replies, QList{UpdateChoice::install});
+    }
+
+    void onlyAnAwaitedWindowInstallsOnReturn()
+    {
+        for (const bool userInitiated : {true, false}) {
+            UpdatesFixture fixture;
+            fixture.delegate.wantsShown = true;
+            fixture.find(UpdatesFixture::item(), userInitiated);
+            pressHeld(fixture.buttons().constLast(), Qt::Key_Return);
+            pressHeld(&fixture.window()->view(), Qt::Key_Return);
+            QCOMPARE(fixture.replies.size(), 0);
+            fixture.press(Qt::Key_Return);
+            QCOMPARE(fixture.replies.size(), userInitiated ? 1 : 0);
+        }
+    }
+
+    void keysReachTheButtonsFromTheNotes()
+    {
+        for (const auto& [key, choice] : {std::pair(Qt::Key_Escape, UpdateChoice::remindLater),
+                                          std::pair(Qt::Key_Return, UpdateChoice::install)}) {
+            UpdatesFixture fixture;
+            UpdateItem item = UpdatesFixture::item();
+            item.releaseNotes = ReleaseNotes{.text = u"Faster."_s};
+            fixture.find(item, true);
+            notes()->setFocus();
+            fixture.press(key);
+            QCOMPARE(fixture.replies, QList{choice});
+        }
+        UpdatesFixture fixture;
+        fixture.find(UpdatesFixture::item(), true);
+        fixture.buttons().constFirst()->setFocus();
+        fixture.press(Qt::Key_Return);
+        QCOMPARE(fixture.replies, QList{UpdateChoice::skip});
+    }
+
+    void notesAreInlineOrComeLaterOrNot()
+    {
+        UpdatesFixture fixture;
+        UpdateItem item = UpdatesFixture::item();
+        fixture.find(item, true);
+        QCOMPARE(notes(), nullptr);
+
+        item.releaseNotes = ReleaseNotes{.text = u"Faster."_s};
+        fixture.find(item, true);
+        QCOMPARE(notes()->toPlainText(), u"Faster."_s);
+
+        item.releaseNotes.reset();
+        item.releaseNotesUrl = QUrl(u"https://example.org/notes"_s);
+        fixture.find(item, true);
+        QCOMPARE(notes()->toPlainText(), u"Fetching the release notes…"_s);
+        fixture.driver.showUpdateReleaseNotesFailedToDownload(u"No <b>answer</b>."_s);
+        QVERIFY(notes()->toPlainText().endsWith(u"No <b>answer</b>."_s));
+        fixture.driver.showUpdateReleaseNotes(
+            {.format = ReleaseNotes::Format::html, .text = u"<p>Much <b>faster</b>.</p>"_s});
+        QCOMPARE(notes()->toPlainText(), u"Much faster."_s);
+
+        // They may come while the update is still pending.
+        for (const bool arrive : {true, false}) {
+            fixture.find(item, false);
+            if (arrive) {
+                fixture.driver.showUpdateReleaseNotes({.text = u"Faster."_s});
+            } else {
+                fixture.driver.showUpdateReleaseNotesFailedToDownload(u"No answer."_s);
+            }
+            fixture.driver.showUpdateInFocus();
+            QVERIFY(notes()->toPlainText().contains(arrive ? u"Faster."_s : u"No answer."_s));
+        }
+    }
+
+    void notesLoadNothingAndLinksAreLookedAtAgain()
+    {
+        UpdatesFixture fixture;
+        UpdateItem item = UpdatesFixture::item();
+        item.releaseNotes = ReleaseNotes{.text = u"Faster."_s};
+        fixture.find(item, true);
+        for (const QUrl& url :
+             {QUrl(u"file:///etc/hostname"_s), QUrl(u"https://example.org/x"_s)}) {
+            QCOMPARE(notes()->loadResource(QTextDocument::ImageResource, url), QVariant());
+            QCOMPARE(notes()->loadResource(QTextDocument::HtmlResource, url), QVariant());
+        }
+        for (const char* link : {"file:///etc/passwd", "javascript:1", "https://example.org/a"}) {
+            Q_EMIT notes()->anchorClicked(QUrl(QString::fromLatin1(link)));
+        }
+        QCOMPARE(fixture.opened, QStringList{u"https://example.org/a"_s});
+        QCOMPARE(notes()->toPlainText(), u"Faster."_s);
+    }
+
+    void aDownloadTellsItsSizeAndSpeed()
+    {
+        UpdatesFixture fixture;
+        fixture.driver.showDownloadInitiated(nullptr);
+        const auto text = [&] {
+            return fixture.texts().constLast();
+        };
+        QCOMPARE(text(), u"Connecting…"_s);
+        // A tenth of a megabyte each tenth of a second.
+        for (int step = 1; step <= 20; ++step) {
+            fixture.driver.showDownloadProgress(100'000 * step, 10'000'000);
+            fixture.mainQueue.advance(0.1);
+        }
+        QCOMPARE(text(), u"2.0 MB of 10.0 MB — 950.0 kB per second"_s);
+        auto* bar = fixture.window()->findChild<UpdateProgressBar*>();
+        QCOMPARE(bar->value() * 100 / bar->maximum(), 20);
+        // Then nothing comes any more.
+        fixture.mainQueue.advance(10);
+        QCOMPARE(text(), u"2.0 MB of 10.0 MB — 0 bytes per second"_s);
+        fixture.driver.showDownloadProgress(3'000'000, 0);
+        fixture.mainQueue.advance(0.5);
+        QVERIFY(text().startsWith(u"3.0 MB — "_s));
+        QCOMPARE(bar->maximum(), 0);
+    }
+
+    void theSpeedIsThatOfTheLastSeconds()
+    {
+        TransferRate rate;
+        rate.add(0, 100);
+        QCOMPARE(rate.bytesPerSecond(), std::nullopt);
+        rate.add(50, 100.3);
+        QCOMPARE(rate.bytesPerSecond(), std::nullopt);
+        rate.add(1000, 101);
+        QCOMPARE(rate.bytesPerSecond(), 1000);
+        for (int second = 2; second <= 20; ++second) {
+            rate.add(1000 + 10 * (second - 1), 100 + second);
+        }
+        QCOMPARE(rate.bytesPerSecond(), 10);
+        rate.add(5, 121);
+        QCOMPARE(rate.bytesPerSecond(), std::nullopt);
+    }
+
+    void theBarMovesOnlyWhereItMay()
+    {
+        UpdatesFixture fixture;
+        fixture.driver.showUserInitiatedUpdateCheck(nullptr);
+        QCOMPARE(fixture.mainQueue.pendingTasks(), 1);
+        fixture.window()->hide();
+        QCOMPARE(fixture.mainQueue.pendingTasks(), 0);
+        fixture.appearance.reduced = true;
+        fixture.driver.showUpdateInFocus();
+        QVERIFY(fixture.window());
+        QCOMPARE(fixture.mainQueue.pendingTasks(), 0);
+    }
+
+    void everyTextIsShownWholeAtAnyFontSize()
+    {
+        const QFont usual = QApplication::font();
+        for (const double factor : {1.0, 1.5, 2.5}) {
+            QFont font = usual;
+            font.setPixelSize(qRound(QFontInfo(usual).pixelSize() * factor));
+            QApplication::setFont(font);
+            UpdatesFixture fixture;
+            UpdateItem item = UpdatesFixture::item();
+            item.isCritical = true;
+            item.isInformationOnly = true;
+            item.releaseNotes = ReleaseNotes{.text = u"Faster.\n"_s.repeated(100)};
+            fixture.find(item, true);
+            fixture.window()->resize(1, 1);
+            verifyNothingIsCutOff();
+            fixture.driver.showUpdaterError(u"A long reason. "_s.repeated(20), nullptr);
+            verifyNothingIsCutOff();
+            fixture.driver.showDownloadInitiated(nullptr);
+            verifyNothingIsCutOff();
+            fixture.driver.showReadyToInstallAndRelaunch(nullptr);
+            verifyNothingIsCutOff();
+        }
+        QApplication::setFont(usual);
+    }
+
+    void assistiveTechnologyKnowsWhatIsWhat()
+    {
+        UpdatesFixture fixture;
+        UpdateItem item = UpdatesFixture::item();
+        item.releaseNotes = ReleaseNotes{.text = u"Faster."_s};
+        fixture.find(item, true);
+        QCOMPARE(fixture.window()->windowTitle(), u"Software Update"_s);
+        QCOMPARE(notes()->accessibleName(), u"Release notes"_s);
+        fixture.driver.showDownloadInitiated(nullptr);
+        QCOMPARE(fixture.window()->findChild<UpdateProgressBar*>()->accessibleName(),
+                 u"Progress"_s);
+    }
+
+private:
+    static void verifyNothingIsCutOff()
+    {
+        QCoreApplication::processEvents();
+        const UpdateWindow* window = UpdatesFixture::window();
+        for (const QLabel* label : window->findChildren<QLabel*>()) {
+            if (label->isVisible()) {
+                QVERIFY2(label->height() >= label->heightForWidth(label->width()),
+                         qPrintable(label->text()));
+            }
+        }
+        for (const QPushButton* button : UpdatesFixture::buttons()) {
+            QVERIFY2(button->width() >= button->sizeHint().width(), qPrintable(button->text()));
+            QVERIFY(
+                window->rect().contains(QRect(button->mapTo(window, QPoint()), button->size())));
+        }
+    }
+};
+
+QTEST_MAIN(UpdateViewsTest)
+#include "UpdateViewsTest.moc"

@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncher/Views/Updates/StandardUserDriver.h>
+#include <TavikLauncher/Views/Updates/StandardUserDriverDelegate.h>
+#include <TavikLauncher/Views/Updates/UpdateView.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+#include <QUrl>
+
+#include <Support/FakeDesktop.h>
+#include <Support/FakeWindowServer.h>
+#include <Support/VirtualMainQueue.h>
+#include <algorithm>
+
+namespace Tavik::Test {
+
+/// A delegate that records in order what it is told.
+class FakeUserDriverDelegate final : public StandardUserDriverDelegate
+{
+public:
+    [[nodiscard]] bool supportsGentleScheduledUpdateReminders() const override { return isGentle; }
+    [[nodiscard]] bool
+    standardUserDriverShouldHandleShowingScheduledUpdate(const UpdateItem& update,
+                                                         bool andInImmediateFocus) override
+    {
+        calls << QStringLiteral("should %1 %2")
+                     .arg(update.displayVersionString,
+                          andInImmediateFocus ? QStringLiteral("focused")
+                                              : QStringLiteral("elsewhere"));
+        return wantsShown;
+    }
+    void standardUserDriverWillHandleShowingUpdate(bool handleShowingUpdate,
+                                                   const UpdateItem& forUpdate,
+                                                   const UpdateUserState& state) override
+    {
+        calls << QStringLiteral("will %1 %2 by %3")
+                     .arg(handleShowingUpdate ? QStringLiteral("show") : QStringLiteral("leave"),
+                          forUpdate.displayVersionString,
+                          state.userInitiated ? QStringLiteral("user")
+                                              : QStringLiteral("schedule"));
+    }
+    void standardUserDriverDidReceiveUserAttention(const UpdateItem& forUpdate) override
+    {
+        calls << QStringLiteral("attention ") + forUpdate.displayVersionString;
+    }
+    void standardUserDriverWillFinishUpdateSession() override { calls << QStringLiteral("finish"); }
+    void standardUserDriverWillShowModalAlert() override { calls << QStringLiteral("alert"); }
+
+    bool isGentle = true;
+    bool wantsShown = false;
+    QStringList calls;
+};
+
+/// A user driver, what it calls back, and eyes and hands for its windows.
+struct UpdatesFixture
+{
+    [[nodiscard]] static UpdateItem item()
+    {
+        UpdateItem item;
+        item.versionString = QStringLiteral("210");
+        item.displayVersionString = QStringLiteral("2.1");
+        return item;
+    }
+
+    void find(const UpdateItem& update, bool userInitiated)
+    {
+        driver.showUpdateFound(
+            update, {userInitiated}, [this](UpdateChoice choice) { replies.append(choice); });
+    }
+    std::function<void()> counted(int& count)
+    {
+        return [&count] {
+            ++count;
+        };
+    }
+
+    /// The update window that is shown, or null.
+    [[nodiscard]] static UpdateWindow* window()
+    {
+        for (QWidget* widget : QApplication::topLevelWidgets()) {
+            auto* window = qobject_cast<UpdateWindow*>(widget);
+            if (window && window->isVisible()) {
+                return window;
+            }
+        }
+        return nullptr;
+    }
+    /// The update windows that exist, shown or not.
+    [[nodiscard]] static int windowCount()
+    {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        int count = 0;
+        for (QWidget* widget : QApplication::topLevelWidgets()) {
+            count += qobject_cast<UpdateWindow*>(widget) ? 1 : 0;
+        }
+        return count;
+    }
+    /// What the visible labels say, from top to bottom.
+    [[nodiscard]] static QStringList texts()
+    {
+        QStringList texts;
+        for (const QLabel* label : window()->findChildren<QLabel*>()) {
+            if (label->isVisible() && !label->text().isEmpty()) {
+                texts << label->text();
+            }
+        }
+        return texts;
+    }
+    /// The visible buttons from left to right.
+    [[nodiscard]] static QList<QPushButton*> buttons()
+    {
+        QList<QPushButton*> buttons;
+        for (QPushButton* button : window()->findChildren<QPushButton*>()) {
+            if (button->isVisible()) {
+                buttons << button;
+            }
+        }
+        std::ranges::sort(buttons, {}, [](const QPushButton* button) { return button->x(); });
+        return buttons;
+    }
+    [[nodiscard]] static QStringList buttonTexts()
+    {
+        QStringList texts;
+        for (const QPushButton* button : buttons()) {
+            texts << button->text();
+        }
+        return texts;
+    }
+    static void click(const QString& text)
+    {
+        for (QPushButton* button : buttons()) {
+            if (button->text() == text) {
+                QTest::mouseClick(button, Qt::LeftButton);
+                return;
+            }
+        }
+        QFAIL(qPrintable(QStringLiteral("no button ") + text));
+    }
+    static void press(Qt::Key key)
+    {
+        QWidget* focused = window()->focusWidget();
+        if (!focused) {
+            focused = &window()->view();
+        }
+        QTest::keyClick(focused, key);
+    }
+
+    VirtualMainQueue mainQueue;
+    FakeWindowServer windowServer;
+    FakeAppearance appearance;
+    FakeUserDriverDelegate delegate;
+    bool isFocused = false;
+    QStringList opened;
+    QList<UpdateChoice> replies;
+    StandardUserDriver driver{{mainQueue, windowServer, appearance, delegate},
+                              {.ownVersion = QStringLiteral("2.0"),
+                               .nothingNewTitle = QStringLiteral("Nothing."),
+                               .isInImmediateFocus = [this] { return isFocused; },
+                               .windowMade = [](AuxiliaryWindow&) {},
+                               .openLink =
+                                   [this](const QUrl& url) {
+                                       opened << url.toString();
+                                   }}};
+};
+
+} // namespace Tavik::Test

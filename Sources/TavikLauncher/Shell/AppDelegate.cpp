@@ -78,6 +78,9 @@ AppDelegate::AppDelegate(Platform& platform, NotificationCenter& notifications)
               .settingsChangedPlace = [this] { m_panelController->followSettingsWindow(); },
               .windowMade = [this](QWidget& window) { m_statusItem->addKeyEquivalents(window); },
           })
+    , m_updaterApplication({.windowServer = *platform.windowServer, .activeScreen = [this] {
+                                return m_windows.activeScreen();
+                            }})
 { }
 
 AppDelegate::~AppDelegate()
@@ -90,6 +93,8 @@ void AppDelegate::applicationDidFinishLaunching()
     m_windows.applyDockVisibility();
     installShowInDockObserver();
     QGuiApplication::setWindowIcon(TavikIconFactory::appIcon(appIconSize));
+    startUpdater();
+    m_softwareUpdates->applyUpdateSettings();
     m_panelController.emplace(LauncherPanelController::Dependencies{
         .catalog = m_catalog,
         .settings = m_settings,
@@ -113,7 +118,7 @@ void AppDelegate::applicationDidFinishLaunching()
     installStatusItem();
     installSettingsPreviewObserver();
     installHotKeySettingsObserver();
-    installCheckForUpdatesObserver();
+    installUpdateSettingsObserver();
     installWillSleepObserver();
     installRecentAppActivationObserver();
     setupHotKey();
@@ -235,11 +240,40 @@ void AppDelegate::installSettingsPreviewObserver()
                                       });
 }
 
-void AppDelegate::installCheckForUpdatesObserver()
+void AppDelegate::startUpdater()
 {
+    m_softwareUpdates.emplace(
+        SoftwareUpdates::Dependencies{
+            .updater = *m_platform.updater,
+            .settings = m_settings,
+            .mainQueue = *m_platform.mainQueue,
+            .windowServer = *m_platform.windowServer,
+            .appearance = *m_platform.appearance,
+            .fileManager = *m_platform.fileManager,
+            .application = m_updaterApplication,
+            .version = QCoreApplication::applicationVersion(),
+        },
+        SoftwareUpdates::Actions{
+            .showUpdateReminder
+            = [this](const QString& version) { m_statusItem->showUpdateReminder(version); },
+            .clearUpdateReminder = [this] { m_statusItem->clearUpdateReminder(); },
+            .windowMade = [this](AuxiliaryWindow& window) { m_windows.adopt(window); },
+            .isInImmediateFocus =
+                [] {
+                    return qobject_cast<AuxiliaryWindow*>(QApplication::activeWindow()) != nullptr;
+                },
+        });
+}
+
+void AppDelegate::installUpdateSettingsObserver()
+{
+    m_updateSettingsObserver = m_notifications.addObserver(
+        LauncherSettings::updateSettingsChanged, [this](const NotificationCenter::Notification&) {
+            m_softwareUpdates->applyUpdateSettings();
+        });
     m_checkForUpdatesNowObserver = m_notifications.addObserver(
         LauncherSettings::checkForUpdatesNow,
-        [this](const NotificationCenter::Notification&) { m_windows.explainUpdates(); });
+        [this](const NotificationCenter::Notification&) { m_softwareUpdates->checkForUpdates(); });
 }
 
 void AppDelegate::installStatusItem()
@@ -248,7 +282,7 @@ void AppDelegate::installStatusItem()
                          StatusItem::Actions{
                              .showAbout = [this] { m_windows.showAbout(); },
                              .showSettings = [this] { m_windows.showSettings(); },
-                             .checkForUpdates = [this] { m_windows.explainUpdates(); },
+                             .checkForUpdates = [this] { m_softwareUpdates->checkForUpdates(); },
                              .showLauncher = [this] { showLauncher(); },
                              .repeatTour = [this] { m_windows.showOnboarding(true); },
                              .showReindexWindow = [this] { m_windows.showReindex(); },
@@ -342,7 +376,7 @@ void AppDelegate::carryOut(const AppRequest& request)
         m_windows.showOnboarding(true);
         break;
     case AppAction::checkForUpdates:
-        m_windows.explainUpdates();
+        m_softwareUpdates->checkForUpdates();
         break;
     case AppAction::quit:
         quit();

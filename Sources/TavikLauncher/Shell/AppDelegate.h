@@ -10,6 +10,8 @@
 #include <TavikLauncher/Shell/AuxiliaryWindows.h>
 #include <TavikLauncher/Shell/LauncherPanelController.h>
 #include <TavikLauncher/Shell/SingleInstance.h>
+#include <TavikLauncher/Shell/SoftwareUpdates.h>
+#include <TavikLauncher/Shell/UpdaterApplication.h>
 #include <TavikLauncher/Trigger/TriggerGestures.h>
 #include <TavikLauncher/Views/DesktopPalette.h>
 #include <TavikLauncher/Views/StatusItem.h>
@@ -52,7 +54,8 @@ private:
     void setupHotKey();
     void installShowInDockObserver();
     void installSettingsPreviewObserver();
-    void installCheckForUpdatesObserver();
+    void startUpdater();
+    void installUpdateSettingsObserver();
     void installStatusItem();
     void chooseFirstRunWindow();
     void carryOut(const AppRequest& request);
@@ -79,7 +82,10 @@ private:
     std::unique_ptr<GlobalHotKey> m_hotKey;
     AuxiliaryWindows m_windows;
     std::optional<StatusItem> m_statusItem;
+    UpdaterApplication m_updaterApplication;
+    std::optional<SoftwareUpdates> m_softwareUpdates;
     ObserverToken m_showInDockObserver;
+    ObserverToken m_updateSettingsObserver;
     ObserverToken m_checkForUpdatesNowObserver;
     ObserverToken m_settingsPreviewObserver;
     ObserverToken m_hotKeySettingsObserver;

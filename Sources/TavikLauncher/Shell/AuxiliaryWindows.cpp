@@ -11,7 +11,7 @@
 #include <TavikLauncherPlatform/Platform.h>
 #include <TavikLauncherPlatform/ScreenPlane.h>
 
-#include <QMessageBox>
+#include <QApplication>
 #include <QWindow>
 
 #include <utility>
@@ -162,7 +162,8 @@ AuxiliaryWindowPointer AuxiliaryWindows::makeSettingsWindow()
         .mainQueue = *platform.mainQueue,
         .notifications = m_dependencies.notifications,
         .keyEvents = *platform.keyEvents,
-        .version = QStringLiteral(TAVIK_VERSION),
+        .version = QCoreApplication::applicationVersion(),
+        .whyNotUpdating = platform.updater->whyNotUpdating(),
         .openFile = SettingsFileDialogs::openFile(window),
         .saveFile = SettingsFileDialogs::saveFile(window),
         .tryShortcut = m_actions.tryShortcut,
@@ -202,31 +203,19 @@ void AuxiliaryWindows::showAbout()
     m_dependencies.notifications.post(LauncherSettings::openAboutSection);
 }
 
-void AuxiliaryWindows::explainUpdates()
+void AuxiliaryWindows::adopt(AuxiliaryWindow& window) const
 {
-    if (!m_updatesAnswer) {
-        m_updatesAnswer.reset(new QMessageBox);
-        m_updatesAnswer->setIcon(QMessageBox::Information);
-        m_updatesAnswer->setWindowTitle(u"Tavik Launcher"_s);
-        m_updatesAnswer->setText(u"This build is not updated by itself."_s);
-        m_updatesAnswer->setInformativeText(
-            u"It was made without an update feed. Newer versions come the way this one came: from "
-            u"your package manager, or from whoever built it for you."_s);
-    }
-    m_updatesAnswer->show();
-    m_updatesAnswer->raise();
-    m_updatesAnswer->activateWindow();
+    window.setSkipsTaskbar(!m_dependencies.settings.showInDock());
+    m_actions.windowMade(window);
+    centerOnActiveScreen(window);
 }
 
 void AuxiliaryWindows::applyDockVisibility()
 {
     const bool skips = !m_dependencies.settings.showInDock();
-    for (const AuxiliaryWindowPointer* window : {&m_settingsWindow,
-                                                 &m_reindexWindow,
-                                                 &m_onboardingWindow,
-                                                 &m_accessibilityPermissionWindow}) {
-        if (*window) {
-            (*window)->setSkipsTaskbar(skips);
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (auto* window = qobject_cast<AuxiliaryWindow*>(widget)) {
+            window->setSkipsTaskbar(skips);
         }
     }
     if (isSettingsVisible()) {

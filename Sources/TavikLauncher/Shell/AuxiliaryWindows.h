@@ -11,8 +11,6 @@
 #include <functional>
 #include <optional>
 
-class QMessageBox;
-
 namespace Tavik {
 
 class AppCatalog;
@@ -60,11 +58,14 @@ public:
     void showSettings();
     /// The settings window at its About section.
     void showAbout();
-    /// Answers a wish for updates: this build has no feed to ask.
-    void explainUpdates();
+    /// Gives a window that was made elsewhere what ours have: the taskbar or not, the menu's key
+    /// equivalents, and the middle of the active screen.
+    void adopt(AuxiliaryWindow& window) const;
     /// Our windows appear in the taskbar, or skip it, as the preference says.
     void applyDockVisibility();
 
+    /// Where new windows belong: the screen under the pointer, else the one in use, else any.
+    [[nodiscard]] std::optional<Screen> activeScreen() const;
     /// On some screen, and not minimised.
     [[nodiscard]] bool isSettingsVisible() const;
     /// The settings window with its frame; points, y growing upwards.
@@ -78,7 +79,6 @@ private:
                                                     QWidget* content,
                                                     std::function<void()> onClose);
     [[nodiscard]] AuxiliaryWindowPointer makeSettingsWindow();
-    [[nodiscard]] std::optional<Screen> activeScreen() const;
     [[nodiscard]] std::optional<Screen> settingsScreen() const;
     [[nodiscard]] SettingsPreviewLayout::Request layoutOn(const Screen& screen) const;
     void placeSettingsWindow();
@@ -90,7 +90,6 @@ private:
     AuxiliaryWindowPointer m_reindexWindow;
     AuxiliaryWindowPointer m_onboardingWindow;
     AuxiliaryWindowPointer m_accessibilityPermissionWindow;
-    std::unique_ptr<QMessageBox, DeleteLater> m_updatesAnswer;
     bool m_isEnding = false;
 };
 

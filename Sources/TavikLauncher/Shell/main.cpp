@@ -120,7 +120,7 @@ Ending run(int argc, char** argv, const CommandLine& commandLine)
     QLoggingCategory::setFilterRules(u"qt.gui.imageio*=false\nqt.svg*=false"_s);
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication application(argc, argv);
-    QApplication::setApplicationName(u"TavikLauncher"_s);
+    QApplication::setApplicationName(u"Tavik Launcher"_s);
     QApplication::setDesktopFileName(u"org.tavik.Launcher"_s);
 
     auto instance = std::make_unique<SingleInstance>();
@@ -128,7 +128,9 @@ Ending run(int argc, char** argv, const CommandLine& commandLine)
         return {.exitCode = handOver(commandLine)};
     }
     RingAccessibility::install();
-    const std::unique_ptr<Platform> platform = makePlatform(buildUpdateSource());
+    const UpdateSource updates = buildUpdateSource();
+    QApplication::setApplicationVersion(updates.version);
+    const std::unique_ptr<Platform> platform = makePlatform(updates);
     platform->updater->onTerminate = [] {
         QCoreApplication::quit();
     };

@@ -41,6 +41,8 @@ struct SettingsDependencies
     NotificationCenter& notifications;
     KeyEvents& keyEvents;
     QString version; ///< The program's, for the About section.
+    /// Why this build is not updated by itself, in whole sentences; absent when it is.
+    std::optional<QString> whyNotUpdating;
 
     ChooseFile openFile;
     ChooseFile saveFile;

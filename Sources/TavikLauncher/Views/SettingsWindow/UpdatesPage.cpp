@@ -16,6 +16,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// The settings can be made in a build that is not updated by itself, too: they are the user's, and
+/// another build may follow them.
+QString subtitle(const SettingsDependencies& dependencies)
+{
+    return dependencies.whyNotUpdating
+        ? u"This build is not updated by itself. "_s + *dependencies.whyNotUpdating
+        : u"New versions are never installed without asking you."_s;
+}
+
 void addFrequency(SettingsPage& page, SettingsCard& card)
 {
     LauncherSettings& settings = page.settings();
@@ -40,8 +49,7 @@ void addFrequency(SettingsPage& page, SettingsCard& card)
 
 std::unique_ptr<SettingsPage> SettingsPages::makeUpdates(const SettingsDependencies& dependencies)
 {
-    auto page = std::make_unique<SettingsPage>(
-        dependencies, u"Updates"_s, u"New versions are never installed without asking you."_s);
+    auto page = std::make_unique<SettingsPage>(dependencies, u"Updates"_s, subtitle(dependencies));
     LauncherSettings& settings = page->settings();
 
     SettingsCard& automatic = page->addCard();

@@ -128,7 +128,13 @@ void UpdateServer::accept()
 
 void UpdateServer::read(QTcpSocket& socket)
 {
-    if (!socket.peek(socket.bytesAvailable()).contains("\r\n\r\n")) {
+    constexpr char handshake = 0x16;
+    const QByteArray start = socket.peek(socket.bytesAvailable());
+    if (start.startsWith(handshake)) {
+        socket.write("HTTP/1.1 400 What?\r\n\r\n");
+        socket.disconnectFromHost();
+    }
+    if (!start.contains("\r\n\r\n")) {
         return;
     }
     const Request request = parse(socket.readAll());
@@ -155,7 +161,7 @@ void UpdateServer::reply(QTcpSocket& socket, const Request& request)
     if (!answer.isEndless && !head.contains("Content-Length:")) {
         head += "Content-Length: " + QByteArray::number(answer.body.size()) + "\r\n";
     }
-    socket.write(head + "\r\n" + answer.body.left(answer.endsAfter));
+    socket.write(head + "\r\n" + answer.body.mid(0, answer.endsAfter));
     if (answer.isEndless) {
         QObject::connect(&socket, &QTcpSocket::bytesWritten, &socket, [&socket, answer] {
             socket.write(answer.body);

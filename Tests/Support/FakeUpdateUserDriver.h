@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncherPlatform/Updater.h>
+
+#include <QStringList>
+
+#include <utility>
+
+namespace Tavik::Test {
+
+/// Shows nothing and records what it should show, in order. Answers when the test says so, or at
+/// once where the test has put an answer down.
+class FakeUpdateUserDriver final : public UpdateUserDriver
+{
+public:
+    void showUserInitiatedUpdateCheck(std::function<void()> cancel) override
+    {
+        calls << QStringLiteral("checking");
+        cancelCheck = std::move(cancel);
+    }
+    void showUpdateFound(const UpdateItem& found,
+                         const UpdateUserState& state,
+                         std::function<void(UpdateChoice)> reply) override
+    {
+        calls << QStringLiteral("found ") + found.displayVersionString
+                + (state.userInitiated ? QStringLiteral(" for the user") : QString());
+        item = found;
+        choose = std::move(reply);
+        if (choice) {
+            choose(*choice);
+        }
+    }
+    void showUpdateReleaseNotes(const ReleaseNotes& fetched) override
+    {
+        calls << QStringLiteral("notes");
+        notes = fetched;
+    }
+    void showUpdateReleaseNotesFailedToDownload(const QString& why) override
+    {
+        calls << QStringLiteral("no notes");
+        reason = why;
+    }
+    void showUpdateNotFound(const QString& why, std::function<void()> acknowledged) override
+    {
+        tell(QStringLiteral("not found"), why, std::move(acknowledged));
+    }
+    void showUpdaterError(const QString& why, std::function<void()> acknowledged) override
+    {
+        tell(QStringLiteral("error"), why, std::move(acknowledged));
+    }
+    void showDownloadInitiated(std::function<void()> cancel) override
+    {
+        calls << QStringLiteral("downloading");
+        cancelDownload = std::move(cancel);
+    }
+    void showDownloadProgress(qint64 received, qint64 total) override
+    {
+        progress = {received, total};
+    }
+    void showVerifyingUpdate() override { calls << QStringLiteral("verifying"); }
+    void showReadyToInstallAndRelaunch(std::function<void(UpdateChoice)> reply) override
+    {
+        calls << QStringLiteral("ready");
+        install = std::move(reply);
+        if (choice) {
+            install(*choice);
+        }
+    }
+    void showInstallingUpdate() override { calls << QStringLiteral("installing"); }
+    void showUpdateHandedOver(std::function<void()> acknowledged) override
+    {
+        tell(QStringLiteral("handed over"), {}, std::move(acknowledged));
+    }
+    void showUpdateInFocus() override { calls << QStringLiteral("in focus"); }
+    void dismissUpdateInstallation() override { calls << QStringLiteral("over"); }
+
+    /// To every question, at once; nothing waits for the test.
+    std::optional<UpdateChoice> choice;
+    bool acknowledges = true;
+
+    QStringList calls;
+    QString reason; ///< The last sentence for people.
+    UpdateItem item;
+    ReleaseNotes notes;
+    std::pair<qint64, qint64> progress;
+    std::function<void()> cancelCheck;
+    std::function<void()> cancelDownload;
+    std::function<void()> acknowledge;
+    std::function<void(UpdateChoice)> choose;
+    std::function<void(UpdateChoice)> install;
+
+private:
+    void tell(const QString& call, const QString& why, std::function<void()> acknowledged)
+    {
+        calls << call;
+        reason = why;
+        acknowledge = std::move(acknowledged);
+        if (acknowledges) {
+            acknowledge();
+        }
+    }
+};
+
+} // namespace Tavik::Test

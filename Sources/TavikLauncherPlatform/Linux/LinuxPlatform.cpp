@@ -54,9 +54,7 @@ void addX11Services(Platform& platform, xcb_connection_t* toolkit)
         .availableArea = [&windows](const QRect& screen) { return windows.availableArea(screen); },
     });
     platform.accessibility = std::make_unique<X11AccessibilityPermission>(
-        toolkit,
-        *platform.workspace,
-        qEnvironmentVariableIntValue("TAVIK_WITHHOLD_PERMISSION") == 1);
+        toolkit, *platform.workspace, qEnvironmentVariable("TAVIK_WITHHOLD_PERMISSION"));
     platform.keyEvents
         = std::make_unique<X11KeyEvents>(toolkit, *platform.mainQueue, *platform.accessibility);
     platform.windowServer = std::make_unique<X11WindowServer>(toolkit, *platform.mainQueue);

@@ -7,6 +7,7 @@ import Xlib.display
 import Xlib.error
 from Xlib import X, XK, Xatom
 from Xlib.ext import xtest
+from Xlib.protocol import event
 
 from harness.picture import Picture
 from harness.waiting import wait_until
@@ -147,11 +148,15 @@ class Display:
 
     def activate(self, window_id):
         """Asks the window manager, as a pager does, to give the focus to a window."""
-        from Xlib.protocol import event
+        self._ask_window_manager(window_id, "_NET_ACTIVE_WINDOW", [2, X.CurrentTime, 0, 0, 0])
 
+    def close_window(self, window_id):
+        """Asks the window manager, as its close button does, to close a window."""
+        self._ask_window_manager(window_id, "_NET_CLOSE_WINDOW", [X.CurrentTime, 2, 0, 0, 0])
+
+    def _ask_window_manager(self, window_id, message_type, numbers):
         message = event.ClientMessage(
-            window=window_id, client_type=self.connection.intern_atom("_NET_ACTIVE_WINDOW"),
-            data=(32, [2, X.CurrentTime, 0, 0, 0]))
+            window=window_id, client_type=self.connection.intern_atom(message_type), data=(32, numbers))
         self.root.send_event(message, event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
         self.connection.sync()
 

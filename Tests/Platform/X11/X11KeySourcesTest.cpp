@@ -332,8 +332,9 @@ private Q_SLOTS:
     void permissionIsThereUnlessWithheld()
     {
         FakeWorkspace workspace;
-        QVERIFY(X11AccessibilityPermission(toolkitConnection(), workspace, false).isTrusted());
-        X11AccessibilityPermission withheld(toolkitConnection(), workspace, true);
+        QVERIFY(X11AccessibilityPermission(toolkitConnection(), workspace, {}).isTrusted());
+        X11AccessibilityPermission withheld(
+            toolkitConnection(), workspace, QStringLiteral("not granted"));
         QVERIFY(!withheld.isTrusted());
         withheld.openSettings();
         QVERIFY(workspace.opened.isEmpty());

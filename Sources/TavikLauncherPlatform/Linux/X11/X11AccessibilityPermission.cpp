@@ -2,9 +2,11 @@
 #include <TavikLauncherPlatform/Linux/X11/X11AccessibilityPermission.h>
 #include <TavikLauncherPlatform/Workspace.h>
 
+#include <QFile>
 #include <QLoggingCategory>
 
 #include <array>
+#include <utility>
 
 #include <xcb/record.h>
 
@@ -39,8 +41,9 @@ bool hasExtension(xcb_connection_t* connection, xcb_extension_t& extension)
 
 X11AccessibilityPermission::X11AccessibilityPermission(xcb_connection_t* connection,
                                                        Workspace& workspace,
-                                                       bool isWithheld)
+                                                       QString withheldUntil)
     : m_workspace(workspace)
+    , m_withheldUntil(std::move(withheldUntil))
 {
     xcb_prefetch_extension_data(connection, &xcb_record_id);
     const bool hasKeyboard = hasExtension(connection, xcb_xkb_id);
@@ -51,7 +54,12 @@ X11AccessibilityPermission::X11AccessibilityPermission(xcb_connection_t* connect
                   hasKeyboard,
                   hasRecording);
     }
-    m_isTrusted = !isWithheld && (hasKeyboard || hasRecording);
+    m_canWatch = hasKeyboard || hasRecording;
+}
+
+bool X11AccessibilityPermission::isTrusted() const
+{
+    return m_canWatch && (m_withheldUntil.isEmpty() || QFile::exists(m_withheldUntil));
 }
 
 void X11AccessibilityPermission::openSettings()

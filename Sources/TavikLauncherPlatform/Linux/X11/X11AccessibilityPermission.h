@@ -3,6 +3,8 @@
 
 #include <TavikLauncherPlatform/AccessibilityPermission.h>
 
+#include <QString>
+
 #include <xcb/xcb.h>
 
 namespace Tavik {
@@ -14,17 +16,21 @@ class Workspace;
 class X11AccessibilityPermission final : public AccessibilityPermission
 {
 public:
-    /// `isWithheld` plays a session that refuses.
-    X11AccessibilityPermission(xcb_connection_t* connection, Workspace& workspace, bool isWithheld);
+    /// `withheldUntil`, unless it is empty, plays a session that refuses until there is a file of
+    /// that path.
+    X11AccessibilityPermission(xcb_connection_t* connection,
+                               Workspace& workspace,
+                               QString withheldUntil);
 
-    [[nodiscard]] bool isTrusted() const override { return m_isTrusted; }
+    [[nodiscard]] bool isTrusted() const override;
     void prompt() override { }
     /// Opens the desktop's keyboard settings, where there are any.
     void openSettings() override;
 
 private:
     Workspace& m_workspace;
-    bool m_isTrusted;
+    QString m_withheldUntil;
+    bool m_canWatch;
 };
 
 } // namespace Tavik

@@ -6,6 +6,7 @@
 #include <TavikLauncher/Views/SettingsWindow/SettingsLabel.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsLook.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsSection.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsSidebar.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsSlider.h>
 #include <TavikLauncher/Views/SettingsWindow/SwatchColors.h>
 #include <TavikLauncher/Views/SettingsWindow/SwatchPopover.h>
@@ -13,8 +14,10 @@
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QLineEdit>
+#include <QScopeGuard>
 #include <QScrollBar>
 #include <QTest>
+#include <QVBoxLayout>
 #include <QWheelEvent>
 
 using namespace Tavik;
@@ -58,6 +61,31 @@ void scroll(QWidget& widget, int delta)
     qApp->notify(&widget, &event);
 }
 
+/// Puts the view into a window of its own, as the program does, for as long as it lives.
+class Framed final
+{
+public:
+    Framed(LauncherSettingsView& view, bool isFramed)
+        : m_view(view)
+    {
+        if (isFramed) {
+            m_window.emplace();
+            auto* layout = new QVBoxLayout(&*m_window);
+            layout->setContentsMargins({});
+            layout->addWidget(&view);
+            m_window->resize(LauncherSettingsView::preferredSize);
+            m_window->show();
+        }
+    }
+    ~Framed() { m_view.setParent(nullptr); }
+    Framed(const Framed&) = delete;
+    Framed& operator=(const Framed&) = delete;
+
+private:
+    LauncherSettingsView& m_view;
+    std::optional<QWidget> m_window;
+};
+
 } // namespace
 
 class SettingsControlsTest final : public QObject
@@ -76,6 +104,7 @@ private Q_SLOTS:
     void colorsAreTypedAndMistypedOnesForgotten();
     void swatchesArePickedByKeyboard();
     void theSwatchesGoWhenSomethingElseIsDone();
+    void colorsFollowTheDesktopAtOnce_data();
     void colorsFollowTheDesktopAtOnce();
     void nothingIsCutOffInTheSmallestWindow_data();
     void nothingIsCutOffInTheSmallestWindow();
@@ -256,9 +285,18 @@ void SettingsControlsTest::theSwatchesGoWhenSomethingElseIsDone()
     QVERIFY(!isOpen());
 }
 
+void SettingsControlsTest::colorsFollowTheDesktopAtOnce_data()
+{
+    QTest::addColumn<bool>("isInsideAWindow");
+    QTest::newRow("a window itself") << false;
+    QTest::newRow("inside a window") << true;
+}
+
 void SettingsControlsTest::colorsFollowTheDesktopAtOnce()
 {
+    QFETCH(const bool, isInsideAWindow);
     SettingsWindowFixture fixture;
+    const Framed frame(fixture.view, isInsideAWindow);
     QApplication::setPalette(QPalette(QColor(230, 230, 230), QColor(240, 240, 240)));
     fixture.open(Section::appearance);
     const QPoint page(500, 690);
@@ -279,10 +317,16 @@ void SettingsControlsTest::nothingIsCutOffInTheSmallestWindow_data()
 {
     QTest::addColumn<QString>("section");
     QTest::addColumn<double>("factor");
+    QTest::addColumn<bool>("isChangedWhileOpen");
     for (const double factor : {1.0, 1.5}) {
         for (const Section& section : allSettingsSections) {
-            QTest::addRow("%s %.1f", qPrintable(section.title.toString()), factor)
-                << section.id.toString() << factor;
+            const QByteArray title = section.title.toUtf8();
+            QTest::addRow("%s %.1f", title.constData(), factor)
+                << section.id.toString() << factor << false;
+            if (factor > 1) {
+                QTest::addRow("%s %.1f, changed while open", title.constData(), factor)
+                    << section.id.toString() << factor << true;
+            }
         }
     }
 }
@@ -291,12 +335,24 @@ void SettingsControlsTest::nothingIsCutOffInTheSmallestWindow()
 {
     QFETCH(const QString, section);
     QFETCH(const double, factor);
+    QFETCH(const bool, isChangedWhileOpen);
     const QFont usual = QApplication::font();
-    QApplication::setFont(scaledFont(usual, factor));
+    const auto restore = qScopeGuard([&] { QApplication::setFont(usual); });
     SettingsWindowFixture fixture;
-    fixture.view.resize(LauncherSettingsView::smallestSize);
+    const Framed frame(fixture.view, true);
+    if (isChangedWhileOpen) {
+        fixture.open(section);
+    }
+    QApplication::setFont(scaledFont(usual, factor));
+    fixture.view.window()->resize(LauncherSettingsView::smallestSize);
     const SettingsPage& page = fixture.open(section);
     fixture.settle();
+    QCOMPARE(fixture.view.size(), LauncherSettingsView::smallestSize);
+    for (const QAbstractButton* title :
+         fixture.control<SettingsSidebar>({}).findChildren<QAbstractButton*>()) {
+        QVERIFY2(title->width() >= title->sizeHint().width(), qPrintable(title->text()));
+        QVERIFY2(title->visibleRegion().boundingRect() == title->rect(), qPrintable(title->text()));
+    }
     // No page is wider than its viewport, and no text lacks the room it needs.
     QVERIFY(page.widget()->width() <= page.viewport()->width());
     for (const SettingsLabel* label : page.findChildren<SettingsLabel*>()) {
@@ -314,7 +370,6 @@ void SettingsControlsTest::nothingIsCutOffInTheSmallestWindow()
                      qPrintable(button->accessibleName()));
         }
     }
-    QApplication::setFont(usual);
 }
 
 QTEST_MAIN(SettingsControlsTest)

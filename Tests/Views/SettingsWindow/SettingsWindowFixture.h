@@ -37,8 +37,8 @@ struct SettingsWindowFixture : RingFixture
     {
         settings.pendingSettingsSectionID.set(section.toString());
         view.show();
-        QApplication::setActiveWindow(&view);
-        view.setAttribute(Qt::WA_KeyboardFocusChange);
+        QApplication::setActiveWindow(view.window());
+        view.window()->setAttribute(Qt::WA_KeyboardFocusChange);
         settle();
         return *view.page();
     }

@@ -26,6 +26,7 @@ LauncherSettingsView::LauncherSettingsView(const SettingsDependencies& dependenc
     , m_sidebar(new SettingsSidebar(this))
     , m_stack(new QStackedWidget(this))
     , m_sectionID(SettingsSection::general.toString())
+    , m_font(font())
 {
     setWindowTitle(QStringLiteral("Tavik Launcher Settings"));
     setMinimumSize(smallestSize);
@@ -75,27 +76,38 @@ SettingsPage* LauncherSettingsView::page() const
 
 bool LauncherSettingsView::event(QEvent* event)
 {
+    const bool isHandled = QWidget::event(event);
     switch (event->type()) {
     case QEvent::ApplicationPaletteChange:
         applyLook();
         break;
     case QEvent::ApplicationFontChange:
-        // Sizes were taken from the font when the page was made.
-        if (isVisible()) {
-            dropPages();
-            showPage();
-        }
+    case QEvent::FontChange:
+        applyFont();
         break;
     default:
         break;
     }
-    return QWidget::event(event);
+    return isHandled;
+}
+
+bool LauncherSettingsView::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::ApplicationPaletteChange) {
+        applyLook();
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void LauncherSettingsView::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     if (!event->spontaneous()) {
+        if (!isWindow()) {
+            // Only windows are told of the application's colours, and ours inherits none.
+            window()->installEventFilter(this);
+            applyLook();
+        }
         takePendingSection();
         showPage();
     }
@@ -121,7 +133,24 @@ void LauncherSettingsView::paintEvent(QPaintEvent*)
 
 void LauncherSettingsView::applyLook()
 {
-    setPalette(SettingsLook::of(QGuiApplication::palette()).palette());
+    const QPalette look = SettingsLook::of(QGuiApplication::palette()).palette();
+    if (look != m_look) {
+        m_look = look;
+        setPalette(look);
+    }
+}
+
+void LauncherSettingsView::applyFont()
+{
+    if (font() == m_font) {
+        return;
+    }
+    m_font = font();
+    // Sizes were taken from the font when the page was made.
+    if (isVisible()) {
+        dropPages();
+        showPage();
+    }
 }
 
 void LauncherSettingsView::showPage()

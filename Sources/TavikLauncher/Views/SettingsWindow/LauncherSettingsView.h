@@ -37,12 +37,14 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     void applyLook();
+    void applyFont();
     void showPage();
     void dropPages();
     void takePendingSection();
@@ -52,6 +54,8 @@ private:
     QStackedWidget* m_stack;
     QHash<QString, SettingsPage*> m_pages; ///< By section; the stack owns them.
     QString m_sectionID;
+    QPalette m_look; ///< What is shown now.
+    QFont m_font;
     ObserverToken m_aboutObserver;
 };
 

@@ -105,8 +105,30 @@ SettingsSidebar::SettingsSidebar(QWidget* parent)
     setWidget(list);
     list->setAutoFillBackground(false);
     viewport()->setAutoFillBackground(false);
+    fitWidth();
+}
+
+void SettingsSidebar::changeEvent(QEvent* event)
+{
+    QScrollArea::changeEvent(event);
+    const bool isFont
+        = event->type() == QEvent::FontChange || event->type() == QEvent::ApplicationFontChange;
+    if (isFont && widget()) {
+        fitWidth();
+    }
+}
+
+void SettingsSidebar::fitWidth()
+{
     constexpr int usualWidth = 208;
-    setFixedWidth(std::max(usualWidth, list->minimumSizeHint().width()));
+    int widest = 0;
+    for (QAbstractButton* button : m_buttons) {
+        // Its layout may remember the size from before.
+        button->updateGeometry();
+        widest = std::max(widest, button->sizeHint().width());
+    }
+    const QMargins margins = widget()->layout()->contentsMargins();
+    setFixedWidth(std::max(usualWidth, widest + margins.left() + margins.right()));
 }
 
 void SettingsSidebar::setCurrent(const QString& id)

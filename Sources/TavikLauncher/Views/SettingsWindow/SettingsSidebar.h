@@ -23,7 +23,13 @@ public:
 Q_SIGNALS:
     void chosen(const QString& id);
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
+    /// As wide as the section titles need in the present font.
+    void fitWidth();
+
     QHash<QString, QAbstractButton*> m_buttons;
 };
 

@@ -102,12 +102,15 @@ bool PortalAppearance::reducesMotion() const
     return std::ranges::find(m_asks, true) != m_asks.end();
 }
 
-void PortalAppearance::settingChanged(const QString& group,
-                                      const QString& key,
-                                      const QDBusVariant& value)
+void PortalAppearance::settingChanged(const QDBusMessage& message)
 {
-    if (const auto setting = positionOf(group, key)) {
-        take(*setting, value.variant());
+    const QVariantList arguments = message.arguments();
+    constexpr qsizetype expected = 3;
+    if (arguments.size() != expected) {
+        return;
+    }
+    if (const auto setting = positionOf(arguments.at(0).toString(), arguments.at(1).toString())) {
+        take(*setting, arguments.at(2));
     }
 }
 
@@ -115,13 +118,15 @@ void PortalAppearance::listen(const QDBusConnection& bus)
 {
     static_assert(watchedSettings.size() == std::tuple_size_v<decltype(m_asks)> + 1);
     QDBusConnection connection = bus;
-    // No service name in the match: with one the toolkit would wait for the bus to name its owner.
+    // A slot with the arguments themselves cannot be connected before the toolkit has met a
+    // variant. No service name in the match: with one the toolkit would wait for the bus to name
+    // its owner.
     connection.connect(QString(),
                        path,
                        interface,
                        QStringLiteral("SettingChanged"),
                        this,
-                       SLOT(settingChanged(QString, QString, QDBusVariant)));
+                       SLOT(settingChanged(QDBusMessage)));
     for (std::size_t i = 0; i < watchedSettings.size(); ++i) {
         QDBusMessage call
             = QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("Read"));

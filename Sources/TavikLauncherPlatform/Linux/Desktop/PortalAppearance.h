@@ -4,7 +4,7 @@
 #include <TavikLauncherPlatform/DesktopAppearance.h>
 
 #include <QDBusConnection>
-#include <QDBusVariant>
+#include <QDBusMessage>
 #include <QObject>
 
 #include <array>
@@ -33,7 +33,7 @@ public:
     [[nodiscard]] ColorScheme colorScheme() const override { return m_colorScheme; }
 
 private Q_SLOTS:
-    void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+    void settingChanged(const QDBusMessage& message);
 
 private:
     void listen(const QDBusConnection& bus);

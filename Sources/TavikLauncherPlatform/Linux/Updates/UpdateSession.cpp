@@ -47,7 +47,7 @@ void UpdateSession::begin(const UpdateUserState& state)
     m_fetch = std::make_unique<UpdateDocumentFetch>(
         m_environment.transfer(),
         UpdateDocumentFetch::Request{.url = m_environment.feedUrl,
-                                     .subject = u"The list of versions"_s,
+                                     .subject = u"The list of updates"_s,
                                      .mostBytes = AppcastReader::mostBytes},
         [this](const UpdateDocument& document, const std::optional<QString>& failure) {
             feedArrived(document, failure);

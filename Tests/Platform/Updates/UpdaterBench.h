@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "UpdateFixture.h"
+#include <TavikLauncherPlatform/Linux/Updates/AppcastUpdater.h>
+
+#include <QDateTime>
+
+#include <Support/FakeUpdateUserDriver.h>
+#include <Support/MemoryUserDefaults.h>
+#include <sodium.h>
+
+namespace Tavik::Test {
+
+class FakeNetworkState final : public NetworkState
+{
+public:
+    [[nodiscard]] bool isOnline() override { return online; }
+    void set(bool isConnected)
+    {
+        online = isConnected;
+        onChange();
+    }
+
+    bool online = true;
+};
+
+/// Signs as whoever makes the updates does.
+class Signer
+{
+public:
+    Signer()
+    {
+        if (::sodium_init() < 0) {
+            qFatal("No signatures can be made.");
+        }
+        ::crypto_sign_keypair(bytes(publicKey), bytes(m_secretKey));
+    }
+    [[nodiscard]] QByteArray sign(const QByteArray& file) const
+    {
+        QByteArray signature(crypto_sign_BYTES, '\0');
+        ::crypto_sign_detached(bytes(signature),
+                               nullptr,
+                               reinterpret_cast<const unsigned char*>(file.constData()),
+                               static_cast<unsigned long long>(file.size()),
+                               reinterpret_cast<const unsigned char*>(m_secretKey.constData()));
+        return signature.toBase64();
+    }
+
+    QByteArray publicKey{crypto_sign_PUBLICKEYBYTES, '\0'};
+
+private:
+    static unsigned char* bytes(QByteArray& array)
+    {
+        return reinterpret_cast<unsigned char*>(array.data());
+    }
+
+    QByteArray m_secretKey{crypto_sign_SECRETKEYBYTES, '\0'};
+};
+
+/// An updater of version 2.0 with everything around it.
+struct UpdaterBench : UpdateFixture
+{
+    /// An image for the usual computer.
+    [[nodiscard]] static QByteArray image(const QByteArray& mark)
+    {
+        return QByteArray("\x7f\x45LF\2\1\1\0AI\2\0\0\0\0\0\2\0\x3e\0", 20) + mark;
+    }
+
+    /// What the feed says of one version.
+    struct Item
+    {
+        QByteArray version = "2.1";
+        QByteArray path = "/new.AppImage";
+        QByteArray file = image("new");
+        QByteArray signature; ///< Empty: that of `file`.
+        qsizetype length = -1; ///< Negative: that of `file`.
+        QByteArray more; ///< Elements.
+    };
+
+    [[nodiscard]] QByteArray itemXml(const Item& item) const
+    {
+        const qsizetype length = item.length < 0 ? item.file.size() : item.length;
+        const QByteArray enclosure = "<enclosure url=\"" + item.path + "\" length=\""
+            + QByteArray::number(length) + "\" type=\"application/octet-stream\" s:edSignature=\""
+            + (item.signature.isEmpty() ? signer.sign(item.file) : item.signature) + "\"/>";
+        return "<item><s:version>" + item.version + "</s:version>"
+            + (item.path.isEmpty() ? QByteArray() : enclosure) + item.more + "</item>";
+    }
+    [[nodiscard]] static UpdateServer::Answer feedOf(const QByteArray& items)
+    {
+        return UpdateServer::file(
+            "<rss version=\"2.0\" "
+            "xmlns:s=\"http://www.andymatuschak.org/xml-namespaces/sparkle\"><channel>"
+                + items + "</channel></rss>",
+            "application/rss+xml");
+    }
+    /// Serves a feed with that version, and its file.
+    void offer(const Item& item)
+    {
+        server.answer("/feed", {feedOf(itemXml(item))});
+        server.answer(item.path, {UpdateServer::file(item.file, "application/octet-stream")});
+    }
+
+    /// Starts the program, so to speak; what ran before is gone.
+    AppcastUpdater& start()
+    {
+        updater.reset();
+        driver.calls.clear();
+        auto state = std::make_unique<FakeNetworkState>();
+        state->online = isOnline;
+        network = state.get();
+        updater = std::make_unique<AppcastUpdater>(AppcastUpdater::Dependencies{
+            .userDefaults = defaults,
+            .networkState = std::move(state),
+            .random = [] { return 0.0; },
+            .environment = {.mainQueue = mainQueue,
+                            .workQueue = workQueue,
+                            .feedUrl = feedUrl.isEmpty() ? server.url("/feed") : feedUrl,
+                            .publicKey = signer.publicKey,
+                            .version = QStringLiteral("2.0"),
+                            .image = runsFromImage ? imagePath : QString(),
+                            .folder = tree.path(QStringLiteral("cache/Updates")),
+                            .wallClock = [this] { return now(); },
+                            .hasInstaller = [this](const QString&) { return hasInstaller; },
+                            .open =
+                                [this](const QUrl& url) {
+                                    opened << url;
+                                    return openFault;
+                                }}});
+        updater->onTerminate = [this] {
+            driver.calls << QStringLiteral("terminate");
+        };
+        updater->startUpdater(driver);
+        return *updater;
+    }
+    /// The user asks, and all answers are given until the session is over.
+    [[nodiscard]] bool checkToTheEnd()
+    {
+        driver.calls.clear();
+        updater->checkForUpdates();
+        return play([this] { return driver.calls.contains(QStringLiteral("over")); }, 0.02);
+    }
+    [[nodiscard]] bool playUntil(const QString& call)
+    {
+        return play([this, call] { return driver.calls.contains(call); });
+    }
+    [[nodiscard]] QDateTime now() const
+    {
+        return epoch.addMSecs(qRound64(1000 * (mainQueue.systemUptime() + secondsAsleep)));
+    }
+    [[nodiscard]] qsizetype feedRequests() const
+    {
+        return std::ranges::count(server.requests, "/feed", &UpdateServer::Request::path);
+    }
+
+    const QDateTime epoch{QDate(2026, 3, 1), QTime(), Qt::UTC};
+    const Signer signer;
+    MemoryUserDefaults defaults;
+    FakeUpdateUserDriver driver;
+    QUrl feedUrl; ///< Empty: the one of `server`.
+    double secondsAsleep = 0; ///< The wall clock went on, the queue's did not.
+    bool isOnline = true;
+    bool hasInstaller = true;
+    bool runsFromImage = true;
+    std::optional<QString> openFault;
+    QList<QUrl> opened;
+    const QString imagePath = tree.write(QStringLiteral("apps/my.AppImage"), image("old"));
+    FakeNetworkState* network = nullptr;
+    std::unique_ptr<AppcastUpdater> updater;
+};
+
+} // namespace Tavik::Test

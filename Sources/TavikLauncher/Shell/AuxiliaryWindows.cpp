@@ -207,6 +207,11 @@ void AuxiliaryWindows::adopt(AuxiliaryWindow& window) const
 {
     window.setSkipsTaskbar(!m_dependencies.settings.showInDock());
     m_actions.windowMade(window);
+    if (const std::optional<Screen> screen = activeScreen()) {
+        constexpr double largestShare = 0.9;
+        window.resize(
+            window.size().boundedTo((screen->visibleFrame.size() * largestShare).toSize()));
+    }
     centerOnActiveScreen(window);
 }
 

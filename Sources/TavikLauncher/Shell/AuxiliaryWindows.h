@@ -59,7 +59,7 @@ public:
     /// The settings window at its About section.
     void showAbout();
     /// Gives a window that was made elsewhere what ours have: the taskbar or not, the menu's key
-    /// equivalents, and the middle of the active screen.
+    /// equivalents, and the middle of the active screen, onto which it fits.
     void adopt(AuxiliaryWindow& window) const;
     /// Our windows appear in the taskbar, or skip it, as the preference says.
     void applyDockVisibility();

@@ -20,6 +20,7 @@ ReleaseNotesView::ReleaseNotesView(std::function<void(const QUrl&)> openLink, QW
     setTabChangesFocus(true);
     setAccessibleName(u"Release notes"_s);
     document()->setDocumentMargin(10);
+    document()->setIndentWidth(20);
     connect(this,
             &QTextBrowser::anchorClicked,
             this,

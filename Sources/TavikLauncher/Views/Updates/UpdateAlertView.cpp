@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Views/Updates/ReleaseNotesView.h>
 #include <TavikLauncher/Views/Updates/UpdateAlertView.h>
+#include <TavikLauncher/Views/WindowStyle.h>
 
 #include <QLabel>
 #include <QLayout>
@@ -21,6 +22,7 @@ constexpr double smallestWidth = 480;
 constexpr double preferredWidth = 600;
 constexpr double preferredHeight = 480;
 constexpr double smallestNotes = 90;
+constexpr double notesSize = 13;
 
 /// How large the download is and of which day the version.
 QString particulars(const UpdateItem& item)
@@ -64,6 +66,7 @@ void UpdateAlertView::addNotes(const UpdateItem& item)
     }
     m_notes = new ReleaseNotesView(m_actions.openLink, this);
     m_notes->setMinimumHeight(scaled(smallestNotes));
+    m_notes->setFont(WindowStyle::font(scaled(notesSize)));
     column().addSpacing(6);
     column().addWidget(m_notes, 1);
     if (!item.releaseNotes) {
@@ -117,8 +120,10 @@ QSize UpdateAlertView::smallestSize() const
 QSize UpdateAlertView::preferredSize() const
 {
     const QSize smallest = smallestSize();
-    return m_notes ? smallest.expandedTo(QSize(scaled(preferredWidth), scaled(preferredHeight)))
-                   : smallest;
+    const int width = std::max(smallest.width(), scaled(preferredWidth));
+    return {width,
+            m_notes ? std::max(smallest.height(), scaled(preferredHeight))
+                    : layout()->totalHeightForWidth(width)};
 }
 
 } // namespace Tavik

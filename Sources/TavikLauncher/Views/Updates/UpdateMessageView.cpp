@@ -19,6 +19,7 @@ UpdateMessageView::UpdateMessageView(const Message& message, std::function<void(
     setFixedWidth(scaled(usualWidth));
     setTitle(message.title);
     addText(message.text);
+    column().insertStretch(0, 1);
     column().addStretch(1);
     setDefaultButton(addButton(u"OK"_s, Side::right, [this] { dismiss(); }));
 }

@@ -44,6 +44,7 @@ UpdateStatusView::UpdateStatusView(MainQueue& mainQueue, const DesktopAppearance
     m_bar = new UpdateProgressBar(mainQueue, appearance, this);
     m_bar->setAccessibleName(u"Progress"_s);
     column().addWidget(m_bar);
+    column().insertStretch(0, 1);
     column().addStretch(1);
     m_cancel = addButton(u"Cancel"_s, Side::right, [this] { call(m_stage.cancel); });
     m_later = addButton(u"Not Now"_s, Side::right, [this] { call(m_stage.later); });

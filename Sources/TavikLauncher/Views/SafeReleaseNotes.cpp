@@ -87,20 +87,21 @@ void writeFragment(const QTextFragment& fragment, NotesWriter& writer)
     }
 }
 
-bool isNumbered(const QTextList& list)
+QString listName(const QTextListFormat& list)
 {
-    return list.format().style() <= QTextListFormat::ListDecimal;
+    return list.style() <= QTextListFormat::ListDecimal ? u"ol"_s : u"ul"_s;
 }
 
 /// Opens and closes lists until as many are open as the block is deep in, and opens its item.
 void openLists(const QTextList* list, QStringList& open, NotesWriter& writer)
 {
-    const qsizetype depth = list == nullptr ? 0 : std::clamp(list->format().indent(), 1, 4);
+    const QTextListFormat format = list == nullptr ? QTextListFormat() : list->format();
+    const qsizetype depth = list == nullptr ? 0 : std::clamp(format.indent(), 1, 4);
     while (open.size() > depth) {
         writer.close(Kind::container, open.takeLast());
     }
     while (open.size() < depth) {
-        open.append(isNumbered(*list) ? u"ol"_s : u"ul"_s);
+        open.append(listName(format));
         writer.open(Kind::container, open.last());
     }
     if (depth > 0) {

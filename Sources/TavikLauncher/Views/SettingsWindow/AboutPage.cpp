@@ -28,7 +28,8 @@ constexpr std::array libraries{
     Library{u"Qt 6", u"Windows, drawing, system services", u"LGPL 3"},
     Library{u"GLib and GIO", u"Desktop entries, starting applications", u"LGPL 2.1"},
     Library{u"XCB and xkbcommon", u"The X11 session and its keyboard", u"MIT"},
-    Library{u"libplist", u"Property lists", u"LGPL 2.1"}};
+    Library{u"libplist", u"Property lists", u"LGPL 2.1"},
+    Library{u"libsodium", u"Signatures of updates", u"ISC"}};
 
 class IconPicture final : public QWidget
 {

@@ -12,7 +12,7 @@ namespace {
 
 bool isOlder(QStringView left, QStringView right)
 {
-    return AppcastVersion::compare(left, right) < 0;
+    return std::is_lt(AppcastVersion::compare(left, right));
 }
 
 bool isCritical(const AppcastItem& item, const Circumstances& circumstances)
@@ -33,7 +33,7 @@ bool isInformationOnly(const AppcastItem& item, const Circumstances& circumstanc
     const auto includes = [&](const QString& version) {
         return version.startsWith(u'<')
             ? isOlder(circumstances.runningVersion, QStringView(version).sliced(1))
-            : AppcastVersion::compare(circumstances.runningVersion, version) == 0;
+            : std::is_eq(AppcastVersion::compare(circumstances.runningVersion, version));
     };
     return item.informationalVersions.isEmpty()
         || std::ranges::any_of(item.informationalVersions, includes);

@@ -76,7 +76,7 @@ std::weak_ordering compare(QStringView left, QStringView right)
     right = withoutBuildName(right);
     while (!left.isEmpty() || !right.isEmpty()) {
         const std::weak_ordering order = compareParts(takePart(left), takePart(right));
-        if (order != 0) {
+        if (std::is_neq(order)) {
             return order;
         }
     }

@@ -38,10 +38,13 @@ class ColorIconDecoder final : public IconDecoder
 public:
     [[nodiscard]] QImage decode(const AppIcon& icon, int side, double) const override
     {
+        ++decodes;
         QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
         image.fill(icon.source.isEmpty() ? QColor(Qt::gray) : QColor(icon.source));
         return image;
     }
+
+    mutable int decodes = 0;
 };
 
 } // namespace Tavik::Test

@@ -79,11 +79,12 @@ private Q_SLOTS:
     void themesAreChosenAndRecognised();
     void theLayoutIsReset();
     void applicationsAreFoundAndAdded();
-    void applicationsAreAddedFromFiles();
+    void applicationsAreAddedFromFilesAndFolders();
     void applicationsAreReorderedByKeyboard();
     void applicationsAreReorderedByDragging();
     void applicationsAreRemoved();
     void missingApplicationsAreMarkedAndKept();
+    void iconsInstalledLaterAreSeen();
     void thousandsOfApplicationsAreLookedUpOnlyWhenShown();
     void settingsAreExported();
     void anImportCanBeUndoneUntilTheWindowCloses();
@@ -273,16 +274,21 @@ void SettingsSectionsTest::applicationsAreFoundAndAdded()
     QCOMPARE(fixture.order(), u"ABCDE"_s);
 }
 
-void SettingsSectionsTest::applicationsAreAddedFromFiles()
+void SettingsSectionsTest::applicationsAreAddedFromFilesAndFolders()
 {
     AppsFixture fixture;
+    const auto choose = [&](const QString& button, const QString& file) {
+        fixture.chosenFile = file;
+        click(fixture, button);
+        return fixture.settings.permanentAppPaths().constLast();
+    };
     fixture.fileManager.existing.insert(u"/opt/Zoo.app"_s);
-    fixture.chosenFile = u"/opt/Zoo.app"_s;
-    click(fixture, u"addFromFile"_s);
-    QCOMPARE(fixture.settings.permanentAppPaths().constLast(), u"/opt/Zoo.app"_s);
-    fixture.chosenFile = u"/etc/passwd"_s;
-    click(fixture, u"addFromFile"_s);
-    QCOMPARE(fixture.settings.permanentAppPaths().size(), 4);
+    fixture.fileManager.existing.insert(u"/opt/zoo.desktop"_s);
+    QCOMPARE(choose(u"addFromFile"_s, u"/opt/zoo.desktop"_s), u"/opt/zoo.desktop"_s);
+    QVERIFY(!fixture.requests.constLast().wantsFolder);
+    QCOMPARE(choose(u"addFromFolder"_s, u"/opt/Zoo.app/"_s), u"/opt/Zoo.app"_s);
+    QVERIFY(fixture.requests.constLast().wantsFolder);
+    QCOMPARE(choose(u"addFromFile"_s, u"/etc/passwd"_s), u"/opt/Zoo.app"_s);
     QCOMPARE(message(fixture, u"permanentAppsMessage"_s), u"passwd is not an application."_s);
 }
 
@@ -358,6 +364,25 @@ void SettingsSectionsTest::missingApplicationsAreMarkedAndKept()
     fixture.walk();
     QCOMPARE(text(1), u"B, not installed"_s);
     QCOMPARE(fixture.order(), u"ABC"_s);
+    // What no catalog tells is seen when the user comes back to the window.
+    QCOMPARE(text(2), u"C"_s);
+    fixture.fileManager.bundles.remove(fixture.path(u"C"_s));
+    QEvent back(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(fixture.view.page(), &back);
+    QCOMPARE(text(2), u"C, not installed"_s);
+}
+
+void SettingsSectionsTest::iconsInstalledLaterAreSeen()
+{
+    AppsFixture fixture;
+    fixture.list().grab();
+    fixture.settle();
+    const int decodes = fixture.icons.decodes;
+    QVERIFY(decodes > 0);
+    Q_EMIT fixture.catalog.foldersChanged();
+    fixture.list().grab();
+    fixture.settle();
+    QCOMPARE(fixture.icons.decodes, 2 * decodes);
 }
 
 void SettingsSectionsTest::thousandsOfApplicationsAreLookedUpOnlyWhenShown()
@@ -411,8 +436,10 @@ void SettingsSectionsTest::anImportCanBeUndoneUntilTheWindowCloses()
         fixture.fileManager.contents.insert(fixture.chosenFile, contents);
         click(fixture, u"importSettings"_s);
     };
-    auto& undo = fixture.control<QAbstractButton>(u"undoImport"_s);
-    QVERIFY(!undo.isVisible());
+    const auto undo = [&]() -> QAbstractButton& {
+        return fixture.control<QAbstractButton>(u"undoImport"_s);
+    };
+    QVERIFY(!undo().isVisible());
     import(R"({"ringDiameter": 9999, "pinnedPermanentAppPaths": ["/gone.app"]})");
     QCOMPARE(fixture.requests.constLast().title, u"Import Tavik Launcher Settings"_s);
     QCOMPARE(message(fixture, u"backupMessage"_s),
@@ -421,11 +448,16 @@ void SettingsSectionsTest::anImportCanBeUndoneUntilTheWindowCloses()
     import(R"({"ringDiameter": 400})");
     QCOMPARE(message(fixture, u"backupMessage"_s), u"Settings imported from mine.json."_s);
 
-    QVERIFY(undo.isVisible());
-    undo.click();
+    // A page made anew for another font still knows.
+    QFont larger = fixture.view.font();
+    larger.setPointSizeF(larger.pointSizeF() * 1.25);
+    fixture.view.setFont(larger);
+    fixture.settle();
+    QVERIFY(undo().isVisible());
+    undo().click();
     QCOMPARE(fixture.settings.ringDiameter(), 320.0);
     QCOMPARE(fixture.settings.pinnedPermanentAppPaths(), QStringList{fixture.path(u"A"_s)});
-    QVERIFY(!undo.isVisible());
+    QVERIFY(!undo().isVisible());
 
     import("{}");
     fixture.view.close();

@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Export and import with their outcome. An import can be undone for as long as the page lives.
+/// Export and import with their outcome. An import can be undone until the window closes.
 class BackupPage final : public SettingsPage
 {
 public:
@@ -24,6 +24,7 @@ public:
         : SettingsPage(dependencies,
                        u"Backup"_s,
                        u"Keep your settings in a file, or carry them to another machine."_s)
+        , m_beforeImport(*dependencies.beforeImport)
     {
         SettingsCard& card = addCard();
         addButton(card,
@@ -44,7 +45,7 @@ public:
 
         m_undo = new SettingsButton(u"Undo Import"_s);
         m_undo->setObjectName(u"undoImport"_s);
-        m_undo->hide();
+        m_undo->setVisible(m_beforeImport.has_value());
         addWidget(m_undo, Qt::AlignRight);
         describe(*m_undo,
                  {.title = m_undo->text(),
@@ -126,7 +127,7 @@ private:
 
     SettingsMessage* m_message = nullptr;
     SettingsButton* m_undo = nullptr;
-    std::optional<SettingsSnapshot> m_beforeImport;
+    std::optional<SettingsSnapshot>& m_beforeImport;
 };
 
 } // namespace

@@ -28,6 +28,7 @@ LauncherSettingsView::LauncherSettingsView(const SettingsDependencies& dependenc
     , m_sectionID(SettingsSection::general.toString())
     , m_font(font())
 {
+    m_dependencies.beforeImport = &m_beforeImport;
     setWindowTitle(QStringLiteral("Tavik Launcher Settings"));
     setMinimumSize(smallestSize);
     resize(preferredSize);
@@ -118,6 +119,7 @@ void LauncherSettingsView::hideEvent(QHideEvent* event)
     QWidget::hideEvent(event);
     // Minimizing is no closing.
     if (!event->spontaneous()) {
+        m_beforeImport.reset();
         dropPages();
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncher/Settings/SettingsBackup.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsDependencies.h>
 #include <TavikLauncherPlatform/NotificationCenter.h>
 
@@ -49,6 +50,7 @@ private:
     void dropPages();
     void takePendingSection();
 
+    std::optional<SettingsSnapshot> m_beforeImport;
     SettingsDependencies m_dependencies;
     SettingsSidebar* m_sidebar;
     QStackedWidget* m_stack;

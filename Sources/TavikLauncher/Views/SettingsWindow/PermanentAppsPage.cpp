@@ -11,6 +11,7 @@
 #include <TavikLauncherCore/AppSearch.h>
 #include <TavikLauncherPlatform/FileManager.h>
 
+#include <QDir>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -89,12 +90,30 @@ private:
         fromFile->setObjectName(u"addFromFile"_s);
         describe(*fromFile,
                  {.title = u"Add from file"_s,
-                  .help = u"Choose an application that the search does not find."_s});
+                  .help = u"Choose a desktop entry that the search does not find."_s});
+        // No file dialog offers folders beside files.
+        auto* fromFolder = new SettingsButton(u"From Folder…"_s, bar);
+        fromFolder->setObjectName(u"addFromFolder"_s);
+        describe(*fromFolder,
+                 {.title = u"Add from folder"_s,
+                  .help = u"Choose an application that is a folder with a name ending in .app."_s});
+        row->setSpacing(4);
         row->addWidget(m_search, 1);
         row->addWidget(fromFile);
+        row->addWidget(fromFolder);
         connect(m_search, &QLineEdit::textChanged, this, [this] { refreshResults(); });
         connect(m_search, &QLineEdit::returnPressed, this, [this] { addResult(0); });
-        connect(fromFile, &QAbstractButton::clicked, this, [this] { askForFile(); });
+        connect(fromFile, &QAbstractButton::clicked, this, [this] {
+            askFor({.title = u"Add an Application"_s,
+                    .suggestedName = {},
+                    .nameFilter = u"Applications (*.desktop)"_s});
+        });
+        connect(fromFolder, &QAbstractButton::clicked, this, [this] {
+            askFor({.title = u"Add an Application"_s,
+                    .suggestedName = {},
+                    .nameFilter = {},
+                    .wantsFolder = true});
+        });
         return bar;
     }
 
@@ -140,10 +159,28 @@ private:
         });
         connect(m_resultList, &AppListView::picked, this, &PermanentAppsPage::addResult);
         connect(&dependencies().catalog, &AppCatalog::appsChanged, this, [this] {
-            m_apps.forgetEntries();
-            m_results.forgetEntries();
+            lookAgain();
             refreshResults();
         });
+        connect(&dependencies().catalog,
+                &AppCatalog::foldersChanged,
+                &m_icons,
+                &AppIconCache::invalidate);
+    }
+
+    /// Applications come and go; of those outside the catalog's folders nobody tells.
+    void lookAgain()
+    {
+        m_apps.forgetEntries();
+        m_results.forgetEntries();
+    }
+
+    bool event(QEvent* event) override
+    {
+        if (event->type() == QEvent::WindowActivate) {
+            lookAgain();
+        }
+        return SettingsPage::event(event);
     }
 
     [[nodiscard]] int selectedRow() const { return m_appList->currentIndex().row(); }
@@ -226,16 +263,13 @@ private:
         m_appList->setCurrentIndex(m_apps.index(row));
     }
 
-    void askForFile()
+    void askFor(const FileRequest& request)
     {
-        dependencies().openFile({.title = u"Add an Application"_s,
-                                 .suggestedName = {},
-                                 .nameFilter = u"Applications (*.desktop *.app)"_s},
-                                [page = QPointer(this)](const QString& path) {
-                                    if (page) {
-                                        page->addFile(path);
-                                    }
-                                });
+        dependencies().openFile(request, [page = QPointer(this)](const QString& path) {
+            if (page) {
+                page->addFile(QDir::cleanPath(path));
+            }
+        });
     }
 
     void addFile(const QString& path)

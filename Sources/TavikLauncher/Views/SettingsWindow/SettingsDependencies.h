@@ -15,6 +15,7 @@ class KeyEvents;
 class LauncherSettings;
 class MainQueue;
 class NotificationCenter;
+class SettingsSnapshot;
 class WorkQueue;
 struct HotKeyConfig;
 
@@ -24,8 +25,9 @@ struct FileRequest
     QString title;
     QString suggestedName; ///< Empty for none.
     QString nameFilter; ///< As the toolkit writes it: "Settings (*.json)".
+    bool wantsFolder = false;
 };
-/// Asks the user for a file, and calls `chosen` with its path unless the user thinks better of it.
+/// Asks the user for a file or a folder, and calls `chosen` with its path unless the user thinks better of it.
 using ChooseFile
     = std::function<void(const FileRequest& request, std::function<void(const QString&)> chosen)>;
 
@@ -50,6 +52,9 @@ struct SettingsDependencies
     std::function<std::optional<QString>(const HotKeyConfig&)> tryShortcut;
     std::function<void()> repeatTour;
     std::function<void()> openSupportPage;
+    /// The settings before the first import since the window opened. Given by the view, whose pages
+    /// may be made anew meanwhile.
+    std::optional<SettingsSnapshot>* beforeImport = nullptr;
 };
 
 } // namespace Tavik

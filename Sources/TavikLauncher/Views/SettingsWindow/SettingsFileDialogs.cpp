@@ -17,9 +17,13 @@ ChooseFile chooser(std::function<QWidget*()> parent, QFileDialog::AcceptMode mod
         auto* dialog = new QFileDialog(parent(), request.title, {}, request.nameFilter);
         dialog->setAttribute(Qt::WA_DeleteOnClose);
         dialog->setAcceptMode(mode);
-        dialog->setFileMode(mode == QFileDialog::AcceptSave ? QFileDialog::AnyFile
-                                                            : QFileDialog::ExistingFile);
-        if (mode == QFileDialog::AcceptSave) {
+        if (request.wantsFolder) {
+            dialog->setFileMode(QFileDialog::Directory);
+            dialog->setOption(QFileDialog::ShowDirsOnly);
+        } else if (mode == QFileDialog::AcceptOpen) {
+            dialog->setFileMode(QFileDialog::ExistingFile);
+        } else {
+            dialog->setFileMode(QFileDialog::AnyFile);
             dialog->setDefaultSuffix(QStringLiteral("json"));
         }
         if (!request.suggestedName.isEmpty()) {

@@ -221,14 +221,23 @@ private Q_SLOTS:
                  (QStringList{u"Looking for updates did not work."_s, u"No answer."_s}));
         fixture.driver.dismissUpdateInstallation();
 
+        UpdateItem item = UpdatesFixture::item();
+        item.isInformationOnly = true;
+        fixture.find(item, true);
+        fixture.click(u"Learn More"_s);
+        fixture.driver.showUpdaterError(u"No browser."_s, nullptr);
+        QCOMPARE(fixture.texts().constFirst(), u"The page could not be opened."_s);
+        fixture.driver.dismissUpdateInstallation();
+
         fixture.find(UpdatesFixture::item(), true);
+        fixture.click(u"Install"_s);
         fixture.driver.showDownloadInitiated(nullptr);
         fixture.driver.showUpdaterError(u"Wrong signature."_s, nullptr);
         QCOMPARE(fixture.texts(),
                  (QStringList{u"The update was not installed."_s, u"Wrong signature."_s}));
         fixture.driver.showUpdateHandedOver(nullptr);
         QVERIFY(fixture.texts().constLast().contains(u"2.1"_s));
-        QCOMPARE(fixture.delegate.calls.count(u"alert"_s), 3);
+        QCOMPARE(fixture.delegate.calls.count(u"alert"_s), 4);
     }
 
     void whatAFeedCallsAVersionFitsOnALine()

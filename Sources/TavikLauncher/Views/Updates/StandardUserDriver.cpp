@@ -140,15 +140,11 @@ void StandardUserDriver::showUpdateNotFound(const QString& reason,
 
 void StandardUserDriver::showUpdaterError(const QString& reason, std::function<void()> acknowledged)
 {
-    showAlert(m_isInstalling ? u"The update was not installed."_s
-                             : u"Looking for updates did not work."_s,
-              reason,
-              acknowledged);
+    showAlert(failureTitle(), reason, acknowledged);
 }
 
 void StandardUserDriver::showDownloadInitiated(std::function<void()> cancel)
 {
-    m_isInstalling = true;
     showStatus([this, &cancel](UpdateStatusView& status) {
         status.showDownload(version(), [this, cancel = std::move(cancel)]() mutable {
             takeDown();
@@ -220,13 +216,21 @@ void StandardUserDriver::dismissUpdateInstallation()
     takeDown();
     m_dependencies.delegate.standardUserDriverWillFinishUpdateSession();
     m_found.reset();
-    m_isInstalling = false;
     m_lastPlace.reset();
 }
 
 QString StandardUserDriver::version() const
 {
     return m_found ? m_found->item.displayVersionString : QString();
+}
+
+QString StandardUserDriver::failureTitle() const
+{
+    if (!m_found) {
+        return u"Looking for updates did not work."_s;
+    }
+    return m_found->item.isInformationOnly ? u"The page could not be opened."_s
+                                           : u"The update was not installed."_s;
 }
 
 template <typename Stage> void StandardUserDriver::showStatus(const Stage& stage)

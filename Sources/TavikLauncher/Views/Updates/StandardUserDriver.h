@@ -78,6 +78,7 @@ private:
     void choose(UpdateChoice choice);
     void receiveAttention();
     [[nodiscard]] QString version() const;
+    [[nodiscard]] QString failureTitle() const;
     /// Lets the status window show a stage; makes the window if there is none.
     template <typename Stage> void showStatus(const Stage& stage);
     void
@@ -91,7 +92,6 @@ private:
     std::unique_ptr<UpdateWindow, DeleteLater> m_window;
     UpdateAlertView* m_alert = nullptr; ///< The window's content, if it is that.
     UpdateStatusView* m_status = nullptr; ///< The window's content, if it is that.
-    bool m_isInstalling = false; ///< Something has been downloaded in this session.
     std::optional<QPoint> m_lastPlace; ///< The middle of the session's last window.
 };
 

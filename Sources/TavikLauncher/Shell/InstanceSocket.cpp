@@ -63,6 +63,7 @@ void InstanceSocket::accept()
             }
             const QByteArray line = connection->readLine(longestLine).trimmed();
             connection->write(&terminator, 1);
+            connection->flush(); // The line may be the one that ends this program.
             connection->disconnectFromServer();
             if (onLine) {
                 onLine(QString::fromLatin1(line));

@@ -22,10 +22,11 @@ def flatten(node):
         yield from flatten(child)
 
 
-def find(desktop, name):
-    """The first accessible object of that name that has a place on the screen, or None."""
+def find(desktop, name, role=None):
+    """The first accessible object of that name (and role) that has a place on the screen, or None."""
     nodes = (node for program in trees(desktop) for node in flatten(program))
-    return next((node for node in nodes if node["name"] == name and node["place"]), None)
+    return next(
+        (node for node in nodes if node["name"] == name and node["place"] and role in (None, node["role"])), None)
 
 
 def _read():

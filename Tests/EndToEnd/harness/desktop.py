@@ -57,6 +57,7 @@ class Desktop:
         self._cleanup = contextlib.ExitStack()
         self._known = set()
         self.display_name = self.bus_address = ""
+        self._server = None
 
     def __enter__(self):
         processes.adopt_orphans()
@@ -81,7 +82,7 @@ class Desktop:
         self.applications = Applications(self.home / "data", self.home / "reports")
 
         self.display_name = self._start_server()
-        self.bus_address = self._start_bus()
+        self.bus_address = self.start_bus("dbus")
         self.display = Display(self.display_name)
         self._cleanup.callback(self.display.close)
         for monitor, output in zip(self.options.monitors, ("screen", "none", "none")):
@@ -98,7 +99,7 @@ class Desktop:
         size = f"{self.options.width}x{self.options.height}x24"
         missing = [word for name in self.options.missing_extensions for word in ("-extension", name)]
         with open(reading) as answer:
-            self.spawn(
+            self._server = self.spawn(
                 ["Xvfb", "-displayfd", str(writing), "-screen", "0", size, "-nolisten", "tcp", "-noreset",
                  *missing],
                 log="xvfb", pass_fds=[writing])
@@ -107,13 +108,19 @@ class Desktop:
         assert number, f"Xvfb did not start: {self.log('xvfb')}"
         return f":{number}"
 
-    def _start_bus(self):
+    def end_server(self):
+        """Ends the X server as a crash does, with everybody still connected."""
+        self._server.kill()
+        self._server.wait()
+
+    def start_bus(self, log):
+        """Starts a message bus of its own and returns its address."""
         process = self.spawn(
-            ["dbus-daemon", "--session", "--nofork", "--nosyslog", "--print-address=1"], log="dbus",
+            ["dbus-daemon", "--session", "--nofork", "--nosyslog", "--print-address=1"], log=log,
             stdout=subprocess.PIPE, text=True)
         address = process.stdout.readline().strip()
         process.stdout.close()
-        assert address, f"the session bus did not start: {self.log('dbus')}"
+        assert address, f"the bus did not start: {self.log(log)}"
         return address
 
     def start_window_manager(self):
@@ -179,10 +186,10 @@ class Desktop:
         path = self.home / "logs" / name
         return path.read_text(errors="replace") if path.exists() else ""
 
-    def bus(self):
-        """A connection of its own to the session bus; close it."""
+    def bus(self, address=None):
+        """A connection of its own to the session bus, or to another; close it."""
         flags = Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
-        connection = Gio.DBusConnection.new_for_address_sync(self.bus_address, flags, None, None)
+        connection = Gio.DBusConnection.new_for_address_sync(address or self.bus_address, flags, None, None)
         connection.set_exit_on_close(False)
         return connection
 

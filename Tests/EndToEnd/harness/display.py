@@ -14,7 +14,7 @@ from harness.waiting import wait_until
 
 KEYS = {
     "ctrl": "Control_L", "alt": "Alt_L", "super": "Super_L", "shift": "Shift_L", "space": "space",
-    "minus": "minus",
+    "minus": "minus", "comma": "comma",
 }
 MODIFIER_MASKS = {"ctrl": X.ControlMask, "alt": X.Mod1Mask, "super": X.Mod4Mask, "shift": X.ShiftMask}
 GONE = (Xlib.error.BadWindow, Xlib.error.BadDrawable, Xlib.error.BadMatch)
@@ -43,7 +43,8 @@ class Display:
 
     def close(self):
         for connection in (*self._grabbing, self.connection):
-            connection.close()
+            with contextlib.suppress(Xlib.error.ConnectionClosedError):  # The server may have gone first.
+                connection.close()
 
     # --- windows
 

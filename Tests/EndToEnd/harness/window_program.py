@@ -38,8 +38,8 @@ def show_window(options):
     window.set_wm_protocols([display.intern_atom("WM_DELETE_WINDOW")])
     window.set_wm_hints(flags=1, input=1)
     window.set_wm_normal_hints(flags=1, x=x, y=y)
-    if options.full_screen:
-        state = display.intern_atom("_NET_WM_STATE_FULLSCREEN")
+    wanted = {"_NET_WM_STATE_FULLSCREEN": options.full_screen, "_NET_WM_STATE_SKIP_TASKBAR": options.skip_taskbar}
+    for state in (display.intern_atom(name) for name, is_wanted in wanted.items() if is_wanted):
         window.change_property(display.intern_atom("_NET_WM_STATE"), Xatom.ATOM, 32, [state])
     window.map()
     while True:
@@ -54,6 +54,7 @@ parser.add_argument("--colour", default="white")
 parser.add_argument("--report")
 parser.add_argument("--geometry", type=int, nargs=4, default=[300, 200, 40, 40])
 parser.add_argument("--full-screen", action="store_true")
+parser.add_argument("--skip-taskbar", action="store_true")
 parser.add_argument("--no-window", action="store_true")
 arguments = parser.parse_args()
 if arguments.report:

@@ -100,6 +100,26 @@ private Q_SLOTS:
         QVERIFY(hovered.tooltip.isShowing());
     }
 
+    void tooltipGoesWhenItsControlIsUsed()
+    {
+        for (const bool isByKeyboard : {false, true}) {
+            for (const double hovering : {0.2, 1.0}) {
+                HoveredButton hovered;
+                hovered.window.show();
+                hovered.send(QEvent::Enter);
+                hovered.mainQueue.advance(hovering);
+                QCOMPARE(hovered.tooltip.isShowing(), hovering > 0.5);
+                if (isByKeyboard) {
+                    QTest::keyClick(&hovered.button, Qt::Key_Space);
+                } else {
+                    QTest::mouseClick(&hovered.button, Qt::LeftButton);
+                }
+                hovered.mainQueue.advance(1);
+                QVERIFY(!hovered.tooltip.isShowing());
+            }
+        }
+    }
+
     void tooltipGoesWithItsControl()
     {
         HoveredButton hovered;

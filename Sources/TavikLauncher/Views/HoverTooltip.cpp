@@ -122,6 +122,12 @@ bool HoverTooltip::eventFilter(QObject*, QEvent* event)
     case QEvent::WindowDeactivate:
         hoverChanged(false);
         break;
+    case QEvent::MouseButtonPress:
+    case QEvent::KeyPress:
+        // Who uses the control has read enough, and wants to see what it does.
+        m_showTask.cancel();
+        hide();
+        break;
     default:
         break;
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Views/SettingsWindow/SettingsButton.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsLabel.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsLook.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPages.h>
 #include <TavikLauncher/Views/TavikIconFactory.h>
@@ -69,10 +70,18 @@ QWidget* makeHeader(const QString& version)
     number->setObjectName(u"version"_s);
     texts->addWidget(number);
     texts->addWidget(new SettingsLabel(
-        SettingsLabel::Role::help, u"Free software under the MIT licence"_s, header));
+        SettingsLabel::Role::help, u"Free software under the MIT license"_s, header));
     texts->addStretch();
     row->addLayout(texts, 1);
     return header;
+}
+
+QWidget* makeLicence(const Library& library)
+{
+    auto* label = new SettingsLabel(SettingsLabel::Role::help, library.licence.toString());
+    // In line with the controls whose focus rings reach beyond them.
+    label->setContentsMargins(0, 0, focusMargin, 0);
+    return label;
 }
 
 } // namespace
@@ -98,7 +107,7 @@ std::unique_ptr<SettingsPage> SettingsPages::makeAbout(const SettingsDependencie
     SettingsCard& built = page->addCard(u"Built with"_s);
     for (const Library& library : libraries) {
         built.addRow({.title = library.name.toString(), .help = library.use.toString()},
-                     new SettingsLabel(SettingsLabel::Role::help, library.licence.toString()));
+                     makeLicence(library));
     }
     return page;
 }

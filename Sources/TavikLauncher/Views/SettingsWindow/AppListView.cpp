@@ -23,7 +23,7 @@ namespace {
 
 constexpr int iconSide = 28;
 constexpr int padding = 16;
-constexpr int mostRowsShown = 6;
+constexpr int mostRowsShown = 8;
 
 int rowHeight(const QFontMetrics& metrics)
 {

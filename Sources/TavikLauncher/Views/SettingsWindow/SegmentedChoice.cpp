@@ -39,7 +39,6 @@ protected:
         const QRectF body = QRectF(rect()).adjusted(2, 2, -2, -2);
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setOpacity(isEnabled() ? 1 : 0.5);
         if (isChecked()) {
             painter.setPen(Qt::NoPen);
             painter.setBrush(withOpacity(Qt::black, 0.1));
@@ -47,6 +46,7 @@ protected:
             painter.setBrush(look.isDark ? look.buttonPressed.lighter(115) : look.knob);
             painter.drawRoundedRect(body, cornerRadius - 1, cornerRadius - 1);
         }
+        painter.setOpacity(isEnabled() ? 1 : 0.5);
         painter.setPen(look.text);
         painter.drawText(body, Qt::AlignCenter, text());
         painter.setOpacity(1);

@@ -40,8 +40,14 @@ QString inWords(const HotKeyConfig& config)
     if (config.isModifierOnly()) {
         return u"Hold %1 to show the ring, let go to dismiss it"_s.arg(keys.join(u" + "_s));
     }
-    // In the name there is one glyph for each modifier before the key.
-    keys.append(config.displayName.mid(keys.size()));
+    // The name is stored text. One of ours has a glyph for each modifier before the key.
+    const QString glyphs
+        = HotKeyConfig::make(config.modifierFlagsRaw, config.keyCode).displayName.left(keys.size());
+    if (config.displayName.startsWith(glyphs)) {
+        keys.append(config.displayName.mid(keys.size()));
+    } else {
+        keys = QStringList{config.displayName};
+    }
     return u"Press %1 to show or dismiss the ring"_s.arg(keys.join(u" + "_s));
 }
 

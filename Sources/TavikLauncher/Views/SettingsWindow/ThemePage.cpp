@@ -143,7 +143,7 @@ void addColors(SettingsPage& page)
 
     SettingsCard& opacity = page.addCard(u"Opacity"_s);
     page.addSlider(opacity,
-                   {.title = u"Ring"_s, .help = u"How much the desktop shines through the band"_s},
+                   {.title = u"Ring"_s, .help = u"How solid the band is"_s},
                    settings.ringOpacity,
                    percent);
     page.addSlider(opacity,

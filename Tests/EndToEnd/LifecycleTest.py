@@ -13,7 +13,7 @@ from Xlib import X
 
 from harness import accessibility
 from harness.applications import PROGRAM as WINDOW_PROGRAM
-from harness.launcher import BUS_NAME
+from harness.launcher import BUS_NAME, IN_BACKGROUND
 from harness.waiting import stays, wait_until
 
 SETTINGS = "Tavik Launcher Settings"
@@ -123,7 +123,7 @@ def test_what_a_second_start_was_given_is_handed_on_and_completed(ring, desktop,
 def test_our_own_start_is_completed(launcher, panel, display):
     display.root.change_attributes(event_mask=X.PropertyChangeMask)
     display.connection.sync()
-    launcher.start(environment={"DESKTOP_STARTUP_ID": STARTUP_ID})
+    launcher.start(by_hand=True, environment={"DESKTOP_STARTUP_ID": STARTUP_ID})
     messages = []
     wait_until(lambda: messages.extend(startup_messages(display)) or messages, "the start is completed")
     assert messages[0].startswith('remove: ID="some-panel-17')
@@ -244,7 +244,8 @@ def memory(launcher):
 def start_without_bus(launcher, **environment):
     """Waits for the key only: there is no bus to ask."""
     launcher.environment.update(environment)
-    launcher.process = launcher.desktop.spawn([launcher.program], launcher.environment, log="launcher")
+    launcher.process = launcher.desktop.spawn(
+        [launcher.program, *IN_BACKGROUND], launcher.environment, log="launcher")
     wait_until(lambda: launcher.exited() or launcher.display.is_grabbed(launcher.hot_key), "the hot key is taken")
 
 

@@ -55,7 +55,7 @@ def test_menu_manual_and_command_line_know_the_same_options(launcher, options):
 
 
 def test_every_action_of_the_menu_is_one_of_the_bus(launcher, desktop):
-    launcher.start("--background")
+    launcher.start()
     bus = desktop.bus()
     try:
         # The last one ends the program.

@@ -6,7 +6,7 @@ import pytest
 
 from gi.repository import Gio, GLib
 
-from harness.launcher import BUS_NAME, hot_key_record
+from harness.launcher import BUS_NAME, IN_BACKGROUND, hot_key_record
 from harness.waiting import stays, wait_until
 
 
@@ -104,7 +104,7 @@ def test_a_hot_key_that_another_program_holds_is_reported_and_toggle_still_works
 def test_without_a_session_bus_the_hot_key_still_works(launcher, applications, desktop, display):
     launcher.pin(applications.add("Alder"))
     desktop.bus_address = "unix:path=/nowhere/bus"
-    launcher.process = desktop.spawn([launcher.program], launcher.environment, log="launcher")
+    launcher.process = desktop.spawn([launcher.program, *IN_BACKGROUND], launcher.environment, log="launcher")
     wait_until(lambda: display.is_grabbed(launcher.hot_key), "the hot key is taken")
     launcher.summon(640, 400)
     assert len(launcher.log_lines()) <= 1

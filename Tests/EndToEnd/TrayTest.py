@@ -101,18 +101,18 @@ def test_a_tray_of_the_older_kind_shows_the_icon_and_its_menu(launcher, desktop,
 
 
 def test_without_a_tray_the_settings_offer_themselves_once_per_login(launcher, display, desktop):
-    launcher.start()
+    launcher.start(by_hand=True)
     display.wait_for(SETTINGS)
     launcher.command("--quit")
     assert launcher.wait_exit() == 0
-    launcher.start()
+    launcher.start(by_hand=True)
     stays(lambda: display.find(SETTINGS) is None, "they do not come again", 3.5)
     wait_until(lambda: NO_TRAY in desktop.log("launcher"), "the missing tray is in the log", 10)
     assert desktop.log("launcher").count(NO_TRAY) == 1
 
 
 def test_a_start_at_login_shows_nothing_unasked(launcher, display):
-    launcher.start("--background")
+    launcher.start()
     stays(lambda: display.find(SETTINGS) is None and not launcher.is_shown(), "nothing is shown", 3.5)
     assert launcher.command("--background").returncode == 0
     stays(lambda: not launcher.is_shown(), "a second one shows nothing either")

@@ -12,7 +12,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).parent))
 
 from harness import processes  # noqa: E402
 from harness.desktop import Desktop, DesktopOptions  # noqa: E402
-from harness.launcher import TITLE, Launcher  # noqa: E402
+from harness.launcher import IN_BACKGROUND, TITLE, Launcher  # noqa: E402
 from harness.waiting import wait_until  # noqa: E402
 
 ENTRIES = pathlib.Path("/usr/share/applications")
@@ -51,7 +51,8 @@ def run(program, arguments, picture):
     options = DesktopOptions(width=1400, height=860, background=BACKGROUND)
     with Desktop(options) as desktop:
         launcher = Guest(desktop, program)
-        launcher.process = desktop.spawn([launcher.program, *arguments], launcher.environment, log="launcher")
+        launcher.process = desktop.spawn(
+            [launcher.program, *(arguments or IN_BACKGROUND)], launcher.environment, log="launcher")
         try:
             wait_until(lambda: launcher.exited() or launcher.display.is_grabbed(launcher.hot_key), "the program answers")
             if not launcher.exited():

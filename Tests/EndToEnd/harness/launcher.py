@@ -15,6 +15,7 @@ from harness.waiting import wait_until
 TITLE = "Tavik Launcher"
 BUS_NAME = "org.tavik.Launcher"
 HOT_KEY = "ctrl+alt+space"
+IN_BACKGROUND = ("--background",)
 FLAGS = {"shift": 0x20000, "ctrl": 0x40000, "alt": 0x80000, "super": 0x100000}
 KEY_CODES = {"space": 49, "F9": 101}  # Standard-layout virtual key codes.
 
@@ -83,9 +84,11 @@ class Launcher:
 
     # --- the process
 
-    def start(self, *arguments, environment=None):
-        """Starts the background program and waits until its triggers answer."""
+    def start(self, *arguments, environment=None, by_hand=False):
+        """Starts the background program and waits until its triggers answer. A start without arguments is
+        one as at login, unless it is made by hand."""
         self.environment.update(environment or {})
+        arguments = arguments or (() if by_hand else IN_BACKGROUND)
         self.process = self.desktop.spawn([self.program, *arguments], self.environment, log="launcher")
         self.wait_ready()
         return self

@@ -119,7 +119,7 @@ private Q_SLOTS:
             fixture.transfer(),
             {.url = fixture.server.url("/file"), .subject = u"The file"_s, .mostBytes = 1 << 30},
             [this](const UpdateDocument&, const std::optional<QString>& why) { m_reason = why; });
-        QVERIFY(fixture.play([this] { return m_reason.has_value(); }, 0.2));
+        QVERIFY(fixture.play([this] { return m_reason.has_value(); }, 0.1));
         QCOMPARE(*m_reason, u"The server is too slow."_s);
     }
 

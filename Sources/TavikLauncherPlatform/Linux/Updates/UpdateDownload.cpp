@@ -11,9 +11,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int mostFailures = 5; ///< In a row; they take half a minute.
-constexpr qint64 headway = 64 * 1024; ///< After so much a failure is not "in a row".
+constexpr qint64 headway = 64LL * 1024; ///< After so much a failure is not "in a row".
 constexpr double progressSeconds = 0.1;
-constexpr qint64 slowestBytesPerWindow = 16 * 1024;
+constexpr qint64 slowestBytesPerWindow = 16LL * 1024;
 
 std::optional<TransferFault> lasting(const std::optional<QString>& reason)
 {

@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 installerHasSeconds = 24 * 3600;
+constexpr qint64 installerHasSeconds = 24LL * 3600;
 const QString packageName = u"TavikLauncher-update"_s;
 
 } // namespace

@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int mostRedirects = 5;
-constexpr qint64 readBufferBytes = 256 * 1024;
+constexpr qint64 readBufferBytes = 256LL * 1024;
 constexpr int statusOk = 200;
 constexpr int statusPartialContent = 206;
 constexpr int statusNotFound = 404;

@@ -33,8 +33,8 @@ public:
         if (hotKeyError != 0) {
             return {.registration = nullptr, .status = hotKeyError};
         }
-        hotKeyPressed = std::move(pressed);
-        return {.registration = std::make_unique<Registration>(hotKeyPressed), .status = 0};
+        return {.registration = std::make_unique<Registration>(hotKeyPressed, std::move(pressed)),
+                .status = 0};
     }
     [[nodiscard]] int hotKeyStatus(const HotKey&) override { return hotKeyError; }
     [[nodiscard]] bool hasKeys(quint64 modifierFlags, std::optional<quint16> keyCode) const override
@@ -98,7 +98,7 @@ public:
 
 private:
     /// Puts a handler into a place for as long as it lives.
-    template <typename Handler> class Source : public KeyMonitor
+    template <typename Handler, typename Base = KeyMonitor> class Source : public Base
     {
     public:
         Source(Handler& place, Handler handler)
@@ -113,30 +113,14 @@ private:
     private:
         Handler& m_place;
     };
-    class Registration final : public HotKeyRegistration
-    {
-    public:
-        explicit Registration(std::function<void(double)>& place)
-            : m_place(place)
-        { }
-        ~Registration() override { m_place = nullptr; }
-        Registration(const Registration&) = delete;
-        Registration& operator=(const Registration&) = delete;
-
-    private:
-        std::function<void(double)>& m_place;
-    };
-    class Tap final : public EventTap
+    using Registration = Source<std::function<void(double)>, HotKeyRegistration>;
+    class Tap final : public Source<Observer, EventTap>
     {
     public:
         Tap(FakeKeyEvents& owner, Observer observer)
-            : m_owner(owner)
-        {
-            m_owner.tap = std::move(observer);
-        }
-        ~Tap() override { m_owner.tap = nullptr; }
-        Tap(const Tap&) = delete;
-        Tap& operator=(const Tap&) = delete;
+            : Source(owner.tap, std::move(observer))
+            , m_owner(owner)
+        { }
 
         [[nodiscard]] bool isEnabled() const override { return m_owner.tapEnabled; }
         bool enable() override

@@ -6,7 +6,7 @@
 #include <TavikLauncher/Catalog/RecentAppsStore.h>
 #include <TavikLauncher/Ring/LauncherCommands.h>
 #include <TavikLauncher/Ring/LauncherPresentationState.h>
-#include <TavikLauncher/Ring/RingComposition.h>
+#include <TavikLauncher/Ring/RingInteraction.h>
 #include <TavikLauncher/Settings/LauncherSettings.h>
 
 #include <QTemporaryDir>
@@ -54,6 +54,31 @@ struct RingFixture
     {
         catalog.reindex();
         workQueue.runAll();
+    }
+
+    /// Starts A to E.
+    void launchAll()
+    {
+        for (const QString& name : {u"A"_s, u"B"_s, u"C"_s, u"D"_s, u"E"_s}) {
+            workspace.launch(path(name), u"id."_s + name);
+        }
+    }
+    void pin(const QStringList& paths)
+    {
+        settings.permanentAppPaths.set(paths);
+        settings.pinnedPermanentAppPaths.set(paths);
+    }
+    [[nodiscard]] RingInteraction::Dependencies ringDependencies()
+    {
+        return {catalog,
+                launcher,
+                settings,
+                recents,
+                workspace,
+                fileManager,
+                commands,
+                presentation,
+                mainQueue};
     }
 
     QTemporaryDir home;

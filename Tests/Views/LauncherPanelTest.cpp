@@ -1,24 +1,63 @@
 // SPDX-License-Identifier: MIT
 #include "PanelFixture.h"
+#include <TavikLauncher/Views/RingAccessibility.h>
+#include <TavikLauncher/Views/RingPainter.h>
 
+#include <QAccessible>
 #include <QFocusEvent>
+#include <QPainter>
 #include <QTest>
+
+#include <Support/Table.h>
 
 using namespace Tavik;
 using namespace Qt::StringLiterals;
 using namespace Tavik::Test;
+
+namespace {
+
+QImage picture(PanelFixture& fixture)
+{
+    return fixture.panel->grab().toImage();
+}
+
+bool isNear(const QColor& left, const QColor& right, int tolerance = 6)
+{
+    return std::abs(left.red() - right.red()) <= tolerance
+        && std::abs(left.green() - right.green()) <= tolerance
+        && std::abs(left.blue() - right.blue()) <= tolerance
+        && std::abs(left.alpha() - right.alpha()) <= tolerance;
+}
+
+/// `over` blended onto `under`, both with alpha.
+QColor blended(QColor under, QColor over)
+{
+    QImage pixel(1, 1, QImage::Format_ARGB32_Premultiplied);
+    pixel.fill(Qt::transparent);
+    QPainter painter(&pixel);
+    painter.fillRect(0, 0, 1, 1, under);
+    painter.fillRect(0, 0, 1, 1, over);
+    painter.end();
+    return pixel.pixelColor(0, 0);
+}
+
+constexpr QPoint center(176, 176);
+
+} // namespace
 
 class LauncherPanelTest final : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { RingAccessibility::install(); }
+
     void keysGoThroughTheFieldToTheRing()
     {
         PanelFixture fixture;
         fixture.showRing();
         QWidget* field = &fixture.ring().filterField();
-        QTest::keyClick(field, Qt::Key_Right);
+        QTest::keyClick(field, Qt::Key_Right, Qt::ControlModifier | Qt::AltModifier);
         QCOMPARE(fixture.ring().interaction().selectedIndex(), 1);
         QTest::keyClick(field, Qt::Key_Up);
         QCOMPARE(fixture.ring().interaction().selectedIndex(), 0);
@@ -35,51 +74,39 @@ private Q_SLOTS:
 
     void modifiersDoNotChangeWhatAKeyTypes_data()
     {
-        QTest::addColumn<int>("key");
-        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("query");
+        const Table<int, Qt::KeyboardModifiers, QString, QString> row;
         const Qt::KeyboardModifiers chord = Qt::ControlModifier | Qt::AltModifier;
-        QTest::newRow("Control+a")
-            << int(Qt::Key_A) << Qt::KeyboardModifiers(Qt::ControlModifier) << u"\x01"_s << u"a"_s;
-        QTest::newRow("held chord") << int(Qt::Key_S) << chord << QString() << u"s"_s;
-        QTest::newRow("held chord and Shift")
-            << int(Qt::Key_S) << (chord | Qt::ShiftModifier) << QString() << u"S"_s;
-        QTest::newRow("Control+0")
-            << int(Qt::Key_0) << Qt::KeyboardModifiers(Qt::ControlModifier) << QString() << u"0"_s;
-        QTest::newRow("Alt+3 types")
-            << int(Qt::Key_3) << Qt::KeyboardModifiers(Qt::AltModifier) << QString() << u"3"_s;
-        QTest::newRow("Cyrillic") << 0x0416 << Qt::KeyboardModifiers(Qt::ControlModifier)
-                                  << QString() << u"ж"_s;
-        QTest::newRow("Shift types its capital")
-            << int(Qt::Key_A) << Qt::KeyboardModifiers(Qt::ShiftModifier) << u"A"_s << u"A"_s;
-        QTest::newRow("function key types nothing")
-            << int(Qt::Key_F5) << Qt::KeyboardModifiers(Qt::ControlModifier) << QString()
-            << QString();
+        row("Control+a", Qt::Key_A, Qt::ControlModifier, u"\x01"_s, u"a"_s);
+        row("held chord", Qt::Key_S, chord, {}, u"s"_s);
+        row("held chord and Shift", Qt::Key_S, chord | Qt::ShiftModifier, {}, u"S"_s);
+        row("Control+0", Qt::Key_0, Qt::ControlModifier, {}, u"0"_s);
+        row("Alt+3 types", Qt::Key_3, Qt::AltModifier, {}, u"3"_s);
+        row("Cyrillic", 0x0416, Qt::ControlModifier, {}, u"ж"_s);
+        row("Shift types its capital", Qt::Key_A, Qt::ShiftModifier, u"A"_s, u"A"_s);
+        row("function key types nothing", Qt::Key_F5, Qt::ControlModifier, {}, {});
     }
     void modifiersDoNotChangeWhatAKeyTypes()
     {
-        QFETCH(int, key);
-        QFETCH(Qt::KeyboardModifiers, modifiers);
-        QFETCH(QString, text);
+        const auto [key, modifiers, text, query]
+            = fetch<int, Qt::KeyboardModifiers, QString, QString>();
         PanelFixture fixture;
         fixture.showRing();
         QKeyEvent event(QEvent::KeyPress, key, modifiers, text);
         QCoreApplication::sendEvent(&fixture.ring().filterField(), &event);
-        QTEST(fixture.ring().interaction().query(), "query");
+        QCOMPARE(fixture.ring().interaction().query(), query);
     }
 
     void controlAndSuperDigitsLaunch_data()
     {
-        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
-        QTest::newRow("Control") << Qt::KeyboardModifiers(Qt::ControlModifier);
-        QTest::newRow("Super") << Qt::KeyboardModifiers(Qt::MetaModifier);
-        QTest::newRow("keypad") << (Qt::ControlModifier | Qt::KeypadModifier);
-        QTest::newRow("held chord") << (Qt::ControlModifier | Qt::AltModifier);
+        const Table<Qt::KeyboardModifiers> row;
+        row("Control", Qt::ControlModifier);
+        row("Super", Qt::MetaModifier);
+        row("keypad", Qt::ControlModifier | Qt::KeypadModifier);
+        row("held chord", Qt::ControlModifier | Qt::AltModifier);
     }
     void controlAndSuperDigitsLaunch()
     {
-        QFETCH(Qt::KeyboardModifiers, modifiers);
+        const auto [modifiers] = fetch<Qt::KeyboardModifiers>();
         PanelFixture fixture;
         fixture.showRing();
         QTest::keyClick(&fixture.ring().filterField(), Qt::Key_3, modifiers);
@@ -128,6 +155,210 @@ private Q_SLOTS:
         QCOMPARE(resigned, 1);
         fixture.panel->orderOut();
         QCOMPARE(resigned, 1);
+    }
+
+    void bandIsAGradientOfTheRingColor_data()
+    {
+        const Table<QString, double, QColor, QColor> row;
+        constexpr auto tone = &withOpacity;
+        row("classic", u"#000000"_s, 0.82, tone(Qt::black, 0.82), tone(Qt::black, 0.574));
+        row("faint keeps a minimum", u"#FF0000"_s, 0.1, tone(Qt::red, 0.1), tone(Qt::red, 0.12));
+        row("opaque", u"#0000FF"_s, 1.0, tone(Qt::blue, 1.0), tone(Qt::blue, 0.7));
+        row("invalid is black", u"#nonsense"_s, 1.0, tone(Qt::black, 1.0), tone(Qt::black, 0.7));
+    }
+    void bandIsAGradientOfTheRingColor()
+    {
+        const auto [hex, opacity, top, bottom] = fetch<QString, double, QColor, QColor>();
+        PanelFixture fixture;
+        fixture.settings.ringColorHex.set(hex);
+        fixture.settings.ringOpacity.set(opacity);
+        RingScene scene = fixture.ring().scene();
+        const QImage band = RingPainter::bandImage(scene);
+        const QColor material = withOpacity(QColor(40, 40, 42), 0.45);
+        const double reach = scene.geometry.outerRadius - 3;
+        QVERIFY(isNear(band.pixelColor(center.x(), qRound(center.y() - reach)),
+                       blended(material, top)));
+        QVERIFY(isNear(band.pixelColor(center.x(), qRound(center.y() + reach)),
+                       blended(material, bottom)));
+        QCOMPARE(band.pixelColor(center).alpha(), 0);
+        QCOMPARE(band.pixelColor(0, 0).alpha(), 0);
+    }
+
+    void selectionIsSeenAndMoves()
+    {
+        PanelFixture fixture;
+        fixture.showRing();
+        const QImage before = picture(fixture);
+        const QPoint slot0(center.x() + 36, 40); // Beside the icon.
+        QVERIFY(before.pixelColor(slot0).blue() > before.pixelColor(slot0).red() + 40);
+
+        fixture.commands.moveSelectionRight();
+        fixture.mainQueue.advance(1);
+        const QImage after = picture(fixture);
+        QVERIFY(after.pixelColor(slot0).blue() < 40);
+        QCOMPARE(fixture.mainQueue.pendingTasks(), 1); // Only the field's fading still waits.
+    }
+
+    void emptyRingHasNoWedge()
+    {
+        PanelFixture fixture;
+        fixture.showRing();
+        fixture.commands.insertText(u"zz"_s);
+        fixture.settle();
+        QVERIFY(!fixture.ring().scene().showsWedge);
+        QCOMPARE(fixture.ring().scene().center.message, u"No matches"_s);
+        fixture.catalog.reindex();
+        QCOMPARE(fixture.ring().scene().center.message, QString());
+        QVERIFY(fixture.ring().scene().center.spinnerStep >= 0);
+    }
+
+    void applicationsThatDoNotRunAreDimmedUnlessFiltering()
+    {
+        PanelFixture fixture;
+        fixture.workspace.running.removeLast();
+        fixture.pin({fixture.path(u"E"_s)});
+        fixture.showRing();
+        const QImage ring = picture(fixture);
+        const QColor dimmed = ring.pixelColor(fixture.slotPoint(0));
+        const QColor running = ring.pixelColor(fixture.slotPoint(1));
+        QCOMPARE(running, QColor(Qt::red));
+        QVERIFY(dimmed.red() < 230);
+
+        fixture.commands.insertText(u"e"_s);
+        fixture.settle();
+        QCOMPARE(picture(fixture).pixelColor(fixture.slotPoint(0)), QColor(Qt::red));
+    }
+
+    void ringInFlightIsScaledAndFaded()
+    {
+        PanelFixture fixture;
+        fixture.showRing();
+        fixture.presentation.setAppearance(0.5, 0.5);
+        const QImage flying = picture(fixture);
+        const QPoint slot = fixture.slotPoint(2);
+        QVERIFY(flying.pixelColor(slot).alpha() < 30);
+        const QColor icon = flying.pixelColor((slot + center) / 2);
+        QVERIFY(icon.red() > 200 && std::abs(icon.alpha() - 128) < 4);
+    }
+
+    void nextSummonIsDrawnAheadAndItsIconsDecoded()
+    {
+        PanelFixture fixture;
+        fixture.showRing();
+        fixture.commands.insertText(u"c"_s);
+        fixture.panel->orderOut();
+        fixture.settle();
+        QCOMPARE(fixture.workQueue.waiting(), 0U);
+        const RingScene hidden = fixture.ring().scene();
+        fixture.commands.prepareForShow(true);
+        QVERIFY(hidden == fixture.ring().scene());
+        QCOMPARE(fixture.workQueue.waiting(), 0U);
+        for (const RingIcon& icon : hidden.icons) {
+            QVERIFY(!icon.icon.isNull());
+        }
+        fixture.mainQueue.advance(1);
+        QCOMPARE(fixture.mainQueue.pendingTasks(), 0);
+    }
+
+    void emptyFieldFadesUnlessItIsToStay()
+    {
+        PanelFixture fixture;
+        fixture.showRing();
+        QCOMPARE(fixture.ring().scene().center.fieldOpacity, 1.0);
+        fixture.mainQueue.advance(5);
+        QCOMPARE(fixture.ring().scene().center.fieldOpacity, 0.0);
+        fixture.commands.insertText(u"a"_s);
+        QCOMPARE(fixture.ring().scene().center.fieldOpacity, 1.0);
+
+        PanelFixture keeping;
+        keeping.settings.keepsCenterHintVisible.set(true);
+        keeping.showRing();
+        keeping.mainQueue.advance(60);
+        QCOMPARE(keeping.ring().scene().center.fieldOpacity, 1.0);
+    }
+
+    void clickLaunchesTheSlotThatWasPressed()
+    {
+        PanelFixture fixture;
+        fixture.showRing();
+        QWidget* ring = &fixture.ring();
+        QTest::mousePress(ring, Qt::LeftButton, {}, fixture.slotPoint(1));
+        QTest::mouseRelease(ring, Qt::LeftButton, {}, fixture.slotPoint(2));
+        QTest::mouseClick(ring, Qt::RightButton, {}, fixture.slotPoint(2));
+        QTest::mouseClick(ring, Qt::LeftButton, {}, center);
+        QVERIFY(fixture.workspace.opened.isEmpty());
+        QCOMPARE(fixture.closes, 0);
+        QTest::mouseClick(ring, Qt::LeftButton, {}, fixture.slotPoint(3));
+        QCOMPARE(fixture.workspace.opened, QStringList{fixture.path(u"D"_s)});
+        QCOMPARE(fixture.closes, 1);
+        QTest::mouseClick(ring, Qt::LeftButton, {}, QPoint(4, 4));
+        QCOMPARE(fixture.closes, 2);
+    }
+
+    void pointerSelectsOnceItMoves()
+    {
+        PanelFixture fixture;
+        fixture.showRing();
+        QWidget* ring = &fixture.ring();
+        const auto move = [ring](QPointF point) {
+            QMouseEvent event(
+                QEvent::MouseMove, point, ring->mapToGlobal(point), Qt::NoButton, {}, {});
+            QCoreApplication::sendEvent(ring, &event);
+        };
+        move(fixture.slotPoint(2));
+        QCOMPARE(fixture.ring().interaction().selectedIndex(), 0);
+        move(fixture.slotPoint(2) + QPoint(5, 5));
+        QCOMPARE(fixture.ring().interaction().selectedIndex(), 2);
+    }
+
+    void withoutACompositorTheRingIsOpaqueAndShaped()
+    {
+        PanelFixture fixture;
+        fixture.windowServer.compositing = false;
+        fixture.showRing();
+        fixture.ring().updateShape();
+        const QRegion shape = fixture.panel->mask();
+        QVERIFY(!shape.contains(QPoint(4, 4)));
+        QVERIFY(shape.contains(fixture.slotPoint(1)));
+        const QImage ring = picture(fixture);
+        QCOMPARE(ring.pixelColor(fixture.slotPoint(1) + QPoint(32, 0)).alpha(), 255);
+        fixture.windowServer.compositing = true;
+        fixture.ring().updateShape();
+        QVERIFY(fixture.panel->mask().isEmpty());
+    }
+
+    void assistiveTechnologyReadsTheRing()
+    {
+        PanelFixture fixture;
+        fixture.workspace.running.removeLast();
+        fixture.pin({fixture.path(u"E"_s)});
+        fixture.showRing();
+        fixture.commands.moveSelectionRight();
+        QAccessibleInterface* panel = QAccessible::queryAccessibleInterface(fixture.panel.get());
+        QCOMPARE(panel->text(QAccessible::Name), u"Tavik Launcher"_s);
+        QAccessibleInterface* ring = QAccessible::queryAccessibleInterface(&fixture.ring());
+        QList<QAccessibleInterface*> buttons;
+        QStringList texts;
+        for (int i = 0; i < ring->childCount(); ++i) {
+            QAccessibleInterface* child = ring->child(i);
+            QCOMPARE(ring->indexOfChild(child), i);
+            if (child->role() == QAccessible::PushButton) {
+                buttons << child;
+            } else if (child->role() == QAccessible::StaticText && !child->state().invisible) {
+                texts << child->text(QAccessible::Name);
+            }
+        }
+        QCOMPARE(ring->child(0)->role(), QAccessible::EditableText);
+        QCOMPARE(texts, QStringList{u"A"_s});
+        QCOMPARE(buttons.size(), 5);
+        QCOMPARE(buttons.at(0)->text(QAccessible::Name), u"E"_s);
+        QCOMPARE(buttons.at(0)->text(QAccessible::Description), QString());
+        QCOMPARE(buttons.at(1)->text(QAccessible::Description), u"running"_s);
+        QVERIFY(buttons.at(1)->state().selected && !buttons.at(0)->state().selected);
+        QCOMPARE(ring->focusChild(), buttons.at(1));
+
+        buttons.at(2)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        QCOMPARE(fixture.workspace.opened, QStringList{fixture.path(u"B"_s)});
     }
 };
 

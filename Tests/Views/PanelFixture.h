@@ -27,19 +27,9 @@ struct PanelFixture : RingFixture
         }
         walk();
         settings.showsLaunchHints.set(false);
-        for (const QString& name : {u"A"_s, u"B"_s, u"C"_s, u"D"_s, u"E"_s}) {
-            workspace.launch(path(name), u"id."_s + name);
-        }
+        launchAll();
         auto view = std::make_unique<RadialLauncherView>(RadialLauncherView::Dependencies{
-            .ring = {catalog,
-                     launcher,
-                     settings,
-                     recents,
-                     workspace,
-                     fileManager,
-                     commands,
-                     presentation,
-                     mainQueue},
+            .ring = ringDependencies(),
             .ownIdentifier = ownIdentifier,
             .iconDecoder = icons,
             .workQueue = workQueue,

@@ -1,0 +1,355 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Ring/LauncherCommands.h>
+#include <TavikLauncher/Ring/LauncherKeys.h>
+#include <TavikLauncher/Ring/PanelPlacement.h>
+#include <TavikLauncher/Ring/PresentationAnimation.h>
+#include <TavikLauncher/Ring/RingGeometry.h>
+#include <TavikLauncher/Ring/Spring.h>
+
+#include <QStringList>
+#include <QTest>
+
+#include <Support/Table.h>
+#include <cmath>
+#include <numbers>
+
+using namespace Tavik;
+using namespace Tavik::Test;
+using namespace Tavik::PanelPlacement;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+RingGeometry ring(int slotCount, double thickness = 80, double iconSize = 50)
+{
+    return RingGeometry::make({.area = QSizeF(320, 320),
+                               .ringThickness = thickness,
+                               .iconSize = iconSize,
+                               .slotCount = slotCount});
+}
+
+/// A point of the band, `degrees` clockwise from the top.
+QPointF onBand(const RingGeometry& geometry, double degrees)
+{
+    const double angle = (degrees - 90) * std::numbers::pi / 180;
+    return geometry.center + QPointF(std::cos(angle), std::sin(angle)) * geometry.iconRadius;
+}
+
+constexpr QSizeF panel(352, 352);
+
+/// A main screen with a panel of 40 points at its top, and a screen to its right that lies higher.
+QList<Screen> twoScreens()
+{
+    return {{QRectF(0, 0, 1920, 1080), QRectF(0, 0, 1920, 1040)},
+            {QRectF(1920, 200, 1280, 1024), QRectF(1920, 200, 1280, 1024)}};
+}
+
+Spring highlightSpring()
+{
+    return {.response = 0.24, .dampingFraction = 0.82, .value = 0, .target = 90};
+}
+
+/// The oscillator's equation solved in very small steps, as an independent reference.
+void integrate(Spring& spring, double seconds)
+{
+    const double stiffness = std::pow(2 * std::numbers::pi / spring.response, 2);
+    const double friction = 4 * std::numbers::pi * spring.dampingFraction / spring.response;
+    constexpr double step = 1e-6;
+    for (double t = 0; t < seconds; t += step) {
+        const double force
+            = -stiffness * (spring.value - spring.target) - friction * spring.velocity;
+        spring.velocity += force * step;
+        spring.value += spring.velocity * step;
+    }
+}
+
+LauncherCommands recordingCommands(QStringList& calls)
+{
+    const auto note = [&calls](const QString& name) {
+        return [&calls, name] {
+            calls << name;
+        };
+    };
+    return {.moveSelectionUp = note(u"up"_s),
+            .moveSelectionDown = note(u"down"_s),
+            .close = note(u"close"_s),
+            .moveSelectionLeft = note(u"left"_s),
+            .moveSelectionRight = note(u"right"_s),
+            .activate = note(u"activate"_s),
+            .quickLaunchAtIndex = [&calls](int n) { calls << u"quick %1"_s.arg(n); },
+            .insertText = [&calls](const QString& text) { calls << u"insert "_s + text; },
+            .deleteBackward = note(u"delete"_s)};
+}
+
+} // namespace
+
+class RingRulesTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void measuresFollowTheSettings_data()
+    {
+        const Table<double, double, double, double, double> row;
+        row("defaults stop at the smallest hole", 80.0, 50.0, 84.0, 50.0, 68.0);
+        row("thin band", 60.0, 50.0, 100.0, 42.0, 50.0);
+        row("thick band keeps the hole", 220.0, 92.0, 84.0, 92.0, 110.0);
+        row("smallest icon", 40.0, 64.0, 120.0, 28.0, 30.0);
+    }
+    void measuresFollowTheSettings()
+    {
+        const auto [thickness, iconSize, innerRadius, effectiveIconSize, haloSize]
+            = fetch<double, double, double, double, double>();
+        const RingGeometry geometry = ring(4, thickness, iconSize);
+        QCOMPARE(geometry.innerRadius, innerRadius);
+        QCOMPARE(geometry.effectiveIconSize, effectiveIconSize);
+        QCOMPARE(geometry.haloSize, haloSize);
+        QCOMPARE(geometry.outerRadius, 158.0);
+        QCOMPARE(geometry.iconRadius, (geometry.innerRadius + 158.0) / 2);
+    }
+
+    void slotAtFindsTheWedgeUnderThePoint_data()
+    {
+        const Table<int, double, int> row;
+        row("top", 4, 0.0, 0);
+        row("right", 4, 90.0, 1);
+        row("bottom", 4, 180.0, 2);
+        row("left", 4, 270.0, 3);
+        row("just before a boundary", 4, 44.99, 0);
+        row("just after a boundary", 4, 45.01, 1);
+        row("last slot reaches up to the top one", 4, 314.9, 3);
+        row("left of the top still belongs to slot 0", 4, 315.1, 0);
+        row("one slot owns the whole band", 1, 200.0, 0);
+        row("many slots", 24, 352.4, 23);
+    }
+    void slotAtFindsTheWedgeUnderThePoint()
+    {
+        const auto [slotCount, degreesFromTop, slot] = fetch<int, double, int>();
+        const RingGeometry geometry = ring(slotCount);
+        QCOMPARE(geometry.slotAt(onBand(geometry, degreesFromTop)), std::optional(slot));
+    }
+
+    void everySlotContainsItsOwnCenter()
+    {
+        for (int count = 1; count <= 24; ++count) {
+            const RingGeometry geometry = ring(count);
+            for (int slot = 0; slot < count; ++slot) {
+                QCOMPARE(geometry.slotAt(geometry.slotCenter(slot)), std::optional(slot));
+                QVERIFY(geometry.wedgeShape(geometry.slotAngle(slot))
+                            .contains(geometry.slotCenter(slot)));
+            }
+        }
+    }
+
+    void holeAndOutsideAreDeadButTheRadiiThemselvesAreNot()
+    {
+        const RingGeometry geometry = ring(3);
+        const auto above = [&](double distance) {
+            return geometry.center - QPointF(0, distance);
+        };
+        QVERIFY(!geometry.slotAt(above(83.9)));
+        QCOMPARE(geometry.slotAt(above(84)), std::optional(0));
+        QCOMPARE(geometry.slotAt(above(158)), std::optional(0));
+        QVERIFY(!geometry.slotAt(above(158.1)));
+        QVERIFY(!ring(0).slotAt(above(120)));
+        // The boundary between two slots belongs to the later one.
+        QCOMPARE(ring(4).slotAt(geometry.center + QPointF(90, -90)), std::optional(1));
+    }
+
+    void wedgeCoversItsSectorOnly()
+    {
+        const RingGeometry geometry = ring(6);
+        const QPainterPath wedge = geometry.wedgeShape(geometry.slotAngle(2));
+        for (int degrees = 0; degrees < 360; ++degrees) {
+            const QPointF point = onBand(geometry, degrees + 0.5);
+            QCOMPARE(wedge.contains(point), geometry.slotAt(point) == 2);
+        }
+        QVERIFY(!wedge.contains(geometry.center));
+    }
+
+    void shorterWayAroundTheRing_data()
+    {
+        const Table<double, double, double> row;
+        row("last to first goes forward", -90.0, 210.0, 270.0);
+        row("first to last goes back", 210.0, -90.0, -150.0);
+        row("half a turn keeps its direction", 90.0, -90.0, 90.0);
+        row("half a turn back keeps its direction", -90.0, 90.0, -90.0);
+        row("after many turns", 0.0, 1085.0, 1080.0);
+    }
+    void shorterWayAroundTheRing()
+    {
+        const auto [target, current, reached] = fetch<double, double, double>();
+        QCOMPARE(nearestEquivalentAngle(target, current), reached);
+    }
+
+    void centersAtThePointInsideTheVisibleFrame_data()
+    {
+        const Table<QPointF, QPointF> row;
+        row("in the middle", {960, 540}, {784, 364});
+        row("lower left corner", {0, 1}, {0, 0});
+        row("upper left, below the bar", {0, 1080}, {0, 1040 - 352});
+        row("right edge stays on its screen", {1919, 540}, {1920 - 352, 364});
+        row("first column of the next screen", {1920, 700}, {1920, 524});
+        row("far corner", {3199, 1224}, {3200 - 352, 1224 - 352});
+        row("nowhere, nearest screen", {2500, -500}, {2500 - 176, 200});
+    }
+    void centersAtThePointInsideTheVisibleFrame()
+    {
+        const auto [pointer, origin] = fetch<QPointF, QPointF>();
+        QCOMPARE(originCenteredAt(pointer, panel, twoScreens()), origin);
+    }
+
+    void oddScreensHaveTheirPlacesToo()
+    {
+        const QList<Screen> small{{QRectF(0, 0, 300, 200), QRectF(0, 0, 300, 200)}};
+        QCOMPARE(originCenteredAt({150, 100}, panel, small), QPointF(300 - 352, 200 - 352));
+        QCOMPARE(originCenteredAt({-50, 10}, panel, {}), QPointF(-226, -166));
+        const QList<Screen> equallyNear{{QRectF(0, 0, 100, 100), {}},
+                                        {QRectF(200, 0, 100, 100), {}}};
+        QCOMPARE(screenFor({150, 50}, equallyNear), &equallyNear.at(0));
+    }
+
+    void keepsClearOfAWindow_data()
+    {
+        const Table<QList<QRectF>, QPointF> row;
+        const double gap = 32;
+        row("no window: above the middle", {}, {784, 592});
+        row("a window without a place", {QRectF()}, {784, 592});
+        row("right of it", {{300, 200, 960, 700}}, {1260 + gap, 374});
+        row("no room right: left of it", {{900, 200, 960, 700}}, {900 - gap - 352, 374});
+        row("as wide as the screen: above it", {{0, 0, 1920, 500}}, {784, 500 + gap});
+        row("high up: below it", {{0, 540, 1920, 500}}, {784, 540 - gap - 352});
+        row("two", {{500, 200, 600, 600}, {1150, 100, 700, 800}}, {500 - gap - 352, 324});
+    }
+    void keepsClearOfAWindow()
+    {
+        const auto [windows, origin] = fetch<QList<QRectF>, QPointF>();
+        QCOMPARE(originOnScreen(QRectF(0, 0, 1920, 1040), panel, windows), origin);
+    }
+
+    void withNoFreePlaceTakesTheOneWithTheMostFreeArea()
+    {
+        // Everything is covered but a strip of 100 points at the left edge.
+        const QRectF screen(0, 0, 1000, 700);
+        const QRectF window(132, 32, 836, 636);
+        QCOMPARE(avoidingWindows({500, 100}, panel, screen, {window}), QPointF(0, 174));
+    }
+
+    void springObeysTheOscillatorEquationAndKeepsItsVelocity()
+    {
+        for (const double seconds : {0.02, 0.08, 0.15, 0.3}) {
+            Spring spring = highlightSpring();
+            Spring reference = spring;
+            for (const double target : {90, -90}) {
+                spring.target = reference.target = target;
+                spring.advance(seconds, 0);
+                integrate(reference, seconds);
+                QVERIFY2(std::abs(spring.value - reference.value) < 0.01,
+                         qPrintable(QString::number(seconds)));
+            }
+        }
+    }
+
+    void overshootsAndComesToRest()
+    {
+        Spring spring = highlightSpring();
+        double highest = 0;
+        double seconds = 0;
+        while (!spring.isAtRest() && seconds < 2) {
+            spring.advance(1.0 / 120, 0.05);
+            highest = std::max(highest, spring.value);
+            seconds += 1.0 / 120;
+        }
+        QCOMPARE(spring.value, 90.0);
+        QVERIFY(highest > 90.1 && highest < 93);
+        QVERIFY(seconds < 0.6);
+    }
+
+    void openingCurvePassesItsKeyFrames_data()
+    {
+        const Table<double, double> row;
+        row("dot", 0.0, 0.02);
+        row("half way out", 0.24, (0.02 + 1.1) / 2);
+        row("overshoot", 0.48, 1.1);
+        row("half way back", 0.58, 1.0);
+        row("dip", 0.68, 0.9);
+        row("quarter of the last segment", 0.76, 0.9 + 0.1 * 0.15625);
+        row("rest", 1.0, 1.0);
+        row("before", -0.1, 1.0);
+        row("after", 1.1, 1.0);
+    }
+    void openingCurvePassesItsKeyFrames()
+    {
+        const auto [progress, scale] = fetch<double, double>();
+        QVERIFY(std::abs(PresentationAnimation::bounceScale(progress, 0.02) - scale) < 1e-9);
+    }
+
+    void openingStartsAsADotAndFadesIn()
+    {
+        QCOMPARE(PresentationAnimation::startScale(320), 5.0 / 320);
+        QCOMPARE(PresentationAnimation::startScale(50), 0.08);
+        QCOMPARE(PresentationAnimation::startScale(1), 0.08);
+        QCOMPARE(PresentationAnimation::opacity(0), 0.2);
+        QCOMPARE(PresentationAnimation::opacity(0.5), 0.9);
+        QCOMPARE(PresentationAnimation::opacity(0.9), 1.0);
+    }
+
+    void keysReachTheirCommand_data()
+    {
+        const Table<int, QString, bool, bool, QString, bool> row;
+        row("Return", 36, u"\r"_s, false, false, u"activate"_s, true);
+        row("held Return launches once", 36, u"\r"_s, false, true, {}, true);
+        row("Delete", 51, u"\b"_s, false, false, u"delete"_s, true);
+        row("held Delete goes on", 51, u"\b"_s, false, true, u"delete"_s, true);
+        row("Forward Delete", 117, {}, false, false, u"delete"_s, true);
+        row("Escape", 53, u"\x1b"_s, false, false, u"close"_s, true);
+        row("Left", 123, {}, false, false, u"left"_s, true);
+        row("Right repeats", 124, {}, false, true, u"right"_s, true);
+        row("Down", 125, {}, false, false, u"down"_s, true);
+        row("Up", 126, {}, false, false, u"up"_s, true);
+        row("Command+3", -1, u"3"_s, true, false, u"quick 3"_s, true);
+        row("held Command+3 launches once", -1, u"3"_s, true, true, {}, true);
+        row("Command+0 types", -1, u"0"_s, true, false, u"insert 0"_s, true);
+        row("digit types", -1, u"3"_s, false, false, u"insert 3"_s, true);
+        row("Command+letter types", -1, u"q"_s, true, false, u"insert q"_s, true);
+        row("accented letter", -1, u"é"_s, false, false, u"insert é"_s, true);
+        row("letter with a combining mark",
+            -1,
+            u"e\u0301"_s,
+            false,
+            false,
+            u"insert e\u0301"_s,
+            true);
+        row("beyond the basic plane", -1, u"𝒜"_s, false, false, u"insert 𝒜"_s, true);
+        row("Tab passes", -1, u"\t"_s, false, false, {}, false);
+        row("C1 control passes", -1, QString(QChar(0x85)), false, false, {}, false);
+        row("two characters pass", -1, u"ab"_s, false, false, {}, false);
+        row("no characters pass", -1, {}, true, false, {}, false);
+    }
+    void keysReachTheirCommand()
+    {
+        const auto [keyCode, characters, hasCommand, repeats, call, used]
+            = fetch<int, QString, bool, bool, QString, bool>();
+        QStringList calls;
+        LauncherKey key{.charactersIgnoringModifiers = characters,
+                        .hasCommand = hasCommand,
+                        .isAutoRepeat = repeats};
+        if (keyCode >= 0) {
+            key.keyCode = static_cast<quint16>(keyCode);
+        }
+        QCOMPARE(dispatchLauncherKey(key, recordingCommands(calls)), used);
+        QCOMPARE(calls.join(u','), call);
+    }
+
+    void emptyCommandsStillUseUpTheirKeys()
+    {
+        const LauncherCommands empty;
+        QVERIFY(dispatchLauncherKey({.keyCode = 36}, empty));
+        QVERIFY(dispatchLauncherKey({.charactersIgnoringModifiers = u"a"_s}, empty));
+        QVERIFY(dispatchLauncherKey({.charactersIgnoringModifiers = u"1"_s, .hasCommand = true},
+                                    empty));
+    }
+};
+
+QTEST_APPLESS_MAIN(RingRulesTest)
+#include "RingRulesTest.moc"

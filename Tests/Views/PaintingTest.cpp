@@ -1,0 +1,291 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Settings/LaunchHints.h>
+#include <TavikLauncher/Views/AppIconArtwork.h>
+#include <TavikLauncher/Views/CenterPainter.h>
+#include <TavikLauncher/Views/IconSpriteDecoder.h>
+#include <TavikLauncher/Views/TavikIconFactory.h>
+
+#include <QGuiApplication>
+#include <QLineF>
+#include <QPainter>
+#include <QPalette>
+#include <QSvgRenderer>
+#include <QTest>
+
+#include <Support/FakeDesktop.h>
+#include <Support/MemoryUserDefaults.h>
+#include <Support/Table.h>
+#include <cmath>
+#include <numbers>
+
+using namespace Tavik;
+using namespace Tavik::Test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+RingScene scene(double diameter, double thickness)
+{
+    RingScene scene;
+    scene.diameter = diameter;
+    scene.geometry = RingGeometry::make({.area = QSizeF(diameter, diameter),
+                                         .ringThickness = thickness,
+                                         .iconSize = 50,
+                                         .slotCount = 15});
+    scene.center.hint = u"Type to filter..."_s;
+    return scene;
+}
+
+/// How far the label's rounded corners reach from the ring's centre.
+double reach(const RingScene& scene, const CenterPainter::Pill& pill)
+{
+    const QRectF& rect = pill.rect;
+    const double cornerRadius = pill.cornerRadius;
+    const double x = rect.width() / 2 - cornerRadius;
+    const double y = std::max(std::abs(rect.top() - scene.geometry.center.y()),
+                              std::abs(rect.bottom() - scene.geometry.center.y()))
+        - cornerRadius;
+    return std::hypot(x, std::max(y, 0.0)) + cornerRadius;
+}
+
+QImage drawn(const QIcon& icon, int side)
+{
+    return icon.pixmap(QSize(side, side)).toImage().convertToFormat(QImage::Format_ARGB32);
+}
+
+/// The covered area in pixels.
+double area(const QImage& image)
+{
+    double sum = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            sum += qAlpha(image.pixel(x, y)) / 255.0;
+        }
+    }
+    return sum;
+}
+
+QImage painted(void (*paint)(QPainter&, double), int side)
+{
+    QImage image(side, side, QImage::Format_ARGB32);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    paint(painter, side);
+    return image;
+}
+
+/// The mean difference of a channel over both pictures, 0 to 255.
+double difference(const QImage& first, const QImage& second)
+{
+    const QImage a = first.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    const QImage b = second.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    double sum = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            const QRgb p = a.pixel(x, y);
+            const QRgb q = b.pixel(x, y);
+            sum += std::abs(qRed(p) - qRed(q)) + std::abs(qGreen(p) - qGreen(q))
+                + std::abs(qBlue(p) - qBlue(q)) + std::abs(qAlpha(p) - qAlpha(q));
+        }
+    }
+    return sum / (4.0 * a.width() * a.height());
+}
+
+QString iconFile(const QString& name)
+{
+    return QStringLiteral(TAVIK_ICONS) + u'/' + name;
+}
+
+} // namespace
+
+class PaintingTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void labelsStayInsideTheHole()
+    {
+        for (const auto& [diameter, thickness] :
+             {std::pair(320.0, 80.0), std::pair(250.0, 60.0), std::pair(550.0, 60.0)}) {
+            RingScene ring = scene(diameter, thickness);
+            ring.center.indicator = u"Search mode"_s;
+            ring.center.query = u"a very long text that somebody typed by mistake"_s;
+            ring.center.selectedName = u"An Application With A Name Much Wider Than The Ring"_s;
+            const QList<CenterPainter::Pill> pills = CenterPainter::pills(ring);
+            QCOMPARE(pills.size(), 3);
+            for (const CenterPainter::Pill& pill : pills) {
+                QVERIFY(reach(ring, pill) <= ring.geometry.innerRadius);
+            }
+        }
+    }
+
+    void everyHintFitsTheHole()
+    {
+        RingScene ring = scene(320, 80);
+        MemoryUserDefaults defaults;
+        for (int summon = 0; summon < 11; ++summon) {
+            const QString hint
+                = LaunchHints::nextHint(defaults, {.interval = 1}).value_or(QString());
+            QVERIFY(!hint.isEmpty());
+            ring.center.launchHint = hint;
+            const QList<CenterPainter::Pill> pills = CenterPainter::pills(ring);
+            QCOMPARE(pills.size(), 1);
+            QVERIFY2(reach(ring, pills.front()) <= ring.geometry.innerRadius, qPrintable(hint));
+        }
+    }
+
+    void labelsAreStackedAboutTheCenter()
+    {
+        RingScene ring = scene(320, 80);
+        QCOMPARE(CenterPainter::pills(ring).size(), 1);
+        QCOMPARE(CenterPainter::fieldRect(ring).center(), ring.geometry.center);
+
+        ring.center.selectedName = u"Editor"_s;
+        QList<CenterPainter::Pill> pills = CenterPainter::pills(ring);
+        QCOMPARE(pills.size(), 2);
+        QCOMPARE((pills.front().rect.top() + pills.back().rect.bottom()) / 2,
+                 ring.geometry.center.y());
+        QVERIFY(pills.front().rect.bottom() < CenterPainter::fieldRect(ring).top());
+
+        ring.center.query = u"ed"_s;
+        QVERIFY(CenterPainter::pills(ring).back().rect.top()
+                > CenterPainter::fieldRect(ring).bottom());
+        ring.center.selectedName.clear();
+        ring.center.message = u"No matches"_s;
+        QCOMPARE(CenterPainter::pills(ring).size(), 2);
+    }
+
+    void fadedFieldIsNotPartOfTheShape()
+    {
+        RingScene ring = scene(320, 80);
+        ring.center.fieldOpacity = 0;
+        QVERIFY(CenterPainter::pills(ring).isEmpty());
+    }
+
+    void spriteHasRoundedCornersAndAShadow()
+    {
+        for (const auto& [side, scale] :
+             {std::pair(50, 1.0), std::pair(100, 2.0), std::pair(28, 1.0)}) {
+            ColorIconDecoder icons;
+            const QImage sprite = IconSpriteDecoder(icons).decode({u"red"_s}, side, scale);
+            const int margin = (sprite.width() - side) / 2;
+            const int middle = sprite.width() / 2;
+
+            QCOMPARE(sprite.devicePixelRatio(), scale);
+            QCOMPARE(sprite.width(), sprite.height());
+            QVERIFY(margin >= 5 * scale);
+            QCOMPARE(sprite.pixelColor(middle, middle), QColor(Qt::red));
+            QCOMPARE(sprite.pixelColor(middle, margin + 1), QColor(Qt::red));
+            QVERIFY(sprite.pixelColor(margin, margin).alphaF() < 0.25F);
+
+            const QColor below = sprite.pixelColor(middle, margin + side + qRound(scale));
+            QCOMPARE(below.red(), 0);
+            QVERIFY(below.alphaF() > 0.05F && below.alphaF() <= 0.22F);
+            const QColor above = sprite.pixelColor(middle, margin - qRound(scale) - 1);
+            QVERIFY(above.alphaF() < below.alphaF());
+            QCOMPARE(sprite.pixelColor(0, 0).alpha(), 0);
+        }
+    }
+
+    void wheelHasSixDotsAndNoMiddle()
+    {
+        const QImage wheel = drawn(TavikIconFactory::statusIcon({.size = 200}), 200);
+        QCOMPARE(wheel.pixelColor(100, 100).alpha(), 0);
+        QCOMPARE(wheel.pixelColor(0, 0).alpha(), 0);
+        for (const int degrees : {30, 90, 150, 210, 270, 330}) {
+            const double angle = degrees * std::numbers::pi / 180;
+            // Within the dot's radius of 23 up to its rim, and nothing between two dots.
+            for (const double radius : {72 - 21.0, 72.0, 72 + 21.0}) {
+                const QPointF at(100 + radius * std::cos(angle), 100 - radius * std::sin(angle));
+                QCOMPARE(wheel.pixel(int(at.x()), int(at.y())), QColor(Qt::black).rgb());
+            }
+            const double between = angle + std::numbers::pi / 6;
+            QCOMPARE(
+                wheel.pixel(int(100 + 72 * std::cos(between)), int(100 - 72 * std::sin(between))),
+                0u);
+        }
+    }
+
+    void dotsKeepALeastRadius_data()
+    {
+        const Table<int, double> row;
+        row("floor", 12, 1.8);
+        row("16 points", 16, 1.84);
+        row("18 points", 18, 2.07);
+        row("large", 100, 11.5);
+    }
+    void dotsKeepALeastRadius()
+    {
+        const auto [size, radius] = fetch<int, double>();
+        const QImage wheel = drawn(TavikIconFactory::statusIcon({.size = double(size)}), size);
+        const double expected = 6 * std::numbers::pi * radius * radius;
+        QVERIFY(std::abs(area(wheel) / expected - 1) < 0.015);
+    }
+
+    void onlyThePlainWheelIsAMask()
+    {
+        QVERIFY(TavikIconFactory::statusIcon({}).isMask());
+        QVERIFY(TavikIconFactory::statusIcon({.labelColor = Qt::white}).isMask());
+        QVERIFY(!TavikIconFactory::statusIcon({.showsUpdateBadge = true}).isMask());
+    }
+
+    void badgeSitsInTheUpperRightCorner()
+    {
+        const QIcon icon = TavikIconFactory::statusIcon({.size = 200, .showsUpdateBadge = true});
+        const QImage badge = drawn(icon, 200);
+        const QRgb red = badge.pixel(200 - 38, 38);
+        QVERIFY(qRed(red) > 200 && qBlue(red) < 90);
+        QCOMPARE(badge.pixel(200 - 3, 38), red);
+        QCOMPARE(badge.pixel(200 - 38, 3), red);
+        QCOMPARE(badge.pixel(200 - 73, 38), red);
+        QVERIFY(badge.pixel(38, 38) != red);
+        QCOMPARE(badge.pixelColor(100, 100 - 24), badge.pixelColor(100, 28)); // The middle dot.
+        QCOMPARE(badge.pixelColor(100, 100 - 27).alpha(), 0);
+    }
+
+    void badgeVariantFollowsThePaletteWhenDrawn()
+    {
+        const QIcon icon = TavikIconFactory::statusIcon({.showsUpdateBadge = true});
+        const QPalette before = QGuiApplication::palette();
+        for (const QColor& text : {QColor(Qt::white), QColor(20, 30, 40)}) {
+            QPalette palette;
+            palette.setColor(QPalette::WindowText, text);
+            QGuiApplication::setPalette(palette);
+            QCOMPARE(drawn(icon, 100).pixelColor(50, 50), text);
+        }
+        QGuiApplication::setPalette(before);
+    }
+
+    void checkedInImagesShowWhatTheProgramDraws()
+    {
+        for (const int side : {16, 22, 24, 32, 48, 64, 128, 256, 512}) {
+            const QImage file(iconFile(u"%1x%1/apps/org.tavik.Launcher.png"_s.arg(side)));
+            QCOMPARE(file.size(), QSize(side, side));
+            const QImage own = drawn(TavikIconFactory::appIcon(side), side);
+            QVERIFY(difference(file, own) < 1);
+            // A tile with round corners and something of every colour on it.
+            QCOMPARE(own.pixelColor(0, 0).alpha(), 0);
+            QCOMPARE(own.pixelColor(side / 2, side / 2), QColor(Qt::white));
+        }
+    }
+
+    void checkedInVectorsShowWhatTheProgramDraws()
+    {
+        for (const auto& [name, paint] :
+             {std::pair(u"scalable/apps/org.tavik.Launcher.svg"_s, &AppIconArtwork::paint),
+              std::pair(u"symbolic/apps/org.tavik.Launcher-symbolic.svg"_s,
+                        &AppIconArtwork::paintSymbolic)}) {
+            QSvgRenderer renderer(iconFile(name));
+            QVERIFY(renderer.isValid());
+            QImage image(256, 256, QImage::Format_ARGB32);
+            image.fill(Qt::transparent);
+            QPainter painter(&image);
+            renderer.render(&painter);
+            painter.end();
+            QVERIFY(difference(image, painted(paint, 256)) < 1);
+        }
+    }
+};
+
+QTEST_MAIN(PaintingTest)
+#include "PaintingTest.moc"

@@ -7,11 +7,13 @@
 
 #include <Support/FakeLoginItem.h>
 #include <Support/MemoryUserDefaults.h>
+#include <Support/Table.h>
 #include <cmath>
 #include <limits>
 #include <memory>
 
 using namespace Tavik;
+using namespace Tavik::Test;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -236,54 +238,33 @@ private Q_SLOTS:
 
     void pinnedPathsAreCompleted_data()
     {
-        QTest::addColumn<QVariantMap>("stored");
-        QTest::addColumn<QStringList>("pinned");
-        QTest::addColumn<QStringList>("effective");
-        QTest::addColumn<bool>("written");
-        const QString permanent = u"permanentAppPaths"_s;
-        const QString pinned = u"pinnedPermanentAppPaths"_s;
-        const QString slotNumbers = u"permanentAppSlots"_s;
-        const QVariant ab = list({u"A"_s, u"B"_s});
-        const QStringList justAB{u"A"_s, u"B"_s};
-        const QStringList justBA{u"B"_s, u"A"_s};
-        QTest::newRow("legacy slots")
-            << QVariantMap{{permanent, ab},
-                           {slotNumbers, QVariantMap{{u"B"_s, 2LL}, {u"A"_s, 0LL}, {u"C"_s, 1LL}}}}
-            << justAB << justAB << false;
-        QTest::newRow("legacy slots in another order")
-            << QVariantMap{{permanent, ab},
-                           {slotNumbers, QVariantMap{{u"B"_s, -1LL}, {u"A"_s, 10LL}}}}
-            << justBA << justBA << false;
-        QTest::newRow("legacy slots of some")
-            << QVariantMap{{permanent, ab}, {slotNumbers, QVariantMap{{u"B"_s, 5LL}}}} << justBA
-            << justBA << true;
-        QTest::newRow("legacy slots with a text count as none")
-            << QVariantMap{{permanent, ab},
-                           {slotNumbers, QVariantMap{{u"B"_s, 1LL}, {u"A"_s, u"2"_s}}}}
-            << justAB << justAB << true;
-        QTest::newRow("a stored list makes the legacy moot")
-            << QVariantMap{{permanent, ab},
-                           {pinned, QVariantList()},
-                           {slotNumbers, QVariantMap{{u"B"_s, 0LL}, {u"A"_s, 1LL}}}}
-            << justAB << justAB << true;
-        QTest::newRow("duplicates and strangers")
-            << QVariantMap{{permanent, list({u"B"_s, u"A"_s})},
-                           {pinned, list({u"A"_s, u"A"_s, u"X"_s})}}
-            << QStringList{u"A"_s, u"X"_s, u"B"_s} << justAB << true;
-        QTest::newRow("duplicates alone are not written")
-            << QVariantMap{{permanent, ab}, {pinned, list({u"B"_s, u"A"_s, u"B"_s})}} << justBA
-            << justBA << false;
-        QTest::newRow("a permanent path twice")
-            << QVariantMap{{permanent, list({u"A"_s, u"A"_s})}} << QStringList{u"A"_s}
-            << QStringList{u"A"_s} << true;
+        // The permanent paths, the pinned ones and the slots of old, as far as they are stored;
+        // what is pinned then, in which order the ring has it, and whether that is written.
+        const Table<QStringList, QVariant, QVariantMap, QStringList, QStringList, bool> row;
+        const QString a = u"A"_s;
+        const QString b = u"B"_s;
+        const QString x = u"X"_s;
+        row("slots", {a, b}, {}, {{b, 2LL}, {a, 0LL}, {x, 1LL}}, {a, b}, {a, b}, false);
+        row("slots in order", {a, b}, {}, {{b, -1LL}, {a, 10LL}}, {b, a}, {b, a}, false);
+        row("slots of some", {a, b}, {}, {{b, 5LL}}, {b, a}, {b, a}, true);
+        row("a text is no slot", {a, b}, {}, {{b, 1LL}, {a, u"2"_s}}, {a, b}, {a, b}, true);
+        row("slots are moot", {a, b}, list({}), {{b, 0LL}, {a, 1LL}}, {a, b}, {a, b}, true);
+        row("strangers", {b, a}, list({a, a, x}), {}, {a, x, b}, {a, b}, true);
+        row("duplicates alone", {a, b}, list({b, a, b}), {}, {b, a}, {b, a}, false);
+        row("a permanent path twice", {a, a}, {}, {}, {a}, {a}, true);
     }
 
     void pinnedPathsAreCompleted()
     {
-        QFETCH(const QVariantMap, stored);
-        QFETCH(const QStringList, pinned);
-        QFETCH(const QStringList, effective);
-        QFETCH(const bool, written);
+        const auto [permanent, listed, formerSlots, pinned, effective, written]
+            = fetch<QStringList, QVariant, QVariantMap, QStringList, QStringList, bool>();
+        QVariantMap stored{{u"permanentAppPaths"_s, list(permanent)}};
+        if (listed.isValid()) {
+            stored.insert(u"pinnedPermanentAppPaths"_s, listed);
+        }
+        if (!formerSlots.isEmpty()) {
+            stored.insert(u"permanentAppSlots"_s, formerSlots);
+        }
         const Fixture fixture(stored);
         QCOMPARE(fixture.settings->pinnedPermanentAppPaths(), pinned);
         QCOMPARE(fixture.settings->effectivePinnedAppPaths(), effective);

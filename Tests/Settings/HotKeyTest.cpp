@@ -1,0 +1,242 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Settings/HotKeyConfig.h>
+#include <TavikLauncher/Settings/HotKeyRecorder.h>
+#include <TavikLauncherPlatform/KeyEvents.h>
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <Support/Table.h>
+
+using namespace Tavik;
+using namespace Tavik::Test;
+using namespace Qt::StringLiterals;
+
+using KeyCode = std::optional<quint16>;
+using Characters = std::optional<QString>;
+
+namespace {
+
+constexpr quint64 capsLock = 0x10000;
+
+/// A recorder that keeps what it commits.
+struct Recorded
+{
+    Recorded()
+    {
+        recorder.onCommit = [this](const HotKeyConfig& config) {
+            QVERIFY(!recorder.isRecording());
+            names << config.displayName;
+            last = config;
+        };
+        recorder.start();
+    }
+
+    /// Plays "c co c -": what is held after each change of the modifiers.
+    void hold(const QString& script)
+    {
+        for (const QString& step : script.split(u' ')) {
+            recorder.modifierFlagsChanged(flags(step));
+        }
+    }
+    bool press(quint16 keyCode, const QString& held, const QString& characters = {})
+    {
+        return recorder.keyDown({
+            .keyCode = keyCode,
+            .modifierFlags = flags(held) | capsLock,
+            .characters = characters.isEmpty() ? std::nullopt : std::optional(characters),
+        });
+    }
+    static quint64 flags(const QString& letters)
+    {
+        quint64 result = capsLock;
+        result |= letters.contains(u's') ? ModifierFlags::shift : 0;
+        result |= letters.contains(u'c') ? ModifierFlags::control : 0;
+        result |= letters.contains(u'o') ? ModifierFlags::option : 0;
+        result |= letters.contains(u'm') ? ModifierFlags::command : 0;
+        return result;
+    }
+
+    HotKeyRecorder recorder;
+    QStringList names;
+    HotKeyConfig last;
+};
+
+} // namespace
+
+class HotKeyTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void makeNamesTheGesture_data()
+    {
+        using namespace ModifierFlags;
+        const Table<quint64, KeyCode, Characters, QString> row;
+        row("hold", control | option, {}, {}, u"⌃⌥ (hold)"_s);
+        row("all", all, 49, u" "_s, u"⌃⌥⇧⌘Space"_s);
+        row("longer in upper case", control, 27, u"ß"_s, u"⌃SS"_s);
+        row("no characters", control, 42, {}, u"⌃Key42"_s);
+        row("empty characters", control, 42, QString(), u"⌃"_s);
+        row("named key first", control, 53, u"\u001b"_s, u"⌃Esc"_s);
+        row("F10", option, 109, {}, u"⌥F10"_s);
+        row("A is code 0", option, 0, {}, u"⌥Key0"_s);
+    }
+
+    void makeNamesTheGesture()
+    {
+        const auto [flags, keyCode, characters, name]
+            = fetch<quint64, KeyCode, Characters, QString>();
+        const auto config = HotKeyConfig::make(flags, keyCode, characters);
+        QCOMPARE(config.displayName, name);
+        QCOMPARE(config.modifierFlagsRaw, flags);
+        QCOMPARE(config.keyCode, keyCode);
+    }
+
+    void makeKeepsNoDeviceDependentFlags()
+    {
+        QCOMPARE(HotKeyConfig::make(0xC0101, std::nullopt), HotKeyConfig::defaultConfig());
+        QCOMPARE(HotKeyConfig::defaultConfig().modifierFlagsRaw, quint64{0xC0000});
+    }
+
+    void jsonKeepsTheRecordAndItsName()
+    {
+        for (const HotKeyConfig& config : {
+                 HotKeyConfig{0xC0000, std::nullopt, u"⌃⌥ (hold)"_s},
+                 HotKeyConfig{0x100000, 0, u"\"\\\u2028 \u00e9😀"_s},
+                 HotKeyConfig{~quint64{0xFFFF}, 65535, QString()},
+                 HotKeyConfig{0x7FFFFFFFFFFF0000, 1, u"more than a double counts"_s},
+             }) {
+            QCOMPARE(HotKeyConfig::fromJson(config.toJson()), config);
+            QCOMPARE(config.toJson().contains("keyCode"), config.keyCode.has_value());
+        }
+    }
+
+    void jsonIsReadStrictly_data();
+
+    void jsonIsReadStrictly()
+    {
+        const auto [json, accepted] = fetch<QByteArray, bool>();
+        QCOMPARE(HotKeyConfig::fromJson(json).has_value(), accepted);
+    }
+
+    void modifiersAndAKeyAreCommittedAtThePress_data()
+    {
+        const Table<quint16, QString, QString, QString> row;
+        row("space", 49, u"co"_s, u" "_s, u"⌃⌥Space"_s);
+        row("letter", 40, u"sm"_s, u"k"_s, u"⇧⌘K"_s);
+        row("another layout's letter", 0, u"c"_s, u"ф"_s, u"⌃Ф"_s);
+        row("no characters", 42, u"c"_s, {}, u"⌃Key42"_s);
+        row("held escape", 53, u"c"_s, {}, u"⌃Esc"_s);
+        row("shift alone holds", 122, u"s"_s, {}, u"⇧F1"_s);
+    }
+
+    void modifiersAndAKeyAreCommittedAtThePress()
+    {
+        const auto [keyCode, held, characters, name] = fetch<quint16, QString, QString, QString>();
+        Recorded recorded;
+        recorded.hold(held);
+        QVERIFY(recorded.press(keyCode, held, characters));
+        QCOMPARE(recorded.names.join(u','), name);
+        QCOMPARE(recorded.last.keyCode, keyCode);
+        QCOMPARE(recorded.last.modifierFlagsRaw, Recorded::flags(held) & ModifierFlags::all);
+        // The releases that follow belong to nothing.
+        recorded.hold(u"-"_s);
+        QVERIFY(!recorded.press(keyCode, held));
+        QCOMPARE(recorded.names.size(), 1);
+    }
+
+    void modifiersAloneAreCommittedAtTheirPeakWhenAllAreReleased_data()
+    {
+        // What is held in turn; the shortcut, empty when none is committed; whether it goes on.
+        const Table<QString, QString, bool> row;
+        row("two", u"c co o -"_s, u"⌃⌥ (hold)"_s, false);
+        row("two at once", u"sm -"_s, u"⇧⌘ (hold)"_s, false);
+        row("the peak counts", u"c co com om m -"_s, u"⌃⌥⌘ (hold)"_s, false);
+        row("the later of two equals", u"c co o om m -"_s, u"⌥⌘ (hold)"_s, false);
+        row("all four", u"c cs cso csom -"_s, u"⌃⌥⇧⌘ (hold)"_s, false);
+        row("still held", u"c co o"_s, {}, true);
+        row("one cancels", u"s -"_s, {}, false);
+        row("one after another cancels", u"s c -"_s, {}, false);
+        row("none", u"- -"_s, {}, true);
+    }
+
+    void modifiersAloneAreCommittedAtTheirPeakWhenAllAreReleased()
+    {
+        const auto [script, name, goesOn] = fetch<QString, QString, bool>();
+        Recorded recorded;
+        recorded.hold(script);
+        QCOMPARE(recorded.names.join(u','), name);
+        QCOMPARE(recorded.recorder.isRecording(), goesOn);
+        QVERIFY(!recorded.last.keyCode);
+    }
+
+    void bareKeysAreSwallowedAndIgnored()
+    {
+        Recorded recorded;
+        QVERIFY(recorded.press(0, u""_s, u"a"_s));
+        QVERIFY(recorded.recorder.isRecording());
+        QVERIFY(recorded.press(53, u""_s));
+        QVERIFY(!recorded.recorder.isRecording());
+        QVERIFY(recorded.names.isEmpty());
+    }
+
+    void aNewRecordingKnowsNothingOfTheLast()
+    {
+        Recorded recorded;
+        QSignalSpy changes(&recorded.recorder, &HotKeyRecorder::isRecordingChanged);
+        recorded.hold(u"c co com"_s);
+        recorded.recorder.stop();
+        recorded.hold(u"-"_s);
+        QVERIFY(recorded.names.isEmpty());
+        recorded.recorder.start();
+        recorded.recorder.start();
+        recorded.hold(u"c cs -"_s);
+        QCOMPARE(recorded.names, QStringList{u"⌃⇧ (hold)"_s});
+        QCOMPARE(changes.size(), 3);
+    }
+
+    void ownerMayRecordAgainAtOnce()
+    {
+        Recorded recorded;
+        recorded.recorder.onCommit = [&](const HotKeyConfig& config) {
+            recorded.names << config.displayName;
+            recorded.recorder.start();
+        };
+        recorded.press(49, u"c"_s);
+        recorded.press(49, u"o"_s);
+        QCOMPARE(recorded.names, QStringList({u"⌃Space"_s, u"⌥Space"_s}));
+    }
+};
+
+// Outside of the class: moc 6.4 loses its way in raw strings.
+void HotKeyTest::jsonIsReadStrictly_data()
+{
+    const Table<QByteArray, bool> text;
+    const auto row = [&text](const char* name, const QByteArray& members, bool accepted) {
+        text(name, '{' + members + '}', accepted);
+    };
+    const QByteArray rest = R"(,"displayName":"x")";
+    row("hold form", R"("modifierFlagsRaw":786432)" + rest, true);
+    row("absent key code", R"("keyCode":null,"modifierFlagsRaw":786432)" + rest, true);
+    row("unknown member", R"("more":[1],"modifierFlagsRaw":786432)" + rest, true);
+    row("no name", R"("modifierFlagsRaw":786432)", false);
+    row("no flags", R"("displayName":"x")", false);
+    row("name of another type", R"("modifierFlagsRaw":786432,"displayName":1)", false);
+    row("flags as truth", R"("modifierFlagsRaw":true)" + rest, false);
+    row("negative flags", R"("modifierFlagsRaw":-65536)" + rest, false);
+    row("broken flags", R"("modifierFlagsRaw":786432.5)" + rest, false);
+    row("flags beyond 64 bits", R"("modifierFlagsRaw":18446744073709551616)" + rest, false);
+    row("flags beyond everything", R"("modifierFlagsRaw":1e999)" + rest, false);
+    row("key code too large", R"("keyCode":65536,"modifierFlagsRaw":786432)" + rest, false);
+    row("key code as text", R"("keyCode":"1","modifierFlagsRaw":786432)" + rest, false);
+    text("array", "[]", false);
+    text("nothing", {}, false);
+    text("deep", QByteArray(60'000, '['), false);
+    row("huge",
+        R"("modifierFlagsRaw":786432,"displayName":")" + QByteArray(1 << 20, 'x') + '"',
+        false);
+}
+
+QTEST_GUILESS_MAIN(HotKeyTest)
+#include "HotKeyTest.moc"

@@ -9,6 +9,7 @@
 
 #include <Support/FakeFileManager.h>
 #include <Support/StepWorkQueue.h>
+#include <Support/Table.h>
 #include <Support/VirtualMainQueue.h>
 
 using namespace Tavik;
@@ -89,16 +90,16 @@ private Q_SLOTS:
 
     void aStaleCatalogIsWalkedAgain_data()
     {
-        QTest::addColumn<double>("age"); // Negative: no walk has finished.
-        QTest::addColumn<bool>("isWalked");
-        QTest::newRow("never walked") << -1.0 << true;
-        QTest::newRow("fresh") << 299.0 << false;
-        QTest::newRow("just old enough") << 300.0 << true;
+        // The age of the last walk, negative when there was none.
+        const Table<double, bool> row;
+        row("never walked", -1.0, true);
+        row("fresh", 299.0, false);
+        row("just old enough", 300.0, true);
     }
 
     void aStaleCatalogIsWalkedAgain()
     {
-        QFETCH(double, age);
+        const auto [age, isWalked] = fetch<double, bool>();
         if (age >= 0) {
             m_catalog->reindex();
             m_main->advance(5000); // The age counts from the end of the walk.
@@ -106,7 +107,7 @@ private Q_SLOTS:
         m_work->runAll();
         m_main->advance(std::max(age, 0.0));
         m_catalog->reindexIfStale(std::chrono::seconds(300));
-        QTEST(m_catalog->isIndexing(), "isWalked");
+        QCOMPARE(m_catalog->isIndexing(), isWalked);
     }
 
     void recordsAreFoundByPathTheFirstOneFirst()

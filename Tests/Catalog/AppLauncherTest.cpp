@@ -8,6 +8,7 @@
 
 #include <Support/FakeWorkspace.h>
 #include <Support/MemoryUserDefaults.h>
+#include <Support/Table.h>
 
 using namespace Tavik;
 using namespace Tavik::Test;
@@ -68,34 +69,27 @@ private Q_SLOTS:
 
     void theLatestLaunchComesFirst_data()
     {
-        QTest::addColumn<QStringList>("stored");
-        QTest::addColumn<QString>("launched");
-        QTest::addColumn<QStringList>("expected");
-        QTest::newRow("again") << QStringList{u"/a"_s, u"/b"_s} << u"/a"_s
-                               << QStringList{u"/a"_s, u"/b"_s};
-        QTest::newRow("fifth") << numbered(6) << u"/4"_s
-                               << QStringList{u"/4"_s, u"/0"_s, u"/1"_s, u"/2"_s, u"/3"_s, u"/5"_s};
-        QTest::newRow("thirteenth")
-            << numbered(12) << u"/new"_s << QStringList{u"/new"_s} + numbered(11);
-        QTest::newRow("too many stored")
-            << numbered(20) << u"/19"_s << QStringList{u"/19"_s} + numbered(11);
-        QTest::newRow("case matters")
-            << QStringList{u"/A"_s} << u"/a"_s << QStringList{u"/a"_s, u"/A"_s};
-        QTest::newRow("composed or not")
-            << QStringList{u"/x"_s, u"/caf\u00e9"_s} << u"/cafe\u0301"_s
-            << QStringList{u"/cafe\u0301"_s, u"/x"_s};
+        const Table<QStringList, QString, QStringList> row;
+        row("again", {u"/a"_s, u"/b"_s}, u"/a"_s, {u"/a"_s, u"/b"_s});
+        row("fifth", numbered(6), u"/4"_s, {u"/4"_s, u"/0"_s, u"/1"_s, u"/2"_s, u"/3"_s, u"/5"_s});
+        row("thirteenth", numbered(12), u"/new"_s, QStringList{u"/new"_s} + numbered(11));
+        row("too many stored", numbered(20), u"/19"_s, QStringList{u"/19"_s} + numbered(11));
+        row("case matters", {u"/A"_s}, u"/a"_s, {u"/a"_s, u"/A"_s});
+        row("composed or not",
+            {u"/x"_s, u"/caf\u00e9"_s},
+            u"/cafe\u0301"_s,
+            {u"/cafe\u0301"_s, u"/x"_s});
     }
 
     void theLatestLaunchComesFirst()
     {
-        QFETCH(QStringList, stored);
-        QFETCH(QString, launched);
+        const auto [stored, launched, expected] = fetch<QStringList, QString, QStringList>();
         MemoryUserDefaults defaults;
         defaults.values[recentsKey] = QVariantList(stored.cbegin(), stored.cend());
         RecentAppsStore store(defaults);
         QCOMPARE(store.recentPaths(), stored);
         store.recordLaunch(launched);
-        QTEST(store.recentPaths(), "expected");
+        QCOMPARE(store.recentPaths(), expected);
         QCOMPARE(defaults.written, {recentsKey});
     }
 

@@ -13,7 +13,6 @@ using namespace Tavik;
 using namespace Qt::StringLiterals;
 
 namespace {
-
 QList<IndexedApp> appsNamed(const QStringList& names)
 {
     QList<IndexedApp> apps;
@@ -221,20 +220,6 @@ private Q_SLOTS:
                 QCOMPARE(AppSearch::results(query, apps, limit),
                          expected.first(std::min(limit, expected.size())));
             }
-        }
-    }
-
-    void resultsKeepWithinTheLimit()
-    {
-        const QList<IndexedApp> apps = appsNamed({u"Abcd"_s, u"Other"_s, u"Abc"_s, u"Ab"_s});
-        const QStringList all{u"Ab"_s, u"Abc"_s, u"Abcd"_s};
-        using Range = std::numeric_limits<qsizetype>;
-        for (const qsizetype limit : {Range::min(), qsizetype{0}, qsizetype{2}, Range::max()}) {
-            QCOMPARE(namesOf(AppSearch::results(u" ab\n"_s, apps, limit)),
-                     all.first(std::clamp<qsizetype>(limit, 1, 3)));
-            QCOMPARE(AppSearch::results({}, apps, limit).size(),
-                     std::clamp<qsizetype>(limit, 1, 4));
-            QVERIFY(AppSearch::results({}, {}, limit).isEmpty());
         }
     }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Catalog/CatalogCache.h>
+#include <TavikLauncher/Catalog/CatalogWalk.h>
 
 #include <QRegularExpression>
 #include <QTest>
@@ -7,6 +8,7 @@
 #include <Support/FakeFileManager.h>
 #include <Support/FileTree.h>
 #include <Support/StepWorkQueue.h>
+#include <Support/Table.h>
 #include <csignal>
 
 #include <sys/resource.h>
@@ -15,7 +17,8 @@ using namespace Tavik;
 using namespace Tavik::Test;
 using namespace Qt::StringLiterals;
 
-class CatalogCacheTest final : public QObject
+/// What the walk finds, and what the cache keeps of it.
+class CatalogFilesTest final : public QObject
 {
     Q_OBJECT
 
@@ -27,6 +30,102 @@ private Q_SLOTS:
         m_files = std::make_unique<FakeFileManager>();
         m_files->support = {.path = m_tree->path(), .error = {}};
         m_files->existing = {m_safe.path(), m_plain.path()};
+    }
+
+    void onlyTheUsersOwnLinksAreDropped_data()
+    {
+        // Path, whether it is a link, its owner if that can be asked, the user, whether it is
+        // listed.
+        const Table<QString, bool, Owner, unsigned, bool> row;
+        row("own link", u"/A/X.app"_s, true, 1000, 1000U, false);
+        row("root's link", u"/A/X.app"_s, true, 0, 1000U, true);
+        row("own link as root", u"/A/X.app"_s, true, 0, 0U, true);
+        row("unknown owner", u"/A/X.app"_s, true, {}, 1000U, true);
+        row("own folder", u"/A/X.app"_s, false, 1000, 1000U, true);
+        row("own entry", u"/A/X.desktop"_s, true, 1000, 1000U, true);
+    }
+
+    void onlyTheUsersOwnLinksAreDropped()
+    {
+        const auto [path, isLink, owner, user, isListed]
+            = fetch<QString, bool, Owner, unsigned, bool>();
+        addEntry(path, u"x"_s);
+        m_files->user = user;
+        m_files->items[u"/A"_s] = {{.path = path, .isSymbolicLink = isLink, .ownerId = owner}};
+        QCOMPARE(!walk({u"/A"_s}).isEmpty(), isListed);
+    }
+
+    void onlyExactEndingsCount()
+    {
+        const QString names
+            = u"Good.app Loud.APP x.appx xapp good.desktop x.Desktop x.desktop~ a.app.bak"_s;
+        for (const QString& name : names.split(u' ')) {
+            addEntry(u"/A/"_s + name, name);
+        }
+        QCOMPARE(walk({u"/A"_s}), QStringList({u"/A/Good.app"_s, u"/A/good.desktop"_s}));
+    }
+
+    void theSamePathCountsOnceAndCopiesCountTwice()
+    {
+        Bundle bundle;
+        bundle.identifier = u"org.example.x"_s;
+        add(u"/A/X.app"_s, bundle);
+        add(u"/B/X.app"_s, bundle);
+        m_files->items[u"/B"_s] += m_files->items[u"/A"_s];
+        QCOMPARE(walk({u"/A"_s, u"/B"_s, u"/A"_s}), QStringList({u"/A/X.app"_s, u"/B/X.app"_s}));
+    }
+
+    void theFirstEntryHidesTheOnesBelowButNoBundleDoes()
+    {
+        Bundle folder;
+        folder.identifier = u"viewer"_s;
+        add(u"/user/viewer.app"_s, folder);
+        addEntry(u"/user/edited.desktop"_s, u"edited"_s);
+        addEntry(u"/user/unwanted.desktop"_s, u"unwanted"_s, true);
+        addEntry(u"/system/edited.desktop"_s, u"edited"_s);
+        addEntry(u"/system/unwanted.desktop"_s, u"unwanted"_s);
+        addEntry(u"/system/viewer.desktop"_s, u"viewer"_s);
+        QStringList listed = walk({u"/user"_s, u"/system"_s});
+        listed.sort();
+        QCOMPARE(
+            listed,
+            QStringList(
+                {u"/system/viewer.desktop"_s, u"/user/edited.desktop"_s, u"/user/viewer.app"_s}));
+    }
+
+    void theNameIsTheFirstThatIsThere()
+    {
+        const auto shown
+            = [](const std::optional<QString>& display, const std::optional<QString>& name) {
+                  Bundle bundle;
+                  bundle.displayName = display;
+                  bundle.name = name;
+                  return CatalogWalk::displayName(u"/Applications/Foo Bar 2.0.app"_s, bundle);
+              };
+        QCOMPARE(shown(u"Display"_s, u"Name"_s), u"Display"_s);
+        QCOMPARE(shown(u""_s, u"Name"_s), u""_s);
+        QCOMPARE(shown({}, u"Name"_s), u"Name"_s);
+        QCOMPARE(shown({}, {}), u"Foo Bar 2.0"_s);
+    }
+
+    void recordsCarryWhatTheBundleSaysAndAreSortedWithoutCase()
+    {
+        Bundle bundle;
+        bundle.name = u"beta"_s;
+        bundle.identifier = u"org.example.told"_s;
+        bundle.iconSource = u"/A/Told.app/icon.png"_s;
+        add(u"/A/Told.app"_s, bundle);
+        add(u"/A/Gamma.app"_s, {});
+        add(u"/A/Alpha.app"_s, {});
+        const auto apps = CatalogWalk::loadApplications(*m_files, {u"/missing"_s, u"/A"_s});
+        const QList<IndexedApp> expected{
+            {u"Alpha"_s, std::nullopt, u"/A/Alpha.app"_s, {}},
+            {u"beta"_s, u"org.example.told"_s, u"/A/Told.app"_s, {}},
+            {u"Gamma"_s, std::nullopt, u"/A/Gamma.app"_s, {}},
+        };
+        QCOMPARE(apps, expected);
+        QCOMPARE(apps.at(1).icon().source, u"/A/Told.app/icon.png"_s);
+        QCOMPARE(apps.at(2).icon().source, QString());
     }
 
     void theFileIsAPlainCompactArray()
@@ -66,10 +165,7 @@ private Q_SLOTS:
 
     void unreadableContentIsLoggedOnce_data()
     {
-        QTest::addColumn<QByteArray>("content");
-        const auto row = [](const char* name, const QByteArray& content) {
-            QTest::newRow(name) << content;
-        };
+        const Table<QByteArray> row;
         row("an object", R"({"name":"A","path":"/A/Safe.app"})");
         row("a text", R"("no")");
         row("broken", "[{");
@@ -84,7 +180,7 @@ private Q_SLOTS:
 
     void unreadableContentIsLoggedOnce()
     {
-        QFETCH(QByteArray, content);
+        const auto [content] = fetch<QByteArray>();
         write(content);
         QTest::ignoreMessage(QtWarningMsg,
                              QRegularExpression(u"^TavikLauncher: failed to load cache: \\S"_s));
@@ -161,6 +257,31 @@ private Q_SLOTS:
     }
 
 private:
+    void add(const QString& path, const Bundle& bundle)
+    {
+        const QString folder = path.left(path.lastIndexOf(u'/'));
+        m_files->items[folder].append({.path = path, .isSymbolicLink = false, .ownerId = 0});
+        m_files->bundles[path] = bundle;
+    }
+    void addEntry(const QString& path, const QString& identifier, bool isHidden = false)
+    {
+        Bundle bundle;
+        bundle.kind = Bundle::Kind::desktopEntry;
+        bundle.name = identifier;
+        bundle.identifier = identifier;
+        bundle.isHidden = isHidden;
+        add(path, bundle);
+    }
+    [[nodiscard]] QStringList walk(const QStringList& folders) const
+    {
+        QStringList paths;
+        for (const IndexedApp& app : CatalogWalk::loadApplications(*m_files, folders)) {
+            paths.append(app.path());
+        }
+        return paths;
+    }
+
+    using Owner = std::optional<unsigned>;
     void write(const QByteArray& bytes) const { m_tree->write(m_file, bytes); }
     void save(const QList<IndexedApp>& apps)
     {
@@ -181,5 +302,5 @@ private:
     const IndexedApp m_plain{u"Plain ü"_s, std::nullopt, u"/A/Plain.app"_s, {}};
 };
 
-QTEST_GUILESS_MAIN(CatalogCacheTest)
-#include "CatalogCacheTest.moc"
+QTEST_GUILESS_MAIN(CatalogFilesTest)
+#include "CatalogFilesTest.moc"

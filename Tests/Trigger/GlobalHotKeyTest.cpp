@@ -4,6 +4,7 @@
 #include <QTest>
 
 #include <Support/FakeKeyEvents.h>
+#include <Support/Table.h>
 #include <Support/VirtualMainQueue.h>
 
 using namespace Tavik;
@@ -77,6 +78,16 @@ struct Triggered
     GlobalHotKey hotKey;
 };
 
+struct Registered : Triggered
+{
+    Registered()
+    {
+        if (!hotKey.registerHotKey()) {
+            qFatal("The shortcut could not be registered.");
+        }
+    }
+};
+
 HotKeyConfig keyed()
 {
     return HotKeyConfig::make(chord, space);
@@ -91,12 +102,8 @@ class GlobalHotKeyTest final : public QObject
 private Q_SLOTS:
     void sourcesTogetherTellEachPressOnce_data()
     {
-        QTest::addColumn<QString>("script");
-        QTest::addColumn<QStringList>("story");
+        const Table<QString, QStringList> row;
         const QStringList once{u"P10"_s, u"R11"_s};
-        const auto row = [](const char* name, const QString& script, const QStringList& story) {
-            QTest::newRow(name) << script << story;
-        };
         row("local alone", u"L9:ctrl L10:chord L11:ctrl L11.1:"_s, once);
         row("tap alone", u"T9:ctrl T10:chord T11:ctrl T11.1:"_s, once);
         row("global alone", u"G9:ctrl G10:chord G11:ctrl G11.1:"_s, once);
@@ -126,18 +133,16 @@ private Q_SLOTS:
 
     void sourcesTogetherTellEachPressOnce()
     {
-        QFETCH(const QString, script);
-        Triggered triggered;
-        QVERIFY(triggered.hotKey.registerHotKey());
+        const auto [script, story] = fetch<QString, QStringList>();
+        Registered triggered;
         triggered.play(script);
-        QTEST(triggered.story, "story");
+        QCOMPARE(triggered.story, story);
     }
 
     void pressToldLateWithALaterTimeIsCheckedAgainstTheKeyboard()
     {
         // The second source stamps the same press and release some milliseconds later.
-        Triggered triggered;
-        QVERIFY(triggered.hotKey.registerHotKey());
+        Registered triggered;
         triggered.keys.held = 0;
         triggered.play(u"T10:chord T10.01: G10.012:chord G10.02:"_s);
         QCOMPARE(triggered.story, QStringList({u"P10"_s, u"R10.01"_s}));
@@ -150,8 +155,7 @@ private Q_SLOTS:
 
     void lostReleaseIsFoundByAsking()
     {
-        Triggered triggered;
-        QVERIFY(triggered.hotKey.registerHotKey());
+        Registered triggered;
         triggered.keys.held = chord;
         triggered.play(u"T1000:chord"_s);
         triggered.queue.advance(5);
@@ -171,8 +175,7 @@ private Q_SLOTS:
 
     void focusThatMovesIsAReasonToAskAtOnce()
     {
-        Triggered triggered;
-        QVERIFY(triggered.hotKey.registerHotKey());
+        Registered triggered;
         triggered.keys.focusChanged();
         QCOMPARE(triggered.keys.heldQuestions, 0);
         triggered.play(u"T1000:chord"_s);
@@ -186,8 +189,7 @@ private Q_SLOTS:
 
     void keyboardThatCannotBeAskedLeavesItToTheSources()
     {
-        Triggered triggered;
-        QVERIFY(triggered.hotKey.registerHotKey());
+        Registered triggered;
         triggered.play(u"T1000:chord"_s);
         triggered.queue.advance(3);
         triggered.play(u"T1003:"_s);
@@ -196,26 +198,17 @@ private Q_SLOTS:
 
     void registrationSaysWhichSourcesServe_data()
     {
-        QTest::addColumn<QString>("sources");
-        QTest::addColumn<bool>("isTrusted");
-        QTest::addColumn<QString>("line");
-        QTest::addColumn<bool>("succeeds");
-        QTest::newRow("all") << u"LTG"_s << true << u"local=1 tap=1 global=1 AXTrusted=1"_s << true;
-        QTest::newRow("no tap without trust")
-            << u"LTG"_s << false << u"local=1 tap=0 global=1 AXTrusted=0"_s << true;
-        QTest::newRow("no tap") << u"LG"_s << true << u"local=1 tap=0 global=1 AXTrusted=1"_s
-                                << true;
-        QTest::newRow("tap alone")
-            << u"T"_s << true << u"local=0 tap=1 global=0 AXTrusted=1"_s << true;
-        QTest::newRow("none") << u""_s << true << u"local=0 tap=0 global=0 AXTrusted=1"_s << false;
+        const Table<QString, bool, QString, bool> row;
+        row("all", u"LTG"_s, true, u"local=1 tap=1 global=1 AXTrusted=1"_s, true);
+        row("no tap without trust", u"LTG"_s, false, u"local=1 tap=0 global=1 AXTrusted=0"_s, true);
+        row("no tap", u"LG"_s, true, u"local=1 tap=0 global=1 AXTrusted=1"_s, true);
+        row("tap alone", u"T"_s, true, u"local=0 tap=1 global=0 AXTrusted=1"_s, true);
+        row("none", u""_s, true, u"local=0 tap=0 global=0 AXTrusted=1"_s, false);
     }
 
     void registrationSaysWhichSourcesServe()
     {
-        QFETCH(const QString, sources);
-        QFETCH(const bool, isTrusted);
-        QFETCH(const QString, line);
-        QFETCH(const bool, succeeds);
+        const auto [sources, isTrusted, line, succeeds] = fetch<QString, bool, QString, bool>();
         Triggered triggered;
         triggered.keys.hasLocal = sources.contains(u'L');
         triggered.keys.hasTap = sources.contains(u'T');
@@ -231,8 +224,7 @@ private Q_SLOTS:
 
     void firstEventOfEachSourceIsLoggedOnce()
     {
-        Triggered triggered;
-        QVERIFY(triggered.hotKey.registerHotKey());
+        Registered triggered;
         QTest::failOnWarning(QRegularExpression(u".*"_s));
         for (const char* source : {"event tap", "global monitor", "local monitor"}) {
             QTest::ignoreMessage(
@@ -244,8 +236,7 @@ private Q_SLOTS:
 
     void tapThatWasSwitchedOffIsSwitchedOnAndItsFirstEventsAreOld()
     {
-        Triggered triggered;
-        QVERIFY(triggered.hotKey.registerHotKey());
+        Registered triggered;
         triggered.keys.tapEnabled = false;
         triggered.keys.tapDisabled();
         QVERIFY(triggered.keys.tapEnabled);
@@ -261,8 +252,7 @@ private Q_SLOTS:
 
     void watchdogSwitchesTheTapOnWithinASecond()
     {
-        Triggered triggered;
-        QVERIFY(triggered.hotKey.registerHotKey());
+        Registered triggered;
         triggered.queue.advance(2.5);
         QCOMPARE(triggered.keys.tapEnablings, 0);
         triggered.keys.tapEnabled = triggered.keys.tapCanBeEnabled = false;
@@ -277,8 +267,7 @@ private Q_SLOTS:
 
     void watchdogStandsDownWhenTrustIsWithdrawn()
     {
-        Triggered triggered;
-        QVERIFY(triggered.hotKey.registerHotKey());
+        Registered triggered;
         int revocations = 0;
         triggered.hotKey.onAccessibilityRevoked = [&] {
             ++revocations;
@@ -331,8 +320,7 @@ private Q_SLOTS:
 
     void unregisteringUndoesEverything()
     {
-        Triggered triggered;
-        QVERIFY(triggered.hotKey.registerHotKey());
+        Registered triggered;
         triggered.keys.held = chord;
         triggered.play(u"L1000:chord"_s);
         triggered.hotKey.unregister();
@@ -391,18 +379,17 @@ private Q_SLOTS:
 
     void impossibleShortcutsAreNotRegisteredWithOneLine_data()
     {
-        QTest::addColumn<HotKeyConfig>("config");
-        QTest::newRow("no modifier, no key") << HotKeyConfig::make(0, std::nullopt);
-        QTest::newRow("no modifier") << HotKeyConfig::make(0, space);
-        QTest::newRow("unknown bits alone") << HotKeyConfig::make(quint64{1} << 60, std::nullopt);
-        QTest::newRow("absent key") << HotKeyConfig::make(chord, quint16{52});
-        QTest::newRow("absent modifier")
-            << HotKeyConfig::make(chord | ModifierFlags::command, std::nullopt);
+        const Table<HotKeyConfig> row;
+        row("no modifier, no key", HotKeyConfig::make(0, std::nullopt));
+        row("no modifier", HotKeyConfig::make(0, space));
+        row("unknown bits alone", HotKeyConfig::make(quint64{1} << 60, std::nullopt));
+        row("absent key", HotKeyConfig::make(chord, quint16{52}));
+        row("absent modifier", HotKeyConfig::make(chord | ModifierFlags::command, std::nullopt));
     }
 
     void impossibleShortcutsAreNotRegisteredWithOneLine()
     {
-        QFETCH(const HotKeyConfig, config);
+        const auto [config] = fetch<HotKeyConfig>();
         Triggered triggered(config);
         triggered.keys.missingKeys = {52};
         triggered.keys.missingModifiers = ModifierFlags::command;

@@ -3,7 +3,10 @@
 
 #include <QTest>
 
+#include <Support/Table.h>
+
 using namespace Tavik;
+using namespace Tavik::Test;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -60,12 +63,7 @@ class TriggerGesturesTest final : public QObject
 private Q_SLOTS:
     void chordPinsOnlyAfterAShortTapAndAShortWait_data()
     {
-        QTest::addColumn<QString>("script");
-        QTest::addColumn<bool>("isVisible");
-        QTest::addColumn<bool>("isPinned");
-        const auto row = [](const char* name, const QString& script, bool visible, bool pinned) {
-            QTest::newRow(name) << script << visible << pinned;
-        };
+        const Table<QString, bool, bool> row;
         row("held", u"P10"_s, true, false);
         row("tapped", u"P10 R10.2"_s, false, false);
         row("tap and press", u"P10 R10.2 P10.7"_s, true, true);
@@ -92,11 +90,11 @@ private Q_SLOTS:
 
     void chordPinsOnlyAfterAShortTapAndAShortWait()
     {
-        QFETCH(const QString, script);
+        const auto [script, isVisible, isPinned] = fetch<QString, bool, bool>();
         Gestured gestured;
         gestured.play(script);
-        QTEST(gestured.isVisible, "isVisible");
-        QTEST(gestured.isPinned, "isPinned");
+        QCOMPARE(gestured.isVisible, isVisible);
+        QCOMPARE(gestured.isPinned, isPinned);
     }
 
     void nothingPinsWhenTheUserDoesNotWantIt()

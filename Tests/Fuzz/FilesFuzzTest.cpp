@@ -1,14 +1,19 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Catalog/CatalogCache.h>
 #include <TavikLauncherPlatform/Linux/Files/ApplicationFolder.h>
 #include <TavikLauncherPlatform/Linux/Files/DesktopEntryFile.h>
 #include <TavikLauncherPlatform/Linux/Files/IconThemeIndex.h>
 
+#include <QFile>
+#include <QLoggingCategory>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <Fuzz/Mutator.h>
+#include <Support/BinaryPropertyList.h>
+#include <Support/FakeFileManager.h>
+#include <Support/StepWorkQueue.h>
 #include <algorithm>
-#include <cstdlib>
-#include <plist/plist.h>
 
 using namespace Tavik;
 using namespace Tavik::Test;
@@ -29,28 +34,45 @@ const QByteArray wellFormedList
       "array>\n"
       "</dict></plist>\n";
 
-QByteArray binaryList()
-{
-    plist_t node = nullptr;
-    plist_from_memory(
-        wellFormedList.constData(), static_cast<uint32_t>(wellFormedList.size()), &node);
-    char* bytes = nullptr;
-    uint32_t length = 0;
-    plist_to_bin(node, &bytes, &length);
-    const QByteArray result(bytes, static_cast<qsizetype>(length));
-    std::free(bytes);
-    plist_free(node);
-    return result;
-}
-
 } // namespace
 
-/// What other programs install: entries, themes, bundles' lists.
+/// Our own cache, and what other programs install: entries, themes, bundles' lists.
 class FilesFuzzTest final : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
+    void damagedCachesYieldExistingApplicationsOrNothing()
+    {
+        QLoggingCategory::setFilterRules(u"tavik.catalog.warning=false"_s);
+        const QTemporaryDir folder;
+        FakeFileManager files;
+        StepWorkQueue queue;
+        files.support = {.path = folder.path(), .error = {}};
+        QList<IndexedApp> apps;
+        for (int number = 0; number < 40; ++number) {
+            const QString path = u"/Applications/App %1.app"_s.arg(number);
+            files.existing.insert(path);
+            apps.append(IndexedApp(u"Näme \"%1\""_s.arg(number), u"org.example.x"_s, path, {}));
+        }
+        CatalogCache::saveCachedApplications(files, queue, apps);
+        queue.runAll();
+        QFile file(*CatalogCache::cacheURL(files));
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        const QByteArray wellFormed = file.readAll();
+
+        tryDamaged(7, wellFormed, 1500, [&](const QByteArray& damaged, int& understood) {
+            QVERIFY(file.resize(0) && file.seek(0));
+            QCOMPARE(file.write(damaged), damaged.size());
+            QVERIFY(file.flush());
+            const QList<IndexedApp> loaded = CatalogCache::loadCachedApplications(files);
+            understood += loaded.isEmpty() ? 0 : 1;
+            for (const IndexedApp& app : loaded) {
+                QVERIFY(files.existing.contains(app.path()));
+            }
+        });
+    }
+
     void damagedEntriesAreSafeToShow()
     {
         const QByteArray wellFormed
@@ -98,7 +120,7 @@ private Q_SLOTS:
 
     void damagedListsAreReadOrRefused()
     {
-        for (const QByteArray& list : {wellFormedList, binaryList()}) {
+        for (const QByteArray& list : {wellFormedList, binaryPropertyList(wellFormedList)}) {
             QVERIFY(ApplicationFolder::parse(list));
             tryDamaged(11, list, 800, [](const QByteArray& damaged, int& understood) {
                 if (damaged.size() <= ApplicationFolder::maxInfoSize) { // Else refused unread.

@@ -43,16 +43,12 @@ private:
         case 2: // Duplicate a piece.
             bytes.insert(position(bytes), piece(bytes));
             return;
-        case 3: { // Move a piece onto another place.
-            const QByteArray moved = piece(bytes);
-            bytes.replace(position(bytes), moved.size(), moved);
+        case 3: // Write a piece over another.
+            bytes.replace(position(bytes), 32, piece(bytes));
             return;
-        }
-        case 4: { // Cut a piece out.
-            const qsizetype begin = position(bytes);
-            bytes.remove(begin, m_random.bounded(1, 33));
+        case 4: // Cut a piece out.
+            bytes.remove(position(bytes), m_random.bounded(1, 33));
             return;
-        }
         default:
             insertToken(bytes);
         }

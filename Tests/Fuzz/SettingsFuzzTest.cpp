@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Settings/LauncherSettings.h>
+#include <TavikLauncher/Settings/SettingsBackup.h>
 #include <TavikLauncherPlatform/Linux/Storage/PropertyListDefaults.h>
 #include <TavikLauncherPlatform/NotificationCenter.h>
 
@@ -8,13 +9,15 @@
 #include <QTest>
 
 #include <Fuzz/Mutator.h>
+#include <Support/FakeFileManager.h>
 #include <Support/FakeLoginItem.h>
 #include <Support/FileTree.h>
+#include <Support/MemoryUserDefaults.h>
 #include <Support/StepWorkQueue.h>
 #include <Support/VirtualMainQueue.h>
 
 using namespace Tavik;
-using Test::tryDamaged;
+using namespace Tavik::Test;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -38,7 +41,7 @@ public:
 /// Every setting there is, as the program writes it.
 QByteArray wellFormedDefaults()
 {
-    Test::FakeLoginItem loginItem;
+    FakeLoginItem loginItem;
     NotificationCenter notifications;
     ReadDefaults defaults{PropertyList()};
     LauncherSettings settings(defaults, loginItem, notifications);
@@ -52,16 +55,23 @@ QByteArray wellFormedDefaults()
     return defaults.values.toXml();
 }
 
+void verifyInRange(const LauncherSettings& settings)
+{
+    QVERIFY(settings.ringDiameter() >= 250 && settings.ringDiameter() <= 550);
+    QVERIFY(settings.ringOpacity() >= 0.2 && settings.ringOpacity() <= 1);
+    QVERIFY(settings.maxVisibleApps() >= 1 && settings.maxVisibleApps() <= 24);
+}
+
 } // namespace
 
-class DefaultsFuzzTest : public QObject
+class SettingsFuzzTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void damagedDefaultsStillGiveSettingsInRange()
     {
-        Test::FakeLoginItem loginItem;
+        FakeLoginItem loginItem;
         NotificationCenter notifications;
         tryDamaged(1, wellFormedDefaults(), 600, [&](const QByteArray& damaged, int& understood) {
             auto list = PropertyList::fromXml(damaged);
@@ -71,9 +81,7 @@ private Q_SLOTS:
             ++understood;
             ReadDefaults defaults(*std::move(list));
             LauncherSettings settings(defaults, loginItem, notifications);
-            QVERIFY(settings.ringDiameter() >= 250 && settings.ringDiameter() <= 550);
-            QVERIFY(settings.ringOpacity() >= 0.2 && settings.ringOpacity() <= 1);
-            QVERIFY(settings.maxVisibleApps() >= 1 && settings.maxVisibleApps() <= 24);
+            verifyInRange(settings);
             const QStringList& permanent = settings.permanentAppPaths();
             QCOMPARE(settings.effectivePinnedAppPaths().size(),
                      QSet<QString>(permanent.begin(), permanent.end()).size());
@@ -88,10 +96,10 @@ private Q_SLOTS:
     void damagedFilesAreUnderstoodOrKept()
     {
         QLoggingCategory::setFilterRules(u"tavik.storage.warning=false"_s);
-        Test::VirtualMainQueue queue;
-        Test::StepWorkQueue work;
+        VirtualMainQueue queue;
+        StepWorkQueue work;
         tryDamaged(3, wellFormedDefaults(), 600, [&](const QByteArray& damaged, int& understood) {
-            const Test::FileTree tree;
+            const FileTree tree;
             const QString path = tree.write(u"Defaults.plist"_s, damaged);
             (void)PropertyListDefaults(path, queue, work);
             const QStringList files = QDir(tree.path()).entryList(QDir::Files);
@@ -100,6 +108,35 @@ private Q_SLOTS:
             QVERIFY(kept.open(QIODevice::ReadOnly));
             QCOMPARE(kept.readAll(), damaged);
             understood += files.first() == u"Defaults.plist"_s ? 1 : 0;
+        });
+    }
+
+    void damagedBackupsLeaveValidSettingsOrChangeNothing()
+    {
+        MemoryUserDefaults defaults;
+        FakeLoginItem loginItem;
+        NotificationCenter notifications;
+        FakeFileManager files;
+        LauncherSettings settings(defaults, loginItem, notifications);
+        for (int number = 0; number < 6; ++number) {
+            const QString path = u"/Applications/Äpp %1.app"_s.arg(number);
+            files.existing.insert(path);
+            settings.addPermanentApp(path);
+        }
+        tryDamaged(11, settings.exportBackup(), 1200, [&](const QByteArray& damaged, int& taken) {
+            defaults.written.clear();
+            if (!settings.applyBackup(damaged, files)) {
+                QVERIFY(defaults.written.isEmpty());
+                return;
+            }
+            ++taken;
+            verifyInRange(settings);
+            for (const QString& path :
+                 settings.permanentAppPaths() + settings.pinnedPermanentAppPaths()) {
+                QVERIFY(files.existing.contains(path));
+            }
+            // Whatever has been taken over can be written and read again.
+            QVERIFY(settings.applyBackup(settings.exportBackup(), files));
         });
     }
 
@@ -116,6 +153,6 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(DefaultsFuzzTest)
+QTEST_APPLESS_MAIN(SettingsFuzzTest)
 
-#include "DefaultsFuzzTest.moc"
+#include "SettingsFuzzTest.moc"

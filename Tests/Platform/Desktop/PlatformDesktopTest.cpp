@@ -4,22 +4,18 @@
 #include <TavikLauncherPlatform/Linux/Desktop/KeyCodes.h>
 #include <TavikLauncherPlatform/Linux/Desktop/LaunchEnvironment.h>
 #include <TavikLauncherPlatform/Linux/Desktop/PortalAppearance.h>
-#include <TavikLauncherPlatform/Linux/Desktop/QtScreens.h>
 #include <TavikLauncherPlatform/Linux/Desktop/RunningApplicationList.h>
 #include <TavikLauncherPlatform/Linux/Desktop/WindowMatching.h>
 #include <TavikLauncherPlatform/Linux/X11/X11GrabModifiers.h>
-#include <TavikLauncherPlatform/Linux/X11/X11Properties.h>
 
 #include <QDBusVariant>
-#include <QDir>
-#include <QFile>
-#include <QSet>
-#include <QTemporaryDir>
 #include <QTest>
 
-#include <Support/StepWorkQueue.h>
+#include <Support/FileTree.h>
+#include <Support/Table.h>
 
 namespace Tavik {
+using namespace Test;
 
 class PlatformDesktopTest : public QObject
 {
@@ -70,65 +66,56 @@ private Q_SLOTS:
 
     void windowNamesItsEntry_data()
     {
-        QTest::addColumn<QString>("hint");
-        QTest::addColumn<QString>("instance");
-        QTest::addColumn<QString>("className");
-        QTest::addColumn<QString>("id");
-        QTest::newRow("hint before class") << u"two"_qs << u""_qs << u"OneClass"_qs << u"two"_qs;
-        QTest::newRow("hint as a path") << u"/apps/two.desktop"_qs << u""_qs << u""_qs << u"two"_qs;
-        QTest::newRow("unknown hint")
-            << u"none"_qs << u""_qs << u"OneClass"_qs << u"org.one.One"_qs;
-        QTest::newRow("its case aside") << u""_qs << u"x"_qs << u"oneclass"_qs << u"org.one.One"_qs;
-        QTest::newRow("instance") << u""_qs << u"office-calc"_qs << u"Office"_qs
-                                  << u"office-calc"_qs;
-        QTest::newRow("identifier") << u""_qs << u"x"_qs << u"Two"_qs << u"two"_qs;
-        QTest::newRow("nothing") << u""_qs << u""_qs << u""_qs << u""_qs;
+        const Table<QString, QString, QString, QString> row;
+        row("hint before class", u"two"_qs, u""_qs, u"OneClass"_qs, u"two"_qs);
+        row("hint as a path", u"/apps/two.desktop"_qs, u""_qs, u""_qs, u"two"_qs);
+        row("unknown hint", u"none"_qs, u""_qs, u"OneClass"_qs, u"org.one.One"_qs);
+        row("its case aside", u""_qs, u"x"_qs, u"oneclass"_qs, u"org.one.One"_qs);
+        row("instance", u""_qs, u"office-calc"_qs, u"Office"_qs, u"office-calc"_qs);
+        row("identifier", u""_qs, u"x"_qs, u"Two"_qs, u"two"_qs);
+        row("nothing", u""_qs, u""_qs, u""_qs, u""_qs);
     }
 
     void windowNamesItsEntry()
     {
-        QFETCH(const QString, hint);
-        QFETCH(const QString, instance);
-        QFETCH(const QString, className);
-        QTEST(idOf(WindowMatching::entryFor(WindowClues{.applicationId = hint,
-                                                        .instanceName = instance,
-                                                        .className = className},
-                                            entries())),
-              "id");
+        const auto [hint, instance, className, id] = fetch<QString, QString, QString, QString>();
+        QCOMPARE(idOf(WindowMatching::entryFor(WindowClues{.applicationId = hint,
+                                                           .instanceName = instance,
+                                                           .className = className},
+                                               entries())),
+                 id);
     }
 
     void processTellsItsEntry_data()
     {
-        QTest::addColumn<QString>("executable");
-        QTest::addColumn<QByteArray>("environment");
-        QTest::addColumn<QString>("controlGroup");
-        QTest::addColumn<QString>("id");
+        const Table<QString, QByteArray, QString, QString> row;
         const QByteArray launched
             = QByteArrayLiteral("A=1\0GIO_LAUNCHED_DESKTOP_FILE=/apps/two.desktop\0"
                                 "GIO_LAUNCHED_DESKTOP_FILE_PID=");
-        QTest::newRow("launched itself") << u"/bin/x"_qs << launched + "42" << u""_qs << u"two"_qs;
-        QTest::newRow("child of a launched one")
-            << u"/bin/x"_qs << launched + "41" << u""_qs << u""_qs;
-        QTest::newRow("unit") << u"/bin/x"_qs << QByteArray()
-                              << u"/user.slice/app.slice/app-gnome-office\\x2dcalc-77.scope"_qs
-                              << u"office-calc"_qs;
-        QTest::newRow("program") << u"/usr/bin/one"_qs << QByteArray() << u""_qs
-                                 << u"org.one.One"_qs;
-        QTest::newRow("program of two") << u"/bin/office"_qs << QByteArray() << u""_qs << u""_qs;
-        QTest::newRow("interpreter") << u"/bin/python3"_qs << QByteArray() << u""_qs << u""_qs;
-        QTest::newRow("hint that children inherit")
-            << u"/bin/one"_qs << QByteArray("BAMF_DESKTOP_FILE_HINT=/apps/two.desktop") << u""_qs
-            << u"org.one.One"_qs;
+        row("launched itself", u"/bin/x"_qs, launched + "42", u""_qs, u"two"_qs);
+        row("child of a launched one", u"/bin/x"_qs, launched + "41", u""_qs, u""_qs);
+        row("unit",
+            u"/bin/x"_qs,
+            {},
+            u"/user.slice/app.slice/app-gnome-office\\x2dcalc-77.scope"_qs,
+            u"office-calc"_qs);
+        row("program", u"/usr/bin/one"_qs, {}, u""_qs, u"org.one.One"_qs);
+        row("program of two", u"/bin/office"_qs, {}, u""_qs, u""_qs);
+        row("interpreter", u"/bin/python3"_qs, {}, u""_qs, u""_qs);
+        row("hint that children inherit",
+            u"/bin/one"_qs,
+            "BAMF_DESKTOP_FILE_HINT=/apps/two.desktop",
+            u""_qs,
+            u"org.one.One"_qs);
     }
 
     void processTellsItsEntry()
     {
-        QFETCH(const QString, executable);
-        QFETCH(const QByteArray, environment);
-        QFETCH(const QString, controlGroup);
+        const auto [executable, environment, controlGroup, id]
+            = fetch<QString, QByteArray, QString, QString>();
         ProcessClues clues{.executable = executable, .controlGroup = controlGroup};
         WindowMatching::readEnvironment(environment, 42, clues);
-        QTEST(idOf(WindowMatching::entryFor(clues, entries())), "id");
+        QCOMPARE(idOf(WindowMatching::entryFor(clues, entries())), id);
     }
 
     void unitNamesAreRead()
@@ -153,13 +140,9 @@ private Q_SLOTS:
 
     void entriesAreReadFromFolders()
     {
-        QTemporaryDir root;
-        const auto write = [&root](const QString& name, const QByteArray& text) {
-            const QString path = root.filePath(name);
-            QDir().mkpath(QFileInfo(path).path());
-            QFile file(path);
-            QVERIFY(file.open(QIODevice::WriteOnly));
-            file.write("[Desktop Entry]\n" + text);
+        const FileTree tree;
+        const auto write = [&tree](const QString& name, const QByteArray& text) {
+            return tree.write(name, "[Desktop Entry]\n" + text);
         };
         write(u"a/one.desktop"_qs, "Type=Application\nExec=env X=1 \"/opt/a b/one\" %U\n");
         write(u"b/one.desktop"_qs, "Type=Application\nExec=other\n");
@@ -170,9 +153,9 @@ private Q_SLOTS:
         write(u"b/huge.desktop"_qs, "Type=Application\nX=" + QByteArray(600 * 1024, 'x'));
         write(u"b/binary.desktop"_qs, QByteArray("\0\xff\xfe", 3));
         const DesktopEntries read = DesktopEntries::read(
-            {root.filePath(u"a"_qs), root.filePath(u"missing"_qs), root.filePath(u"b"_qs)});
+            {tree.path(u"a"_qs), tree.path(u"missing"_qs), tree.path(u"b"_qs)});
         QCOMPARE(read.size(), 2);
-        QCOMPARE(read.withId(u"one"_qs)->path, root.filePath(u"a/one.desktop"_qs));
+        QCOMPARE(read.withId(u"one"_qs)->path, tree.path(u"a/one.desktop"_qs));
         QCOMPARE(read.withId(u"one"_qs)->executable, u"one"_qs);
         QVERIFY(!read.withId(u"gone"_qs));
         QCOMPARE(read.withStartupClass(u"Two"_qs)->id, u"kde-two"_qs);
@@ -211,31 +194,6 @@ private Q_SLOTS:
         QCOMPARE(variables, expected);
     }
 
-    void screensAreTurnedAroundTheLowerEdgeOfThePrimaryOne()
-    {
-        const QRectF primary(0, 0, 1920, 1080);
-        QCOMPARE(QtScreens::flipped(primary, primary), primary);
-        const QRectF below(1920, 200, 1280, 1024);
-        QCOMPARE(QtScreens::flipped(below, primary), QRectF(1920, -144, 1280, 1024));
-    }
-
-    void panelsAreTakenOffTheScreenTheyLieOn()
-    {
-        // Two screens beside each other; a panel below the right one, a dock at the desktop's left.
-        X11WindowFacts panel;
-        panel.strut = {0, 0, 0, 40};
-        panel.strutStart = {0, 0, 0, 960};
-        panel.strutEnd = {0, 0, 0, 1919};
-        X11WindowFacts dock;
-        dock.strut = {60, 0, 0, 0};
-        dock.strutEnd = {1079, 0, 0, 0};
-        const QSize desktop(1920, 1080);
-        QCOMPARE(X11Properties::availableArea({0, 0, 960, 1080}, desktop, {panel, dock}),
-                 QRect(60, 0, 900, 1080));
-        QCOMPARE(X11Properties::availableArea({960, 0, 960, 1080}, desktop, {panel, dock}),
-                 QRect(960, 0, 960, 1040));
-    }
-
     void settingsOfThePortalAreUnderstood()
     {
         const auto asks = [](const char* group, const char* key, const QVariant& value) {
@@ -261,26 +219,6 @@ private Q_SLOTS:
         QCOMPARE(scheme(3U), ColorScheme::noPreference);
         QCOMPARE(scheme(u"1"_qs), ColorScheme::noPreference);
         QCOMPARE(scheme({}), ColorScheme::noPreference);
-    }
-
-    void modifiersAreFoundInTheMap()
-    {
-        const QHash<quint8, QList<quint32>> symbols{
-            {64, {0xffe9}}, {77, {0xff7f}}, {133, {0xffeb}}, {78, {0xff14}}};
-        const auto modifiers
-            = X11GrabModifiers::fromMap({{{50}, {66}, {37}, {64}, {77}, {78}, {133}, {}}},
-                                        [&symbols](quint8 key) { return symbols.value(key); });
-        QCOMPARE(modifiers.option, quint16{8});
-        QCOMPARE(modifiers.command, quint16{64});
-        QCOMPARE(modifiers.locks, quint16{2 | 16 | 32});
-        QCOMPARE(modifiers.maskFor(ModifierFlags::all), std::optional<quint16>(1 | 4 | 8 | 64));
-        const QList<quint16> variants = modifiers.lockVariants();
-        QCOMPARE(QSet<quint16>(variants.begin(), variants.end()).size(), 8);
-        QCOMPARE(variants.size(), 8);
-
-        const auto bare = X11GrabModifiers::fromMap({}, [](quint8) { return QList<quint32>(); });
-        QVERIFY(!bare.maskFor(ModifierFlags::command));
-        QCOMPARE(bare.lockVariants(), (QList<quint16>{0, 2}));
     }
 
     void serverTimeBecomesUptime()

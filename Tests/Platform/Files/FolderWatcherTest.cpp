@@ -6,6 +6,7 @@
 
 #include <Support/FileTree.h>
 #include <Support/StepWorkQueue.h>
+#include <Support/Table.h>
 #include <Support/VirtualMainQueue.h>
 #include <filesystem>
 
@@ -94,20 +95,17 @@ private Q_SLOTS:
 
     void aFolderThatTakesItsPlaceIsWatched_data()
     {
-        QTest::addColumn<QString>("watched");
-        QTest::addColumn<QString>("placed"); // Is renamed to …
-        QTest::addColumn<QString>("place"); // … this.
-        QTest::newRow("folder") << u"one/apps"_s << u"two/apps"_s << u"one/apps"_s;
-        QTest::newRow("folder below") << u"one"_s << u"two/apps"_s << u"one/apps"_s;
-        QTest::newRow("link on the way") << u"here/apps"_s << u"there"_s << u"here"_s;
-        QTest::newRow("link behind a link") << u"link/apps"_s << u"there"_s << u"here"_s;
+        // What is watched; what is renamed; to what.
+        const Table<QString, QString, QString> row;
+        row("folder", u"one/apps"_s, u"two/apps"_s, u"one/apps"_s);
+        row("folder below", u"one"_s, u"two/apps"_s, u"one/apps"_s);
+        row("link on the way", u"here/apps"_s, u"there"_s, u"here"_s);
+        row("link behind a link", u"link/apps"_s, u"there"_s, u"here"_s);
     }
 
     void aFolderThatTakesItsPlaceIsWatched()
     {
-        QFETCH(QString, watched);
-        QFETCH(QString, placed);
-        QFETCH(QString, place);
+        const auto [watched, placed, place] = fetch<QString, QString, QString>();
         m_tree->makeFolder(u"one/apps/sub"_s);
         m_tree->makeFolder(u"two/apps/sub"_s);
         m_tree->link(m_tree->path(u"one"_s), u"here"_s);

@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include <Support/FileTree.h>
+#include <Support/Table.h>
 
 using namespace Tavik;
 using namespace Tavik::Test;
@@ -68,34 +69,31 @@ private Q_SLOTS:
     }
     void theBestFileIsTaken_data()
     {
-        QTest::addColumn<QStringList>("files");
-        QTest::addColumn<int>("side");
-        QTest::addColumn<double>("scale");
-        QTest::addColumn<QString>("best");
+        const Table<QStringList, int, double, QString> row;
         const QStringList all{
             u"16/x.png"_s, u"48/x.png"_s, u"48@2/x.png"_s, u"256/x.png"_s, u"scalable/x.svg"_s};
-        QTest::newRow("exact") << all << 48 << 1.0 << u"48/x.png"_s;
-        QTest::newRow("exact for the scale") << all << 96 << 2.0 << u"48@2/x.png"_s;
-        QTest::newRow("next larger") << all << 40 << 1.0 << u"48/x.png"_s;
-        QTest::newRow("vector before far too large") << all << 110 << 1.0 << u"scalable/x.svg"_s;
-        QTest::newRow("vector before enlarging")
-            << QStringList{u"48/x.png"_s, u"scalable/x.svg"_s} << 92 << 1.0 << u"scalable/x.svg"_s;
-        QTest::newRow("small vector before enlarging")
-            << QStringList{u"48/x.png"_s, u"16/x.svg"_s} << 92 << 1.0 << u"16/x.svg"_s;
-        QTest::newRow("larger before smaller")
-            << QStringList{u"16/x.png"_s, u"256/x.png"_s} << 24 << 1.0 << u"256/x.png"_s;
-        QTest::newRow("the largest of the small")
-            << QStringList{u"16/x.png"_s, u"48/x.png"_s} << 92 << 1.0 << u"48/x.png"_s;
-        QTest::newRow("outside of the theme")
-            << QStringList{u"16/x.png"_s, u"../out/x.png"_s} << 40 << 1.0 << u"16/x.png"_s;
+        row("exact", all, 48, 1.0, u"48/x.png"_s);
+        row("exact for the scale", all, 96, 2.0, u"48@2/x.png"_s);
+        row("next larger", all, 40, 1.0, u"48/x.png"_s);
+        row("vector before far too large", all, 110, 1.0, u"scalable/x.svg"_s);
+        row("vector before enlarging",
+            {u"48/x.png"_s, u"scalable/x.svg"_s},
+            92,
+            1.0,
+            u"scalable/x.svg"_s);
+        row("small vector before enlarging",
+            {u"48/x.png"_s, u"16/x.svg"_s},
+            92,
+            1.0,
+            u"16/x.svg"_s);
+        row("larger before smaller", {u"16/x.png"_s, u"256/x.png"_s}, 24, 1.0, u"256/x.png"_s);
+        row("the largest of the small", {u"16/x.png"_s, u"48/x.png"_s}, 92, 1.0, u"48/x.png"_s);
+        row("outside of the theme", {u"16/x.png"_s, u"../out/x.png"_s}, 40, 1.0, u"16/x.png"_s);
     }
 
     void theBestFileIsTaken()
     {
-        QFETCH(QStringList, files);
-        QFETCH(int, side);
-        QFETCH(double, scale);
-        QFETCH(QString, best);
+        const auto [files, side, scale, best] = fetch<QStringList, int, double, QString>();
         m_tree->write(u"user/Test/index.theme"_s, index(""));
         for (const QString& file : files) {
             const bool isBest = file == best;
@@ -139,38 +137,37 @@ private Q_SLOTS:
 
     void hostileFilesGiveTheGenericIcon_data()
     {
-        QTest::addColumn<QByteArray>("content");
-        QTest::newRow("empty") << QByteArray();
-        QTest::newRow("cut picture") << png({48, 48}, Qt::red).first(60);
-        QTest::newRow("gigantic picture")
-            << QByteArray("P6\n40000 40000\n255\n").append(QByteArray(100, '\xFF'));
-        QTest::newRow("nested vector picture")
-            << "<svg xmlns='http://www.w3.org/2000/svg'>" + QByteArray("<g>").repeated(200'000);
-        QTest::newRow("an endless vector file") << "<svg>" + QByteArray(5 * 1024 * 1024, ' ');
+        const Table<QByteArray> row;
+        row("empty", {});
+        row("cut picture", png({48, 48}, Qt::red).first(60));
+        row("gigantic picture",
+            QByteArray("P6\n40000 40000\n255\n").append(QByteArray(100, '\xFF')));
+        row("nested vector picture",
+            "<svg xmlns='http://www.w3.org/2000/svg'>" + QByteArray("<g>").repeated(200'000));
+        row("an endless vector file", "<svg>" + QByteArray(5 * 1024 * 1024, ' '));
     }
 
     void hostileFilesGiveTheGenericIcon()
     {
-        QFETCH(QByteArray, content);
+        const auto [content] = fetch<QByteArray>();
         const QString path = m_tree->write(u"x.png"_s, content);
         QCOMPARE(decode(path, 48), decode({}, 48));
     }
 
     void picturesAreFittedAndCentred_data()
     {
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<QRect>("covered"); // Of a square of 60 pixels.
-        QTest::newRow("same") << QSize(60, 60) << QRect(0, 0, 60, 60);
-        QTest::newRow("wide") << QSize(200, 100) << QRect(0, 15, 60, 30);
-        QTest::newRow("a little small") << QSize(40, 40) << QRect(0, 0, 60, 60);
-        QTest::newRow("far too small") << QSize(18, 18) << QRect(15, 15, 30, 30);
-        QTest::newRow("hair line") << QSize(4000, 1) << QRect(0, 29, 60, 1);
+        // The size, and what is covered of a square of 60 pixels.
+        const Table<QSize, QRect> row;
+        row("same", {60, 60}, {0, 0, 60, 60});
+        row("wide", {200, 100}, {0, 15, 60, 30});
+        row("a little small", {40, 40}, {0, 0, 60, 60});
+        row("far too small", {18, 18}, {15, 15, 30, 30});
+        row("hair line", {4000, 1}, {0, 29, 60, 1});
     }
 
     void picturesAreFittedAndCentred()
     {
-        QFETCH(QSize, size);
-        QFETCH(QRect, covered);
+        const auto [size, covered] = fetch<QSize, QRect>();
         const QImage image = decode(m_tree->write(u"x.png"_s, png(size, Qt::green)), 60);
         QCOMPARE(image.size(), QSize(60, 60));
         QCOMPARE(image.format(), QImage::Format_ARGB32_Premultiplied);

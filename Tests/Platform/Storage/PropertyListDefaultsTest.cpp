@@ -6,6 +6,7 @@
 
 #include <Support/FileTree.h>
 #include <Support/StepWorkQueue.h>
+#include <Support/Table.h>
 #include <Support/VirtualMainQueue.h>
 #include <csignal>
 #include <memory>
@@ -14,6 +15,7 @@
 #include <sys/stat.h>
 
 using namespace Tavik;
+using namespace Tavik::Test;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -122,15 +124,15 @@ private Q_SLOTS:
 
     void damagedFileIsSetAside_data()
     {
-        QTest::addColumn<QByteArray>("contents");
-        QTest::newRow("empty") << QByteArray();
-        QTest::newRow("cut off") << QByteArray("<plist><dict><key>a</key><true/>");
-        QTest::newRow("outlandish") << QByteArray(PropertyList::mostBytes + 100, '<');
+        const Table<QByteArray> row;
+        row("empty", {});
+        row("cut off", "<plist><dict><key>a</key><true/>");
+        row("outlandish", QByteArray(PropertyList::mostBytes + 100, '<'));
     }
 
     void damagedFileIsSetAside()
     {
-        QFETCH(const QByteArray, contents);
+        const auto [contents] = fetch<QByteArray>();
         m_tree->write(u"Defaults.plist"_s, contents);
         QTest::ignoreMessage(
             QtWarningMsg,
@@ -166,39 +168,35 @@ private Q_SLOTS:
 
     void linkIsKept_data()
     {
-        QTest::addColumn<bool>("targetExists");
-        QTest::newRow("to a file") << true;
-        QTest::newRow("to where a file will be") << false;
+        const Table<QByteArray, int> row; // What it leads to, and how many files that gives.
+        row("to a file", "<plist><dict><key>old</key><true/></dict></plist>", 1);
+        row("to where a file will be", {}, 1);
+        row("to a damaged file", "junk", 2);
     }
 
     void linkIsKept()
     {
-        QFETCH(const bool, targetExists);
+        const auto [contents, files] = fetch<QByteArray, int>();
         const QString target = m_tree->path(u"dotfiles/settings.plist"_s);
-        if (targetExists) {
-            m_tree->write(u"dotfiles/settings.plist"_s,
-                          "<plist><dict><key>old</key><true/></dict></plist>");
+        m_tree->makeFolder(u"dotfiles"_s);
+        if (!contents.isEmpty()) {
+            m_tree->write(u"dotfiles/settings.plist"_s, contents);
         }
         const QString between = m_tree->link(u"dotfiles/settings.plist"_s, u"between"_s);
         m_tree->link(between, u"Defaults.plist"_s);
+        if (files == 2) {
+            QTest::ignoreMessage(QtWarningMsg,
+                                 QRegularExpression(u"settings\\.plist\\.damaged-"_s));
+        }
         const auto defaults = open();
-        QCOMPARE(defaults->boolValue(u"old"_s).has_value(), targetExists);
+        QCOMPARE(defaults->boolValue(u"old"_s).has_value(), contents.contains("old"));
         defaults->setObject(u"a"_s, 1LL);
         endTurn();
         QVERIFY(QFileInfo(m_path).isSymLink());
         QVERIFY(QFileInfo(between).isSymLink());
         QVERIFY(!QFileInfo(target).isSymLink());
+        QCOMPARE(filesIn(m_tree->path(u"dotfiles"_s)).size(), files);
         QCOMPARE(PropertyListDefaults(target, m_queue, m_work).integerValue(u"a"_s), 1);
-    }
-
-    void damagedFileBehindALinkIsSetAsideBesideItself()
-    {
-        m_tree->link(m_tree->write(u"dotfiles/settings.plist"_s, "junk"), u"Defaults.plist"_s);
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"settings\\.plist\\.damaged-"_s));
-        open()->setObject(u"a"_s, 1LL);
-        QVERIFY(QFileInfo(m_path).isSymLink());
-        QCOMPARE(filesIn(m_tree->path(u"dotfiles"_s)).size(), 2);
-        QCOMPARE(open()->integerValue(u"a"_s), 1);
     }
 
     void failedWriteKeepsTheOldFileAndIsTriedAgain()

@@ -3,10 +3,12 @@
 
 #include <QTest>
 
+#include <Support/Table.h>
 #include <clocale>
 #include <limits>
 
 using namespace Tavik;
+using namespace Tavik::Test;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -25,10 +27,7 @@ class PropertyListTest : public QObject
 private Q_SLOTS:
     void valuesComeBackInTheirType_data()
     {
-        QTest::addColumn<QVariant>("value");
-        const auto row = [](const char* name, const QVariant& value) {
-            QTest::newRow(name) << value;
-        };
+        const Table<QVariant> row;
         row("true", true);
         row("largest", std::numeric_limits<qlonglong>::max());
         row("smallest", std::numeric_limits<qlonglong>::min());
@@ -47,7 +46,7 @@ private Q_SLOTS:
 
     void valuesComeBackInTheirType()
     {
-        QFETCH(const QVariant, value);
+        const auto [value] = fetch<QVariant>();
         PropertyList list;
         list.setValue(u"k < é"_s, u"before"_s);
         list.setValue(u"k < é"_s, value);
@@ -62,24 +61,20 @@ private Q_SLOTS:
 
     void valuesAreReadInTheirType_data()
     {
-        QTest::addColumn<QByteArray>("xml");
-        QTest::addColumn<QVariant>("value");
-        QTest::newRow("real without a point") << QByteArray("<real>320</real>") << QVariant(320.0);
-        QTest::newRow("beyond the signed integers")
-            << QByteArray("<integer>18446744073709551615</integer>") << QVariant();
-        QTest::newRow("date in a list")
-            << QByteArray("<array><date>2024-02-29T12:00:00Z</date><true/></array>")
-            << QVariant(QVariantList{QVariant(), true});
-        QTest::newRow("data in lines") << QByteArray("<data>\n\tAAEC\n\t/w==\n</data>")
-                                       << QVariant(QByteArray("\0\1\2\xff", 4));
-        QTest::newRow("comment") << QByteArray("<!-- kept by hand --><true/>") << QVariant(true);
-        QTest::newRow("not UTF-8") << QByteArray("<string>\xff</string>") << QVariant(u"\ufffd"_s);
+        const Table<QByteArray, QVariant> row;
+        row("real without a point", "<real>320</real>", 320.0);
+        row("beyond the signed integers", "<integer>18446744073709551615</integer>", {});
+        row("date in a list",
+            "<array><date>2024-02-29T12:00:00Z</date><true/></array>",
+            QVariantList{QVariant(), true});
+        row("data in lines", "<data>\n\tAAEC\n\t/w==\n</data>", QByteArray("\0\1\2\xff", 4));
+        row("comment", "<!-- kept by hand --><true/>", true);
+        row("not UTF-8", "<string>\xff</string>", u"\ufffd"_s);
     }
 
     void valuesAreReadInTheirType()
     {
-        QFETCH(const QByteArray, xml);
-        QFETCH(const QVariant, value);
+        const auto [xml, value] = fetch<QByteArray, QVariant>();
         const auto list = PropertyList::fromXml(document("<dict><key>k</key>" + xml + "</dict>"));
         QVERIFY(list);
         QCOMPARE(list->value(u"k"_s).typeId(), value.typeId());
@@ -106,28 +101,29 @@ private Q_SLOTS:
 
     void badTextIsRefused_data()
     {
-        QTest::addColumn<QByteArray>("xml");
-        QTest::newRow("nothing") << QByteArray();
-        QTest::newRow("zeros") << QByteArray(4096, '\0');
-        QTest::newRow("another root") << document("<array/>");
-        QTest::newRow("cut off") << document("<dict><key>a</key><true/></dict>").chopped(12);
-        QTest::newRow("binary") << QByteArray("bplist00\xd0\x08\0\0\0\0\0\0\x01\x01\0", 19);
-        QTest::newRow("deep lists")
-            << document("<dict><key>a</key>" + QByteArray("<array>").repeated(30'000)
-                        + QByteArray("</array>").repeated(30'000) + "</dict>");
-        QTest::newRow("deep maps") << document(QByteArray("<dict><key>a</key>").repeated(3000)
-                                               + QByteArray("</dict>").repeated(3000));
-        QTest::newRow("deep behind comments")
-            << document(QByteArray("<dict><key>a</key><!--</dict>-->").repeated(3000)
-                        + QByteArray("</dict>").repeated(3000));
-        QTest::newRow("too long") << document("<dict><key>a</key><string>"
-                                              + QByteArray(PropertyList::mostBytes, 'x')
-                                              + "</string></dict>");
+        const Table<QByteArray> row;
+        row("nothing", {});
+        row("zeros", QByteArray(4096, '\0'));
+        row("another root", document("<array/>"));
+        row("cut off", document("<dict><key>a</key><true/></dict>").chopped(12));
+        row("binary", QByteArray("bplist00\xd0\x08\0\0\0\0\0\0\x01\x01\0", 19));
+        row("deep lists",
+            document("<dict><key>a</key>" + QByteArray("<array>").repeated(30'000)
+                     + QByteArray("</array>").repeated(30'000) + "</dict>"));
+        row("deep maps",
+            document(QByteArray("<dict><key>a</key>").repeated(3000)
+                     + QByteArray("</dict>").repeated(3000)));
+        row("deep behind comments",
+            document(QByteArray("<dict><key>a</key><!--</dict>-->").repeated(3000)
+                     + QByteArray("</dict>").repeated(3000)));
+        row("too long",
+            document("<dict><key>a</key><string>" + QByteArray(PropertyList::mostBytes, 'x')
+                     + "</string></dict>"));
     }
 
     void badTextIsRefused()
     {
-        QFETCH(const QByteArray, xml);
+        const auto [xml] = fetch<QByteArray>();
         QVERIFY(!PropertyList::fromXml(xml));
     }
 

@@ -1,80 +1,64 @@
 // SPDX-License-Identifier: MIT
 #include "TestClient.h"
-#include <TavikLauncherPlatform/Linux/X11/X11Workspace.h>
+#include <TavikLauncherPlatform/Linux/LinuxStatusTray.h>
 #include <TavikLauncherPlatform/Platform.h>
+#include <TavikLauncherPlatform/QtWorkQueue.h>
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVariant>
-#include <QElapsedTimer>
 #include <QProcess>
 #include <QTest>
 
 namespace Tavik {
+using namespace Qt::StringLiterals;
+using Host = StatusTray::Host;
+using Test::TestClient;
 
 class LinuxPlatformTest : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void platformIsWholeAndQuicklyMade()
-    {
-        QElapsedTimer timer;
-        timer.start();
-        const auto platform = makePlatform({});
-        const double milliseconds = static_cast<double>(timer.nsecsElapsed()) / 1e6;
-        qInfo("makePlatform took %.2f ms", milliseconds);
-        QVERIFY(milliseconds < 50);
-        QVERIFY(dynamic_cast<X11Workspace*>(platform->workspace.get()));
-        QVERIFY(platform->userDefaults && platform->iconDecoder && platform->loginItem);
-        QVERIFY(!platform->appearance->reducesMotion());
-        QVERIFY(!platform->windowServer->isCompositing());
-        // Work that is under way when the platform goes must not reach what has gone.
-    }
+private:
+    TestClient m_client;
+    QtWorkQueue m_workQueue;
+    const LinuxStatusTray::Session m_session{.isX11 = true, .desktop = u"XFCE"_s};
 
-    void pointerIsKnownWithoutAWindow()
-    {
-        const auto platform = makePlatform({});
-        Test::TestClient client;
-        client.movePointer(321, 123);
-        QTRY_COMPARE(platform->screens->mouseLocation(), QPointF(321, 800 - 123));
-        client.movePointer(10, 790);
-        QTRY_COMPARE(platform->screens->mouseLocation(), QPointF(10, 10));
-    }
+private Q_SLOTS:
+    void cleanupTestCase() { m_workQueue.finish(); }
 
     void screensLeaveOutThePanelsOnThem()
     {
-        Test::TestClient client;
-        const xcb_window_t dock = client.createWindow(QByteArrayLiteral("dock\0Dock\0"));
-        client.setNumbers(
-            dock, "_NET_WM_WINDOW_TYPE", {client.atom("_NET_WM_WINDOW_TYPE_DOCK")}, "ATOM");
-        client.setNumbers(
+        const xcb_window_t dock = m_client.createWindow(QByteArrayLiteral("dock\0Dock\0"));
+        m_client.setNumbers(
+            dock, "_NET_WM_WINDOW_TYPE", {m_client.atom("_NET_WM_WINDOW_TYPE_DOCK")}, "ATOM");
+        m_client.setNumbers(
             dock, "_NET_WM_STRUT_PARTIAL", {0, 0, 0, 32, 0, 0, 0, 0, 0, 0, 0, 639}, "CARDINAL");
-        client.map(dock);
+        m_client.map(dock);
         const auto platform = makePlatform({});
         QTRY_COMPARE(platform->screens->all().constFirst().visibleFrame, QRectF(0, 32, 1280, 768));
         QCOMPARE(platform->screens->main()->frame, QRectF(0, 0, 1280, 800));
 
         for (const char* monitor :
              {"L 640/169x800/211+0+0 screen", "R 640/169x800/211+640+0 none"}) {
-            QStringList arguments{u"--setmonitor"_qs};
+            QStringList arguments{u"--setmonitor"_s};
             arguments += QString::fromLatin1(monitor).split(u' ');
-            QCOMPARE(QProcess::execute(u"xrandr"_qs, arguments), 0);
+            QCOMPARE(QProcess::execute(u"xrandr"_s, arguments), 0);
         }
         QTRY_COMPARE(platform->screens->all().size(), 2);
         QTRY_COMPARE(platform->screens->all().at(0).visibleFrame, QRectF(0, 32, 640, 768));
         QTRY_COMPARE(platform->screens->all().at(1).visibleFrame, QRectF(640, 0, 640, 800));
 
-        const xcb_window_t window = client.createWindow(QByteArrayLiteral("w\0W\0"));
-        client.setNumbers(window, "WM_HINTS", {1, 1, 0, 0, 0, 0, 0, 0, 0}, "WM_HINTS");
+        const xcb_window_t window = m_client.createWindow(QByteArrayLiteral("w\0W\0"));
+        m_client.setNumbers(window, "WM_HINTS", {1, 1, 0, 0, 0, 0, 0, 0, 0}, "WM_HINTS");
         const uint32_t x = 900;
-        client.map(window);
-        xcb_configure_window(client.connection(), window, XCB_CONFIG_WINDOW_X, &x);
-        QTRY_COMPARE(client.focused(), window);
-        client.movePointer(5, 5);
+        m_client.map(window);
+        xcb_configure_window(m_client.connection(), window, XCB_CONFIG_WINDOW_X, &x);
+        QTRY_COMPARE(m_client.focused(), window);
+        m_client.movePointer(5, 5);
         QTRY_COMPARE(platform->screens->main()->frame, QRectF(640, 0, 640, 800));
-        client.destroy(window);
-        client.destroy(dock);
+        m_client.destroy(window);
+        m_client.destroy(dock);
     }
 
     void desktopThatChangesItsMindAboutLooksIsHeard()
@@ -85,17 +69,17 @@ private Q_SLOTS:
             ++changes;
         };
         const auto say = [](const QString& group, const QString& key, const QVariant& value) {
-            QDBusMessage signal = QDBusMessage::createSignal(u"/org/freedesktop/portal/desktop"_qs,
-                                                             u"org.freedesktop.portal.Settings"_qs,
-                                                             u"SettingChanged"_qs);
+            QDBusMessage signal = QDBusMessage::createSignal(u"/org/freedesktop/portal/desktop"_s,
+                                                             u"org.freedesktop.portal.Settings"_s,
+                                                             u"SettingChanged"_s);
             signal << group << key << QVariant::fromValue(QDBusVariant(value));
             QDBusConnection::sessionBus().send(signal);
         };
         const auto animate = [&](bool animates) {
-            say(u"org.gnome.desktop.interface"_qs, u"enable-animations"_qs, animates);
+            say(u"org.gnome.desktop.interface"_s, u"enable-animations"_s, animates);
         };
         const auto darken = [&](bool isDark) {
-            say(u"org.freedesktop.appearance"_qs, u"color-scheme"_qs, isDark ? 1U : 2U);
+            say(u"org.freedesktop.appearance"_s, u"color-scheme"_s, isDark ? 1U : 2U);
         };
         QTRY_VERIFY((animate(false), platform->appearance->reducesMotion()));
         QCOMPARE(changes, 1);
@@ -104,6 +88,49 @@ private Q_SLOTS:
         QTRY_COMPARE((darken(true), platform->appearance->colorScheme()), ColorScheme::dark);
         QTRY_COMPARE((darken(false), platform->appearance->colorScheme()), ColorScheme::light);
         QCOMPARE(changes, 4);
+    }
+
+    void trayWindowIsFollowed()
+    {
+        LinuxStatusTray tray(m_workQueue, m_session);
+        int changes = 0;
+        tray.onChanged = [&changes] {
+            ++changes;
+        };
+        QCOMPARE(tray.host(), Host::none);
+
+        const xcb_window_t panel = m_client.createWindow(QByteArrayLiteral("panel\0Panel\0"));
+        m_client.setNumbers(
+            panel, "_NET_SYSTEM_TRAY_COLORS", {0xffff, 0x8000, 0, 1, 2, 3}, "CARDINAL");
+        xcb_set_selection_owner(
+            m_client.connection(), panel, m_client.atom("_NET_SYSTEM_TRAY_S0"), XCB_CURRENT_TIME);
+        m_client.sync();
+        QTRY_COMPARE(tray.host(), Host::embedding);
+        QCOMPARE(tray.symbolColor(), std::optional(QColor(0xff, 0x80, 0)));
+        const LinuxStatusTray late(m_workQueue, m_session);
+        QCOMPARE(late.host(), Host::embedding);
+        const LinuxStatusTray elsewhere(m_workQueue, {.isX11 = false, .desktop = {}});
+        QCOMPARE(elsewhere.host(), Host::none);
+
+        m_client.setNumbers(panel, "_NET_SYSTEM_TRAY_COLORS", {0, 0, 0xffff}, "CARDINAL");
+        QTRY_COMPARE(tray.symbolColor(), std::optional(QColor(0, 0, 0xff)));
+        // Nonsense is as good as nothing.
+        m_client.setNumbers(panel, "_NET_SYSTEM_TRAY_COLORS", {0xffffffff, 0, 0}, "CARDINAL");
+        QTRY_VERIFY(!tray.symbolColor());
+        QCOMPARE(changes, 3);
+
+        m_client.destroy(panel);
+        QTRY_COMPARE(tray.host(), Host::none);
+    }
+
+    void panelsThatNeverTellTheirColorAreKnown()
+    {
+        const auto colorOn = [this](const QString& desktop) {
+            return LinuxStatusTray(m_workQueue, {.isX11 = true, .desktop = desktop}).symbolColor();
+        };
+        QCOMPARE(colorOn(u"ubuntu:GNOME"_s), std::optional(QColor(Qt::white)));
+        QCOMPARE(colorOn(u"KDE"_s), std::optional<QColor>());
+        QCOMPARE(colorOn(QString()), std::optional<QColor>());
     }
 };
 

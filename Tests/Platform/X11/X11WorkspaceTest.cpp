@@ -4,14 +4,14 @@
 #include <TavikLauncherPlatform/QtMainQueue.h>
 #include <TavikLauncherPlatform/QtWorkQueue.h>
 
-#include <QDir>
 #include <QFile>
 #include <QGuiApplication>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <Support/FakeFileManager.h>
+#include <Support/FileTree.h>
+#include <Support/Table.h>
 #include <signal.h>
 
 #include <unistd.h>
@@ -20,23 +20,8 @@ namespace Tavik {
 
 namespace {
 
-using Test::FakeFileManager;
-using Test::TestClient;
+using namespace Test;
 using Policy = RunningApplication::ActivationPolicy;
-
-void writeFile(const QString& path, const QByteArray& text)
-{
-    QVERIFY(QDir().mkpath(QFileInfo(path).path()));
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(text), text.size());
-}
-
-QByteArray readFile(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 } // namespace
 
@@ -50,9 +35,9 @@ private:
     {
         explicit Desktop(const QList<std::pair<QString, QByteArray>>& entries)
         {
-            files.items = {{folder.filePath(QStringLiteral("applications")), {}}};
+            files.items = {{tree.path(u"applications"_qs), {}}};
             for (const auto& [name, text] : entries) {
-                writeFile(path(name), "[Desktop Entry]\nType=Application\nName=X\n" + text);
+                write(name, text);
             }
             workspace.emplace(mainQueue, workQueue, files);
             for (const QStringView name : {Workspace::didLaunchApplication,
@@ -67,7 +52,23 @@ private:
         }
         [[nodiscard]] QString path(const QString& name) const
         {
-            return folder.filePath(QStringLiteral("applications/") + name);
+            return tree.path(u"applications/"_qs + name);
+        }
+        void write(const QString& name, const QByteArray& text) const
+        {
+            tree.write(u"applications/"_qs + name,
+                       "[Desktop Entry]\nType=Application\nName=X\n" + text);
+        }
+        /// Opens an application and waits for the word of it; empty when it is open.
+        QString open(const QString& path)
+        {
+            std::optional<QString> outcome;
+            workspace->openApplication(
+                path, {.activates = true}, [&outcome](const std::optional<QString>& error) {
+                    outcome = error.value_or(QString());
+                });
+            const bool isTold = QTest::qWaitFor([&outcome] { return outcome.has_value(); });
+            return isTold ? *outcome : u"nothing was told"_qs;
         }
         /// The regular applications, by the base names of their bundles.
         [[nodiscard]] QStringList running() const
@@ -83,7 +84,7 @@ private:
         }
         void awaitEntries(const QString& id) { QTRY_VERIFY(workspace->pathForApplication(id)); }
 
-        QTemporaryDir folder;
+        FileTree tree;
         QtMainQueue mainQueue;
         QtWorkQueue workQueue;
         FakeFileManager files;
@@ -142,20 +143,16 @@ private Q_SLOTS:
 
     void windowsThatNoTaskbarShowsMakeNoRegularApplication_data()
     {
-        QTest::addColumn<QByteArray>("property");
-        QTest::addColumn<QByteArray>("value");
-        QTest::newRow("skips the taskbar")
-            << QByteArray("_NET_WM_STATE") << QByteArray("_NET_WM_STATE_SKIP_TASKBAR");
+        const Table<QByteArray, QByteArray> row;
+        row("skips the taskbar", "_NET_WM_STATE", "_NET_WM_STATE_SKIP_TASKBAR");
         for (const char* type : {"DOCK", "DESKTOP", "UTILITY", "SPLASH", "NOTIFICATION"}) {
-            QTest::newRow(type) << QByteArray("_NET_WM_WINDOW_TYPE")
-                                << QByteArray("_NET_WM_WINDOW_TYPE_") + type;
+            row(type, "_NET_WM_WINDOW_TYPE", QByteArray("_NET_WM_WINDOW_TYPE_") + type);
         }
     }
 
     void windowsThatNoTaskbarShowsMakeNoRegularApplication()
     {
-        QFETCH(const QByteArray, property);
-        QFETCH(const QByteArray, value);
+        const auto [property, value] = fetch<QByteArray, QByteArray>();
         Desktop desktop({{u"one.desktop"_qs, "Exec=one\n"}});
         desktop.awaitEntries(u"one"_qs);
         const xcb_window_t window = m_client.createWindow(QByteArrayLiteral("one\0One\0"));
@@ -193,6 +190,8 @@ private Q_SLOTS:
         m_client.setNumbers(
             binary, "_NET_WM_STRUT_PARTIAL", QList<uint32_t>(12, 0xffffffff), "CARDINAL");
         m_client.setText(show({}), "_GTK_APPLICATION_ID", "../../etc/passwd", "UTF8_STRING");
+        m_client.setNumbers(m_client.root(), "_NET_ACTIVE_WINDOW", {0xdeadbeef, 1, 2, 3}, "WINDOW");
+        m_client.setNumbers(m_client.root(), "_NET_WORKAREA", {0x7fffffff, 0, 0}, "CARDINAL");
         for (int i = 0; i < 50; ++i) {
             m_client.destroy(show(QByteArrayLiteral("gone\0Gone\0")));
         }
@@ -212,8 +211,7 @@ private Q_SLOTS:
         desktop.awaitEntries(u"one"_qs);
         show(QByteArrayLiteral("fresh\0Fresh\0"));
         QTRY_COMPARE(desktop.running(), QStringList{u"?"_qs});
-        writeFile(desktop.path(u"fresh.desktop"_qs),
-                  "[Desktop Entry]\nType=Application\nName=F\nExec=f\n");
+        desktop.write(u"fresh.desktop"_qs, "Exec=f\n");
         QVERIFY(desktop.files.folderChanged);
         desktop.files.folderChanged();
         QTRY_COMPARE(desktop.running(), QStringList{u"fresh"_qs});
@@ -221,44 +219,39 @@ private Q_SLOTS:
 
     void startedApplicationStandsOnItsOwn_data()
     {
-        QTest::addColumn<bool>("isFolder");
-        QTest::newRow("desktop entry") << false;
-        QTest::newRow("application folder") << true;
+        const Table<bool> row;
+        row("desktop entry", false);
+        row("application folder", true);
     }
 
     void startedApplicationStandsOnItsOwn()
     {
-        QFETCH(const bool, isFolder);
+        const auto [isFolder] = fetch<bool>();
         qputenv("TAVIK_SET_FOR_OURSELVES", "1");
-        QTemporaryDir out;
-        const QString script = out.filePath(u"program.sh"_qs);
-        const QString report = out.filePath(u"report"_qs);
-        writeFile(script,
-                  "#!/bin/sh\ncd " + out.path().toUtf8()
-                      + " && { env; echo PID=$$; echo SID=$(ps -o sid= -p $$); "
-                        "echo PARENT=$PPID; echo IN=$(readlink /proc/$$/fd/0); "
-                        "echo OUT=$(readlink /proc/$$/fd/1); echo ERR=$(readlink /proc/$$/fd/2); } "
-                        "> draft 2>/dev/null; mv draft report; exec sleep 30\n");
+        const FileTree out;
+        const QString report = out.path(u"report"_qs);
+        const QString script = out.write(
+            u"program.sh"_qs,
+            "#!/bin/sh\ncd " + out.path().toUtf8()
+                + " && { env; echo PID=$$; echo SID=$(ps -o sid= -p $$); "
+                  "echo PARENT=$PPID; echo IN=$(readlink /proc/$$/fd/0); "
+                  "echo OUT=$(readlink /proc/$$/fd/1); echo ERR=$(readlink /proc/$$/fd/2); } "
+                  "> draft 2>/dev/null; mv draft report; exec sleep 30\n");
         QVERIFY(QFile::setPermissions(script, QFile::ReadOwner | QFile::ExeOwner));
         Desktop desktop({{u"run.desktop"_qs, "Exec=" + script.toUtf8() + "\nPath=/\n"}});
         desktop.awaitEntries(u"run"_qs);
-        const QString path
-            = isFolder ? out.filePath(u"Run.app"_qs) : desktop.path(u"run.desktop"_qs);
+        const QString path = isFolder ? out.path(u"Run.app"_qs) : desktop.path(u"run.desktop"_qs);
         if (isFolder) {
             desktop.files.bundles.insert(path,
                                          Bundle{.identifier = u"org.run"_qs, .executable = script});
         }
 
-        std::optional<std::optional<QString>> outcome;
-        desktop.workspace->openApplication(
-            path, {.activates = true}, [&](const std::optional<QString>& error) {
-                outcome = error;
-            });
-        QTRY_VERIFY(outcome);
-        QCOMPARE(outcome->value_or(QString()), QString());
+        QCOMPARE(desktop.open(path), QString());
         QTRY_VERIFY(QFile::exists(report));
         QMap<QByteArray, QByteArray> facts;
-        for (const QByteArray& line : readFile(report).split('\n')) {
+        QFile file(report);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        for (const QByteArray& line : file.readAll().split('\n')) {
             facts.insert(line.left(line.indexOf('=')), line.mid(line.indexOf('=') + 1).trimmed());
         }
         const qint64 processId = facts.value("PID").toLongLong();
@@ -278,26 +271,14 @@ private Q_SLOTS:
         qunsetenv("TAVIK_SET_FOR_OURSELVES");
     }
 
-    void whatCannotBeStartedIsReported_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::newRow("missing file") << u"missing.desktop"_qs;
-        QTest::newRow("missing program") << u"broken.desktop"_qs;
-        QTest::newRow("no program") << u"Nothing.app"_qs;
-    }
-
     void whatCannotBeStartedIsReported()
     {
-        QFETCH(const QString, name);
         Desktop desktop({{u"broken.desktop"_qs, "Exec=/nonexistent/program\n"}});
-        std::optional<std::optional<QString>> outcome;
-        desktop.workspace->openApplication(
-            desktop.path(name), {.activates = true}, [&](const std::optional<QString>& error) {
-                outcome = error;
-            });
-        QTRY_VERIFY(outcome);
-        QVERIFY(outcome->has_value());
-        QVERIFY(!outcome->value().isEmpty());
+        for (const QString& name :
+             {u"missing.desktop"_qs, u"broken.desktop"_qs, u"Nothing.app"_qs}) {
+            const QString error = desktop.open(desktop.path(name));
+            QVERIFY2(!error.isEmpty() && error != u"nothing was told"_qs, qPrintable(name));
+        }
     }
 
     void runningApplicationIsRaisedAtItsLatestWindow()
@@ -319,13 +300,7 @@ private Q_SLOTS:
         sendToWindowManager(
             m_client.connection(), m_client.root(), first, m_client.atom("WM_CHANGE_STATE"), {3});
         QTRY_COMPARE(m_client.numbers(first, "WM_STATE").value(0), 3U);
-        std::optional<std::optional<QString>> outcome;
-        desktop.workspace->openApplication(
-            desktop.path(u"one.desktop"_qs),
-            {.activates = true},
-            [&](const std::optional<QString>& error) { outcome = error; });
-        QTRY_VERIFY(outcome);
-        QVERIFY(!outcome->has_value());
+        QCOMPARE(desktop.open(desktop.path(u"one.desktop"_qs)), QString());
         QTRY_COMPARE(m_client.focused(), first);
         QTRY_COMPARE(desktop.workspace->frontmostApplication()->bundleIdentifier, u"one"_qs);
     }

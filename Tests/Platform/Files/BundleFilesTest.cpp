@@ -1,0 +1,256 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Files/ApplicationFolder.h>
+#include <TavikLauncherPlatform/Linux/Files/DesktopEntryFile.h>
+
+#include <QImage>
+#include <QTest>
+
+#include <Support/BinaryPropertyList.h>
+#include <Support/FileTree.h>
+#include <Support/Table.h>
+
+#include <sys/stat.h>
+
+using namespace Tavik;
+using namespace Tavik::Test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QByteArray xml(const QByteArray& body)
+{
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">" + body
+        + "</plist>";
+}
+
+QByteArray info(const QByteArray& entries)
+{
+    return xml("<dict>" + entries + "</dict>");
+}
+
+/// A binary list of `levels` arrays, each holding the next one `copies` times: it unfolds to
+/// copies^levels nodes.
+QByteArray foldedArrays(int levels, int copies)
+{
+    QByteArray bytes = "bplist00";
+    QByteArray offsets;
+    const auto put = [](QByteArray& to, qsizetype number) {
+        to += static_cast<char>(number >> 8);
+        to += static_cast<char>(number & 0xFF);
+    };
+    for (int level = 0; level < levels; ++level) {
+        put(offsets, bytes.size());
+        const bool isLast = level + 1 == levels;
+        bytes += static_cast<char>(0xA0 | (isLast ? 0 : copies));
+        for (int copy = 0; copy < copies && !isLast; ++copy) {
+            put(bytes, level + 1);
+        }
+    }
+    const qsizetype table = bytes.size();
+    QByteArray trailer(32, '\0');
+    trailer[6] = 2;
+    trailer[7] = 2;
+    trailer[14] = static_cast<char>(levels >> 8);
+    trailer[15] = static_cast<char>(levels & 0xFF);
+    trailer[30] = static_cast<char>(table >> 8);
+    trailer[31] = static_cast<char>(table & 0xFF);
+    return bytes + offsets + trailer;
+}
+
+/// A whole entry, but for what `lines` say otherwise.
+QByteArray entry(const QByteArray& lines)
+{
+    QByteArray text = "[Desktop Entry]\n";
+    for (const QByteArray line : {"Type=Application", "Name=Viewer", "Exec=sh"}) {
+        const QByteArray key = '\n' + line.first(line.indexOf('=') + 1);
+        text += ('\n' + lines).contains(key) ? QByteArray() : line + '\n';
+    }
+    return text + lines + '\n';
+}
+
+} // namespace
+
+class BundleFilesTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void textsAreReadFromBothFormatsAndNothingElse()
+    {
+        const QByteArray list
+            = info("<key>CFBundleDisplayName</key><string></string>"
+                   "<key>CFBundleName</key><string>T\xC3\xA9st &amp; more</string>"
+                   "<key>CFBundleIdentifier</key><string>org.example.test</string>");
+        for (const QByteArray& bytes : {list, binaryPropertyList(list)}) {
+            const auto parsed = ApplicationFolder::parse(bytes);
+            QVERIFY(parsed);
+            QCOMPARE(parsed->displayName, u""_s);
+            QCOMPARE(parsed->name, u"T\u00e9st & more"_s);
+            QCOMPARE(parsed->identifier, u"org.example.test"_s);
+            QVERIFY(!parsed->iconFile);
+        }
+        const auto odd = ApplicationFolder::parse(
+            info("<key>CFBundleDisplayName</key><integer>3</integer>"
+                 "<key>CFBundleName</key><array><string>x</string></array>"
+                 "<key>CFBundleIdentifier</key><true/>"));
+        QVERIFY(odd && !odd->displayName && !odd->name && !odd->identifier);
+    }
+
+    void damagedListsAreAbsent_data()
+    {
+        const Table<QByteArray> row;
+        row("array", xml("<array/>"));
+        row("cut xml", xml("<dict><key>CFBundleName</key><str"));
+        row("cut binary", binaryPropertyList(info("<key>a</key><string>b</string>")).chopped(9));
+        row("deep xml", xml(QByteArray("<array>").repeated(100'000)));
+        row("deep binary", foldedArrays(5'000, 1));
+        row("folded binary", foldedArrays(30, 4));
+    }
+
+    void damagedListsAreAbsent()
+    {
+        const auto [bytes] = fetch<QByteArray>();
+        QVERIFY(!ApplicationFolder::parse(bytes));
+    }
+
+    void iconAndProgramStayInsideTheBundle_data()
+    {
+        // What the list names, and what is found below "Contents/Resources"; null when nothing is.
+        const Table<QByteArray, QString> row;
+        row("with an ending", "Icon.png", u"Icon.png"_s);
+        row("without an ending", "Icon", u"Icon.png"_s);
+        row("dots in the name", "Icon.v2", u"Icon.v2.svg"_s);
+        row("a format not read here", "Icon.icns", u"Icon.png"_s);
+        row("above", "../../../outside.png", {});
+        row("absolute", "/etc/hostname", {});
+        row("a link that leads out", "escape.png", {});
+        row("empty", {}, {});
+    }
+
+    void iconAndProgramStayInsideTheBundle()
+    {
+        const auto [name, found] = fetch<QByteArray, QString>();
+        const FileTree tree;
+        const QString outside = tree.write(u"outside.png"_s);
+        const QString resources = u"X.app/Contents/Resources/"_s;
+        tree.write(resources + u"Icon.png"_s);
+        tree.write(resources + u"Icon.v2.svg"_s);
+        tree.link(outside, resources + u"escape.png"_s);
+        tree.write(u"X.app/Contents/MacOS/Icon.png"_s);
+        tree.link(outside, u"X.app/Contents/MacOS/escape.png"_s);
+        tree.write(u"X.app/Contents/Info.plist"_s,
+                   info("<key>CFBundleIconFile</key><string>" + name
+                        + "</string><key>CFBundleExecutable</key><string>" + name + "</string>"));
+
+        const auto bundle = ApplicationFolder::read(tree.path(u"X.app"_s));
+        QVERIFY(bundle);
+        QCOMPARE(bundle->iconSource, found.isNull() ? QString() : tree.path(resources + found));
+        QCOMPARE(bundle->executable.has_value(), name == "Icon.png");
+    }
+
+    void aFolderWithoutAReadableListIsAbsent()
+    {
+        const FileTree tree;
+        QVERIFY(!ApplicationFolder::read(tree.makeFolder(u"Bare.app"_s)));
+        tree.makeFolder(u"Odd.app/Contents/Info.plist"_s);
+        QVERIFY(!ApplicationFolder::read(tree.path(u"Odd.app"_s)));
+        tree.write(u"Huge.app/Contents/Info.plist"_s,
+                   info("<key>a</key><string>" + QByteArray(ApplicationFolder::maxInfoSize, 'x')
+                        + "</string>"));
+        QVERIFY(!ApplicationFolder::read(tree.path(u"Huge.app"_s)));
+    }
+
+    // GIO reads both once per process.
+    void initTestCase()
+    {
+        qputenv("XDG_CURRENT_DESKTOP", "Tiled:Base");
+        qputenv("LANGUAGE", "de");
+    }
+    void anEntryIsShownOrHidden_data()
+    {
+        const Table<QByteArray, bool> row;
+        row("plain", entry(""), false);
+        row("NoDisplay", entry("NoDisplay=true"), true);
+        row("Hidden", entry("Hidden=true"), true);
+        row("TryExec fails", entry("TryExec=/no/such/program"), true);
+        row("TryExec succeeds", entry("TryExec=sh"), false);
+        row("for this desktop", entry("OnlyShowIn=Other;Base;"), false);
+        row("for another desktop", entry("OnlyShowIn=Other;"), true);
+        row("not for this desktop", entry("NotShowIn=Tiled;"), true);
+        row("not for another desktop", entry("NotShowIn=Other;"), false);
+        row("a link", entry("Type=Link\nURL=https://example.org"), true);
+        row("no type", "[Desktop Entry]\nName=X\nExec=sh\n", true);
+        row("no name", "[Desktop Entry]\nType=Application\nExec=sh\n", true);
+        row("blank name", entry("Name= "), true);
+        row("empty command", entry("Exec="), true);
+        row("no command", "[Desktop Entry]\nType=Application\nName=X\n", true);
+        row("no command but D-Bus",
+            "[Desktop Entry]\nType=Application\nName=X\nDBusActivatable=true\n",
+            false);
+        row("command not installed", entry("Exec=/no/such/program"), true);
+        row("command that does not parse", entry("Exec=\"sh"), true);
+        row("another first group", "[Other]\n" + entry(""), true);
+    }
+
+    void anEntryIsShownOrHidden()
+    {
+        const auto [content, isHidden] = fetch<QByteArray, bool>();
+        const Bundle bundle = DesktopEntryFile::parse(content, u"org.example.viewer"_s);
+        QCOMPARE(bundle.isHidden, isHidden);
+        QCOMPARE(bundle.kind, Bundle::Kind::desktopEntry);
+        QCOMPARE(bundle.identifier, u"org.example.viewer"_s);
+        QVERIFY(bundle.isHidden || bundle.name);
+    }
+
+    void theNameIsTheUsersLanguagesAndFitsOneLine_data()
+    {
+        const Table<QByteArray, QString> row;
+        row("localized", "Name=Viewer\nName[de]=Betrachter\nName[fr]=Vue", u"Betrachter"_s);
+        row("escaped breaks", "Name=Two\\nlines\\tof it\\n", u"Two lines of it"_s);
+        row("endless", "Name=" + QByteArray(100'000, 'x'), QString(512, u'x'));
+    }
+
+    void theNameIsTheUsersLanguagesAndFitsOneLine()
+    {
+        const auto [lines, name] = fetch<QByteArray, QString>();
+        QCOMPARE(DesktopEntryFile::parse(entry(lines), {}).name.value_or(QString()), name);
+    }
+
+    void theIconIsANameOrAPath_data()
+    {
+        const Table<QByteArray, QString> row;
+        row("name", "org.example.Viewer", u"org.example.Viewer"_s);
+        row("name with an ending", "viewer.png", u"viewer"_s);
+        row("path", "/opt/viewer/icon.png", u"/opt/viewer/icon.png"_s);
+        row("relative path", "../../etc/icon", {});
+        row("control character", "a\\nb", {});
+        row("endless", QByteArray(5000, 'i'), {});
+    }
+
+    void theIconIsANameOrAPath()
+    {
+        const auto [icon, source] = fetch<QByteArray, QString>();
+        QCOMPARE(DesktopEntryFile::parse(entry("Icon=" + icon), {}).iconSource, source);
+    }
+
+    void whatIsNoEntryIsHiddenButKeepsItsIdentifier()
+    {
+        const FileTree tree;
+        const QString good = tree.write(u"good.desktop"_s, entry(""));
+        const QString huge = tree.write(
+            u"huge.desktop"_s, entry("X-Padding=" + QByteArray(DesktopEntryFile::maxSize, 'x')));
+        const QString pipe = tree.path(u"pipe.desktop"_s);
+        QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+        const QString nothing = tree.link(u"/dev/null"_s, u"nothing.desktop"_s);
+
+        QVERIFY(!DesktopEntryFile::read(good, u"x"_s).isHidden);
+        for (const QString& path : {huge, pipe, nothing, tree.path(u"missing.desktop"_s)}) {
+            const Bundle bundle = DesktopEntryFile::read(path, u"x"_s);
+            QVERIFY2(bundle.isHidden, qPrintable(path));
+            QCOMPARE(bundle.identifier, u"x"_s);
+        }
+    }
+};
+
+QTEST_GUILESS_MAIN(BundleFilesTest)
+#include "BundleFilesTest.moc"

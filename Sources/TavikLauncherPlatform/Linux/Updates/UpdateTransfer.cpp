@@ -294,9 +294,8 @@ UpdateTransfer::Head UpdateTransfer::head() const
 
 TransferFault UpdateTransfer::tooLarge() const
 {
-    return {
-        .reason = u"%1 is larger than the %2 MB it may have."_s.arg(
-            m_request.subject, QString::number(m_request.mostBytes / bytesPerMegabyte))};
+    return {.reason = u"%1 is larger than the %2 MB it may have."_s.arg(
+                m_request.subject, QString::number(m_request.mostBytes / bytesPerMegabyte))};
 }
 
 TransferFault UpdateTransfer::networkFault() const

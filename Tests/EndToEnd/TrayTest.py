@@ -82,6 +82,24 @@ def test_a_panel_that_starts_after_the_program_gets_the_item(launcher, desktop):
         assert late.wait_item().tool_tip == "Tavik Launcher"
 
 
+@pytest.mark.parametrize("tint, colour", [("0x181818", (255, 255, 255)), ("0xf0f0f0", (0, 0, 0))], ids=["dark", "light"])
+@pytest.mark.desktop(background=("-solid", "#808080"))
+def test_the_icon_can_be_seen_on_a_panel_that_tells_no_colour(launcher, desktop, display, look, tint, colour):
+    desktop.spawn(["trayer", "--edge", "top", "--align", "right", "--widthtype", "request", "--height", "24",
+                   "--transparent", "true", "--alpha", "0", "--tint", tint])
+    launcher.start()
+    window = display.wait_for("Tavik Launcher", 15)
+    wait_until(lambda: 16 <= display.geometry(window).width <= 24, "the icon has been docked")
+
+    def seen():
+        place = display.geometry(window)
+        top_dot = round((0.5 - 0.36) * place.height)
+        return display.picture().pixel(place.centre[0], place.y + top_dot)
+
+    wait_until(lambda: seen() == colour, "the wheel stands out")
+    look("panel")
+
+
 @pytest.mark.desktop(has_compositor=False)
 def test_a_tray_of_the_older_kind_shows_the_icon_and_its_menu(launcher, desktop, display, look):
     desktop.spawn(["trayer", "--edge", "top", "--align", "right", "--widthtype", "request", "--height", "24"])

@@ -166,6 +166,21 @@ private Q_SLOTS:
         asked.queue.advance(1);
         QVERIFY(neededHeight() <= 520);
     }
+
+    void keysLeaveTheWindow()
+    {
+        Asked asked;
+        asked.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&asked.view));
+        QTest::keyClick(asked.view.focusWidget(), Qt::Key_Escape);
+        QCOMPARE(asked.dismissed, 1);
+        asked.permission.trusted = true;
+        asked.queue.advance(1.1);
+        QCOMPARE(asked.view.session().phase(), Phase::granted);
+        QCOMPARE(asked.view.focusWidget(), &asked.view);
+        QTest::keyClick(&asked.view, Qt::Key_Return);
+        QCOMPARE(asked.dismissed, 2);
+    }
 };
 
 QTEST_MAIN(AccessibilityPermissionViewTest)

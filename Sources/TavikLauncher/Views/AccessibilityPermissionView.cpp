@@ -5,12 +5,13 @@
 #include <TavikLauncher/Views/WindowStyle.h>
 
 #include <QEvent>
-#include <QFrame>
 #include <QIconEngine>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
 #include <QShowEvent>
+#include <QSpacerItem>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -105,6 +106,23 @@ private:
     bool m_isGranted = false;
 };
 
+/// A hairline between the explanation and the controls, in the colours of the moment.
+class AccessibilityPermissionView::Divider final : public QWidget
+{
+public:
+    explicit Divider(QWidget* parent)
+        : QWidget(parent)
+    {
+        setFixedHeight(1);
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter(this).fillRect(rect(), WindowStyle::hairline(palette()));
+    }
+};
+
 AccessibilityPermissionView::AccessibilityPermissionView(
     AccessibilityPermission& permission,
     MainQueue& mainQueue,
@@ -114,9 +132,12 @@ AccessibilityPermissionView::AccessibilityPermissionView(
     , m_session(permission, mainQueue, std::move(actions))
 {
     setFixedWidth(windowWidth);
+    setFocusPolicy(Qt::StrongFocus);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, margin, 0, margin - 4);
     layout->setSpacing(0);
+    m_headroom = new QSpacerItem(0, 0);
+    layout->addItem(m_headroom);
     layout->addLayout(makeHead());
 
     // Around the drawing, and in its place when it is gone.
@@ -129,13 +150,8 @@ AccessibilityPermissionView::AccessibilityPermissionView(
     layout->addSpacing(diagramRoom);
     layout->addStretch(1);
 
-    auto* divider = new QFrame(this);
-    divider->setFrameShape(QFrame::HLine);
-    divider->setFrameShadow(QFrame::Plain);
-    QPalette line = palette();
-    line.setColor(QPalette::WindowText, WindowStyle::hairline(palette()));
-    divider->setPalette(line);
-    layout->addWidget(divider);
+    m_divider = new Divider(this);
+    layout->addWidget(m_divider);
     layout->addLayout(makeControls());
 
     connect(&m_session,
@@ -226,6 +242,10 @@ void AccessibilityPermissionView::showPhase()
     const Phase phase = m_session.phase();
     const bool isGranted = phase == Phase::granted;
     m_badge->setGranted(isGranted);
+    // What stands alone stands in the middle.
+    m_divider->setVisible(!isGranted);
+    m_headroom->changeSize(
+        0, 0, QSizePolicy::Minimum, isGranted ? QSizePolicy::Expanding : QSizePolicy::Fixed);
     m_title->setText(isGranted ? u"Hotkey Is Active"_s : u"Allow Accessibility Access"_s);
     m_text->setText(
         isGranted
@@ -240,10 +260,23 @@ void AccessibilityPermissionView::showPhase()
     m_done->setVisible(phase == Phase::waitingForUser);
     m_skip->setVisible(phase == Phase::waitingForUser);
     m_hint->setVisible(phase == Phase::waitingForUser && m_session.showsNotEnabledHint());
-    if (isVisible()) {
+    if (isGranted) {
+        setFocus();
+    } else if (isVisible()) {
         (phase == Phase::waitingForUser ? m_openSettings : m_enable)->setFocus();
     }
     WindowStyle::fitHeight(*this);
+}
+
+void AccessibilityPermissionView::keyPressEvent(QKeyEvent* event)
+{
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const bool isGranted = m_session.phase() == AccessibilityPermissionSession::Phase::granted;
+    if (event->key() == Qt::Key_Escape || (isReturn && isGranted)) {
+        m_session.skip();
+    } else {
+        QWidget::keyPressEvent(event);
+    }
 }
 
 void AccessibilityPermissionView::showEvent(QShowEvent* event)

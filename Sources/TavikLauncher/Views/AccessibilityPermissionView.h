@@ -8,6 +8,7 @@
 
 class QLabel;
 class QPushButton;
+class QSpacerItem;
 class QVBoxLayout;
 
 namespace Tavik {
@@ -29,12 +30,14 @@ public:
     [[nodiscard]] AccessibilityPermissionSession& session() { return m_session; }
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
     class Badge;
+    class Divider;
     QLayout* makeHead();
     QLayout* makeControls();
     QPushButton* makeButton(const QString& text, void (AccessibilityPermissionSession::*action)());
@@ -42,10 +45,12 @@ private:
     void updateIcons();
 
     AccessibilityPermissionSession m_session;
+    QSpacerItem* m_headroom = nullptr;
     Badge* m_badge = nullptr;
     QLabel* m_title = nullptr;
     QLabel* m_text = nullptr;
     SettingsDiagram* m_diagram = nullptr;
+    Divider* m_divider = nullptr;
     QLabel* m_instruction = nullptr;
     QWidget* m_hint = nullptr;
     QPushButton* m_enable = nullptr;

@@ -8,7 +8,10 @@
 #include <QCursor>
 #include <QEvent>
 #include <QGuiApplication>
+#include <QImage>
 #include <QPalette>
+#include <QPixmap>
+#include <QScreen>
 
 #include <utility>
 
@@ -22,6 +25,7 @@ constexpr double iconSize = 18;
 /// Panels that do both announce the older kind of tray first.
 constexpr double notifierGraceSeconds = 2;
 constexpr double missingTraySeconds = 10;
+constexpr double dockingSeconds = 0.5;
 
 const QString& checkForUpdatesTitle()
 {
@@ -119,12 +123,12 @@ QIcon StatusItem::icon() const
 
 QIcon StatusItem::makeIcon() const
 {
-    const QPalette palette = QGuiApplication::palette();
+    const QColor text = QGuiApplication::palette().color(QPalette::WindowText);
+    const QColor fitting = m_seenColor.value_or(text);
     return TavikIconFactory::statusIcon({
         .size = iconSize,
         .showsUpdateBadge = m_updateVersion.has_value(),
-        .labelColor
-        = m_dependencies.tray.symbolColor().value_or(palette.color(QPalette::WindowText)),
+        .labelColor = m_dependencies.tray.symbolColor().value_or(fitting),
     });
 }
 
@@ -166,9 +170,39 @@ void StatusItem::install()
 
 void StatusItem::refreshIcon()
 {
+    const bool isTold = m_dependencies.tray.symbolColor().has_value();
+    if (m_icon && !isTold && m_dependencies.tray.host() == StatusTray::Host::embedding) {
+        m_lookAtPanel = m_dependencies.mainQueue.after(dockingSeconds, [this] { lookAtPanel(); });
+    } else {
+        m_lookAtPanel.cancel();
+        m_seenColor.reset();
+    }
+    drawIcon();
+}
+
+void StatusItem::drawIcon()
+{
     if (m_icon) {
         m_icon->setIcon(makeIcon());
         m_icon->setToolTip(accessibilityDescription());
+    }
+}
+
+/// The older trays neither follow the desktop's light or dark nor tell what they are; the icon's
+/// corner lets the panel through.
+void StatusItem::lookAtPanel()
+{
+    const QPoint corner = m_icon->geometry().topLeft();
+    QScreen* screen = m_icon->geometry().isEmpty() ? nullptr : QGuiApplication::screenAt(corner);
+    if (!screen) {
+        return;
+    }
+    const QPoint inside = corner - screen->geometry().topLeft();
+    const QImage panel = screen->grabWindow(0, inside.x(), inside.y(), 1, 1).toImage();
+    if (!panel.isNull()) {
+        constexpr int middle = 128;
+        m_seenColor = qGray(panel.pixel(0, 0)) < middle ? Qt::white : Qt::black;
+        drawIcon();
     }
 }
 

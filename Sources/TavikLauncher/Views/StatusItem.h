@@ -3,6 +3,7 @@
 
 #include <TavikLauncherPlatform/MainQueue.h>
 
+#include <QColor>
 #include <QMenu>
 #include <QObject>
 #include <QString>
@@ -69,6 +70,8 @@ private:
     void trayChanged();
     void install();
     void refreshIcon();
+    void drawIcon();
+    void lookAtPanel();
     void activated(QSystemTrayIcon::ActivationReason reason);
 
     Dependencies m_dependencies;
@@ -79,7 +82,9 @@ private:
     QAction* m_quitItem = nullptr;
     std::optional<QString> m_updateVersion;
     std::unique_ptr<QSystemTrayIcon> m_icon;
+    std::optional<QColor> m_seenColor; ///< What can be seen on a panel that does not tell.
     Task m_waitForNotifier;
+    Task m_lookAtPanel;
     Task m_reportMissingTray;
 };
 

@@ -3,6 +3,7 @@
 #include <TavikLauncher/Views/TavikIconFactory.h>
 #include <TavikLauncherPlatform/WindowServer.h>
 
+#include <QBackingStore>
 #include <QCloseEvent>
 #include <QVBoxLayout>
 
@@ -82,6 +83,18 @@ void AuxiliaryWindow::closeEvent(QCloseEvent* event)
     event->accept();
     if (onClose) {
         onClose();
+    }
+}
+
+void AuxiliaryWindow::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    if (event->spontaneous()) {
+        return;
+    }
+    if (QBackingStore* pixels = backingStore()) {
+        // Megabytes that nobody sees; the next showing makes them anew at the window's size.
+        pixels->resize({1, 1});
     }
 }
 

@@ -106,6 +106,7 @@ private Q_SLOTS:
     void theSwatchesGoWhenSomethingElseIsDone();
     void colorsFollowTheDesktopAtOnce_data();
     void colorsFollowTheDesktopAtOnce();
+    void theCloseShortcutClosesTheWholeWindow();
     void nothingIsCutOffInTheSmallestWindow_data();
     void nothingIsCutOffInTheSmallestWindow();
 };
@@ -311,6 +312,15 @@ void SettingsControlsTest::colorsFollowTheDesktopAtOnce()
     for (const SettingsLabel* label : fixture.view.findChildren<SettingsLabel*>()) {
         QVERIFY(label->palette().color(label->foregroundRole()).lightness() > 128);
     }
+}
+
+void SettingsControlsTest::theCloseShortcutClosesTheWholeWindow()
+{
+    SettingsWindowFixture fixture;
+    const Framed frame(fixture.view, true);
+    fixture.open(Section::general);
+    QTest::keyClick(&fixture.view, Qt::Key_W, Qt::ControlModifier);
+    QVERIFY(!fixture.view.window()->isVisible());
 }
 
 void SettingsControlsTest::nothingIsCutOffInTheSmallestWindow_data()

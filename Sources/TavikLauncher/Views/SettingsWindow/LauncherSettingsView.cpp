@@ -39,7 +39,9 @@ LauncherSettingsView::LauncherSettingsView(const SettingsDependencies& dependenc
     row->addWidget(m_stack, 1);
     m_sidebar->setCurrent(m_sectionID);
     connect(m_sidebar, &SettingsSidebar::chosen, this, &LauncherSettingsView::showSection);
-    connect(new QShortcut(QKeySequence::Close, this), &QShortcut::activated, this, &QWidget::close);
+    connect(new QShortcut(QKeySequence::Close, this), &QShortcut::activated, this, [this] {
+        window()->close();
+    });
     connect(&m_dependencies.settings,
             &LauncherSettings::propertyChanged,
             this,

@@ -37,7 +37,7 @@ public:
     [[nodiscard]] QSize sizeHint() const override
     {
         const QFontMetrics metrics(scaledFont(font(), 1, QFont::DemiBold));
-        return {3 * padding + symbolSide + metrics.horizontalAdvance(text()) + 2 * focusMargin,
+        return {4 * padding + symbolSide + metrics.horizontalAdvance(text()) + 2 * focusMargin,
                 metrics.height() + 16};
     }
 

@@ -11,7 +11,6 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QShowEvent>
-#include <QSpacerItem>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -136,8 +135,7 @@ AccessibilityPermissionView::AccessibilityPermissionView(
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, margin, 0, margin - 4);
     layout->setSpacing(0);
-    m_headroom = new QSpacerItem(0, 0);
-    layout->addItem(m_headroom);
+    layout->addStretch(0); // What stands alone stands in the middle, see `showPhase`.
     layout->addLayout(makeHead());
 
     // Around the drawing, and in its place when it is gone.
@@ -242,10 +240,9 @@ void AccessibilityPermissionView::showPhase()
     const Phase phase = m_session.phase();
     const bool isGranted = phase == Phase::granted;
     m_badge->setGranted(isGranted);
-    // What stands alone stands in the middle.
     m_divider->setVisible(!isGranted);
-    m_headroom->changeSize(
-        0, 0, QSizePolicy::Minimum, isGranted ? QSizePolicy::Expanding : QSizePolicy::Fixed);
+    constexpr int asMuchAsBelow = 2;
+    static_cast<QVBoxLayout*>(layout())->setStretch(0, isGranted ? asMuchAsBelow : 0);
     m_title->setText(isGranted ? u"Hotkey Is Active"_s : u"Allow Accessibility Access"_s);
     m_text->setText(
         isGranted

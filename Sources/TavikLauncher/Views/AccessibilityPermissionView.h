@@ -8,7 +8,6 @@
 
 class QLabel;
 class QPushButton;
-class QSpacerItem;
 class QVBoxLayout;
 
 namespace Tavik {
@@ -45,7 +44,6 @@ private:
     void updateIcons();
 
     AccessibilityPermissionSession m_session;
-    QSpacerItem* m_headroom = nullptr;
     Badge* m_badge = nullptr;
     QLabel* m_title = nullptr;
     QLabel* m_text = nullptr;

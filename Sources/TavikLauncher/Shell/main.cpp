@@ -132,7 +132,7 @@ Ending run(int argc, char** argv, const CommandLine& commandLine)
     QApplication::setApplicationVersion(updates.version);
     const std::unique_ptr<Platform> platform = makePlatform(updates);
     platform->updater->onTerminate = [] {
-        QCoreApplication::quit();
+        QCoreApplication::exit();
     };
     NotificationCenter notifications;
     AppDelegate delegate(*platform, notifications);

@@ -33,12 +33,20 @@ def _read():
     import gi
 
     gi.require_version("Atspi", "2.0")
-    from gi.repository import Atspi
+    from gi.repository import Atspi, GLib
 
     def describe(node, depth=0):
+        # What goes while it is looked at was not there.
+        try:
+            return described(node, depth)
+        except GLib.GError:
+            return None
+
+    def described(node, depth):
         states = node.get_state_set()
         children = range(min(node.get_child_count(), 200)) if depth < 24 else ()
         text = node.get_text_iface()
+        value = node.get_value_iface()
         component = node.get_component_iface()
         place = component.get_extents(Atspi.CoordType.SCREEN) if component else None
         return {
@@ -47,13 +55,16 @@ def _read():
             "description": node.get_description() or "",
             "states": sorted(state.value_nick for state in states.get_states()),
             "place": [place.x, place.y, place.width, place.height] if place else None,
+            "value": Atspi.Value.get_current_value(value) if value else None,
             "text": Atspi.Text.get_text(text, 0, -1) if text else "",
-            "children": [describe(child, depth + 1) for i in children if (child := node.get_child_at_index(i))],
+            "children": [
+                seen for i in children
+                if (child := node.get_child_at_index(i)) and (seen := describe(child, depth + 1))],
         }
 
     desktop = Atspi.get_desktop(0)
     applications = (desktop.get_child_at_index(index) for index in range(desktop.get_child_count()))
-    return [describe(application) for application in applications if application]
+    return [seen for application in applications if application and (seen := describe(application))]
 
 
 if __name__ == "__main__":

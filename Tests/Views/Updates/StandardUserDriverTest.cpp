@@ -261,7 +261,7 @@ private Q_SLOTS:
         fixture.click(u"Install"_s);
         fixture.driver.showDownloadInitiated(nullptr);
         const QPoint distance = fixture.window()->frameGeometry().center() - middle;
-        QVERIFY2(distance.manhattanLength() <= 8, qPrintable(QDebug::toString(distance)));
+        QVERIFY2(distance.manhattanLength() <= 2, qPrintable(QDebug::toString(distance)));
     }
 };
 

@@ -67,6 +67,18 @@ private Q_SLOTS:
         QCOMPARE(fixture.replies, QList{UpdateChoice::install});
     }
 
+    void aTitleIsShownWhenItSaysMoreThanTheVersion()
+    {
+        for (const auto& [title, isShown] :
+             {std::pair(u"Version 2.1"_s, false), std::pair(u"The one with\nthe themes"_s, true)}) {
+            UpdatesFixture fixture;
+            UpdateItem item = UpdatesFixture::item();
+            item.title = title;
+            fixture.find(item, true);
+            QCOMPARE(fixture.texts().contains(title.simplified()), isShown);
+        }
+    }
+
     void onlyAnAwaitedWindowInstallsOnReturn()
     {
         for (const bool userInitiated : {true, false}) {

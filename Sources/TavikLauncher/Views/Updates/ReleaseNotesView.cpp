@@ -6,6 +6,8 @@
 #include <QEvent>
 #include <QScrollBar>
 
+#include <cmath>
+#include <memory>
 #include <utility>
 
 namespace Tavik {
@@ -51,6 +53,14 @@ void ReleaseNotesView::setContent(const QString& html)
     const int position = verticalScrollBar()->value();
     setHtml(html);
     verticalScrollBar()->setValue(position);
+}
+
+int ReleaseNotesView::fullHeight(int width) const
+{
+    const int frame = 2 * frameWidth();
+    const std::unique_ptr<QTextDocument> copy(document()->clone());
+    copy->setTextWidth(width - frame);
+    return static_cast<int>(std::ceil(copy->size().height())) + frame;
 }
 
 QVariant ReleaseNotesView::loadResource(int, const QUrl&)

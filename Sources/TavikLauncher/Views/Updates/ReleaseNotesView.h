@@ -23,6 +23,9 @@ public:
     /// Says something of our own in the notes' place.
     void say(const QString& text);
 
+    /// How high the notes are at a width, all of them; in points.
+    [[nodiscard]] int fullHeight(int width) const;
+
     QVariant loadResource(int type, const QUrl& name) override;
 
 protected:

@@ -16,11 +16,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What the feed calls a version is shown in titles and in a menu.
-QString shortened(const QString& version)
+constexpr qsizetype longestVersion = 40; ///< In titles and in a menu.
+constexpr qsizetype longestTitle = 120;
+
+/// What the feed says, as one line of at most so many characters.
+QString shortened(const QString& text, qsizetype longest)
 {
-    constexpr qsizetype longest = 40;
-    const QString line = version.simplified();
+    const QString line = text.simplified();
     return line.size() <= longest ? line : line.left(longest - 1) + u'…';
 }
 
@@ -63,7 +65,8 @@ void StandardUserDriver::showUpdateFound(const UpdateItem& item,
 {
     takeDown();
     m_found = Found{.item = item, .reply = std::move(reply)};
-    m_found->item.displayVersionString = shortened(item.displayVersionString);
+    m_found->item.displayVersionString = shortened(item.displayVersionString, longestVersion);
+    m_found->item.title = shortened(item.title, longestTitle);
     StandardUserDriverDelegate& delegate = m_dependencies.delegate;
     const bool shows = state.userInitiated || !delegate.supportsGentleScheduledUpdateReminders()
         || delegate.standardUserDriverShouldHandleShowingScheduledUpdate(
@@ -216,7 +219,7 @@ void StandardUserDriver::dismissUpdateInstallation()
     takeDown();
     m_dependencies.delegate.standardUserDriverWillFinishUpdateSession();
     m_found.reset();
-    m_lastPlace.reset();
+    m_lastFrame.reset();
 }
 
 QString StandardUserDriver::version() const
@@ -268,9 +271,11 @@ void StandardUserDriver::present(UpdateView* view, const AuxiliaryWindow::Option
     m_window.reset(new UpdateWindow(m_dependencies.windowServer, complete, view));
     m_window->layout()->activate();
     m_options.windowMade(*m_window);
-    if (m_lastPlace) {
-        // Where the user has moved the one before to.
-        m_window->centerIn(QRect(*m_lastPlace, QSize(1, 1)));
+    if (m_lastFrame) {
+        // Where the user has moved the one before to. The new one has no frame yet.
+        QRect frame({}, m_window->size() + m_lastBorder);
+        frame.moveCenter(m_lastFrame->center());
+        m_window->move(frame.topLeft());
     }
 }
 
@@ -278,7 +283,8 @@ void StandardUserDriver::takeDown()
 {
     if (m_window) {
         if (m_window->isVisible()) {
-            m_lastPlace = m_window->frameGeometry().center();
+            m_lastFrame = m_window->frameGeometry();
+            m_lastBorder = m_lastFrame->size() - m_window->size();
         }
         m_window->hide();
         m_window.reset();

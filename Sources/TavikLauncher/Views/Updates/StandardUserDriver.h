@@ -92,7 +92,8 @@ private:
     std::unique_ptr<UpdateWindow, DeleteLater> m_window;
     UpdateAlertView* m_alert = nullptr; ///< The window's content, if it is that.
     UpdateStatusView* m_status = nullptr; ///< The window's content, if it is that.
-    std::optional<QPoint> m_lastPlace; ///< The middle of the session's last window.
+    std::optional<QRect> m_lastFrame; ///< Of the session's last window.
+    QSize m_lastBorder; ///< How much larger that was than the window in it.
 };
 
 } // namespace Tavik

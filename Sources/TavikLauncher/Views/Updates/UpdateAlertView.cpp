@@ -45,6 +45,10 @@ UpdateAlertView::UpdateAlertView(const UpdateItem& item, const Options& options,
     setTitle(u"A new version of Tavik Launcher is available."_s);
     addText(
         u"Version %1 is out; you have %2."_s.arg(item.displayVersionString, options.ownVersion));
+    // Most feeds call a version nothing but its number.
+    if (!item.title.isEmpty() && !item.title.contains(item.displayVersionString)) {
+        addText(item.title);
+    }
     if (item.isInformationOnly) {
         addText(u"It cannot be installed from here. Its page tells how to get it."_s);
     }
@@ -70,6 +74,7 @@ void UpdateAlertView::addNotes(const UpdateItem& item)
     column().addSpacing(6);
     column().addWidget(m_notes, 1);
     if (!item.releaseNotes) {
+        m_isComplete = false;
         m_notes->say(u"Fetching the release notes…"_s);
     } else if (!m_notes->showNotes(*item.releaseNotes)) {
         m_notes->say(u"There are no release notes."_s);
@@ -97,6 +102,7 @@ void UpdateAlertView::addButtons(const UpdateItem& item, bool isAwaited)
 
 void UpdateAlertView::showReleaseNotes(const ReleaseNotes& notes)
 {
+    m_isComplete = true;
     if (m_notes && !m_notes->showNotes(notes)) {
         m_notes->say(u"There are no release notes."_s);
     }
@@ -104,6 +110,7 @@ void UpdateAlertView::showReleaseNotes(const ReleaseNotes& notes)
 
 void UpdateAlertView::showReleaseNotesFailure(const QString& reason)
 {
+    m_isComplete = true;
     if (m_notes) {
         m_notes->say(u"The release notes could not be fetched. %1"_s.arg(reason));
     }
@@ -117,13 +124,21 @@ QSize UpdateAlertView::smallestSize() const
     return {width, height};
 }
 
-QSize UpdateAlertView::preferredSize() const
+QSize UpdateAlertView::preferredSize()
 {
     const QSize smallest = smallestSize();
     const int width = std::max(smallest.width(), scaled(preferredWidth));
-    return {width,
-            m_notes ? std::max(smallest.height(), scaled(preferredHeight))
-                    : layout()->totalHeightForWidth(width)};
+    if (!m_notes) {
+        return {width, layout()->totalHeightForWidth(width)};
+    }
+    const int height = std::max(smallest.height(), scaled(preferredHeight));
+    if (!m_isComplete) {
+        return {width, height};
+    }
+    resize(width, height);
+    layout()->activate();
+    const int surplus = m_notes->height() - m_notes->fullHeight(m_notes->width());
+    return {width, std::max(smallest.height(), height - std::max(surplus, 0))};
 }
 
 } // namespace Tavik

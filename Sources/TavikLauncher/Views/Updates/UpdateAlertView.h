@@ -36,7 +36,8 @@ public:
 
     /// Below it something would be cut off; in points.
     [[nodiscard]] QSize smallestSize() const;
-    [[nodiscard]] QSize preferredSize() const;
+    /// Not larger than inline notes need.
+    [[nodiscard]] QSize preferredSize();
 
     void dismiss() override { m_actions.choose(UpdateChoice::remindLater); }
 
@@ -46,6 +47,7 @@ private:
 
     Actions m_actions;
     ReleaseNotesView* m_notes = nullptr; ///< Null when there is nothing to read about the version.
+    bool m_isComplete = true; ///< No notes are on their way.
 };
 
 } // namespace Tavik

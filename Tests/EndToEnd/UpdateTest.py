@@ -1,0 +1,220 @@
+# SPDX-License-Identifier: MIT
+"""A newer version: the quiet reminder, the window that comes to the pointer, and the program that takes
+the place of the old one."""
+import os
+import pathlib
+import re
+import subprocess
+
+import pytest
+
+from harness import accessibility
+from harness.desktop import Monitor
+from harness.launcher import BUS_NAME, Launcher
+from harness.update_feed import Signer, UpdateFeed
+from harness.waiting import stays, wait_until
+
+TITLE = "Software Update"
+REMINDER = "Update to 2.1 Available…"
+CHECK = "Check for Updates…"
+TWO_MONITORS = (Monitor("left", 0, 0, 900, 900), Monitor("right", 900, 0, 900, 900))
+DEBUG_LOG = pathlib.Path("/tmp/tavik-update.log")
+IMAGE_MARK = b"AI\x02"  # Where a program's header has room to spare.
+
+
+@pytest.fixture
+def feed():
+    with UpdateFeed() as made:
+        yield made
+
+
+@pytest.fixture(scope="session")
+def image(program, tmp_path_factory):
+    """The launcher as an image: the program itself, marked as one, without what only a debugger reads."""
+    stripped = tmp_path_factory.mktemp("image") / "stripped"
+    subprocess.run(["strip", "-o", stripped, program], check=True)
+    content = stripped.read_bytes()
+    return content[:8] + IMAGE_MARK + content[8 + len(IMAGE_MARK):]
+
+
+@pytest.fixture(scope="session")
+def program():
+    made = pathlib.Path(os.environ["TAVIK_LAUNCHER_UPDATING"])
+    assert made.exists(), f"{made} is not built"
+    return made
+
+
+@pytest.fixture
+def installed(desktop, image):
+    """The image as the user keeps it."""
+    path = desktop.home / "Tavik.AppImage"
+    path.write_bytes(image)
+    path.chmod(0o755)
+    return path
+
+
+@pytest.fixture
+def launcher(desktop, program, feed, installed, image):
+    """The launcher as it runs from an image: below a folder to which the image has been mounted."""
+    mounted = desktop.home / "mounted" / "tavik-launcher"
+    mounted.parent.mkdir()
+    mounted.write_bytes(image)
+    mounted.chmod(0o755)
+    made = Launcher(desktop, mounted)
+    made.environment |= {
+        **feed.environment, "APPIMAGE": str(installed), "APPDIR": str(mounted.parent),
+        "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
+    }
+    yield made
+    made.stop()
+
+
+class Window:
+    """The updater's window, read as assistive technology reads it and used with the mouse."""
+
+    def __init__(self, desktop):
+        self._desktop = desktop
+
+    def texts(self):
+        nodes = [node for tree in accessibility.trees(self._desktop) for node in accessibility.flatten(tree)]
+        return [text for node in nodes for text in (node["name"], node["text"]) if text]
+
+    def wait_text(self, pattern):
+        return wait_until(
+            lambda: next((text for text in self.texts() if re.search(pattern, text)), None),
+            f"the window says {pattern!r}", interval=0.1)
+
+    def click(self, button):
+        node = wait_until(lambda: self._shown(button), f"there is a button {button!r}", interval=0.1)
+        x, y, width, height = node["place"]
+        self._desktop.display.click(x + width // 2, y + height // 2)
+
+    def _shown(self, name):
+        node = accessibility.find(self._desktop, name)
+        return node if node and "showing" in node["states"] else None
+
+
+@pytest.fixture
+def window(desktop):
+    return Window(desktop)
+
+
+def running(path):
+    """The ids of the processes that run the program at `path`."""
+    found = []
+    for entry in pathlib.Path("/proc").glob("[0-9]*/exe"):
+        try:
+            if entry.readlink() == path:
+                found.append(int(entry.parent.name))
+        except OSError:
+            pass
+    return found
+
+
+def badge(item):
+    """The colour in the middle of the icon's badge, at the upper right."""
+    side = max(item.icon_sides())
+    pixels = [pixel for row in item.icon(side)[: side // 2] for pixel in row[side // 2:]]
+    return max(pixels, key=lambda pixel: pixel[0] - pixel[1] if pixel[3] > 200 else -255)
+
+
+def is_red(pixel):
+    return pixel[3] > 200 and pixel[0] > 2 * pixel[1] and pixel[0] > 2 * pixel[2]
+
+
+def test_a_scheduled_update_is_a_quiet_reminder_until_the_user_asks(
+        launcher, panel, feed, image, display, window, look):
+    feed.offer("2.1", image)
+    launcher.start("--background")
+    item = panel.wait_item()
+    assert CHECK in [line.title for line in item.menu()] and not is_red(badge(item))
+    wait_until(lambda: REMINDER in [line.title for line in item.menu()], "the menu tells of the update", 15)
+    assert CHECK not in [line.title for line in item.menu()]
+    wait_until(lambda: is_red(badge(item)), "the icon has its badge")
+    assert item.tool_tip == "Tavik Launcher — update available"
+    stays(lambda: display.find(TITLE) is None, "no window is shown", 1)
+    assert feed.requests == ["/feed.xml"], "and nothing is downloaded unasked"
+
+    item.choose(REMINDER)
+    opened = display.wait_for(TITLE)
+    wait_until(lambda: display.has_focus(opened), "the window has the keyboard")
+    wait_until(lambda: CHECK in [line.title for line in item.menu()], "the reminder is gone")
+    wait_until(lambda: not is_red(badge(item)), "and the badge")
+    window.wait_text("Version 2.1 is out; you have 2.0.")
+    look("found")
+    display.press("Escape")
+    display.wait_gone(TITLE)
+
+
+@pytest.mark.desktop(width=1800, height=900, monitors=TWO_MONITORS)
+def test_a_check_by_the_user_comes_to_the_pointer_and_installs(
+        launcher, feed, image, installed, display, desktop, window, look):
+    successor = image + b"newer"
+    feed.offer("2.1", successor)
+    known = DEBUG_LOG.read_text().splitlines() if DEBUG_LOG.exists() else None
+    launcher.start("--background", environment={"TAVIK_UPDATE_DEBUG": "1"})
+    display.move_pointer(1350, 450)
+    assert launcher.command("--check-for-updates").returncode == 0
+    opened = display.wait_for(TITLE)
+    window.wait_text("A new version of Tavik Launcher is available.")
+    opened = display.wait_for(TITLE)
+    wait_until(
+        lambda: all(abs(a - b) <= 16 for a, b in zip(display.geometry(opened).centre, (1350, 450))),
+        "the window is in the middle of the pointer's monitor")
+    wait_until(lambda: display.has_focus(opened), "the window has the keyboard")
+    look("found")
+    place = display.geometry(opened)
+    display.move_pointer(100, 100)
+    stays(lambda: display.geometry(opened) == place, "it is moved once", 0.5)
+    lines = DEBUG_LOG.read_text().splitlines()[len(known or []):]
+    if known is None:
+        DEBUG_LOG.unlink()
+    rect = r"\((-?[\d.]+, ){3}[\d.]+\)"
+    assert len(lines) == 2
+    assert re.fullmatch(rf"\[attempt \d+\] chose Tavik::UpdateWindow key=true wc=nil at {rect}", lines[0])
+    assert re.fullmatch(rf"\[attempt \d+\] moved to {rect} on \(900\.0, 0\.0, 900\.0, 900\.0\)", lines[1])
+
+    display.press("Return")
+    window.wait_text("Ready to install")
+    look("ready")
+    assert installed.read_bytes() == image, "nothing is changed before the last word"
+    window.click("Install and Relaunch")
+    assert launcher.wait_exit(20) == 0
+    started = wait_until(lambda: running(installed), "the new version runs", 20)
+    assert installed.read_bytes() == successor
+    assert os.access(installed, os.X_OK)
+    wait_until(lambda: desktop.name_has_owner(BUS_NAME), "it is on the bus")
+    wait_until(lambda: display.is_grabbed(launcher.hot_key), "and its hot key is taken", 20)
+    assert len(started) == 1
+    assert [path.name for path in installed.parent.glob("*Tavik*") if path.is_file()] == [installed.name]
+    assert [path.name for path in installed.parent.glob(".*Tavik*")] == [], "nothing is left behind"
+
+
+@pytest.mark.parametrize("fault", ["foreign signature", "other content"])
+def test_what_its_maker_has_not_signed_is_refused(launcher, feed, image, installed, display, window, look, fault):
+    if fault == "foreign signature":
+        feed.offer("2.1", image + b"evil", signer=Signer())
+    else:
+        feed.offer("2.1", image + b"good")
+        feed.replace_package(image + b"evil")
+    launcher.start("--background")
+    launcher.command("--check-for-updates")
+    window.click("Install")
+    window.wait_text("The update was not installed.")
+    window.wait_text("signature|signed")
+    look("refused")
+    assert installed.read_bytes() == image
+    assert [path.name for path in installed.parent.glob(".*Tavik*")] == [], "nothing is left behind"
+    display.press("Return")
+    display.wait_gone(TITLE)
+    assert not launcher.exited()
+
+
+def test_a_build_without_a_feed_says_so(desktop, launcher, display, window, look):
+    launcher.environment["TAVIK_TEST_FEED"] = ""
+    launcher.start("--background")
+    launcher.command("--check-for-updates")
+    window.wait_text("This build is not updated by itself.")
+    look("answer")
+    display.press("Escape")
+    display.wait_gone(TITLE)

@@ -281,7 +281,7 @@ private Q_SLOTS:
 
         m_bench->offer({.path = path});
         QVERIFY(m_bench->checkToTheEnd());
-        QVERIFY(m_bench->driver.calls.contains(u"error"_s));
+        QVERIFY(m_bench->driver.calls.contains(u"not found"_s));
     }
 
 private:

@@ -149,8 +149,8 @@ void UpdateSession::offerPageOnly()
 {
     UpdateItem& update = m_offer.update;
     if (update.infoUrl.isEmpty()) {
-        checkFailed(u"Tavik Launcher %1 is available, but not as a file that can be installed "
-                    u"here."_s.arg(update.displayVersionString));
+        nothingFound(u"Tavik Launcher %1 is available, but not as a file that can be installed "
+                     u"here."_s.arg(update.displayVersionString));
         return;
     }
     m_offer.enclosure.reset();

@@ -17,18 +17,6 @@ def names(launcher):
     return [entry["name"] for entry in launcher.cache()]
 
 
-def test_the_cache_file_lists_every_application_by_name(launcher, applications):
-    for name in ("mango", "Apricot", "Zebra", "élan"):
-        applications.add(name)
-    applications.add("Invisible", extra="NoDisplay=true\n")
-    launcher.start().wait_indexed()
-    ours = [entry for entry in launcher.cache() if "org.example." in entry["path"]]
-    assert [entry["name"] for entry in ours] == ["Apricot", "élan", "mango", "Zebra"]
-    assert all(set(entry) == {"name", "path", "bundleIdentifier"} for entry in ours)
-    assert ours[0]["bundleIdentifier"].removesuffix(".desktop") == "org.example.apricot"
-    assert ": " not in launcher.cache_file.read_text().split('"path"')[0], "the file is compact"
-
-
 def test_a_new_application_can_be_found_and_a_removed_one_not(searching, applications, display, look):
     remains = applications.add("Mulberry", "red")
     goes = applications.add("Mulch", "yellow")
@@ -43,17 +31,6 @@ def test_a_new_application_can_be_found_and_a_removed_one_not(searching, applica
     display.type("mul")
     searching.wait_shows(comes, remains)
     look("search")
-
-
-def test_an_application_folder_that_appears_later_is_noticed(searching, desktop, applications, display):
-    searching.start().wait_indexed()
-    searching.summon(640, 400)
-    folder = desktop.home / "Applications" / "Late.app" / "Contents"
-    folder.mkdir(parents=True)
-    (folder / "Info.plist").write_text(
-        '<?xml version="1.0"?><plist version="1.0"><dict><key>CFBundleName</key><string>Late Bloomer</string>'
-        "<key>CFBundleIdentifier</key><string>org.example.late</string></dict></plist>")
-    wait_until(lambda: "Late Bloomer" in names(searching), "the new folder is in the catalogue")
 
 
 def test_the_cache_serves_the_first_search_and_drops_what_is_gone(searching, applications, display):

@@ -37,16 +37,6 @@ def test_a_launched_program_shows_its_window_and_outlives_the_launcher(ring, app
     stays(lambda: processes.is_alive(start["pid"]) and display.is_viewable(window), "the program lives on")
 
 
-def test_a_launched_program_dies_with_no_signal_to_the_launchers_group(ring, apps, display):
-    launch(ring, display, 0)
-    start = apps[0].wait_started()
-    fields = processes.status(start["pid"])
-    assert int(fields[2]) != os.getpgid(ring.process.pid), "it has a process group of its own"
-    ring.process.kill()
-    ring.wait_exit()
-    stays(lambda: processes.is_alive(start["pid"]), "the program lives on")
-
-
 def test_a_launched_program_sees_the_users_environment_and_nothing_of_ours(ring, apps, desktop, display):
     launch(ring, display, 0)
     given = apps[0].wait_started()["environment"]
@@ -98,24 +88,3 @@ def test_launched_and_activated_applications_are_the_recent_ones(ring, apps, des
     wait_until(lambda: ring.recents() == [other.path, apps[2].path], "the activation is on disk")
     display.activate(display.find("Cedar"))
     wait_until(lambda: ring.recents() == [apps[2].path, other.path], "the newest comes first")
-
-
-def test_recent_applications_fill_the_ring_of_the_next_run(launcher, applications):
-    pinned, older, newer = (applications.add(name) for name in ("Pinned", "Older", "Newer"))
-    launcher.pin(pinned)
-    launcher.write_defaults(RecentAppsPaths=[newer.path, "/nowhere/gone.desktop", older.path, pinned.path])
-    launcher.start().summon(640, 400)
-    launcher.wait_shows(pinned, newer, older)
-
-
-def test_a_program_that_cannot_start_is_reported_once_and_stays_recent(launcher, applications, display):
-    broken = applications.add("Broken")
-    applications.write_entry(broken.entry, "Broken", "/nowhere/at/all", "none")
-    launcher.pin(broken)
-    launcher.start().summon(640, 400)
-    display.press("Return")
-    launcher.wait_hidden()
-    lines = wait_until(
-        lambda: [line for line in launcher.log_lines() if "failed to open" in line], "the failure is in the log")
-    assert len(lines) == 1 and f"Tavik Launcher failed to open {broken.path}: " in lines[0]
-    wait_until(lambda: launcher.recents() == [broken.path], "it is among the recent ones")

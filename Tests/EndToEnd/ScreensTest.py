@@ -26,16 +26,6 @@ def test_the_ring_opens_whole_on_the_monitor_with_the_pointer(launcher, apps, di
     assert display.geometry(window) == Rect(left, 450 - SIDE // 2, SIDE, SIDE)
 
 
-@pytest.mark.desktop(width=1600, height=900, monitors=TWO_MONITORS)
-def test_the_ring_follows_the_pointer_to_the_other_monitor(launcher, apps, display):
-    launcher.pin(*apps)
-    launcher.start()
-    for x in (1200, 400):
-        assert display.geometry(launcher.summon(x, 450)).centre == (x, 450)
-        display.press("Escape")
-        launcher.wait_hidden()
-
-
 @pytest.mark.desktop(width=1600, height=1000)
 @pytest.mark.parametrize("scale, pointer, corner", [
     ("2", (800, 500), (800 - SIDE, 500 - SIDE)), ("2", (1599, 999), (1600 - 2 * SIDE, 1000 - 2 * SIDE)),

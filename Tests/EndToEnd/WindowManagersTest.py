@@ -40,28 +40,6 @@ def test_the_ring_takes_the_focus_at_once_and_gives_it_back(ring, desktop, displ
 
 
 @every_manager
-def test_a_summon_by_command_takes_the_focus_too(ring, desktop, display, desktop_options):
-    editor = open_window(desktop, "Editor", "--geometry", "400", "300", "60", "60")
-    display.type("typing")
-    ring.command("--toggle")
-    ring.wait_open()
-    ring.command("--toggle")
-    ring.wait_hidden()
-    wait_until(lambda: display.has_focus(editor), "the editor has the focus again")
-
-
-@every_manager
-def test_the_ring_is_on_every_desktop_and_in_no_taskbar_or_pager(ring, desktop, display, desktop_options):
-    for _ in range(2):
-        window = ring.summon(640, 400)
-        wanted = {"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"}
-        wait_until(lambda: wanted <= set(display.state(window)), f"{wanted} among {display.state(window)}")
-        wait_until(lambda: display.property(window, "_NET_WM_DESKTOP") == [0xFFFFFFFF], "it is on all desktops")
-        display.press("Escape")
-        ring.wait_hidden()
-
-
-@every_manager
 def test_the_ring_appears_above_a_full_screen_window(ring, desktop, display, look, desktop_options):
     film = open_window(desktop, "Film", "--full-screen", "--colour", "green")
     wait_until(lambda: display.geometry(film)[2:] == display.size, "the film fills the screen")
@@ -82,12 +60,3 @@ def test_another_programs_held_grab_does_not_hide_the_ring(ring, desktop, displa
     with display.held("F8"):
         stays(ring.is_shown, "the ring is shown", seconds=0.8)
     stays(ring.is_shown, "the ring is shown")
-
-
-@pytest.mark.desktop(window_manager="none")
-def test_without_a_window_manager_the_ring_still_answers_keys(ring, display, applications, look):
-    window = ring.summon(640, 400)
-    look("open")
-    assert display.geometry(window).centre == (640, 400)
-    display.press("Escape")
-    ring.wait_hidden()

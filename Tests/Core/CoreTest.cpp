@@ -216,9 +216,12 @@ private Q_SLOTS:
                         ? leftScore > rightScore
                         : AppSearch::localizedCaseInsensitiveLess(left.name(), right.name());
                 });
-            for (const qsizetype limit : {1, 7, 24, 1000}) {
+            using Range = std::numeric_limits<qsizetype>;
+            for (const qsizetype limit : {Range::min(), qsizetype{0}, qsizetype{7}, Range::max()}) {
+                const qsizetype most = std::max<qsizetype>(limit, 1);
                 QCOMPARE(AppSearch::results(query, apps, limit),
-                         expected.first(std::min(limit, expected.size())));
+                         expected.first(std::min(most, expected.size())));
+                QCOMPARE(AppSearch::results({}, apps, limit).size(), std::min(most, apps.size()));
             }
         }
     }

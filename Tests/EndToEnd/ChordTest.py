@@ -129,6 +129,17 @@ def test_a_tap_and_a_press_pin_the_ring(ring, apps, display, look):
     ring.wait_hidden()
 
 
+def test_nothing_pins_when_the_setting_is_off(launcher, apps, display):
+    launcher.settings(doubleTapModifiersPinsLauncher=False)
+    use_shortcut(launcher, CONTROL_ALT)
+    launcher.start()
+    for _ in range(3):
+        tap(display)
+        time.sleep(0.15)
+    launcher.wait_hidden()
+    assert shows(launcher) == 3
+
+
 def test_letters_filter_and_return_launches_from_within_a_terminal(ring, apps, desktop, display, look):
     desktop.spawn(["xterm", "-T", "Terminal"])
     terminal = display.wait_for("Terminal")

@@ -54,6 +54,12 @@ def test_a_click_outside_hides_the_ring_and_goes_where_it_was_aimed(ring, apps, 
     assert not any(app.has_run() for app in apps)
 
 
+def test_a_click_on_the_empty_desktop_hides_the_ring(ring, display):
+    ring.summon(640, 400)
+    display.click(20, 20)
+    ring.wait_hidden()
+
+
 @pytest.mark.parametrize("way", ["Escape", "hot key"])
 def test_the_focus_returns_to_the_window_that_had_it(ring, desktop, display, way):
     for name in ("First", "Second"):

@@ -29,6 +29,9 @@ public:
     virtual void preparePanel(WId window) = 0;
     /// Keeps a window of ours out of taskbar and pager, or brings it back.
     virtual void setSkipsTaskbar(WId window, bool skips) = 0;
+    /// Has the toolkit hear of every step in which the user moves the window, also where it would
+    /// hear only of the last one. May be repeated.
+    virtual void reportMoves(WId window) = 0;
     /// Gives the keyboard to the shown window, also against focus-stealing prevention.
     virtual void takeKeyboardFocus(WId window) = 0;
     /// Gives the keyboard back to the window that had it when the panel was prepared, unless

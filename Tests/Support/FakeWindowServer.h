@@ -16,6 +16,7 @@ public:
     {
         calls << (skips ? QStringLiteral("skip taskbar") : QStringLiteral("in taskbar"));
     }
+    void reportMoves(WId) override { }
     void takeKeyboardFocus(WId) override { calls << QStringLiteral("take focus"); }
     void returnKeyboardFocus(WId) override { calls << QStringLiteral("return focus"); }
     [[nodiscard]] bool hasKeyboardFocus(WId) const override { return hasFocus; }

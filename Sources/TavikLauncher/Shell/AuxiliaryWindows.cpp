@@ -26,6 +26,11 @@ namespace {
 constexpr QSize permissionSize(440, 520);
 constexpr QSize onboardingSize(560, 420);
 constexpr QSize reindexSize(400, 300);
+/// A window manager takes its time to put its frame around a window, and moves the window by it.
+constexpr double settlingStep = 0.03;
+constexpr int settlingAttempts = 20;
+/// Points by which a window may stand aside: by rounding, or as its manager likes it.
+constexpr int placingTolerance = 2;
 
 } // namespace
 
@@ -175,7 +180,11 @@ AuxiliaryWindowPointer AuxiliaryWindows::makeSettingsWindow()
                                               .smallestSize = LauncherSettingsView::smallestSize},
                                              view,
                                              m_actions.hideLauncher);
-    made->onPlaceChanged = m_actions.settingsChangedPlace;
+    made->onPlaceChanged = [this] {
+        if (m_settingsWindow) {
+            m_actions.settingsChangedPlace();
+        }
+    };
     made->winId();
     connect(made->windowHandle(), &QWindow::screenChanged, this, [this] {
         if (isSettingsVisible()) {
@@ -193,8 +202,9 @@ void AuxiliaryWindows::showSettings()
     }
     placeSettingsWindow();
     m_settingsWindow->activate();
-    // Once more with the frame that the window manager has given it.
-    m_dependencies.platform.mainQueue->post([this] { placeSettingsWindow(); });
+    // Closing may have taken the native window along.
+    m_dependencies.platform.windowServer->reportMoves(m_settingsWindow->winId());
+    m_settling = m_dependencies.platform.mainQueue->after(0, [this] { settleSettingsWindow(1); });
 }
 
 void AuxiliaryWindows::showAbout()
@@ -239,9 +249,13 @@ bool AuxiliaryWindows::isSettingsVisible() const
 
 QRectF AuxiliaryWindows::settingsFrame() const
 {
-    return m_settingsWindow
-        ? ScreenPlane::flipped(QRectF(m_settingsWindow->frameGeometry()), primaryBottom())
-        : QRectF();
+    if (!m_settingsWindow) {
+        return {};
+    }
+    const QRect frame = settingsBorder().isValid()
+        ? m_settingsWindow->windowHandle()->frameGeometry()
+        : m_settingsWindow->geometry();
+    return ScreenPlane::flipped(QRectF(frame), primaryBottom());
 }
 
 std::optional<SettingsPreviewLayout::Result> AuxiliaryWindows::settingsPreviewLayout() const
@@ -269,13 +283,37 @@ void AuxiliaryWindows::placeSettingsWindow()
     if (!screen) {
         return;
     }
-    const QRect frame
-        = ScreenPlane::flipped(SettingsPreviewLayout::compute(layoutOn(*screen)).dialogFrame,
-                               primaryBottom())
-              .toAlignedRect();
-    const QSize border = m_settingsWindow->frameGeometry().size() - m_settingsWindow->size();
-    m_settingsWindow->resize(frame.size() - border);
-    m_settingsWindow->move(frame.topLeft());
+    const QRectF frame = ScreenPlane::flipped(
+        SettingsPreviewLayout::compute(layoutOn(*screen)).dialogFrame, primaryBottom());
+    m_placedBorder = settingsBorder().expandedTo({0, 0});
+    m_placedAt = frame.topLeft().toPoint();
+    m_settingsWindow->resize(frame.size().toSize() - m_placedBorder);
+    m_settingsWindow->move(m_placedAt);
+}
+
+void AuxiliaryWindows::settleSettingsWindow(int attempt)
+{
+    if (!isSettingsVisible()) {
+        return;
+    }
+    const QSize border = settingsBorder();
+    const QPoint offset = m_settingsWindow->windowHandle()->frameGeometry().topLeft() - m_placedAt;
+    const bool isSettled = border == m_placedBorder && offset.manhattanLength() <= placingTolerance;
+    if (border.isValid() && !isSettled) {
+        placeSettingsWindow();
+    }
+    const bool mayBeBare = border.isNull();
+    if (attempt < settlingAttempts && (!isSettled || mayBeBare)) {
+        m_settling = m_dependencies.platform.mainQueue->after(
+            settlingStep, [this, attempt] { settleSettingsWindow(attempt + 1); });
+    }
+}
+
+QSize AuxiliaryWindows::settingsBorder() const
+{
+    // The toolkit may have asked while the frame was one pixel large.
+    const QMargins margins = m_settingsWindow->windowHandle()->frameMargins();
+    return {margins.left() + margins.right(), margins.top() + margins.bottom()};
 }
 
 std::optional<Screen> AuxiliaryWindows::activeScreen() const

@@ -50,6 +50,8 @@ void NullWindowServer::preparePanel(WId) { }
 
 void NullWindowServer::setSkipsTaskbar(WId, bool) { }
 
+void NullWindowServer::reportMoves(WId) { }
+
 void NullWindowServer::takeKeyboardFocus(WId) { }
 
 void NullWindowServer::returnKeyboardFocus(WId) { }

@@ -55,6 +55,7 @@ class NullWindowServer final : public WindowServer
 public:
     void preparePanel(WId window) override;
     void setSkipsTaskbar(WId window, bool skips) override;
+    void reportMoves(WId window) override;
     void takeKeyboardFocus(WId window) override;
     void returnKeyboardFocus(WId window) override;
     [[nodiscard]] bool hasKeyboardFocus(WId window) const override;

@@ -83,6 +83,36 @@ private Q_SLOTS:
         }
     }
 
+    void stepsThatNoManagerTellsOfReachTheToolkit()
+    {
+        if (hasManager()) {
+            QSKIP("The test puts the frame around the window itself.");
+        }
+        X11WindowServer server(toolkitConnection(), m_queue);
+        Panel window;
+        server.reportMoves(window.winId());
+        window.show();
+        QTRY_VERIFY(server.isOnScreen(window.winId()));
+        const xcb_window_t frame = m_client.createWindow(QByteArrayLiteral("frame\0Frame\0"));
+        m_client.map(frame);
+        xcb_reparent_window(m_client.connection(), window.id(), frame, 5, 20);
+        uint32_t x = 40;
+        const auto step = [&] {
+            x += 7;
+            xcb_configure_window(m_client.connection(), frame, XCB_CONFIG_WINDOW_X, &x);
+            xcb_flush(m_client.connection());
+        };
+        // The first steps may come before the frame has been seen.
+        QTRY_VERIFY((step(), window.geometry().x() > 40));
+        for (int steps = 0; steps < 3; ++steps) {
+            step();
+            QTRY_COMPARE(window.geometry().x(), static_cast<int>(x) + 5);
+            QCOMPARE(window.size(), QSize(240, 240));
+        }
+        window.destroy();
+        m_client.destroy(frame);
+    }
+
     void keyboardComesAndGoesBack()
     {
         X11WindowServer server(toolkitConnection(), m_queue);

@@ -38,6 +38,7 @@ X11WindowServer::X11WindowServer(xcb_connection_t* toolkit, MainQueue& mainQueue
     : m_toolkit(toolkit)
     , m_mainQueue(mainQueue)
     , m_atoms(m_connection.get(), m_connection.screenNumber())
+    , m_moves(m_connection)
     , m_pump(m_connection, m_atoms[X11Atom::tavikClock], [this](const xcb_generic_event_t& event) {
         handle(event);
     })
@@ -117,6 +118,12 @@ void X11WindowServer::setSkipsTaskbar(WId window, bool skips)
                         m_atoms[X11Atom::netWmState],
                         {skips ? add : remove, marks[0], marks[1], sourceApplication, 0});
     xcb_flush(m_toolkit);
+    m_pump.drainSoon();
+}
+
+void X11WindowServer::reportMoves(WId window)
+{
+    m_moves.follow(static_cast<xcb_window_t>(window));
     m_pump.drainSoon();
 }
 
@@ -238,6 +245,7 @@ void X11WindowServer::endActivation()
 
 void X11WindowServer::handle(const xcb_generic_event_t& event)
 {
+    m_moves.handle(event);
     if (m_fixesEvent == 0
         || (event.response_type & 0x7f) != m_fixesEvent + XCB_XFIXES_SELECTION_NOTIFY) {
         return;

@@ -3,6 +3,7 @@
 
 #include <TavikLauncherPlatform/Linux/X11/X11Connection.h>
 #include <TavikLauncherPlatform/Linux/X11/X11EventPump.h>
+#include <TavikLauncherPlatform/Linux/X11/X11MoveReports.h>
 #include <TavikLauncherPlatform/MainQueue.h>
 #include <TavikLauncherPlatform/WindowServer.h>
 
@@ -24,6 +25,7 @@ public:
 
     void preparePanel(WId window) override;
     void setSkipsTaskbar(WId window, bool skips) override;
+    void reportMoves(WId window) override;
     void takeKeyboardFocus(WId window) override;
     void returnKeyboardFocus(WId window) override;
     [[nodiscard]] bool hasKeyboardFocus(WId window) const override;
@@ -48,6 +50,7 @@ private:
     MainQueue& m_mainQueue;
     X11Connection m_connection;
     X11Atoms m_atoms;
+    X11MoveReports m_moves;
     mutable X11EventPump m_pump;
     xcb_window_t m_previousActive = XCB_NONE; ///< What the window manager called active.
     xcb_window_t m_previousFocus = XCB_NONE; ///< What really had the keyboard.

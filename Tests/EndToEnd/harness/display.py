@@ -189,6 +189,18 @@ class Display:
             xtest.fake_input(self.connection, kind, button)
         self.connection.sync()
 
+    @contextlib.contextmanager
+    def button_held(self, x, y, button=1):
+        """Holds a button of the pointer down from that place on, for the duration of the block."""
+        self.move_pointer(x, y)
+        xtest.fake_input(self.connection, X.ButtonPress, button)
+        self.connection.sync()
+        try:
+            yield
+        finally:
+            xtest.fake_input(self.connection, X.ButtonRelease, button)
+            self.connection.sync()
+
     def keycode(self, name):
         keysym = XK.string_to_keysym(KEYS.get(name, name))
         code = self.connection.keysym_to_keycode(keysym)

@@ -82,7 +82,7 @@ QUrl safeUrl(const QString& text, const QUrl& feedUrl)
         return {};
     }
     const QUrl url = feedUrl.resolved(QUrl(address));
-    return mayFetch(url) ? url : QUrl();
+    return mayFollow(feedUrl, url) ? url : QUrl();
 }
 
 QDateTime date(QString text)

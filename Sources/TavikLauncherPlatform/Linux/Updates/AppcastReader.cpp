@@ -13,7 +13,10 @@ namespace {
 
 /// Qt's reader compares each attribute with each before it: a single start tag of five megabytes
 /// would keep it busy for minutes. No element of a feed has ten.
-constexpr int mostAttributes = 64;
+constexpr int mostAttributes = 20;
+/// For every name it looks through the namespaces of all elements that are open. Items lie two
+/// deep.
+constexpr int mostNesting = 32;
 
 QString webPage()
 {
@@ -54,6 +57,7 @@ std::optional<QString> whyNotReadable(QStringView text)
         const qsizetype at = text.indexOf(end, from);
         text = at < 0 ? QStringView() : text.sliced(at + end.size());
     };
+    int nesting = 0;
     for (qsizetype at = text.indexOf(u'<'); at >= 0; at = text.indexOf(u'<')) {
         text = text.sliced(at);
         if (text.startsWith(u"<!--")) {
@@ -72,7 +76,12 @@ std::optional<QString> whyNotReadable(QStringView text)
             if (!length) {
                 return u"The list of updates is damaged: it has an element that is too long."_s;
             }
+            const QStringView tag = text.first(*length);
             text = *length == 0 ? QStringView() : text.sliced(*length);
+            nesting += tag.endsWith(u"/>") ? 0 : 1 - 2 * int(tag.startsWith(u"</"));
+            if (nesting > mostNesting) {
+                return u"The list of updates is damaged: its elements are nested too deep."_s;
+            }
         }
     }
     return {};

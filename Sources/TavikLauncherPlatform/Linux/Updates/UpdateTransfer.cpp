@@ -180,7 +180,7 @@ void UpdateTransfer::redirect()
 {
     const QUrl target
         = m_url.resolved(m_reply->attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl());
-    if (!mayFetch(target) || (isPlain(target) && !isPlain(m_url))) {
+    if (!mayFollow(m_url, target)) {
         end(TransferFault{.reason
                           = u"The server wanted to go on over an unprotected connection, which was "
                             u"refused."_s});

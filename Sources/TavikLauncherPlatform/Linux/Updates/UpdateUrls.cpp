@@ -29,4 +29,9 @@ bool mayFetch(const QUrl& url)
     return url.scheme() == u"https"_s || (url.scheme() == u"http"_s && isThisMachine(url.host()));
 }
 
+bool mayFollow(const QUrl& from, const QUrl& to)
+{
+    return mayFetch(to) && (to.scheme() == u"https"_s || from.scheme() == u"http"_s);
+}
+
 } // namespace Tavik

@@ -80,7 +80,6 @@ std::optional<TransferFault> UpdateDownload::accept(const UpdateTransfer::Head& 
         return TransferFault{.reason = u"The server did not continue where it was asked to."_s,
                              .mayPass = true};
     }
-    m_sizeAtFailure = 0;
     return lasting(m_file->restart());
 }
 
@@ -99,10 +98,11 @@ void UpdateDownload::connectionEnded(const std::optional<TransferFault>& fault)
         finish(m_file->size() == m_request.length ? QString() : wrongLength().reason);
         return;
     }
-    if (m_file->size() - m_sizeAtFailure >= headway) {
+    // What had been here already, before it came from the beginning again, is none.
+    if (m_file->size() - m_farthest >= headway) {
         m_failures = 0;
+        m_farthest = m_file->size();
     }
-    m_sizeAtFailure = m_file->size();
     if (!fault->mayPass || m_failures == mostFailures) {
         finish(fault->reason);
         return;

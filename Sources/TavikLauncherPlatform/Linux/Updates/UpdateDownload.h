@@ -48,8 +48,8 @@ private:
     Hooks m_hooks;
     std::unique_ptr<PartFile> m_file;
     QByteArray m_validator;
-    int m_failures = 0; ///< Without anything coming in between.
-    qint64 m_sizeAtFailure = 0;
+    int m_failures = 0; ///< Without anything new in between.
+    qint64 m_farthest = 0; ///< Bytes that were here when a connection failed, at the most.
     qint64 m_reported = 0;
     std::unique_ptr<UpdateTransfer> m_transfer;
     Task m_retry;

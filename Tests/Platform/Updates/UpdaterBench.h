@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "UpdateFixture.h"
+#include "UpdateServer.h"
 #include <TavikLauncherPlatform/Linux/Updates/AppcastUpdater.h>
 
 #include <QDateTime>
+#include <QTest>
 
 #include <Support/FakeUpdateUserDriver.h>
+#include <Support/FileTree.h>
 #include <Support/MemoryUserDefaults.h>
+#include <Support/StepWorkQueue.h>
+#include <Support/VirtualMainQueue.h>
 #include <sodium.h>
 
 namespace Tavik::Test {
@@ -56,6 +60,50 @@ private:
     }
 
     QByteArray m_secretKey{crypto_sign_SECRETKEYBYTES, '\0'};
+};
+
+/// A server, a folder, and two clocks: the network runs on the real one, and whatever waits on one
+/// that goes as far as the test lets it.
+struct UpdateFixture
+{
+    /// Lets everything happen until the condition holds. Fails after ten seconds of the real clock.
+    template <typename Condition>
+    [[nodiscard]] bool play(Condition condition, double secondsPerTurn = 0.002)
+    {
+        QDeadlineTimer patience(10'000);
+        while (!condition()) {
+            if (patience.hasExpired()) {
+                return false;
+            }
+            QTest::qWait(1);
+            workQueue.runAll();
+            mainQueue.advance(secondsPerTurn);
+        }
+        return true;
+    }
+
+    [[nodiscard]] UpdateTransfer::Dependencies transfer()
+    {
+        return {.mainQueue = mainQueue, .workQueue = workQueue, .userAgent = "TavikLauncher/2.0"};
+    }
+
+    /// What lies in a folder, hidden files included.
+    [[nodiscard]] static QStringList files(const QString& folder)
+    {
+        return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System
+                                      | QDir::NoDotAndDotDot);
+    }
+
+    [[nodiscard]] static QByteArray contents(const QString& path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    UpdateServer server;
+    FileTree tree;
+    VirtualMainQueue mainQueue;
+    StepWorkQueue workQueue;
 };
 
 /// An updater of version 2.0 with everything around it.
@@ -135,11 +183,12 @@ struct UpdaterBench : UpdateFixture
         return *updater;
     }
     /// The user asks, and all answers are given until the session is over.
-    [[nodiscard]] bool checkToTheEnd()
+    [[nodiscard]] bool checkToTheEnd(double secondsPerTurn = 0.02)
     {
         driver.calls.clear();
         updater->checkForUpdates();
-        return play([this] { return driver.calls.contains(QStringLiteral("over")); }, 0.02);
+        return play([this] { return driver.calls.contains(QStringLiteral("over")); },
+                    secondsPerTurn);
     }
     [[nodiscard]] bool playUntil(const QString& call)
     {

@@ -56,6 +56,37 @@ std::optional<Header> imageHeader(const QString& path)
     return isProgram && isImage ? std::optional(header) : std::nullopt;
 }
 
+/// When the file system was made that lies behind the program, as the program's header has it.
+template <typename ProgramHeader>
+std::optional<quint32> fileSystemMadeAt(const FileDescriptor& file)
+{
+    constexpr std::array<char, 4> squashfs{'h', 's', 'q', 's'};
+    struct
+    {
+        std::array<char, 4> magic;
+        quint32 inodes;
+        quint32 made; ///< Seconds since 1970.
+    } start{};
+    ProgramHeader header{};
+    if (::pread(file.get(), &header, sizeof header, 0) != ssize_t{sizeof header}) {
+        return std::nullopt;
+    }
+    const quint64 end = header.e_shoff + quint64{header.e_shentsize} * header.e_shnum;
+    if (::pread(file.get(), &start, sizeof start, static_cast<off_t>(end)) != ssize_t{sizeof start}
+        || start.magic != squashfs) {
+        return std::nullopt;
+    }
+    return start.made;
+}
+
+/// In seconds since 1970; absent when the image does not say.
+std::optional<quint32> madeAt(const QString& path, const Header& header)
+{
+    const FileDescriptor file = openedFile(path);
+    return header[EI_CLASS] == ELFCLASS64 ? fileSystemMadeAt<Elf64_Ehdr>(file)
+                                          : fileSystemMadeAt<Elf32_Ehdr>(file);
+}
+
 /// The kind of computer, and of its words.
 bool isForSameComputer(const Header& left, const Header& right)
 {
@@ -116,7 +147,9 @@ std::optional<QString> whyNotReplaceable(const QString& image)
 QString partFile(const QString& image)
 {
     const QFileInfo target(fileBehindLinks(image));
-    return target.absolutePath() + u"/."_s + target.fileName() + u".update"_s;
+    // Others may have the same image; what is theirs cannot even be looked at.
+    return u"%1/.%2.%3.update"_s.arg(
+        target.absolutePath(), target.fileName(), QString::number(::geteuid()));
 }
 
 std::optional<QString> whyNoSuccessor(const QString& file, const QString& image)
@@ -125,9 +158,14 @@ std::optional<QString> whyNoSuccessor(const QString& file, const QString& image)
     if (!successor) {
         return u"The update is not an AppImage, as this program is."_s;
     }
-    const std::optional<Header> present = imageHeader(fileBehindLinks(image));
+    const QString target = fileBehindLinks(image);
+    const std::optional<Header> present = imageHeader(target);
     if (!present || !isForSameComputer(*present, *successor)) {
         return u"The update is made for another kind of computer."_s;
+    }
+    const std::optional<quint32> made = madeAt(file, *successor);
+    if (made && made < madeAt(target, *present)) {
+        return u"The update is older than this program, whatever its number says."_s;
     }
     return std::nullopt;
 }

@@ -27,11 +27,12 @@ struct Surroundings
 [[nodiscard]] std::optional<QString> whyNotReplaceable(const QString& image);
 
 /// Where a newer image is put together: beside the one that `image` stands for, so that it can take
-/// its place at once. Always the same name for the same image.
+/// its place at once. Always the same name for the same image and user.
 [[nodiscard]] QString partFile(const QString& image);
 
 /// Why the file cannot stand in for the image, as a whole sentence for people; absent when it is an
-/// image of type 2 for the same kind of computer.
+/// image of type 2 for the same kind of computer and, as far as the two say so, was not made before
+/// the present one. A signature tells who made a file, not which version it is.
 [[nodiscard]] std::optional<QString> whyNoSuccessor(const QString& file, const QString& image);
 
 /// Puts the file in the image's place, with the image's permissions: as a whole and on disk, or not

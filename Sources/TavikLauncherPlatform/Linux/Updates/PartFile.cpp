@@ -10,11 +10,24 @@
 #include <fcntl.h>
 #include <utility>
 
+#include <sys/file.h>
 #include <sys/stat.h>
 
 namespace Tavik {
 
 using namespace Qt::StringLiterals;
+
+bool PartFile::removeLeftover(const QString& path)
+{
+    const QByteArray name = QFile::encodeName(path);
+    const FileDescriptor file(
+        ::open(name.constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    if (file.isOpen() && ::flock(file.get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+        return false;
+    }
+    ::unlink(name.constData());
+    return true;
+}
 
 PartFile::PartFile(QString path)
     : m_path(std::move(path))
@@ -30,13 +43,19 @@ PartFile::~PartFile()
 std::optional<QString> PartFile::create(qint64 expectedBytes)
 {
     const QByteArray name = QFile::encodeName(m_path);
+    if (!removeLeftover(m_path)) {
+        return u"Another Tavik Launcher is being updated in the folder “%1”."_s.arg(
+            QFileInfo(m_path).absolutePath());
+    }
     // Only a new file is surely ours; a link of that name, say, is removed and not followed.
-    ::unlink(name.constData());
     m_file = FileDescriptor(::open(
         name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR));
     if (!m_file.isOpen()) {
         return failure(errno);
     }
+    m_isKept = false;
+    m_lock = FileDescriptor(::open(name.constData(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC));
+    ::flock(m_lock.get(), LOCK_EX | LOCK_NB);
     // Better now than after half of it. Where the file system cannot tell, writing will.
     if (::fallocate(m_file.get(), FALLOC_FL_KEEP_SIZE, 0, expectedBytes) != 0
         && (errno == ENOSPC || errno == EDQUOT || errno == EFBIG)) {

@@ -11,17 +11,21 @@
 namespace Tavik {
 
 /// A file of ours that is not complete yet: readable for this user only, and gone when this object
-/// is, unless it was kept. Errors are whole sentences for people.
+/// is, unless it was kept. Another session of this user, perhaps of another instance, leaves it
+/// alone. Errors are whole sentences for people.
 class PartFile
 {
 public:
+    /// Removes what has that name, unless it is a part file in use; whether the name is free.
+    static bool removeLeftover(const QString& path);
+
     explicit PartFile(QString path);
     ~PartFile();
     PartFile(const PartFile&) = delete;
     PartFile& operator=(const PartFile&) = delete;
 
-    /// Makes the file, in place of whatever had its name; fails at once when the disk cannot hold
-    /// `expectedBytes`.
+    /// Makes the file, in place of whatever had its name but another one in use; fails at once when
+    /// the disk cannot hold `expectedBytes`.
     [[nodiscard]] std::optional<QString> create(qint64 expectedBytes);
     [[nodiscard]] std::optional<QString> append(const QByteArray& bytes);
     /// Empties the file.
@@ -41,8 +45,9 @@ private:
 
     QString m_path;
     FileDescriptor m_file;
+    FileDescriptor m_lock; ///< Not for writing, so that a file with this name can be started.
     qint64 m_size = 0;
-    bool m_isKept = false;
+    bool m_isKept = true; ///< Until it is made.
 };
 
 } // namespace Tavik

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Updates/FileDescriptor.h>
+#include <TavikLauncherPlatform/Linux/Updates/PartFile.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateFolder.h>
 
 #include <QDir>
@@ -58,7 +59,7 @@ QString packageFile(const QString& folder, const QString& suffix)
 
 void removeLeftovers(const QString& folder, const QDateTime& now)
 {
-    QFile::remove(partFile(folder));
+    PartFile::removeLeftover(partFile(folder));
     const QFileInfoList packages = QDir(folder).entryInfoList(
         {packageName + u'*'}, QDir::Files | QDir::Hidden | QDir::System);
     for (const QFileInfo& package : packages) {

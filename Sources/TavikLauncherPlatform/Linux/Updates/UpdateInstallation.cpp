@@ -131,6 +131,7 @@ void UpdateInstallation::putInPlace()
         if (fault) {
             end({.failure = *fault});
         } else {
+            m_file->keep(); // Its name is free for another session.
             end({.programToRelaunch = m_environment.image});
         }
     };

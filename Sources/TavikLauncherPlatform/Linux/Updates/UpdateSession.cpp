@@ -6,7 +6,6 @@
 #include <TavikLauncherPlatform/Linux/Updates/UpdateSession.h>
 #include <TavikLauncherPlatform/WorkQueue.h>
 
-#include <QFile>
 #include <QSysInfo>
 
 #include <utility>
@@ -23,7 +22,7 @@ void removeLeftovers(const UpdateEnvironment& environment)
 {
     UpdateFolder::removeLeftovers(environment.folder, environment.wallClock());
     if (!environment.image.isEmpty()) {
-        QFile::remove(AppImage::partFile(environment.image));
+        PartFile::removeLeftover(AppImage::partFile(environment.image));
     }
 }
 
@@ -188,11 +187,12 @@ void UpdateSession::found()
     m_hooks.checked({});
     m_stage.next();
     const UpdateItem update = m_offer.update;
+    const UpdateUserState state = m_state;
     if (!update.releaseNotes && !update.releaseNotesUrl.isEmpty()) {
         fetchNotes();
     }
     m_driver.showUpdateFound(
-        update, m_state, m_stage.answer([this](UpdateChoice choice) { decide(choice); }));
+        update, state, m_stage.answer([this](UpdateChoice choice) { decide(choice); }));
 }
 
 void UpdateSession::fetchNotes()
@@ -274,8 +274,8 @@ void UpdateSession::end(const std::optional<QString>& programToRelaunch)
 {
     m_stage.next();
     m_fetch.reset();
+    const auto ended = m_hooks.ended; // The driver may stop the updater.
     m_driver.dismissUpdateInstallation();
-    const auto ended = m_hooks.ended;
     ended(programToRelaunch);
 }
 

@@ -1,0 +1,315 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Updates/AppcastSelection.h>
+#include <TavikLauncherPlatform/Linux/Updates/AppcastVersion.h>
+#include <TavikLauncherPlatform/Linux/Updates/UpdateRecord.h>
+#include <TavikLauncherPlatform/Linux/Updates/UpdateSchedule.h>
+
+#include <QTest>
+
+#include <Support/MemoryUserDefaults.h>
+#include <Support/Table.h>
+
+using namespace Tavik;
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using AppcastSelection::Circumstances;
+using AppcastSelection::Selection;
+using std::chrono::seconds;
+using Test::fetch;
+using Test::Table;
+
+namespace {
+
+const QDateTime noon({2026, 5, 1}, {12, 0}, Qt::UTC);
+
+/// An item by its version and what is changed in it.
+AppcastItem offer(const char* number, const std::function<void(AppcastItem&)>& change = {})
+{
+    AppcastItem item;
+    item.update.versionString = QString::fromLatin1(number);
+    item.update.displayVersionString = item.update.versionString;
+    item.update.infoUrl = QUrl(u"https://example.org"_s);
+    item.enclosure = AppcastEnclosure{.url = QUrl(u"https://example.org/a"_s), .length = 5};
+    if (change) {
+        change(item);
+    }
+    return item;
+}
+
+AppcastItem rolling(const char* number, std::chrono::hours age, const char* criticalBelow = nullptr)
+{
+    return offer(number, [&](AppcastItem& item) {
+        item.update.date = noon.addSecs(-std::chrono::seconds(age).count());
+        item.phasedRolloutInterval = 24h;
+        item.isMarkedCritical = criticalBelow != nullptr;
+        item.criticalBelowVersion = QString::fromLatin1(criticalBelow);
+    });
+}
+
+AppcastItem forSystems(const char* number, const QString& minimum, const QString& maximum = {})
+{
+    return offer(number, [&](AppcastItem& item) {
+        item.minimumSystemVersion = minimum;
+        item.maximumSystemVersion = maximum;
+    });
+}
+
+AppcastItem critical(const char* number, const QString& below = {})
+{
+    return offer(number, [&](AppcastItem& item) {
+        item.isMarkedCritical = true;
+        item.criticalBelowVersion = below;
+    });
+}
+
+AppcastItem informational(const QStringList& forVersions)
+{
+    return offer("2", [&](AppcastItem& item) {
+        item.isMarkedInformational = true;
+        item.informationalVersions = forVersions;
+    });
+}
+
+AppcastItem beta(const char* number)
+{
+    return offer(number, [](AppcastItem& item) { item.channel = u"beta"_s; });
+}
+
+Circumstances circumstances(const QString& skipped = {}, bool userInitiated = false, int group = 3)
+{
+    return {.runningVersion = u"1.2"_s,
+            .systemVersion = u"6.1.0-44-amd64"_s,
+            .userInitiated = userInitiated,
+            .now = noon,
+            .skippedVersion = skipped,
+            .rolloutGroup = group};
+}
+
+} // namespace
+
+/// When to look, which version of a feed is chosen, and why none is.
+class ChoiceTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void nextCheckFollowsTheWallClock_data()
+    {
+        const Table<seconds, int, double, seconds> row; // Since the last; failures; jitter; wait.
+        row("just now", 0s, 0, 0, 24h);
+        row("after half a day", 12h, 0, 0, 12h);
+        row("at its time", 24h, 0, 0, 0s);
+        row("after a month asleep", 720h, 0, 0.9, 0s);
+        row("a little later than others", 0s, 0, 0.5, 24h + 30min);
+        row("one failure", 0s, 1, 0, 15min);
+        row("two failures", 10min, 2, 0, 20min);
+        row("failures spread too", 0s, 1, 0.5, 15min + 22s);
+        row("never rarer than without failures", 0s, 1000, 0, 24h);
+        row("clock corrected a little", -5min, 0, 0, 24h + 5min);
+        row("clock set back by a year", -8760h, 0, 0, 0s);
+    }
+
+    void nextCheckFollowsTheWallClock()
+    {
+        const auto [sinceLast, failures, jitter, wait] = fetch<seconds, int, double, seconds>();
+        const UpdateSchedule::Rhythm rhythm{.interval = 24h, .jitter = jitter};
+        const QDateTime now = noon.addSecs(sinceLast.count());
+        QCOMPARE(
+            UpdateSchedule::waitFor({.lastCheck = noon, .failures = failures}, rhythm, now).count(),
+            wait.count());
+        QCOMPARE(UpdateSchedule::waitFor({}, rhythm, now).count(), 0);
+    }
+
+    void recordSurvivesARestart()
+    {
+        Test::MemoryUserDefaults defaults;
+        UpdateRecord record(defaults, [] { return 0.5; });
+        record.setHistory({.lastCheck = noon, .failures = 3});
+        record.setSkippedVersion(u"2.1"_s);
+        record.setNewestSeenVersion(u"2.2"_s);
+        QCOMPARE(record.rolloutGroup(), 3);
+
+        UpdateRecord later(defaults, [] { return 0.0; });
+        QCOMPARE(later.history().lastCheck, noon);
+        QCOMPARE(later.history().failures, 3);
+        QCOMPARE(later.skippedVersion(), u"2.1"_s);
+        QCOMPARE(later.newestSeenVersion(), u"2.2"_s);
+        QCOMPARE(later.rolloutGroup(), 3);
+    }
+
+    void whatMakesNoSenseIsNotStored()
+    {
+        for (const QVariant& value : {QVariant(-5LL),
+                                      QVariant(std::numeric_limits<qlonglong>::max()),
+                                      QVariant(1.5),
+                                      QVariant(QVariantList{1}),
+                                      QVariant(QString(200, u'1'))}) {
+            Test::MemoryUserDefaults defaults;
+            for (const char* name : {"lastCheckTime",
+                                     "failedChecks",
+                                     "skippedVersion",
+                                     "newestSeenVersion",
+                                     "rolloutGroup"}) {
+                defaults.values.insert(u"Updater."_s + QString::fromLatin1(name), value);
+            }
+            UpdateRecord record(defaults, [] { return 0.999; });
+            QVERIFY(!record.history().lastCheck.isValid());
+            QVERIFY(record.history().failures >= 0 && record.history().failures <= 1000);
+            QCOMPARE(record.skippedVersion(), QString());
+            QCOMPARE(record.newestSeenVersion(), QString());
+            QCOMPARE(record.rolloutGroup(), 6);
+            QCOMPARE(defaults.values.value(u"Updater.rolloutGroup"_s), QVariant(6LL));
+        }
+    }
+
+    void versionsAreOrderedByNumbersAndWords()
+    {
+        // The last digit of 1.\u0663 is a word to us.
+        const QString rows = u"1.9<1.10;1.9.9<2;0.1<0.1.2;1248<1249;2.1=2.1.0;1.01=1.1;1.0b1<1.0;"
+                             "0.7.0.b9<0.7.0;1.0 beta<1.0;2.1.0rc1<2.1;1.2rc1<1.2.0;0.9<1.0a1;"
+                             "1.0a1<1.0b1;1.0 alpha<1.0 beta;1.0b9<1.0b10;1.0b<1.0b2;abc<0;"
+                             "1.5.5-335d=1.5.5-a655;6.1=6.1.0-44-amd64;=0.0;...=;1.\u0663<1.0;"
+                             "1.18446744073709551616<1.18446744073709551617"_s;
+        QStringList pairs = rows.split(u';');
+        const QString nines(2'000'000, u'9'); // And in no time.
+        const QString zeros(2'000'000, u'0');
+        const QString parts = u".0"_s.repeated(500'000);
+        pairs << nines + u"8<"_s + nines + u'9' << zeros + u"1=1"_s
+              << parts + u'<' + parts + u".1"_s;
+        for (const QString& pair : std::as_const(pairs)) {
+            const bool isOlder = pair.contains(u'<');
+            const QStringList sides = pair.split(isOlder ? u'<' : u'=');
+            const auto order = isOlder ? std::weak_ordering::less : std::weak_ordering::equivalent;
+            QVERIFY2(AppcastVersion::compare(sides[0], sides[1]) == order
+                         && AppcastVersion::compare(sides[1], sides[0]) == 0 <=> order,
+                     qPrintable(pair.left(99)));
+        }
+    }
+
+    void theNewestThatSuitsIsOffered_data()
+    {
+        const Table<QList<AppcastItem>, Circumstances, QString> row; // The version, or the reason.
+        const Circumstances usual = circumstances();
+        const Circumstances skipped = circumstances(u"2"_s);
+        const QString skip = u"You chose to skip Tavik Launcher 2."_s;
+        const QString later = u"2 is being handed out step by step"_s;
+        AppcastItem undated = rolling("2", 0h);
+        undated.update.date = {};
+        row("up to date",
+            {offer("1.0"), offer("1.2")},
+            usual,
+            u"You're up to date. Tavik Launcher 1.2 is the newest version."_s);
+        row("newer than the feed",
+            {offer("1.1")},
+            usual,
+            u"1.2 is newer than the newest on offer"_s);
+        row("the newest of all", {offer("1.9"), offer("1.10"), offer("1.3")}, usual, u"1.10"_s);
+        row("other channel", {offer("1.2"), beta("2")}, usual, u"Launcher 1.2 is the newest"_s);
+        row("fitting system", {forSystems("2", u"6.1"_s, u"6.1"_s)}, usual, u"2"_s);
+        row("old system",
+            {forSystems("2", u"6.2"_s)},
+            usual,
+            u"needs Linux 6.2 or newer. This computer runs Linux 6.1.0-44-amd64."_s);
+        row("new system", {forSystems("2", {}, u"5.9"_s)}, usual, u"not for systems newer than"_s);
+        row("best for us", {forSystems("2", u"6.2"_s), offer("1.3")}, usual, u"1.3"_s);
+        row("skipped, and those before it", {offer("2"), offer("1.3")}, skipped, skip);
+        row("newer than the skipped", {offer("2.1")}, skipped, u"2.1"_s);
+        row("skipped, but asked for", {offer("2")}, circumstances(u"2"_s, true), u"2"_s);
+        row("skipped, but critical", {critical("2")}, skipped, u"2"_s);
+        row("rolling out to others", {rolling("2", 71h)}, usual, later);
+        row("rolling out to us", {rolling("2", 72h)}, usual, u"2"_s);
+        row("to the first", {rolling("2", 0h)}, circumstances({}, false, 0), u"2"_s);
+        row("to the last", {rolling("2", 144h)}, circumstances({}, false, 1000), u"2"_s);
+        row("rolling out, but asked for", {rolling("2", 0h)}, circumstances({}, true), u"2"_s);
+        row("rolling out without a date", {undated}, usual, u"2"_s);
+        row("rolling out, but critical", {rolling("2", 0h, "1.3")}, usual, u"2"_s);
+        row("rolling out, critical for others", {rolling("2", 0h, "1.2")}, usual, later);
+        row("the one before", {rolling("2", 0h), offer("1.3")}, usual, u"1.3"_s);
+        row("the newest's reason",
+            {forSystems("1.3", u"7"_s), rolling("2", 0h), forSystems("1.4", u"7"_s)},
+            usual,
+            later);
+    }
+
+    void theNewestThatSuitsIsOffered()
+    {
+        const auto [items, about, expected] = fetch<QList<AppcastItem>, Circumstances, QString>();
+        const Selection selection = AppcastSelection::select(items, about);
+        QVERIFY(!selection.isRefused);
+        if (selection.offer) {
+            QCOMPARE(selection.offer->update.versionString, expected);
+            QVERIFY(selection.reason.isEmpty());
+        } else {
+            QVERIFY2(selection.reason.contains(expected) && expected.contains(u' '),
+                     qPrintable(selection.reason));
+        }
+    }
+
+    void marksCountForTheRunningVersion_data()
+    {
+        const Table<AppcastItem, bool, bool> row; // Critical; information only.
+        row("no mark", offer("2"), false, false);
+        row("critical for all", critical("2"), true, false);
+        row("critical for us", critical("2", u"1.2.1"_s), true, false);
+        row("critical for older ones", critical("2", u"1.2"_s), false, false);
+        row("information for all", informational({}), false, true);
+        row("information for us", informational({u"1.0"_s, u"1.2.0"_s}), false, true);
+        row("information for others", informational({u"1.0"_s, u"1.3"_s}), false, false);
+        row("information below one", informational({u"<1.3"_s}), false, true);
+        row("information below us", informational({u"<1.2"_s}), false, false);
+        row("no file", offer("2", [](AppcastItem& item) { item.enclosure.reset(); }), false, true);
+    }
+
+    void marksCountForTheRunningVersion()
+    {
+        const auto [item, isCritical, isPage] = fetch<AppcastItem, bool, bool>();
+        const Selection selection = AppcastSelection::select({item}, circumstances());
+        QVERIFY(selection.offer);
+        QCOMPARE(selection.offer->update.isCritical, isCritical);
+        QCOMPARE(selection.offer->update.isInformationOnly, isPage);
+        QCOMPARE(selection.offer->enclosure.has_value(), !isPage);
+        QCOMPARE(selection.offer->update.contentLength, isPage ? 0 : 5);
+    }
+
+    void theNewestSeenIsRemembered_data()
+    {
+        const Table<QList<AppcastItem>, QString, QString> row; // Error; remembered after 2.0.
+        const QString older = u"one seen before: its newest version is 1.9, but 2.0 was there"_s;
+        row("the same", {offer("2.0")}, {}, u"2.0"_s);
+        row("a newer one", {offer("2.1"), offer("2.0")}, {}, u"2.1"_s);
+        row("an older one", {offer("1.9")}, older, u"2.0"_s);
+        row("newer in another channel", {offer("1.9"), beta("3")}, older, u"2.0"_s);
+        row("for other systems", {forSystems("3", u"9"_s)}, {}, u"3"_s);
+        row("nothing for us", {}, u"has no version for this computer"_s, u"2.0"_s);
+    }
+
+    void theNewestSeenIsRemembered()
+    {
+        const auto [items, error, remembered] = fetch<QList<AppcastItem>, QString, QString>();
+        for (const bool userInitiated : {false, true}) {
+            Circumstances about = circumstances({}, userInitiated);
+            about.newestSeenVersion = u"2.0"_s;
+            const Selection selection = AppcastSelection::select(items, about);
+            QCOMPARE(selection.newestSeenVersion, remembered);
+            QCOMPARE(selection.isRefused, !error.isEmpty());
+            QVERIFY2(selection.reason.contains(error), qPrintable(selection.reason));
+            QVERIFY(error.isEmpty() || !selection.offer);
+        }
+    }
+
+    void unsafeFilesAreRefusedUnlessThereIsOnlyAPage()
+    {
+        AppcastItem unsafe = offer("2");
+        unsafe.enclosure->fault = u"The update is not signed."_s;
+        Selection selection = AppcastSelection::select({unsafe, offer("1.3")}, circumstances());
+        QVERIFY(selection.isRefused && !selection.offer);
+        QCOMPARE(selection.reason, u"Tavik Launcher 2 is available. The update is not signed."_s);
+        unsafe.isMarkedInformational = true;
+        QVERIFY(AppcastSelection::select({unsafe}, circumstances()).offer);
+        unsafe.update.infoUrl.clear();
+        QVERIFY(AppcastSelection::select({unsafe}, circumstances()).isRefused);
+    }
+};
+
+QTEST_APPLESS_MAIN(ChoiceTest)
+#include "ChoiceTest.moc"

@@ -1,0 +1,331 @@
+// SPDX-License-Identifier: MIT
+#include "UpdaterBench.h"
+#include <TavikLauncherPlatform/Linux/Updates/AppImage.h>
+#include <TavikLauncherPlatform/Linux/Updates/PartFile.h>
+#include <TavikLauncherPlatform/Linux/Updates/UpdateFolder.h>
+#include <TavikLauncherPlatform/Linux/Updates/UpdateKind.h>
+#include <TavikLauncherPlatform/Linux/Updates/UpdateSignature.h>
+
+#include <QtEndian>
+
+#include <Support/Table.h>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace Tavik;
+using namespace Qt::StringLiterals;
+using Tavik::UpdateSignature::SignedFile;
+using Test::fetch;
+using Test::Table;
+
+namespace {
+
+const auto image = &Test::UpdaterBench::image;
+const auto contents = &Test::UpdateFixture::contents;
+
+/// An image whose file system says when it was made.
+QByteArray imageMadeAt(quint32 seconds, bool isWide = true)
+{
+    QByteArray bytes = image("").leftJustified(isWide ? 64 : 52, '\0');
+    bytes[4] = isWide ? 2 : 1;
+    bytes[isWide ? 40 : 32] = char(bytes.size()); // Where the program ends.
+    QByteArray time(4, '\0');
+    qToLittleEndian(seconds, time.data());
+    return bytes + "hsqs1234" + time;
+}
+
+mode_t modeOf(const QString& path)
+{
+    struct stat status = {};
+    return ::stat(qPrintable(path), &status) == 0 ? status.st_mode & 07777 : 0;
+}
+
+} // namespace
+
+/// What is done with files: judged, verified, put in place, cleaned up.
+class FilesTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { m_tree = std::make_unique<Test::FileTree>(); }
+
+    void programRunsFromAnImageOnlyInsideIt()
+    {
+        const QString program = m_tree->write(u"mount/usr/bin/program"_s);
+        const QString mountPoint = m_tree->path(u"mount"_s);
+        const QString file = m_tree->path(u"my.AppImage"_s);
+        const auto running = [&](const QString& theImage, const QString& theMount) {
+            return AppImage::running(
+                {.image = theImage, .mountPoint = theMount, .program = program});
+        };
+        QCOMPARE(running(file, mountPoint), file);
+        QCOMPARE(running(file, mountPoint + u'/'), file);
+        // Another image has started this program, or nobody has.
+        for (const QString& other : {m_tree->makeFolder(u"moun"_s), u"/none"_s, QString()}) {
+            QCOMPARE(running(file, other), QString());
+        }
+        QCOMPARE(running(QString(), mountPoint), QString());
+        QCOMPARE(running(u"my.AppImage"_s, mountPoint), QString());
+    }
+
+    void imageIsReplacedWithItsPermissions()
+    {
+        const QString target = m_tree->write(u"store/real.AppImage"_s, image("old"));
+        const QString link = m_tree->link(u"real.AppImage"_s, u"store/current"_s);
+        QCOMPARE(::chmod(qPrintable(target), 0751), 0);
+        QFile old(target);
+        QVERIFY(old.open(QIODevice::ReadOnly));
+        const QString part = AppImage::partFile(link);
+        QVERIFY(part.startsWith(m_tree->path(u"store/.real.AppImage."_s)));
+        QVERIFY(QFile::rename(m_tree->write(u"new"_s, image("new")), part));
+
+        QCOMPARE(AppImage::replace(link, part).value_or(QString()), QString());
+        QCOMPARE(contents(target), image("new"));
+        QCOMPARE(modeOf(target), mode_t(0751));
+        QVERIFY(QFileInfo(link).isSymLink());
+        QVERIFY(!QFile::exists(part));
+        QCOMPARE(old.readAll(), image("old")); // For the program that still runs.
+    }
+
+    void onlyAFittingImageTakesItsPlace_data()
+    {
+        const Table<QByteArray, QByteArray, QString> row;
+        const QString foreign = u"The update is made for another kind of computer."_s;
+        const QString none = u"The update is not an AppImage, as this program is."_s;
+        const QString older = u"The update is older than this program, whatever its number says."_s;
+        const auto changed = [](int at, char byte) {
+            return image("new").replace(at, 1, &byte, 1);
+        };
+        row("script", image("old"), "#!/bin/sh\necho new version\n", none);
+        row("cut", image("old"), image("").chopped(1), none);
+        row("type 1", image("old"), changed(10, 1), none);
+        row("other processor", image("old"), changed(18, char(0xb7)), foreign);
+        row("other words", image("old"), changed(4, 1), foreign);
+        row("present is another thing", "my letter", image("new"), u"no longer there"_s);
+        row("older", imageMadeAt(0x80000001), imageMadeAt(0x80000000), older);
+        row("older and narrow", imageMadeAt(9, false), imageMadeAt(8, false), older);
+        row("rebuilt", imageMadeAt(9), imageMadeAt(9), {});
+        row("newer", imageMadeAt(9), imageMadeAt(0x80000000), {});
+        row("older, it seems", image("old"), imageMadeAt(1), {});
+        row("newer, it seems", imageMadeAt(9), image("new"), {});
+    }
+
+    void onlyAFittingImageTakesItsPlace()
+    {
+        const auto [present, successor, reason] = fetch<QByteArray, QByteArray, QString>();
+        const QString target = m_tree->write(u"my.AppImage"_s, present);
+        const QString part = m_tree->write(u".part"_s, successor);
+        const QString why = AppImage::replace(target, part).value_or(QString());
+        QVERIFY2(why.contains(reason) && why.isEmpty() == reason.isEmpty(), qPrintable(why));
+        QCOMPARE(contents(target), reason.isEmpty() ? successor : present);
+    }
+
+    void obstaclesAreToldBeforehand()
+    {
+        const QString target = m_tree->write(u"sub/my.AppImage"_s, image("old"));
+        QCOMPARE(AppImage::whyNotReplaceable(target).value_or(QString()), QString());
+        for (const QString& path : {m_tree->makeFolder(u"folder"_s),
+                                    m_tree->path(u"none"_s),
+                                    m_tree->link(u"circle"_s, u"circle"_s),
+                                    u"/dev/zero"_s}) {
+            QVERIFY2(AppImage::whyNotReplaceable(path).value_or(QString()).contains(u"no longer"_s),
+                     qPrintable(path));
+        }
+        if (::geteuid() != 0) { // Whom no permission holds back.
+            QCOMPARE(::chmod(qPrintable(m_tree->path(u"sub"_s)), 0555), 0);
+            QVERIFY(AppImage::whyNotReplaceable(target).value_or(QString()).contains(
+                u"may not be changed by you"_s));
+            QCOMPARE(::chmod(qPrintable(m_tree->path(u"sub"_s)), 0755), 0);
+        }
+    }
+
+    void kindFollowsFromTypeAndEnding_data()
+    {
+        const Table<QString, QString, QString> row; // Address; ending or way outside; in an image.
+        row("application/vnd.debian.binary-package", u"/get?id=1"_s, u".deb"_s, u"page"_s);
+        row("Application/X-Deb; charset=binary", u"/get"_s, u".deb"_s, u"page"_s);
+        row("application/x-rpm", u"/a.deb"_s, u".rpm"_s, u"page"_s);
+        row("application/octet-stream", u"/A.DEB"_s, u".deb"_s, u"page"_s);
+        row("", u"/a.pkg.tar.zst"_s, u".pkg.tar.zst"_s, u"page"_s);
+        row("application/vnd.appimage", u"/a.deb"_s, u"page"_s, u"image"_s);
+        row("application/octet-stream ", u"/Tavik-2.1.AppImage"_s, u"page"_s, u"image"_s);
+        row(" application/octet-stream", u"/get?file=a.deb"_s, u"page"_s, u"page"_s);
+        row("application/x-shellscript", u"/install.sh"_s, u"page"_s, u"page"_s);
+    }
+
+    void kindFollowsFromTypeAndEnding()
+    {
+        const auto [path, plain, inImage] = fetch<QString, QString, QString>();
+        const AppcastEnclosure enclosure{.url = QUrl(u"https://example.org"_s + path),
+                                         .mimeType = QString::fromLatin1(QTest::currentDataTag())};
+        using Way = UpdateKind::Way;
+        const UpdateKind kind = updateKind(enclosure, false);
+        QCOMPARE(kind.way == Way::goesToInstaller ? kind.suffix : u"page"_s, plain);
+        QCOMPARE(kind.way == Way::goesToInstaller, !kind.mimeType.isEmpty());
+        const bool replaces = updateKind(enclosure, true).way == Way::replacesImage;
+        QCOMPARE(replaces ? u"image"_s : u"page"_s, inImage);
+    }
+
+    void folderForPackagesIsOurs()
+    {
+        const QString folder = m_tree->path(u"cache/TavikLauncher/Updates"_s);
+        for (int times = 0; times < 2; ++times) {
+            QCOMPARE(UpdateFolder::prepare(folder).value_or(QString()), QString());
+            QCOMPARE(modeOf(folder), mode_t(0700));
+            QCOMPARE(::chmod(qPrintable(folder), 0777), 0);
+        }
+        const QString link = m_tree->link(m_tree->makeFolder(u"elsewhere"_s), u"link"_s);
+        const QString file = m_tree->write(u"file"_s);
+        for (const QString& path : {link, file, file + u"/below"_s}) {
+            QCOMPARE(UpdateFolder::prepare(path).value_or(QString()),
+                     u"The folder “%1” cannot be used for the update."_s.arg(path));
+        }
+    }
+
+    void leftoversGoAndFreshPackagesStay()
+    {
+        const QString folder = m_tree->makeFolder(u"Updates"_s);
+        const QDateTime now = QDateTime::currentDateTimeUtc();
+        m_tree->write(u"Updates/update.part"_s, "half");
+        const QString package = UpdateFolder::packageFile(folder, u".deb"_s);
+        QVERIFY(QFile::rename(m_tree->write(u"whole"_s, "whole"), package));
+        UpdateFolder::removeLeftovers(folder, now.addSecs(3600));
+        QCOMPARE(QDir(folder).entryList(QDir::Files), QStringList(QFileInfo(package).fileName()));
+        UpdateFolder::removeLeftovers(folder, now.addDays(2));
+        QVERIFY(!QFileInfo::exists(folder));
+    }
+
+    void partFilesInUseAreLeftAlone()
+    {
+        const QString path = m_tree->path(u"part"_s);
+        auto first = std::make_unique<PartFile>(path);
+        QCOMPARE(first->create(5).value_or(QString()), QString());
+        QCOMPARE(first->append("first").value_or(QString()), QString());
+        first->close();
+        {
+            PartFile second(path);
+            QVERIFY(second.create(5).value_or(QString()).startsWith(u"Another Tavik Launcher"));
+            QVERIFY(!PartFile::removeLeftover(path));
+        }
+        QCOMPARE(contents(path), "first");
+        first->keep();
+        first.reset();
+        QVERIFY(PartFile::removeLeftover(path) && !QFile::exists(path));
+    }
+
+    void onlyWhatWasSignedIsGenuine()
+    {
+        SignedFile file = signedFile();
+        QCOMPARE(UpdateSignature::whyNotGenuine(file), std::nullopt);
+        for (char& byte : file.signature) {
+            byte = char(byte ^ 1);
+            QVERIFY(UpdateSignature::whyNotGenuine(file));
+            byte = char(byte ^ 1);
+        }
+    }
+
+    void everythingElseIsRefused_data()
+    {
+        using Change = std::function<void(SignedFile&)>;
+        const Table<QString, Change> row;
+        const QString foreign = u"is not signed by the makers"_s;
+        const QString unreadable = u"could not be read"_s;
+        const QString notOurs = u"belongs to you alone"_s;
+        const auto written = [this](const QByteArray& bytes) -> Change {
+            return [this, bytes](SignedFile&) {
+                m_tree->write(u"a"_s, bytes);
+            };
+        };
+        const auto length = [](qint64 bytes) -> Change {
+            return [bytes](SignedFile& file) {
+                file.length = bytes;
+            };
+        };
+        row("another key", foreign, [](SignedFile& file) {
+            file.publicKey = Test::Signer().publicKey;
+        });
+        row("a signature of something else", foreign, [this](SignedFile& file) {
+            file.signature = QByteArray::fromBase64(m_signer.sign(m_package + ' '));
+        });
+        row("a key that everything fits", foreign, [](SignedFile& file) {
+            file.publicKey.fill('\0');
+            file.signature.fill('\0');
+        });
+        row("one byte of the file", foreign, written(m_package.chopped(1) + '!'));
+        row("too long", u"has 220,001 bytes instead of 220,000"_s, written(m_package + ' '));
+        row("too short", u"has 219,999 bytes instead of"_s, written(m_package.chopped(1)));
+        row("an empty file", u"has 0 bytes instead of"_s, written({}));
+        row("no length", u"no size"_s, length(0));
+        row("a negative length", u"no size"_s, length(-1));
+        row("a length beyond the bound", u"no size"_s, length(500'000'001));
+        row("no signature", u"is not signed"_s, [](SignedFile& file) { file.signature.clear(); });
+        row("no key", u"no usable key"_s, [](SignedFile& file) { file.publicKey.clear(); });
+        row("no file", unreadable, [](SignedFile& file) { file.path += u"b"_s; });
+        row("a link", unreadable, [this](SignedFile& file) {
+            file.path = m_tree->link(file.path, u"link"_s);
+        });
+        row("a folder", notOurs, [this](SignedFile& file) { file.path = m_tree->path(); });
+        row("a pipe", notOurs, [](SignedFile& file) {
+            file.path += u"pipe"_s;
+            QCOMPARE(::mkfifo(qPrintable(file.path), 0600), 0);
+        });
+        row("a file that others may write", notOurs, [](SignedFile& file) {
+            QCOMPARE(::chmod(qPrintable(file.path), 0606), 0);
+        });
+        row("another user's file", notOurs, [](SignedFile& file) {
+            if (::chown(qPrintable(file.path), 12345, 12345) != 0) {
+                QSKIP("Only root can give a file away.");
+            }
+        });
+    }
+
+    void everythingElseIsRefused()
+    {
+        const auto [expected, change] = fetch<QString, std::function<void(SignedFile&)>>();
+        SignedFile file = signedFile();
+        change(file);
+        const QString why = UpdateSignature::whyNotGenuine(file).value_or(QString());
+        QVERIFY2(why.contains(expected), qPrintable(why));
+    }
+
+    void onlyWholeKeysAreRead()
+    {
+        const auto read = [](const QString& text) {
+            return UpdateSignature::fromBase64(text, UpdateSignature::publicKeySize);
+        };
+        const auto written = [](const QByteArray& bytes, QByteArray::Base64Options options = {}) {
+            return QString::fromLatin1(bytes.toBase64(options));
+        };
+        const QString key = written(QByteArray(32, 'k'));
+        QCOMPARE(read(u" %1\n"_s.arg(key)), QByteArray(32, 'k'));
+        for (const QString& other : {QString(),
+                                     written(QByteArray(31, 'k')),
+                                     written(QByteArray(33, 'k')),
+                                     written(QByteArray(32, '\xFF'), QByteArray::Base64UrlEncoding),
+                                     key.chopped(1),
+                                     key.chopped(2) + u"1="_s, // More bits than bytes.
+                                     key.left(10) + u' ' + key.mid(10),
+                                     u"\u0101"_s + key.mid(1),
+                                     QString(10'000'000, u'A')}) {
+            QVERIFY2(!read(other), qPrintable(other.left(99)));
+        }
+    }
+
+private:
+    [[nodiscard]] SignedFile signedFile() const
+    {
+        return {.path = m_tree->write(u"a"_s, m_package),
+                .length = m_package.size(),
+                .signature = QByteArray::fromBase64(m_signer.sign(m_package)),
+                .publicKey = m_signer.publicKey};
+    }
+
+    const QByteArray m_package = QByteArray("A program. ").repeated(20'000);
+    const Test::Signer m_signer;
+    std::unique_ptr<Test::FileTree> m_tree;
+};
+
+QTEST_GUILESS_MAIN(FilesTest)
+#include "FilesTest.moc"

@@ -225,6 +225,19 @@ private Q_SLOTS:
         QCOMPARE(open()->integerValue(u"b"_s), 1);
     }
 
+    void thousandsOfPathsAreKept()
+    {
+        QStringList paths;
+        for (int number = 0; number < 5000; ++number) {
+            paths << u"/home/me & you/applications/org.example.number-%1.desktop"_s.arg(number);
+        }
+        auto defaults = open();
+        defaults->setObject(u"permanent"_s, paths);
+        defaults->setObject(u"pinned"_s, paths);
+        endTurn();
+        QCOMPARE(open()->stringArrayValue(u"pinned"_s), paths);
+    }
+
     void whatCouldNotBeReadAgainIsNotWritten()
     {
         open()->setObject(u"a"_s, u"old"_s);

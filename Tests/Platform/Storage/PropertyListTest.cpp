@@ -116,6 +116,9 @@ private Q_SLOTS:
         row("deep behind comments",
             document(QByteArray("<dict><key>a</key><!--</dict>-->").repeated(3000)
                      + QByteArray("</dict>").repeated(3000)));
+        row("nothing but entities",
+            document("<dict><key>a</key><string>" + QByteArray("&amp;").repeated(400'000)
+                     + "</string></dict>"));
         row("too long",
             document("<dict><key>a</key><string>" + QByteArray(PropertyList::mostBytes, 'x')
                      + "</string></dict>"));

@@ -179,9 +179,9 @@ std::optional<QByteArray> PropertyListDefaults::content(QString& error)
         return std::nullopt;
     }
     const QByteArray xml = m_values.toXml();
-    if (xml.size() > PropertyList::mostBytes) {
+    if (!PropertyList::isModest(xml)) {
         // The next start would refuse it, so the file that can still be read stays.
-        error = u"%1 bytes are too many"_s.arg(xml.size());
+        error = u"%1 bytes are too many to be read again"_s.arg(xml.size());
         return std::nullopt;
     }
     return xml;

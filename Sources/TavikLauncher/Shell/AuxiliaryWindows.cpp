@@ -32,6 +32,17 @@ constexpr int settlingAttempts = 20;
 /// Points by which a window may stand aside: by rounding, or as its manager likes it.
 constexpr int placingTolerance = 2;
 
+/// What is in a window may ask for its end a second time: a key that was already on its way still
+/// arrives when the window is closed and forgotten.
+std::function<void()> closing(const AuxiliaryWindowPointer& window)
+{
+    return [&window] {
+        if (window) {
+            window->close();
+        }
+    };
+}
+
 } // namespace
 
 AuxiliaryWindows::AuxiliaryWindows(const Dependencies& dependencies, Actions actions)
@@ -84,14 +95,13 @@ void AuxiliaryWindows::checkAccessibilityPermission()
         auto* view = new AccessibilityPermissionView(
             *platform.accessibility,
             *platform.mainQueue,
-            {.onDismiss = [this] { m_accessibilityPermissionWindow->close(); },
+            {.onDismiss = closing(m_accessibilityPermissionWindow),
              // The view may say it again at its end.
-             .onGranted =
-                 [granted, isNews = true]() mutable {
-                     if (std::exchange(isNews, false)) {
-                         granted();
-                     }
-                 }});
+             .onGranted = [granted, isNews = true]() mutable {
+                 if (std::exchange(isNews, false)) {
+                     granted();
+                 }
+             }});
         m_accessibilityPermissionWindow
             = makeWindow({.title = u"Allow Accessibility Access"_s, .size = permissionSize},
                          view,
@@ -108,12 +118,11 @@ void AuxiliaryWindows::showOnboarding(bool markIncomplete)
         settings.hasCompletedOnboarding.set(false);
     }
     if (!m_onboardingWindow) {
-        auto* view = new OnboardingView(settings.hotKeyConfig(),
-                                        {.onFinish = [this] { m_onboardingWindow->close(); },
-                                         .onOpenSettings =
-                                             [this] {
-                                                 showSettings();
-                                             }});
+        auto* view = new OnboardingView(
+            settings.hotKeyConfig(),
+            {.onFinish = closing(m_onboardingWindow), .onOpenSettings = [this] {
+                 showSettings();
+             }});
         m_onboardingWindow = makeWindow(
             {.title = u"Welcome to Tavik Launcher"_s, .size = onboardingSize}, view, [this] {
                 m_dependencies.settings.hasCompletedOnboarding.set(true);
@@ -141,9 +150,7 @@ void AuxiliaryWindows::showReindex()
         };
         auto* view
             = new ReindexView({m_dependencies.catalog, *platform.mainQueue, *platform.appearance},
-                              {.onCelebrate = celebrate, .onClose = [this] {
-                                   m_reindexWindow->close();
-                               }});
+                              {.onCelebrate = celebrate, .onClose = closing(m_reindexWindow)});
         m_reindexWindow = makeWindow({.title = u"Reindex Apps"_s, .size = reindexSize},
                                      view,
                                      [this] { m_reindexWindow.reset(); });

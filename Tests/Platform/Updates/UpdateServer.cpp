@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "UpdateServer.h"
 
-#include <QCryptographicHash>
 #include <QHostAddress>
 #include <QSslCertificate>
 #include <QSslConfiguration>
@@ -57,28 +56,6 @@ UpdateServer::Request parse(const QByteArray& head)
     return request;
 }
 
-QByteArray tagOf(const QByteArray& body)
-{
-    return '"' + QCryptographicHash::hash(body, QCryptographicHash::Sha1).toHex() + '"';
-}
-
-/// The rest of a file, when that is what was asked for and the file is the same.
-UpdateServer::Answer rest(UpdateServer::Answer answer, const UpdateServer::Request& request)
-{
-    const QByteArray range = request.headers.value("range");
-    const bool isTagged = answer.headers.contains("Accept-Ranges: bytes");
-    if (!isTagged || range.isEmpty() || request.headers.value("if-range") != tagOf(answer.body)) {
-        return answer;
-    }
-    const QByteArray size = QByteArray::number(answer.body.size());
-    const qint64 first = range.mid(qstrlen("bytes=")).chopped(1).toLongLong();
-    answer.status = "206 Partial Content";
-    answer.headers << "Content-Range: bytes " + QByteArray::number(first) + '-'
-            + QByteArray::number(answer.body.size() - 1) + '/' + size;
-    answer.body = answer.body.mid(first);
-    return answer;
-}
-
 } // namespace
 
 UpdateServer::UpdateServer(Protection protection)
@@ -105,13 +82,6 @@ QUrl UpdateServer::url(const QByteArray& path) const
 void UpdateServer::answer(const QByteArray& path, const QList<Answer>& answers)
 {
     m_answers.insert(path, answers);
-}
-
-UpdateServer::Answer UpdateServer::file(const QByteArray& body, const QByteArray& mimeType)
-{
-    return {.headers
-            = {"Content-Type: " + mimeType, "ETag: " + tagOf(body), "Accept-Ranges: bytes"},
-            .body = body};
 }
 
 void UpdateServer::accept()
@@ -149,7 +119,7 @@ UpdateServer::Answer UpdateServer::nextAnswer(const QByteArray& path)
 
 void UpdateServer::reply(QTcpSocket& socket, const Request& request)
 {
-    const Answer answer = rest(nextAnswer(request.path), request);
+    const Answer answer = nextAnswer(request.path);
     QByteArray head = "HTTP/1.1 " + answer.status + "\r\nConnection: close\r\n";
     for (const QByteArray& header : answer.headers) {
         head += header + "\r\n";

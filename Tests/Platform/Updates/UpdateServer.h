@@ -43,8 +43,10 @@ public:
     [[nodiscard]] QUrl url(const QByteArray& path) const;
     /// The answers to requests for a path, in turn; the last one also to all that follow.
     void answer(const QByteArray& path, const QList<Answer>& answers);
-    /// A file that may be asked for piece by piece; its tag is its checksum.
-    [[nodiscard]] static Answer file(const QByteArray& body, const QByteArray& mimeType);
+    [[nodiscard]] static Answer file(const QByteArray& body, const QByteArray& mimeType)
+    {
+        return {.headers = {"Content-Type: " + mimeType, "ETag: \"tag\""}, .body = body};
+    }
 
     QList<Request> requests; ///< In order.
 

@@ -167,7 +167,6 @@ private Q_SLOTS:
         const Table<Answer, QString> row;
         const auto file = Test::UpdateServer::file;
         row("fetched", file("<p>New</p>", "text/html"), u"notes"_s);
-        row("missing", {.status = "404 No"}, u"no notes"_s);
         row("picture", file("GIF", "image/gif"), u"no notes"_s);
         row("huge", file(QByteArray(1'000'001, 'x'), "text/html"), u"no notes"_s);
     }

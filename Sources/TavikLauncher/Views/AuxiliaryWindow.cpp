@@ -38,7 +38,15 @@ AuxiliaryWindow::AuxiliaryWindow(WindowServer& windowServer,
     } else if (options.size.isEmpty()) {
         layout->setSizeConstraint(QLayout::SetFixedSize);
     } else {
-        setFixedSize(options.size);
+        m_fixedSize = options.size;
+        fitContent();
+    }
+}
+
+void AuxiliaryWindow::fitContent()
+{
+    if (!m_fixedSize.isEmpty()) {
+        setFixedSize(m_fixedSize.expandedTo(layout()->minimumSize()));
     }
 }
 
@@ -68,6 +76,14 @@ void AuxiliaryWindow::setSkipsTaskbar(bool skips)
     if (internalWinId()) {
         m_windowServer.setSkipsTaskbar(internalWinId(), skips);
     }
+}
+
+bool AuxiliaryWindow::event(QEvent* event)
+{
+    if (event->type() == QEvent::LayoutRequest) {
+        fitContent();
+    }
+    return QWidget::event(event);
 }
 
 void AuxiliaryWindow::changeEvent(QEvent* event)

@@ -21,8 +21,8 @@ public:
     struct Options
     {
         QString title;
-        /// Of the content, in points; fixed unless `smallestSize` is given. Empty: always as large
-        /// as the content wants to be.
+        /// Of the content, in points; fixed unless `smallestSize` is given, but never too small
+        /// for its texts in the user's font. Empty: always as large as the content wants to be.
         QSize size;
         QSize smallestSize; ///< Makes the window resizable and lets it be minimised.
         bool skipsTaskbar = false;
@@ -42,6 +42,7 @@ public:
     std::function<void()> onPlaceChanged;
 
 protected:
+    bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void hideEvent(QHideEvent* event) override;
@@ -49,10 +50,12 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void fitContent();
     void placeChanged();
 
     WindowServer& m_windowServer;
     bool m_skipsTaskbar;
+    QSize m_fixedSize; ///< Empty when the size is not fixed.
 };
 
 /// A window may be forgotten from inside its own event.

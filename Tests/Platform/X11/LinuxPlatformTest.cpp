@@ -39,13 +39,16 @@ private Q_SLOTS:
         QTRY_COMPARE(platform->screens->all().constFirst().visibleFrame, QRectF(0, 32, 1280, 768));
         QCOMPARE(platform->screens->main()->frame, QRectF(0, 0, 1280, 800));
 
-        for (const char* monitor :
-             {"L 640/169x800/211+0+0 screen", "R 640/169x800/211+640+0 none"}) {
-            QStringList arguments{u"--setmonitor"_s};
-            arguments += QString::fromLatin1(monitor).split(u' ');
-            QCOMPARE(QProcess::execute(u"xrandr"_s, arguments), 0);
+        // The first stands alone for a while: what the toolkit takes for the rest of a screen
+        // depends on how many there were when it heard of it.
+        const QStringList monitors{u"L 640/169x800/211+0+0 screen"_s,
+                                   u"R 640/169x800/211+640+0 none"_s};
+        for (int i = 0; i < int(monitors.size()); ++i) {
+            const QStringList place = monitors.at(i).split(u' ');
+            QCOMPARE(QProcess::execute(u"xrandr"_s, QStringList(u"--setmonitor"_s) + place), 0);
+            QTRY_COMPARE(platform->screens->all().size(), i + 1);
+            QTRY_COMPARE(platform->screens->all().at(i).frame, QRectF(640 * i, 0, 640, 800));
         }
-        QTRY_COMPARE(platform->screens->all().size(), 2);
         QTRY_COMPARE(platform->screens->all().at(0).visibleFrame, QRectF(0, 32, 640, 768));
         QTRY_COMPARE(platform->screens->all().at(1).visibleFrame, QRectF(640, 0, 640, 800));
 

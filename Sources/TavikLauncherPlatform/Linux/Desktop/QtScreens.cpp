@@ -77,7 +77,10 @@ Screen QtScreens::described(const QScreen& screen) const
     QRectF available = screen.availableGeometry();
     if (m_hooks.availableArea) {
         // The toolkit knows one work area for the whole desktop, which says nothing when there are
-        // several screens.
+        // several screens; one that was plugged in later keeps it nevertheless.
+        if (QGuiApplication::screens().size() > 1) {
+            available = screen.geometry();
+        }
         available &= scaled(m_hooks.availableArea(deviceGeometry(screen)), screen);
     }
     if (available.isEmpty()) {

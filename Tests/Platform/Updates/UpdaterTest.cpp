@@ -258,6 +258,22 @@ private Q_SLOTS:
         QCOMPARE(m_bench->mainQueue.pendingTasks(), 0);
     }
 
+    void fileIsVerifiedOnceMoreWhenTheAnswerComes()
+    {
+        m_bench->start().checkForUpdates();
+        QVERIFY(m_bench->playUntil(u"found 2.1 for the user"_s));
+        m_bench->driver.choose(UpdateChoice::install);
+        QVERIFY(m_bench->playUntil(u"ready"_s));
+        QFile part(AppImage::partFile(m_bench->imagePath)); // It may have lain there for days.
+        QVERIFY(part.open(QIODevice::WriteOnly));
+        part.write(Test::UpdaterBench::image("neu"));
+        part.close();
+        m_bench->driver.install(UpdateChoice::install);
+        QVERIFY(m_bench->playUntil(u"over"_s));
+        QVERIFY(m_bench->driver.reason.contains(u"is not signed by the makers"_s));
+        QVERIFY(isClean(Test::UpdaterBench::image("old")));
+    }
+
     void leftoversOfAKilledSessionGoWithTheNextCheck()
     {
         QFile half(AppImage::partFile(m_bench->imagePath));

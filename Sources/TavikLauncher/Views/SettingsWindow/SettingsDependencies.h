@@ -27,7 +27,8 @@ struct FileRequest
     QString nameFilter; ///< As the toolkit writes it: "Settings (*.json)".
     bool wantsFolder = false;
 };
-/// Asks the user for a file or a folder, and calls `chosen` with its path unless the user thinks better of it.
+/// Asks the user for a file or a folder, and calls `chosen` with its path unless the user thinks
+/// better of it.
 using ChooseFile
     = std::function<void(const FileRequest& request, std::function<void(const QString&)> chosen)>;
 

@@ -7,6 +7,7 @@
 #include <QTest>
 
 #include <Support/RecordingPlatform.h>
+#include <Support/Table.h>
 
 using namespace Tavik;
 using namespace Tavik::Test;
@@ -14,7 +15,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr quint64 chord = ModifierFlags::control | ModifierFlags::option;
 const QString permissionTitle = u"Allow Accessibility Access"_s;
 const QString tourTitle = u"Welcome to Tavik Launcher"_s;
 const QString settingsTitle = u"Tavik Launcher Settings"_s;
@@ -27,6 +27,17 @@ QWidget* shown(const QString& title)
     for (QWidget* window : QApplication::topLevelWidgets()) {
         if (window->isVisible() && window->windowTitle() == title) {
             return window;
+        }
+    }
+    return nullptr;
+}
+
+/// The button that says so, in text or to assistive technology.
+QAbstractButton* button(const QString& title, const QString& name)
+{
+    for (auto* each : shown(title)->findChildren<QAbstractButton*>()) {
+        if (each->text() == name || each->accessibleName() == name) {
+            return each;
         }
     }
     return nullptr;
@@ -74,17 +85,6 @@ struct Application : RecordingPlatform
         mainQueue.advance(0.01);
     }
     void perform(AppAction action) { delegate->perform({.action = action}); }
-    void press(quint64 flags, double time)
-    {
-        keyEvents.tap({.modifierFlags = flags, .time = time});
-        mainQueue.advance(0.02);
-    }
-    void tapChord(double time)
-    {
-        press(chord, time);
-        press(0, time + 0.1);
-    }
-
     std::optional<AppDelegate> delegate;
 };
 
@@ -97,15 +97,13 @@ class AppDelegateTest final : public QObject
 private Q_SLOTS:
     void startUpFollowsItsOrder_data()
     {
-        QTest::addColumn<bool>("hasKey");
-        QTest::addColumn<QString>("shortcut");
-        QTest::newRow("key") << true << u"take the key"_s;
-        QTest::newRow("chord without permission") << false << u"ask for the permission"_s;
+        const Table<bool, QString> row;
+        row("key", true, u"take the key"_s);
+        row("chord without permission", false, u"ask for the permission"_s);
     }
     void startUpFollowsItsOrder()
     {
-        QFETCH(bool, hasKey);
-        QFETCH(QString, shortcut);
+        const auto [hasKey, shortcut] = fetch<bool, QString>();
         Application application;
         application.store(u"hasCompletedOnboarding"_s, false);
         application.permission.trusted = hasKey;
@@ -134,28 +132,21 @@ private Q_SLOTS:
 
     void theFirstRunShowsOneWindow_data()
     {
-        QTest::addColumn<bool>("hasKey");
-        QTest::addColumn<bool>("isTrusted");
-        QTest::addColumn<bool>("hasCompleted");
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("chord, new user") << false << true << false << tourTitle;
-        QTest::newRow("chord, known user") << false << true << true << QString();
-        QTest::newRow("chord without permission") << false << false << true << permissionTitle;
-        QTest::newRow("chord without permission, new user")
-            << false << false << false << permissionTitle;
-        QTest::newRow("key without permission, new user") << true << false << false << tourTitle;
-        QTest::newRow("key without permission") << true << false << true << QString();
+        const Table<bool, bool, bool, QString> row;
+        row("chord, new user", false, true, false, tourTitle);
+        row("chord, known user", false, true, true, QString());
+        row("chord without permission", false, false, true, permissionTitle);
+        row("chord without permission, new user", false, false, false, permissionTitle);
+        row("key without permission, new user", true, false, false, tourTitle);
+        row("key without permission", true, false, true, QString());
     }
     void theFirstRunShowsOneWindow()
     {
-        QFETCH(bool, hasKey);
-        QFETCH(QString, expected);
+        const auto [hasKey, isTrusted, hasCompleted, expected] = fetch<bool, bool, bool, QString>();
         Application application;
         if (hasKey) {
             application.useKey();
         }
-        QFETCH(bool, isTrusted);
-        QFETCH(bool, hasCompleted);
         application.permission.trusted = isTrusted;
         application.store(u"hasCompletedOnboarding"_s, hasCompleted);
         application.start();
@@ -191,38 +182,33 @@ private Q_SLOTS:
     void theTourCountsAsTakenHoweverItIsClosed()
     {
         Application application;
-        application.store(u"hasCompletedOnboarding"_s, false);
         application.start();
-        QVERIFY(!application.stored(u"hasCompletedOnboarding"_s).toBool());
-        shown(tourTitle)->close();
-        QVERIFY(application.stored(u"hasCompletedOnboarding"_s).toBool());
-
-        application.perform(AppAction::tour);
-        QVERIFY2(!application.stored(u"hasCompletedOnboarding"_s).toBool(), "offered anew");
-        for (auto* button : shown(tourTitle)->findChildren<QAbstractButton*>()) {
-            if (button->text() == u"Start Using Tavik") {
-                button->click();
-                break;
+        const auto isTaken = [&application] {
+            return application.stored(u"hasCompletedOnboarding"_s).toBool();
+        };
+        for (const bool isByButton : {false, true}) {
+            application.perform(AppAction::tour);
+            QVERIFY2(!isTaken(), "offered anew");
+            if (!isByButton) {
+                shown(tourTitle)->close();
+            } else {
+                button(tourTitle, u"Start Using Tavik"_s)->click();
             }
+            QVERIFY(isTaken());
+            QVERIFY(!shown(tourTitle));
         }
-        QVERIFY(application.stored(u"hasCompletedOnboarding"_s).toBool());
-        QVERIFY(!shown(tourTitle));
     }
 
     void windowsAreReusedWhileTheyLiveAndOnlyTheSettingsOutliveTheirClosing_data()
     {
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<AppAction>("action");
-        QTest::addColumn<bool>("isKept");
-        QTest::newRow("settings") << settingsTitle << AppAction::settings << true;
-        QTest::newRow("re-index") << reindexTitle << AppAction::reindex << false;
-        QTest::newRow("tour") << tourTitle << AppAction::tour << false;
+        const Table<QString, AppAction, bool> row;
+        row("settings", settingsTitle, AppAction::settings, true);
+        row("re-index", reindexTitle, AppAction::reindex, false);
+        row("tour", tourTitle, AppAction::tour, false);
     }
     void windowsAreReusedWhileTheyLiveAndOnlyTheSettingsOutliveTheirClosing()
     {
-        QFETCH(QString, title);
-        QFETCH(AppAction, action);
-        QFETCH(bool, isKept);
+        const auto [title, action, isKept] = fetch<QString, AppAction, bool>();
         Application application;
         application.start();
         application.perform(action);
@@ -237,23 +223,13 @@ private Q_SLOTS:
         application.perform(action);
         QVERIFY(shown(title));
         QCOMPARE(shown(title) == first.data(), isKept);
+
+        QVERIFY(QTest::qWaitForWindowActive(shown(title)));
+        QTest::keyClick(shown(title), Qt::Key_Comma, Qt::ControlModifier);
+        QVERIFY(shown(settingsTitle));
     }
 
-    void theSettingsHideTheRingWhenTheyComeAndWhenTheyGo()
-    {
-        Application application;
-        application.start();
-        application.perform(AppAction::showLauncher);
-        QVERIFY(shown(ringTitle));
-        application.perform(AppAction::settings);
-        QVERIFY(!shown(ringTitle));
-        application.notifications.post(LauncherSettings::previewRequestNotification);
-        QVERIFY(shown(ringTitle));
-        shown(settingsTitle)->close();
-        QVERIFY(!shown(ringTitle));
-    }
-
-    void aPreviewIsShownOnlyBesideTheSettings()
+    void theSettingsHideTheRingAndShowItsPreviewBesideThem()
     {
         Application application;
         application.start();
@@ -262,12 +238,17 @@ private Q_SLOTS:
         };
         requestPreview();
         QVERIFY(!shown(ringTitle));
-        application.perform(AppAction::settings);
+        application.perform(AppAction::showLauncher);
+        QVERIFY(QTest::qWaitForWindowActive(shown(ringTitle)));
+        QTest::keyClick(shown(ringTitle), Qt::Key_Comma, Qt::ControlModifier);
+        QVERIFY(shown(settingsTitle));
+        QVERIFY(!shown(ringTitle));
         application.windowServer.calls.clear();
         requestPreview();
         QVERIFY(shown(ringTitle));
         QVERIFY2(!application.windowServer.calls.contains(u"take focus"_s), "it takes no keyboard");
         shown(settingsTitle)->close();
+        QVERIFY(!shown(ringTitle));
         requestPreview();
         QVERIFY2(!shown(ringTitle), "the settings are there, but hidden");
     }
@@ -278,19 +259,13 @@ private Q_SLOTS:
         application.start();
         application.perform(AppAction::settings);
         application.perform(AppAction::reindex);
-        QAbstractButton* dock = nullptr;
-        for (auto* button : shown(settingsTitle)->findChildren<QAbstractButton*>()) {
-            dock = button->accessibleName() == u"Show in the Dock" ? button : dock;
-        }
-        QVERIFY(dock);
         application.windowServer.calls.clear();
-        dock->click();
+        button(settingsTitle, u"Show in the Dock"_s)->click();
         QVERIFY(application.stored(u"showInDock"_s).toBool());
         QCOMPARE(application.windowServer.calls.count(u"in taskbar"_s), 2);
         QVERIFY(!application.windowServer.calls.contains(u"take focus"_s));
         application.mainQueue.drain();
         QCOMPARE(application.windowServer.calls.last(), u"take focus"_s);
-        QTRY_VERIFY(shown(settingsTitle)->isActiveWindow());
 
         shown(settingsTitle)->close();
         application.windowServer.calls.clear();
@@ -302,13 +277,7 @@ private Q_SLOTS:
     void onlyWhatUsersLaunchIsRecorded_data()
     {
         using Policy = RunningApplication::ActivationPolicy;
-        QTest::addColumn<std::optional<RunningApplication>>("frontmost");
-        QTest::addColumn<bool>("isRecorded");
-        const auto row = [](const char* name,
-                            const std::optional<RunningApplication>& frontmost,
-                            bool isRecorded) {
-            QTest::newRow(name) << frontmost << isRecorded;
-        };
+        const Table<std::optional<RunningApplication>, bool> row;
         const RunningApplication other{.bundleIdentifier = u"other"_s,
                                        .bundlePath = u"/apps/other.desktop"_s};
         RunningApplication changed = other;
@@ -327,73 +296,34 @@ private Q_SLOTS:
     }
     void onlyWhatUsersLaunchIsRecorded()
     {
-        QFETCH(const std::optional<RunningApplication>, frontmost);
+        const auto [frontmost, isRecorded] = fetch<std::optional<RunningApplication>, bool>();
         Application application;
         application.start();
         application.workspace.frontmost = frontmost;
         application.workspace.center.post(Workspace::didActivateApplication);
-        const QStringList recents
-            = application.userDefaults.values.value(u"RecentAppsPaths"_s).toStringList();
-        QFETCH(bool, isRecorded);
-        QCOMPARE(recents, isRecorded ? QStringList{u"/apps/other.desktop"_s} : QStringList());
-    }
-
-    void noTapBeforeSleepPairsWithOneAfterIt_data()
-    {
-        QTest::addColumn<bool>("sleeps");
-        QTest::newRow("awake: the second tap pins") << false;
-        QTest::newRow("asleep in between") << true;
-    }
-    void noTapBeforeSleepPairsWithOneAfterIt()
-    {
-        QFETCH(bool, sleeps);
-        Application application;
-        application.start();
-        application.tapChord(10);
-        QVERIFY(!shown(ringTitle));
-        if (sleeps) {
-            application.workspace.center.post(Workspace::willSleep);
-        }
-        application.tapChord(10.3);
-        QCOMPARE(shown(ringTitle) != nullptr, !sleeps);
-    }
-
-    void aRequestIsCarriedOutInTheNameOfItsActivation()
-    {
-        Application application;
-        application.start();
-        application.windowServer.calls.clear();
-        application.delegate->perform(
-            {.action = AppAction::reindex, .activation = {.startupId = "id-7"}});
-        QCOMPARE(application.windowServer.calls.first(), u"begin id-7"_s);
-        QVERIFY(application.windowServer.calls.contains(u"take focus"_s));
-        QCOMPARE(application.windowServer.calls.last(), u"end"_s);
+        QCOMPARE(application.userDefaults.values.value(u"RecentAppsPaths"_s).toStringList(),
+                 isRecorded ? QStringList{u"/apps/other.desktop"_s} : QStringList());
     }
 
     void theSettingsOfferThemselvesWhereNothingElseShowsTheProgram_data()
     {
-        QTest::addColumn<StatusTray::Host>("tray");
-        QTest::addColumn<bool>("isFirst");
-        QTest::addColumn<bool>("isNewUser");
-        QTest::addColumn<bool>("asksForRing");
-        QTest::addColumn<bool>("isOffered");
         using Host = StatusTray::Host;
-        QTest::newRow("no tray") << Host::none << true << false << false << true;
-        QTest::newRow("not again in this login") << Host::none << false << false << false << false;
-        QTest::newRow("a tray") << Host::embedding << true << false << false << false;
-        QTest::newRow("the tour is open") << Host::none << true << true << false << false;
-        QTest::newRow("the user knows the way") << Host::none << true << false << true << false;
+        // The tray, whether it is the login's first start, a new user's, and followed by a summon.
+        const Table<Host, bool, bool, bool, bool> row;
+        row("no tray", Host::none, true, false, false, true);
+        row("not again in this login", Host::none, false, false, false, false);
+        row("a tray", Host::embedding, true, false, false, false);
+        row("the tour is open", Host::none, true, true, false, false);
+        row("the user knows the way", Host::none, true, false, true, false);
     }
     void theSettingsOfferThemselvesWhereNothingElseShowsTheProgram()
     {
-        QFETCH(StatusTray::Host, tray);
-        QFETCH(bool, isFirst);
-        QFETCH(bool, isNewUser);
-        QFETCH(bool, asksForRing);
+        const auto [tray, isFirst, isNewUser, asksForRing, isOffered]
+            = fetch<StatusTray::Host, bool, bool, bool, bool>();
         Application application;
         application.store(u"hasCompletedOnboarding"_s, !isNewUser);
         application.start();
-        application.delegate->startedByUser({}, [isFirst] { return isFirst; });
+        application.delegate->startedByUser({}, [first = isFirst] { return first; });
         application.tray.present = tray; // Known a moment after the start.
         if (asksForRing) {
             application.perform(AppAction::toggleLauncher);
@@ -402,36 +332,9 @@ private Q_SLOTS:
         application.mainQueue.advance(2.9);
         QVERIFY(!shown(settingsTitle));
         application.mainQueue.advance(0.2);
-        QFETCH(bool, isOffered);
         QCOMPARE(shown(settingsTitle) != nullptr, isOffered);
     }
-
-    void commandCommaOpensTheSettingsFromEveryWindow_data()
-    {
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<AppAction>("action");
-        QTest::newRow("ring") << ringTitle << AppAction::showLauncher;
-        QTest::newRow("re-index") << reindexTitle << AppAction::reindex;
-        QTest::newRow("tour") << tourTitle << AppAction::tour;
-        QTest::newRow("settings") << settingsTitle << AppAction::settings;
-    }
-    void commandCommaOpensTheSettingsFromEveryWindow()
-    {
-        QFETCH(QString, title);
-        QFETCH(AppAction, action);
-        Application application;
-        application.start();
-        application.perform(action);
-        QWidget* window = shown(title);
-        QVERIFY(QTest::qWaitForWindowActive(window));
-        QTest::keyClick(window, Qt::Key_Comma, Qt::ControlModifier);
-        QVERIFY(shown(settingsTitle));
-    }
 };
-
-Q_DECLARE_METATYPE(Tavik::AppAction)
-Q_DECLARE_METATYPE(Tavik::StatusTray::Host)
-Q_DECLARE_METATYPE(std::optional<Tavik::RunningApplication>)
 
 QTEST_MAIN(AppDelegateTest)
 #include "AppDelegateTest.moc"

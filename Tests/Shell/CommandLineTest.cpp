@@ -3,7 +3,10 @@
 
 #include <QTest>
 
+#include <Support/Table.h>
+
 using namespace Tavik;
+using namespace Tavik::Test;
 using namespace Qt::StringLiterals;
 
 class CommandLineTest final : public QObject
@@ -13,32 +16,24 @@ class CommandLineTest final : public QObject
 private Q_SLOTS:
     void argumentsBecomeRequests_data()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<AppAction>("action");
-        QTest::addColumn<QString>("section");
-        const auto row = [](const char* name,
-                            const QStringList& arguments,
-                            AppAction action,
-                            const QString& section = {}) {
-            QTest::newRow(name) << arguments << action << section;
-        };
-        row("plain", {}, AppAction::activate);
-        row("show", {u"--show"_s}, AppAction::showLauncher);
-        row("toggle", {u"--toggle"_s}, AppAction::toggleLauncher);
-        row("hide", {u"--hide"_s}, AppAction::hideLauncher);
-        row("settings", {u"--settings"_s}, AppAction::settings);
+        const Table<QStringList, AppAction, QString> row;
+        row("plain", {}, AppAction::activate, {});
+        row("show", {u"--show"_s}, AppAction::showLauncher, {});
+        row("toggle", {u"--toggle"_s}, AppAction::toggleLauncher, {});
+        row("hide", {u"--hide"_s}, AppAction::hideLauncher, {});
+        row("settings", {u"--settings"_s}, AppAction::settings, {});
         row("a section", {u"--settings=permanentApps"_s}, AppAction::settings, u"permanentApps"_s);
-        row("reindex", {u"--reindex"_s}, AppAction::reindex);
-        row("tour", {u"--tour"_s}, AppAction::tour);
-        row("updates", {u"--check-for-updates"_s}, AppAction::checkForUpdates);
-        row("quit", {u"--quit"_s}, AppAction::quit);
+        row("reindex", {u"--reindex"_s}, AppAction::reindex, {});
+        row("tour", {u"--tour"_s}, AppAction::tour, {});
+        row("updates", {u"--check-for-updates"_s}, AppAction::checkForUpdates, {});
+        row("quit", {u"--quit"_s}, AppAction::quit, {});
     }
     void argumentsBecomeRequests()
     {
-        QFETCH(QStringList, arguments);
+        const auto [arguments, action, section] = fetch<QStringList, AppAction, QString>();
         const CommandLine commandLine = CommandLine::parse(arguments);
-        QTEST(commandLine.request.action, "action");
-        QTEST(commandLine.request.argument, "section");
+        QCOMPARE(commandLine.request.action, action);
+        QCOMPARE(commandLine.request.argument, section);
         QCOMPARE(commandLine.starter, CommandLine::Starter::user);
         QVERIFY(!commandLine.answer);
         QCOMPARE(commandLine.exitCode, 0);
@@ -46,26 +41,21 @@ private Q_SLOTS:
 
     void whatCannotBeUnderstoodIsRefusedWithAReason_data()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<QString>("firstLine");
-        QTest::newRow("unknown") << QStringList{u"--shw"_s} << u"unknown option --shw"_s;
-        QTest::newRow("a pattern") << QStringList{u"%1"_s} << u"unknown option %1"_s;
-        QTest::newRow("empty") << QStringList{QString()} << u"unknown option "_s;
-        QTest::newRow("two") << QStringList{u"--show"_s, u"--quit"_s} << u"one option at a time"_s;
-        QTest::newRow("a value") << QStringList{u"--quit=now"_s} << u"--quit takes no value"_s;
-        QTest::newRow("no section")
-            << QStringList{u"--settings=%1"_s}
-            << u"the settings have no section \"%1\"; there are general, shortcut, appearance, "
-               u"theme, permanentApps, hints, updates, backup, about"_s;
-        QTest::newRow("an empty section")
-            << QStringList{u"--settings="_s}
-            << u"the settings have no section \"\"; there are general, shortcut, appearance, "
-               u"theme, permanentApps, hints, updates, backup, about"_s;
+        const Table<QStringList, QString> row;
+        row("unknown", {u"--shw"_s}, u"unknown option --shw"_s);
+        row("a pattern", {u"%1"_s}, u"unknown option %1"_s);
+        row("empty", {QString()}, u"unknown option "_s);
+        row("two", {u"--show"_s, u"--quit"_s}, u"one option at a time"_s);
+        row("a value", {u"--quit=now"_s}, u"--quit takes no value"_s);
+        const QString sections
+            = u"the settings have no section \"%1\"; there are general, shortcut, "
+              u"appearance, theme, permanentApps, hints, updates, backup, about"_s;
+        row("no section", {u"--settings=%1"_s}, sections);
+        row("an empty section", {u"--settings="_s}, sections.arg(QString()));
     }
     void whatCannotBeUnderstoodIsRefusedWithAReason()
     {
-        QFETCH(QStringList, arguments);
-        QFETCH(QString, firstLine);
+        const auto [arguments, firstLine] = fetch<QStringList, QString>();
         const CommandLine commandLine = CommandLine::parse(arguments);
         QCOMPARE(commandLine.exitCode, 2);
         QVERIFY(commandLine.answer);
@@ -73,7 +63,7 @@ private Q_SLOTS:
         QVERIFY(commandLine.answer->contains(u"Usage: "));
     }
 
-    void questionsAreAnswered()
+    void questionsAreAnsweredAndStartersToldApart()
     {
         QVERIFY(CommandLine::parse({u"--version"_s}).answer->startsWith(u"tavik-launcher 0."));
         for (const QString& question : {u"--help"_s, u"-h"_s}) {
@@ -81,17 +71,11 @@ private Q_SLOTS:
             QVERIFY(help.answer->startsWith(u"Usage: "));
             QCOMPARE(help.exitCode, 0);
         }
-    }
-
-    void aStartNobodyLooksForIsToldFromOthers()
-    {
         using Starter = CommandLine::Starter;
         QCOMPARE(CommandLine::parse({u"--background"_s}).starter, Starter::login);
         QCOMPARE(CommandLine::parse({u"--dbus-service"_s}).starter, Starter::bus);
     }
 };
-
-Q_DECLARE_METATYPE(Tavik::AppAction)
 
 QTEST_APPLESS_MAIN(CommandLineTest)
 #include "CommandLineTest.moc"

@@ -29,6 +29,13 @@ struct Controlled : RingFixture
             prepared << isUserSummon;
         };
     }
+    explicit Controlled(double ringDiameterCap)
+        : Controlled()
+    {
+        layout = SettingsPreviewLayout::Result{};
+        layout->ringCenter = QPointF(1500, 600);
+        layout->ringDiameterCap = ringDiameterCap;
+    }
     /// Lets the opening animation and the compositing check end.
     void finishOpening() { mainQueue.advance(0.6); }
 
@@ -57,14 +64,6 @@ struct Controlled : RingFixture
     }};
 };
 
-SettingsPreviewLayout::Result layoutWithCap(double cap)
-{
-    SettingsPreviewLayout::Result result;
-    result.ringCenter = QPointF(1500, 600);
-    result.ringDiameterCap = cap;
-    return result;
-}
-
 } // namespace
 
 class LauncherPanelControllerTest final : public QObject
@@ -72,33 +71,28 @@ class LauncherPanelControllerTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void summonPreparesPlacesAndActivatesInOrder()
+    void summonPreparesPlacesActivatesAndOpensAlongItsCurve()
     {
         Controlled fixture;
         fixture.controller.show(userSummon);
+        const QRectF place(960 - side / 2, 540 - side / 2, side, side);
         QCOMPARE(fixture.prepared, QList<bool>{true});
         QCOMPARE(fixture.panel->calls, (QStringList{u"activate"_s, u"front"_s, u"key"_s}));
-        QCOMPARE(fixture.panel->rect, QRectF(960 - side / 2, 540 - side / 2, side, side));
+        QCOMPARE(fixture.panel->rect, place);
         QCOMPARE(fixture.presentation.scale(), 5.0 / 320);
         QCOMPARE(fixture.presentation.opacity(), 0.2);
         QVERIFY(!fixture.presentation.acceptsHover());
-    }
-
-    void openingFollowsItsCurveAndEndsAtRest()
-    {
-        Controlled fixture;
-        fixture.controller.show(userSummon);
         fixture.mainQueue.advance(0.204);
         // Steps come every 1/120 s, so the last one may lie that much back.
         QVERIFY(std::abs(fixture.presentation.scale() - 1.1) < 0.02);
-        QCOMPARE(fixture.presentation.opacity() > 0.8, true);
+        QVERIFY(fixture.presentation.opacity() > 0.8);
         fixture.mainQueue.advance(0.085);
         QVERIFY(std::abs(fixture.presentation.scale() - 0.9) < 0.02);
         QVERIFY(!fixture.presentation.acceptsHover());
         // Whatever the window manager makes of it meanwhile, the panel ends where it belongs.
         fixture.panel->rect = QRectF(0, 0, 2 * side, 2 * side);
         fixture.finishOpening();
-        QCOMPARE(fixture.panel->rect, QRectF(960 - side / 2, 540 - side / 2, side, side));
+        QCOMPARE(fixture.panel->rect, place);
         QCOMPARE(fixture.presentation.scale(), 1.0);
         QCOMPARE(fixture.presentation.opacity(), 1.0);
         QVERIFY(fixture.presentation.acceptsHover());
@@ -173,31 +167,23 @@ private Q_SLOTS:
         fixture.avoided = {QRectF(300, 200, 960, 700)};
         fixture.controller.show(menuSummon);
         QCOMPARE(fixture.panel->rect.x(), 1260.0 + 32);
+
+        Controlled unplaced;
+        unplaced.screens.screens.clear();
+        unplaced.controller.show(menuSummon);
+        QCOMPARE(unplaced.panel->rect, QRectF(0, 0, side, side));
     }
 
-    void withoutAnyScreenThePanelStaysWhereItIs()
+    void previewIsNoSummonAndShrinksToItsCap()
     {
-        Controlled fixture;
-        fixture.screens.screens.clear();
-        fixture.controller.show(menuSummon);
-        QCOMPARE(fixture.panel->rect, QRectF(0, 0, side, side));
-    }
-
-    void previewNeitherActivatesNorCountsAsASummon()
-    {
-        Controlled fixture;
-        fixture.layout = layoutWithCap(550);
+        Controlled fixture(550);
         fixture.controller.show(preview);
         QCOMPARE(fixture.prepared, QList<bool>{false});
         QCOMPARE(fixture.panel->calls, QStringList{u"front"_s});
         QCOMPARE(fixture.panel->rect.center(), QPointF(1500, 600));
         QVERIFY(!fixture.presentation.diameterOverride());
-    }
-
-    void previewShrinksToItsCapAndTheNextSummonIsFullSizeAgain()
-    {
-        Controlled fixture;
-        fixture.layout = layoutWithCap(200);
+        fixture.controller.hide();
+        fixture.layout->ringDiameterCap = 200;
         fixture.controller.show(preview);
         QCOMPARE(fixture.presentation.diameterOverride(), std::optional(200.0));
         QVERIFY(std::abs(fixture.panel->rect.width() - 220) < 1e-9);
@@ -218,13 +204,12 @@ private Q_SLOTS:
 
     void previewFollowsTheSettingsWindow()
     {
-        Controlled fixture;
+        Controlled fixture(550);
         const auto follow = [&](const QPointF& center, double cap) {
             fixture.layout->ringCenter = center;
             fixture.layout->ringDiameterCap = cap;
             fixture.controller.followSettingsWindow();
         };
-        fixture.layout = layoutWithCap(550);
         fixture.avoided = {QRectF(100, 100, 960, 700)};
         fixture.controller.followSettingsWindow();
         QVERIFY(!fixture.controller.isVisible());
@@ -253,16 +238,10 @@ private Q_SLOTS:
             QVERIFY(fixture.controller.isVisible());
             fixture.finishOpening();
         }
+        // Neither a hidden ring nor one that the user summons follows.
         fixture.controller.hide();
         follow({1400, 500}, 550);
         QVERIFY(!fixture.controller.isVisible());
-    }
-
-    void ringThatTheUserSummonsDoesNotFollowTheSettingsWindow()
-    {
-        Controlled fixture;
-        fixture.layout = layoutWithCap(550);
-        fixture.avoided = {QRectF(100, 100, 960, 700)};
         fixture.controller.show(preview);
         fixture.finishOpening();
         fixture.controller.show(userSummon);

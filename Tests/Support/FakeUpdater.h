@@ -8,7 +8,7 @@
 namespace Tavik::Test {
 
 /// An updater that finds what the test says; notes what it was told in order.
-class FakeUpdater : public Updater
+class FakeUpdater final : public Updater
 {
 public:
     [[nodiscard]] std::optional<QString> whyNotUpdating() const override { return whyNot; }
@@ -36,9 +36,16 @@ public:
     std::optional<QString> whyNot;
     UpdateUserDriver* driver = nullptr; ///< While it is started.
     QStringList calls;
+    std::function<void(const QString&)> onCall; ///< May be empty.
 
-protected:
-    virtual void note(const QString& call) { calls << call; }
+private:
+    void note(const QString& call)
+    {
+        calls << call;
+        if (onCall) {
+            onCall(call);
+        }
+    }
 };
 
 } // namespace Tavik::Test

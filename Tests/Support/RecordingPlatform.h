@@ -65,178 +65,127 @@ private:
     bool m_hasIcon = false;
 };
 
-class RecordingWorkQueue final : public StepWorkQueue
+/// A fake that enters some of what it is asked for into the record.
+template <typename Fake> struct Recording : Fake
 {
-public:
-    explicit RecordingWorkQueue(Record& record)
-        : m_record(record)
+    explicit Recording(Record& newRecord)
+        : record(newRecord)
     { }
-    void schedule(WorkPriority priority, Job job) override
-    {
-        m_record(QStringLiteral("work"));
-        StepWorkQueue::schedule(priority, std::move(job));
-    }
 
-private:
-    Record& m_record;
+    Record& record;
 };
 
-class RecordingFileManager final : public FakeFileManager
+struct RecordingWorkQueue final : Recording<StepWorkQueue>
 {
-public:
-    explicit RecordingFileManager(Record& record)
-        : m_record(record)
-    { }
+    using Recording::Recording;
+    void schedule(WorkPriority priority, Job job) override
+    {
+        record(QStringLiteral("work"));
+        StepWorkQueue::schedule(priority, std::move(job));
+    }
+};
+
+struct RecordingFileManager final : Recording<FakeFileManager>
+{
+    using Recording::Recording;
     [[nodiscard]] std::unique_ptr<FolderWatch> watch(const QStringList& folders,
                                                      std::function<void()> changed) override
     {
-        m_record(QStringLiteral("watch folders"));
+        record(QStringLiteral("watch folders"));
         return FakeFileManager::watch(folders, std::move(changed));
     }
-
-private:
-    Record& m_record;
 };
 
-class RecordingWorkspace final : public FakeWorkspace
+struct RecordingWorkspace final : Recording<FakeWorkspace>
 {
-public:
-    explicit RecordingWorkspace(Record& record)
-        : m_record(record)
-    {
-        m_record.follow(center);
-    }
+    using Recording::Recording;
     [[nodiscard]] NotificationCenter& notificationCenter() override
     {
-        m_record.catchUp();
-        return FakeWorkspace::notificationCenter();
+        record.catchUp();
+        return center;
     }
-
-private:
-    Record& m_record;
 };
 
-class RecordingPermission final : public FakeAccessibilityPermission
+struct RecordingPermission final : Recording<FakeAccessibilityPermission>
 {
-public:
-    explicit RecordingPermission(Record& record)
-        : m_record(record)
-    { }
+    using Recording::Recording;
     [[nodiscard]] bool isTrusted() const override
     {
-        m_record(QStringLiteral("ask for the permission"));
-        return FakeAccessibilityPermission::isTrusted();
+        record(QStringLiteral("ask for the permission"));
+        return trusted;
     }
-
-private:
-    Record& m_record;
 };
 
-class RecordingKeyEvents final : public FakeKeyEvents
+struct RecordingKeyEvents final : Recording<FakeKeyEvents>
 {
-public:
-    explicit RecordingKeyEvents(Record& record)
-        : m_record(record)
-    { }
+    using Recording::Recording;
     [[nodiscard]] HotKeyResult registerHotKey(const HotKey& hotKey,
                                               std::function<void(double)> pressed) override
     {
-        m_record(QStringLiteral("take the key"));
+        record(QStringLiteral("take the key"));
         return FakeKeyEvents::registerHotKey(hotKey, std::move(pressed));
     }
-    [[nodiscard]] std::unique_ptr<EventTap>
-    createEventTap(Kind kind, Observer observer, std::function<void()> disabled) override
-    {
-        m_record(QStringLiteral("tap the keys"));
-        return FakeKeyEvents::createEventTap(kind, std::move(observer), std::move(disabled));
-    }
-
-private:
-    Record& m_record;
 };
 
-class RecordingStatusTray final : public FakeStatusTray
+struct RecordingStatusTray final : Recording<FakeStatusTray>
 {
-public:
-    explicit RecordingStatusTray(Record& record)
-        : m_record(record)
-    { }
+    using Recording::Recording;
     [[nodiscard]] Host host() const override
     {
-        m_record(QStringLiteral("ask for a tray"));
-        return FakeStatusTray::host();
+        record(QStringLiteral("ask for a tray"));
+        return present;
     }
-
-private:
-    Record& m_record;
 };
 
-class RecordingWindowServer final : public FakeWindowServer
+struct RecordingWindowServer final : Recording<FakeWindowServer>
 {
-public:
-    explicit RecordingWindowServer(Record& record)
-        : m_record(record)
-    { }
+    using Recording::Recording;
     void takeKeyboardFocus(WId window) override
     {
-        m_record(QStringLiteral("bring a window to the front"));
+        record(QStringLiteral("bring a window to the front"));
         FakeWindowServer::takeKeyboardFocus(window);
     }
-
-private:
-    Record& m_record;
-};
-
-class RecordingUpdater final : public FakeUpdater
-{
-public:
-    explicit RecordingUpdater(Record& record)
-        : m_record(record)
-    { }
-
-protected:
-    void note(const QString& call) override
-    {
-        m_record(call);
-        FakeUpdater::note(call);
-    }
-
-private:
-    Record& m_record;
 };
 
 /// A whole platform of fakes; each is also at hand under its name.
 struct RecordingPlatform
 {
-    RecordingPlatform() { record.follow(notifications); }
+    RecordingPlatform()
+    {
+        record.follow(notifications);
+        record.follow(workspace.center);
+        updater.onCall = [this](const QString& call) {
+            record(call);
+        };
+    }
 
     NotificationCenter notifications;
     Record record;
     Platform platform;
-    VirtualMainQueue& mainQueue = place(platform.mainQueue, new VirtualMainQueue);
-    RecordingWorkQueue& workQueue = place(platform.workQueue, new RecordingWorkQueue(record));
-    MemoryUserDefaults& userDefaults = place(platform.userDefaults, new MemoryUserDefaults);
-    RecordingFileManager& fileManager
-        = place(platform.fileManager, new RecordingFileManager(record));
-    ColorIconDecoder& iconDecoder = place(platform.iconDecoder, new ColorIconDecoder);
-    RecordingWorkspace& workspace = place(platform.workspace, new RecordingWorkspace(record));
-    FakeScreens& screens = place(platform.screens, new FakeScreens);
-    RecordingPermission& permission
-        = place(platform.accessibility, new RecordingPermission(record));
-    RecordingKeyEvents& keyEvents = place(platform.keyEvents, new RecordingKeyEvents(record));
+    VirtualMainQueue& mainQueue = place<VirtualMainQueue>(platform.mainQueue);
+    RecordingWorkQueue& workQueue = place<RecordingWorkQueue>(platform.workQueue, record);
+    MemoryUserDefaults& userDefaults = place<MemoryUserDefaults>(platform.userDefaults);
+    RecordingFileManager& fileManager = place<RecordingFileManager>(platform.fileManager, record);
+    ColorIconDecoder& iconDecoder = place<ColorIconDecoder>(platform.iconDecoder);
+    RecordingWorkspace& workspace = place<RecordingWorkspace>(platform.workspace, record);
+    FakeScreens& screens = place<FakeScreens>(platform.screens);
+    RecordingPermission& permission = place<RecordingPermission>(platform.accessibility, record);
+    RecordingKeyEvents& keyEvents = place<RecordingKeyEvents>(platform.keyEvents, record);
     RecordingWindowServer& windowServer
-        = place(platform.windowServer, new RecordingWindowServer(record));
-    FakeAppearance& appearance = place(platform.appearance, new FakeAppearance);
-    FakeLoginItem& loginItem = place(platform.loginItem, new FakeLoginItem);
-    RecordingStatusTray& tray = place(platform.statusTray, new RecordingStatusTray(record));
-    RecordingUpdater& updater = place(platform.updater, new RecordingUpdater(record));
+        = place<RecordingWindowServer>(platform.windowServer, record);
+    FakeAppearance& appearance = place<FakeAppearance>(platform.appearance);
+    FakeLoginItem& loginItem = place<FakeLoginItem>(platform.loginItem);
+    RecordingStatusTray& tray = place<RecordingStatusTray>(platform.statusTray, record);
+    FakeUpdater& updater = place<FakeUpdater>(platform.updater);
 
 private:
-    template <typename Interface, typename Fake>
-    static Fake& place(std::unique_ptr<Interface>& member, Fake* fake)
+    template <typename Fake, typename Interface, typename... Arguments>
+    static Fake& place(std::unique_ptr<Interface>& member, Arguments&... arguments)
     {
-        member.reset(fake);
-        return *fake;
+        auto made = std::make_unique<Fake>(arguments...);
+        Fake& fake = *made;
+        member = std::move(made);
+        return fake;
     }
 };
 

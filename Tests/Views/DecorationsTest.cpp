@@ -114,31 +114,28 @@ private Q_SLOTS:
         QCOMPARE(seen.size(), colors);
     }
 
-    void piecesRiseAndThenFall()
+    void piecesRiseFallAndAreGoneBeforeTheWindowCloses()
     {
         const auto height = [](double time) {
-            double sum = 0;
             const auto pieces = burst().pieces(time);
-            for (const ConfettiBurst::Piece& piece : pieces) {
-                sum += piece.center.y() / static_cast<double>(pieces.size());
-            }
-            return sum;
+            return std::accumulate(pieces.begin(),
+                                   pieces.end(),
+                                   0.0,
+                                   [](double sum, const ConfettiBurst::Piece& piece) {
+                                       return sum + piece.center.y();
+                                   })
+                / static_cast<double>(pieces.size());
         };
         QVERIFY(height(0.5) > height(0) + 50);
         QVERIFY(height(2.5) < height(1) - 200);
-    }
-
-    void allIsGoneBeforeTheWindowCloses()
-    {
         for (quint32 seed = 0; seed < 50; ++seed) {
             const ConfettiBurst confetti = burst(seed);
             QVERIFY(confetti.duration() > 3 && confetti.duration() < 4.6);
             QVERIFY(confetti.pieces(confetti.duration()).empty());
-            const QRectF bounds = confetti.bounds();
             for (double time = 0; time < confetti.duration(); time += 0.25) {
                 for (const ConfettiBurst::Piece& piece : confetti.pieces(time)) {
                     QVERIFY(piece.opacity > 0 && piece.scale > 0);
-                    QVERIFY(bounds.contains(piece.center));
+                    QVERIFY(confetti.bounds().contains(piece.center));
                 }
             }
         }
@@ -184,39 +181,32 @@ private Q_SLOTS:
         hovered.send(QEvent::Enter);
         hovered.mainQueue.advance(0.4);
         QVERIFY(!hovered.tooltip.isShowing());
+
+        QCOMPARE(hovered.button.accessibleDescription(), u"Explains"_s);
+        hovered.tooltip.setText(u"Explains more"_s);
+        QCOMPARE(hovered.button.accessibleDescription(), u"Explains more"_s);
     }
 
-    void tooltipGoesWhenItsControlIsUsed()
+    void tooltipGoesWhenItsControlIsUsedOrGoes()
     {
-        for (const bool isByKeyboard : {false, true}) {
+        const std::initializer_list<void (*)(QPushButton&)> uses
+            = {[](QPushButton& button) { QTest::keyClick(&button, Qt::Key_Space); },
+               [](QPushButton& button) { QTest::mouseClick(&button, Qt::LeftButton); },
+               [](QPushButton& button) {
+                   button.hide();
+               }};
+        for (const auto use : uses) {
             for (const double hovering : {0.2, 1.0}) {
                 HoveredButton hovered;
                 hovered.send(QEvent::Enter);
                 hovered.mainQueue.advance(hovering);
                 QCOMPARE(hovered.tooltip.isShowing(), hovering > 0.5);
-                if (isByKeyboard) {
-                    QTest::keyClick(&hovered.button, Qt::Key_Space);
-                } else {
-                    QTest::mouseClick(&hovered.button, Qt::LeftButton);
-                }
+                use(hovered.button);
                 hovered.mainQueue.advance(1);
                 QVERIFY(!hovered.tooltip.isShowing());
+                QCOMPARE(hovered.mainQueue.pendingTasks(), 0);
             }
         }
-    }
-
-    void tooltipIsReadAloudAndGoesWithItsControl()
-    {
-        HoveredButton hovered;
-        QCOMPARE(hovered.button.accessibleDescription(), u"Explains"_s);
-        hovered.tooltip.setText(u"Explains more"_s);
-        QCOMPARE(hovered.button.accessibleDescription(), u"Explains more"_s);
-        hovered.send(QEvent::Enter);
-        hovered.mainQueue.advance(0.2);
-        hovered.button.hide();
-        hovered.mainQueue.advance(1);
-        QVERIFY(!hovered.tooltip.isShowing());
-        QCOMPARE(hovered.mainQueue.pendingTasks(), 0);
     }
 
     void tooltipStaysInTheWindow_data()
@@ -239,6 +229,11 @@ private Q_SLOTS:
         Celebration celebration;
         celebration.window.setGeometry(200, 300, 400, 300);
         celebration.window.show();
+        celebration.appearance.reduced = true;
+        celebration.burst();
+        QCOMPARE(celebration.overlays().size(), 0);
+        QCOMPARE(celebration.pendingTasks(), 0);
+        celebration.appearance.reduced = false;
         celebration.burst();
         celebration.mainQueue.advance(0.5);
         QCOMPARE(celebration.overlays().size(), 1);
@@ -278,15 +273,6 @@ private Q_SLOTS:
             }
         }
         celebration.mainQueue.advance(1);
-        QCOMPARE(celebration.pendingTasks(), 0);
-    }
-
-    void noConfettiWithReducedMotion()
-    {
-        Celebration celebration;
-        celebration.appearance.reduced = true;
-        celebration.burst();
-        QCOMPARE(celebration.overlays().size(), 0);
         QCOMPARE(celebration.pendingTasks(), 0);
     }
 };

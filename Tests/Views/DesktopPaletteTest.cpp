@@ -67,23 +67,18 @@ private Q_SLOTS:
         QVERIFY(!appearance.onChanged);
     }
 
-    void whatTheDesktopHasAskedForBeforeTheStartCounts()
+    void whatTheDesktopHasAskedForBeforeTheStartCountsUnlessItsThemeHasOwnColors()
     {
         FakeAppearance appearance;
         appearance.scheme = ColorScheme::dark;
+        {
+            const DesktopPalette palette(appearance);
+            QVERIFY(WindowStyle::isDark(QApplication::palette()));
+        }
+        QApplication::setPalette(QPalette(QColor(230, 220, 210), QColor(250, 240, 230)));
+        const QPalette themes = QApplication::palette();
         const DesktopPalette palette(appearance);
-        QVERIFY(WindowStyle::isDark(QApplication::palette()));
-    }
-
-    void colorsFromTheDesktopsOwnThemeStay()
-    {
-        const QPalette themes(QColor(230, 220, 210), QColor(250, 240, 230));
-        QApplication::setPalette(themes);
-        const QPalette shown = QApplication::palette();
-        FakeAppearance appearance;
-        appearance.scheme = ColorScheme::dark;
-        const DesktopPalette palette(appearance);
-        QCOMPARE(QApplication::palette(), shown);
+        QCOMPARE(QApplication::palette(), themes);
     }
 
     void textsCanBeReadInTheDarkAndInTheLight()

@@ -7,9 +7,11 @@
 #include <QTextBlock>
 #include <QTextDocument>
 
+#include <Support/Table.h>
 #include <algorithm>
 
 using namespace Tavik;
+using namespace Tavik::Test;
 using namespace Qt::StringLiterals;
 using Format = ReleaseNotes::Format;
 
@@ -51,208 +53,151 @@ class SafeReleaseNotesTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void notesKeepTextAndStructureOnly_data();
-    void notesKeepTextAndStructureOnly();
-    void onlyLinksOfTheWebAndMailAreSafe_data();
-    void onlyLinksOfTheWebAndMailAreSafe();
-    void hugeNotesStaySmallEnoughToShow_data();
-    void hugeNotesStaySmallEnoughToShow();
-    void textIsNeverLostToACutInsideACharacter();
-};
+    void notesKeepTextAndStructureOnly_data()
+    {
+        const Table<Format, QString, QString> row;
+        const auto html = [&row](const char* name, const QString& text, const QString& expected) {
+            row(name, Format::html, text, expected);
+        };
+        html("nothing", u""_s, u""_s);
+        html("nothing to read", u"<p> <br><hr><img src=x></p>"_s, u""_s);
+        html("a document",
+             u"<!DOCTYPE html><html><head><title>T</title><style>p{}</style></head>"
+             u"<body onload=a()><p style='x' class=y>One<p>Two</body></html>"_s,
+             u"<p>One</p><p>Two</p>"_s);
+        html("headings are not larger than the window's",
+             u"<H1>A</H1><h6>B</h6>"_s,
+             u"<h3>A</h3><h4>B</h4>"_s);
+        html("lists, items without an end",
+             u"<ul><li>a<li>b<ol><li>c</ol></ul>d"_s,
+             u"<ul><li>a</li><li>b<ol><li>c</li></ol></li></ul>d"_s);
+        html("an item without a list", u"<li>a</li>"_s, u"<p>a</p>"_s);
+        html("tables row by row",
+             u"<table border=9><tr><td>a<td>b<tr><th>c</table>"_s,
+             u"<p> a b</p><p> c</p>"_s);
+        html("overlapping emphasis", u"<b>a<i>b</b>c</i>"_s, u"<b>a<i>b</i></b>c"_s);
+        html("a script", u"a<script>alert('</b>')<b></ScRiPt >b"_s, u"ab"_s);
+        html("a script without an end", u"a<script>b"_s, u"a"_s);
+        html(
+            "images and frames",
+            u"a<img src='https://x.org/p'><iframe src=x>i</iframe><svg><a href='https://x'>s</a></svg>b"_s,
+            u"ab"_s);
+        html("a safe link",
+             u"<a title='>' href = https://x.org/?a=1&amp;b=2 onclick=x>l</a>"_s,
+             u"<a href=\"https://x.org/?a=1&amp;b=2\">l</a>"_s);
+        html("a script as a link",
+             u"<a href='java&#115;cript:a()'>l</a><a href=' &#1;javascript:a()'>m</a>"_s,
+             u"lm"_s);
+        html("an attribute that breaks out",
+             u"<a href='https://x.org/\"><script>'>l</a>"_s,
+             u"<a href=\"https://x.org/&quot;&gt;&lt;script&gt;\">l</a>"_s);
+        html("a link inside a link",
+             u"<a href='https://a.org'>a<a href='file:///etc/passwd'>b</a>"_s,
+             u"<a href=\"https://a.org\">a</a>b"_s);
+        html(
+            "entities",
+            u"&lt;b&gt; &copy;&#169;&#xA9; &amp;lt; &foo; &#0; &#xD800; &#99999999999; & &;"_s,
+            u"&lt;b&gt; ©©© &amp;lt; &amp;foo; &amp;#0; &amp;#xD800; &amp;#99999999999; &amp; &amp;;"_s);
+        html("no tags", u"1 < 2 <3 </ > <"_s, u"1 &lt; 2 &lt;3 &lt;/ &gt; &lt;"_s);
+        html("comments", u"a<!-- <b> --><![CDATA[x]]>b<!-- c"_s, u"ab"_s);
+        html("a tag that does not end", u"a<b c='d>e"_s, u"a"_s);
+        html("characters that a view takes for its own",
+             u"a\u202Eb\u2029c\uFFFCd\uFDD0e\x01"
+             "f&#x202E;g"_s,
+             u"abcdefg"_s);
 
-void SafeReleaseNotesTest::notesKeepTextAndStructureOnly_data()
-{
-    QTest::addColumn<Format>("format");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("expected");
-
-    const auto html = [](const char* name, const QString& text, const QString& expected) {
-        QTest::newRow(name) << Format::html << text << expected;
-    };
-    html("nothing", u""_s, u""_s);
-    html("nothing to read", u"<p> <br><hr><img src=x></p>"_s, u""_s);
-    html("a document",
-         u"<!DOCTYPE html><html><head><title>T</title><style>p{}</style></head>"
-         u"<body onload=a()><p style='x' class=y>One<p>Two</body></html>"_s,
-         u"<p>One</p><p>Two</p>"_s);
-    html("headings are not larger than the window's",
-         u"<H1>A</H1><h6>B</h6>"_s,
-         u"<h3>A</h3><h4>B</h4>"_s);
-    html("lists, items without an end",
-         u"<ul><li>a<li>b<ol><li>c</ol></ul>d"_s,
-         u"<ul><li>a</li><li>b<ol><li>c</li></ol></li></ul>d"_s);
-    html("an item without a list", u"<li>a</li>"_s, u"<p>a</p>"_s);
-    html("tables row by row",
-         u"<table border=9><tr><td>a<td>b<tr><th>c</table>"_s,
-         u"<p> a b</p><p> c</p>"_s);
-    html("overlapping emphasis", u"<b>a<i>b</b>c</i>"_s, u"<b>a<i>b</i></b>c"_s);
-    html("a script", u"a<script>alert('</b>')<b></ScRiPt >b"_s, u"ab"_s);
-    html("a script without an end", u"a<script>b"_s, u"a"_s);
-    html(
-        "images and frames",
-        u"a<img src='https://x.org/p'><iframe src=x>i</iframe><svg><a href='https://x'>s</a></svg>b"_s,
-        u"ab"_s);
-    html("a safe link",
-         u"<a title='>' href = https://x.org/?a=1&amp;b=2 onclick=x>l</a>"_s,
-         u"<a href=\"https://x.org/?a=1&amp;b=2\">l</a>"_s);
-    html("a script as a link",
-         u"<a href='java&#115;cript:a()'>l</a><a href=' &#1;javascript:a()'>m</a>"_s,
-         u"lm"_s);
-    html("an attribute that breaks out",
-         u"<a href='https://x.org/\"><script>'>l</a>"_s,
-         u"<a href=\"https://x.org/&quot;&gt;&lt;script&gt;\">l</a>"_s);
-    html("a link inside a link",
-         u"<a href='https://a.org'>a<a href='file:///etc/passwd'>b</a>"_s,
-         u"<a href=\"https://a.org\">a</a>b"_s);
-    html(
-        "entities",
-        u"&lt;b&gt; &copy;&#169;&#xA9; &amp;lt; &foo; &#0; &#xD800; &#99999999999; & &;"_s,
-        u"&lt;b&gt; ©©© &amp;lt; &amp;foo; &amp;#0; &amp;#xD800; &amp;#99999999999; &amp; &amp;;"_s);
-    html("no tags", u"1 < 2 <3 </ > <"_s, u"1 &lt; 2 &lt;3 &lt;/ &gt; &lt;"_s);
-    html("comments", u"a<!-- <b> --><![CDATA[x]]>b<!-- c"_s, u"ab"_s);
-    html("a tag that does not end", u"a<b c='d>e"_s, u"a"_s);
-    html("characters that a view takes for its own",
-         u"a\u202Eb\u2029c\uFFFCd\uFDD0e\x01"
-         "f&#x202E;g"_s,
-         u"abcdefg"_s);
-
-    const auto other
-        = [](const char* name, Format format, const QString& text, const QString& expected) {
-              QTest::newRow(name) << format << text << expected;
-          };
-    other("plain text",
-          Format::plainText,
-          u"A <b>\n  - b\r\n\n\nC & d\n"_s,
-          u"<p>A &lt;b&gt;<br>\u00A0\u00A0- b</p><p>C &amp; d</p>"_s);
-    other("Markdown",
-          Format::markdown,
-          u"## T\n\nSome **bold** *it* `code` [l](https://x.org) [m](javascript:a) "
-          u"![i](https://x.org/p)\n\n"
-          u"- a\n- b\n  1. c\n- d\n\n```\n1\n 2\n```\n\n---\n\nend"_s,
-          u"<h3><b>T</b></h3><p>Some <b>bold</b> <i>it</i> <code>code</code> "
-          u"<a href=\"https://x.org\">l</a> m "
-          u"</p><ul><li>a</li><li>b<ol><li>c</li></ol></li><li>d</li></ul>"
-          u"<pre>1\n 2</pre><hr><p>end</p>"_s);
-    other("HTML in Markdown",
-          Format::markdown,
-          u"a <script>b</script>"_s,
-          u"<p>a &lt;script&gt;b&lt;/script&gt;</p>"_s);
-    other("long Markdown as it was written",
-          Format::markdown,
-          u"*a*"_s + QString(10'000, u' ') + u"\n\nb"_s,
-          u"<p>*a*"_s + QString(3997, u' ') + u"</p><p>"_s + QString(4000, u' ') + u"</p><p>"_s
-              + QString(2003, u' ') + u"</p><p>b</p>"_s);
-}
-
-void SafeReleaseNotesTest::notesKeepTextAndStructureOnly()
-{
-    QFETCH(const Format, format);
-    QFETCH(const QString, text);
-    QFETCH(const QString, expected);
-    QCOMPARE(safeReleaseNotesHtml({.format = format, .text = text}), expected);
-}
-
-void SafeReleaseNotesTest::onlyLinksOfTheWebAndMailAreSafe_data()
-{
-    QTest::addColumn<bool>("safe");
-    for (const char* link :
-         {"https://example.org", "HTTP://example.org/a?b#c", "mailto:a@example.org"}) {
-        QTest::newRow(link) << true;
+        row("plain text",
+            Format::plainText,
+            u"A <b>\n  - b\r\n\n\nC & d\n"_s,
+            u"<p>A &lt;b&gt;<br>\u00A0\u00A0- b</p><p>C &amp; d</p>"_s);
+        row("Markdown",
+            Format::markdown,
+            u"## T\n\nSome **bold** *it* `code` [l](https://x.org) [m](javascript:a) "
+            u"![i](https://x.org/p)\n\n"
+            u"- a\n- b\n  1. c\n- d\n\n```\n1\n 2\n```\n\n---\n\nend"_s,
+            u"<h3><b>T</b></h3><p>Some <b>bold</b> <i>it</i> <code>code</code> "
+            u"<a href=\"https://x.org\">l</a> m "
+            u"</p><ul><li>a</li><li>b<ol><li>c</li></ol></li><li>d</li></ul>"
+            u"<pre>1\n 2</pre><hr><p>end</p>"_s);
+        row("HTML in Markdown",
+            Format::markdown,
+            u"a <script>b</script>"_s,
+            u"<p>a &lt;script&gt;b&lt;/script&gt;</p>"_s);
+        row("long Markdown as it was written",
+            Format::markdown,
+            u"*a*"_s + QString(10'000, u' ') + u"\n\nb"_s,
+            u"<p>*a*"_s + QString(3997, u' ') + u"</p><p>"_s + QString(4000, u' ') + u"</p><p>"_s
+                + QString(2003, u' ') + u"</p><p>b</p>"_s);
     }
-    for (const char* link : {"",
-                             "example.org",
-                             "//example.org",
-                             "https://",
-                             "https://bank.example@example.org/",
-                             "https://exa mple.org",
-                             "javascript:a()",
-                             "JavaScript:a()",
-                             "file:///etc/passwd",
-                             "data:text/html,a",
-                             "ftp://example.org",
-                             "smb://example.org",
-                             "qrc:/a",
-                             "mailto:",
-                             "mailto:a@b.org?attach=/etc/passwd",
-                             "https:example.org",
-                             "#a",
-                             "x-scheme:a"}) {
-        QTest::newRow(link) << false;
+
+    void notesKeepTextAndStructureOnly()
+    {
+        const auto [format, text, expected] = fetch<Format, QString, QString>();
+        QCOMPARE(safeReleaseNotesHtml({.format = format, .text = text}), expected);
     }
-    QTest::newRow(("https://example.org/" + QByteArray(2000, 'a')).constData()) << false;
-}
 
-void SafeReleaseNotesTest::onlyLinksOfTheWebAndMailAreSafe()
-{
-    QFETCH(const bool, safe);
-    QCOMPARE(isSafeReleaseNotesLink(QString::fromLatin1(QTest::currentDataTag())), safe);
-}
-
-void SafeReleaseNotesTest::hugeNotesStaySmallEnoughToShow_data()
-{
-    QTest::addColumn<QString>("piece");
-    for (const char* piece : {"a",
-                              " a",
-                              "<p>a",
-                              "a<br>",
-                              "<div>a",
-                              "<b>a",
-                              "<ul><li>a",
-                              "<table><tr><td>a",
-                              "<blockquote>a",
-                              "&amp;",
-                              "a<",
-                              "<a ",
-                              "<!--",
-                              "<script>",
-                              "</script>a",
-                              "<a href=\"https://x.org\">x",
-                              "a\n",
-                              "<li>a",
-                              "<b><i><u><s>x</b>",
-                              "<pre>a\n",
-                              "\xCC\x80",
-                              "\xD9\x85",
-                              "a\n\n",
-                              "- a\n",
-                              "_a_ ",
-                              "> ",
-                              "| a | b |\n|---|---|\n"}) {
-        QTest::newRow(piece) << QString::fromUtf8(piece);
-    }
-}
-
-void SafeReleaseNotesTest::hugeNotesStaySmallEnoughToShow()
-{
-    QFETCH(const QString, piece);
-    for (const Format format : {Format::html, Format::plainText, Format::markdown}) {
-        // Markdown up to its own bound, which is where it takes longest.
-        const qsizetype length = format == Format::markdown ? 9'999 : 250'000;
-        const QString html = safeReleaseNotesHtml(
-            {.format = format, .text = u"<ul>"_s + piece.repeated(length / piece.size())});
-        QVERIFY2(html.size() < 230'000, qPrintable(QString::number(html.size())));
-        QVERIFY(html.count(u"<li>"_s) <= 1000);
-        QVERIFY(deepestNesting(html) <= 20);
-        CountingDocument document;
-        document.setHtml(html);
-        document.setTextWidth(500);
-        (void)document.documentLayout()->documentSize();
-        QCOMPARE(document.loads, 0);
-        int longest = 0;
-        for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-            longest = std::max(longest, block.length());
+    void onlyLinksOfTheWebAndMailAreSafe()
+    {
+        for (const char* link :
+             {"https://example.org", "HTTP://example.org/a?b#c", "mailto:a@example.org"}) {
+            QVERIFY2(isSafeReleaseNotesLink(QString::fromLatin1(link)), link);
         }
-        QVERIFY(longest < 8100);
+        QStringList unsafe
+            = u"|example.org|//example.org|https://|https://bank.example@example.org/|"
+              u"https://exa mple.org|javascript:a()|JavaScript:a()|file:///etc/passwd|"
+              u"data:text/html,a|ftp://example.org|smb://example.org|qrc:/a|mailto:|"
+              u"mailto:a@b.org?attach=/etc/passwd|https:example.org|#a|x-scheme:a"_s.split(u'|');
+        unsafe << u"https://example.org/"_s + QString(2000, u'a');
+        for (const QString& link : unsafe) {
+            QVERIFY2(!isSafeReleaseNotesLink(link), qPrintable(link));
+        }
     }
-}
 
-void SafeReleaseNotesTest::textIsNeverLostToACutInsideACharacter()
-{
-    const QString text = u"a"_s + u"\U0001F600"_s.repeated(9000);
-    QTextDocument document;
-    document.setHtml(safeReleaseNotesHtml({.format = Format::html, .text = text}));
-    QCOMPARE(document.toPlainText().remove(u'\n'), text);
-}
+    void hugeNotesStaySmallEnoughToShow_data()
+    {
+        const Table<QString> row;
+        QStringList pieces
+            = u"a| a|<p>a|a<br>|<div>a|<b>a|<ul><li>a|<table><tr><td>a|<blockquote>a|&amp;|a<|"
+              u"<a |<!--|<script>|</script>a|<a href=\"https://x.org\">x|a\n|<li>a|"
+              u"<b><i><u><s>x</b>|<pre>a\n|\u0300|\u0645|a\n\n|- a\n|_a_ |> "_s.split(u'|');
+        pieces << u"| a | b |\n|---|---|\n"_s;
+        for (const QString& piece : pieces) {
+            row(qPrintable(piece), piece);
+        }
+    }
+
+    void hugeNotesStaySmallEnoughToShow()
+    {
+        const auto [piece] = fetch<QString>();
+        for (const Format format : {Format::html, Format::plainText, Format::markdown}) {
+            // Markdown up to its own bound, which is where it takes longest.
+            const qsizetype length = format == Format::markdown ? 9'999 : 250'000;
+            const QString html = safeReleaseNotesHtml(
+                {.format = format, .text = u"<ul>"_s + piece.repeated(length / piece.size())});
+            QVERIFY2(html.size() < 230'000, qPrintable(QString::number(html.size())));
+            QVERIFY(html.count(u"<li>"_s) <= 1000);
+            QVERIFY(deepestNesting(html) <= 20);
+            CountingDocument document;
+            document.setHtml(html);
+            document.setTextWidth(500);
+            (void)document.documentLayout()->documentSize();
+            QCOMPARE(document.loads, 0);
+            int longest = 0;
+            for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+                longest = std::max(longest, block.length());
+            }
+            QVERIFY(longest < 8100);
+        }
+    }
+
+    void textIsNeverLostToACutInsideACharacter()
+    {
+        const QString text = u"a"_s + u"\U0001F600"_s.repeated(9000);
+        QTextDocument document;
+        document.setHtml(safeReleaseNotesHtml({.format = Format::html, .text = text}));
+        QCOMPARE(document.toPlainText().remove(u'\n'), text);
+    }
+};
 
 QTEST_MAIN(SafeReleaseNotesTest)
 #include "SafeReleaseNotesTest.moc"

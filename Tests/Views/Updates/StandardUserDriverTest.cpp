@@ -5,8 +5,6 @@ using namespace Tavik;
 using namespace Tavik::Test;
 using namespace Qt::StringLiterals;
 
-Q_DECLARE_METATYPE(Tavik::UpdateChoice)
-
 class StandardUserDriverTest final : public QObject
 {
     Q_OBJECT
@@ -14,37 +12,34 @@ class StandardUserDriverTest final : public QObject
 private Q_SLOTS:
     void whoShowsAnUpdate_data()
     {
-        QTest::addColumn<bool>("userInitiated");
-        QTest::addColumn<bool>("isFocused");
-        QTest::addColumn<bool>("isGentle");
-        QTest::addColumn<bool>("wantsShown");
-        QTest::addColumn<QStringList>("calls");
-        QTest::addColumn<bool>("isShown");
-        QTest::newRow("asked for")
-            << true << false << true << false << QStringList{u"will show 2.1 by user"_s} << true;
-        QTest::newRow("left to the delegate")
-            << false << false << true << false
-            << QStringList{u"should 2.1 elsewhere"_s, u"will leave 2.1 by schedule"_s} << false;
-        QTest::newRow("in focus, and wanted")
-            << false << true << true << true
-            << QStringList{u"should 2.1 focused"_s, u"will show 2.1 by schedule"_s} << true;
-        QTest::newRow("a delegate without reminders is not asked")
-            << false << false << false << false << QStringList{u"will show 2.1 by schedule"_s}
-            << true;
+        // Asked for by the user, in focus, with reminders, wanted by the delegate.
+        const Table<bool, bool, bool, bool, QStringList> row;
+        row("asked for", true, false, true, false, {u"will show 2.1 by user"_s});
+        row("left to the delegate",
+            false,
+            false,
+            true,
+            false,
+            {u"should 2.1 elsewhere"_s, u"will leave 2.1 by schedule"_s});
+        row("in focus, and wanted",
+            false,
+            true,
+            true,
+            true,
+            {u"should 2.1 focused"_s, u"will show 2.1 by schedule"_s});
+        row("without reminders", false, false, false, false, {u"will show 2.1 by schedule"_s});
     }
     void whoShowsAnUpdate()
     {
-        QFETCH(bool, userInitiated);
-        QFETCH(bool, isFocused);
-        QFETCH(bool, isGentle);
-        QFETCH(bool, wantsShown);
+        const auto [userInitiated, isFocused, isGentle, wantsShown, calls]
+            = fetch<bool, bool, bool, bool, QStringList>();
         UpdatesFixture fixture;
         fixture.isFocused = isFocused;
         fixture.delegate.isGentle = isGentle;
         fixture.delegate.wantsShown = wantsShown;
         fixture.find(UpdatesFixture::item(), userInitiated);
-        QTEST(fixture.delegate.calls, "calls");
-        QTEST(fixture.window() != nullptr, "isShown");
+        QCOMPARE(fixture.delegate.calls, calls);
+        QCOMPARE(fixture.window() != nullptr, calls.constLast().startsWith(u"will show"_s));
         QVERIFY(fixture.replies.isEmpty());
     }
 
@@ -78,28 +73,19 @@ private Q_SLOTS:
                               u"finish"_s}));
     }
 
-    void everyWayOutOfTheQuestionIsAnAnswer_data()
-    {
-        QTest::addColumn<QString>("way");
-        QTest::addColumn<UpdateChoice>("choice");
-        QTest::newRow("install") << u"Install"_s << UpdateChoice::install;
-        QTest::newRow("later") << u"Remind Me Later"_s << UpdateChoice::remindLater;
-        QTest::newRow("skip") << u"Skip This Version"_s << UpdateChoice::skip;
-        QTest::newRow("the window is closed") << u"close"_s << UpdateChoice::remindLater;
-    }
     void everyWayOutOfTheQuestionIsAnAnswer()
     {
-        QFETCH(QString, way);
-        UpdatesFixture fixture;
-        fixture.find(UpdatesFixture::item(), true);
-        if (way == u"close"_s) {
-            fixture.window()->close();
-        } else {
-            fixture.click(way);
+        for (const auto& [way, choice] :
+             {std::pair(u"Install"_s, UpdateChoice::install),
+              std::pair(u"Remind Me Later"_s, UpdateChoice::remindLater),
+              std::pair(u"Skip This Version"_s, UpdateChoice::skip),
+              std::pair(u"close"_s, UpdateChoice::remindLater)}) {
+            UpdatesFixture fixture;
+            fixture.find(UpdatesFixture::item(), true);
+            fixture.leave(way);
+            QCOMPARE(fixture.replies, QList{choice});
+            QCOMPARE(fixture.windowCount(), 0);
         }
-        QCOMPARE(fixture.replies.size(), 1);
-        QTEST(fixture.replies.constFirst(), "choice");
-        QCOMPARE(fixture.windowCount(), 0);
     }
 
     void aSessionGoesThroughOneWindowAfterTheOther()
@@ -129,38 +115,23 @@ private Q_SLOTS:
         QCOMPARE(fixture.mainQueue.pendingTasks(), 0);
     }
 
-    void whatTakesLongCanBeCancelledOnce_data()
-    {
-        QTest::addColumn<bool>("isDownload");
-        QTest::addColumn<QString>("way");
-        for (const bool isDownload : {false, true}) {
-            for (const char* way : {"button", "Escape", "close"}) {
-                QTest::addRow("%s by %s", isDownload ? "download" : "check", way)
-                    << isDownload << QString::fromLatin1(way);
-            }
-        }
-    }
     void whatTakesLongCanBeCancelledOnce()
     {
-        QFETCH(bool, isDownload);
-        QFETCH(QString, way);
-        UpdatesFixture fixture;
-        int cancelled = 0;
-        if (isDownload) {
-            fixture.driver.showDownloadInitiated(fixture.counted(cancelled));
-        } else {
-            fixture.driver.showUserInitiatedUpdateCheck(fixture.counted(cancelled));
+        for (const QString& way : {u"Cancel"_s, u"Escape"_s, u"close"_s}) {
+            for (const bool isDownload : {false, true}) {
+                UpdatesFixture fixture;
+                int cancelled = 0;
+                if (isDownload) {
+                    fixture.driver.showDownloadInitiated(fixture.counted(cancelled));
+                } else {
+                    fixture.driver.showUserInitiatedUpdateCheck(fixture.counted(cancelled));
+                }
+                fixture.leave(way);
+                QCOMPARE(cancelled, 1);
+                QCOMPARE(fixture.windowCount(), 0);
+                QCOMPARE(fixture.mainQueue.pendingTasks(), 0);
+            }
         }
-        if (way == u"close"_s) {
-            fixture.window()->close();
-        } else if (way == u"Escape"_s) {
-            fixture.press(Qt::Key_Escape);
-        } else {
-            fixture.click(u"Cancel"_s);
-        }
-        QCOMPARE(cancelled, 1);
-        QCOMPARE(fixture.windowCount(), 0);
-        QCOMPARE(fixture.mainQueue.pendingTasks(), 0);
     }
 
     void verifyingCannotBeCancelledAndComesBackWhenItsWindowIsClosed()
@@ -183,34 +154,23 @@ private Q_SLOTS:
         QCOMPARE(ready, QList{UpdateChoice::remindLater});
     }
 
-    void alertsAreAnnouncedAndAcknowledgedOnce_data()
-    {
-        QTest::addColumn<QString>("way");
-        for (const char* way : {"OK", "Return", "Escape", "close"}) {
-            QTest::newRow(way) << QString::fromLatin1(way);
-        }
-    }
     void alertsAreAnnouncedAndAcknowledgedOnce()
     {
-        QFETCH(QString, way);
-        UpdatesFixture fixture;
-        int acknowledged = 0;
-        fixture.driver.showUpdateNotFound(u"2.0 is the newest."_s, fixture.counted(acknowledged));
-        QCOMPARE(fixture.delegate.calls, QStringList{u"alert"_s});
-        QCOMPARE(fixture.texts(), (QStringList{u"Nothing."_s, u"2.0 is the newest."_s}));
-        if (way == u"close"_s) {
-            fixture.window()->close();
-        } else if (way == u"OK"_s) {
-            fixture.click(way);
-        } else {
-            fixture.press(way == u"Return"_s ? Qt::Key_Return : Qt::Key_Escape);
+        for (const QString& way : {u"OK"_s, u"Return"_s, u"Escape"_s, u"close"_s}) {
+            UpdatesFixture fixture;
+            int acknowledged = 0;
+            fixture.driver.showUpdateNotFound(u"2.0 is the newest."_s,
+                                              fixture.counted(acknowledged));
+            QCOMPARE(fixture.delegate.calls, QStringList{u"alert"_s});
+            QCOMPARE(fixture.texts(), (QStringList{u"Nothing."_s, u"2.0 is the newest."_s}));
+            fixture.leave(way);
+            QCOMPARE(acknowledged, 1);
+            QCOMPARE(fixture.windowCount(), 0);
+            // Nobody has to be told.
+            fixture.driver.showUpdateNotFound(u"2.0 is the newest."_s, nullptr);
+            fixture.leave(way);
+            QCOMPARE(fixture.windowCount(), 0);
         }
-        QCOMPARE(acknowledged, 1);
-        QCOMPARE(fixture.windowCount(), 0);
-        // Nobody has to be told.
-        fixture.driver.showUpdateNotFound(u"2.0 is the newest."_s, nullptr);
-        fixture.press(Qt::Key_Return);
-        QCOMPARE(fixture.windowCount(), 0);
     }
 
     void failuresSayWhatFailed()

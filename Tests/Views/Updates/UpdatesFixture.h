@@ -13,10 +13,13 @@
 
 #include <Support/FakeDesktop.h>
 #include <Support/FakeWindowServer.h>
+#include <Support/Table.h>
 #include <Support/VirtualMainQueue.h>
 #include <algorithm>
 
 namespace Tavik::Test {
+
+using namespace Qt::StringLiterals;
 
 /// A delegate that records in order what it is told.
 class FakeUserDriverDelegate final : public StandardUserDriverDelegate
@@ -27,28 +30,24 @@ public:
     standardUserDriverShouldHandleShowingScheduledUpdate(const UpdateItem& update,
                                                          bool andInImmediateFocus) override
     {
-        calls << QStringLiteral("should %1 %2")
-                     .arg(update.displayVersionString,
-                          andInImmediateFocus ? QStringLiteral("focused")
-                                              : QStringLiteral("elsewhere"));
+        calls << u"should %1 %2"_s.arg(update.displayVersionString,
+                                       andInImmediateFocus ? u"focused"_s : u"elsewhere"_s);
         return wantsShown;
     }
     void standardUserDriverWillHandleShowingUpdate(bool handleShowingUpdate,
                                                    const UpdateItem& forUpdate,
                                                    const UpdateUserState& state) override
     {
-        calls << QStringLiteral("will %1 %2 by %3")
-                     .arg(handleShowingUpdate ? QStringLiteral("show") : QStringLiteral("leave"),
-                          forUpdate.displayVersionString,
-                          state.userInitiated ? QStringLiteral("user")
-                                              : QStringLiteral("schedule"));
+        calls << u"will %1 %2 by %3"_s.arg(handleShowingUpdate ? u"show"_s : u"leave"_s,
+                                           forUpdate.displayVersionString,
+                                           state.userInitiated ? u"user"_s : u"schedule"_s);
     }
     void standardUserDriverDidReceiveUserAttention(const UpdateItem& forUpdate) override
     {
-        calls << QStringLiteral("attention ") + forUpdate.displayVersionString;
+        calls << u"attention "_s + forUpdate.displayVersionString;
     }
-    void standardUserDriverWillFinishUpdateSession() override { calls << QStringLiteral("finish"); }
-    void standardUserDriverWillShowModalAlert() override { calls << QStringLiteral("alert"); }
+    void standardUserDriverWillFinishUpdateSession() override { calls << u"finish"_s; }
+    void standardUserDriverWillShowModalAlert() override { calls << u"alert"_s; }
 
     bool isGentle = true;
     bool wantsShown = false;
@@ -61,8 +60,8 @@ struct UpdatesFixture
     [[nodiscard]] static UpdateItem item()
     {
         UpdateItem item;
-        item.versionString = QStringLiteral("210");
-        item.displayVersionString = QStringLiteral("2.1");
+        item.versionString = u"210"_s;
+        item.displayVersionString = u"2.1"_s;
         return item;
     }
 
@@ -138,7 +137,7 @@ struct UpdatesFixture
                 return;
             }
         }
-        QFAIL(qPrintable(QStringLiteral("no button ") + text));
+        QFAIL(qPrintable(u"no button "_s + text));
     }
     static void press(Qt::Key key)
     {
@@ -149,6 +148,18 @@ struct UpdatesFixture
         QTest::keyClick(focused, key);
     }
 
+    /// By the key or the button of that name, or else "close".
+    static void leave(const QString& way)
+    {
+        if (way == u"close"_s) {
+            window()->close();
+        } else if (way == u"Escape"_s || way == u"Return"_s) {
+            press(way == u"Escape"_s ? Qt::Key_Escape : Qt::Key_Return);
+        } else {
+            click(way);
+        }
+    }
+
     VirtualMainQueue mainQueue;
     FakeWindowServer windowServer;
     FakeAppearance appearance;
@@ -157,8 +168,8 @@ struct UpdatesFixture
     QStringList opened;
     QList<UpdateChoice> replies;
     StandardUserDriver driver{{mainQueue, windowServer, appearance, delegate},
-                              {.ownVersion = QStringLiteral("2.0"),
-                               .nothingNewTitle = QStringLiteral("Nothing."),
+                              {.ownVersion = u"2.0"_s,
+                               .nothingNewTitle = u"Nothing."_s,
                                .isInImmediateFocus = [this] { return isFocused; },
                                .windowMade = [](AuxiliaryWindow&) {},
                                .openLink =

@@ -1,10 +1,8 @@
 # SPDX-License-Identifier: MIT
 """The program around the ring: its windows, what reaches it from the desktop, and how it ends."""
-import json
 import os
 import signal
 import stat
-import sys
 import time
 
 import pytest
@@ -12,16 +10,14 @@ from gi.repository import Gio, GLib
 from Xlib import X
 
 from harness import accessibility
-from harness.applications import PROGRAM as WINDOW_PROGRAM
-from harness.launcher import BUS_NAME, IN_BACKGROUND
-from harness.waiting import stays, wait_until
+from harness.launcher import BUS_NAME, IN_BACKGROUND, hot_key_record
+from harness.waiting import stays, wait_front, wait_until
 
 SETTINGS = "Tavik Launcher Settings"
 REINDEX = "Reindex Apps"
-CONTROL_ALT = 0xC0000
-TAP = 0.08
+TAP = 0.08  # Seconds.
+APART = 1.0  # Too long for two taps to pair.
 LOGIND = "/org/freedesktop/login1"
-STARTUP_ID = 'some-panel-17-"quoted"_TIME4711'
 APPLICATION = "org.freedesktop.Application"
 
 
@@ -30,12 +26,6 @@ def ring(launcher, applications, panel):
     """Running, on a desktop with a panel."""
     launcher.pin(applications.add("Alder"), applications.add("Birch"))
     return launcher.start()
-
-
-def wait_front(display, title):
-    window = display.wait_for(title)
-    wait_until(lambda: display.has_focus(window), f"{title} has the keyboard")
-    return window
 
 
 # --- windows
@@ -70,27 +60,14 @@ def test_the_dock_is_switched_with_the_settings_staying_in_front(launcher, panel
         return "_NET_WM_STATE_SKIP_TASKBAR" in display.state(window)
 
     assert skips(settings) and skips(reindex)
-    switch = wait_until(
-        lambda: accessibility.find(desktop, "Show in the Dock", role="check box"), "the switch is there")
-    x, y, width, height = switch["place"]
     for shown in (True, False):
-        display.click(x + width // 2, y + height // 2)
+        accessibility.click(desktop, "Show in the Dock", role="check box")
         wait_until(lambda: skips(settings) != shown and skips(reindex) != shown, "the taskbar is told")
         stays(lambda: display.has_focus(settings) and display.is_above(settings, reindex), "the settings are in front", 0.3)
         assert launcher.defaults()["LauncherSettings.showInDock"] == shown
 
 
 # --- what comes from the desktop
-
-
-def call(desktop, method, signature, arguments):
-    bus = desktop.bus()
-    try:
-        return bus.call_sync(
-            BUS_NAME, "/org/tavik/Launcher", APPLICATION, method, GLib.Variant(signature, arguments), None,
-            Gio.DBusCallFlags.NONE, 5000, None)
-    finally:
-        bus.close_sync(None)
 
 
 def startup_messages(display):
@@ -104,26 +81,27 @@ def startup_messages(display):
     return [bytes(text).split(b"\0")[0].decode() for text in texts.values()]
 
 
-@pytest.mark.parametrize("arguments, window", [((), "Tavik Launcher"), (("--reindex",), REINDEX), (("--hide",), None)],
-                         ids=["plain", "reindex", "hide"])
-@pytest.mark.parametrize("variable", ["DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN"])
-def test_what_a_second_start_was_given_is_handed_on_and_completed(ring, desktop, display, arguments, window, variable):
+def test_what_a_second_start_was_given_is_handed_on_and_completed(ring, display):
     display.root.change_attributes(event_mask=X.PropertyChangeMask)
     display.connection.sync()
-    ring.environment[variable] = STARTUP_ID
-    assert ring.command(*arguments).returncode == 0
-    if window:
-        opened = wait_front(display, window)
-        assert display.property(opened, "_NET_STARTUP_ID") == STARTUP_ID
-    messages = []
-    wait_until(lambda: messages.extend(startup_messages(display)) or messages, "the start is completed")
-    assert set(messages) == {'remove: ID="some-panel-17-\\"quoted\\"_TIME4711"'}
+    for variable in ("DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN"):
+        for arguments, window in ((), "Tavik Launcher"), (("--hide",), None), (("--reindex",), REINDEX):
+            identifier = f'{variable}-{len(arguments)}-"quoted"_TIME4711'
+            answer = ring.desktop.run([ring.program, *arguments], {**ring.environment, variable: identifier})
+            assert answer.returncode == 0
+            opened = window and wait_front(display, window)
+            assert not window or display.property(opened, "_NET_STARTUP_ID") == identifier
+            messages = []
+            wait_until(lambda: messages.extend(startup_messages(display)) or messages, "the start is completed")
+            assert set(messages) == {'remove: ID="%s"' % identifier.replace('"', '\\"')}
+        display.close_window(opened)
+        display.wait_gone(REINDEX)
 
 
 def test_our_own_start_is_completed(launcher, panel, display):
     display.root.change_attributes(event_mask=X.PropertyChangeMask)
     display.connection.sync()
-    launcher.start(by_hand=True, environment={"DESKTOP_STARTUP_ID": STARTUP_ID})
+    launcher.start(by_hand=True, environment={"DESKTOP_STARTUP_ID": "some-panel-17_TIME4711"})
     messages = []
     wait_until(lambda: messages.extend(startup_messages(display)) or messages, "the start is completed")
     assert messages[0].startswith('remove: ID="some-panel-17')
@@ -134,29 +112,31 @@ def tap(display):
         time.sleep(TAP)
 
 
-@pytest.mark.parametrize("sleeps", [True, False], ids=["asleep", "awake"])
-def test_a_tap_before_sleep_does_not_pair_with_one_after_it(launcher, panel, applications, desktop, display, sleeps):
+def test_a_tap_before_sleep_does_not_pair_with_one_after_it(launcher, panel, applications, desktop, display):
     system_bus = desktop.start_bus("system-bus")
     launcher.pin(applications.add("Alder"))
-    launcher.hot_key = None
-    launcher.settings(hotKeyConfig=json.dumps({"modifierFlagsRaw": CONTROL_ALT, "displayName": "chord"}).encode())
+    launcher.use_chord()
     launcher.start(environment={"DBUS_SYSTEM_BUS_ADDRESS": system_bus})
     wait_until(lambda: "tap=1" in desktop.log("launcher"), "the chord is watched for")
     bus = desktop.bus(system_bus)
     try:
         wait_until(lambda: has_match(bus, "PrepareForSleep"), "the program listens for sleep")
-        tap(display)
-        launcher.wait_hidden()
-        if sleeps:
-            bus.emit_signal(
-                None, LOGIND, "org.freedesktop.login1.Manager", "PrepareForSleep", GLib.Variant("(b)", (True,)))
-            bus.flush_sync(None)
-        time.sleep(0.2)
-        tap(display)
-        if sleeps:
-            stays(lambda: not launcher.is_shown(), "nothing is pinned", 0.5)
-        else:
-            launcher.wait_open()
+        for sleeps in (False, True):
+            tap(display)
+            launcher.wait_hidden()
+            if sleeps:
+                bus.emit_signal(
+                    None, LOGIND, "org.freedesktop.login1.Manager", "PrepareForSleep", GLib.Variant("(b)", (True,)))
+                bus.flush_sync(None)
+            time.sleep(0.2)
+            tap(display)
+            if sleeps:
+                stays(lambda: not launcher.is_shown(), "nothing is pinned", 0.5)
+            else:
+                launcher.wait_open()
+                display.press("Escape")
+                launcher.wait_hidden()
+                time.sleep(APART)
     finally:
         bus.close_sync(None)
 
@@ -169,51 +149,34 @@ def has_match(bus, member):
     return any(member in rule for rules in answer.unpack()[0].values() for rule in rules)
 
 
-def test_agents_are_not_recorded_among_the_recent_applications(ring, applications, desktop, display):
-    applications.write_entry(
-        applications.folder / "org.example.agent.desktop", "Agent", "/bin/true", "agent", "StartupWMClass=Agent\n")
-    desktop.spawn([sys.executable, str(WINDOW_PROGRAM), "--title", "Agent", "--skip-taskbar"])
-    agent = display.wait_for("Agent")
-    display.activate(agent)
-    wait_until(lambda: display.has_focus(agent), "the agent has the keyboard")
-    cedar = applications.add("Cedar")
-    desktop.open(cedar)
-    wait_front(display, "Cedar")
-    wait_until(lambda: cedar.path in ring.recents(), "an ordinary application is recorded")
-    ring.command("--reindex")
-    wait_front(display, REINDEX)
-    stays(lambda: ring.recents() == [cedar.path], "neither the agent nor ourselves", 0.3)
-
-
 # --- bad neighbours
 
 
-def test_hostile_calls_on_the_bus_change_nothing(ring, desktop, display):
+def test_hostile_calls_on_the_bus_change_nothing(ring, display):
     long = "x" * 100_000
-    for action, parameters in (
-            ("no-such-action", []), ("", []), (long, []), ("../../quit", []), ("Quit", []), ("activate", [])):
+    for action in ("no-such-action", "", long, "../../quit", "Quit", "activate"):
         with pytest.raises(GLib.Error, match="No such action"):
-            call(desktop, "ActivateAction", "(sava{sv})", (action, parameters, {}))
+            ring.activate_action(action)
     odd = [GLib.Variant("i", 7), GLib.Variant("as", ["about"]), GLib.Variant("s", long),
            GLib.Variant("v", GLib.Variant("s", "no"))]
     for parameter in odd:
-        call(desktop, "ActivateAction", "(sava{sv})", ("settings", [parameter, parameter], {
+        ring.activate_action("settings", parameter, parameter, platform_data={
             "desktop-startup-id": GLib.Variant("s", long), "activation-token": GLib.Variant("ay", b"\\xff\\0"),
-            "another": GLib.Variant("(iv)", (1, GLib.Variant("s", long)))}))
-    window = wait_front(display, SETTINGS)
+            "another": GLib.Variant("(iv)", (1, GLib.Variant("s", long)))})
+    wait_front(display, SETTINGS)
     for method, signature, arguments in (
             ("ActivateAction", "(s)", ("quit",)), ("ActivateAction", "(i)", (1,)), ("Activate", "(s)", ("x",)),
             ("Nothing", "()", ())):
         with pytest.raises(GLib.Error):
-            call(desktop, method, signature, arguments)
-    call(desktop, "Open", "(asa{sv})", ([long] * 10, {}))
+            ring.call(method, signature, arguments)
+    ring.call("Open", "(asa{sv})", ([long] * 10, {}))
     ring.wait_open()
     ring.command("--hide")
     ring.wait_hidden()
-    assert window and not ring.exited()
+    assert not ring.exited()
 
 
-def test_a_flood_of_calls_is_survived(ring, desktop, display):
+def test_a_flood_of_calls_is_survived(ring, desktop):
     bus = desktop.bus()
     size = memory(ring)
     try:
@@ -223,10 +186,7 @@ def test_a_flood_of_calls_is_survived(ring, desktop, display):
                 BUS_NAME, "/org/tavik/Launcher", APPLICATION, "ActivateAction",
                 GLib.Variant("(sava{sv})", (action, [], {})), None, Gio.DBusCallFlags.NONE, 60000, None, None)
         bus.flush_sync(None)
-        # Whoever waits in line is answered in the end.
-        bus.call_sync(
-            BUS_NAME, "/org/tavik/Launcher", APPLICATION, "ActivateAction",
-            GLib.Variant("(sava{sv})", ("hide-launcher", [], {})), None, Gio.DBusCallFlags.NONE, 30000, None)
+        ring.activate_action("hide-launcher")  # Whoever waits in line is answered in the end.
     finally:
         bus.close_sync(None)
     ring.wait_hidden()
@@ -241,9 +201,9 @@ def memory(launcher):
     return (resident - shared) * os.sysconf("SC_PAGE_SIZE") / 2**20
 
 
-def start_without_bus(launcher, **environment):
+def start_without_bus(launcher, address, **environment):
     """Waits for the key only: there is no bus to ask."""
-    launcher.environment.update(environment)
+    launcher.environment.update(environment, DBUS_SESSION_BUS_ADDRESS=address)
     launcher.process = launcher.desktop.spawn(
         [launcher.program, *IN_BACKGROUND], launcher.environment, log="launcher")
     wait_until(lambda: launcher.exited() or launcher.display.is_grabbed(launcher.hot_key), "the hot key is taken")
@@ -254,8 +214,7 @@ def test_a_bare_x_server_is_enough(launcher, applications, desktop, display):
     """No session bus, no system bus, no window manager, no compositor, no tray."""
     alder = applications.add("Alder")
     launcher.pin(alder)
-    start_without_bus(
-        launcher, DBUS_SESSION_BUS_ADDRESS="", DBUS_SYSTEM_BUS_ADDRESS="unix:path=/nowhere/bus")
+    start_without_bus(launcher, "", DBUS_SYSTEM_BUS_ADDRESS="unix:path=/nowhere/bus")
     launcher.summon(640, 400)
     launcher.wait_shows(alder)
     for argument in ("--hide", "--toggle", "--hide"):  # Over the socket.
@@ -281,7 +240,7 @@ def test_a_runtime_folder_of_others_is_not_used(launcher, desktop, display):
     foreign = desktop.home / "foreign"
     foreign.mkdir()
     foreign.chmod(0o777)
-    start_without_bus(launcher, DBUS_SESSION_BUS_ADDRESS="", XDG_RUNTIME_DIR=str(foreign))
+    start_without_bus(launcher, "unix:path=/nowhere/bus", XDG_RUNTIME_DIR=str(foreign))
     launcher.summon(640, 400)
     assert list(foreign.iterdir()) == []
     assert len(problems(launcher)) <= 2, problems(launcher)
@@ -307,16 +266,21 @@ def test_quitting_in_the_middle_of_a_walk_loses_nothing(launcher, panel, applica
     assert len(launcher.cache()) >= 4000
 
 
-@pytest.mark.parametrize("number", [signal.SIGTERM, signal.SIGINT, signal.SIGHUP], ids=lambda n: n.name)
-def test_a_signal_ends_it_with_every_window_open(ring, desktop, display, number):
-    for argument, title in (("--reindex", REINDEX), ("--settings", SETTINGS), ("--tour", "Welcome to Tavik Launcher")):
-        ring.command(argument)
-        display.wait_for(title)
-    ring.summon()
-    ring.process.send_signal(number)
-    assert ring.wait_exit() == 0
-    assert not desktop.name_has_owner(BUS_NAME) and not display.is_grabbed(ring.hot_key)
-    assert ring.defaults()["LauncherSettings.ringLaunchCount"] == 1
+def test_a_signal_ends_it_with_every_window_open_and_everything_saved(ring, desktop, display):
+    for count, number in enumerate((signal.SIGTERM, signal.SIGINT, signal.SIGHUP), start=1):
+        for argument, title in (
+                ("--reindex", REINDEX), ("--settings", SETTINGS), ("--tour", "Welcome to Tavik Launcher")):
+            ring.command(argument)
+            display.wait_for(title)
+        ring.summon()
+        ring.process.send_signal(number)
+        assert ring.wait_exit() == 0
+        assert not desktop.name_has_owner(BUS_NAME) and not display.is_grabbed(ring.hot_key)
+        assert ring.defaults()["LauncherSettings.ringLaunchCount"] == count
+        assert ring.defaults()["LauncherSettings.hotKeyConfig"] == hot_key_record(ring.hot_key)
+        assert not list(ring.defaults_file.parent.glob("*.damaged*"))
+        ring.settings(hasCompletedOnboarding=True)
+        ring.start()
 
 
 def test_when_the_display_goes_it_ends_with_everything_saved(ring, desktop, display):

@@ -29,6 +29,24 @@ def find(desktop, name, role=None):
         (node for node in nodes if node["name"] == name and node["place"] and role in (None, node["role"])), None)
 
 
+def texts(desktop):
+    """Everything that can be read out, name by name."""
+    nodes = (node for program in trees(desktop) for node in flatten(program))
+    return [text for node in nodes for text in (node["name"], node["text"]) if text]
+
+
+def click(desktop, name, role=None):
+    """Clicks the middle of the control of that name as soon as it is shown."""
+    from harness.waiting import wait_until  # The reader's process has no such package.
+
+    def shown():
+        node = find(desktop, name, role)
+        return node if node and "showing" in node["states"] else None
+
+    x, y, width, height = wait_until(shown, f"there is {name!r}", interval=0.1)["place"]
+    desktop.display.click(x + width // 2, y + height // 2)
+
+
 def _read():
     import gi
 

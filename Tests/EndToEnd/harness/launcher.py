@@ -6,6 +6,8 @@ import pathlib
 import plistlib
 import subprocess
 
+from gi.repository import Gio, GLib
+
 from harness import processes
 from harness.applications import PALETTE
 from harness.display import Rect
@@ -69,6 +71,11 @@ class Launcher:
         self.hot_key = chord
         self.settings(hotKeyConfig=hot_key_record(chord))
 
+    def use_chord(self, flags=FLAGS["ctrl"] | FLAGS["alt"]):
+        """A shortcut of modifiers alone."""
+        self.hot_key = None
+        self.settings(hotKeyConfig=json.dumps({"modifierFlagsRaw": flags, "displayName": "⌃⌥ (hold)"}).encode())
+
     def pin(self, *applications):
         """Makes these applications the ring's first slots, in order."""
         self.settings(permanentAppPaths=[application.path for application in applications])
@@ -120,6 +127,19 @@ class Launcher:
     def command(self, *arguments):
         """Runs a second copy with these arguments, as a desktop's own key binding does."""
         return self.desktop.run([self.program, *arguments], self.environment)
+
+    def call(self, method, signature="()", arguments=()):
+        """Calls the program over the bus, as desktops do."""
+        bus = self.desktop.bus()
+        try:
+            return bus.call_sync(
+                BUS_NAME, "/org/tavik/Launcher", "org.freedesktop.Application", method,
+                GLib.Variant(signature, arguments), None, Gio.DBusCallFlags.NONE, 30000, None)
+        finally:
+            bus.close_sync(None)
+
+    def activate_action(self, name, *parameters, platform_data=None):
+        self.call("ActivateAction", "(sava{sv})", (name, parameters, platform_data or {}))
 
     # --- the ring
 

@@ -21,3 +21,10 @@ def stays(condition, what, seconds=0.4, interval=0.02):
     while time.monotonic() < deadline:
         assert condition(), f"did not stay so: {what}"
         time.sleep(interval)
+
+
+def wait_front(display, title):
+    """Waits until the window of that title has the keyboard, and returns it."""
+    window = display.wait_for(title)
+    wait_until(lambda: display.has_focus(window), f"{title} has the keyboard")
+    return window

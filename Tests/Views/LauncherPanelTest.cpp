@@ -7,6 +7,7 @@
 #include <QFocusEvent>
 #include <QPainter>
 #include <QTest>
+#include <QWindow>
 
 #include <Support/Table.h>
 
@@ -112,18 +113,6 @@ private Q_SLOTS:
         }
     }
 
-    void showsAsAPanelAndGivesTheKeyboardBack()
-    {
-        PanelFixture fixture;
-        fixture.showRing();
-        QVERIFY(fixture.panel->isVisible());
-        QCOMPARE(fixture.panel->frame(), QRectF(100, 100, 352, 352));
-        QCOMPARE(fixture.windowServer.calls, (QStringList{u"prepare"_s, u"take focus"_s}));
-        fixture.panel->orderOut();
-        QVERIFY(!fixture.panel->isVisible());
-        QCOMPARE(fixture.windowServer.calls.last(), u"return focus"_s);
-    }
-
     void onlyTheRealLossOfTheKeyboardIsReported()
     {
         PanelFixture fixture;
@@ -144,6 +133,35 @@ private Q_SLOTS:
         QCOMPARE(resigned, 1);
         fixture.panel->orderOut();
         QCOMPARE(resigned, 1);
+    }
+
+    void previewNeitherTakesTheKeyboardNorLosesIt()
+    {
+        PanelFixture fixture;
+        int resigned = 0;
+        fixture.panel->onResignKey = [&resigned] {
+            ++resigned;
+        };
+        const auto acceptsKeyboard = [&] {
+            const QWindow* window = fixture.panel->windowHandle();
+            return !window->flags().testFlag(Qt::WindowDoesNotAcceptFocus);
+        };
+        fixture.panel->orderFrontRegardless();
+        QVERIFY(!acceptsKeyboard());
+        fixture.windowServer.hasFocus = false;
+        for (const QEvent::Type type : {QEvent::WindowActivate, QEvent::WindowDeactivate}) {
+            QEvent event(type);
+            QCoreApplication::sendEvent(fixture.panel.get(), &event);
+        }
+        QCOMPARE(resigned, 0);
+
+        // A summon while the preview is shown.
+        fixture.panel->makeKeyAndOrderFront();
+        QVERIFY(acceptsKeyboard());
+        fixture.panel->orderOut();
+        fixture.panel->orderFrontRegardless();
+        fixture.panel->orderOut();
+        QVERIFY(acceptsKeyboard());
     }
 
     void bandIsAGradientOfTheRingColor_data()

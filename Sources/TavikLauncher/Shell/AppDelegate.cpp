@@ -309,6 +309,8 @@ void AppDelegate::showLauncher()
 void AppDelegate::showPreview()
 {
     m_panelController->show({.prefersAvoidedFrameScreen = true});
+    // A ring that is just opening takes no second showing, but another size it must have at once.
+    m_panelController->followSettingsWindow();
 }
 
 void AppDelegate::showSettings(const QString& section)

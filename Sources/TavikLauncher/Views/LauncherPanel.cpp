@@ -135,6 +135,7 @@ void LauncherPanel::orderFrontRegardless()
         return;
     }
     setAttribute(Qt::WA_ShowWithoutActivating, !m_activates);
+    setAcceptsKeyboard(m_activates);
     m_dependencies.windowServer.preparePanel(winId());
     show();
 }
@@ -145,8 +146,19 @@ void LauncherPanel::makeKeyAndOrderFront()
         m_activates = true;
         orderFrontRegardless();
     }
+    setAcceptsKeyboard(true);
     activateWindow();
     m_dependencies.windowServer.takeKeyboardFocus(winId());
+}
+
+void LauncherPanel::setAcceptsKeyboard(bool accepts)
+{
+    // Some window managers give the keyboard to every new window that would take it.
+    winId();
+    QWindow* window = windowHandle();
+    if (window->flags().testFlag(Qt::WindowDoesNotAcceptFocus) == accepts) {
+        window->setFlag(Qt::WindowDoesNotAcceptFocus, !accepts);
+    }
 }
 
 void LauncherPanel::orderOut()
@@ -162,7 +174,9 @@ void LauncherPanel::orderOut()
     if (m_activates) {
         m_dependencies.windowServer.returnKeyboardFocus(winId());
     }
+    setAcceptsKeyboard(true);
     m_activates = false;
+    m_isKey = false;
     m_isOrderingOut = false;
 }
 
@@ -193,6 +207,8 @@ bool LauncherPanel::event(QEvent* event)
     if (event->type() == QEvent::WindowDeactivate) {
         deactivated();
     } else if (event->type() == QEvent::WindowActivate) {
+        // The toolkit counts every window of the program as active while one of them is.
+        m_isKey = m_activates || !hasLostKeyboard();
         m_focusWatch.cancel();
         updateKeyboardGrab();
     }
@@ -206,7 +222,8 @@ bool LauncherPanel::hasLostKeyboard() const
 
 void LauncherPanel::deactivated()
 {
-    if (m_isOrderingOut || !isVisible()) {
+    // What never had the keyboard, as a preview, cannot lose it.
+    if (m_isOrderingOut || !isVisible() || (!m_activates && !m_isKey)) {
         return;
     }
     if (hasLostKeyboard()) {

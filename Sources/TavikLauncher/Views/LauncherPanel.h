@@ -57,6 +57,7 @@ protected:
 
 private:
     void deactivated();
+    void setAcceptsKeyboard(bool accepts);
     void updateKeyboardGrab();
     [[nodiscard]] bool hasLostKeyboard() const;
 
@@ -64,6 +65,7 @@ private:
     RadialLauncherView* m_ring;
     Task m_focusWatch; ///< Runs while the toolkit's word on the focus is in doubt.
     bool m_activates = false;
+    bool m_isKey = false; ///< Has had the keyboard since it was shown.
     bool m_isOrderingOut = false;
     bool m_holdsKeyboard = false;
     bool m_grabsKeyboard = false;

@@ -113,6 +113,18 @@ private Q_SLOTS:
         }
     }
 
+    void showsAsAPanelAndGivesTheKeyboardBack()
+    {
+        PanelFixture fixture;
+        fixture.showRing();
+        QVERIFY(fixture.panel->isVisible());
+        QCOMPARE(fixture.panel->frame(), QRectF(100, 100, 352, 352));
+        QCOMPARE(fixture.windowServer.calls, (QStringList{u"prepare"_s, u"take focus"_s}));
+        fixture.panel->orderOut();
+        QVERIFY(!fixture.panel->isVisible());
+        QCOMPARE(fixture.windowServer.calls.last(), u"return focus"_s);
+    }
+
     void onlyTheRealLossOfTheKeyboardIsReported()
     {
         PanelFixture fixture;

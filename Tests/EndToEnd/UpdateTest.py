@@ -69,26 +69,6 @@ def launcher(desktop, program, feed, installed, image):
     made.stop()
 
 
-class Window:
-    """The updater's window, read as assistive technology reads it and used with the mouse."""
-
-    def __init__(self, desktop):
-        self._desktop = desktop
-
-    def wait_text(self, pattern):
-        return wait_until(
-            lambda: next((text for text in accessibility.texts(self._desktop) if re.search(pattern, text)), None),
-            f"the window says {pattern!r}", interval=0.1)
-
-    def click(self, button):
-        accessibility.click(self._desktop, button)
-
-
-@pytest.fixture
-def window(desktop):
-    return Window(desktop)
-
-
 def running(path):
     """The ids of the processes that run the program at `path`."""
     found = []
@@ -113,7 +93,7 @@ def is_red(pixel):
 
 
 def test_a_scheduled_update_is_a_quiet_reminder_until_the_user_asks(
-        launcher, panel, feed, image, display, window, look):
+        launcher, panel, feed, image, display, desktop, look):
     feed.offer("2.1", image)
     launcher.start("--background")
     item = panel.wait_item()
@@ -129,7 +109,7 @@ def test_a_scheduled_update_is_a_quiet_reminder_until_the_user_asks(
     wait_front(display, TITLE)
     wait_until(lambda: CHECK in [line.title for line in item.menu()], "the reminder is gone")
     wait_until(lambda: not is_red(badge(item)), "and the badge")
-    window.wait_text("Version 2.1 is out; you have 2.0.")
+    accessibility.wait_text(desktop, "Version 2.1 is out; you have 2.0.")
     look("found")
     display.press("Escape")
     display.wait_gone(TITLE)
@@ -137,14 +117,14 @@ def test_a_scheduled_update_is_a_quiet_reminder_until_the_user_asks(
 
 @pytest.mark.desktop(width=1800, height=900, monitors=TWO_MONITORS)
 def test_a_check_by_the_user_comes_to_the_pointer_and_installs(
-        launcher, feed, image, installed, display, desktop, window, look):
+        launcher, feed, image, installed, display, desktop, look):
     successor = image + b"newer"
     feed.offer("2.1", successor)
     known = DEBUG_LOG.read_text().splitlines() if DEBUG_LOG.exists() else None
     launcher.start("--background", environment={"TAVIK_UPDATE_DEBUG": "1"})
     display.move_pointer(1350, 450)
     assert launcher.command("--check-for-updates").returncode == 0
-    window.wait_text("A new version of Tavik Launcher is available.")
+    accessibility.wait_text(desktop, "A new version of Tavik Launcher is available.")
     opened = wait_front(display, TITLE)
     wait_until(
         lambda: all(abs(a - b) <= 16 for a, b in zip(display.geometry(opened).centre, (1350, 450))),
@@ -162,10 +142,10 @@ def test_a_check_by_the_user_comes_to_the_pointer_and_installs(
     assert re.fullmatch(rf"\[attempt \d+\] moved to {rect} on \(900\.0, 0\.0, 900\.0, 900\.0\)", lines[1])
 
     display.press("Return")
-    window.wait_text("Ready to install")
+    accessibility.wait_text(desktop, "Ready to install")
     look("ready")
     assert installed.read_bytes() == image, "nothing is changed before the last word"
-    window.click("Install and Relaunch")
+    accessibility.click(desktop, "Install and Relaunch")
     assert launcher.wait_exit(20) == 0
     started = wait_until(lambda: running(installed), "the new version runs", 20)
     assert installed.read_bytes() == successor
@@ -177,16 +157,16 @@ def test_a_check_by_the_user_comes_to_the_pointer_and_installs(
     assert [path.name for path in installed.parent.glob(".*Tavik*")] == [], "nothing is left behind"
 
 
-def test_what_its_maker_has_not_signed_is_refused(launcher, feed, image, installed, display, window, look):
+def test_what_its_maker_has_not_signed_is_refused(launcher, feed, image, installed, display, desktop, look):
     launcher.start("--background")
     for fault in ("foreign signature", "other content"):
         feed.offer("2.1", image + b"evil", signer=Signer() if fault == "foreign signature" else None)
         if fault == "other content":
             feed.replace_package(image + b"good")
         launcher.command("--check-for-updates")
-        window.click("Install")
-        window.wait_text("The update was not installed.")
-        window.wait_text("signature|signed")
+        accessibility.click(desktop, "Install")
+        accessibility.wait_text(desktop, "The update was not installed.")
+        accessibility.wait_text(desktop, "signature|signed")
         look(fault)
         assert installed.read_bytes() == image
         assert [path.name for path in installed.parent.glob(".*Tavik*")] == [], "nothing is left behind"
@@ -195,11 +175,11 @@ def test_what_its_maker_has_not_signed_is_refused(launcher, feed, image, install
         assert not launcher.exited()
 
 
-def test_a_build_without_a_feed_says_so(desktop, launcher, display, window, look):
+def test_a_build_without_a_feed_says_so(desktop, launcher, display, look):
     launcher.environment["TAVIK_TEST_FEED"] = ""
     launcher.start("--background")
     launcher.command("--check-for-updates")
-    window.wait_text("This build is not updated by itself.")
+    accessibility.wait_text(desktop, "This build is not updated by itself.")
     look("answer")
     display.press("Escape")
     display.wait_gone(TITLE)

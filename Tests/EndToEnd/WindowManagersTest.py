@@ -41,7 +41,7 @@ def test_the_ring_takes_the_focus_at_once_and_gives_it_back(ring, desktop, displ
 
 @every_manager
 def test_the_ring_appears_above_a_full_screen_window(ring, desktop, display, look, desktop_options):
-    film = open_window(desktop, "Film", "--full-screen", "--colour", "green")
+    film = open_window(desktop, "Film", "--full-screen", "--colour", "28c83c")
     wait_until(lambda: display.geometry(film)[2:] == display.size, "the film fills the screen")
     window = ring.summon(640, 400)
     look("open")

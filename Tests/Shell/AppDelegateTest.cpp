@@ -156,49 +156,6 @@ private Q_SLOTS:
         QCOMPARE(application.stored(u"hasCompletedOnboarding"_s).toBool(), hasCompleted);
     }
 
-    void thePermissionBringsTheShortcutAndThenTheTour()
-    {
-        Application application;
-        application.store(u"hasCompletedOnboarding"_s, false);
-        application.permission.trusted = false;
-        application.keyEvents.hasTap = false;
-        application.start();
-        QVERIFY(!application.keyEvents.tap);
-        application.permission.trusted = true;
-        application.keyEvents.hasTap = true;
-        application.mainQueue.advance(1.1);
-        QVERIFY(application.keyEvents.tap);
-        QVERIFY(shown(permissionTitle)); // Says that it works; the user closes it.
-        QVERIFY(shown(tourTitle));
-
-        shown(tourTitle)->close();
-        application.mainQueue.advance(5);
-        QVERIFY2(!shown(tourTitle), "the tour follows once");
-        shown(permissionTitle)->close();
-        settle();
-        QVERIFY(!shown(permissionTitle));
-    }
-
-    void theTourCountsAsTakenHoweverItIsClosed()
-    {
-        Application application;
-        application.start();
-        const auto isTaken = [&application] {
-            return application.stored(u"hasCompletedOnboarding"_s).toBool();
-        };
-        for (const bool isByButton : {false, true}) {
-            application.perform(AppAction::tour);
-            QVERIFY2(!isTaken(), "offered anew");
-            if (!isByButton) {
-                shown(tourTitle)->close();
-            } else {
-                button(tourTitle, u"Start Using Tavik"_s)->click();
-            }
-            QVERIFY(isTaken());
-            QVERIFY(!shown(tourTitle));
-        }
-    }
-
     void windowsAreReusedWhileTheyLiveAndOnlyTheSettingsOutliveTheirClosing_data()
     {
         const Table<QString, AppAction, bool> row;

@@ -1,9 +1,14 @@
 # SPDX-License-Identifier: MIT
 """What assistive technology sees of a program, read in a process of its own: the accessibility
 library binds itself to one session bus per process."""
+import contextlib
 import json
 import pathlib
+import re
 import sys
+
+with contextlib.suppress(ImportError):  # The reader's own process has no need of it.
+    from harness.waiting import wait_until
 
 READER = pathlib.Path(__file__)
 
@@ -29,16 +34,18 @@ def find(desktop, name, role=None):
         (node for node in nodes if node["name"] == name and node["place"] and role in (None, node["role"])), None)
 
 
-def texts(desktop):
-    """Everything that can be read out, name by name."""
-    nodes = (node for program in trees(desktop) for node in flatten(program))
-    return [text for node in nodes for text in (node["name"], node["text"]) if text]
+def wait_text(desktop, *patterns):
+    """Waits until all this can be read out."""
+    def is_said():
+        nodes = [node for program in trees(desktop) for node in flatten(program)]
+        said = "\n".join(text for node in nodes for text in (node["name"], node["text"]))
+        return all(re.search(pattern, said) for pattern in patterns)
+
+    wait_until(is_said, f"the program says {patterns}", interval=0.1)
 
 
 def click(desktop, name, role=None):
     """Clicks the middle of the control of that name as soon as it is shown."""
-    from harness.waiting import wait_until  # The reader's process has no such package.
-
     def shown():
         node = find(desktop, name, role)
         return node if node and "showing" in node["states"] else None

@@ -68,7 +68,7 @@ class Applications:
         slug = name.lower().replace(" ", "-")
         icon = self._icon(colour)
         report = self.reports / f"{slug}.json"
-        command = f'{sys.executable} "{PROGRAM}" --title "{name}" --colour {colour} --report "{report}"'
+        command = f'{sys.executable} "{PROGRAM}" --title "{name}" --colour {bytes(PALETTE[colour]).hex()} --report "{report}"'
         if not window:
             command += " --no-window"
         entry = self.folder / f"org.example.{slug}.desktop"

@@ -193,12 +193,17 @@ class Desktop:
         connection.set_exit_on_close(False)
         return connection
 
-    def name_has_owner(self, name):
-        bus = self.bus()
+    def call(self, name, path, member, signature="()", arguments=(), address=None):
+        """Calls a method, given with its interface, over a connection of its own; returns the answer's values."""
+        bus = self.bus(address)
         try:
             answer = bus.call_sync(
-                "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "NameHasOwner",
-                GLib.Variant("(s)", (name,)), None, Gio.DBusCallFlags.NONE, 5000, None)
-            return answer.unpack()[0]
+                name, path, *member.rsplit(".", 1), GLib.Variant(signature, arguments), None,
+                Gio.DBusCallFlags.NONE, 30000, None)
+            return answer.unpack()
         finally:
             bus.close_sync(None)
+
+    def name_has_owner(self, name):
+        return self.call(
+            "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus.NameHasOwner", "(s)", (name,))[0]

@@ -6,8 +6,6 @@ import pathlib
 import plistlib
 import subprocess
 
-from gi.repository import Gio, GLib
-
 from harness import processes
 from harness.applications import PALETTE
 from harness.display import Rect
@@ -130,13 +128,8 @@ class Launcher:
 
     def call(self, method, signature="()", arguments=()):
         """Calls the program over the bus, as desktops do."""
-        bus = self.desktop.bus()
-        try:
-            return bus.call_sync(
-                BUS_NAME, "/org/tavik/Launcher", "org.freedesktop.Application", method,
-                GLib.Variant(signature, arguments), None, Gio.DBusCallFlags.NONE, 30000, None)
-        finally:
-            bus.close_sync(None)
+        return self.desktop.call(
+            BUS_NAME, "/org/tavik/Launcher", f"org.freedesktop.Application.{method}", signature, arguments)
 
     def activate_action(self, name, *parameters, platform_data=None):
         self.call("ActivateAction", "(sava{sv})", (name, parameters, platform_data or {}))

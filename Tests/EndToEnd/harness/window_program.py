@@ -8,11 +8,6 @@ import os
 import Xlib.display
 from Xlib import X, Xatom
 
-COLOURS = {
-    "red": 0xEB2828, "green": 0x28C83C, "blue": 0x325AF5, "yellow": 0xF5E132,
-    "magenta": 0xE632E6, "cyan": 0x28DCE6, "white": 0xF5F5F5, "orange": 0xFA8C14,
-}
-
 
 def report(path):
     fields = {
@@ -28,7 +23,7 @@ def show_window(options):
     screen = display.screen()
     width, height, x, y = options.geometry
     window = screen.root.create_window(
-        x, y, width, height, 0, screen.root_depth, background_pixel=COLOURS[options.colour],
+        x, y, width, height, 0, screen.root_depth, background_pixel=int(options.colour, 16),
         event_mask=X.KeyPressMask | X.ButtonPressMask | X.StructureNotifyMask)
     utf8 = display.intern_atom("UTF8_STRING")
     window.set_wm_name(options.title)
@@ -38,8 +33,8 @@ def show_window(options):
     window.set_wm_protocols([display.intern_atom("WM_DELETE_WINDOW")])
     window.set_wm_hints(flags=1, input=1)
     window.set_wm_normal_hints(flags=1, x=x, y=y)
-    wanted = {"_NET_WM_STATE_FULLSCREEN": options.full_screen, "_NET_WM_STATE_SKIP_TASKBAR": options.skip_taskbar}
-    for state in (display.intern_atom(name) for name, is_wanted in wanted.items() if is_wanted):
+    if options.full_screen:
+        state = display.intern_atom("_NET_WM_STATE_FULLSCREEN")
         window.change_property(display.intern_atom("_NET_WM_STATE"), Xatom.ATOM, 32, [state])
     window.map()
     while True:
@@ -50,11 +45,10 @@ def show_window(options):
 
 parser = argparse.ArgumentParser()
 parser.add_argument("--title", required=True)
-parser.add_argument("--colour", default="white")
+parser.add_argument("--colour", default="f5f5f5")
 parser.add_argument("--report")
 parser.add_argument("--geometry", type=int, nargs=4, default=[300, 200, 40, 40])
 parser.add_argument("--full-screen", action="store_true")
-parser.add_argument("--skip-taskbar", action="store_true")
 parser.add_argument("--no-window", action="store_true")
 arguments = parser.parse_args()
 if arguments.report:

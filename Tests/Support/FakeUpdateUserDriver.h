@@ -16,15 +16,15 @@ class FakeUpdateUserDriver final : public UpdateUserDriver
 public:
     void showUserInitiatedUpdateCheck(std::function<void()> cancel) override
     {
-        calls << QStringLiteral("checking");
+        record(QStringLiteral("checking"));
         cancelCheck = std::move(cancel);
     }
     void showUpdateFound(const UpdateItem& found,
                          const UpdateUserState& state,
                          std::function<void(UpdateChoice)> reply) override
     {
-        calls << QStringLiteral("found ") + found.displayVersionString
-                + (state.userInitiated ? QStringLiteral(" for the user") : QString());
+        record(QStringLiteral("found ") + found.displayVersionString
+               + (state.userInitiated ? QStringLiteral(" for the user") : QString()));
         item = found;
         choose = std::move(reply);
         if (choice) {
@@ -33,12 +33,12 @@ public:
     }
     void showUpdateReleaseNotes(const ReleaseNotes& fetched) override
     {
-        calls << QStringLiteral("notes");
+        record(QStringLiteral("notes"));
         notes = fetched;
     }
     void showUpdateReleaseNotesFailedToDownload(const QString& why) override
     {
-        calls << QStringLiteral("no notes");
+        record(QStringLiteral("no notes"));
         reason = why;
     }
     void showUpdateNotFound(const QString& why, std::function<void()> acknowledged) override
@@ -51,33 +51,36 @@ public:
     }
     void showDownloadInitiated(std::function<void()> cancel) override
     {
-        calls << QStringLiteral("downloading");
+        record(QStringLiteral("downloading"));
         cancelDownload = std::move(cancel);
     }
     void showDownloadProgress(qint64 received, qint64 total) override
     {
         progress = {received, total};
     }
-    void showVerifyingUpdate() override { calls << QStringLiteral("verifying"); }
+    void showVerifyingUpdate() override { record(QStringLiteral("verifying")); }
     void showReadyToInstallAndRelaunch(std::function<void(UpdateChoice)> reply) override
     {
-        calls << QStringLiteral("ready");
+        record(QStringLiteral("ready"));
         install = std::move(reply);
         if (choice) {
             install(*choice);
         }
     }
-    void showInstallingUpdate() override { calls << QStringLiteral("installing"); }
+    void showInstallingUpdate() override { record(QStringLiteral("installing")); }
     void showUpdateHandedOver(std::function<void()> acknowledged) override
     {
         tell(QStringLiteral("handed over"), {}, std::move(acknowledged));
     }
-    void showUpdateInFocus() override { calls << QStringLiteral("in focus"); }
-    void dismissUpdateInstallation() override { calls << QStringLiteral("over"); }
+    void showUpdateInFocus() override { record(QStringLiteral("in focus")); }
+    void dismissUpdateInstallation() override { record(QStringLiteral("over")); }
 
     /// To every question, at once; nothing waits for the test.
     std::optional<UpdateChoice> choice;
     bool acknowledges = true;
+
+    /// Runs inside every call, as a driver may end everything there.
+    std::function<void(const QString& call)> onCall;
 
     QStringList calls;
     QString reason; ///< The last sentence for people.
@@ -91,9 +94,16 @@ public:
     std::function<void(UpdateChoice)> install;
 
 private:
-    void tell(const QString& call, const QString& why, std::function<void()> acknowledged)
+    void record(const QString& call)
     {
         calls << call;
+        if (onCall) {
+            onCall(call);
+        }
+    }
+    void tell(const QString& call, const QString& why, std::function<void()> acknowledged)
+    {
+        record(call);
         reason = why;
         acknowledge = std::move(acknowledged);
         if (acknowledges) {

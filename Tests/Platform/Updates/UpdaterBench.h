@@ -126,27 +126,20 @@ struct UpdaterBench : UpdateFixture
         QByteArray more; ///< Elements.
     };
 
-    [[nodiscard]] QByteArray itemXml(const Item& item) const
-    {
-        const qsizetype length = item.length < 0 ? item.file.size() : item.length;
-        const QByteArray enclosure = "<enclosure url=\"" + item.path + "\" length=\""
-            + QByteArray::number(length) + "\" type=\"application/octet-stream\" s:edSignature=\""
-            + (item.signature.isEmpty() ? signer.sign(item.file) : item.signature) + "\"/>";
-        return "<item><s:version>" + item.version + "</s:version>"
-            + (item.path.isEmpty() ? QByteArray() : enclosure) + item.more + "</item>";
-    }
-    [[nodiscard]] static UpdateServer::Answer feedOf(const QByteArray& items)
-    {
-        return UpdateServer::file(
-            "<rss version=\"2.0\" "
-            "xmlns:s=\"http://www.andymatuschak.org/xml-namespaces/sparkle\"><channel>"
-                + items + "</channel></rss>",
-            "application/rss+xml");
-    }
     /// Serves a feed with that version, and its file.
     void offer(const Item& item)
     {
-        server.answer("/feed", {feedOf(itemXml(item))});
+        const qsizetype length = item.length < 0 ? item.file.size() : item.length;
+        const QByteArray signature
+            = item.signature.isEmpty() ? signer.sign(item.file) : item.signature;
+        const QByteArray enclosure = "<enclosure url=\"" + item.path + "\" length=\""
+            + QByteArray::number(length) + "\" s:edSignature=\"" + signature + "\"/>";
+        const QByteArray feed
+            = "<rss xmlns:s=\"http://www.andymatuschak.org/xml-namespaces/sparkle\"><channel><item>"
+              "<s:version>"
+            + item.version + "</s:version>" + (item.path.isEmpty() ? QByteArray() : enclosure)
+            + item.more + "</item></channel></rss>";
+        server.answer("/feed", {UpdateServer::file(feed, "application/rss+xml")});
         server.answer(item.path, {UpdateServer::file(item.file, "application/octet-stream")});
     }
 

@@ -8,7 +8,6 @@ import pathlib
 import sys
 
 from harness.picture import write_png
-from harness.processes import is_alive
 from harness.waiting import wait_until
 
 PROGRAM = pathlib.Path(__file__).with_name("window_program.py")
@@ -46,9 +45,6 @@ class Application:
 
     def has_run(self):
         return bool(self.starts())
-
-    def is_running(self):
-        return any(is_alive(start["pid"]) for start in self.starts())
 
 
 class Applications:

@@ -170,10 +170,6 @@ class Item:
         event = GLib.Variant("(isvu)", (line.id, "clicked", GLib.Variant("i", 0), 0))
         self._call(self.properties()["Menu"], MENU, "Event", event)
 
-    def activate(self, x=0, y=0):
-        """A click on the icon itself."""
-        self._call("/StatusNotifierItem", ITEM, "Activate", GLib.Variant("(ii)", (x, y)))
-
     def _call(self, path, interface, method, arguments):
         return self._bus.call_sync(
             self.name, path, interface, method, arguments, None, Gio.DBusCallFlags.NO_AUTO_START, TIMEOUT, None)

@@ -7,7 +7,9 @@
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusVariant>
+#include <QDeadlineTimer>
 #include <QLoggingCategory>
+#include <QThread>
 #include <QVariantMap>
 
 #include <algorithm>
@@ -232,6 +234,19 @@ bool SingleInstance::forward(const AppRequest& request)
         return true;
     }
     return InstanceSocket::forward(lineOf(request));
+}
+
+bool SingleInstance::handOver(const AppRequest& request)
+{
+    constexpr unsigned long pauseMilliseconds = 20;
+    const QDeadlineTimer patience(callTimeoutMilliseconds);
+    while (!forward(request)) {
+        if (patience.hasExpired()) {
+            return false;
+        }
+        QThread::msleep(pauseMilliseconds);
+    }
+    return true;
 }
 
 bool SingleInstance::forwardOverBus(const AppRequest& request)

@@ -63,6 +63,9 @@ public:
     /// Hands the action to the instance that runs. False when none answers. Needs no application
     /// object.
     [[nodiscard]] static bool forward(const AppRequest& request);
+    /// After `taken`: hands the action to the instance that has the name, which may still be on its
+    /// way to where it listens. Blocks for two seconds at most; false when none answers.
+    [[nodiscard]] static bool handOver(const AppRequest& request);
 
     std::function<void(const AppRequest&)> onRequest;
 

@@ -64,7 +64,7 @@ int handOver(const CommandLine& commandLine)
 {
     // A login or the bus wants the launcher to run, and it does.
     if (commandLine.starter != CommandLine::Starter::user
-        || SingleInstance::forward(commandLine.request)) {
+        || SingleInstance::handOver(commandLine.request)) {
         return 0;
     }
     return complain(u"the launcher that runs does not answer"_s);

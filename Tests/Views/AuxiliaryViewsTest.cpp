@@ -46,6 +46,13 @@ bool click(const QWidget& view, const QString& text)
     return button != nullptr;
 }
 
+std::function<void()> counting(int& count)
+{
+    return [&count] {
+        ++count;
+    };
+}
+
 void verifyEveryParagraphIsShownWhole(const QWidget& view)
 {
     for (const QLabel* label : view.findChildren<QLabel*>()) {
@@ -74,13 +81,8 @@ struct Asked
     VirtualMainQueue queue;
     int granted = 0;
     int dismissed = 0;
-    AccessibilityPermissionView view{permission,
-                                     queue,
-                                     {.onDismiss = [this] { ++dismissed; },
-                                      .onGranted =
-                                          [this] {
-                                              ++granted;
-                                          }}};
+    AccessibilityPermissionView view{
+        permission, queue, {.onDismiss = counting(dismissed), .onGranted = counting(granted)}};
 };
 
 const QString enable = u"Enable Accessibility Access"_s;
@@ -106,11 +108,7 @@ struct ReindexFixture : RingFixture
     bool isActive = false;
     std::unique_ptr<ReindexView> view = std::make_unique<ReindexView>(
         ReindexSession::Dependencies{catalog, mainQueue, appearance},
-        ReindexView::Actions{.onCelebrate = [this] { ++celebrations; },
-                             .onClose =
-                                 [this] {
-                                     ++closes;
-                                 }});
+        ReindexView::Actions{.onCelebrate = counting(celebrations), .onClose = counting(closes)});
 };
 
 } // namespace
@@ -329,11 +327,7 @@ private Q_SLOTS:
         int finished = 0;
         int settings = 0;
         OnboardingView view(HotKeyConfig::defaultConfig(),
-                            {.onFinish = [&] { ++finished; },
-                             .onOpenSettings =
-                                 [&] {
-                                     ++settings;
-                                 }});
+                            {.onFinish = counting(finished), .onOpenSettings = counting(settings)});
         view.resize(560, 420);
         view.show();
         QCOMPARE(view.width(), 560);

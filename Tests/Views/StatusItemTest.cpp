@@ -21,18 +21,21 @@ struct StatusItemFixture
     FakeStatusTray tray;
     QStringList chosen;
     StatusItem item{{tray, mainQueue},
-                    {.showAbout = [this] { chosen << u"about"_s; },
-                     .showSettings = [this] { chosen << u"settings"_s; },
-                     .checkForUpdates = [this] { chosen << u"updates"_s; },
-                     .showLauncher = [this] { chosen << u"show"_s; },
-                     .repeatTour = [this] { chosen << u"tour"_s; },
-                     .showReindexWindow = [this] { chosen << u"reindex"_s; },
-                     .openSupportPage = [this] { chosen << u"support"_s; },
-                     .quit =
-                         [this] {
-                             chosen << u"quit"_s;
-                         }}};
+                    {.showAbout = choosing("about"),
+                     .showSettings = choosing("settings"),
+                     .checkForUpdates = choosing("updates"),
+                     .showLauncher = choosing("show"),
+                     .repeatTour = choosing("tour"),
+                     .showReindexWindow = choosing("reindex"),
+                     .openSupportPage = choosing("support"),
+                     .quit = choosing("quit")}};
 
+    std::function<void()> choosing(const char* name)
+    {
+        return [this, name] {
+            chosen << QString::fromLatin1(name);
+        };
+    }
     [[nodiscard]] QColor wheelColor() const
     {
         // The lowest dot, which no badge covers.

@@ -153,6 +153,33 @@ private Q_SLOTS:
                  QStringList({u"P11"_s, u"R11.1"_s, u"P11.13"_s, u"R11.2"_s}));
     }
 
+    void fastChordsThatAreOverWhenTheyAreToldAllCount_data()
+    {
+        const Table<QString, QStringList> row;
+        const QStringList two{u"P10"_s, u"R10.01"_s, u"P10.02"_s, u"R10.03"_s};
+        row("the other source tells the second",
+            u"T10:chord T10.01: G10:chord G10.01: G10.02:chord G10.03: T10.02:chord T10.03:"_s,
+            two);
+        row("who told the release tells the second",
+            u"T10:chord G10.01: G10.02:chord G10.03:"_s,
+            two);
+        row("both stamp the release differently",
+            u"T10:chord G10.001:chord T10.01: G10.012: G10.02:chord G10.03:"_s,
+            two);
+        row("a source that is one release behind waits for the keyboard's word",
+            u"G9.99:chord T9.99:chord T9.995: T10:chord T10.01: G10.011: G10.011:chord G10.011:"_s,
+            {u"P9.99"_s, u"R9.995"_s, u"P10"_s, u"R10.01"_s});
+    }
+
+    void fastChordsThatAreOverWhenTheyAreToldAllCount()
+    {
+        const auto [script, story] = fetch<QString, QStringList>();
+        Registered triggered;
+        triggered.keys.held = 0;
+        triggered.play(script);
+        QCOMPARE(triggered.story, story);
+    }
+
     void lostReleaseIsFoundByAsking()
     {
         Registered triggered;

@@ -208,16 +208,19 @@ void GlobalHotKey::handleEventTapEvent(const KeyEvents::Event& event)
 
 void GlobalHotKey::handleModifiers(KeySource source, const KeyEvents::Event& event)
 {
-    noteDelivery(source);
-    if (!m_order.accepts(source, event.time)) {
-        return;
-    }
+    const bool isNews = m_order.accepts(source, event.time);
     const bool isHeld = isChord(event.modifierFlags);
-    if (isHeld && isToldLate(source, event.time)) {
+    const bool isRelease = isNews && !isHeld && m_isChordActive;
+    Told& told = toldBy(source);
+    if (isRelease || (told.isHeld && !isHeld)) {
+        told.releaseTime = event.time;
+    }
+    told.isHeld = isHeld;
+    if (!isNews || (isHeld && isToldLate(told, event.time))) {
         return;
     }
-    if (m_isChordActive && !isHeld) {
-        m_lastRelease = Release{source, event.time};
+    if (isRelease) {
+        m_chordReleaseTime = event.time;
     }
     handleModifierFlags(event.modifierFlags, event.time);
 }
@@ -227,14 +230,18 @@ bool GlobalHotKey::isChord(quint64 flags) const
     return ((flags ^ m_config.modifierFlagsRaw) & ModifierFlags::all) == 0;
 }
 
-bool GlobalHotKey::isToldLate(KeySource source, double time) const
+bool GlobalHotKey::isToldLate(const Told& told, double time) const
 {
-    // Sources stamp the same event with times that differ by what the system was busy for, so the
-    // order alone cannot tell. The keyboard itself can, and this is rare enough to ask it.
-    if (m_isChordActive || !m_lastRelease || source == m_lastRelease->source
-        || time - m_lastRelease->time > lateReportSeconds) {
+    if (m_isChordActive || !m_chordReleaseTime || time - *m_chordReleaseTime > lateReportSeconds) {
         return false;
     }
+    // Who has told the end of the last chord is at the next one, even if that is over as well by
+    // the time we hear of it.
+    if (told.releaseTime >= m_chordPressTime && told.releaseTime < time) {
+        return false;
+    }
+    // Sources stamp the same event with times that differ by what the system was busy for, so the
+    // order alone cannot tell. The keyboard itself can, and this is rare enough to ask it.
     const std::optional<quint64> held = m_dependencies.keyEvents.heldModifiers();
     return held && !isChord(*held);
 }
@@ -249,6 +256,7 @@ void GlobalHotKey::handleModifierFlags(quint64 flags, double time)
         return;
     }
     m_isChordActive = true;
+    m_chordPressTime = time;
     m_heldModifiersTimer
         = m_dependencies.mainQueue.every(heldModifiersSeconds, [this] { checkHeldModifiers(); });
     press(time);
@@ -265,11 +273,13 @@ void GlobalHotKey::checkHeldModifiers()
     }
 }
 
-void GlobalHotKey::noteDelivery(KeySource source)
+GlobalHotKey::Told& GlobalHotKey::toldBy(KeySource source)
 {
-    if (m_sourcesSeen.insert(source).second) {
+    const auto [told, isFirst] = m_told.try_emplace(source);
+    if (isFirst) {
         qCInfo(log, "Tavik Launcher hotkey: first event from %s", nameOf(source));
     }
+    return told->second;
 }
 
 void GlobalHotKey::checkTapHealth()

@@ -6,7 +6,8 @@
 #include <TavikLauncherPlatform/KeyEvents.h>
 #include <TavikLauncherPlatform/MainQueue.h>
 
-#include <set>
+#include <map>
+#include <optional>
 
 namespace Tavik {
 
@@ -59,10 +60,11 @@ public:
     std::function<void()> onAccessibilityRevoked;
 
 private:
-    struct Release
+    /// How far one source has come in what it tells of the chord.
+    struct Told
     {
-        KeySource source = KeySource::localMonitor;
-        double time = 0;
+        bool isHeld = false;
+        double releaseTime = 0;
     };
     void registerChord();
     void registerKey();
@@ -76,9 +78,9 @@ private:
     void handleModifierFlags(quint64 flags, double time);
     [[nodiscard]] bool isChord(quint64 flags) const;
     /// Whether a press is the one that has been released already.
-    [[nodiscard]] bool isToldLate(KeySource source, double time) const;
+    [[nodiscard]] bool isToldLate(const Told& told, double time) const;
     void checkHeldModifiers();
-    void noteDelivery(KeySource source);
+    Told& toldBy(KeySource source);
     void checkTapHealth();
     void reenableTap();
     void press(double time);
@@ -95,11 +97,12 @@ private:
     std::unique_ptr<HotKeyRegistration> m_hotKey;
     ModifierEventOrder m_order;
     bool m_isChordActive = false;
-    std::optional<Release> m_lastRelease;
+    std::map<KeySource, Told> m_told; ///< Of the sources that have told anything.
+    double m_chordPressTime = 0;
+    std::optional<double> m_chordReleaseTime;
     double m_lastPressTime = 0; ///< Of the key, by its event.
     double m_lastGlobalPressUptime = 0;
     double m_lastTapReenableUptime = 0;
-    std::set<KeySource> m_sourcesSeen;
     Task m_tapHealthTimer;
     Task m_heldModifiersTimer; ///< Runs only while the chord is held.
 };

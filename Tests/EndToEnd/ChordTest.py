@@ -133,6 +133,7 @@ def test_nothing_pins_when_the_setting_is_off(launcher, apps, display):
     launcher.settings(doubleTapModifiersPinsLauncher=False)
     use_shortcut(launcher, CONTROL_ALT)
     launcher.start()
+    wait_logged(launcher, REGISTERED)
     for _ in range(3):
         tap(display)
         time.sleep(0.15)
@@ -239,6 +240,7 @@ def test_a_hundred_fast_chords_show_the_ring_a_hundred_times(launcher, apps, dis
     launcher.settings(doubleTapModifiersPinsLauncher=False)
     use_shortcut(launcher, CONTROL_ALT)
     launcher.start()
+    wait_logged(launcher, REGISTERED)
     for _ in range(100):
         tap(display, hold=0.01)
         time.sleep(0.01)

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Shell/AppDelegate.h>
 
-#include <QAbstractButton>
 #include <QApplication>
+#include <QLayout>
 #include <QPointer>
 #include <QTest>
 
@@ -27,17 +27,6 @@ QWidget* shown(const QString& title)
     for (QWidget* window : QApplication::topLevelWidgets()) {
         if (window->isVisible() && window->windowTitle() == title) {
             return window;
-        }
-    }
-    return nullptr;
-}
-
-/// The button that says so, in text or to assistive technology.
-QAbstractButton* button(const QString& title, const QString& name)
-{
-    for (auto* each : shown(title)->findChildren<QAbstractButton*>()) {
-        if (each->text() == name || each->accessibleName() == name) {
-            return each;
         }
     }
     return nullptr;
@@ -85,6 +74,7 @@ struct Application : RecordingPlatform
         mainQueue.advance(0.01);
     }
     void perform(AppAction action) { delegate->perform({.action = action}); }
+
     std::optional<AppDelegate> delegate;
 };
 
@@ -186,6 +176,42 @@ private Q_SLOTS:
         QVERIFY(shown(settingsTitle));
     }
 
+    void aKeyThatComesAfterTheWindowsEndDoesNoHarm_data()
+    {
+        const Table<QString, AppAction, Qt::Key> row;
+        row("re-index", reindexTitle, AppAction::reindex, Qt::Key_Escape);
+        row("tour", tourTitle, AppAction::tour, Qt::Key_Return);
+    }
+    void aKeyThatComesAfterTheWindowsEndDoesNoHarm()
+    {
+        const auto [title, action, key] = fetch<QString, AppAction, Qt::Key>();
+        Application application;
+        application.start();
+        application.perform(action);
+        const QPointer<QWidget> control = shown(title)->focusWidget();
+        QTest::keyPress(control, key);
+        QVERIFY(!shown(title));
+        QVERIFY2(control, "both keys were on their way");
+        QTest::keyPress(control, key);
+        settle();
+        QVERIFY(!control);
+    }
+
+    void theTourGrowsWithTheNameOfTheShortcut()
+    {
+        Application application;
+        const QString name = u"Quite a key "_s.repeated(20);
+        application.store(
+            u"hotKeyConfig"_s,
+            u"{\"modifierFlagsRaw\":0,\"keyCode\":49,\"displayName\":\"%1\"}"_s.arg(name).toUtf8());
+        application.start();
+        application.perform(AppAction::tour);
+        const QWidget* tour = shown(tourTitle);
+        QCOMPARE(tour->width(), 560);
+        QVERIFY(tour->height() > 420);
+        QVERIFY(tour->height() >= tour->layout()->minimumSize().height());
+    }
+
     void theSettingsHideTheRingAndShowItsPreviewBesideThem()
     {
         Application application;
@@ -208,27 +234,6 @@ private Q_SLOTS:
         QVERIFY(!shown(ringTitle));
         requestPreview();
         QVERIFY2(!shown(ringTitle), "the settings are there, but hidden");
-    }
-
-    void theDockIsSwitchedWithTheSettingsStayingInFront()
-    {
-        Application application;
-        application.start();
-        application.perform(AppAction::settings);
-        application.perform(AppAction::reindex);
-        application.windowServer.calls.clear();
-        button(settingsTitle, u"Show in the Dock"_s)->click();
-        QVERIFY(application.stored(u"showInDock"_s).toBool());
-        QCOMPARE(application.windowServer.calls.count(u"in taskbar"_s), 2);
-        QVERIFY(!application.windowServer.calls.contains(u"take focus"_s));
-        application.mainQueue.drain();
-        QCOMPARE(application.windowServer.calls.last(), u"take focus"_s);
-
-        shown(settingsTitle)->close();
-        application.windowServer.calls.clear();
-        application.notifications.post(LauncherSettings::showInDockChanged);
-        application.mainQueue.drain();
-        QVERIFY2(!application.windowServer.calls.contains(u"take focus"_s), "nothing to bring up");
     }
 
     void onlyWhatUsersLaunchIsRecorded_data()

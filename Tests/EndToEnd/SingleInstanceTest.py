@@ -45,6 +45,15 @@ def test_a_start_with_a_command_and_nothing_running_carries_it_out(launcher, app
     launcher.wait_hidden()
 
 
+@pytest.mark.parametrize("environment", [{}, {"DBUS_SESSION_BUS_ADDRESS": "disabled:"}], ids=["bus", "no bus"])
+def test_of_starts_at_one_moment_one_stays_and_the_others_reach_it(launcher, desktop, environment):
+    launcher.environment.update(environment)
+    starts = [desktop.spawn([launcher.program], launcher.environment, log="launcher") for _ in range(6)]
+    wait_until(lambda: sum(start.poll() is not None for start in starts) == 5, "one is left")
+    assert launcher.command("--quit").returncode == 0
+    assert [start.wait(5) for start in starts] == [0] * 6
+
+
 def test_questions_and_mistakes_are_answered_without_a_running_program(launcher, desktop):
     for argument, code, expected in (
             ("--version", 0, "tavik-launcher 0."), ("--help", 0, "--toggle"), ("--no-such-thing", 2, "--no-such-thing")):

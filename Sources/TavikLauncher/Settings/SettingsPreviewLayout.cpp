@@ -15,6 +15,8 @@ constexpr double gap = 40;
 constexpr double centringThreshold = 1180;
 /// A ring smaller than this at a side of the window is left for a larger one above or below.
 constexpr double smallestUseful = 120;
+/// The ring's window is larger than the ring by this factor.
+constexpr double panelShare = 1.1;
 
 double maxX(const QRectF& rect)
 {
@@ -61,33 +63,42 @@ struct Place
     double diameter = 0;
 };
 
-double fitting(double space)
+/// What a place takes of the room between the gap at the window and the screen's edge.
+struct Room
 {
-    return std::clamp(space - gap, 0.0, ringCap);
+    double side = 0; ///< The ring stands in its middle.
+    double diameter = 0; ///< With this the ring's own window stays on the screen.
+};
+
+Room roomIn(double space)
+{
+    const double room = std::max(space - gap, 0.0);
+    const double side = std::min(room, ringCap);
+    return {.side = side, .diameter = std::min(side, 2 * (room - side / 2) / panelShare)};
 }
 
 Place rightOf(const QRectF& window, const QRectF& visible)
 {
-    const double side = fitting(maxX(visible) - maxX(window));
-    return {{maxX(window) + gap + side / 2, ringCenterY(visible, window, side)}, side};
+    const auto [side, diameter] = roomIn(maxX(visible) - maxX(window));
+    return {{maxX(window) + gap + side / 2, ringCenterY(visible, window, side)}, diameter};
 }
 
 Place leftOf(const QRectF& window, const QRectF& visible)
 {
-    const double side = fitting(window.x() - visible.x());
-    return {{window.x() - gap - side / 2, ringCenterY(visible, window, side)}, side};
+    const auto [side, diameter] = roomIn(window.x() - visible.x());
+    return {{window.x() - gap - side / 2, ringCenterY(visible, window, side)}, diameter};
 }
 
 Place above(const QRectF& window, const QRectF& visible)
 {
-    const double side = fitting(maxY(visible) - maxY(window));
-    return {{ringCenterX(visible, window, side), maxY(window) + gap + side / 2}, side};
+    const auto [side, diameter] = roomIn(maxY(visible) - maxY(window));
+    return {{ringCenterX(visible, window, side), maxY(window) + gap + side / 2}, diameter};
 }
 
 Place below(const QRectF& window, const QRectF& visible)
 {
-    const double side = fitting(window.y() - visible.y());
-    return {{ringCenterX(visible, window, side), window.y() - gap - side / 2}, side};
+    const auto [side, diameter] = roomIn(window.y() - visible.y());
+    return {{ringCenterX(visible, window, side), window.y() - gap - side / 2}, diameter};
 }
 
 Place besideWindow(const QRectF& window, const QRectF& visible, double wanted)

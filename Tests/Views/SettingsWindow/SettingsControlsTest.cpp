@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "SettingsWindowFixture.h"
+#include <TavikLauncher/Settings/ThemePreset.h>
 #include <TavikLauncher/Views/HoverTooltip.h>
 #include <TavikLauncher/Views/SettingsWindow/ColorField.h>
 #include <TavikLauncher/Views/SettingsWindow/SegmentedChoice.h>
@@ -98,6 +99,7 @@ private Q_SLOTS:
     void everyControlIsNamedExplainedAndShowsItsFocus_data();
     void everyControlIsNamedExplainedAndShowsItsFocus();
     void assistiveTechnologySeesWhatControlsAre();
+    void tabReachesTheChosenOfSeveral();
     void slidersFollowThePointer();
     void theWheelScrollsThePageUnlessASliderHasTheFocus();
     void slidersLeapAndGoToTheirEnds();
@@ -170,6 +172,29 @@ void SettingsControlsTest::assistiveTechnologySeesWhatControlsAre()
     QCOMPARE(segment->role(), QAccessible::RadioButton);
     QCOMPARE(segment->text(QAccessible::Name), u"Frequency: Daily"_s);
     QVERIFY(segment->state().checked);
+}
+
+void SettingsControlsTest::tabReachesTheChosenOfSeveral()
+{
+    SettingsWindowFixture fixture;
+    fixture.settings.applyTheme(ThemePreset::presets().at(2));
+    QStringList stops;
+    for (const QStringView section : {Section::hints, Section::theme}) {
+        SettingsPage& page = fixture.open(section);
+        fixture.control<QWidget>(section.toString()).setFocus();
+        for (const QWidget* before = nullptr; QApplication::focusWidget() != before;) {
+            before = QApplication::focusWidget();
+            QTest::keyClick(fixture.view.window(), Qt::Key_Tab);
+            const auto* reached = qobject_cast<QAbstractButton*>(QApplication::focusWidget());
+            if (reached && reached->autoExclusive()) {
+                stops.append(reached->text());
+            }
+            if (!page.isAncestorOf(QApplication::focusWidget())) {
+                break;
+            }
+        }
+    }
+    QCOMPARE(stops, (QStringList{u"25"_s, u"Hints"_s, u"Graphite Ember"_s, u"Theme"_s}));
 }
 
 void SettingsControlsTest::slidersFollowThePointer()

@@ -100,6 +100,7 @@ void SegmentedChoice::setCurrent(int position)
         segment->setChecked(i == position);
         segment->setAutoExclusive(true);
     }
+    stopTabAtChosen(m_segments);
 }
 
 void SegmentedChoice::paintEvent(QPaintEvent*)

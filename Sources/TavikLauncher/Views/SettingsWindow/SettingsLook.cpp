@@ -2,8 +2,11 @@
 #include <TavikLauncher/Views/RingStyle.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsLook.h>
 
+#include <QAbstractButton>
 #include <QPainter>
 #include <QWidget>
+
+#include <algorithm>
 
 namespace Tavik {
 
@@ -97,6 +100,15 @@ QFont scaledFont(QFont font, double factor, QFont::Weight weight)
     }
     font.setWeight(weight);
     return font;
+}
+
+void stopTabAtChosen(const QList<QAbstractButton*>& buttons)
+{
+    const bool hasChosen = std::ranges::any_of(buttons, &QAbstractButton::isChecked);
+    for (QAbstractButton* button : buttons) {
+        button->setFocusPolicy(button->isChecked() || !hasChosen ? Qt::StrongFocus
+                                                                 : Qt::ClickFocus);
+    }
 }
 
 bool showsFocus(const QWidget& control)

@@ -3,8 +3,10 @@
 
 #include <QColor>
 #include <QFont>
+#include <QList>
 #include <QPalette>
 
+class QAbstractButton;
 class QPainter;
 class QRectF;
 class QWidget;
@@ -40,6 +42,10 @@ struct SettingsLook
 
 /// `font` scaled by `factor`, at `weight`.
 [[nodiscard]] QFont scaledFont(QFont font, double factor, QFont::Weight weight = QFont::Normal);
+
+/// Has Tab reach the chosen one of several buttons that exclude each other, and arrow keys the
+/// others. The toolkit does that only after one of them has had the focus.
+void stopTabAtChosen(const QList<QAbstractButton*>& buttons);
 
 /// How far a focus ring reaches beyond its control.
 inline constexpr int focusMargin = 4;

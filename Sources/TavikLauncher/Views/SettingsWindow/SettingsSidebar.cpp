@@ -136,6 +136,7 @@ void SettingsSidebar::setCurrent(const QString& id)
     if (QAbstractButton* button = m_buttons.value(id)) {
         const bool hadFocus = isAncestorOf(QApplication::focusWidget());
         button->setChecked(true);
+        stopTabAtChosen(m_buttons.values());
         if (hadFocus) {
             button->setFocus();
         }

@@ -3,6 +3,7 @@
 #include <TavikLauncher/Settings/ThemePreset.h>
 #include <TavikLauncher/Views/SettingsWindow/ColorField.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsButton.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsLook.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPages.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsSlider.h>
@@ -118,6 +119,9 @@ private:
         if (!preset) {
             m_customTile->setChecked(true);
         }
+        QList<QAbstractButton*> buttons(m_tiles.begin(), m_tiles.end());
+        buttons.append(m_customTile);
+        stopTabAtChosen(buttons);
     }
 
     LauncherSettings& m_settings;

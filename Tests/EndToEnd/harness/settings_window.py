@@ -6,7 +6,9 @@ from harness.waiting import wait_until
 
 TITLE = "Tavik Launcher Settings"
 ENVIRONMENT = {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
-SWITCH, SLIDER, BUTTON, TILE, FIELD = "check box", "slider", "push button", "radio button", "text"
+SWITCH, SLIDER, BUTTON, RADIO, FIELD, LIST, ITEM = (
+    "check box", "slider", "push button", "radio button", "text", "list", "list item")
+TILE = RADIO  # A theme's picture is one of several to choose from.
 
 
 class Control:
@@ -65,10 +67,17 @@ class SettingsWindow:
 
     def nodes(self):
         """Every accessible object that is shown in the window."""
+        def shown(node):
+            # What lies in something hidden may count itself as shown.
+            if "showing" in node["states"]:
+                yield node
+                for child in node["children"]:
+                    yield from shown(child)
+
         for tree in accessibility.trees(self.desktop):
             for node in tree["children"]:
                 if node["name"] == TITLE:
-                    yield from (child for child in accessibility.flatten(node) if "showing" in child["states"])
+                    yield from shown(node)
 
     def find(self, role, name):
         """The shown control of that role whose name begins so, or None."""
@@ -86,7 +95,9 @@ class SettingsWindow:
         return wait_until(fulfilled, f"the {role} {name!r} {what}")
 
     def focused(self):
-        return next((Control(node) for node in self.nodes() if "focused" in node["states"]), None)
+        # Of a list the current item counts as focused, whether the list has the keyboard or not.
+        return next(
+            (Control(node) for node in self.nodes() if "focused" in node["states"] and node["role"] != ITEM), None)
 
     def texts(self):
         return {text for node in self.nodes() for text in (node["name"], node["text"]) if text}
@@ -99,11 +110,35 @@ class SettingsWindow:
     def click(self, role, name):
         self.display.click(*self.control(role, name).place.centre)
 
-    def focus(self, role, name, most=60):
+    def focus(self, role, name):
         """Goes to a control with the Tab key alone."""
-        for _ in range(most):
-            here = self.focused()
-            if here and here.role == role and here.name.startswith(name):
-                return here
-            self.display.press("Tab")
+        for _ in range(60):
+            stops = [Control(node) for node in self.nodes() if self._is_stop(node)]
+            here = next((i for i, stop in enumerate(stops) if stop.is_focused), None)
+            there = next((i for i, stop in enumerate(stops) if (stop.role, stop.name) == (role, name)), None)
+            if here is not None and here == there:
+                return stops[here]
+            # A chain of several keys where the order is known, one by one where it is not.
+            ahead = there - here if None not in (here, there) and there > here else 1
+            for _ in range(ahead):
+                self.display.press("Tab")
+            self._wait_focus_settles()
         raise AssertionError(f"the Tab key does not reach the {role} {name!r}")
+
+    def _wait_focus_settles(self):
+        seen = []
+
+        def is_settled():
+            here = self.focused()
+            seen.append(here and (here.role, here.name))
+            return seen[-1] and seen[-2:] == 2 * seen[-1:]
+
+        wait_until(is_settled, "the focus stays where it is")
+
+    @staticmethod
+    def _is_stop(node):
+        """Whether Tab stops there; in a group of which one is chosen it stops at that one."""
+        states = node["states"]
+        if "focusable" not in states or "enabled" not in states:
+            return False
+        return node["role"] != ITEM and (node["role"] != RADIO or "checked" in states)

@@ -1,0 +1,530 @@
+# SPDX-License-Identifier: MIT
+"""The settings window: every kind of control with the keyboard alone and with the pointer, the ring
+beside it, backups through the real file dialogs, and the desktop's light and dark."""
+import itertools
+import json
+import subprocess
+
+import pytest
+from Xlib import X
+from Xlib.protocol import event
+
+from harness.desktop import Monitor
+from harness.display import Rect
+from harness.launcher import TITLE, looks_like
+from harness.picture import colour_distance
+from harness.portal import Portal
+from harness.settings_window import (
+    BUTTON, ENVIRONMENT, FIELD, ITEM, LIST, RADIO, SLIDER, SWITCH, SettingsWindow, TITLE as SETTINGS_TITLE)
+from harness.waiting import stays, wait_until
+
+LARGE = {"width": 1700, "height": 900}
+GAP = 40  # Between the window and the largest ring.
+LARGEST = 550
+DIAMETER = 350
+SYMBOLS = {".": "period", "/": "slash", "-": "minus", " ": "space"}
+
+
+@pytest.fixture
+def apps(applications):
+    return [applications.add(name) for name in ("Alder", "Birch", "Cedar", "Dogwood")]
+
+
+@pytest.fixture
+def window(launcher):
+    return SettingsWindow(launcher)
+
+
+def type_text(display, text):
+    for character in text:
+        display.press(SYMBOLS.get(character, character))
+
+
+def preview(display):
+    """The frame of the ring, or None."""
+    found = display.find(TITLE)
+    return found and display.geometry(found)
+
+
+def wait_preview(display, condition, what):
+    def fulfilled():
+        frame = preview(display)
+        return frame if frame and condition(frame) else None
+
+    return wait_until(fulfilled, what)
+
+
+class Keyboard:
+    """A user without a pointer."""
+
+    def __init__(self, window):
+        self.window, self.display = window, window.display
+
+    def set_slider(self, name, value):
+        slider = self.window.focus(SLIDER, name)
+        leaps, steps = divmod(int(value - slider.value), 10)
+        for key in leaps * ["Page_Up"] + steps * ["Right"]:
+            self.display.press(key)
+
+    def toggle(self, name):
+        self.window.focus(SWITCH, name)
+        self.display.press("space")
+
+    def choose_next(self, chosen, _following):
+        self.window.focus(RADIO, chosen)
+        self.display.press("Right")
+
+    def type_colour(self, name, colour):
+        self.window.focus(FIELD, name)
+        self.display.press("ctrl+a")
+        type_text(self.display, colour)
+
+    def pick_swatch(self, name, _swatch):
+        self.window.focus(BUTTON, f"{name}: choose a color")
+        for key in ("space", "Right", "Return"):
+            self.display.press(key)
+
+    def add(self, app):
+        self.window.focus(FIELD, "Search applications")
+        self.display.type(app.name.lower())
+        self.window.control(ITEM, app.name)
+        self.display.press("Return")
+
+    def move_first_down(self, _app):
+        self.window.focus(LIST, "Permanent applications")
+        for key in ("Home", "alt+Down"):
+            self.display.press(key)
+
+    def remove_last(self, _app):
+        self.window.focus(LIST, "Permanent applications")
+        for key in ("End", "Delete"):
+            self.display.press(key)
+
+    def record(self, chord):
+        self.window.focus(BUTTON, f"Trigger shortcut: {self.window.launcher.hot_key}")
+        self.display.press("Return")
+        self.window.control(BUTTON, "Trigger shortcut: Press a shortcut…")
+        self.display.press(chord)
+
+
+class Pointer(Keyboard):
+    """A user who types only where there is no other way."""
+
+    def set_slider(self, name, value):
+        slider = self.window.control(SLIDER, name)
+        low, high = {"Diameter": (250, 550), "Maximum applications": (1, 24)}[name]
+        left, length = slider.place.x + 13, slider.place.width - 26
+
+        def place(number):
+            return left + length * (number - low) / (high - low)
+
+        x = place(value)
+        y = slider.place.centre[1]
+        with self.display.button_held(place(slider.value), y):
+            self.display.move_pointer(x, y)
+            # A pixel may be less than a step.
+            for nudge in (0, 1, -1, 2, -2):
+                self.display.move_pointer(x + nudge, y)
+                if self.window.control(SLIDER, name).value == value:
+                    return
+        raise AssertionError(f"{name} cannot be dragged to {value}")
+
+    def toggle(self, name):
+        self.window.click(SWITCH, name)
+
+    def choose_next(self, _chosen, following):
+        self.window.click(RADIO, following)
+
+    def type_colour(self, name, colour):
+        self.window.click(FIELD, name)
+        self.window.wait(FIELD, name, lambda field: field.is_focused, "has the keyboard")
+        self.display.press("ctrl+a")
+        type_text(self.display, colour)
+
+    def pick_swatch(self, name, swatch):
+        self.window.click(BUTTON, f"{name}: choose a color")
+        self.window.click(RADIO, swatch)
+
+    def add(self, app):
+        self.window.click(FIELD, "Search applications")
+        self.window.wait(FIELD, "Search applications", lambda field: field.is_focused, "has the keyboard")
+        self.display.type(app.name.lower())
+        self.window.click(ITEM, app.name)
+
+    def move_first_down(self, app):
+        first = self.window.control(ITEM, app.name).place
+        x, y = first.centre
+        with self.display.button_held(x, y):
+            for step in range(1, 6):
+                self.display.move_pointer(x, y + step * first.height // 5)
+
+    def remove_last(self, app):
+        self.window.click(ITEM, app.name)
+        self.window.click(BUTTON, "Remove")
+
+    def record(self, chord):
+        self.window.click(BUTTON, "Trigger shortcut: ")
+        self.window.control(BUTTON, "Trigger shortcut: Press a shortcut…")
+        self.display.press(chord)
+
+
+def setting(launcher, name):
+    return launcher.defaults().get(f"LauncherSettings.{name}")
+
+
+def wait_setting(launcher, name, value):
+    wait_until(lambda: setting(launcher, name) == value, f"{name} is stored as {str(value)[:200]}")
+
+
+def seen(launcher, slot, count):
+    """The colour at a slot of the preview, or at its band half-way between two."""
+    x, y = launcher.slot_place(slot, count, diameter=DIAMETER)
+    return launcher.display.picture(Rect(int(x) - 2, int(y) - 2, 5, 5)).mean(2, 2)
+
+
+def wait_holds(launcher, apps):
+    """Waits until the preview's slots but the highlighted first hold these applications."""
+    def holds():
+        return launcher.is_shown() and all(
+            looks_like(seen(launcher, slot, len(apps)), app.colour) for slot, app in enumerate(apps) if slot > 0)
+
+    wait_until(holds, f"the ring holds {', '.join(app.name for app in apps)}")
+
+
+@pytest.mark.desktop(**LARGE)
+@pytest.mark.parametrize("hand", [Keyboard, Pointer])
+def test_each_kind_of_control_shows_in_the_ring_and_is_kept(launcher, window, apps, display, look, hand):
+    *first, added = apps
+    launcher.pin(*first)
+    launcher.settings(showsLaunchHints=True, ringDiameter=float(DIAMETER - 10))
+    launcher.start(environment=ENVIRONMENT).wait_indexed()
+    user = hand(window)
+
+    window.open("appearance")
+    assert preview(display) is None
+    user.set_slider("Diameter", DIAMETER)
+    wait_preview(display, lambda frame: frame.width == round(DIAMETER * 1.1), "the ring shows its new size")
+    user.set_slider("Maximum applications", 17)
+    user.toggle("Show application names")
+    wait_setting(launcher, "showsAppNames", False)
+    look("sizes")
+
+    window.open("theme")
+    user.choose_next("Tavik Classic", "Midnight Cyan")
+    wait_setting(launcher, "highlightColorHex", "#00C7D9")
+    launcher.wait_still()
+    dark = seen(launcher, 1.5, 3)
+    user.type_colour("Ring color", "5a1030")
+    wait_until(lambda: colour_distance(seen(launcher, 1.5, 3), dark) > 30, "the ring shows its new colour")
+    user.pick_swatch("Highlight color", "Mint")
+    wait_until(lambda: setting(launcher, "highlightColorHex") != "#00C7D9", "the swatch is stored")
+    look("colours")
+
+    window.open("permanentApps")
+    user.add(added)
+    wait_holds(launcher, apps)
+    user.move_first_down(apps[0])
+    order = [apps[1], apps[0], *apps[2:]]
+    wait_holds(launcher, order)
+    wait_setting(launcher, "pinnedPermanentAppPaths", [app.path for app in order])
+    user.remove_last(added)
+    wait_setting(launcher, "permanentAppPaths", [app.path for app in first])
+    look("applications")
+
+    window.open("hints")
+    user.choose_next("Interval: 25", "Interval: 50")
+    wait_setting(launcher, "launchHintInterval", 50)
+    window.open("shortcut")
+    user.record("ctrl+F9")
+    wait_until(lambda: display.is_grabbed("ctrl+F9"), "the recorded shortcut is taken")
+    assert not display.is_grabbed(launcher.hot_key)
+    window.close()
+    wait_until(lambda: preview(display) is None, "the ring goes with the window")
+
+    stored = launcher.defaults()
+    launcher.stop()
+    assert launcher.defaults() == stored
+    launcher.hot_key = "ctrl+F9"
+    launcher.start()
+    window.open("appearance")
+    assert window.control(SLIDER, "Diameter").value == DIAMETER
+    assert window.control(SLIDER, "Maximum applications").value == 17
+    assert not window.control(SWITCH, "Show application names").is_checked
+    window.open("theme")
+    assert window.control(FIELD, "Ring color").text == "#5A1030"
+    assert window.control(RADIO, "Custom").is_checked
+    window.open("permanentApps")
+    window.control(ITEM, "Birch")
+    names = [node["name"] for node in window.nodes() if node["role"] == ITEM]
+    assert names == ["Birch", "Alder", "Cedar"]
+    window.open("hints")
+    assert window.control(RADIO, "Interval: 50").is_checked
+    window.open("shortcut")
+    window.control(BUTTON, "Trigger shortcut: ⌃F9")
+
+
+# --- the ring beside the window
+
+def drag_window(window, dx, dy, during=lambda: None, grip=0.3):
+    """Drags the window by a place of its title bar, in small steps as a hand does."""
+    frame = window.frame()
+    x, y = frame.x + int(grip * frame.width), frame.y - 8
+    with window.display.button_held(x, y):
+        nudges = itertools.cycle((4, 8, 12))
+
+        def follows():
+            window.display.move_pointer(x + next(nudges), y)
+            return window.frame() != frame
+
+        wait_until(follows, "the window manager moves the window")
+        for step in range(1, 21):
+            window.display.move_pointer(x + dx * step // 20, y + dy * step // 20)
+            during()
+    window.wait_still()
+
+
+ICONIC = 3  # ICCCM's state of a minimised window.
+
+
+def ask_for_state(display, window_id, state):
+    """Asks the window manager to iconify a window."""
+    message = event.ClientMessage(
+        window=window_id, client_type=display.connection.intern_atom("WM_CHANGE_STATE"),
+        data=(32, [state, 0, 0, 0, 0]))
+    display.root.send_event(message, event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
+    display.connection.sync()
+
+
+def overlap(one, other):
+    return (one.x < other.x + other.width and other.x < one.x + one.width
+            and one.y < other.y + other.height and other.y < one.y + one.height)
+
+
+def show_preview(window, look):
+    window.open("appearance")
+    window.click(SWITCH, "Show application names")
+    window.display.wait_for(TITLE)
+    window.launcher.wait_still()
+    look("beside")
+
+
+@pytest.mark.desktop(**LARGE)
+@pytest.mark.parametrize("desktop_options", [{"window_manager": name} for name in ("openbox", "xfwm4", "metacity")],
+                         ids=lambda options: options["window_manager"])
+def test_the_ring_moves_with_the_window_and_goes_with_it(launcher, window, apps, display, look, desktop_options):
+    launcher.pin(*apps)
+    launcher.start(environment=ENVIRONMENT)
+    show_preview(window, look)
+    assert display.has_focus(window.window()), "the ring leaves the keyboard to the window"
+    before, start = preview(display), window.frame()
+    assert before.centre[0] == pytest.approx(start.x + start.width + GAP + LARGEST // 2, abs=8)
+
+    places = []
+    drag_window(window, -40, 40, during=lambda: places.append((window.frame(), preview(display))))
+    wait_preview(display, lambda f: f.centre == pytest.approx((before.centre[0] - 40, before.centre[1] + 40), abs=3),
+                 "the ring has moved with the window")
+    assert len({frame.x for _, frame in places}) > 3, "it moves while the window is dragged"
+    assert not any(overlap(*pair) for pair in places)
+    look("moved")
+
+    ask_for_state(display, window.window(), ICONIC)
+    wait_until(lambda: preview(display) is None, "the ring goes with the minimised window")
+    minimised = next(w for w in display.root_property("_NET_CLIENT_LIST") if display.title(w) == SETTINGS_TITLE)
+    display.activate(minimised)
+    window.wait_open()
+    wait_preview(display, lambda f: not overlap(f, window.frame()), "the ring comes back with the window")
+    window.close()
+    wait_until(lambda: preview(display) is None, "the ring goes with the closed window")
+    stays(lambda: preview(display) is None, "the ring is gone")
+
+
+TWO_MONITORS = (Monitor("left", 0, 0, 1700, 900), Monitor("right", 1700, 0, 1300, 900))
+
+
+@pytest.mark.desktop(width=3000, height=900, monitors=TWO_MONITORS)
+def test_the_ring_follows_the_window_to_another_screen_and_to_its_other_side(launcher, window, apps, display, look):
+    launcher.pin(*apps)
+    display.move_pointer(400, 400)
+    launcher.start(environment=ENVIRONMENT)
+    show_preview(window, look)
+    drag_window(window, 1650, 0)
+    frame = window.frame()
+    wait_preview(display, lambda f: f.x >= frame.x + frame.width and f.x > 1700, "the ring is on the other screen")
+    look("other screen")
+    drag_window(window, 250, 0, grip=0.6)
+    frame = window.frame()
+    wait_preview(display, lambda f: f.x + f.width <= frame.x and f.centre[0] > 1700,
+                 "the ring is where there is more room")
+    look("other side")
+
+
+# --- light and dark
+
+@pytest.mark.desktop(**LARGE)
+def test_the_window_is_light_and_dark_as_the_desktop_asks(launcher, window, apps, desktop, display, look):
+    launcher.pin(*apps)
+    portal = Portal(desktop, "dark")
+    launcher.start(environment=ENVIRONMENT)
+
+    def wait_ground(colour, what):
+        frame = window.frame()
+        wait_until(lambda: display.picture().pixel(frame.x + frame.width - 30, frame.y + frame.height - 30) == colour,
+                   what)
+        look(what)
+
+    window.open("theme")
+    wait_ground((0x1E, 0x1F, 0x22), "dark from the start")
+    portal.prefer("light")
+    wait_ground((0xF4, 0xF5, 0xF7), "light at once")
+    portal.prefer("dark")
+    wait_ground((0x1E, 0x1F, 0x22), "dark again")
+    portal.prefer("none")
+    wait_ground((0xF4, 0xF5, 0xF7), "the usual look")
+    # What was drawn for one opening is drawn again for the next.
+    window.close()
+    portal.prefer("dark")
+    window.open("about")
+    wait_ground((0x1E, 0x1F, 0x22), "dark when opened anew")
+
+
+# --- backups
+
+class FileDialog:
+    """The desktop's file dialog; here the toolkit's own."""
+
+    def __init__(self, window, button, title):
+        self.display, self.title = window.display, title
+        window.click(BUTTON, button)
+        self.id = self.display.wait_for(title)
+        wait_until(lambda: self.display.has_focus(self.id), f"{title!r} has the keyboard")
+
+    def accept(self, path=None, replaces=False):
+        if path:
+            self.display.press("ctrl+a")
+            type_text(self.display, path)
+        self.display.press("Return")
+        if replaces:
+            question = wait_until(
+                lambda: (w := self.display.active_window()) not in (0, self.id) and w, "it asks whether to replace")
+            wait_until(lambda: self.display.has_focus(question), "the question has the keyboard")
+            self.display.press("alt+y")
+        self.display.wait_gone(self.title)
+
+
+EXPORT, EXPORT_TITLE = "Export Settings…", "Export Tavik Launcher Settings"
+IMPORT, IMPORT_TITLE = "Import Settings…", "Import Tavik Launcher Settings"
+FILE_NAME = "Tavik Launcher Settings.json"
+
+
+@pytest.mark.desktop(**LARGE)
+def test_settings_are_exported_imported_and_the_import_undone(launcher, window, apps, desktop, display, look):
+    launcher.pin(*apps)
+    launcher.settings(ringThickness=99.0)
+    launcher.start(environment=ENVIRONMENT)
+    window.open("backup")
+    dialog = FileDialog(window, EXPORT, EXPORT_TITLE)
+    look("export")
+    dialog.accept()
+    exported = desktop.home / FILE_NAME
+    window.wait_text(f"Settings exported to {FILE_NAME}.")
+    members = json.loads(exported.read_text())
+    assert len(members) == 24 and list(members) == sorted(members)
+    assert members["ringThickness"] == 99 and members["permanentAppPaths"] == [app.path for app in apps]
+
+    stored = launcher.defaults()
+    wrong = dict(members, ringDiameter="wide")
+    files = {
+        "wrong": json.dumps(wrong), "cut": exported.read_text()[:-40], "picture": "\x89PNG\r\n",
+        "large": json.dumps(members) + " " * (100 << 20), "deep": "[" * 100_000, "twice": '{"iconSize":40,"iconSize":41}',
+        "huge": '{"ringDiameter":1e999}', "odd": '{"ringDiameter":NaN}', "bell": '{"permanentAppPaths":["/a\\u0007.app"]}'}
+    for name, text in files.items():
+        (desktop.home / f"{name}.json").write_text(text)
+        FileDialog(window, IMPORT, IMPORT_TITLE).accept(f"{name}.json")
+        window.wait_text(f"Couldn't import {name}.json — is it a valid Tavik settings file?")
+        assert launcher.defaults() == stored
+    look("refused")
+
+    members.update(ringThickness=1000, maxVisibleApps=3, pinnedPermanentAppPaths=[apps[1].path, "/nowhere/Gone.app"])
+    (desktop.home / "good.json").write_text(json.dumps(members))
+    FileDialog(window, IMPORT, IMPORT_TITLE).accept("good.json")
+    window.wait_text("Imported good.json — 1 pinned app restored, 1 not installed on this Mac.")
+    wait_setting(launcher, "ringThickness", 220)
+    wait_setting(launcher, "maxVisibleApps", 3)
+    look("imported")
+    window.click(BUTTON, "Undo Import")
+    wait_setting(launcher, "ringThickness", 99)
+    FileDialog(window, EXPORT, EXPORT_TITLE).accept("again.json")
+    window.wait_text("Settings exported to again.json.")
+    assert (desktop.home / "again.json").read_bytes() == exported.read_bytes(), "all is as before the import"
+
+    FileDialog(window, IMPORT, IMPORT_TITLE).accept("good.json")
+    window.control(BUTTON, "Undo Import")
+    window.close()
+    window.open("backup")
+    window.control(BUTTON, EXPORT)
+    assert window.find(BUTTON, "Undo Import") is None, "closing the window ends the undo"
+
+
+@pytest.fixture
+def full_disk(desktop):
+    """A folder on a disk with no room left but for a file of old settings."""
+    folder = desktop.home / "full"
+    folder.mkdir()
+    mounted = subprocess.run(
+        ["mount", "-t", "tmpfs", "-o", "size=16k", "tmpfs", str(folder)], capture_output=True, text=True, check=False)
+    if mounted.returncode != 0:
+        pytest.skip(f"no small disk can be mounted here: {mounted.stderr.strip()}")
+    try:
+        (folder / "old.json").write_text('{"iconSize": 44}')
+        with open(folder / "filler", "wb", buffering=0) as stream:
+            try:
+                while stream.write(bytes(512)):
+                    pass
+            except OSError:
+                pass
+        yield folder
+    finally:
+        subprocess.run(["umount", str(folder)], check=True)
+
+
+@pytest.mark.desktop(**LARGE)
+def test_an_export_that_fails_says_why_and_leaves_the_old_file(launcher, window, desktop, display, look, full_disk):
+    launcher.start(environment=ENVIRONMENT)
+    window.open("backup")
+    FileDialog(window, EXPORT, EXPORT_TITLE).accept("full/old.json", replaces=True)
+    window.wait_text("Couldn't export: No space left on device")
+    look("full disk")
+    assert (full_disk / "old.json").read_text() == '{"iconSize": 44}'
+    assert sorted(path.name for path in full_disk.iterdir()) == ["filler", "old.json"]
+
+    other = desktop.home / "other.json"
+    other.write_text("{}")
+    (desktop.home / "link.json").symlink_to(other)
+    FileDialog(window, EXPORT, EXPORT_TITLE).accept("link.json", replaces=True)
+    wait_until(lambda: any(text.startswith("Couldn't export: ") and "link" in text for text in window.texts()),
+               "the window says that it is a link")
+    assert other.read_text() == "{}"
+
+
+# --- long lists
+
+@pytest.mark.desktop(**LARGE)
+def test_a_long_list_opens_at_once_and_shows_what_has_vanished(launcher, window, applications, display, look):
+    applications.add_many(3000)
+    entries = sorted(applications.folder.iterdir())
+    launcher.settings(permanentAppPaths=[str(path) for path in entries])
+    launcher.start(environment=ENVIRONMENT).wait_indexed()
+    window.open("permanentApps")
+    first = window.control(ITEM, "Filler ")
+    window.focus(LIST, "Permanent applications")
+    display.press("Home")
+    display.press("Down")
+    entries[0].unlink()
+    window.wait(ITEM, entries[0].stem, lambda item: item.name.endswith(", not installed"), "is marked as missing")
+    look("vanished")
+    assert first.name != ""
+    display.press("alt+Up")
+    wait_setting(launcher, "pinnedPermanentAppPaths",
+                 [str(path) for path in (entries[1], entries[0], *entries[2:])])
+    display.press("Delete")
+    wait_setting(launcher, "permanentAppPaths", [str(path) for path in (entries[0], *entries[2:])])

@@ -69,6 +69,7 @@ AppDelegate::AppDelegate(Platform& platform, NotificationCenter& notifications)
                   [this](const HotKeyConfig& config) {
                       return GlobalHotKey::refusal(*m_platform.keyEvents, config);
                   },
+              .showPreview = [this] { showPreview(); },
               .settingsChangedScreen =
                   [this] {
                       if (m_panelController->isVisible()) {

@@ -72,6 +72,7 @@ private Q_SLOTS:
     void everyBackedUpSettingHasAControl();
     void slidersShowTheirValueWithItsUnit();
     void slidersAssignExactlyTheNumberTheyShow();
+    void whatShowsInTheRingIsPreviewed();
     void whatOthersRuleOutIsDisabled();
 };
 
@@ -202,6 +203,20 @@ void SettingsBindingsTest::slidersAssignExactlyTheNumberTheyShow()
     slider.setValue(20);
     slider.setValue(88);
     QVERIFY(fixture.control<QAbstractButton>(u"midnight-cyan"_s).isChecked());
+}
+
+void SettingsBindingsTest::whatShowsInTheRingIsPreviewed()
+{
+    SettingsWindowFixture fixture;
+    const auto previews = [&](QStringView section, const QString& name) {
+        fixture.open(section);
+        fixture.previews = 0;
+        fixture.control<SettingsSwitch>(name).click();
+        return fixture.previews;
+    };
+    QCOMPARE(previews(SettingsSection::general, u"fillsRingWithRecentApps"_s), 1);
+    QCOMPARE(previews(SettingsSection::general, u"searchesAllApps"_s), 0);
+    QCOMPARE(previews(SettingsSection::appearance, u"keepsCenterHintVisible"_s), 1);
 }
 
 void SettingsBindingsTest::whatOthersRuleOutIsDisabled()

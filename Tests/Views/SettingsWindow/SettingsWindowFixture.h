@@ -83,6 +83,7 @@ struct SettingsWindowFixture : RingFixture
     QList<FileRequest> requests;
     QString chosenFile;
     std::optional<QString> shortcutRefusal;
+    int previews = 0; ///< Asked for beside those that the settings post.
     int tours = 0;
     int supportPages = 0;
     std::vector<ObserverToken> tokens;
@@ -99,6 +100,7 @@ struct SettingsWindowFixture : RingFixture
         .openFile = dialog(),
         .saveFile = dialog(),
         .tryShortcut = [this](const HotKeyConfig&) { return shortcutRefusal; },
+        .showPreview = [this] { ++previews; },
         .repeatTour = [this] { ++tours; },
         .openSupportPage = [this] { ++supportPages; },
     }};

@@ -43,10 +43,10 @@ SettingsPages::makeAppearance(const SettingsDependencies& dependencies)
                     {.title = u"Show application names"_s,
                      .help = u"The selected application's name in the center"_s},
                     settings.showsAppNames);
-    page->addSwitch(labels,
-                    {.title = u"Keep the center hint visible"_s,
-                     .help = u"Hints from the rotation are then not shown"_s},
-                    settings.keepsCenterHintVisible);
+    page->previewWith(page->addSwitch(labels,
+                                      {.title = u"Keep the center hint visible"_s,
+                                       .help = u"Hints from the rotation are then not shown"_s},
+                                      settings.keepsCenterHintVisible));
 
     auto* reset = new SettingsButton(u"Reset Layout"_s);
     reset->setObjectName(u"resetRingLayout"_s);

@@ -61,11 +61,12 @@ std::unique_ptr<SettingsPage> SettingsPages::makeGeneral(const SettingsDependenc
                      .tooltip = u"A pinned ring stays until you launch something, press Escape, "
                                 "or click away."_s},
                     settings.doubleTapModifiersPinsLauncher);
-    page->addSwitch(ring,
-                    {.title = u"Fill with recent applications"_s,
-                     .help = u"Empty slots show what you used last"_s,
-                     .tooltip = u"Pinned and running applications always come first."_s},
-                    settings.fillsRingWithRecentApps);
+    page->previewWith(
+        page->addSwitch(ring,
+                        {.title = u"Fill with recent applications"_s,
+                         .help = u"Empty slots show what you used last"_s,
+                         .tooltip = u"Pinned and running applications always come first."_s},
+                        settings.fillsRingWithRecentApps));
     page->addSwitch(ring,
                     {.title = u"Search all applications"_s,
                      .help = u"Typing also finds applications beyond the ring"_s,

@@ -51,6 +51,7 @@ struct SettingsDependencies
     ChooseFile saveFile;
     /// Whether a shortcut can be had: nothing when it can, else the reason why not.
     std::function<std::optional<QString>(const HotKeyConfig&)> tryShortcut;
+    std::function<void()> showPreview; ///< The ring beside the window.
     std::function<void()> repeatTour;
     std::function<void()> openSupportPage;
     /// The settings before the first import since the window opened. Given by the view, whose pages

@@ -93,6 +93,15 @@ SettingsPage::addSwitch(SettingsCard& card, const RowText& text, Setting<bool>& 
     return *control;
 }
 
+void SettingsPage::previewWith(SettingsSwitch& control)
+{
+    connect(&control, &QAbstractButton::clicked, this, [this] {
+        if (m_dependencies.showPreview) {
+            m_dependencies.showPreview();
+        }
+    });
+}
+
 template <typename T>
 SettingsSlider& SettingsPage::tieSlider(SettingsCard& card,
                                         const RowText& text,

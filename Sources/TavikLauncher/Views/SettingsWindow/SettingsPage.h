@@ -47,6 +47,9 @@ public:
     void addWidget(QWidget* widget, Qt::Alignment alignment = {});
 
     SettingsSwitch& addSwitch(SettingsCard& card, const RowText& text, Setting<bool>& setting);
+    /// Has the ring shown beside the window when this is switched: some settings show in it
+    /// although their change asks for no preview by itself.
+    void previewWith(SettingsSwitch& control);
     SettingsSlider& addSlider(SettingsCard& card,
                               const RowText& text,
                               Setting<double>& setting,

@@ -7,7 +7,7 @@
 
 namespace Tavik {
 
-/// Turns an application's icon into pixels. May run on any thread.
+/// Turns an application's icon into pixels. `decode` may run on any thread.
 class IconDecoder
 {
 public:
@@ -18,7 +18,8 @@ public:
     /// icon when the source cannot be read. Never null.
     [[nodiscard]] virtual QImage decode(const AppIcon& icon, int side, double scale) const = 0;
 
-    /// Takes in what has been installed since, for the decodings that start from now on.
+    /// Takes in what has been installed or chosen since, for the decodings that start from now on.
+    /// Main thread only.
     virtual void reload() { }
 };
 

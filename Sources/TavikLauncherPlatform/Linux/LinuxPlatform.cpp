@@ -114,7 +114,7 @@ std::unique_ptr<Platform> makePlatform(const UpdateSource& updates)
     platform->fileManager
         = std::make_unique<LinuxFileManager>(*platform->mainQueue, *platform->workQueue);
     platform->iconDecoder = std::make_unique<ThemeIconDecoder>(
-        sessionIconTheme(QIcon::themeName(), IconFolders::ofSession()));
+        [] { return sessionIconTheme(QIcon::themeName(), IconFolders::ofSession()); });
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     if (x11 && x11->connection()) {
         addX11Services(*platform, x11->connection());

@@ -14,8 +14,8 @@ namespace Tavik::DesktopEntryFile {
 inline constexpr qint64 maxSize = 1024 * 1024;
 
 /// Reads the entry at `path`; `identifier` is its desktop-file ID without the ending. Whatever is
-/// there hides entries of the same identifier elsewhere, so what is damaged yields a hidden bundle;
-/// absent only when nothing is there. Safe on any thread: GIO parses without global state.
+/// there hides entries of the same identifier elsewhere, so what cannot be read yields a hidden
+/// bundle. Any thread: GIO parses without global state.
 [[nodiscard]] Bundle read(const QString& path, const QString& identifier);
 
 /// The same for an entry's content.

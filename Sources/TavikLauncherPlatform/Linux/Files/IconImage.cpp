@@ -20,6 +20,9 @@ constexpr qint64 maxVectorFileSize = 4 * 1024 * 1024;
 constexpr int maxImageSide = 4'096;
 /// A picture blown up further than this is a smear; it is better drawn smaller, in the middle.
 constexpr double maxEnlargement = 1.0 / 0.6;
+/// A picture at least this near to the wanted size is drawn as it is: a little smaller is not
+/// noticed, a little enlarged is blurred.
+constexpr double nearEnough = 0.86;
 
 QImage transparentSquare(int side)
 {
@@ -27,10 +30,6 @@ QImage transparentSquare(int side)
     square.fill(Qt::transparent);
     return square;
 }
-
-/// A picture at least this near to the wanted size is drawn as it is: a little smaller is not
-/// noticed, a little enlarged is blurred.
-constexpr double nearEnough = 0.86;
 
 /// `size` enlarged or reduced to fit a square of `side`, centred in it.
 QRectF fitted(QSizeF size, int side, double largestFactor)

@@ -17,8 +17,8 @@ constexpr qint64 mostSettingsBytes = 64 * 1024;
 
 bool isInstalled(const QString& theme, const IconFolders& folders)
 {
-    const bool isName = !theme.isEmpty() && !theme.contains(u'/') && !theme.startsWith(u'.');
-    return isName && std::ranges::any_of(folders.themes, [&theme](const QString& folder) {
+    return isIconPathComponent(theme)
+        && std::ranges::any_of(folders.themes, [&theme](const QString& folder) {
                return QFileInfo::exists(folder + u'/' + theme + u"/index.theme"_s);
            });
 }

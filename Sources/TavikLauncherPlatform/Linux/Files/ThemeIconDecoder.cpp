@@ -20,9 +20,10 @@ constexpr double maxScale = 8;
 
 } // namespace
 
-ThemeIconDecoder::ThemeIconDecoder(QString themeName, IconFolders folders)
-    : m_themeName(std::move(themeName))
+ThemeIconDecoder::ThemeIconDecoder(std::function<QString()> themeName, IconFolders folders)
+    : m_askThemeName(std::move(themeName))
     , m_folders(std::move(folders))
+    , m_themeName(m_askThemeName())
 { }
 
 QImage ThemeIconDecoder::decode(const AppIcon& icon, int side, double scale) const
@@ -49,7 +50,9 @@ QImage ThemeIconDecoder::decode(const AppIcon& icon, int side, double scale) con
 
 void ThemeIconDecoder::reload()
 {
+    QString themeName = m_askThemeName();
     const QMutexLocker lock(&m_mutex);
+    m_themeName = std::move(themeName);
     m_theme.reset();
 }
 

@@ -7,6 +7,7 @@
 #include <QMutex>
 #include <QString>
 
+#include <functional>
 #include <optional>
 
 namespace Tavik {
@@ -17,18 +18,22 @@ namespace Tavik {
 class ThemeIconDecoder final : public IconDecoder
 {
 public:
-    explicit ThemeIconDecoder(QString themeName, IconFolders folders = IconFolders::ofSession());
+    /// `themeName` answers with the name of the theme to draw with: now, and at each reload on the
+    /// thread that reloads.
+    explicit ThemeIconDecoder(std::function<QString()> themeName,
+                              IconFolders folders = IconFolders::ofSession());
 
     [[nodiscard]] QImage decode(const AppIcon& icon, int side, double scale) const override;
-    /// Reads the theme's index anew.
+    /// Asks for the theme's name again and reads its index anew.
     void reload() override;
 
 private:
     [[nodiscard]] IconTheme theme() const;
 
-    const QString m_themeName;
+    const std::function<QString()> m_askThemeName;
     const IconFolders m_folders;
-    mutable QMutex m_mutex; ///< Guards the theme.
+    mutable QMutex m_mutex; ///< Guards what follows.
+    QString m_themeName;
     mutable std::optional<IconTheme> m_theme; ///< Loaded by the first decoding.
 };
 

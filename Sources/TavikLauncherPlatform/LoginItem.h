@@ -3,7 +3,7 @@
 
 namespace Tavik {
 
-/// Whether the system starts this program when the user logs in.
+/// Whether the system starts this program when the user logs in. Main thread only.
 class LoginItem
 {
 public:

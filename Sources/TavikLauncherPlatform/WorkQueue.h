@@ -7,12 +7,13 @@
 namespace Tavik {
 
 enum class WorkPriority {
-    userInitiated,
+    userInitiated, ///< Reads, some of them at once.
     utility, ///< Writes, one after the other.
     launch, ///< Starts of other programs, which wait for nothing else.
 };
 
-/// Runs work off the main thread on copies and hands its result back to the main thread.
+/// Runs work off the main thread on copies and hands its result back to the main thread. Main
+/// thread only.
 class WorkQueue
 {
 public:

@@ -104,6 +104,9 @@ private Q_SLOTS:
         row("endless",
             {.body = QByteArray(100'001, 'x'), .isEndless = true},
             u"The file is larger than the 1 MB it may have."_s);
+        row("endless refusal",
+            {.status = "401 Who", .body = QByteArray(1'000'000, 'x'), .isEndless = true},
+            u"The server sent far more than it was asked for."_s);
         row("packed",
             {.headers = {"Content-Encoding: gzip"}, .body = "\x1f\x8b"},
             u"The server sent something packed, which was refused."_s);

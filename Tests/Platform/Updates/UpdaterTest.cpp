@@ -443,7 +443,7 @@ private:
     [[nodiscard]] bool checksWithin(double seconds)
     {
         constexpr double step = 5; // Less than what a server is waited for.
-        constexpr int tasksOfCheck = 2; // The schedule alone has one.
+        constexpr int tasksOfCheck = 3; // The schedule alone has one.
         const qsizetype before = calls().size();
         for (double passed = 0; passed < seconds; passed += step) {
             m_bench->mainQueue.advance(step);

@@ -67,7 +67,7 @@ UpdateDocumentFetch::UpdateDocumentFetch(const UpdateTransfer::Dependencies& dep
                                 .mostBytes = request.mostBytes,
                                 .patience = {.leastBytes = 1, .totalSeconds = mostSeconds}},
         UpdateTransfer::Hooks{.begin =
-                                  [this](const UpdateTransfer::Head& head) {
+                                  [this](const TransferHead& head) {
                                       m_document.mimeType = head.mimeType;
                                       return std::optional<TransferFault>();
                                   },

@@ -57,8 +57,7 @@ void UpdateDownload::connectAgain()
                                 .startsAt = startsAt,
                                 .validator = m_validator,
                                 .patience = {.leastBytes = slowestBytesPerWindow}},
-        UpdateTransfer::Hooks{.begin
-                              = [this](const UpdateTransfer::Head& head) { return accept(head); },
+        UpdateTransfer::Hooks{.begin = [this](const TransferHead& head) { return accept(head); },
                               .take = [this](const QByteArray& bytes) { return take(bytes); },
                               .finish =
                                   [this](const std::optional<TransferFault>& fault) {
@@ -66,7 +65,7 @@ void UpdateDownload::connectAgain()
                                   }});
 }
 
-std::optional<TransferFault> UpdateDownload::accept(const UpdateTransfer::Head& head)
+std::optional<TransferFault> UpdateDownload::accept(const TransferHead& head)
 {
     if (head.length && *head.length != m_request.length) {
         return wrongLength();

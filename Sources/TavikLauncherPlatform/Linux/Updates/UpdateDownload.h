@@ -37,7 +37,7 @@ public:
 
 private:
     void connectAgain();
-    [[nodiscard]] std::optional<TransferFault> accept(const UpdateTransfer::Head& head);
+    [[nodiscard]] std::optional<TransferFault> accept(const TransferHead& head);
     [[nodiscard]] std::optional<TransferFault> take(const QByteArray& bytes);
     void connectionEnded(const std::optional<TransferFault>& fault);
     void finish(const QString& reason);

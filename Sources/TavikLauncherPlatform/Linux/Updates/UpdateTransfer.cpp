@@ -3,12 +3,15 @@
 #include <TavikLauncherPlatform/Linux/Updates/UpdateUrls.h>
 #include <TavikLauncherPlatform/WorkQueue.h>
 
+#include <QFile>
 #include <QList>
 #include <QNetworkProxy>
 #include <QNetworkRequest>
 #include <QPointer>
 
 #include <utility>
+
+#include <unistd.h>
 
 namespace Tavik {
 
@@ -18,12 +21,8 @@ namespace {
 
 constexpr int mostRedirects = 5;
 constexpr qint64 readBufferBytes = 256LL * 1024;
-constexpr int statusOk = 200;
-constexpr int statusPartialContent = 206;
-constexpr int statusNotFound = 404;
-constexpr int statusGone = 410;
-constexpr int statusRangeNotSatisfiable = 416;
-constexpr int firstServerError = 500;
+constexpr double betweenLooks = 0.25; ///< Seconds.
+constexpr qint64 mostHoarded = 100'000'000;
 constexpr qint64 bytesPerMegabyte = 1'000'000;
 
 bool isPlain(const QUrl& url)
@@ -31,44 +30,14 @@ bool isPlain(const QUrl& url)
     return url.scheme() == u"http"_s;
 }
 
-int statusOf(const QNetworkReply& reply)
+/// What this process has in memory, in bytes; 0 when that cannot be told.
+qint64 residentBytes()
 {
-    return reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-}
-
-/// Only what stands for one exact sequence of bytes; weak tags do not.
-QByteArray validatorOf(const QNetworkReply& reply)
-{
-    const QByteArray tag = reply.rawHeader("ETag");
-    return tag.startsWith('"') ? tag : reply.rawHeader("Last-Modified");
-}
-
-struct ContentRange
-{
-    qint64 first = 0;
-    std::optional<qint64> length;
-};
-
-/// Reads "bytes 100-199/200".
-std::optional<ContentRange> contentRange(const QByteArray& header)
-{
-    const QByteArray text = header.simplified();
-    const qsizetype dash = text.indexOf('-');
-    const qsizetype slash = text.indexOf('/');
-    if (!text.startsWith("bytes ") || dash < 0 || slash < dash) {
-        return std::nullopt;
+    QFile statistics(u"/proc/self/statm"_s);
+    if (!statistics.open(QIODevice::ReadOnly)) {
+        return 0;
     }
-    constexpr qsizetype unit = 6;
-    bool isNumber = false;
-    ContentRange range{.first = text.mid(unit, dash - unit).toLongLong(&isNumber)};
-    if (!isNumber || range.first < 0) {
-        return std::nullopt;
-    }
-    const qint64 length = text.mid(slash + 1).toLongLong(&isNumber);
-    if (isNumber) {
-        range.length = length;
-    }
-    return range;
+    return statistics.readLine().split(' ').value(1).toLongLong() * ::sysconf(_SC_PAGESIZE);
 }
 
 QNetworkRequest networkRequest(const QUrl& url, const QByteArray& userAgent)
@@ -150,6 +119,13 @@ void UpdateTransfer::send(const QUrl& url)
     }
     m_reply = m_manager->get(request);
     m_reply->setReadBufferSize(readBufferBytes);
+    // The toolkit reads what follows the head of some refusals (401, 407) to its end, however much
+    // it is, before it tells of anything.
+    m_hoard = m_mainQueue.every(betweenLooks, [this, before = residentBytes()] {
+        if (residentBytes() - before > mostHoarded) {
+            end(TransferFault{.reason = u"The server sent far more than it was asked for."_s});
+        }
+    });
     QObject::connect(
         m_reply, &QNetworkReply::sslErrors, &m_alive, [this] { m_hasBadCertificate = true; });
     QObject::connect(m_reply, &QNetworkReply::metaDataChanged, &m_alive, [this] { readHead(); });
@@ -159,21 +135,31 @@ void UpdateTransfer::send(const QUrl& url)
 
 void UpdateTransfer::readHead()
 {
-    if (m_isDeaf || m_hasHead || statusOf(*m_reply) == 0) {
+    if (m_isDeaf || m_hasHead || UpdateReply::status(*m_reply) == 0) {
         return;
     }
     m_hasHead = true;
+    m_hoard.cancel();
     if (m_reply->attribute(QNetworkRequest::RedirectionTargetAttribute).isValid()) {
         redirect();
         return;
     }
-    std::optional<TransferFault> fault = refusal();
-    if (!fault && m_hooks.begin) {
-        fault = m_hooks.begin(head());
+    std::optional<TransferFault> fault
+        = UpdateReply::refusal(*m_reply, m_request.subject, m_request.startsAt > 0);
+    if (!fault) {
+        fault = begin(UpdateReply::head(*m_reply));
     }
     if (fault) {
         end(std::move(fault));
     }
+}
+
+std::optional<TransferFault> UpdateTransfer::begin(const TransferHead& head)
+{
+    if (head.length && *head.length - head.startsAt > m_request.mostBytes) {
+        return tooLarge();
+    }
+    return m_hooks.begin ? m_hooks.begin(head) : std::nullopt;
 }
 
 void UpdateTransfer::redirect()
@@ -224,9 +210,9 @@ void UpdateTransfer::readEnd()
     }
     const QVariant announced = m_reply->header(QNetworkRequest::ContentLengthHeader);
     if (!m_hasHead || m_reply->error() != QNetworkReply::NoError) {
-        end(networkFault());
+        end(UpdateReply::networkFault(*m_reply, m_hasBadCertificate));
     } else if (announced.isValid() && announced.toLongLong() > m_received) {
-        end(brokenOff());
+        end(UpdateReply::brokenOff());
     } else {
         end(std::nullopt);
     }
@@ -241,6 +227,7 @@ void UpdateTransfer::end(std::optional<TransferFault> fault)
     m_isDeaf = true;
     m_window.cancel();
     m_deadline.cancel();
+    m_hoard.cancel();
     // Not here: a reply must not be destroyed by its own signal.
     m_next = m_mainQueue.after(0, [this, fault = std::move(fault)] {
         m_reply = nullptr;
@@ -250,85 +237,10 @@ void UpdateTransfer::end(std::optional<TransferFault> fault)
     });
 }
 
-std::optional<TransferFault> UpdateTransfer::refusal() const
-{
-    const int status = statusOf(*m_reply);
-    if (status == statusNotFound || status == statusGone) {
-        return TransferFault{.reason = u"%1 is not on the server."_s.arg(m_request.subject)};
-    }
-    const bool isWanted
-        = status == statusOk || (status == statusPartialContent && m_request.startsAt > 0);
-    if (!isWanted) {
-        return TransferFault{.reason = u"The server answered with an error (%1)."_s.arg(status),
-                             .mayPass
-                             = status >= firstServerError || status == statusRangeNotSatisfiable};
-    }
-    const QByteArray encoding = m_reply->rawHeader("Content-Encoding").trimmed().toLower();
-    if (!encoding.isEmpty() && encoding != "identity") {
-        return TransferFault{.reason = u"The server sent something packed, which was refused."_s};
-    }
-    const std::optional<qint64> length = head().length;
-    return length && *length - head().startsAt > m_request.mostBytes ? std::optional(tooLarge())
-                                                                     : std::nullopt;
-}
-
-UpdateTransfer::Head UpdateTransfer::head() const
-{
-    Head head{.validator = validatorOf(*m_reply)};
-    const QString type = m_reply->header(QNetworkRequest::ContentTypeHeader).toString();
-    head.mimeType = type.section(u';', 0, 0).trimmed().toLower();
-    if (statusOf(*m_reply) == statusPartialContent) {
-        // A range that cannot be read begins where nobody asked.
-        const ContentRange range
-            = contentRange(m_reply->rawHeader("Content-Range")).value_or(ContentRange{.first = -1});
-        head.startsAt = range.first;
-        head.length = range.length;
-        return head;
-    }
-    const QVariant announced = m_reply->header(QNetworkRequest::ContentLengthHeader);
-    if (announced.isValid()) {
-        head.length = announced.toLongLong();
-    }
-    return head;
-}
-
 TransferFault UpdateTransfer::tooLarge() const
 {
     return {.reason = u"%1 is larger than the %2 MB it may have."_s.arg(
                 m_request.subject, QString::number(m_request.mostBytes / bytesPerMegabyte))};
-}
-
-TransferFault UpdateTransfer::networkFault() const
-{
-    switch (m_reply->error()) {
-    case QNetworkReply::HostNotFoundError:
-        return {.reason = u"The server “%1” was not found. Perhaps this computer is not connected "
-                          u"to the internet."_s.arg(m_url.host()),
-                .mayPass = true};
-    case QNetworkReply::ConnectionRefusedError:
-        return {.reason = u"The server “%1” cannot be reached."_s.arg(m_url.host()),
-                .mayPass = true};
-    case QNetworkReply::SslHandshakeFailedError:
-        return {
-            .reason = m_hasBadCertificate
-                ? u"The server “%1” could not prove who it is: its certificate is not valid "
-                  u"here."_s.arg(m_url.host())
-                : u"No protected connection to the server “%1” could be made."_s.arg(m_url.host())};
-    case QNetworkReply::ProxyConnectionRefusedError:
-    case QNetworkReply::ProxyConnectionClosedError:
-    case QNetworkReply::ProxyNotFoundError:
-    case QNetworkReply::ProxyTimeoutError:
-    case QNetworkReply::ProxyAuthenticationRequiredError:
-    case QNetworkReply::UnknownProxyError:
-        return {.reason = u"The proxy of this network let nothing through."_s, .mayPass = true};
-    default:
-        return brokenOff();
-    }
-}
-
-TransferFault UpdateTransfer::brokenOff()
-{
-    return {.reason = u"The connection to the server broke off."_s, .mayPass = true};
 }
 
 } // namespace Tavik

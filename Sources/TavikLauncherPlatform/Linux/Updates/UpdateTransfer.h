@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncherPlatform/Linux/Updates/UpdateReply.h>
 #include <TavikLauncherPlatform/MainQueue.h>
 
 #include <QByteArray>
@@ -17,15 +18,6 @@
 namespace Tavik {
 
 class WorkQueue;
-
-/// Why something was not fetched.
-struct TransferFault
-{
-    QString reason; ///< A whole sentence for people.
-    bool mayPass = false; ///< Trying again may help: the network's fault, not the file's.
-
-    bool operator==(const TransferFault&) const = default;
-};
 
 /// One file from a server, piece by piece. Fetches only where `mayFetch` allows, asks it again of
 /// every redirect, follows none from HTTPS to HTTP, trusts no certificate that the system does not,
@@ -49,19 +41,11 @@ public:
         QByteArray validator; ///< that this stands for.
         Patience patience;
     };
-    /// What the server says before the first byte.
-    struct Head
-    {
-        qint64 startsAt = 0; ///< 0 when the server sends the whole file again.
-        std::optional<qint64> length; ///< Of the whole file.
-        QByteArray validator; ///< Stands for exactly this file; empty when there is none.
-        QString mimeType; ///< Without parameters, in small letters.
-    };
     /// The first two return why it should not go on, and must not destroy the transfer; the last is
     /// called once, and may.
     struct Hooks
     {
-        std::function<std::optional<TransferFault>(const Head&)> begin;
+        std::function<std::optional<TransferFault>(const TransferHead&)> begin;
         std::function<std::optional<TransferFault>(const QByteArray&)> take;
         std::function<void(const std::optional<TransferFault>&)> finish;
     };
@@ -89,11 +73,8 @@ private:
     void readEnd();
     void redirect();
     void end(std::optional<TransferFault> fault);
-    [[nodiscard]] std::optional<TransferFault> refusal() const;
-    [[nodiscard]] Head head() const;
+    [[nodiscard]] std::optional<TransferFault> begin(const TransferHead& head);
     [[nodiscard]] TransferFault tooLarge() const;
-    [[nodiscard]] TransferFault networkFault() const;
-    [[nodiscard]] static TransferFault brokenOff();
 
     MainQueue& m_mainQueue;
     WorkQueue& m_workQueue;
@@ -112,6 +93,7 @@ private:
     QNetworkReply* m_reply = nullptr; ///< The manager's.
     Task m_window;
     Task m_deadline;
+    Task m_hoard; ///< Until the head is there: watches what the toolkit gathers meanwhile.
     Task m_next; ///< What must not happen inside a signal of the reply.
     QObject m_alive; ///< Watched by what runs elsewhere.
 };

@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Updates/UpdateReply.h>
+
+#include <QNetworkReply>
+#include <QNetworkRequest>
+#include <QUrl>
+
+namespace Tavik::UpdateReply {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int statusOk = 200;
+constexpr int statusPartialContent = 206;
+constexpr int statusNotFound = 404;
+constexpr int statusGone = 410;
+constexpr int statusRangeNotSatisfiable = 416;
+constexpr int firstServerError = 500;
+
+/// Only what stands for one exact sequence of bytes; weak tags do not.
+QByteArray validatorOf(const QNetworkReply& reply)
+{
+    const QByteArray tag = reply.rawHeader("ETag");
+    return tag.startsWith('"') ? tag : reply.rawHeader("Last-Modified");
+}
+
+struct ContentRange
+{
+    qint64 first = 0;
+    std::optional<qint64> length;
+};
+
+/// Reads "bytes 100-199/200".
+std::optional<ContentRange> contentRange(const QByteArray& header)
+{
+    const QByteArray text = header.simplified();
+    const qsizetype dash = text.indexOf('-');
+    const qsizetype slash = text.indexOf('/');
+    if (!text.startsWith("bytes ") || dash < 0 || slash < dash) {
+        return std::nullopt;
+    }
+    constexpr qsizetype unit = 6;
+    bool isNumber = false;
+    ContentRange range{.first = text.mid(unit, dash - unit).toLongLong(&isNumber)};
+    if (!isNumber || range.first < 0) {
+        return std::nullopt;
+    }
+    const qint64 length = text.mid(slash + 1).toLongLong(&isNumber);
+    if (isNumber) {
+        range.length = length;
+    }
+    return range;
+}
+
+} // namespace
+
+int status(const QNetworkReply& reply)
+{
+    return reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+}
+
+TransferHead head(const QNetworkReply& reply)
+{
+    TransferHead head{.validator = validatorOf(reply)};
+    const QString type = reply.header(QNetworkRequest::ContentTypeHeader).toString();
+    head.mimeType = type.section(u';', 0, 0).trimmed().toLower();
+    if (status(reply) == statusPartialContent) {
+        // A range that cannot be read begins where nobody asked.
+        const ContentRange range
+            = contentRange(reply.rawHeader("Content-Range")).value_or(ContentRange{.first = -1});
+        head.startsAt = range.first;
+        head.length = range.length;
+        return head;
+    }
+    const QVariant announced = reply.header(QNetworkRequest::ContentLengthHeader);
+    if (announced.isValid()) {
+        head.length = announced.toLongLong();
+    }
+    return head;
+}
+
+std::optional<TransferFault>
+refusal(const QNetworkReply& reply, const QString& subject, bool asksForPiece)
+{
+    const int code = status(reply);
+    if (code == statusNotFound || code == statusGone) {
+        return TransferFault{.reason = u"%1 is not on the server."_s.arg(subject)};
+    }
+    const bool isWanted = code == statusOk || (code == statusPartialContent && asksForPiece);
+    if (!isWanted) {
+        return TransferFault{.reason = u"The server answered with an error (%1)."_s.arg(code),
+                             .mayPass
+                             = code >= firstServerError || code == statusRangeNotSatisfiable};
+    }
+    const QByteArray encoding = reply.rawHeader("Content-Encoding").trimmed().toLower();
+    if (!encoding.isEmpty() && encoding != "identity") {
+        return TransferFault{.reason = u"The server sent something packed, which was refused."_s};
+    }
+    return std::nullopt;
+}
+
+TransferFault networkFault(const QNetworkReply& reply, bool hasBadCertificate)
+{
+    const QString host = reply.url().host();
+    switch (reply.error()) {
+    case QNetworkReply::HostNotFoundError:
+        return {.reason = u"The server “%1” was not found. Perhaps this computer is not connected "
+                          u"to the internet."_s.arg(host),
+                .mayPass = true};
+    case QNetworkReply::ConnectionRefusedError:
+        return {.reason = u"The server “%1” cannot be reached."_s.arg(host), .mayPass = true};
+    case QNetworkReply::SslHandshakeFailedError:
+        return {.reason = hasBadCertificate
+                    ? u"The server “%1” could not prove who it is: its certificate is not valid "
+                      u"here."_s.arg(host)
+                    : u"No protected connection to the server “%1” could be made."_s.arg(host)};
+    case QNetworkReply::ProxyConnectionRefusedError:
+    case QNetworkReply::ProxyConnectionClosedError:
+    case QNetworkReply::ProxyNotFoundError:
+    case QNetworkReply::ProxyTimeoutError:
+    case QNetworkReply::ProxyAuthenticationRequiredError:
+    case QNetworkReply::UnknownProxyError:
+        return {.reason = u"The proxy of this network let nothing through."_s, .mayPass = true};
+    default:
+        return brokenOff();
+    }
+}
+
+TransferFault brokenOff()
+{
+    return {.reason = u"The connection to the server broke off."_s, .mayPass = true};
+}
+
+} // namespace Tavik::UpdateReply

@@ -12,7 +12,6 @@
 #include <QTextBoundaryFinder>
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace Tavik {
@@ -22,8 +21,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double debounceSeconds = 0.12;
-constexpr double launchHintSeconds = 6.0;
-constexpr double hoverThreshold = 6.0;
 constexpr double topDegrees = -90.0;
 
 bool shapesTheRing(const QString& property)
@@ -62,6 +59,8 @@ RingInteraction::RingInteraction(const Dependencies& dependencies,
                      dependencies.fileManager},
                     std::move(ownIdentifier))
     , m_onClose(std::move(onClose))
+    , m_launchHint(
+          dependencies.settings, dependencies.mainQueue, [this] { Q_EMIT centerChanged(); })
 {
     installObservers();
 }
@@ -106,7 +105,7 @@ void RingInteraction::appear()
 
 void RingInteraction::disappear()
 {
-    m_launchHintTask.cancel();
+    m_launchHint.cancel();
     m_debounceTask.cancel();
     m_workspaceObservers.clear();
     m_dependencies.commands
@@ -166,12 +165,11 @@ void RingInteraction::prepareForShow(bool isUserSummon)
     m_selectedIndex = 0;
     m_showsSelectionLabel = false;
     m_isPinnedForSearch = false;
-    m_hoverAnchor.reset();
-    m_hoverEngaged = false;
+    m_hover = {};
     if (isUserSummon) {
-        presentLaunchHintIfDue();
+        m_launchHint.presentLaunchHintIfDue();
     } else {
-        dismissLaunchHint();
+        m_launchHint.dismissLaunchHint();
     }
     refreshRing();
     Q_EMIT centerChanged();
@@ -216,20 +214,8 @@ void RingInteraction::updateHighlightedAngle(int index, bool animated)
 
 void RingInteraction::hoverAt(QPointF point, const RingGeometry& geometry)
 {
-    if (!m_dependencies.presentation.acceptsHover()) {
+    if (!m_dependencies.presentation.acceptsHover() || !m_hover.engages(point)) {
         return;
-    }
-    if (!m_hoverEngaged) {
-        // A ring summoned under a resting pointer selects nothing until the pointer really moves.
-        if (!m_hoverAnchor) {
-            m_hoverAnchor = point;
-            return;
-        }
-        const QPointF moved = point - *m_hoverAnchor;
-        m_hoverEngaged = std::hypot(moved.x(), moved.y()) > hoverThreshold;
-        if (!m_hoverEngaged) {
-            return;
-        }
     }
     if (const std::optional<int> slot = geometry.slotAt(point)) {
         updateSelectedIndex(*slot);
@@ -309,12 +295,14 @@ void RingInteraction::deleteSearchCharacter()
 
 void RingInteraction::filterNow(const QString& text)
 {
-    showPinnedIndicator();
+    pinForSearch();
     m_debounceTask.cancel();
-    if (m_dependencies.commands.pinForSearch) {
-        m_dependencies.commands.pinForSearch();
-    }
     m_query = text;
+    showMatches(text);
+}
+
+void RingInteraction::showMatches(const QString& text)
+{
     m_debouncedQuery = text;
     m_selectedIndex = 0;
     refreshRing();
@@ -328,52 +316,28 @@ void RingInteraction::editQuery(const QString& text)
     }
     m_query = text;
     if (!text.isEmpty()) {
-        if (m_dependencies.commands.pinForSearch) {
-            m_dependencies.commands.pinForSearch();
-        }
-        m_isPinnedForSearch = true;
+        pinForSearch();
     }
     m_debounceTask = m_dependencies.mainQueue.after(debounceSeconds, [this, text] {
-        if (m_query != text) {
-            return;
+        if (m_query == text) {
+            showMatches(text);
         }
-        m_debouncedQuery = text;
-        m_selectedIndex = 0;
-        refreshRing();
-        Q_EMIT centerChanged();
     });
     Q_EMIT centerChanged();
+}
+
+void RingInteraction::pinForSearch()
+{
+    if (m_dependencies.commands.pinForSearch) {
+        m_dependencies.commands.pinForSearch();
+    }
+    m_isPinnedForSearch = true;
 }
 
 void RingInteraction::showPinnedIndicator()
 {
     m_isPinnedForSearch = true;
     Q_EMIT centerChanged();
-}
-
-void RingInteraction::presentLaunchHintIfDue()
-{
-    m_launchHintTask.cancel();
-    const std::optional<QString> hint = m_dependencies.settings.launchHintForThisSummon();
-    if (!hint) {
-        dismissLaunchHint();
-        return;
-    }
-    m_launchHint = hint;
-    m_launchHintTask = m_dependencies.mainQueue.after(launchHintSeconds, [this] {
-        m_launchHint.reset();
-        Q_EMIT centerChanged();
-    });
-    Q_EMIT centerChanged();
-}
-
-void RingInteraction::dismissLaunchHint()
-{
-    m_launchHintTask.cancel();
-    if (m_launchHint) {
-        m_launchHint.reset();
-        Q_EMIT centerChanged();
-    }
 }
 
 } // namespace Tavik

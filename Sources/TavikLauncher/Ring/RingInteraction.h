@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncher/Ring/HoverEngagement.h>
+#include <TavikLauncher/Ring/LaunchHintDisplay.h>
 #include <TavikLauncher/Ring/RingComposition.h>
 #include <TavikLauncherPlatform/MainQueue.h>
 #include <TavikLauncherPlatform/NotificationCenter.h>
 
 #include <QObject>
-#include <QPointF>
 
 #include <functional>
 #include <optional>
@@ -55,7 +56,10 @@ public:
     [[nodiscard]] double highlightedAngleDegrees() const { return m_highlightedAngleDegrees; }
     [[nodiscard]] bool showsSelectionLabel() const { return m_showsSelectionLabel; }
     [[nodiscard]] bool isPinnedForSearch() const { return m_isPinnedForSearch; }
-    [[nodiscard]] const std::optional<QString>& launchHint() const { return m_launchHint; }
+    [[nodiscard]] const std::optional<QString>& launchHint() const
+    {
+        return m_launchHint.launchHint();
+    }
     [[nodiscard]] bool hasActiveSelection() const { return m_showsSelectionLabel || isFiltering(); }
     [[nodiscard]] bool isRunning(const IndexedApp& app) const { return m_running.contains(app); }
     [[nodiscard]] bool isIndexing() const;
@@ -102,9 +106,9 @@ private:
     void updateHighlightedAngle(int index, bool animated);
     void moveSelection(int step);
     void showPinnedIndicator();
+    void pinForSearch();
     void filterNow(const QString& text);
-    void presentLaunchHintIfDue();
-    void dismissLaunchHint();
+    void showMatches(const QString& text);
 
     Dependencies m_dependencies;
     RingComposition m_composition;
@@ -121,11 +125,9 @@ private:
     bool m_hasStaleRecords = false;
     bool m_isPinnedForSearch = false;
     bool m_showsSelectionLabel = false;
-    std::optional<QPointF> m_hoverAnchor;
-    bool m_hoverEngaged = false;
+    HoverEngagement m_hover;
     double m_highlightedAngleDegrees = -90;
-    std::optional<QString> m_launchHint;
-    Task m_launchHintTask;
+    LaunchHintDisplay m_launchHint;
 };
 
 } // namespace Tavik

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Ring/LaunchHintDisplay.h>
+#include <TavikLauncher/Settings/LauncherSettings.h>
+
+#include <utility>
+
+namespace Tavik {
+
+namespace {
+constexpr double shownSeconds = 6.0;
+}
+
+LaunchHintDisplay::LaunchHintDisplay(LauncherSettings& settings,
+                                     MainQueue& mainQueue,
+                                     std::function<void()> onChange)
+    : m_settings(settings)
+    , m_mainQueue(mainQueue)
+    , m_onChange(std::move(onChange))
+{ }
+
+void LaunchHintDisplay::presentLaunchHintIfDue()
+{
+    const std::optional<QString> hint = m_settings.launchHintForThisSummon();
+    if (!hint) {
+        dismissLaunchHint();
+        return;
+    }
+    m_launchHint = hint;
+    m_launchHintTask = m_mainQueue.after(shownSeconds, [this] { dismissLaunchHint(); });
+    m_onChange();
+}
+
+void LaunchHintDisplay::dismissLaunchHint()
+{
+    m_launchHintTask.cancel();
+    if (std::exchange(m_launchHint, std::nullopt)) {
+        m_onChange();
+    }
+}
+
+} // namespace Tavik

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Settings/LaunchHints.h>
 #include <TavikLauncher/Views/AppIconArtwork.h>
-#include <TavikLauncher/Views/CenterPainter.h>
+#include <TavikLauncher/Views/CenterLayout.h>
 #include <TavikLauncher/Views/IconSpriteDecoder.h>
 #include <TavikLauncher/Views/TavikIconFactory.h>
 
@@ -37,7 +37,7 @@ RingScene scene(double diameter, double thickness)
 }
 
 /// How far the label's rounded corners reach from the ring's centre.
-double reach(const RingScene& scene, const CenterPainter::Pill& pill)
+double reach(const RingScene& scene, const CenterLayout::Label& pill)
 {
     const QRectF& rect = pill.rect;
     const double cornerRadius = pill.cornerRadius;
@@ -111,9 +111,9 @@ private Q_SLOTS:
             ring.center.indicator = u"Search mode"_s;
             ring.center.query = u"a very long text that somebody typed by mistake"_s;
             ring.center.selectedName = u"An Application With A Name Much Wider Than The Ring"_s;
-            const QList<CenterPainter::Pill> pills = CenterPainter::pills(ring);
+            const QList<CenterLayout::Label> pills = CenterLayout::visibleLabels(ring);
             QCOMPARE(pills.size(), 3);
-            for (const CenterPainter::Pill& pill : pills) {
+            for (const CenterLayout::Label& pill : pills) {
                 QVERIFY(reach(ring, pill) <= ring.geometry.innerRadius);
             }
         }
@@ -121,7 +121,7 @@ private Q_SLOTS:
         MemoryUserDefaults defaults;
         for (int summon = 0; summon < 11; ++summon) {
             ring.center.launchHint = LaunchHints::nextHint(defaults, {.interval = 1}).value();
-            const QList<CenterPainter::Pill> pills = CenterPainter::pills(ring);
+            const QList<CenterLayout::Label> pills = CenterLayout::visibleLabels(ring);
             QCOMPARE(pills.size(), 1);
             QVERIFY2(reach(ring, pills.front()) <= ring.geometry.innerRadius,
                      qPrintable(ring.center.launchHint));
@@ -131,26 +131,26 @@ private Q_SLOTS:
     void labelsAreStackedAboutTheCenter()
     {
         RingScene ring = scene(320, 80);
-        QCOMPARE(CenterPainter::pills(ring).size(), 1);
-        QCOMPARE(CenterPainter::fieldRect(ring).center(), ring.geometry.center);
+        QCOMPARE(CenterLayout::visibleLabels(ring).size(), 1);
+        QCOMPARE(CenterLayout::fieldRect(ring).center(), ring.geometry.center);
 
         ring.center.selectedName = u"Editor"_s;
-        QList<CenterPainter::Pill> pills = CenterPainter::pills(ring);
+        QList<CenterLayout::Label> pills = CenterLayout::visibleLabels(ring);
         QCOMPARE(pills.size(), 2);
         QCOMPARE((pills.front().rect.top() + pills.back().rect.bottom()) / 2,
                  ring.geometry.center.y());
-        QVERIFY(pills.front().rect.bottom() < CenterPainter::fieldRect(ring).top());
+        QVERIFY(pills.front().rect.bottom() < CenterLayout::fieldRect(ring).top());
 
         ring.center.query = u"ed"_s;
-        QVERIFY(CenterPainter::pills(ring).back().rect.top()
-                > CenterPainter::fieldRect(ring).bottom());
+        QVERIFY(CenterLayout::visibleLabels(ring).back().rect.top()
+                > CenterLayout::fieldRect(ring).bottom());
         ring.center.selectedName.clear();
         ring.center.message = u"No matches"_s;
-        QCOMPARE(CenterPainter::pills(ring).size(), 2);
+        QCOMPARE(CenterLayout::visibleLabels(ring).size(), 2);
 
         RingScene faded = scene(320, 80);
         faded.center.fieldOpacity = 0;
-        QVERIFY(CenterPainter::pills(faded).isEmpty());
+        QVERIFY(CenterLayout::visibleLabels(faded).isEmpty());
     }
 
     void spriteHasRoundedCornersAndAShadow()

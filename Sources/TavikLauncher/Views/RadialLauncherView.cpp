@@ -3,7 +3,7 @@
 #include <TavikLauncher/Ring/LauncherCommands.h>
 #include <TavikLauncher/Ring/LauncherPresentationState.h>
 #include <TavikLauncher/Settings/LauncherSettings.h>
-#include <TavikLauncher/Views/CenterPainter.h>
+#include <TavikLauncher/Views/CenterLayout.h>
 #include <TavikLauncher/Views/FilterField.h>
 #include <TavikLauncher/Views/RadialLauncherView.h>
 #include <TavikLauncher/Views/RingPainter.h>
@@ -392,7 +392,7 @@ void RadialLauncherView::placeFilterField()
 {
     const QPointF offset = inRingPlane({0, 0});
     m_filterField->setGeometry(
-        CenterPainter::fieldRect(scene()).translated(-offset).toAlignedRect());
+        CenterLayout::fieldRect(scene()).translated(-offset).toAlignedRect());
 }
 
 bool RadialLauncherView::event(QEvent* event)

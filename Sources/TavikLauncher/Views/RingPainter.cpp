@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Views/CenterLayout.h>
 #include <TavikLauncher/Views/CenterPainter.h>
 #include <TavikLauncher/Views/RingPainter.h>
 
@@ -284,11 +285,11 @@ QRegion shape(const RingScene& scene)
         return QRegion(bounds.toAlignedRect(), QRegion::Ellipse);
     };
     QRegion region = circle(ring.outerRadius) - circle(ring.innerRadius - 1);
-    for (const CenterPainter::Pill& pill : CenterPainter::pills(scene)) {
+    for (const CenterLayout::Label& label : CenterLayout::visibleLabels(scene)) {
         QPainterPath outline;
-        outline.addRoundedRect(pill.rect.translated(margin(scene), margin(scene)),
-                               pill.cornerRadius,
-                               pill.cornerRadius);
+        outline.addRoundedRect(label.rect.translated(margin(scene), margin(scene)),
+                               label.cornerRadius,
+                               label.cornerRadius);
         region += QRegion(outline.toFillPolygon().toPolygon());
     }
     return region;

@@ -139,11 +139,21 @@ private Q_SLOTS:
             QVERIFY(!record.history().lastCheck.isValid());
             QVERIFY(record.history().failures >= 0 && record.history().failures <= 1000);
             QCOMPARE(record.skippedVersion(), QString());
-            QCOMPARE(record.newestSeenVersion(), QString());
+            QCOMPARE(record.newestSeenVersion(noon), QString());
             QCOMPARE(record.rolloutGroup(), 6);
             // Which is kept, whatever is drawn later.
             QCOMPARE(UpdateRecord(defaults, [] { return 0.0; }).rolloutGroup(), 6);
         }
+    }
+
+    void whatNoFeedConfirmsForTwoMonthsIsForgotten()
+    {
+        Test::MemoryUserDefaults defaults;
+        UpdateRecord record(defaults, [] { return 0.0; });
+        record.setNewestSeenVersion(u"999"_s, noon);
+        QCOMPARE(record.newestSeenVersion(noon.addDays(59)), u"999"_s);
+        QCOMPARE(record.newestSeenVersion(noon.addDays(60)), QString());
+        QCOMPARE(record.newestSeenVersion(noon.addDays(-60)), QString()); // The clock was wrong.
     }
 
     void versionsAreOrderedByNumbersAndWords()
@@ -197,6 +207,7 @@ private Q_SLOTS:
         row("new system", {forSystems("2", {}, u"5.9"_s)}, usual, u"not for systems newer than"_s);
         row("best for us", {forSystems("2", u"6.2"_s), offer("1.3")}, usual, u"1.3"_s);
         row("skipped, and those before it", {offer("2"), offer("1.3")}, skipped, skip);
+        row("the skipped was taken back", {offer("1.9")}, skipped, u"1.9"_s);
         row("newer than the skipped", {offer("2.1")}, skipped, u"2.1"_s);
         row("skipped, but asked for", {offer("2")}, circumstances(u"2"_s, true), u"2"_s);
         row("skipped, but critical", {critical("2")}, skipped, u"2"_s);

@@ -179,7 +179,11 @@ Selection select(const QList<AppcastItem>& items, const Circumstances& circumsta
                 .isRefused = true,
                 .newestSeenVersion = seen};
     }
-    Selection selection = choose(items, *newest, circumstances);
+    Circumstances current = circumstances;
+    if (isOlder(newest->update.versionString, current.skippedVersion)) {
+        current.skippedVersion.clear(); // It was taken back, and says nothing about others.
+    }
+    Selection selection = choose(items, *newest, current);
     selection.newestSeenVersion = newest->update.versionString;
     return selection;
 }

@@ -4,6 +4,7 @@
 #include <TavikLauncherPlatform/UserDefaults.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 namespace Tavik {
@@ -16,11 +17,13 @@ const QString lastCheckKey = u"Updater.lastCheckTime"_s;
 const QString failuresKey = u"Updater.failedChecks"_s;
 const QString skippedVersionKey = u"Updater.skippedVersion"_s;
 const QString newestSeenVersionKey = u"Updater.newestSeenVersion"_s;
+const QString newestSeenTimeKey = u"Updater.newestSeenTime"_s;
 const QString rolloutGroupKey = u"Updater.rolloutGroup"_s;
 
 constexpr qlonglong mostFailures = 1000;
 constexpr qlonglong lastSecond = 253'402'300'799; ///< Of the year 9999.
 constexpr qsizetype longestVersion = 128;
+constexpr qint64 seenCountsForSeconds = 60LL * 24 * 3600; ///< Twice the longest interval.
 
 } // namespace
 
@@ -31,14 +34,9 @@ UpdateRecord::UpdateRecord(UserDefaults& userDefaults, std::function<double()> r
 
 UpdateSchedule::History UpdateRecord::history() const
 {
-    UpdateSchedule::History history;
-    const qlonglong seconds = m_userDefaults.integerValue(lastCheckKey).value_or(0);
-    if (seconds > 0 && seconds <= lastSecond) {
-        history.lastCheck = QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC);
-    }
     const qlonglong failures = m_userDefaults.integerValue(failuresKey).value_or(0);
-    history.failures = static_cast<int>(std::clamp(failures, 0LL, mostFailures));
-    return history;
+    return {.lastCheck = time(lastCheckKey),
+            .failures = static_cast<int>(std::clamp(failures, 0LL, mostFailures))};
 }
 
 void UpdateRecord::setHistory(const UpdateSchedule::History& history)
@@ -58,14 +56,18 @@ void UpdateRecord::setSkippedVersion(const QString& version)
     setVersion(skippedVersionKey, version);
 }
 
-QString UpdateRecord::newestSeenVersion() const
+QString UpdateRecord::newestSeenVersion(const QDateTime& now) const
 {
-    return version(newestSeenVersionKey);
+    const QDateTime seen = time(newestSeenTimeKey);
+    // A date in the future says nothing.
+    const bool counts = seen.isValid() && std::abs(seen.secsTo(now)) < seenCountsForSeconds;
+    return counts ? version(newestSeenVersionKey) : QString();
 }
 
-void UpdateRecord::setNewestSeenVersion(const QString& version)
+void UpdateRecord::setNewestSeenVersion(const QString& version, const QDateTime& now)
 {
     setVersion(newestSeenVersionKey, version);
+    m_userDefaults.setObject(newestSeenTimeKey, now.toSecsSinceEpoch());
 }
 
 int UpdateRecord::rolloutGroup()
@@ -78,6 +80,13 @@ int UpdateRecord::rolloutGroup()
     const int drawn = std::clamp(static_cast<int>(m_random() * groups), 0, groups - 1);
     m_userDefaults.setObject(rolloutGroupKey, qlonglong(drawn));
     return drawn;
+}
+
+QDateTime UpdateRecord::time(const QString& key) const
+{
+    const qlonglong seconds = m_userDefaults.integerValue(key).value_or(0);
+    return seconds > 0 && seconds <= lastSecond ? QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC)
+                                                : QDateTime();
 }
 
 QString UpdateRecord::version(const QString& key) const

@@ -26,14 +26,16 @@ public:
     [[nodiscard]] QString skippedVersion() const;
     void setSkippedVersion(const QString& version);
 
-    /// The newest version that a feed has named; empty before the first.
-    [[nodiscard]] QString newestSeenVersion() const;
-    void setNewestSeenVersion(const QString& version);
+    /// The newest version that a feed has named; empty before the first, and when no feed has
+    /// confirmed it for two months: a wrong one must not shut out all that follow for good.
+    [[nodiscard]] QString newestSeenVersion(const QDateTime& now) const;
+    void setNewestSeenVersion(const QString& version, const QDateTime& now);
 
     /// Which part of a phased rollout this computer belongs to. Drawn once.
     [[nodiscard]] int rolloutGroup();
 
 private:
+    [[nodiscard]] QDateTime time(const QString& key) const; ///< Invalid without.
     [[nodiscard]] QString version(const QString& key) const;
     void setVersion(const QString& key, const QString& version);
 

@@ -91,20 +91,21 @@ void UpdateSession::feedRead(const AppcastFeed& feed)
         checkFailed(*feed.error);
         return;
     }
+    const QDateTime now = m_environment.wallClock();
     const AppcastSelection::Selection selection
         = AppcastSelection::select(feed.items,
                                    {.runningVersion = m_environment.version,
                                     .systemVersion = QSysInfo::kernelVersion(),
                                     .userInitiated = m_state.userInitiated,
-                                    .now = m_environment.wallClock(),
+                                    .now = now,
                                     .skippedVersion = m_record.skippedVersion(),
                                     .rolloutGroup = m_record.rolloutGroup(),
-                                    .newestSeenVersion = m_record.newestSeenVersion()});
+                                    .newestSeenVersion = m_record.newestSeenVersion(now)});
     if (selection.isRefused) {
         checkFailed(selection.reason);
         return;
     }
-    m_record.setNewestSeenVersion(selection.newestSeenVersion);
+    m_record.setNewestSeenVersion(selection.newestSeenVersion, now);
     if (selection.offer) {
         judge(*selection.offer);
     } else {

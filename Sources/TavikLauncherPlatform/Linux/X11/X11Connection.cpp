@@ -60,6 +60,15 @@ X11Connection::X11Connection()
     , m_root(isBroken() ? XCB_NONE : x11RootWindow(get(), m_screenNumber))
 { }
 
+xcb_atom_t x11Atom(xcb_connection_t* connection, std::string_view name)
+{
+    const X11Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
+        connection,
+        xcb_intern_atom(connection, 0, static_cast<uint16_t>(name.size()), name.data()),
+        nullptr));
+    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+}
+
 xcb_window_t x11RootWindow(xcb_connection_t* connection, int screenNumber)
 {
     xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(connection));

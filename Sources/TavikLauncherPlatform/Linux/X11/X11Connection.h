@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdlib>
 #include <memory>
+#include <string_view>
 
 #include <xcb/xcb.h>
 
@@ -82,6 +83,9 @@ private:
     int m_screenNumber = 0;
     xcb_window_t m_root = XCB_NONE;
 };
+
+/// One atom that is needed rarely; a round trip. XCB_ATOM_NONE when the connection is broken.
+[[nodiscard]] xcb_atom_t x11Atom(xcb_connection_t* connection, std::string_view name);
 
 /// The root window of a connection's screen.
 [[nodiscard]] xcb_window_t x11RootWindow(xcb_connection_t* connection, int screenNumber);

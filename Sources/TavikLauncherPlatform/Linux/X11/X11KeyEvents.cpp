@@ -271,7 +271,7 @@ void X11KeyEvents::release(quint64 id)
 
 void X11KeyEvents::handleKey(const xcb_key_press_event_t& event, bool isPress)
 {
-    if (event.event != m_root || m_grabs.empty()) {
+    if (event.event != m_root) {
         return;
     }
     if (!isPress) {

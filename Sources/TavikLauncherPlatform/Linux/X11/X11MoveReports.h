@@ -17,7 +17,7 @@ public:
 
     /// From now on, until the window is destroyed.
     void follow(xcb_window_t window);
-    /// Any event of the connection.
+    /// Any event of the connection; what other clients, or we, have made up is ignored.
     void handle(const xcb_generic_event_t& event);
 
 private:

@@ -4,22 +4,12 @@
 
 #include <algorithm>
 #include <cstring>
-#include <string_view>
 
 namespace Tavik::X11StartupNotification {
 
 namespace {
 
 constexpr qsizetype longestId = 256;
-
-xcb_atom_t atom(xcb_connection_t* connection, std::string_view name)
-{
-    const X11Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
-        connection,
-        xcb_intern_atom(connection, 0, static_cast<uint16_t>(name.size()), name.data()),
-        nullptr));
-    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-}
 
 /// Sends a text in as many messages as it takes, its terminating zero included.
 void broadcast(xcb_connection_t* connection, xcb_window_t root, const QByteArray& text)
@@ -43,7 +33,7 @@ void broadcast(xcb_connection_t* connection, xcb_window_t root, const QByteArray
     message.response_type = XCB_CLIENT_MESSAGE;
     message.format = 8;
     message.window = sender;
-    message.type = atom(connection, "_NET_STARTUP_INFO_BEGIN");
+    message.type = x11Atom(connection, "_NET_STARTUP_INFO_BEGIN");
     constexpr qsizetype partSize = sizeof(message.data);
     for (qsizetype sent = 0; sent <= text.size(); sent += partSize) {
         const qsizetype length = std::min(partSize, text.size() + 1 - sent);
@@ -54,7 +44,7 @@ void broadcast(xcb_connection_t* connection, xcb_window_t root, const QByteArray
                        root,
                        XCB_EVENT_MASK_PROPERTY_CHANGE,
                        reinterpret_cast<const char*>(&message));
-        message.type = atom(connection, "_NET_STARTUP_INFO");
+        message.type = x11Atom(connection, "_NET_STARTUP_INFO");
     }
     xcb_destroy_window(connection, sender);
     xcb_flush(connection);
@@ -76,8 +66,8 @@ void mark(xcb_connection_t* connection, xcb_window_t window, const QByteArray& s
     xcb_change_property(connection,
                         XCB_PROP_MODE_REPLACE,
                         window,
-                        atom(connection, "_NET_STARTUP_ID"),
-                        atom(connection, "UTF8_STRING"),
+                        x11Atom(connection, "_NET_STARTUP_ID"),
+                        x11Atom(connection, "UTF8_STRING"),
                         8,
                         static_cast<uint32_t>(startupId.size()),
                         startupId.constData());

@@ -13,15 +13,6 @@ namespace {
 
 constexpr uint8_t sentMark = 0x80; // An event that another client has made up.
 
-xcb_atom_t atom(xcb_connection_t* connection, const std::string& name)
-{
-    const X11Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
-        connection,
-        xcb_intern_atom(connection, 0, static_cast<uint16_t>(name.size()), name.c_str()),
-        nullptr));
-    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-}
-
 } // namespace
 
 X11Tray::X11Tray()
@@ -33,8 +24,8 @@ X11Tray::X11Tray()
     }
     xcb_connection_t* connection = m_connection.get();
     m_selection
-        = atom(connection, "_NET_SYSTEM_TRAY_S" + std::to_string(m_connection.screenNumber()));
-    m_colors = atom(connection, "_NET_SYSTEM_TRAY_COLORS");
+        = x11Atom(connection, "_NET_SYSTEM_TRAY_S" + std::to_string(m_connection.screenNumber()));
+    m_colors = x11Atom(connection, "_NET_SYSTEM_TRAY_COLORS");
     follow();
     readManager();
 }

@@ -53,12 +53,10 @@ private Q_SLOTS:
         QTRY_COMPARE(platform->screens->all().at(1).visibleFrame, QRectF(640, 0, 640, 800));
 
         const xcb_window_t window = m_client.createWindow(QByteArrayLiteral("w\0W\0"));
-        m_client.setNumbers(window, "WM_HINTS", {1, 1, 0, 0, 0, 0, 0, 0, 0}, "WM_HINTS");
-        const uint32_t x = 900;
         m_client.map(window);
-        xcb_configure_window(m_client.connection(), window, XCB_CONFIG_WINDOW_X, &x);
+        m_client.place(window, {900, 100, 200, 150});
         QTRY_COMPARE(m_client.focused(), window);
-        m_client.movePointer(5, 5);
+        m_client.movePointer({5, 5});
         QTRY_COMPARE(platform->screens->main()->frame, QRectF(640, 0, 640, 800));
         m_client.destroy(window);
         m_client.destroy(dock);

@@ -1,42 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "TestClient.h"
 
-#include <TavikLauncherPlatform/Linux/X11/X11Connection.h>
+#include <TavikLauncherPlatform/Linux/X11/X11Properties.h>
 
-#include <cstring>
+#include <array>
 
+#include <xcb/record.h>
 #include <xcb/xtest.h>
 
 namespace Tavik::Test {
 
-TestClient::TestClient()
-    : m_connection(xcb_connect(nullptr, nullptr))
-    , m_root(x11RootWindow(m_connection, 0))
-    , m_clock(createWindow("clock\0Clock\0"))
-{ }
-
-TestClient::~TestClient()
-{
-    xcb_disconnect(m_connection);
-}
-
-xcb_atom_t TestClient::atom(const char* name) const
-{
-    const X11Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
-        m_connection,
-        xcb_intern_atom(m_connection, 0, static_cast<uint16_t>(std::strlen(name)), name),
-        nullptr));
-    return reply->atom;
-}
-
 xcb_window_t TestClient::createWindow(const QByteArray& classes, qint64 processId)
 {
-    const xcb_window_t window = xcb_generate_id(m_connection);
-    const uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
-    xcb_create_window(m_connection,
+    const xcb_window_t window = xcb_generate_id(connection());
+    xcb_create_window(connection(),
                       XCB_COPY_FROM_PARENT,
                       window,
-                      m_root,
+                      root(),
                       100,
                       100,
                       200,
@@ -44,9 +24,11 @@ xcb_window_t TestClient::createWindow(const QByteArray& classes, qint64 processI
                       0,
                       XCB_WINDOW_CLASS_INPUT_OUTPUT,
                       XCB_COPY_FROM_PARENT,
-                      XCB_CW_EVENT_MASK,
-                      &mask);
+                      0,
+                      nullptr);
     setText(window, "WM_CLASS", classes, "STRING");
+    // Input hint: the window takes the focus from the window manager.
+    setNumbers(window, "WM_HINTS", {1, 1, 0, 0, 0, 0, 0, 0, 0}, "WM_HINTS");
     if (processId != 0) {
         setNumbers(window, "_NET_WM_PID", {static_cast<uint32_t>(processId)}, "CARDINAL");
     }
@@ -55,13 +37,24 @@ xcb_window_t TestClient::createWindow(const QByteArray& classes, qint64 processI
 
 void TestClient::map(xcb_window_t window)
 {
-    xcb_map_window(m_connection, window);
+    xcb_map_window(connection(), window);
+    sync();
+}
+
+void TestClient::place(xcb_window_t window, const QRect& frame)
+{
+    const std::array values{frame.x(), frame.y(), frame.width(), frame.height()};
+    xcb_configure_window(connection(),
+                         window,
+                         XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH
+                             | XCB_CONFIG_WINDOW_HEIGHT,
+                         values.data());
     sync();
 }
 
 void TestClient::destroy(xcb_window_t window)
 {
-    xcb_destroy_window(m_connection, window);
+    xcb_destroy_window(connection(), window);
     sync();
 }
 
@@ -70,15 +63,7 @@ void TestClient::setText(xcb_window_t window,
                          const QByteArray& text,
                          const char* type)
 {
-    xcb_change_property(m_connection,
-                        XCB_PROP_MODE_REPLACE,
-                        window,
-                        atom(property),
-                        atom(type),
-                        8,
-                        static_cast<uint32_t>(text.size()),
-                        text.constData());
-    sync();
+    change(window, property, type, 8, text);
 }
 
 void TestClient::setNumbers(xcb_window_t window,
@@ -86,39 +71,43 @@ void TestClient::setNumbers(xcb_window_t window,
                             const QList<uint32_t>& numbers,
                             const char* type)
 {
-    xcb_change_property(m_connection,
+    const auto* data = reinterpret_cast<const char*>(numbers.constData());
+    const auto size = static_cast<qsizetype>(sizeof(uint32_t)) * numbers.size();
+    change(window, property, type, 32, QByteArray::fromRawData(data, size));
+}
+
+void TestClient::change(xcb_window_t window,
+                        const char* property,
+                        const char* type,
+                        uint8_t bits,
+                        const QByteArray& data)
+{
+    constexpr uint32_t bitsOfByte = 8;
+    xcb_change_property(connection(),
                         XCB_PROP_MODE_REPLACE,
                         window,
                         atom(property),
                         atom(type),
-                        32,
-                        static_cast<uint32_t>(numbers.size()),
-                        numbers.constData());
+                        bits,
+                        static_cast<uint32_t>(data.size()) * bitsOfByte / bits,
+                        data.constData());
     sync();
 }
 
 QList<uint32_t> TestClient::numbers(xcb_window_t window, const char* property) const
 {
-    const X11Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
-        m_connection,
-        xcb_get_property(m_connection, 0, window, atom(property), XCB_ATOM_ANY, 0, 64),
-        nullptr));
-    if (!reply || reply->format != 32) {
-        return {};
-    }
-    const auto* values = static_cast<const uint32_t*>(xcb_get_property_value(reply.get()));
-    return {values, values + reply->value_len};
+    return X11Properties::numbers(connection(), window, atom(property));
 }
 
 void TestClient::focus(xcb_window_t window)
 {
     const xcb_timestamp_t now = time();
-    if (numbers(m_root, "_NET_SUPPORTING_WM_CHECK").isEmpty()) {
-        xcb_set_input_focus(m_connection, XCB_INPUT_FOCUS_PARENT, window, now);
+    if (numbers(root(), "_NET_SUPPORTING_WM_CHECK").isEmpty()) {
+        xcb_set_input_focus(connection(), XCB_INPUT_FOCUS_PARENT, window, now);
     } else {
         setNumbers(window, "_NET_WM_USER_TIME", {now}, "CARDINAL");
         sendToWindowManager(
-            m_connection, m_root, window, atom("_NET_ACTIVE_WINDOW"), {2, now, 0, 0, 0});
+            connection(), root(), window, atom("_NET_ACTIVE_WINDOW"), {2, now, 0, 0, 0});
     }
     sync();
 }
@@ -126,85 +115,70 @@ void TestClient::focus(xcb_window_t window)
 xcb_window_t TestClient::focused() const
 {
     const X11Reply<xcb_get_input_focus_reply_t> reply(
-        xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
+        xcb_get_input_focus_reply(connection(), xcb_get_input_focus(connection()), nullptr));
     return reply->focus;
-}
-
-xcb_timestamp_t TestClient::time()
-{
-    xcb_change_property(m_connection,
-                        XCB_PROP_MODE_APPEND,
-                        m_clock,
-                        XCB_ATOM_WM_NAME,
-                        XCB_ATOM_STRING,
-                        8,
-                        0,
-                        nullptr);
-    xcb_flush(m_connection);
-    while (const X11Reply<xcb_generic_event_t> event{xcb_wait_for_event(m_connection)}) {
-        const auto* change = reinterpret_cast<const xcb_property_notify_event_t*>(event.get());
-        if ((event->response_type & 0x7f) == XCB_PROPERTY_NOTIFY && change->window == m_clock
-            && change->atom == XCB_ATOM_WM_NAME) {
-            return change->time;
-        }
-    }
-    return XCB_CURRENT_TIME;
 }
 
 bool TestClient::grabKey(uint16_t modifiers, xcb_keycode_t key)
 {
     const X11Reply<xcb_generic_error_t> error(xcb_request_check(
-        m_connection,
+        connection(),
         xcb_grab_key_checked(
-            m_connection, 0, m_root, modifiers, key, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC)));
+            connection(), 0, root(), modifiers, key, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC)));
     return !error;
 }
 
 void TestClient::ungrabKey(uint16_t modifiers, xcb_keycode_t key)
 {
-    xcb_ungrab_key(m_connection, key, m_root, modifiers);
+    xcb_ungrab_key(connection(), key, root(), modifiers);
     sync();
 }
 
 void TestClient::pressKey(xcb_keycode_t key)
 {
     fake(XCB_KEY_PRESS, key);
+    sync();
 }
 
 void TestClient::releaseKey(xcb_keycode_t key)
 {
     fake(XCB_KEY_RELEASE, key);
+    sync();
 }
 
 void TestClient::tapKey(xcb_keycode_t key)
 {
     const xcb_timestamp_t before = time();
     while (time() == before) { }
-    pressKey(key);
-    releaseKey(key);
+    // At once, so that the server has no time to repeat the key.
+    fake(XCB_KEY_PRESS, key);
+    fake(XCB_KEY_RELEASE, key);
+    sync();
 }
 
-void TestClient::movePointer(int x, int y)
+void TestClient::movePointer(QPoint place)
 {
-    fake(XCB_MOTION_NOTIFY, 0, x, y);
+    fake(XCB_MOTION_NOTIFY, 0, place);
+    sync();
 }
 
-void TestClient::sync() const
+bool TestClient::isRecording(xcb_record_context_t context) const
 {
-    static_cast<void>(focused());
+    const X11Reply<xcb_record_get_context_reply_t> reply(xcb_record_get_context_reply(
+        connection(), xcb_record_get_context(connection(), context), nullptr));
+    return reply && reply->enabled;
 }
 
-void TestClient::fake(uint8_t type, uint8_t detail, int x, int y)
+void TestClient::fake(uint8_t type, uint8_t detail, QPoint place)
 {
-    xcb_test_fake_input(m_connection,
+    xcb_test_fake_input(connection(),
                         type,
                         detail,
                         XCB_CURRENT_TIME,
-                        m_root,
-                        static_cast<int16_t>(x),
-                        static_cast<int16_t>(y),
+                        root(),
+                        static_cast<int16_t>(place.x()),
+                        static_cast<int16_t>(place.y()),
                         0);
-    sync();
 }
 
 } // namespace Tavik::Test

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncherPlatform/Linux/X11/X11EventPump.h>
+
 #include <QByteArray>
 #include <QGuiApplication>
 #include <QList>
+#include <QRect>
 #include <QTest>
 
-#include <memory>
-
+#include <xcb/record.h>
 #include <xcb/xcb.h>
 
 namespace Tavik::Test {
@@ -33,18 +35,14 @@ inline void settle()
 class TestClient
 {
 public:
-    TestClient();
-    ~TestClient();
-    TestClient(const TestClient&) = delete;
-    TestClient& operator=(const TestClient&) = delete;
-
-    [[nodiscard]] xcb_connection_t* connection() const { return m_connection; }
-    [[nodiscard]] xcb_window_t root() const { return m_root; }
-    [[nodiscard]] xcb_atom_t atom(const char* name) const;
+    [[nodiscard]] xcb_connection_t* connection() const { return m_connection.get(); }
+    [[nodiscard]] xcb_window_t root() const { return m_connection.root(); }
+    [[nodiscard]] xcb_atom_t atom(const char* name) const { return x11Atom(connection(), name); }
 
     /// A window that is not yet shown. `classes` is the whole property ("instance\0class\0").
     xcb_window_t createWindow(const QByteArray& classes, qint64 processId = 0);
     void map(xcb_window_t window);
+    void place(xcb_window_t window, const QRect& frame);
     void destroy(xcb_window_t window);
     void
     setText(xcb_window_t window, const char* property, const QByteArray& text, const char* type);
@@ -57,7 +55,7 @@ public:
     void focus(xcb_window_t window);
     [[nodiscard]] xcb_window_t focused() const;
     /// The server's time now.
-    [[nodiscard]] xcb_timestamp_t time();
+    [[nodiscard]] xcb_timestamp_t time() { return m_pump.serverTime(); }
 
     [[nodiscard]] bool grabKey(uint16_t modifiers, xcb_keycode_t key);
     void ungrabKey(uint16_t modifiers, xcb_keycode_t key);
@@ -65,16 +63,22 @@ public:
     void releaseKey(xcb_keycode_t key);
     /// A press and a release by hand: not in the same millisecond as the event before.
     void tapKey(xcb_keycode_t key);
-    void movePointer(int x, int y);
+    void movePointer(QPoint place);
+    [[nodiscard]] bool isRecording(xcb_record_context_t context) const;
     /// Until the server has done everything so far.
-    void sync() const;
+    void sync() const { static_cast<void>(focused()); }
 
 private:
-    void fake(uint8_t type, uint8_t detail, int x = 0, int y = 0);
+    void change(xcb_window_t window,
+                const char* property,
+                const char* type,
+                uint8_t bits,
+                const QByteArray& data);
+    void fake(uint8_t type, uint8_t detail, QPoint place = {});
 
-    xcb_connection_t* m_connection;
-    xcb_window_t m_root;
-    xcb_window_t m_clock;
+    X11Connection m_connection;
+    X11EventPump m_pump{m_connection, XCB_ATOM_WM_NAME, [](const xcb_generic_event_t&) {
+                        }};
 };
 
 } // namespace Tavik::Test

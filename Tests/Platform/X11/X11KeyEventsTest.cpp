@@ -27,19 +27,19 @@ private:
     TestClient m_client;
     QtMainQueue m_queue;
     FakeAccessibilityPermission m_permission;
+    X11KeyEvents m_events{toolkitConnection(), m_queue, m_permission};
 
-    KeyEvents::HotKeyResult registerKey(KeyEvents& events, quint64 flags, QList<double>& presses)
+    KeyEvents::HotKeyResult registerKey(quint64 flags, QList<double>& presses)
     {
-        return events.registerHotKey({.keyCode = f9, .modifierFlags = flags},
-                                     [&presses](double time) { presses.append(time); });
+        return m_events.registerHotKey({.keyCode = f9, .modifierFlags = flags},
+                                       [&presses](double time) { presses.append(time); });
     }
 
 private Q_SLOTS:
     void pressIsReportedAtItsTimeWithAnyLocks()
     {
-        X11KeyEvents events(toolkitConnection(), m_queue, m_permission);
         QList<double> presses;
-        const auto result = registerKey(events, ModifierFlags::control, presses);
+        const auto result = registerKey(ModifierFlags::control, presses);
         QCOMPARE(result.status, 0);
         // Toggled in turn: none, caps, both, num alone.
         for (const xcb_keycode_t lock : {xcb_keycode_t{}, capsLock, numLock, capsLock}) {
@@ -61,11 +61,10 @@ private Q_SLOTS:
 
     void onlyTheExactModifiersCount()
     {
-        X11KeyEvents events(toolkitConnection(), m_queue, m_permission);
         QList<double> plain;
         QList<double> controlled;
-        const auto first = registerKey(events, 0, plain);
-        const auto second = registerKey(events, ModifierFlags::control, controlled);
+        const auto first = registerKey(0, plain);
+        const auto second = registerKey(ModifierFlags::control, controlled);
         QVERIFY(first.registration && second.registration);
         m_client.pressKey(control);
         m_client.tapKey(f9Key);
@@ -84,9 +83,8 @@ private Q_SLOTS:
     void heldKeyIsReportedOnce()
     {
         QCOMPARE(QProcess::execute(u"xset"_qs, {u"r"_qs, u"rate"_qs, u"100"_qs, u"50"_qs}), 0);
-        X11KeyEvents events(toolkitConnection(), m_queue, m_permission);
         QList<double> presses;
-        const auto result = registerKey(events, 0, presses);
+        const auto result = registerKey(0, presses);
         QVERIFY(result.registration);
         m_client.pressKey(f9Key);
         QTest::qWait(500);
@@ -101,9 +99,8 @@ private Q_SLOTS:
     {
         constexpr uint16_t lockedControl = XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_LOCK;
         QVERIFY(m_client.grabKey(lockedControl, f9Key));
-        X11KeyEvents events(toolkitConnection(), m_queue, m_permission);
         QList<double> presses;
-        const auto result = registerKey(events, ModifierFlags::control, presses);
+        const auto result = registerKey(ModifierFlags::control, presses);
         QVERIFY(!result.registration);
         QCOMPARE(result.status, int{XCB_ACCESS});
         QVERIFY(m_client.grabKey(XCB_MOD_MASK_CONTROL, f9Key));
@@ -113,10 +110,9 @@ private Q_SLOTS:
 
     void endedRegistrationGivesTheKeyBack()
     {
-        X11KeyEvents events(toolkitConnection(), m_queue, m_permission);
         QList<double> presses;
         {
-            const auto result = registerKey(events, 0, presses);
+            const auto result = registerKey(0, presses);
             QVERIFY(result.registration);
             QVERIFY(!m_client.grabKey(0, f9Key));
         }
@@ -130,9 +126,10 @@ private Q_SLOTS:
     void registrationMayEndInsideItsOwnPressAndOutliveTheKeyEvents()
     {
         auto events = std::make_unique<X11KeyEvents>(toolkitConnection(), m_queue, m_permission);
+        const KeyEvents::HotKey hotKey{.keyCode = f9, .modifierFlags = 0};
         KeyEvents::HotKeyResult result;
         int presses = 0;
-        result = events->registerHotKey({.keyCode = f9, .modifierFlags = 0}, [&](double) {
+        result = events->registerHotKey(hotKey, [&](double) {
             ++presses;
             result.registration.reset();
         });
@@ -141,8 +138,7 @@ private Q_SLOTS:
         QTRY_COMPARE(presses, 1);
         settle();
         QCOMPARE(presses, 1);
-        QList<double> more;
-        result = registerKey(*events, 0, more);
+        result = events->registerHotKey(hotKey, {});
         events.reset();
         QTRY_VERIFY(m_client.grabKey(0, f9Key));
         m_client.ungrabKey(0, f9Key);
@@ -150,19 +146,19 @@ private Q_SLOTS:
 
     void impossibleKeysAreRefused()
     {
-        X11KeyEvents events(toolkitConnection(), m_queue, m_permission);
-        QVERIFY(events.registerHotKey({.keyCode = 52, .modifierFlags = 0}, {}).status != 0);
-        QVERIFY(events.registerHotKey({.keyCode = 0xffff, .modifierFlags = 0}, {}).status != 0);
+        constexpr quint16 yen = 93; // Of Japanese keyboards.
+        for (const quint16 key : {quint16{52}, quint16{0xffff}, yen}) {
+            QVERIFY(m_events.registerHotKey({.keyCode = key, .modifierFlags = 0}, {}).status != 0);
+        }
         QList<double> presses;
-        const auto result = registerKey(events, 0, presses);
-        QCOMPARE(registerKey(events, 0, presses).status, int{XCB_ACCESS});
+        const auto result = registerKey(0, presses);
+        QCOMPARE(registerKey(0, presses).status, int{XCB_ACCESS});
     }
 
     void keyFollowsAChangedModifierMap()
     {
-        X11KeyEvents events(toolkitConnection(), m_queue, m_permission);
         QList<double> presses;
-        const auto result = registerKey(events, ModifierFlags::command, presses);
+        const auto result = registerKey(ModifierFlags::command, presses);
         QVERIFY(result.registration);
         const QString moved = u"-e|clear mod4|-e|clear mod3|-e|add mod3 = Super_L Super_R"_qs;
         QCOMPARE(QProcess::execute(u"xmodmap"_qs, moved.split(u'|')), 0);

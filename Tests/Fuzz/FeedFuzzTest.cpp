@@ -102,19 +102,6 @@ private Q_SLOTS:
         });
     }
 
-    void damagedVersionsKeepTheirOrder()
-    {
-        QString before;
-        tryDamaged(22, "1.10.2 beta 3-build", 100, [&](const QByteArray& damaged, int& understood) {
-            const QString version = QString::fromLatin1(damaged);
-            QVERIFY(AppcastVersion::compare(version, version) == 0);
-            const std::weak_ordering order = AppcastVersion::compare(version, before);
-            QVERIFY((AppcastVersion::compare(before, version) < 0) == (order > 0));
-            understood += order == 0 ? 1 : 0;
-            before = version;
-        });
-    }
-
     void damagedNotesLoadNothing()
     {
         static const QRegularExpression written(

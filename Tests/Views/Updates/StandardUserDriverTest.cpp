@@ -43,21 +43,6 @@ private Q_SLOTS:
         QVERIFY(fixture.replies.isEmpty());
     }
 
-    void whatWasLeftPendingIsShownWhenTheUserAsks()
-    {
-        UpdatesFixture fixture;
-        fixture.find(UpdatesFixture::item(), false);
-        fixture.driver.showUpdateReleaseNotes({.text = u"Faster."_s});
-        fixture.delegate.calls.clear();
-        fixture.driver.showUpdateInFocus();
-        QCOMPARE(fixture.delegate.calls,
-                 (QStringList{u"will show 2.1 by user"_s, u"attention 2.1"_s}));
-        QVERIFY(fixture.window());
-        fixture.click(u"Install"_s);
-        QCOMPARE(fixture.replies, QList{UpdateChoice::install});
-        QVERIFY(!fixture.window());
-    }
-
     void attentionIsReportedOnce()
     {
         UpdatesFixture fixture;

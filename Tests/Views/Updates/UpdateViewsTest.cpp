@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "UpdatesFixture.h"
 #include <TavikLauncher/Views/Updates/ReleaseNotesView.h>
-#include <TavikLauncher/Views/Updates/TransferRate.h>
 #include <TavikLauncher/Views/Updates/UpdateAlertView.h>
 #include <TavikLauncher/Views/Updates/UpdateProgressBar.h>
 
@@ -174,23 +173,6 @@ private Q_SLOTS:
         fixture.mainQueue.advance(0.5);
         QVERIFY(text().startsWith(u"3.0 MB — "_s));
         QCOMPARE(bar->maximum(), 0);
-    }
-
-    void theSpeedIsThatOfTheLastSeconds()
-    {
-        TransferRate rate;
-        rate.add(0, 100);
-        QCOMPARE(rate.bytesPerSecond(), std::nullopt);
-        rate.add(50, 100.3);
-        QCOMPARE(rate.bytesPerSecond(), std::nullopt);
-        rate.add(1000, 101);
-        QCOMPARE(rate.bytesPerSecond(), 1000);
-        for (int second = 2; second <= 20; ++second) {
-            rate.add(1000 + 10 * (second - 1), 100 + second);
-        }
-        QCOMPARE(rate.bytesPerSecond(), 10);
-        rate.add(5, 121);
-        QCOMPARE(rate.bytesPerSecond(), std::nullopt);
     }
 
     void theBarMovesOnlyWhereItMay()

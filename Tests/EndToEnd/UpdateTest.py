@@ -11,7 +11,7 @@ import pytest
 from harness import accessibility
 from harness.desktop import Monitor
 from harness.launcher import BUS_NAME, Launcher
-from harness.update_feed import Signer, UpdateFeed
+from harness.update_feed import UpdateFeed
 from harness.waiting import stays, wait_front, wait_until
 
 TITLE = "Software Update"
@@ -155,24 +155,6 @@ def test_a_check_by_the_user_comes_to_the_pointer_and_installs(
     assert len(started) == 1
     assert [path.name for path in installed.parent.glob("*Tavik*") if path.is_file()] == [installed.name]
     assert [path.name for path in installed.parent.glob(".*Tavik*")] == [], "nothing is left behind"
-
-
-def test_what_its_maker_has_not_signed_is_refused(launcher, feed, image, installed, display, desktop, look):
-    launcher.start("--background")
-    for fault in ("foreign signature", "other content"):
-        feed.offer("2.1", image + b"evil", signer=Signer() if fault == "foreign signature" else None)
-        if fault == "other content":
-            feed.replace_package(image + b"good")
-        launcher.command("--check-for-updates")
-        accessibility.click(desktop, "Install")
-        accessibility.wait_text(desktop, "The update was not installed.")
-        accessibility.wait_text(desktop, "signature|signed")
-        look(fault)
-        assert installed.read_bytes() == image
-        assert [path.name for path in installed.parent.glob(".*Tavik*")] == [], "nothing is left behind"
-        display.press("Return")
-        display.wait_gone(TITLE)
-        assert not launcher.exited()
 
 
 def test_a_build_without_a_feed_says_so(desktop, launcher, display, look):

@@ -69,22 +69,18 @@ class UpdateFeed:
             "TAVIK_TEST_VERSION": "2.0",
         }
 
-    def offer(self, version, package, signer=None, notes="<p>Faster.</p>"):
-        """Makes `package` the newest version; `signer` is somebody else who has signed it."""
-        signature = (signer or self.signer).sign(package)
+    def offer(self, version, package):
+        """Makes `package` the newest version."""
+        signature = self.signer.sign(package)
         self._files["/package"] = package, "application/vnd.appimage"
         self._files["/feed.xml"] = f"""<?xml version="1.0" encoding="utf-8"?>
             <rss version="2.0" xmlns:sparkle="{NAMESPACE}"><channel><item>
               <title>Version {version}</title>
               <sparkle:version>{version}</sparkle:version>
-              <description><![CDATA[{notes}]]></description>
+              <description><![CDATA[<p>Faster.</p>]]></description>
               <enclosure url="{self._address("/package")}" length="{len(package)}"
                 type="application/vnd.appimage" sparkle:edSignature="{signature}"/>
             </item></channel></rss>""".encode(), "application/rss+xml"
-
-    def replace_package(self, package):
-        """Serves something else, of whatever length, where the offered package was."""
-        self._files["/package"] = package, "application/vnd.appimage"
 
     def _address(self, path):
         return f"http://127.0.0.1:{self._server.server_address[1]}{path}"

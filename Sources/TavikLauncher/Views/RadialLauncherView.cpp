@@ -11,9 +11,7 @@
 #include <TavikLauncherPlatform/WindowServer.h>
 
 #include <QEnterEvent>
-#include <QGuiApplication>
 #include <QPainter>
-#include <QScreen>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -26,11 +24,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double frameSeconds = 1.0 / 120.0;
-constexpr double selectedIconScale = 1.08;
 constexpr double spinnerTurnSeconds = 1.0;
 constexpr double renderAheadDelay = 0.03;
-constexpr int catalogHead = 24;
-constexpr int wheelStep = 120;
 constexpr qsizetype longestDrawnText = 256; // A bundle may call itself anything.
 
 QString drawable(const QString& text)
@@ -43,9 +38,9 @@ QString drawable(const QString& text)
 RadialLauncherView::RadialLauncherView(const Dependencies& dependencies, QWidget* parent)
     : QWidget(parent)
     , m_dependencies(dependencies)
-    , m_sprites(dependencies.iconDecoder)
-    , m_icons(m_sprites, dependencies.workQueue)
+    , m_icons(dependencies.iconDecoder, dependencies.workQueue)
     , m_interaction(dependencies.ring, dependencies.ownIdentifier, dependencies.onClose)
+    , m_pointer(m_interaction, dependencies.onClose)
     , m_filterField(new FilterField(this))
     , m_fieldFade(dependencies.ring.mainQueue, [this] { startFrames(); })
 {
@@ -89,9 +84,9 @@ void RadialLauncherView::connectSurroundings()
         &m_dependencies.ring.catalog, &AppCatalog::appsChanged, this, [this] { prefetchIcons(); });
     connect(&m_dependencies.ring.catalog,
             &AppCatalog::foldersChanged,
-            &m_icons,
+            &m_icons.cache(),
             &AppIconCache::invalidate);
-    connect(&m_icons, &AppIconCache::imageReady, this, [this] { refreshAppearance(); });
+    connect(&m_icons.cache(), &AppIconCache::imageReady, this, [this] { refreshAppearance(); });
 }
 
 double RadialLauncherView::diameter() const
@@ -116,12 +111,9 @@ QPointF RadialLauncherView::inRingPlane(QPointF position) const
     return position - QPointF(margin, margin);
 }
 
-/// Device pixels of an icon at rest (width) and of a selected one (height).
-QSize RadialLauncherView::spriteSides(double ratio) const
+RingIcons::Measures RadialLauncherView::iconMeasures() const
 {
-    const double side = geometryInPoints().effectiveIconSize * ratio;
-    return {static_cast<int>(std::lround(side)),
-            static_cast<int>(std::lround(side * selectedIconScale))};
+    return {.side = geometryInPoints().effectiveIconSize, .ratio = devicePixelRatioF()};
 }
 
 RingScene RadialLauncherView::scene()
@@ -136,17 +128,17 @@ RingScene RadialLauncherView::scene()
     scene.isOpaque = !m_dependencies.windowServer.isCompositing();
     scene.center = centerTexts();
 
-    const QSize sides = spriteSides(scene.devicePixelRatio);
+    const RingIcons::Measures measures = iconMeasures();
     const QList<IndexedApp>& apps = m_interaction.ringApps();
     scene.icons.reserve(apps.size());
     for (int slot = 0; slot < apps.size(); ++slot) {
         const IndexedApp& app = apps.at(slot);
         RingIcon icon;
         icon.center = scene.geometry.slotCenter(slot);
-        icon.icon = m_icons.image(app.icon(), sides.width(), scene.devicePixelRatio);
+        icon.icon = m_icons.image(app, RingIcons::Size::resting, measures);
         icon.emphasis = m_motion.emphasis(app.id());
         if (icon.emphasis != 0) {
-            icon.emphasizedIcon = m_icons.image(app.icon(), sides.height(), scene.devicePixelRatio);
+            icon.emphasizedIcon = m_icons.image(app, RingIcons::Size::selected, measures);
         }
         icon.isRunning = m_interaction.isRunning(app);
         icon.dimsWhenNotRunning = !m_interaction.isFiltering();
@@ -289,39 +281,12 @@ void RadialLauncherView::centerChanged()
 
 void RadialLauncherView::prefetchIcons()
 {
-    QList<AppIcon> ring;
-    for (const IndexedApp& app : m_interaction.ringApps()) {
-        ring << app.icon();
-    }
     if (isVisible()) {
-        prefetch(ring, devicePixelRatioF(), true);
-        return;
+        m_icons.prefetch(m_interaction.ringApps(), iconMeasures());
+    } else {
+        m_icons.prefetchAhead(
+            m_interaction.ringApps(), m_dependencies.ring.catalog.apps(), iconMeasures());
     }
-    const QList<IndexedApp>& apps = m_dependencies.ring.catalog.apps();
-    QList<AppIcon> head;
-    for (const IndexedApp& app : apps.first(std::min<qsizetype>(catalogHead, apps.size()))) {
-        head << app.icon();
-    }
-    // The next summon may be on any screen; the present one's icons matter most and come last.
-    QList<double> ratios{devicePixelRatioF()};
-    for (const QScreen* screen : QGuiApplication::screens()) {
-        if (!ratios.contains(screen->devicePixelRatio())) {
-            ratios.prepend(screen->devicePixelRatio());
-        }
-    }
-    prefetch(head, devicePixelRatioF(), false);
-    for (const double ratio : ratios) {
-        prefetch(ring, ratio, true);
-    }
-}
-
-void RadialLauncherView::prefetch(const QList<AppIcon>& icons, double ratio, bool alsoSelected)
-{
-    const QSize sides = spriteSides(ratio);
-    if (alsoSelected) {
-        m_icons.prefetch(icons, sides.height(), ratio);
-    }
-    m_icons.prefetch(icons, sides.width(), ratio);
 }
 
 void RadialLauncherView::startFrames()
@@ -429,8 +394,7 @@ void RadialLauncherView::hideEvent(QHideEvent*)
 {
     m_frames.cancel();
     m_fieldFade.cancel();
-    m_pressedSlot = -1;
-    m_wheelDelta = 0;
+    m_pointer.reset();
     m_interaction.setShown(false);
     // Resets what this summon left behind, so that the ring drawn ahead is the next summon's.
     m_interaction.prepareForShow(false);
@@ -450,36 +414,17 @@ void RadialLauncherView::mouseMoveEvent(QMouseEvent* event)
 
 void RadialLauncherView::mousePressEvent(QMouseEvent* event)
 {
-    const std::optional<int> slot = geometryInPoints().slotAt(inRingPlane(event->position()));
-    m_pressedSlot = event->button() == Qt::LeftButton ? slot.value_or(-1) : -1;
-
-    const RingGeometry ring = geometryInPoints();
-    const QPointF offset = inRingPlane(event->position()) - ring.center;
-    const bool isOutside = std::hypot(offset.x(), offset.y()) > ring.outerRadius;
-    if (isOutside) {
-        // The panel's transparent corners look like what lies below: a click there is outside.
-        m_dependencies.onClose();
-    }
+    m_pointer.press(inRingPlane(event->position()), event->button(), geometryInPoints());
 }
 
 void RadialLauncherView::mouseReleaseEvent(QMouseEvent* event)
 {
-    const int pressed = std::exchange(m_pressedSlot, -1);
-    const std::optional<int> slot = geometryInPoints().slotAt(inRingPlane(event->position()));
-    if (event->button() == Qt::LeftButton && slot && *slot == pressed) {
-        m_interaction.clickSlot(*slot);
-    }
+    m_pointer.release(inRingPlane(event->position()), event->button(), geometryInPoints());
 }
 
 void RadialLauncherView::wheelEvent(QWheelEvent* event)
 {
-    m_wheelDelta += event->angleDelta().y();
-    for (; m_wheelDelta >= wheelStep; m_wheelDelta -= wheelStep) {
-        m_interaction.moveSelectionLeft();
-    }
-    for (; m_wheelDelta <= -wheelStep; m_wheelDelta += wheelStep) {
-        m_interaction.moveSelectionRight();
-    }
+    m_pointer.turnWheel(event->angleDelta().y());
     event->accept();
 }
 

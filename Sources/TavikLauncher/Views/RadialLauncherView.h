@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <TavikLauncher/Catalog/AppIconCache.h>
 #include <TavikLauncher/Ring/RingInteraction.h>
 #include <TavikLauncher/Ring/RingMotion.h>
 #include <TavikLauncher/Views/FieldFade.h>
-#include <TavikLauncher/Views/IconSpriteDecoder.h>
+#include <TavikLauncher/Views/RingIcons.h>
 #include <TavikLauncher/Views/RingImageCache.h>
+#include <TavikLauncher/Views/RingPointer.h>
 #include <TavikLauncher/Views/RingScene.h>
 
 #include <QWidget>
@@ -76,7 +76,7 @@ private:
     [[nodiscard]] RingGeometry geometryInPoints() const;
     /// A point of this widget in the ring's own plane.
     [[nodiscard]] QPointF inRingPlane(QPointF position) const;
-    [[nodiscard]] QSize spriteSides(double ratio) const;
+    [[nodiscard]] RingIcons::Measures iconMeasures() const;
     [[nodiscard]] RingCenter centerTexts() const;
 
     void connectInteraction();
@@ -86,7 +86,6 @@ private:
     void centerChanged();
     void refreshAppearance();
     void prefetchIcons();
-    void prefetch(const QList<AppIcon>& icons, double ratio, bool alsoSelected);
     void startFrames();
     void stepFrame();
     void repaintHighlight(const RingScene& before);
@@ -95,9 +94,9 @@ private:
     void placeFilterField();
 
     Dependencies m_dependencies;
-    IconSpriteDecoder m_sprites;
-    AppIconCache m_icons;
+    RingIcons m_icons;
     RingInteraction m_interaction;
+    RingPointer m_pointer;
     RingMotion m_motion;
     FilterField* m_filterField;
 
@@ -109,8 +108,6 @@ private:
     double m_lastFrame = 0;
     double m_spinnerTurns = 0;
     Task m_renderAhead;
-    int m_pressedSlot = -1;
-    int m_wheelDelta = 0;
 };
 
 } // namespace Tavik

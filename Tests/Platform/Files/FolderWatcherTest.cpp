@@ -24,13 +24,13 @@ private Q_SLOTS:
     {
         m_watcher.reset();
         m_tree = std::make_unique<FileTree>();
+        m_tree->makeFolder(u"apps"_s);
         m_queue = std::make_unique<VirtualMainQueue>();
         m_reports = 0;
     }
 
     void aNewFileIsReportedOnceSettled()
     {
-        m_tree->makeFolder(u"apps"_s);
         watch(u"apps"_s);
         m_tree->write(u"apps/a.desktop"_s);
         QVERIFY(noticed());
@@ -43,18 +43,12 @@ private Q_SLOTS:
 
     void aBurstIsReportedOnceAndAnEndlessOneToo()
     {
-        m_tree->makeFolder(u"apps"_s);
         watch(u"apps"_s);
-        for (int number = 0; number < 20; ++number) {
+        for (int number = 0; number < 60; ++number) {
             m_tree->write(u"apps/%1.desktop"_s.arg(number));
             waitForNotifications();
             pass(0.1);
-        }
-        QCOMPARE(m_reports, 0);
-        for (int number = 20; number < 60; ++number) {
-            m_tree->write(u"apps/%1.desktop"_s.arg(number));
-            waitForNotifications();
-            pass(0.1);
+            QVERIFY(m_reports == 0 || number > 45);
         }
         QCOMPARE(m_reports, 1);
         pass(2);
@@ -63,7 +57,6 @@ private Q_SLOTS:
 
     void foldersAddedLaterAreWatched()
     {
-        m_tree->makeFolder(u"apps"_s);
         watch(u"apps"_s);
         m_tree->makeFolder(u"apps/new/deep"_s);
         QVERIFY(settled());
@@ -141,7 +134,6 @@ private Q_SLOTS:
 
     void nothingIsReportedAfterItsEnd()
     {
-        m_tree->makeFolder(u"apps"_s);
         watch(u"apps"_s);
         m_tree->write(u"apps/a.desktop"_s);
         QVERIFY(noticed());

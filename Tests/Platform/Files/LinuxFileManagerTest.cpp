@@ -6,10 +6,7 @@
 #include <Support/FileTree.h>
 #include <Support/StepWorkQueue.h>
 #include <Support/VirtualMainQueue.h>
-#include <atomic>
 #include <filesystem>
-#include <thread>
-#include <vector>
 
 #include <unistd.h>
 
@@ -105,30 +102,6 @@ private Q_SLOTS:
                 tree.link(target, target.mid(1).replace(u'/', u'-') + u".desktop"_s));
             QVERIFY(bundle && bundle->isHidden && bundle->identifier);
         }
-    }
-
-    void bundlesAreReadOnSeveralThreadsAtOnce()
-    {
-        const FileTree tree;
-        const QString entry = tree.write(
-            u"x.desktop"_s, "[Desktop Entry]\nType=Application\nName=X\nExec=sh\nTryExec=sh\n");
-        tree.write(u"X.app/Contents/Info.plist"_s,
-                   "<plist><dict><key>CFBundleName</key><string>X</string></dict></plist>");
-        std::atomic<int> read = 0;
-        const auto readAll = [&] {
-            for (int round = 0; round < 200; ++round) {
-                const auto shown = m_files.bundle(entry);
-                const auto folder = m_files.bundle(tree.path(u"X.app"_s));
-                read += shown && !shown->isHidden && folder && folder->name == u"X"_s ? 1 : 0;
-            }
-        };
-        {
-            std::vector<std::jthread> threads;
-            for (int thread = 0; thread < 4; ++thread) {
-                threads.emplace_back(readAll);
-            }
-        }
-        QCOMPARE(read, 800);
     }
 
     void theSessionsFoldersComeInOrder()

@@ -40,6 +40,15 @@ struct Heard
     }
 };
 
+class Window final : public QWindow
+{
+public:
+    QList<int> keys;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override { keys << event->key(); }
+};
+
 } // namespace
 
 class X11KeySourcesTest : public QObject
@@ -68,12 +77,16 @@ private:
         return m_events.addGlobalMonitor(Kind::modifiersChanged,
                                          [&heard](const KeyEvents::Event& event) { heard(event); });
     }
-    static bool activate(QWindow& window)
+    /// Shows the window and waits until keys reach it; the last of these may come a little later.
+    [[nodiscard]] bool activate(Window& window)
     {
         window.resize(100, 100);
         window.show();
         window.requestActivate();
-        return QTest::qWaitForWindowActive(&window);
+        return QTest::qWaitFor([&] {
+            m_client.tapKey(letterA);
+            return !window.keys.isEmpty();
+        });
     }
     void playChord()
     {
@@ -210,14 +223,7 @@ private Q_SLOTS:
             = m_events.addLocalMonitor(Kind::keyDown, [&](const KeyEvents::Event& event) {
                   return swallows && event.keyCode == f9;
               });
-        class Window : public QWindow
-        {
-        public:
-            QList<int> keys;
-
-        protected:
-            void keyPressEvent(QKeyEvent* event) override { keys << event->key(); }
-        } window;
+        Window window;
         playChord();
         settle();
         QCOMPARE(heard.flags.size(), 0);
@@ -244,7 +250,7 @@ private Q_SLOTS:
     {
         Heard tapped;
         Heard heard;
-        QWindow window;
+        Window window;
         QVERIFY(activate(window));
         const auto recording = tap(tapped);
         const auto monitor

@@ -1,5 +1,7 @@
 # SPDX-License-Identifier: MIT
 """A new user's first minutes: the tour, and the way to it through the permission."""
+import time
+
 import pytest
 
 from harness import accessibility
@@ -76,6 +78,29 @@ def test_the_menu_repeats_the_tour_which_comes_until_it_is_taken(new_user, panel
     display.press("Return")
     display.wait_gone(TOUR)
     wait_until(lambda: new_user.defaults()[COMPLETED], "the tour counts as taken")
+
+
+REPEATS = 0.9  # Seconds after which a key that is held down repeats.
+
+
+@pytest.mark.desktop(window_manager="metacity")
+@pytest.mark.parametrize("keys, argument, title", [
+    (("Return",), None, TOUR), (("Return",), "--show", "Tavik Launcher"), (("ctrl", "q"), "--settings", SETTINGS)])
+def test_a_key_held_down_since_before_is_not_meant_for_us(new_user, desktop, display, keys, argument, title):
+    """As the Return of the command that starts the program, or what closed another one."""
+    new_user.settings(hasCompletedOnboarding=argument is not None)
+    desktop.spawn(["xterm", "-T", "Terminal"])
+    wait_front(display, "Terminal")
+    if argument:
+        new_user.start()
+    with display.held(*keys):
+        time.sleep(REPEATS)
+        new_user.command(argument) if argument else new_user.start(by_hand=True)
+        window = wait_front(display, title)
+        stays(lambda: display.find(title) == window, "it stays", 0.5)
+    time.sleep(0.05)  # Nobody lets a key go and presses it again within one thousandth.
+    display.press("+".join(keys))
+    display.wait_gone(title)
 
 
 def test_the_permission_comes_first_and_without_it_the_program_still_serves(new_user, display, desktop, look):

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncher/Views/HeldKeyGuard.h>
+
 #include <QSize>
 #include <QWidget>
 
@@ -56,6 +58,7 @@ private:
     WindowServer& m_windowServer;
     bool m_skipsTaskbar;
     QSize m_fixedSize; ///< Empty when the size is not fixed.
+    HeldKeyGuard m_heldKeys;
 };
 
 /// A window may be forgotten from inside its own event.

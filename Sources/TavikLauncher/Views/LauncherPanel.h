@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncher/Views/HeldKeyGuard.h>
 #include <TavikLauncherPlatform/MainQueue.h>
 #include <TavikLauncherPlatform/PanelSurface.h>
 
@@ -63,6 +64,7 @@ private:
 
     Dependencies m_dependencies;
     RadialLauncherView* m_ring;
+    HeldKeyGuard m_heldKeys;
     Task m_focusWatch; ///< Runs while the toolkit's word on the focus is in doubt.
     bool m_activates = false;
     bool m_isKey = false; ///< Has had the keyboard since it was shown.

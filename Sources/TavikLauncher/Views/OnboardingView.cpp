@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Settings/HotKeyConfig.h>
+#include <TavikLauncher/Views/AppIconView.h>
 #include <TavikLauncher/Views/OnboardingTour.h>
 #include <TavikLauncher/Views/OnboardingView.h>
 #include <TavikLauncher/Views/SymbolView.h>
-#include <TavikLauncher/Views/TavikIconFactory.h>
 #include <TavikLauncher/Views/WindowStyle.h>
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPainter>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -29,27 +29,13 @@ constexpr int iconSide = 60;
 constexpr int headerGap = 16;
 constexpr int rowSymbol = 24;
 
-/// The application's icon, drawn for the screen it is on.
-class IconView final : public QWidget
+/// The shortcut's name is the user's own text. A label breaks its lines between words only, and
+/// cuts off a longer word than it has room for.
+QString breakable(QString text)
 {
-public:
-    explicit IconView(QWidget* parent)
-        : QWidget(parent)
-        , m_icon(TavikIconFactory::appIcon(iconSide))
-    {
-        setFixedSize(iconSide, iconSide);
-    }
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        QPainter painter(this);
-        m_icon.paint(&painter, rect());
-    }
-
-private:
-    QIcon m_icon;
-};
+    static const QRegularExpression longRun(u"(\\S{30})(?=\\S)"_s);
+    return text.replace(longRun, u"\\1\u200B"_s);
+}
 
 } // namespace
 
@@ -86,7 +72,7 @@ QLayout* OnboardingView::makeHeader()
 
     auto* header = new QHBoxLayout;
     header->setSpacing(headerGap);
-    header->addWidget(new IconView(this));
+    header->addWidget(new AppIconView(iconSide, this));
     header->addLayout(texts, 1);
     return header;
 }
@@ -96,7 +82,7 @@ QLayout* OnboardingView::makeRow(const TourRow& row)
     auto* texts = new QVBoxLayout;
     texts->setSpacing(2);
     texts->addWidget(makeLabel(row.title, {.size = 14, .weight = QFont::DemiBold}, this));
-    texts->addWidget(makeLabel(row.detail, {.role = TextRole::secondary}, this));
+    texts->addWidget(makeLabel(breakable(row.detail), {.role = TextRole::secondary}, this));
 
     auto* symbol = new SymbolView(row.symbol, rowSymbol, &WindowStyle::tint, this);
     auto* layout = new QHBoxLayout;

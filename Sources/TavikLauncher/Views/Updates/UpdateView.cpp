@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <TavikLauncher/Views/TavikIconFactory.h>
+#include <TavikLauncher/Views/AppIconView.h>
 #include <TavikLauncher/Views/Updates/UpdateView.h>
 #include <TavikLauncher/Views/WindowStyle.h>
 
@@ -7,7 +7,6 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPainter>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -41,24 +40,6 @@ bool isReturn(const QKeyEvent& event)
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
 
-/// The program's icon: an ornament, so that assistive technology passes it over.
-class IconView final : public QWidget
-{
-public:
-    explicit IconView(QWidget* parent)
-        : QWidget(parent)
-    {
-        setFixedSize(iconSide, iconSide);
-    }
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        QPainter painter(this);
-        TavikIconFactory::appIcon(iconSide).paint(&painter, rect());
-    }
-};
-
 } // namespace
 
 UpdateView::UpdateView()
@@ -69,7 +50,7 @@ UpdateView::UpdateView()
 
     auto* head = new QHBoxLayout;
     head->setSpacing(iconGap);
-    head->addWidget(new IconView(this), 0, Qt::AlignTop);
+    head->addWidget(new AppIconView(iconSide, this), 0, Qt::AlignTop);
     m_column = new QVBoxLayout;
     m_column->setContentsMargins(0, 2, 0, 0);
     m_column->setSpacing(6);

@@ -33,10 +33,16 @@ const QString& checkForUpdatesTitle()
     return title;
 }
 
-/// Whoever reads a title takes an ampersand for the mark of a mnemonic.
+/// A title whose marks of mnemonics are meant as they stand.
 QString withoutMnemonics(QString text)
 {
-    return text.replace(u'&', u"&&"_s);
+    text.replace(u'&', u"&&"_s);
+    // Menus on the bus mark with an underscore and write it twice when it is meant. The toolkit
+    // turns the first ampersand into one and leaves the others alone.
+    if (const qsizetype first = text.indexOf(u'_'); first >= 0 && !text.contains(u'&')) {
+        text.insert(first, u'&');
+    }
+    return text;
 }
 
 } // namespace

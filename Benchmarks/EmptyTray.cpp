@@ -5,34 +5,17 @@
 //
 //   EmptyTray    (takes F10 once the item is shown)
 
+#include "F10Key.h"
+
 #include <QApplication>
 #include <QPixmap>
 #include <QSystemTrayIcon>
 
 #include <cstdio>
-#include <cstdlib>
-#include <memory>
-
-#include <xcb/xcb.h>
-#include <xcb/xcb_keysyms.h>
 
 namespace {
-
-constexpr xcb_keysym_t f10 = 0xffc7;
 constexpr int iconSide = 22;
-
-void grabF10(xcb_connection_t* connection)
-{
-    const std::unique_ptr<xcb_key_symbols_t, decltype(&xcb_key_symbols_free)> symbols(
-        xcb_key_symbols_alloc(connection), &xcb_key_symbols_free);
-    const std::unique_ptr<xcb_keycode_t, decltype(&std::free)> codes(
-        xcb_key_symbols_get_keycode(symbols.get(), f10), &std::free);
-    const auto root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
-    xcb_grab_key(connection, 0, root, 0, *codes, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
-    xcb_flush(connection);
 }
-
-} // namespace
 
 int main(int argc, char** argv)
 {
@@ -47,6 +30,9 @@ int main(int argc, char** argv)
     picture.fill(Qt::black);
     QSystemTrayIcon icon{QIcon(picture)};
     icon.show();
-    grabF10(x11->connection());
+    if (takeF10(x11->connection()) == 0) {
+        std::fputs("F10 is taken.\n", stderr);
+        return 1;
+    }
     return QApplication::exec();
 }

@@ -6,6 +6,8 @@
 //
 //   EmptyWindow [TITLE [SIDE]]    (F10 shows and hides it; prints "ready" when the key is held)
 
+#include "F10Key.h"
+
 #include <QAbstractNativeEventFilter>
 #include <QApplication>
 #include <QPainter>
@@ -13,15 +15,9 @@
 #include <QWidget>
 
 #include <cstdio>
-#include <cstdlib>
-#include <memory>
-
-#include <xcb/xcb.h>
-#include <xcb/xcb_keysyms.h>
 
 namespace {
 
-constexpr xcb_keysym_t f10 = 0xffc7;
 constexpr int defaultSide = 352;
 
 class EmptyWindow final : public QWidget
@@ -81,20 +77,6 @@ private:
     xcb_keycode_t m_key;
 };
 
-xcb_keycode_t grabF10(xcb_connection_t* connection)
-{
-    const std::unique_ptr<xcb_key_symbols_t, decltype(&xcb_key_symbols_free)> symbols(
-        xcb_key_symbols_alloc(connection), &xcb_key_symbols_free);
-    const std::unique_ptr<xcb_keycode_t, decltype(&std::free)> codes(
-        xcb_key_symbols_get_keycode(symbols.get(), f10), &std::free);
-    const auto root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
-    const auto request = xcb_grab_key_checked(
-        connection, 0, root, 0, *codes, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
-    const std::unique_ptr<xcb_generic_error_t, decltype(&std::free)> error(
-        xcb_request_check(connection, request), &std::free);
-    return error ? xcb_keycode_t{0} : *codes;
-}
-
 } // namespace
 
 int main(int argc, char** argv)
@@ -111,7 +93,7 @@ int main(int argc, char** argv)
     const int side = arguments.value(2).toInt();
     EmptyWindow window(title, side > 0 ? side : defaultSide);
 
-    const auto key = grabF10(x11->connection());
+    const auto key = takeF10(x11->connection());
     if (key == 0) {
         std::fputs("F10 is taken.\n", stderr);
         return 1;

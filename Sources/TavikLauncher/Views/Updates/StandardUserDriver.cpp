@@ -195,7 +195,7 @@ void StandardUserDriver::showUpdateHandedOver(std::function<void()> acknowledged
 {
     showAlert(
         u"The update is with your installer."_s,
-        u"Tavik Launcher %1 has been downloaded and verified. Your desktop’s installer takes "
+        u"Tavik Launcher %1 has been downloaded and verified. Your desktop's installer takes "
         u"it from here. Once it is done, quit Tavik Launcher and start it again."_s.arg(version()),
         acknowledged);
 }

@@ -12,9 +12,6 @@ using namespace Tavik;
 using namespace Tavik::Test;
 using namespace Qt::StringLiterals;
 
-using KeyCode = std::optional<quint16>;
-using Characters = std::optional<QString>;
-
 namespace {
 
 constexpr quint64 capsLock = 0x10000;
@@ -69,30 +66,6 @@ class HotKeyTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void makeNamesTheGesture_data()
-    {
-        using namespace ModifierFlags;
-        const Table<quint64, KeyCode, Characters, QString> row;
-        row("hold", control | option, {}, {}, u"⌃⌥ (hold)"_s);
-        row("all", all, 49, u" "_s, u"⌃⌥⇧⌘Space"_s);
-        row("longer in upper case", control, 27, u"ß"_s, u"⌃SS"_s);
-        row("no characters", control, 42, {}, u"⌃Key42"_s);
-        row("empty characters", control, 42, QString(), u"⌃"_s);
-        row("named key first", control, 53, u"\u001b"_s, u"⌃Esc"_s);
-        row("F10", option, 109, {}, u"⌥F10"_s);
-        row("A is code 0", option, 0, {}, u"⌥Key0"_s);
-    }
-
-    void makeNamesTheGesture()
-    {
-        const auto [flags, keyCode, characters, name]
-            = fetch<quint64, KeyCode, Characters, QString>();
-        const auto config = HotKeyConfig::make(flags, keyCode, characters);
-        QCOMPARE(config.displayName, name);
-        QCOMPARE(config.modifierFlagsRaw, flags);
-        QCOMPARE(config.keyCode, keyCode);
-    }
-
     void makeKeepsNoDeviceDependentFlags()
     {
         QCOMPARE(HotKeyConfig::make(0xC0101, std::nullopt), HotKeyConfig::defaultConfig());
@@ -123,12 +96,13 @@ private Q_SLOTS:
     void modifiersAndAKeyAreCommittedAtThePress_data()
     {
         const Table<quint16, QString, QString, QString> row;
-        row("space", 49, u"co"_s, u" "_s, u"⌃⌥Space"_s);
+        row("space with all", 49, u"csom"_s, u" "_s, u"⌃⌥⇧⌘Space"_s);
         row("letter", 40, u"sm"_s, u"k"_s, u"⇧⌘K"_s);
-        row("another layout's letter", 0, u"c"_s, u"ф"_s, u"⌃Ф"_s);
+        row("another layout's letter, code 0", 0, u"c"_s, u"ф"_s, u"⌃Ф"_s);
+        row("longer in upper case", 27, u"c"_s, u"ß"_s, u"⌃SS"_s);
         row("no characters", 42, u"c"_s, {}, u"⌃Key42"_s);
-        row("held escape", 53, u"c"_s, {}, u"⌃Esc"_s);
-        row("shift alone holds", 122, u"s"_s, {}, u"⇧F1"_s);
+        row("held escape", 53, u"c"_s, u"\u001b"_s, u"⌃Esc"_s);
+        row("shift alone holds", 109, u"s"_s, {}, u"⇧F10"_s);
     }
 
     void modifiersAndAKeyAreCommittedAtThePress()
@@ -154,10 +128,8 @@ private Q_SLOTS:
         row("two at once", u"sm -"_s, u"⇧⌘ (hold)"_s, false);
         row("the peak counts", u"c co com om m -"_s, u"⌃⌥⌘ (hold)"_s, false);
         row("the later of two equals", u"c co o om m -"_s, u"⌥⌘ (hold)"_s, false);
-        row("all four", u"c cs cso csom -"_s, u"⌃⌥⇧⌘ (hold)"_s, false);
         row("still held", u"c co o"_s, {}, true);
         row("one cancels", u"s -"_s, {}, false);
-        row("one after another cancels", u"s c -"_s, {}, false);
         row("none", u"- -"_s, {}, true);
     }
 
@@ -195,18 +167,6 @@ private Q_SLOTS:
         QCOMPARE(recorded.names, QStringList{u"⌃⇧ (hold)"_s});
         QCOMPARE(changes.size(), 3);
     }
-
-    void ownerMayRecordAgainAtOnce()
-    {
-        Recorded recorded;
-        recorded.recorder.onCommit = [&](const HotKeyConfig& config) {
-            recorded.names << config.displayName;
-            recorded.recorder.start();
-        };
-        recorded.press(49, u"c"_s);
-        recorded.press(49, u"o"_s);
-        QCOMPARE(recorded.names, QStringList({u"⌃Space"_s, u"⌥Space"_s}));
-    }
 };
 
 // Outside of the class: moc 6.4 loses its way in raw strings.
@@ -219,7 +179,6 @@ void HotKeyTest::jsonIsReadStrictly_data()
     const QByteArray rest = R"(,"displayName":"x")";
     row("hold form", R"("modifierFlagsRaw":786432)" + rest, true);
     row("absent key code", R"("keyCode":null,"modifierFlagsRaw":786432)" + rest, true);
-    row("unknown member", R"("more":[1],"modifierFlagsRaw":786432)" + rest, true);
     row("no name", R"("modifierFlagsRaw":786432)", false);
     row("no flags", R"("displayName":"x")", false);
     row("name of another type", R"("modifierFlagsRaw":786432,"displayName":1)", false);
@@ -227,10 +186,7 @@ void HotKeyTest::jsonIsReadStrictly_data()
     row("negative flags", R"("modifierFlagsRaw":-65536)" + rest, false);
     row("broken flags", R"("modifierFlagsRaw":786432.5)" + rest, false);
     row("flags beyond 64 bits", R"("modifierFlagsRaw":18446744073709551616)" + rest, false);
-    row("flags beyond everything", R"("modifierFlagsRaw":1e999)" + rest, false);
     row("key code too large", R"("keyCode":65536,"modifierFlagsRaw":786432)" + rest, false);
-    row("key code as text", R"("keyCode":"1","modifierFlagsRaw":786432)" + rest, false);
-    text("array", "[]", false);
     text("nothing", {}, false);
     text("deep", QByteArray(60'000, '['), false);
     row("huge",

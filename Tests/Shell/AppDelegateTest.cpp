@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Shell/AppDelegate.h>
+#include <TavikLauncher/Shell/TavikLauncherApp.h>
 
-#include <QApplication>
+#include <QLabel>
 #include <QLayout>
 #include <QPointer>
 #include <QTest>
@@ -200,7 +201,7 @@ private Q_SLOTS:
     void theTourGrowsWithTheNameOfTheShortcut()
     {
         Application application;
-        const QString name = u"Quite a key "_s.repeated(20);
+        const QString name = u"Quite a key "_s.repeated(20) + QString(100, u'W');
         application.store(
             u"hotKeyConfig"_s,
             u"{\"modifierFlagsRaw\":0,\"keyCode\":49,\"displayName\":\"%1\"}"_s.arg(name).toUtf8());
@@ -210,6 +211,9 @@ private Q_SLOTS:
         QCOMPARE(tour->width(), 560);
         QVERIFY(tour->height() > 420);
         QVERIFY(tour->height() >= tour->layout()->minimumSize().height());
+        for (const QLabel* label : tour->findChildren<QLabel*>()) {
+            QVERIFY2(label->minimumSizeHint().width() <= label->width(), "no word is cut off");
+        }
     }
 
     void theSettingsHideTheRingAndShowItsPreviewBesideThem()
@@ -234,6 +238,21 @@ private Q_SLOTS:
         QVERIFY(!shown(ringTitle));
         requestPreview();
         QVERIFY2(!shown(ringTitle), "the settings are there, but hidden");
+    }
+
+    void theSessionsEndClosesNoWindow()
+    {
+        Application application;
+        application.start();
+        application.perform(AppAction::tour);
+        const auto endSession = [] {
+            QEvent quit(QEvent::Quit);
+            QCoreApplication::sendEvent(qApp, &quit);
+        };
+        QMetaObject::invokeMethod(qApp, endSession, Qt::QueuedConnection);
+        QCOMPARE(TavikLauncherApp::exec(), 0);
+        QVERIFY(shown(tourTitle));
+        QCOMPARE(application.stored(u"hasCompletedOnboarding"_s), QVariant(false));
     }
 
     void onlyWhatUsersLaunchIsRecorded_data()
@@ -298,5 +317,11 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(AppDelegateTest)
+int main(int argc, char** argv)
+{
+    TavikLauncherApp application(argc, argv);
+    AppDelegateTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "AppDelegateTest.moc"

@@ -3,13 +3,13 @@
 #include <TavikLauncher/Shell/BuildUpdateSource.h>
 #include <TavikLauncher/Shell/CommandLine.h>
 #include <TavikLauncher/Shell/RuntimeFolder.h>
+#include <TavikLauncher/Shell/TavikLauncherApp.h>
 #include <TavikLauncher/Views/RingAccessibility.h>
 #include <TavikLauncherPlatform/Linux/Desktop/ApplicationLaunch.h>
 #include <TavikLauncherPlatform/NotificationCenter.h>
 #include <TavikLauncherPlatform/Platform.h>
 #include <TavikLauncherPlatform/TerminationSignals.h>
 
-#include <QApplication>
 #include <QCoreApplication>
 #include <QLoggingCategory>
 #include <QTextStream>
@@ -118,10 +118,7 @@ Ending run(int argc, char** argv, const CommandLine& commandLine)
 {
     // Other programs' icons may be faulty in many ways; whoever decodes them goes on with the next.
     QLoggingCategory::setFilterRules(u"qt.gui.imageio*=false\nqt.svg*=false"_s);
-    QApplication::setQuitOnLastWindowClosed(false);
-    QApplication application(argc, argv);
-    QApplication::setApplicationName(u"Tavik Launcher"_s);
-    QApplication::setDesktopFileName(u"org.tavik.Launcher"_s);
+    TavikLauncherApp application(argc, argv);
 
     auto instance = std::make_unique<SingleInstance>();
     if (instance->claim() == SingleInstance::Claim::taken) {
@@ -129,7 +126,7 @@ Ending run(int argc, char** argv, const CommandLine& commandLine)
     }
     RingAccessibility::install();
     const UpdateSource updates = buildUpdateSource();
-    QApplication::setApplicationVersion(updates.version);
+    TavikLauncherApp::setApplicationVersion(updates.version);
     const std::unique_ptr<Platform> platform = makePlatform(updates);
     platform->updater->onTerminate = [] {
         QCoreApplication::exit();
@@ -139,7 +136,7 @@ Ending run(int argc, char** argv, const CommandLine& commandLine)
     delegate.applicationDidFinishLaunching();
     beginService(*instance, delegate, commandLine);
     const TerminationSignals signals([] { QCoreApplication::exit(); });
-    Ending ending{.exitCode = QApplication::exec()};
+    Ending ending{.exitCode = TavikLauncherApp::exec()};
     ending.programToRelaunch = platform->updater->programToRelaunch();
     // No job may outlive what it refers to; what hangs ends with the process.
     if (!platform->workQueue->finish()) {

@@ -38,7 +38,7 @@ constexpr std::array elements{
     ElementRow{u"tr", Kind::block, u"p"}, // Tables are read row by row.
     ElementRow{u"caption", Kind::block, u"p"},
     ElementRow{u"pre", Kind::block, u"pre"},
-    ElementRow{u"h1", Kind::block, u"h3"}, // The window has larger headings of its own.
+    ElementRow{u"h1", Kind::block, u"h3"}, // As large as the title of the window.
     ElementRow{u"h2", Kind::block, u"h3"},
     ElementRow{u"h3", Kind::block, u"h4"},
     ElementRow{u"h4", Kind::block, u"h4"},

@@ -287,6 +287,10 @@ private Q_SLOTS:
                  "javascript:alert(1)")) {
             QVERIFY2(!mayFetch(QUrl(url)), qPrintable(url));
         }
+        const QUrl local(u"http://localhost/"_s);
+        QVERIFY(mayFollow(local, local) && mayFollow(local, feedUrl));
+        QVERIFY(mayFollow(feedUrl, feedUrl) && !mayFollow(feedUrl, local));
+        QVERIFY(!mayFollow(local, QUrl(u"http://example.org/"_s)));
     }
 };
 

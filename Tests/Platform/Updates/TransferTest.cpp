@@ -2,7 +2,6 @@
 #include "UpdaterBench.h"
 #include <TavikLauncherPlatform/Linux/Updates/UpdateDocument.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateDownload.h>
-#include <TavikLauncherPlatform/Linux/Updates/UpdateUrls.h>
 
 #include <QRegularExpression>
 
@@ -95,9 +94,6 @@ private Q_SLOTS:
         row("gone", {.status = "410 Gone"}, u"The file is not on the server."_s);
         row("password", {.status = "401 Who"}, u"The server answered with an error (401)."_s);
         row("a piece", {.status = "206 Piece"}, u"The server answered with an error (206)."_s);
-        row("to a file",
-            {.status = "302 Found", .headers = {"Location: file:///etc/passwd"}},
-            u"The server wanted to go on over an unprotected connection, which was refused."_s);
         row("in a circle",
             {.status = "302 Found", .headers = {"Location: /file"}},
             u"The server only points from one address to the next."_s);
@@ -111,16 +107,13 @@ private Q_SLOTS:
             {.headers = {"Content-Encoding: gzip"}, .body = "\x1f\x8b"},
             u"The server sent something packed, which was refused."_s);
         row("broken off", {.body = "half of it", .endsAfter = 4}, broken);
-        row("silent",
-            {.headers = {"Content-Length: 9"}, .stalls = true},
-            u"The server stopped answering."_s);
     }
 
     void answersThatAreNoneAreToldApart()
     {
         const auto [answer, reason] = fetch<Answer, QString>();
         server().answer("/file", {answer});
-        read(server().url("/file"), answer.stalls ? 0.5 : 0.002);
+        read(server().url("/file"));
         QCOMPARE(m_reason, reason);
         QCOMPARE(m_fixture->mainQueue.pendingTasks(), 0);
     }
@@ -139,14 +132,6 @@ private Q_SLOTS:
         QCOMPARE(m_reason, u"The server “127.0.0.1” cannot be reached."_s);
         read(QUrl(u"http://example.org/"_s));
         QCOMPARE(m_reason, u"The file would come over an unprotected connection."_s);
-    }
-
-    void protectionIsNeverGivenUp()
-    {
-        const QUrl local(u"http://localhost/"_s);
-        const QUrl safe(u"https://example.org/"_s);
-        QVERIFY(mayFollow(local, local) && mayFollow(local, safe) && mayFollow(safe, safe));
-        QVERIFY(!mayFollow(safe, local) && !mayFollow(local, QUrl(u"http://example.org/"_s)));
     }
 
     void notesAreReadByTheirType()
@@ -209,6 +194,7 @@ private Q_SLOTS:
         QCOMPARE(m_reason, QString());
         QCOMPARE(m_fixture->contents(m_file->path()), m_package);
         QCOMPARE(m_fixture->contents(other), "untouched");
+        QVERIFY(m_progress.contains(100'000));
         const auto headers = server().requests.at(1).headers;
         QCOMPARE(headers.value("range"), secondRange);
         QCOMPARE(headers.value("if-range"), secondRange.isEmpty() ? "" : "\"tag\"");
@@ -218,25 +204,18 @@ private Q_SLOTS:
         QCOMPARE(filesLeft(), QStringList{u"other"_s});
     }
 
-    void downloadThatNeverGetsFurtherIsGivenUp_data()
-    {
-        const Table<Answer> row;
-        Answer broken = whole();
-        broken.headers.clear(); // It cannot be continued.
-        broken.endsAfter = 100'000;
-        row("broken off at the same place", broken);
-        row("busy", {.status = "503 Busy"});
-    }
-
     void downloadThatNeverGetsFurtherIsGivenUp()
     {
-        const auto [answer] = fetch<Answer>();
-        server().answer("/package", {answer});
-        download(0.1);
-        QVERIFY(!m_reason->isEmpty());
-        QVERIFY(server().requests.size() <= 7);
-        QCOMPARE(filesLeft(), QStringList());
-        QCOMPARE(m_fixture->mainQueue.pendingTasks(), 0);
+        const Answer broken{.body = m_package, .endsAfter = 100'000}; // It cannot be continued.
+        for (const Answer& answer : {broken, Answer{.status = "503 Busy"}}) {
+            server().requests.clear();
+            server().answer("/package", {answer});
+            download(0.1);
+            QVERIFY(!m_reason->isEmpty());
+            QVERIFY(server().requests.size() <= 7);
+            QCOMPARE(filesLeft(), QStringList());
+            QCOMPARE(m_fixture->mainQueue.pendingTasks(), 0);
+        }
     }
 
     void diskWithoutRoomEndsTheDownload()
@@ -260,21 +239,6 @@ private Q_SLOTS:
         const std::unique_ptr<UpdateDownload> nowhere = begin(u"none/part"_s);
         QVERIFY(m_fixture->play([this] { return m_reason.has_value(); }));
         QVERIFY(m_reason->contains(u"none”: No such file or directory."));
-    }
-
-    void progressGrowsAndCancellingRemovesTheFile()
-    {
-        Answer stalled = whole();
-        stalled.endsAfter = 100'000;
-        stalled.stalls = true;
-        server().answer("/package", {stalled});
-        std::unique_ptr<UpdateDownload> downloading = begin(u"part"_s);
-        QVERIFY(m_fixture->play([this] { return m_progress.endsWith(100'000); }));
-        QVERIFY(std::ranges::is_sorted(m_progress));
-        downloading.reset();
-        QVERIFY(!m_reason);
-        QCOMPARE(filesLeft(), QStringList());
-        QCOMPARE(m_fixture->mainQueue.pendingTasks(), 0);
     }
 
 private:

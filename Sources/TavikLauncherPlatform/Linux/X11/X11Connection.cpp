@@ -100,4 +100,19 @@ void sendToWindowManager(xcb_connection_t* connection,
     xcb_flush(connection);
 }
 
+void requestFocus(xcb_connection_t* connection,
+                  xcb_window_t root,
+                  const X11Atoms& atoms,
+                  xcb_window_t window,
+                  xcb_timestamp_t time)
+{
+    // EWMH: the request comes from a pager or the like, so it is the user's own wish.
+    constexpr uint32_t sourcePager = 2;
+    sendToWindowManager(connection,
+                        root,
+                        window,
+                        atoms[X11Atom::netActiveWindow],
+                        {sourcePager, time, XCB_NONE, 0, 0});
+}
+
 } // namespace Tavik

@@ -87,6 +87,12 @@ private:
 /// One atom that is needed rarely; a round trip. XCB_ATOM_NONE when the connection is broken.
 [[nodiscard]] xcb_atom_t x11Atom(xcb_connection_t* connection, std::string_view name);
 
+/// What an event's `response_type` is about, also when another client has made the event up.
+[[nodiscard]] constexpr int x11EventType(uint8_t responseType)
+{
+    return responseType & 0x7f;
+}
+
 /// The root window of a connection's screen.
 [[nodiscard]] xcb_window_t x11RootWindow(xcb_connection_t* connection, int screenNumber);
 
@@ -96,5 +102,12 @@ void sendToWindowManager(xcb_connection_t* connection,
                          xcb_window_t window,
                          xcb_atom_t type,
                          const std::array<uint32_t, 5>& data);
+
+/// Asks the window manager to show and focus `window`, as the user wished at the server's `time`.
+void requestFocus(xcb_connection_t* connection,
+                  xcb_window_t root,
+                  const X11Atoms& atoms,
+                  xcb_window_t window,
+                  xcb_timestamp_t time);
 
 } // namespace Tavik

@@ -7,17 +7,6 @@
 
 namespace Tavik {
 
-namespace {
-
-constexpr uint8_t sentEventBit = 0x80;
-
-uint8_t typeOf(const xcb_generic_event_t& event)
-{
-    return event.response_type & static_cast<uint8_t>(~sentEventBit);
-}
-
-} // namespace
-
 X11EventPump::X11EventPump(const X11Connection& connection,
                            xcb_atom_t clockProperty,
                            Handler handler,
@@ -60,7 +49,7 @@ xcb_timestamp_t X11EventPump::serverTime()
                         nullptr);
     xcb_flush(m_connection.get());
     while (Event event{xcb_wait_for_event(m_connection.get())}) {
-        if (typeOf(*event) == XCB_PROPERTY_NOTIFY) {
+        if (x11EventType(event->response_type) == XCB_PROPERTY_NOTIFY) {
             const auto* change = reinterpret_cast<const xcb_property_notify_event_t*>(event.get());
             if (change->window == m_clockWindow) {
                 drainSoon();
@@ -107,7 +96,7 @@ void X11EventPump::drain()
 void X11EventPump::dispatch(const Event& event)
 {
     // Type 0 is the error of a request nobody waited for: its window has gone.
-    if (typeOf(*event) != 0) {
+    if (x11EventType(event->response_type) != 0) {
         m_handler(*event);
     }
 }

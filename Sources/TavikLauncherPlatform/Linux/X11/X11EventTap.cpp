@@ -19,7 +19,6 @@ enum class Category : uint8_t {
     endOfData = 5
 };
 
-constexpr uint8_t sentEventBit = 0x80;
 constexpr int eventSize = 32;
 
 } // namespace
@@ -185,7 +184,7 @@ bool X11EventTap::handle(const xcb_record_enable_context_reply_t& reply)
 
 void X11EventTap::handleKey(const xcb_key_press_event_t& event)
 {
-    const int type = event.response_type & ~sentEventBit;
+    const int type = x11EventType(event.response_type);
     if (type != XCB_KEY_PRESS && type != XCB_KEY_RELEASE) {
         return;
     }

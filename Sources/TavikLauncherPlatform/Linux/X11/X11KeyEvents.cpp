@@ -209,7 +209,7 @@ bool X11KeyEvents::nativeEventFilter(const QByteArray& eventType, void* message,
         return false;
     }
     const auto* event = static_cast<const xcb_generic_event_t*>(message);
-    const int type = event->response_type & 0x7f;
+    const int type = x11EventType(event->response_type);
     if (type == XCB_KEY_PRESS || type == XCB_KEY_RELEASE) {
         handleKey(*reinterpret_cast<const xcb_key_press_event_t*>(event), type == XCB_KEY_PRESS);
     } else if (type == XCB_MAPPING_NOTIFY) {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/X11/X11Connection.h>
 #include <TavikLauncherPlatform/Linux/X11/X11KeyMonitors.h>
 
 #include <QCoreApplication>
@@ -67,7 +68,7 @@ bool X11ModifierMonitor::nativeEventFilter(const QByteArray& eventType, void* me
         return false;
     }
     const auto* event = static_cast<const xcb_generic_event_t*>(message);
-    if ((event->response_type & 0x7f) != m_keyboardEvent || event->pad0 != XCB_XKB_STATE_NOTIFY
+    if (x11EventType(event->response_type) != m_keyboardEvent || event->pad0 != XCB_XKB_STATE_NOTIFY
         || !m_dependencies.isTrusted()) {
         return false;
     }

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/X11/X11MoveReports.h>
+#include <TavikLauncherPlatform/Linux/X11/X11WindowTree.h>
 
 #include <algorithm>
 
 namespace Tavik {
 
 namespace {
-
-constexpr int deepestTree = 32;
 
 void listen(xcb_connection_t* connection, xcb_window_t window)
 {
@@ -76,15 +75,7 @@ void X11MoveReports::frameChanged(const xcb_configure_notify_event_t& event)
 void X11MoveReports::findFrame(Followed& followed) const
 {
     xcb_connection_t* connection = m_connection.get();
-    xcb_window_t topLevel = followed.window;
-    for (int depth = 0; depth < deepestTree; ++depth) {
-        const X11Reply<xcb_query_tree_reply_t> tree(
-            xcb_query_tree_reply(connection, xcb_query_tree(connection, topLevel), nullptr));
-        if (!tree || tree->parent == tree->root || tree->parent == XCB_NONE) {
-            break;
-        }
-        topLevel = tree->parent;
-    }
+    const xcb_window_t topLevel = X11WindowTree::topLevelOf(m_connection, followed.window);
     followed.frame = topLevel == followed.window ? xcb_window_t{XCB_NONE} : topLevel;
     if (followed.frame == XCB_NONE) {
         return;

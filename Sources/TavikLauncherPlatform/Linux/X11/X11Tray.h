@@ -3,6 +3,7 @@
 
 #include <TavikLauncherPlatform/Linux/X11/X11Connection.h>
 #include <TavikLauncherPlatform/Linux/X11/X11EventPump.h>
+#include <TavikLauncherPlatform/Linux/X11/X11SelectionOwner.h>
 
 #include <QColor>
 
@@ -18,7 +19,7 @@ class X11Tray
 public:
     X11Tray();
 
-    [[nodiscard]] bool isPresent() const { return m_manager != XCB_NONE; }
+    [[nodiscard]] bool isPresent() const { return m_manager.window() != XCB_NONE; }
     [[nodiscard]] std::optional<QColor> symbolColor() const { return m_symbolColor; }
 
     /// Called when an answer has changed.
@@ -26,17 +27,14 @@ public:
 
 private:
     void handle(const xcb_generic_event_t& event);
-    void follow();
-    void readManager();
+    void followManager();
     void readColor();
 
     X11Connection m_connection;
+    xcb_atom_t m_colors;
+    X11SelectionOwner m_manager;
     X11EventPump m_pump;
-    xcb_atom_t m_selection = XCB_ATOM_NONE; ///< Owned by the tray of the screen.
-    xcb_atom_t m_colors = XCB_ATOM_NONE;
-    xcb_window_t m_manager = XCB_NONE;
     std::optional<QColor> m_symbolColor;
-    uint8_t m_fixesEvent = 0;
 };
 
 } // namespace Tavik

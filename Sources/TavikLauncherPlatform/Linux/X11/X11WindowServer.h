@@ -4,12 +4,9 @@
 #include <TavikLauncherPlatform/Linux/X11/X11Connection.h>
 #include <TavikLauncherPlatform/Linux/X11/X11EventPump.h>
 #include <TavikLauncherPlatform/Linux/X11/X11MoveReports.h>
+#include <TavikLauncherPlatform/Linux/X11/X11SelectionOwner.h>
 #include <TavikLauncherPlatform/MainQueue.h>
 #include <TavikLauncherPlatform/WindowServer.h>
-
-#include <QRect>
-
-#include <vector>
 
 namespace Tavik {
 
@@ -31,19 +28,15 @@ public:
     [[nodiscard]] bool hasKeyboardFocus(WId window) const override;
     [[nodiscard]] QList<quint32> heldKeys() const override;
     [[nodiscard]] bool isOnScreen(WId window) const override;
-    [[nodiscard]] bool isCompositing() const override { return m_isCompositing; }
+    [[nodiscard]] bool isCompositing() const override { return m_compositor.window() != XCB_NONE; }
     void beginActivation(const Activation& activation) override;
     void endActivation() override;
 
 private:
     void handle(const xcb_generic_event_t& event);
-    void followCompositor();
     [[nodiscard]] bool hasWindowManager() const;
     [[nodiscard]] xcb_window_t focusedWindow(xcb_connection_t* connection) const;
-    [[nodiscard]] xcb_window_t parentOf(xcb_window_t window) const;
-    [[nodiscard]] bool isWithin(xcb_window_t window, xcb_window_t ancestor) const;
-    [[nodiscard]] bool isCovered(xcb_window_t window) const;
-    [[nodiscard]] std::vector<xcb_window_t> windowsAbove(xcb_window_t topLevel) const;
+    [[nodiscard]] bool isFree(xcb_window_t focus, xcb_window_t going) const;
     void awaitWithdrawal(xcb_window_t panel) const;
     void finishReturn();
 
@@ -51,14 +44,13 @@ private:
     MainQueue& m_mainQueue;
     X11Connection m_connection;
     X11Atoms m_atoms;
+    X11SelectionOwner m_compositor;
     X11MoveReports m_moves;
     mutable X11EventPump m_pump;
     xcb_window_t m_previousActive = XCB_NONE; ///< What the window manager called active.
     xcb_window_t m_previousFocus = XCB_NONE; ///< What really had the keyboard.
     Task m_returnTask;
     QByteArray m_startupId; ///< Of the action that is being carried out.
-    bool m_isCompositing = false;
-    uint8_t m_fixesEvent = 0;
 };
 
 } // namespace Tavik

@@ -12,8 +12,6 @@ namespace {
 constexpr double factsSettleSeconds = 0.05;
 /// Between two windows the focus belongs to none for a moment.
 constexpr double inactiveSeconds = 0.15;
-/// EWMH: the request comes from a pager or the like, so it is the user's own wish.
-constexpr uint32_t sourcePager = 2;
 
 } // namespace
 
@@ -101,16 +99,12 @@ std::optional<QPoint> X11WindowTracker::focusedPoint()
 
 void X11WindowTracker::activate(xcb_window_t window)
 {
-    sendToWindowManager(m_connection.get(),
-                        m_connection.root(),
-                        window,
-                        m_atoms[X11Atom::netActiveWindow],
-                        {sourcePager, serverTime(), XCB_NONE, 0, 0});
+    requestFocus(m_connection.get(), m_connection.root(), m_atoms, window, serverTime());
 }
 
 void X11WindowTracker::handle(const xcb_generic_event_t& event)
 {
-    switch (event.response_type & 0x7f) {
+    switch (x11EventType(event.response_type)) {
     case XCB_PROPERTY_NOTIFY:
         handleProperty(reinterpret_cast<const xcb_property_notify_event_t&>(event));
         break;

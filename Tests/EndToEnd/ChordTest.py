@@ -2,22 +2,18 @@
 """The chord: modifiers held alone show the ring, tapped twice they pin it."""
 import contextlib
 import ctypes
-import json
 import time
 
 import pytest
 from Xlib import X
 from Xlib import display as xlib_display
-from Xlib.ext import xtest
 
 from harness.accessibility import find
 from harness.waiting import stays, wait_until
 
-CONTROL_ALT = 0xC0000
 CONTROL_SHIFT = 0x60000
 NAMES = ("Alder", "Birch", "Dog Rose", "Dogwood")
 CHORD = ("ctrl", "alt")
-CHORD_PLACES = (37, 64)
 XKB_CORE_KEYBOARD = 0x100
 TAP = 0.08  # Seconds from press to release, and between two taps.
 REGISTERED = "Tavik Launcher hotkey registered (modifier-only): local=1 tap=1 global=1 AXTrusted=1"
@@ -32,22 +28,19 @@ def apps(applications):
 @pytest.fixture
 def ring(launcher, apps, display):
     launcher.pin(*apps)
-    use_shortcut(launcher, CONTROL_ALT)
-    launcher.start()
-    wait_logged(launcher, REGISTERED)
+    launcher.use_chord()
+    start(launcher)
     display.move_pointer(640, 400)
     return launcher
 
 
-def use_shortcut(launcher, flags, **key):
-    """Stores a shortcut that cannot be waited for by its grab."""
-    launcher.hot_key = None
-    record = {"modifierFlagsRaw": flags, "displayName": "shortcut", **key}
-    launcher.settings(hotKeyConfig=json.dumps(record).encode())
-
-
 def wait_logged(launcher, line):
     wait_until(lambda: line in launcher.desktop.log("launcher"), f"{line!r} is in the log")
+
+
+def start(launcher, line=REGISTERED, **options):
+    launcher.start(**options)
+    wait_logged(launcher, line)
 
 
 def shows(launcher):
@@ -57,25 +50,6 @@ def shows(launcher):
 def tap(display, *names, hold=TAP):
     with display.held(*(names or CHORD)):
         time.sleep(hold)
-
-
-@contextlib.contextmanager
-def places_held(display, *codes):
-    """Holds keys by their place on the keyboard, whatever is printed on them."""
-    for code in codes:
-        xtest.fake_input(display.connection, X.KeyPress, code)
-    display.connection.sync()
-    try:
-        yield
-    finally:
-        for code in reversed(codes):
-            xtest.fake_input(display.connection, X.KeyRelease, code)
-        display.connection.sync()
-
-
-def press_place(display, *codes):
-    with places_held(display, *codes):
-        pass
 
 
 @contextlib.contextmanager
@@ -129,18 +103,6 @@ def test_a_tap_and_a_press_pin_the_ring(ring, apps, display, look):
     ring.wait_hidden()
 
 
-def test_nothing_pins_when_the_setting_is_off(launcher, apps, display):
-    launcher.settings(doubleTapModifiersPinsLauncher=False)
-    use_shortcut(launcher, CONTROL_ALT)
-    launcher.start()
-    wait_logged(launcher, REGISTERED)
-    for _ in range(3):
-        tap(display)
-        time.sleep(0.15)
-    launcher.wait_hidden()
-    assert shows(launcher) == 3
-
-
 def test_letters_filter_and_return_launches_from_within_a_terminal(ring, apps, desktop, display, look):
     desktop.spawn(["xterm", "-T", "Terminal"])
     terminal = display.wait_for("Terminal")
@@ -167,14 +129,15 @@ def test_the_chord_works_while_another_program_holds_the_keyboard(ring, display)
 def test_letters_of_the_users_own_layout_filter(launcher, applications, desktop, display, look):
     photo, other = applications.add("Фото"), applications.add("Alder")
     launcher.pin(other, photo)
-    use_shortcut(launcher, CONTROL_ALT)
+    launcher.use_chord()
     desktop.run(["setxkbmap", "-layout", "us,ru", "-option", "grp:menu_toggle"])
-    launcher.start()
-    wait_logged(launcher, REGISTERED)
-    press_place(display, 135)  # The Menu key: on to the second layout.
-    with places_held(display, *CHORD_PLACES):
+    start(launcher)
+    with display.held(135):  # The Menu key: on to the second layout.
+        pass
+    with display.held(*CHORD):
         launcher.wait_open()
-        press_place(display, 38)  # Where a Latin keyboard has its A.
+        with display.held(38):  # Where a Latin keyboard has its A.
+            pass
         launcher.wait_shows(photo)
         look("filtered")
     stays(launcher.is_shown, "what was typed into stays open after the release")
@@ -186,8 +149,8 @@ def test_digits_launch_where_the_digit_row_needs_shift(launcher, apps, desktop, 
     launcher.pin(*apps)
     desktop.run(["setxkbmap", "fr"])
     launcher.start().summon(640, 400)
-    press_place(display, 37, 11)  # Control and the second key of the row.
-    apps[1].wait_started()
+    with display.held(37, 11):  # Control and the second key of the row.
+        apps[1].wait_started()
 
 
 def lock_modifiers(display_name, mask):
@@ -203,9 +166,8 @@ def lock_modifiers(display_name, mask):
 @pytest.mark.desktop(missing_extensions=("RECORD",))
 def test_a_server_that_records_nothing_leaves_the_other_sources(launcher, apps, desktop):
     """Such a server does not type for tests either, so the modifiers are set without a key."""
-    use_shortcut(launcher, CONTROL_ALT)
-    launcher.start()
-    wait_logged(launcher, "(modifier-only): local=1 tap=0 global=1 AXTrusted=1")
+    launcher.use_chord()
+    start(launcher, "(modifier-only): local=1 tap=0 global=1 AXTrusted=1")
     assert "XKEYBOARD=1 RECORD=0" in desktop.log("launcher")
     lock_modifiers(desktop.display_name, X.ControlMask | X.Mod1Mask)
     launcher.wait_open()
@@ -216,18 +178,17 @@ def test_a_server_that_records_nothing_leaves_the_other_sources(launcher, apps, 
 def test_modifiers_that_move_while_running_are_followed(ring, desktop, display):
     desktop.run(["setxkbmap", "-option", "altwin:swap_alt_win"])
     time.sleep(0.5)
-    with places_held(display, 37, 133):  # Where Super was.
+    with display.held(37, 133):  # Where Super was.
         ring.wait_open()
     ring.wait_hidden()
-    with places_held(display, 37, 64):
+    with display.held(37, 64):
         stays(lambda: not ring.is_shown(), "the ring is hidden", seconds=0.3)
 
 
 def test_a_modifier_that_the_keyboard_gains_makes_the_shortcut_possible(launcher, apps, desktop, display):
     desktop.run(["xmodmap", "-e", "clear mod4"])
-    use_shortcut(launcher, 0x140000)
-    launcher.start()
-    wait_logged(launcher, "failed to install hotkey monitors")
+    launcher.use_chord(0x140000)
+    start(launcher, "failed to install hotkey monitors")
     desktop.run(["xmodmap", "-e", "add mod4 = Super_L"])
     wait_logged(launcher, REGISTERED)
     with display.held("ctrl", "super"):
@@ -238,9 +199,8 @@ def test_a_modifier_that_the_keyboard_gains_makes_the_shortcut_possible(launcher
 def test_a_hundred_fast_chords_show_the_ring_a_hundred_times(launcher, apps, display):
     launcher.pin(*apps)
     launcher.settings(doubleTapModifiersPinsLauncher=False)
-    use_shortcut(launcher, CONTROL_ALT)
-    launcher.start()
-    wait_logged(launcher, REGISTERED)
+    launcher.use_chord()
+    start(launcher)
     for _ in range(100):
         tap(display, hold=0.01)
         time.sleep(0.01)
@@ -274,9 +234,8 @@ def test_other_programs_get_their_keys_back_when_the_chord_ends(ring, display):
 
 def test_a_shortcut_changed_while_it_is_held_lets_go_and_the_new_one_serves(launcher, apps, desktop, display):
     launcher.pin(*apps)
-    use_shortcut(launcher, CONTROL_SHIFT)
-    launcher.start(environment={"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"})
-    wait_logged(launcher, REGISTERED)
+    launcher.use_chord(CONTROL_SHIFT)
+    start(launcher, environment={"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"})
     launcher.command("--settings=shortcut")
     window = display.wait_for("Tavik Launcher Settings")
     wait_until(lambda: display.has_focus(window), "the settings are open")

@@ -12,10 +12,7 @@ from Xlib.protocol import event
 from harness.picture import Picture
 from harness.waiting import wait_until
 
-KEYS = {
-    "ctrl": "Control_L", "alt": "Alt_L", "super": "Super_L", "shift": "Shift_L", "space": "space",
-    "minus": "minus", "comma": "comma",
-}
+KEYS = {"ctrl": "Control_L", "alt": "Alt_L", "super": "Super_L", "shift": "Shift_L"}
 MODIFIER_MASKS = {"ctrl": X.ControlMask, "alt": X.Mod1Mask, "super": X.Mod4Mask, "shift": X.ShiftMask}
 GONE = (Xlib.error.BadWindow, Xlib.error.BadDrawable, Xlib.error.BadMatch)
 
@@ -182,44 +179,39 @@ class Display:
         answer = self.root.query_pointer()
         return answer.root_x, answer.root_y
 
-    def click(self, x=None, y=None, button=1):
-        if x is not None:
-            self.move_pointer(x, y)
-        for kind in (X.ButtonPress, X.ButtonRelease):
-            xtest.fake_input(self.connection, kind, button)
+    def _send(self, kind, codes):
+        for code in codes:
+            xtest.fake_input(self.connection, kind, code)
         self.connection.sync()
 
     @contextlib.contextmanager
+    def _down(self, press, release, codes):
+        self._send(press, codes)
+        try:
+            yield
+        finally:
+            self._send(release, reversed(codes))
+
     def button_held(self, x, y, button=1):
         """Holds a button of the pointer down from that place on, for the duration of the block."""
         self.move_pointer(x, y)
-        xtest.fake_input(self.connection, X.ButtonPress, button)
-        self.connection.sync()
-        try:
-            yield
-        finally:
-            xtest.fake_input(self.connection, X.ButtonRelease, button)
-            self.connection.sync()
+        return self._down(X.ButtonPress, X.ButtonRelease, [button])
 
-    def keycode(self, name):
-        keysym = XK.string_to_keysym(KEYS.get(name, name))
-        code = self.connection.keysym_to_keycode(keysym)
-        assert code, f"this keyboard has no key {name!r}"
+    def click(self, x=None, y=None, button=1):
+        with self.button_held(*((x, y) if x is not None else self.pointer()), button):
+            pass
+
+    def keycode(self, key):
+        """The place of a key on the keyboard, given by its name or as that place."""
+        if isinstance(key, int):
+            return key
+        code = self.connection.keysym_to_keycode(XK.string_to_keysym(KEYS.get(key, key)))
+        assert code, f"this keyboard has no key {key!r}"
         return code
 
-    @contextlib.contextmanager
-    def held(self, *names):
+    def held(self, *keys):
         """Holds keys down for the duration of the block."""
-        codes = [self.keycode(name) for name in names]
-        for code in codes:
-            xtest.fake_input(self.connection, X.KeyPress, code)
-        self.connection.sync()
-        try:
-            yield
-        finally:
-            for code in reversed(codes):
-                xtest.fake_input(self.connection, X.KeyRelease, code)
-            self.connection.sync()
+        return self._down(X.KeyPress, X.KeyRelease, [self.keycode(key) for key in keys])
 
     def press(self, chord):
         """Presses and releases a chord such as "ctrl+alt+space" or a single key such as "Return"."""
@@ -231,37 +223,29 @@ class Display:
         for character in text:
             self.press("space" if character == " " else character)
 
-    def _modifier_mask(self, names):
-        mask = 0
-        for name in names:
-            mask |= MODIFIER_MASKS[name]
-        return mask
+    def _grab_key(self, client, chord):
+        """Asks for a chord on another client's behalf; returns how it can be given back, or nothing."""
+        *modifiers, key = chord.split("+")
+        code, mask = self.keycode(key), sum(MODIFIER_MASKS[name] for name in modifiers)
+        refused = Xlib.error.CatchError(Xlib.error.BadAccess)
+        root = client.screen().root
+        root.grab_key(code, mask, False, X.GrabModeAsync, X.GrabModeAsync, onerror=refused)
+        client.sync()
+        return None if refused.get_error() else lambda: root.ungrab_key(code, mask)
 
     def is_grabbed(self, chord):
         """True when another client holds this chord. Nobody else can see the short attempt."""
-        *modifiers, key = chord.split("+")
-        code, mask = self.keycode(key), self._modifier_mask(modifiers)
-        refused = Xlib.error.CatchError(Xlib.error.BadAccess)
         self.connection.grab_server()
         try:
-            self.root.grab_key(code, mask, False, X.GrabModeAsync, X.GrabModeAsync, onerror=refused)
-            self.connection.sync()
-            if refused.get_error():
-                return True
-            self.root.ungrab_key(code, mask)
-            return False
+            give_back = self._grab_key(self.connection, chord)
+            if give_back:
+                give_back()
+            return not give_back
         finally:
             self.connection.ungrab_server()
             self.connection.sync()
 
     def grab(self, chord):
         """Takes a chord until the connection is closed, as a program of its own would."""
-        *modifiers, key = chord.split("+")
-        refused = Xlib.error.CatchError(Xlib.error.BadAccess)
-        other = Xlib.display.Display(self.connection.get_display_name())
-        self._grabbing.append(other)
-        other.screen().root.grab_key(
-            self.keycode(key), self._modifier_mask(modifiers), False, X.GrabModeAsync, X.GrabModeAsync,
-            onerror=refused)
-        other.sync()
-        assert not refused.get_error(), f"{chord} is taken"
+        self._grabbing.append(Xlib.display.Display(self.connection.get_display_name()))
+        assert self._grab_key(self._grabbing[-1], chord), f"{chord} is taken"

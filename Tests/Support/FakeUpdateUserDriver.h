@@ -16,17 +16,17 @@ class FakeUpdateUserDriver final : public UpdateUserDriver
 public:
     void showUserInitiatedUpdateCheck(std::function<void()> cancel) override
     {
-        record(QStringLiteral("checking"));
         cancelCheck = std::move(cancel);
+        record(QStringLiteral("checking"));
     }
     void showUpdateFound(const UpdateItem& found,
                          const UpdateUserState& state,
                          std::function<void(UpdateChoice)> reply) override
     {
-        record(QStringLiteral("found ") + found.displayVersionString
-               + (state.userInitiated ? QStringLiteral(" for the user") : QString()));
         item = found;
         choose = std::move(reply);
+        record(QStringLiteral("found ") + found.displayVersionString
+               + (state.userInitiated ? QStringLiteral(" for the user") : QString()));
         if (choice) {
             choose(*choice);
         }
@@ -43,26 +43,23 @@ public:
     }
     void showUpdateNotFound(const QString& why, std::function<void()> acknowledged) override
     {
-        tell(QStringLiteral("not found"), why, std::move(acknowledged));
+        tell(QStringLiteral("not found"), why, acknowledged);
     }
     void showUpdaterError(const QString& why, std::function<void()> acknowledged) override
     {
-        tell(QStringLiteral("error"), why, std::move(acknowledged));
+        tell(QStringLiteral("error"), why, acknowledged);
     }
     void showDownloadInitiated(std::function<void()> cancel) override
     {
-        record(QStringLiteral("downloading"));
         cancelDownload = std::move(cancel);
+        record(QStringLiteral("downloading"));
     }
-    void showDownloadProgress(qint64 received, qint64 total) override
-    {
-        progress = {received, total};
-    }
+    void showDownloadProgress(qint64, qint64) override { }
     void showVerifyingUpdate() override { record(QStringLiteral("verifying")); }
     void showReadyToInstallAndRelaunch(std::function<void(UpdateChoice)> reply) override
     {
-        record(QStringLiteral("ready"));
         install = std::move(reply);
+        record(QStringLiteral("ready"));
         if (choice) {
             install(*choice);
         }
@@ -70,14 +67,13 @@ public:
     void showInstallingUpdate() override { record(QStringLiteral("installing")); }
     void showUpdateHandedOver(std::function<void()> acknowledged) override
     {
-        tell(QStringLiteral("handed over"), {}, std::move(acknowledged));
+        tell(QStringLiteral("handed over"), {}, acknowledged);
     }
     void showUpdateInFocus() override { record(QStringLiteral("in focus")); }
     void dismissUpdateInstallation() override { record(QStringLiteral("over")); }
 
     /// To every question, at once; nothing waits for the test.
     std::optional<UpdateChoice> choice;
-    bool acknowledges = true;
 
     /// Runs inside every call, as a driver may end everything there.
     std::function<void(const QString& call)> onCall;
@@ -86,10 +82,8 @@ public:
     QString reason; ///< The last sentence for people.
     UpdateItem item;
     ReleaseNotes notes;
-    std::pair<qint64, qint64> progress;
     std::function<void()> cancelCheck;
     std::function<void()> cancelDownload;
-    std::function<void()> acknowledge;
     std::function<void(UpdateChoice)> choose;
     std::function<void(UpdateChoice)> install;
 
@@ -101,14 +95,11 @@ private:
             onCall(call);
         }
     }
-    void tell(const QString& call, const QString& why, std::function<void()> acknowledged)
+    void tell(const QString& call, const QString& why, const std::function<void()>& acknowledged)
     {
-        record(call);
         reason = why;
-        acknowledge = std::move(acknowledged);
-        if (acknowledges) {
-            acknowledge();
-        }
+        record(call);
+        acknowledged();
     }
 };
 

@@ -206,36 +206,29 @@ private Q_SLOTS:
     {
         const auto [isCancelled] = fetch<bool>();
         const QString last = QString::fromLatin1(QTest::currentDataTag()).trimmed();
-        m_bench->driver.onCall = [&, cancels = isCancelled](const QString& call) {
-            if (call == last && !cancels) {
+        Test::FakeUpdateUserDriver& driver = m_bench->driver;
+        driver.choice = UpdateChoice::install;
+        driver.onCall = [&, cancels = isCancelled](const QString& call) {
+            if (call != last) {
+                return;
+            }
+            if (!cancels) {
                 m_bench->updater->stopUpdater();
+            } else if (call == u"ready") {
+                driver.install(UpdateChoice::remindLater); // The first answer counts.
+            } else {
+                driver.cancelDownload();
             }
         };
         m_bench->start().checkForUpdates();
-        bool isReached = false;
-        QVERIFY(m_bench->play([&] {
-            isReached = calls().contains(last);
-            if (!isReached && calls().endsWith(u"found 2.1 for the user"_s)) {
-                m_bench->driver.choose(UpdateChoice::install);
-                m_bench->driver.choose(UpdateChoice::remindLater); // The first answer counts.
-            } else if (!isReached && calls().endsWith(u"ready"_s)) {
-                m_bench->driver.install(UpdateChoice::install);
-            }
-            return isReached || calls().contains(last);
-        }));
-        if (last == u"downloading") {
-            m_bench->driver.cancelDownload();
-        } else if (isCancelled) {
-            m_bench->driver.install(UpdateChoice::remindLater);
-        }
+        QVERIFY(m_bench->playUntil(last));
         const qsizetype callsBefore = calls().size();
-        m_bench->driver.cancelCheck(); // Windows that are still there.
-        m_bench->updater->checkForUpdates();
-        QTest::qWait(isCancelled ? 0 : 10);
+        driver.cancelCheck(); // Windows that are still there.
+        QTest::qWait(10);
         m_bench->workQueue.runAll();
-        m_bench->mainQueue.advance(isCancelled ? 0 : 2 * day);
-        QCOMPARE(calls().size(), callsBefore + int(isCancelled));
-        m_bench->updater->stopUpdater();
+        m_bench->mainQueue.advance(2 * day);
+        QCOMPARE(calls().size(), callsBefore);
+        QCOMPARE(calls().endsWith(u"over"_s), isCancelled);
         QVERIFY(isClean(Test::UpdaterBench::image("old")));
         QCOMPARE(m_bench->updater->programToRelaunch(), std::nullopt);
         QCOMPARE(m_bench->mainQueue.pendingTasks(), 0);

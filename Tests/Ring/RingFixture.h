@@ -28,7 +28,7 @@ struct RingFixture
     RingFixture()
     {
         fileManager.support.path = home.path();
-        for (const QString& name : {u"A"_s, u"B"_s, u"C"_s, u"D"_s, u"E"_s}) {
+        for (const QString& name : all.split(u' ')) {
             install(path(name), name);
         }
         workspace.paths.insert(ownIdentifier, ownPath);
@@ -38,6 +38,15 @@ struct RingFixture
     [[nodiscard]] static QString path(const QString& name)
     {
         return u"/apps/%1.desktop"_s.arg(name);
+    }
+    /// Of several names with blanks between them.
+    [[nodiscard]] static QStringList paths(const QString& names)
+    {
+        QStringList paths;
+        for (const QString& name : names.split(u' ')) {
+            paths << path(name);
+        }
+        return paths;
     }
 
     /// Puts an application on the disk; it is catalogued at the next `walk`.
@@ -56,10 +65,9 @@ struct RingFixture
         workQueue.runAll();
     }
 
-    /// Starts A to E.
-    void launchAll()
+    void launch(const QString& names)
     {
-        for (const QString& name : {u"A"_s, u"B"_s, u"C"_s, u"D"_s, u"E"_s}) {
+        for (const QString& name : names.split(u' ')) {
             workspace.launch(path(name), u"id."_s + name);
         }
     }
@@ -81,6 +89,7 @@ struct RingFixture
                 mainQueue};
     }
 
+    const QString all = u"A B C D E"_s;
     QTemporaryDir home;
     QString folder = u"/apps"_s;
     MemoryUserDefaults defaults;

@@ -27,7 +27,7 @@ struct PanelFixture : RingFixture
         }
         walk();
         settings.showsLaunchHints.set(false);
-        launchAll();
+        launch(all);
         auto view = std::make_unique<RadialLauncherView>(RadialLauncherView::Dependencies{
             .ring = ringDependencies(),
             .ownIdentifier = ownIdentifier,

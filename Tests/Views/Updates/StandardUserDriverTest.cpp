@@ -10,37 +10,19 @@ class StandardUserDriverTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void whoShowsAnUpdate_data()
+    void theDelegateIsAskedWhoShowsWhatTheScheduleFinds()
     {
-        // Asked for by the user, in focus, with reminders, wanted by the delegate.
-        const Table<bool, bool, bool, bool, QStringList> row;
-        row("asked for", true, false, true, false, {u"will show 2.1 by user"_s});
-        row("left to the delegate",
-            false,
-            false,
-            true,
-            false,
-            {u"should 2.1 elsewhere"_s, u"will leave 2.1 by schedule"_s});
-        row("in focus, and wanted",
-            false,
-            true,
-            true,
-            true,
-            {u"should 2.1 focused"_s, u"will show 2.1 by schedule"_s});
-        row("without reminders", false, false, false, false, {u"will show 2.1 by schedule"_s});
-    }
-    void whoShowsAnUpdate()
-    {
-        const auto [userInitiated, isFocused, isGentle, wantsShown, calls]
-            = fetch<bool, bool, bool, bool, QStringList>();
-        UpdatesFixture fixture;
-        fixture.isFocused = isFocused;
-        fixture.delegate.isGentle = isGentle;
-        fixture.delegate.wantsShown = wantsShown;
-        fixture.find(UpdatesFixture::item(), userInitiated);
-        QCOMPARE(fixture.delegate.calls, calls);
-        QCOMPARE(fixture.window() != nullptr, calls.constLast().startsWith(u"will show"_s));
-        QVERIFY(fixture.replies.isEmpty());
+        for (const bool isShown : {false, true}) {
+            UpdatesFixture fixture;
+            fixture.delegate.wantsShown = isShown;
+            fixture.isFocused = isShown;
+            fixture.find(UpdatesFixture::item(), false);
+            QCOMPARE(
+                fixture.delegate.calls,
+                (QStringList{isShown ? u"should 2.1 focused"_s : u"should 2.1 elsewhere"_s,
+                             u"will %1 2.1 by schedule"_s.arg(isShown ? u"show"_s : u"leave"_s)}));
+            QCOMPARE(fixture.window() != nullptr, isShown);
+        }
     }
 
     void attentionIsReportedOnce()
@@ -58,18 +40,28 @@ private Q_SLOTS:
                               u"finish"_s}));
     }
 
-    void everyWayOutOfTheQuestionIsAnAnswer()
+    void everyWayOutIsOneAnswer()
     {
-        for (const auto& [way, choice] :
-             {std::pair(u"Install"_s, UpdateChoice::install),
-              std::pair(u"Remind Me Later"_s, UpdateChoice::remindLater),
-              std::pair(u"Skip This Version"_s, UpdateChoice::skip),
-              std::pair(u"close"_s, UpdateChoice::remindLater)}) {
+        for (const QString& way : {u"close"_s, u"Escape"_s, u"button"_s}) {
             UpdatesFixture fixture;
+            int answers = 0;
+            const auto leaves = [&](const QString& button) {
+                const int before = answers;
+                fixture.leave(way == u"button"_s ? button : way);
+                return answers == before + 1 && fixture.windowCount() == 0
+                    && fixture.mainQueue.pendingTasks() == 0;
+            };
+            fixture.driver.showUserInitiatedUpdateCheck([&] { ++answers; });
+            QVERIFY(leaves(u"Cancel"_s));
             fixture.find(UpdatesFixture::item(), true);
-            fixture.leave(way);
-            QCOMPARE(fixture.replies, QList{choice});
-            QCOMPARE(fixture.windowCount(), 0);
+            fixture.leave(way == u"button"_s ? u"Remind Me Later"_s : way);
+            QCOMPARE(fixture.replies, QList{UpdateChoice::remindLater});
+            fixture.driver.showDownloadInitiated([&] { ++answers; });
+            QVERIFY(leaves(u"Cancel"_s));
+            fixture.driver.showUpdateNotFound(u"2.0 is the newest."_s, [&] { ++answers; });
+            QCOMPARE(fixture.texts(), (QStringList{u"Nothing."_s, u"2.0 is the newest."_s}));
+            QVERIFY(fixture.delegate.calls.endsWith(u"alert"_s));
+            QVERIFY(leaves(u"OK"_s));
         }
     }
 
@@ -77,12 +69,15 @@ private Q_SLOTS:
     {
         UpdatesFixture fixture;
         int cancelled = 0;
-        fixture.driver.showUserInitiatedUpdateCheck(fixture.counted(cancelled));
+        const auto cancel = [&] {
+            ++cancelled;
+        };
+        fixture.driver.showUserInitiatedUpdateCheck(cancel);
         QCOMPARE(fixture.texts(), QStringList{u"Looking for a newer version…"_s});
         fixture.find(UpdatesFixture::item(), true);
         QCOMPARE(fixture.windowCount(), 1);
         fixture.click(u"Install"_s);
-        fixture.driver.showDownloadInitiated(fixture.counted(cancelled));
+        fixture.driver.showDownloadInitiated(cancel);
         const UpdateWindow* status = fixture.window();
         QCOMPARE(fixture.texts().constFirst(), u"Downloading Tavik Launcher 2.1…"_s);
         fixture.driver.showVerifyingUpdate();
@@ -98,25 +93,6 @@ private Q_SLOTS:
         QCOMPARE(fixture.windowCount(), 0);
         QCOMPARE(cancelled, 0);
         QCOMPARE(fixture.mainQueue.pendingTasks(), 0);
-    }
-
-    void whatTakesLongCanBeCancelledOnce()
-    {
-        for (const QString& way : {u"Cancel"_s, u"Escape"_s, u"close"_s}) {
-            for (const bool isDownload : {false, true}) {
-                UpdatesFixture fixture;
-                int cancelled = 0;
-                if (isDownload) {
-                    fixture.driver.showDownloadInitiated(fixture.counted(cancelled));
-                } else {
-                    fixture.driver.showUserInitiatedUpdateCheck(fixture.counted(cancelled));
-                }
-                fixture.leave(way);
-                QCOMPARE(cancelled, 1);
-                QCOMPARE(fixture.windowCount(), 0);
-                QCOMPARE(fixture.mainQueue.pendingTasks(), 0);
-            }
-        }
     }
 
     void verifyingCannotBeCancelledAndComesBackWhenItsWindowIsClosed()
@@ -137,25 +113,6 @@ private Q_SLOTS:
         QVERIFY(fixture.window());
         fixture.press(Qt::Key_Escape);
         QCOMPARE(ready, QList{UpdateChoice::remindLater});
-    }
-
-    void alertsAreAnnouncedAndAcknowledgedOnce()
-    {
-        for (const QString& way : {u"OK"_s, u"Return"_s, u"Escape"_s, u"close"_s}) {
-            UpdatesFixture fixture;
-            int acknowledged = 0;
-            fixture.driver.showUpdateNotFound(u"2.0 is the newest."_s,
-                                              fixture.counted(acknowledged));
-            QCOMPARE(fixture.delegate.calls, QStringList{u"alert"_s});
-            QCOMPARE(fixture.texts(), (QStringList{u"Nothing."_s, u"2.0 is the newest."_s}));
-            fixture.leave(way);
-            QCOMPARE(acknowledged, 1);
-            QCOMPARE(fixture.windowCount(), 0);
-            // Nobody has to be told.
-            fixture.driver.showUpdateNotFound(u"2.0 is the newest."_s, nullptr);
-            fixture.leave(way);
-            QCOMPARE(fixture.windowCount(), 0);
-        }
     }
 
     void failuresSayWhatFailed()

@@ -25,7 +25,7 @@ using namespace Qt::StringLiterals;
 class FakeUserDriverDelegate final : public StandardUserDriverDelegate
 {
 public:
-    [[nodiscard]] bool supportsGentleScheduledUpdateReminders() const override { return isGentle; }
+    [[nodiscard]] bool supportsGentleScheduledUpdateReminders() const override { return true; }
     [[nodiscard]] bool
     standardUserDriverShouldHandleShowingScheduledUpdate(const UpdateItem& update,
                                                          bool andInImmediateFocus) override
@@ -49,7 +49,6 @@ public:
     void standardUserDriverWillFinishUpdateSession() override { calls << u"finish"_s; }
     void standardUserDriverWillShowModalAlert() override { calls << u"alert"_s; }
 
-    bool isGentle = true;
     bool wantsShown = false;
     QStringList calls;
 };
@@ -69,12 +68,6 @@ struct UpdatesFixture
     {
         driver.showUpdateFound(
             update, {userInitiated}, [this](UpdateChoice choice) { replies.append(choice); });
-    }
-    std::function<void()> counted(int& count)
-    {
-        return [&count] {
-            ++count;
-        };
     }
 
     /// The update window that is shown, or null.
@@ -120,14 +113,6 @@ struct UpdatesFixture
         }
         std::ranges::sort(buttons, {}, [](const QPushButton* button) { return button->x(); });
         return buttons;
-    }
-    [[nodiscard]] static QStringList buttonTexts()
-    {
-        QStringList texts;
-        for (const QPushButton* button : buttons()) {
-            texts << button->text();
-        }
-        return texts;
     }
     static void click(const QString& text)
     {

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <chrono>
+#include <span>
 #include <thread>
 #include <utility>
 
@@ -19,6 +20,22 @@ constexpr double returnSeconds = 0.1;
 constexpr int withdrawalAttempts = 40;
 constexpr std::chrono::milliseconds withdrawalInterval{1};
 constexpr uint32_t withdrawnState = 0;
+
+void setNumbers(xcb_connection_t* connection,
+                xcb_window_t window,
+                xcb_atom_t property,
+                xcb_atom_t type,
+                std::span<const uint32_t> numbers)
+{
+    xcb_change_property(connection,
+                        XCB_PROP_MODE_REPLACE,
+                        window,
+                        property,
+                        type,
+                        32,
+                        static_cast<uint32_t>(numbers.size()),
+                        numbers.data());
+}
 
 } // namespace
 
@@ -42,26 +59,13 @@ void X11WindowServer::preparePanel(WId window)
     // The window manager forgets all this when the window goes, and the toolkit adds its own states
     // to what it finds. "Sticky" says the same as the desktop number, which some take for the last
     // desktop.
-    const std::array<xcb_atom_t, 4> states{m_atoms[X11Atom::netWmStateAbove],
-                                           m_atoms[X11Atom::netWmStateSkipTaskbar],
-                                           m_atoms[X11Atom::netWmStateSkipPager],
-                                           m_atoms[X11Atom::netWmStateSticky]};
-    xcb_change_property(m_toolkit,
-                        XCB_PROP_MODE_REPLACE,
-                        panel,
-                        m_atoms[X11Atom::netWmState],
-                        XCB_ATOM_ATOM,
-                        32,
-                        states.size(),
-                        states.data());
-    xcb_change_property(m_toolkit,
-                        XCB_PROP_MODE_REPLACE,
-                        panel,
-                        m_atoms[X11Atom::netWmDesktop],
-                        XCB_ATOM_CARDINAL,
-                        32,
-                        1,
-                        &allDesktops);
+    const std::array states{m_atoms[X11Atom::netWmStateAbove],
+                            m_atoms[X11Atom::netWmStateSkipTaskbar],
+                            m_atoms[X11Atom::netWmStateSkipPager],
+                            m_atoms[X11Atom::netWmStateSticky]};
+    setNumbers(m_toolkit, panel, m_atoms[X11Atom::netWmState], XCB_ATOM_ATOM, states);
+    setNumbers(
+        m_toolkit, panel, m_atoms[X11Atom::netWmDesktop], XCB_ATOM_CARDINAL, {&allDesktops, 1});
     xcb_flush(m_toolkit);
     m_returnTask.cancel();
     const xcb_window_t focus = focusedWindow(m_connection.get());
@@ -88,14 +92,7 @@ void X11WindowServer::setSkipsTaskbar(WId window, bool skips)
             states.append(mark);
         }
     }
-    xcb_change_property(m_toolkit,
-                        XCB_PROP_MODE_REPLACE,
-                        target,
-                        m_atoms[X11Atom::netWmState],
-                        XCB_ATOM_ATOM,
-                        32,
-                        static_cast<uint32_t>(states.size()),
-                        states.constData());
+    setNumbers(m_toolkit, target, m_atoms[X11Atom::netWmState], XCB_ATOM_ATOM, states);
     constexpr uint32_t remove = 0;
     constexpr uint32_t add = 1;
     constexpr uint32_t sourceApplication = 1;
@@ -137,14 +134,7 @@ void X11WindowServer::takeKeyboardFocus(WId window)
     // nothing: a time from our clock could lie in the server's future and be refused.
     const xcb_timestamp_t now = m_pump.serverTime();
     X11StartupNotification::mark(m_toolkit, panel, m_startupId);
-    xcb_change_property(m_toolkit,
-                        XCB_PROP_MODE_REPLACE,
-                        panel,
-                        m_atoms[X11Atom::netWmUserTime],
-                        XCB_ATOM_CARDINAL,
-                        32,
-                        1,
-                        &now);
+    setNumbers(m_toolkit, panel, m_atoms[X11Atom::netWmUserTime], XCB_ATOM_CARDINAL, {&now, 1});
     if (hasWindowManager()) {
         requestFocus(m_toolkit, m_connection.root(), m_atoms, panel, now);
     } else {

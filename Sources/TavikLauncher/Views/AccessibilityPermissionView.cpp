@@ -27,6 +27,7 @@ constexpr int badgeSide = 72;
 constexpr double badgeSymbol = 38;
 constexpr double badgeOpacity = 0.12;
 constexpr int buttonIcon = 16;
+constexpr int iconGap = 5; // Between it and the button's text, more than the style leaves.
 constexpr int buttonHeight = 32;
 
 QColor warning(const QPalette& palette)
@@ -34,7 +35,7 @@ QColor warning(const QPalette& palette)
     return WindowStyle::isDark(palette) ? QColor(0xFF, 0x9F, 0x0A) : QColor(0xC9, 0x6A, 0x00);
 }
 
-/// A symbol that is drawn for whatever size and scale it is asked for.
+/// A symbol that is drawn for whatever size and scale it is asked for, in a square at the left.
 class SymbolIconEngine final : public QIconEngine
 {
 public:
@@ -45,7 +46,10 @@ public:
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override
     {
-        paintSymbol(*painter, m_symbol, rect, m_color);
+        paintSymbol(*painter,
+                    m_symbol,
+                    QRectF(rect.topLeft(), QSizeF(rect.height(), rect.height())),
+                    m_color);
     }
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
     {
@@ -221,7 +225,7 @@ AccessibilityPermissionView::makeButton(const QString& text,
 {
     QPushButton* button = WindowStyle::makeButton(text, this);
     button->setMinimumHeight(buttonHeight);
-    button->setIconSize(QSize(buttonIcon, buttonIcon));
+    button->setIconSize(QSize(buttonIcon + iconGap, buttonIcon));
     button->setAutoDefault(true);
     connect(button, &QPushButton::clicked, &m_session, action);
     return button;
@@ -250,26 +254,43 @@ void AccessibilityPermissionView::showPhase()
             : u"Tavik Launcher needs Accessibility permission so the hotkey works when other apps are in the foreground."_s);
     m_diagram->setVisible(phase == Phase::prompt);
     m_enable->setVisible(phase == Phase::prompt);
-    m_enable->setDefault(phase == Phase::prompt);
     m_instruction->setVisible(phase == Phase::waitingForUser);
     m_openSettings->setVisible(phase == Phase::waitingForUser);
-    m_openSettings->setDefault(phase == Phase::waitingForUser);
     m_done->setVisible(phase == Phase::waitingForUser);
     m_skip->setVisible(phase == Phase::waitingForUser);
     m_hint->setVisible(phase == Phase::waitingForUser && m_session.showsNotEnabledHint());
-    if (isGranted) {
+    if (QPushButton* button = defaultButton()) {
+        button->setDefault(true);
+        button->setFocus();
+    } else {
         setFocus();
-    } else if (isVisible()) {
-        (phase == Phase::waitingForUser ? m_openSettings : m_enable)->setFocus();
     }
     WindowStyle::fitHeight(*this);
 }
 
+QPushButton* AccessibilityPermissionView::defaultButton() const
+{
+    using Phase = AccessibilityPermissionSession::Phase;
+    switch (m_session.phase()) {
+    case Phase::prompt:
+        return m_enable;
+    case Phase::waitingForUser:
+        return m_openSettings;
+    case Phase::granted:
+        break;
+    }
+    return nullptr;
+}
+
 void AccessibilityPermissionView::keyPressEvent(QKeyEvent* event)
 {
-    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    const bool isGranted = m_session.phase() == AccessibilityPermissionSession::Phase::granted;
-    if (event->key() == Qt::Key_Escape || (isReturn && isGranted)) {
+    const bool isReturn = WindowStyle::isReturn(*event);
+    QPushButton* button = defaultButton();
+    if (event->isAutoRepeat()) {
+        QWidget::keyPressEvent(event);
+    } else if (isReturn && button) {
+        button->click();
+    } else if (isReturn || event->key() == Qt::Key_Escape) {
         m_session.skip();
     } else {
         QWidget::keyPressEvent(event);

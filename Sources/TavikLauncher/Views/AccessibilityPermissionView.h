@@ -41,6 +41,8 @@ private:
     QLayout* makeControls();
     QPushButton* makeButton(const QString& text, void (AccessibilityPermissionSession::*action)());
     void showPhase();
+    /// What Return presses; null where there is nothing left to choose.
+    [[nodiscard]] QPushButton* defaultButton() const;
     void updateIcons();
 
     AccessibilityPermissionSession m_session;

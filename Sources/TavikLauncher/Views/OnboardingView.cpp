@@ -120,8 +120,8 @@ QLayout* OnboardingView::makeButtons()
 
 void OnboardingView::keyPressEvent(QKeyEvent* event)
 {
-    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isReturn && !event->isAutoRepeat() && !(event->modifiers() & ~Qt::KeypadModifier)) {
+    if (WindowStyle::isReturn(*event) && !event->isAutoRepeat()
+        && !(event->modifiers() & ~Qt::KeypadModifier)) {
         m_start->click();
     } else {
         QWidget::keyPressEvent(event);

@@ -15,6 +15,7 @@
 namespace Tavik {
 
 using namespace Qt::StringLiterals;
+using WindowStyle::isReturn;
 using WindowStyle::makeLabel;
 using WindowStyle::TextRole;
 
@@ -26,11 +27,6 @@ constexpr double headerSymbol = 26;
 constexpr double successSymbol = 44;
 /// The mark of success overshoots its size.
 constexpr double successRoom = 4;
-
-bool isReturn(const QKeyEvent& event)
-{
-    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-}
 
 } // namespace
 
@@ -191,7 +187,7 @@ void ReindexView::keyPressEvent(QKeyEvent* event)
 
 bool ReindexView::eventFilter(QObject*, QEvent* event)
 {
-    // A default button with the focus would take Return for itself, also while it is held down.
+    // Return is the default button's, whichever has the focus.
     if (event->type() == QEvent::KeyPress) {
         auto* key = static_cast<QKeyEvent*>(event);
         if (isReturn(*key)) {

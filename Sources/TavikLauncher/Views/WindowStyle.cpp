@@ -4,6 +4,7 @@
 
 #include <QEvent>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLayout>
 #include <QPalette>
@@ -64,7 +65,30 @@ private:
     TextStyle m_style;
 };
 
+/// Left to itself a button takes Return only while it is a default one, but then also from a key
+/// that is held down.
+class PushButton final : public QPushButton
+{
+public:
+    using QPushButton::QPushButton;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        if (!isReturn(*event)) {
+            QPushButton::keyPressEvent(event);
+        } else if (!event->isAutoRepeat()) {
+            click();
+        }
+    }
+};
+
 } // namespace
+
+bool isReturn(const QKeyEvent& event)
+{
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
 
 bool isDark(const QPalette& palette)
 {
@@ -116,7 +140,7 @@ QLabel* makeLabel(const QString& text, const TextStyle& style, QWidget* parent)
 QPushButton* makeButton(const QString& text, QWidget* parent)
 {
     constexpr QSize room(20, 4);
-    auto* button = new QPushButton(text, parent);
+    auto* button = new PushButton(text, parent);
     button->setMinimumSize(button->sizeHint() + room);
     return button;
 }

@@ -4,6 +4,7 @@
 #include <QColor>
 #include <QFont>
 
+class QKeyEvent;
 class QLabel;
 class QPalette;
 class QPushButton;
@@ -39,7 +40,8 @@ struct TextStyle
 /// colour follows the palette.
 [[nodiscard]] QLabel* makeLabel(const QString& text, const TextStyle& style, QWidget* parent);
 
-/// A push button with room around its text.
+[[nodiscard]] bool isReturn(const QKeyEvent& event);
+/// A push button with room around its text. With the focus it takes Return, once for each press.
 [[nodiscard]] QPushButton* makeButton(const QString& text, QWidget* parent);
 
 /// Gives `window` the least height at which its layout cuts nothing off at its present width.

@@ -70,24 +70,14 @@ private Q_SLOTS:
         QCOMPARE(m_work->waiting(), 0U);
     }
 
-    void batchesFollowTheOrderOfAsking()
-    {
-        QSignalSpy ready(m_cache.get(), &AppIconCache::imageReady);
-        draw(numbered(24));
-        QCOMPARE(m_work->waiting(), 2U); // No more than the background has threads.
-        m_work->runAll();
-        QCOMPARE(m_decoder->decoded.size(), 24);
-        QCOMPARE(m_decoder->decoded.first(3), QStringList({u"icon0"_s, u"icon1"_s, u"icon2"_s}));
-        QCOMPARE(m_decoder->decoded.last(), u"icon23"_s);
-        QVERIFY(ready.count() <= 5);
-    }
-
     void whatIsDrawnComesBeforeWhatIsPrefetched()
     {
         m_cache->prefetch(numbered(40), 50, 1);
+        QCOMPARE(m_work->waiting(), 2U); // No more than the background has threads.
         draw({AppIcon{u"icon39"_s}, AppIcon{u"seen"_s}});
         m_work->runAll();
         QCOMPARE(m_decoder->decoded.size(), 41);
+        QCOMPARE(m_decoder->decoded.first(2), QStringList({u"icon0"_s, u"icon1"_s}));
         // Sixteen had been handed out before.
         QCOMPARE(m_decoder->decoded.sliced(16, 2), QStringList({u"icon39"_s, u"seen"_s}));
     }
@@ -149,19 +139,16 @@ private Q_SLOTS:
     void strangeSizesAndIconsThatCannotBeDecodedAreAskedForOnce()
     {
         for (const AppIcon& icon : {AppIcon{u"a"_s}, AppIcon{u"null"_s}}) {
-            for (const int side : {-1, 0, 50, 51, 100'000}) {
+            for (const int side : {-1, 50, 100'000}) {
                 for (const double scale : {1.0, 2.0, qQNaN()}) {
                     std::ignore = m_cache->image(icon, side, scale);
                     m_work->runAll();
-                    const QImage image = m_cache->image(icon, side, scale);
-                    QVERIFY(!image.isNull());
-                    QVERIFY(icon.source == u"null"_s || side < 50 || side > 51
-                            || image.width() == side);
+                    QVERIFY(!m_cache->image(icon, side, scale).isNull());
                     QCOMPARE(m_work->waiting(), 0U);
                 }
             }
         }
-        QCOMPARE(m_decoder->decoded.count(u"a"_s), 8);
+        QCOMPARE(m_decoder->decoded.count(u"a"_s), 6);
     }
 
     void resultsOutliveTheCache()

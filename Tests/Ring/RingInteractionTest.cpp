@@ -113,6 +113,7 @@ private Q_SLOTS:
         Composed ring;
         Bundle bundle;
         bundle.name = u"Outside"_s;
+        bundle.isHidden = true; // The user asked for it by name.
         ring.fileManager.bundles.insert(u"/elsewhere/x.desktop"_s, bundle);
         ring.pin({u"/elsewhere/x.desktop"_s});
         QCOMPARE(ring.ring(), u"Outside"_s);

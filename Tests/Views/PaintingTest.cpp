@@ -80,15 +80,10 @@ double difference(const QImage& first, const QImage& second)
     const QImage a = first.convertToFormat(QImage::Format_ARGB32_Premultiplied);
     const QImage b = second.convertToFormat(QImage::Format_ARGB32_Premultiplied);
     double sum = 0;
-    for (int y = 0; y < a.height(); ++y) {
-        for (int x = 0; x < a.width(); ++x) {
-            const QRgb p = a.pixel(x, y);
-            const QRgb q = b.pixel(x, y);
-            sum += std::abs(qRed(p) - qRed(q)) + std::abs(qGreen(p) - qGreen(q))
-                + std::abs(qBlue(p) - qBlue(q)) + std::abs(qAlpha(p) - qAlpha(q));
-        }
+    for (qsizetype i = 0; i < a.sizeInBytes(); ++i) {
+        sum += std::abs(a.constBits()[i] - b.constBits()[i]);
     }
-    return sum / (4.0 * a.width() * a.height());
+    return sum / static_cast<double>(a.sizeInBytes());
 }
 
 QString iconFile(const QString& name)

@@ -6,6 +6,7 @@
 #include <TavikLauncher/Views/CenterLayout.h>
 #include <TavikLauncher/Views/FilterField.h>
 #include <TavikLauncher/Views/RadialLauncherView.h>
+#include <TavikLauncher/Views/RingCenterTexts.h>
 #include <TavikLauncher/Views/RingPainter.h>
 #include <TavikLauncherPlatform/DesktopAppearance.h>
 #include <TavikLauncherPlatform/WindowServer.h>
@@ -13,9 +14,6 @@
 #include <QEnterEvent>
 #include <QPainter>
 #include <QWheelEvent>
-
-#include <algorithm>
-#include <cmath>
 
 namespace Tavik {
 
@@ -26,12 +24,6 @@ namespace {
 constexpr double frameSeconds = 1.0 / 120.0;
 constexpr double spinnerTurnSeconds = 1.0;
 constexpr double renderAheadDelay = 0.03;
-constexpr qsizetype longestDrawnText = 256; // A bundle may call itself anything.
-
-QString drawable(const QString& text)
-{
-    return text.left(longestDrawnText);
-}
 
 } // namespace
 
@@ -149,27 +141,11 @@ RingScene RadialLauncherView::scene()
 
 RingCenter RadialLauncherView::centerTexts() const
 {
-    const QList<IndexedApp>& apps = m_interaction.ringApps();
-    RingCenter center;
-    center.query = drawable(m_interaction.query() + m_filterField->preedit());
-    center.hint = u"Type to filter..."_s;
-    center.fieldOpacity = center.query.isEmpty() ? m_fieldFade.opacity() : 1.0;
-    if (m_interaction.isPinnedForSearch()) {
-        center.indicator = center.query.isEmpty() ? u"Pinned"_s : u"Search mode"_s;
-    }
-    if (m_dependencies.ring.settings.showsAppNames() && m_interaction.hasActiveSelection()
-        && m_interaction.selectedIndex() < apps.size()) {
-        center.selectedName = drawable(apps.at(m_interaction.selectedIndex()).name());
-    }
-    if (m_interaction.isFiltering() && apps.isEmpty()) {
-        if (m_interaction.isIndexing()) {
-            center.spinnerStep = static_cast<int>(m_spinnerTurns * 12) % 12;
-        } else {
-            center.message = u"No matches"_s;
-        }
-    }
-    center.launchHint = m_interaction.launchHint().value_or(QString());
-    return center;
+    return ringCenterTexts(m_interaction,
+                           {.showsAppNames = m_dependencies.ring.settings.showsAppNames(),
+                            .preedit = m_filterField->preedit(),
+                            .emptyFieldOpacity = m_fieldFade.opacity(),
+                            .spinnerStep = static_cast<int>(m_spinnerTurns * 12) % 12});
 }
 
 QRect RadialLauncherView::slotRect(int slot)
@@ -319,31 +295,9 @@ void RadialLauncherView::stepFrame()
     }
 }
 
-/// Repaints what differs from `before`: the wedge's old and new place, changed slots, the centre.
 void RadialLauncherView::repaintHighlight(const RingScene& before)
 {
-    const RingScene now = scene();
-    if (before.icons.size() != now.icons.size()) {
-        update();
-        return;
-    }
-    QRegion dirty;
-    if (before.wedgeDegrees != now.wedgeDegrees || before.showsWedge != now.showsWedge) {
-        dirty += RingPainter::wedgeBounds(before).toAlignedRect();
-        dirty += RingPainter::wedgeBounds(now).toAlignedRect();
-    }
-    for (qsizetype slot = 0; slot < now.icons.size(); ++slot) {
-        if (!(before.icons.at(slot) == now.icons.at(slot))) {
-            dirty += RingPainter::slotBounds(now, now.icons.at(slot)).toAlignedRect();
-        }
-    }
-    if (!(before.center == now.center)) {
-        const double reach = now.geometry.innerRadius;
-        const QPointF middle = now.geometry.center - inRingPlane({0, 0});
-        dirty
-            += QRectF(middle.x() - reach, middle.y() - reach, 2 * reach, 2 * reach).toAlignedRect();
-    }
-    update(dirty);
+    update(RingPainter::dirtyRegion(before, scene()));
 }
 
 /// Shows the empty field, and lets it fade after a while unless the user wants it to stay.

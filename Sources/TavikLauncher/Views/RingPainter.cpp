@@ -40,6 +40,24 @@ double margin(const RingScene& scene)
     return (RingGeometry::panelSide(scene.diameter) - scene.diameter) / 2;
 }
 
+QRectF wedgeBounds(const RingScene& scene)
+{
+    const double offset = margin(scene);
+    return scene.geometry.wedgeShape(scene.wedgeDegrees)
+        .boundingRect()
+        .adjusted(-1, -1, 1, 1)
+        .translated(offset, offset);
+}
+
+QRectF slotBounds(const RingScene& scene, const RingIcon& icon)
+{
+    const RingGeometry& ring = scene.geometry;
+    const double reach
+        = std::max(ring.haloSize, ring.effectiveIconSize * 1.2) / 2 + dotGap + 2 * dotRadius;
+    const QPointF center = icon.center + QPointF(margin(scene), margin(scene));
+    return {center.x() - reach, center.y() - reach, 2 * reach, 2 * reach};
+}
+
 /// A drawing surface of the panel's size, with its painter's plane moved to the ring's.
 QImage transparentImage(const RingScene& scene)
 {
@@ -258,22 +276,29 @@ void paintInFlight(QPainter& painter, const QImage& ring, const Flight& flight)
     painter.drawImage(QRectF(corner, scaled), ring);
 }
 
-QRectF wedgeBounds(const RingScene& scene)
+QRegion dirtyRegion(const RingScene& before, const RingScene& now)
 {
-    const double offset = margin(scene);
-    return scene.geometry.wedgeShape(scene.wedgeDegrees)
-        .boundingRect()
-        .adjusted(-1, -1, 1, 1)
-        .translated(offset, offset);
-}
-
-QRectF slotBounds(const RingScene& scene, const RingIcon& icon)
-{
-    const RingGeometry& ring = scene.geometry;
-    const double reach
-        = std::max(ring.haloSize, ring.effectiveIconSize * 1.2) / 2 + dotGap + 2 * dotRadius;
-    const QPointF center = icon.center + QPointF(margin(scene), margin(scene));
-    return {center.x() - reach, center.y() - reach, 2 * reach, 2 * reach};
+    if (before.icons.size() != now.icons.size()) {
+        const double side = RingGeometry::panelSide(now.diameter);
+        return QRectF(0, 0, side, side).toAlignedRect();
+    }
+    QRegion dirty;
+    if (before.wedgeDegrees != now.wedgeDegrees || before.showsWedge != now.showsWedge) {
+        dirty += wedgeBounds(before).toAlignedRect();
+        dirty += wedgeBounds(now).toAlignedRect();
+    }
+    for (qsizetype slot = 0; slot < now.icons.size(); ++slot) {
+        if (!(before.icons.at(slot) == now.icons.at(slot))) {
+            dirty += slotBounds(now, now.icons.at(slot)).toAlignedRect();
+        }
+    }
+    if (!(before.center == now.center)) {
+        const double reach = now.geometry.innerRadius;
+        QRectF hole(0, 0, 2 * reach, 2 * reach);
+        hole.moveCenter(now.geometry.center + QPointF(margin(now), margin(now)));
+        dirty += hole.toAlignedRect();
+    }
+    return dirty;
 }
 
 QRegion shape(const RingScene& scene)

@@ -27,9 +27,8 @@ struct Flight
 };
 /// Draws the whole ring's image at one moment of the opening animation.
 void paintInFlight(QPainter& painter, const QImage& ring, const Flight& flight);
-/// What must be repainted when the highlight or the slot's emphasis changes.
-[[nodiscard]] QRectF wedgeBounds(const RingScene& scene);
-[[nodiscard]] QRectF slotBounds(const RingScene& scene, const RingIcon& icon);
+/// What must be repainted when the highlight, a slot or the centre changes from `before` to `now`.
+[[nodiscard]] QRegion dirtyRegion(const RingScene& before, const RingScene& now);
 /// The visible part of the panel, for a desktop that does not blend windows.
 [[nodiscard]] QRegion shape(const RingScene& scene);
 

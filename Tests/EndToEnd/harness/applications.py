@@ -29,10 +29,6 @@ class Application:
     def path(self):
         return str(self.entry)
 
-    @property
-    def identifier(self):
-        return self.entry.name
-
     def starts(self):
         """What each started instance has reported about itself, oldest first."""
         if not self.report.exists():
@@ -58,26 +54,23 @@ class Applications:
         for folder in (self.folder, self.icons, self.reports):
             folder.mkdir(parents=True)
 
-    def add(self, name, colour=None, window=True, extra=""):
-        """Installs an application; with `window` its program opens a window titled as the name."""
+    def add(self, name, colour=None):
+        """Installs an application whose program opens a window titled as the name."""
         colour = colour or next(self._colours)
         slug = name.lower().replace(" ", "-")
-        icon = self._icon(colour)
         report = self.reports / f"{slug}.json"
         command = f'{sys.executable} "{PROGRAM}" --title "{name}" --colour {bytes(PALETTE[colour]).hex()} --report "{report}"'
-        if not window:
-            command += " --no-window"
         entry = self.folder / f"org.example.{slug}.desktop"
-        self.write_entry(entry, name, command, icon, f"StartupWMClass={name}\n{extra}")
+        self.write_entry(entry, name, command, self._icon(colour), f"StartupWMClass={name}\n")
         return Application(name, PALETTE[colour], entry, report)
 
-    def add_many(self, count, stem="Filler"):
-        """Installs `count` applications that start nothing of interest, with 16 icons among them."""
+    def add_many(self, count):
+        """Installs `count` applications that start nothing of interest, with all icons among them."""
         icons = [self._icon(colour) for colour in PALETTE]
         for index in range(count):
             self.write_entry(
-                self.folder / f"org.example.{stem.lower()}-{index:05}.desktop",
-                f"{stem} {_spelled(index)}", "/bin/true", icons[index % len(icons)])
+                self.folder / f"org.example.filler-{index:05}.desktop", f"Filler {_spelled(index)}", "/bin/true",
+                icons[index % len(icons)])
 
     @staticmethod
     def write_entry(path, name, command, icon, extra=""):

@@ -206,12 +206,8 @@ class Launcher:
 
 def looks_like(seen, colour):
     """True when a colour from the palette was drawn there, fully or dimmed over the dark band."""
-    def dimmed(share):
-        return tuple(share * channel + (1 - share) * 40 for channel in colour)
+    def distance(known):
+        dimmed = tuple(0.72 * channel + 0.28 * 40 for channel in known)
+        return min(colour_distance(seen, known), colour_distance(seen, dimmed))
 
-    nearest = min(
-        PALETTE.values(),
-        key=lambda known: min(
-            colour_distance(seen, known),
-            colour_distance(seen, tuple(0.72 * channel + 0.28 * 40 for channel in known))))
-    return nearest == colour and min(colour_distance(seen, colour), colour_distance(seen, dimmed(0.72))) < 60
+    return min(PALETTE.values(), key=distance) == colour and distance(colour) < 60

@@ -49,9 +49,7 @@ parser.add_argument("--colour", default="f5f5f5")
 parser.add_argument("--report")
 parser.add_argument("--geometry", type=int, nargs=4, default=[300, 200, 40, 40])
 parser.add_argument("--full-screen", action="store_true")
-parser.add_argument("--no-window", action="store_true")
 arguments = parser.parse_args()
 if arguments.report:
     report(arguments.report)
-if not arguments.no_window:
-    show_window(arguments)
+show_window(arguments)

@@ -6,8 +6,11 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <utility>
 
-namespace Tavik::X11Properties {
+namespace Tavik {
+
+namespace X11Properties {
 
 namespace {
 
@@ -182,13 +185,7 @@ facts(xcb_connection_t* connection, const X11Atoms& atoms, const QList<xcb_windo
 
 QList<uint32_t> numbers(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property)
 {
-    const PropertyReply reply(xcb_get_property_reply(
-        connection,
-        xcb_get_property(
-            connection, 0, window, property, XCB_GET_PROPERTY_TYPE_ANY, 0, mostNumbers),
-        nullptr));
-    const auto values = reply ? numbersOf(reply, reply->type) : std::span<const uint32_t>();
-    return {values.begin(), values.end()};
+    return X11PropertyQuery(connection, window, property).numbers();
 }
 
 QList<xcb_window_t> windowList(xcb_connection_t* connection, xcb_window_t root, xcb_atom_t property)
@@ -203,8 +200,7 @@ QList<xcb_window_t> windowList(xcb_connection_t* connection, xcb_window_t root, 
 
 xcb_window_t firstWindow(xcb_connection_t* connection, xcb_window_t root, xcb_atom_t property)
 {
-    const QList<xcb_window_t> windows = windowList(connection, root, property);
-    return windows.isEmpty() ? xcb_window_t{XCB_NONE} : windows.constFirst();
+    return X11PropertyQuery(connection, root, property).firstWindow();
 }
 
 QRect availableArea(const QRect& screen, const QSize& desktop, const QList<X11WindowFacts>& windows)
@@ -239,4 +235,45 @@ QRect availableArea(const QRect& screen, const QSize& desktop, const QList<X11Wi
     return area.isEmpty() ? screen : area;
 }
 
-} // namespace Tavik::X11Properties
+} // namespace X11Properties
+
+X11PropertyQuery::X11PropertyQuery(xcb_connection_t* connection,
+                                   xcb_window_t window,
+                                   xcb_atom_t property)
+    : m_connection(connection)
+    , m_cookie(xcb_get_property(connection,
+                                0,
+                                window,
+                                property,
+                                XCB_GET_PROPERTY_TYPE_ANY,
+                                0,
+                                X11Properties::mostNumbers))
+{ }
+
+X11PropertyQuery::~X11PropertyQuery()
+{
+    xcb_discard_reply(m_connection, m_cookie.sequence);
+}
+
+X11Reply<xcb_get_property_reply_t> X11PropertyQuery::answer()
+{
+    return X11Reply<xcb_get_property_reply_t>(
+        xcb_get_property_reply(m_connection, std::exchange(m_cookie, {}), nullptr));
+}
+
+QList<uint32_t> X11PropertyQuery::numbers()
+{
+    const auto reply = answer();
+    const auto values
+        = reply ? X11Properties::numbersOf(reply, reply->type) : std::span<const uint32_t>();
+    return {values.begin(), values.end()};
+}
+
+xcb_window_t X11PropertyQuery::firstWindow()
+{
+    const auto reply = answer();
+    const auto windows = X11Properties::numbersOf(reply, XCB_ATOM_WINDOW);
+    return windows.empty() ? xcb_window_t{XCB_NONE} : windows.front();
+}
+
+} // namespace Tavik

@@ -25,6 +25,28 @@ struct X11WindowFacts
     bool operator==(const X11WindowFacts&) const = default;
 };
 
+/// A property that has been asked for. Several may be under way at once, so that they cost one
+/// round trip together.
+class X11PropertyQuery
+{
+public:
+    /// Asks for numbers of whatever type; at most 64.
+    X11PropertyQuery(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property);
+    ~X11PropertyQuery();
+    Q_DISABLE_COPY_MOVE(X11PropertyQuery)
+
+    /// The answer, waited for; empty when there is no such property or window. To be called once.
+    [[nodiscard]] QList<uint32_t> numbers();
+    /// The first of them as a window, or XCB_NONE; likewise.
+    [[nodiscard]] xcb_window_t firstWindow();
+
+private:
+    [[nodiscard]] X11Reply<xcb_get_property_reply_t> answer();
+
+    xcb_connection_t* m_connection;
+    xcb_get_property_cookie_t m_cookie;
+};
+
 /// Reads properties of windows that belong to other programs.
 namespace X11Properties {
 

@@ -56,6 +56,7 @@ void X11WindowServer::preparePanel(WId window)
 {
     const auto panel = static_cast<xcb_window_t>(window);
     awaitWithdrawal(panel);
+    m_returnTask.cancel();
     // The window manager forgets all this when the window goes, and the toolkit adds its own states
     // to what it finds. "Sticky" says the same as the desktop number, which some take for the last
     // desktop.
@@ -67,14 +68,6 @@ void X11WindowServer::preparePanel(WId window)
     setNumbers(
         m_toolkit, panel, m_atoms[X11Atom::netWmDesktop], XCB_ATOM_CARDINAL, {&allDesktops, 1});
     xcb_flush(m_toolkit);
-    m_returnTask.cancel();
-    const xcb_window_t focus = focusedWindow(m_connection.get());
-    if (!X11WindowTree::isWithin(m_connection, focus, panel)) {
-        m_previousFocus = focus;
-        m_previousActive = X11Properties::firstWindow(
-            m_connection.get(), m_connection.root(), m_atoms[X11Atom::netActiveWindow]);
-    }
-    m_pump.drainSoon();
 }
 
 void X11WindowServer::setSkipsTaskbar(WId window, bool skips)
@@ -111,34 +104,61 @@ void X11WindowServer::reportMoves(WId window)
     m_pump.drainSoon();
 }
 
-void X11WindowServer::awaitWithdrawal(xcb_window_t panel) const
+void X11WindowServer::awaitWithdrawal(xcb_window_t panel)
 {
     // A window that is shown again at once would lose its marks to the window manager that still
     // puts away the old ones (ICCCM, 4.1.4). Normally there is nothing to wait for.
-    static_cast<void>(focusedWindow(m_toolkit));
-    for (int attempt = 0; attempt < withdrawalAttempts; ++attempt) {
-        const QList<uint32_t> state
-            = X11Properties::numbers(m_connection.get(), panel, m_atoms[X11Atom::wmState]);
-        if (state.isEmpty() || state.constFirst() == withdrawnState) {
-            return;
-        }
+    for (int attempt = 0; !isWithdrawn(panel) && attempt < withdrawalAttempts; ++attempt) {
         std::this_thread::sleep_for(withdrawalInterval);
     }
+}
+
+bool X11WindowServer::isWithdrawn(xcb_window_t panel)
+{
+    // Over the toolkit's connection, so that the answers come after a hiding that is still on its
+    // way; who has the keyboard is asked in the same round trip.
+    X11PropertyQuery panelState(m_toolkit, panel, m_atoms[X11Atom::wmState]);
+    X11PropertyQuery active(m_toolkit, m_connection.root(), m_atoms[X11Atom::netActiveWindow]);
+    const xcb_window_t focus = focusedWindow(m_toolkit);
+    const QList<uint32_t> state = panelState.numbers();
+    // A keyboard on its way back from the last showing is to get there in the end.
+    if (!m_returnTask.isActive() || !X11WindowTree::isNowhere(m_connection, focus)) {
+        m_previousFocus = focus;
+        m_previousActive = active.firstWindow();
+    }
+    return state.isEmpty() || state.constFirst() == withdrawnState;
+}
+
+X11WindowServer::Desktop X11WindowServer::desktop()
+{
+    // A manager that has died leaves its mark on the root window, but not on its own. It is nearly
+    // always the one of the last time, so both are asked at once, and with the time.
+    const xcb_atom_t check = m_atoms[X11Atom::netSupportingWmCheck];
+    X11PropertyQuery onRoot(m_connection.get(), m_connection.root(), check);
+    X11PropertyQuery onManager(m_connection.get(), m_manager, check);
+    // The server's own time of now is newer than whatever was typed elsewhere, and older than
+    // nothing: a time from our clock could lie in the server's future and be refused.
+    const xcb_timestamp_t now = m_pump.serverTime();
+    const xcb_window_t manager = onRoot.firstWindow();
+    const xcb_window_t mark = manager == m_manager
+        ? onManager.firstWindow()
+        : X11Properties::firstWindow(m_connection.get(), manager, check);
+    m_manager = manager;
+    return {.time = now, .hasManager = manager != XCB_NONE && mark == manager};
 }
 
 void X11WindowServer::takeKeyboardFocus(WId window)
 {
     const auto panel = static_cast<xcb_window_t>(window);
     m_returnTask.cancel();
-    // The server's own time of now is newer than whatever was typed elsewhere, and older than
-    // nothing: a time from our clock could lie in the server's future and be refused.
-    const xcb_timestamp_t now = m_pump.serverTime();
+    const Desktop now = desktop();
     X11StartupNotification::mark(m_toolkit, panel, m_startupId);
-    setNumbers(m_toolkit, panel, m_atoms[X11Atom::netWmUserTime], XCB_ATOM_CARDINAL, {&now, 1});
-    if (hasWindowManager()) {
-        requestFocus(m_toolkit, m_connection.root(), m_atoms, panel, now);
+    setNumbers(
+        m_toolkit, panel, m_atoms[X11Atom::netWmUserTime], XCB_ATOM_CARDINAL, {&now.time, 1});
+    if (now.hasManager) {
+        requestFocus(m_toolkit, m_connection.root(), m_atoms, panel, now.time);
     } else {
-        xcb_set_input_focus(m_toolkit, XCB_INPUT_FOCUS_POINTER_ROOT, panel, now);
+        xcb_set_input_focus(m_toolkit, XCB_INPUT_FOCUS_POINTER_ROOT, panel, now.time);
     }
     xcb_flush(m_toolkit);
 }
@@ -154,7 +174,7 @@ void X11WindowServer::returnKeyboardFocus(WId window)
     if (!isFree(focus, panel)) {
         return;
     }
-    if (!hasWindowManager()) {
+    if (!desktop().hasManager) {
         finishReturn();
         return;
     }
@@ -177,11 +197,12 @@ bool X11WindowServer::isFree(xcb_window_t focus, xcb_window_t going) const
 
 void X11WindowServer::finishReturn()
 {
-    const xcb_timestamp_t now = m_pump.serverTime();
-    if (hasWindowManager() && m_previousActive != XCB_NONE) {
-        requestFocus(m_connection.get(), m_connection.root(), m_atoms, m_previousActive, now);
+    const Desktop now = desktop();
+    if (now.hasManager && m_previousActive != XCB_NONE) {
+        requestFocus(m_connection.get(), m_connection.root(), m_atoms, m_previousActive, now.time);
     } else {
-        xcb_set_input_focus(m_connection.get(), XCB_INPUT_FOCUS_POINTER_ROOT, m_previousFocus, now);
+        xcb_set_input_focus(
+            m_connection.get(), XCB_INPUT_FOCUS_POINTER_ROOT, m_previousFocus, now.time);
         xcb_flush(m_connection.get());
     }
 }
@@ -246,16 +267,6 @@ void X11WindowServer::handle(const xcb_generic_event_t& event)
     if (isCompositing() != wasCompositing && onCompositingChanged) {
         onCompositingChanged();
     }
-}
-
-bool X11WindowServer::hasWindowManager() const
-{
-    const xcb_atom_t check = m_atoms[X11Atom::netSupportingWmCheck];
-    const xcb_window_t manager
-        = X11Properties::firstWindow(m_connection.get(), m_connection.root(), check);
-    // A manager that has died leaves its mark on the root window, but not on its own.
-    return manager != XCB_NONE
-        && X11Properties::firstWindow(m_connection.get(), manager, check) == manager;
 }
 
 xcb_window_t X11WindowServer::focusedWindow(xcb_connection_t* connection) const

@@ -33,11 +33,19 @@ public:
     void endActivation() override;
 
 private:
+    struct Desktop
+    {
+        xcb_timestamp_t time = XCB_CURRENT_TIME; ///< The server's.
+        bool hasManager = false;
+    };
+
     void handle(const xcb_generic_event_t& event);
-    [[nodiscard]] bool hasWindowManager() const;
+    /// As they are now; one round trip.
+    [[nodiscard]] Desktop desktop();
     [[nodiscard]] xcb_window_t focusedWindow(xcb_connection_t* connection) const;
     [[nodiscard]] bool isFree(xcb_window_t focus, xcb_window_t going) const;
-    void awaitWithdrawal(xcb_window_t panel) const;
+    void awaitWithdrawal(xcb_window_t panel);
+    [[nodiscard]] bool isWithdrawn(xcb_window_t panel);
     void finishReturn();
 
     xcb_connection_t* m_toolkit;
@@ -47,6 +55,7 @@ private:
     X11SelectionOwner m_compositor;
     X11MoveReports m_moves;
     mutable X11EventPump m_pump;
+    xcb_window_t m_manager = XCB_NONE; ///< The window manager's mark, as far as is known.
     xcb_window_t m_previousActive = XCB_NONE; ///< What the window manager called active.
     xcb_window_t m_previousFocus = XCB_NONE; ///< What really had the keyboard.
     Task m_returnTask;

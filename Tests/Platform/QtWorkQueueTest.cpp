@@ -11,6 +11,21 @@ class QtWorkQueueTest final : public QObject
 {
     Q_OBJECT
 
+private:
+    template <typename Work>
+    static void schedule(QtWorkQueue& queue, WorkPriority priority, Work work)
+    {
+        const auto done = [](bool) {
+        };
+        queue.run(
+            priority,
+            [work] {
+                work();
+                return true;
+            },
+            done);
+    }
+
 private Q_SLOTS:
     void theEndCompletesWritesAndGivesUpOnReadsThatHang()
     {
@@ -18,19 +33,13 @@ private Q_SLOTS:
         QSemaphore goesOn;
         QSemaphore written;
         QtWorkQueue queue({}, 1ms);
-        queue.schedule(WorkPriority::userInitiated, [&]() -> WorkQueue::Done {
+        schedule(queue, WorkPriority::userInitiated, [&] {
             started.release();
             goesOn.acquire();
-            return [] {
-            };
         });
         started.acquire();
         for (int write = 0; write < 3; ++write) {
-            queue.schedule(WorkPriority::utility, [&]() -> WorkQueue::Done {
-                written.release();
-                return [] {
-                };
-            });
+            schedule(queue, WorkPriority::utility, [&] { written.release(); });
         }
         QVERIFY(!queue.finish());
         QCOMPARE(written.available(), 3);
@@ -42,17 +51,9 @@ private Q_SLOTS:
         QSemaphore goesOn;
         QSemaphore launched;
         QtWorkQueue queue;
-        queue.schedule(WorkPriority::utility, [&]() -> WorkQueue::Done {
-            goesOn.acquire();
-            return [] {
-            };
-        });
+        schedule(queue, WorkPriority::utility, [&] { goesOn.acquire(); });
         for (int launch = 0; launch < 2; ++launch) {
-            queue.schedule(WorkPriority::launch, [&]() -> WorkQueue::Done {
-                launched.release();
-                return [] {
-                };
-            });
+            schedule(queue, WorkPriority::launch, [&] { launched.release(); });
         }
         QVERIFY(launched.tryAcquire(1, 5000));
         goesOn.release();

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/X11/X11AccessibilityPermission.h>
+#include <TavikLauncherPlatform/Linux/X11/XkbProtocol.h>
 #include <TavikLauncherPlatform/Workspace.h>
 
 #include <QFile>
@@ -9,11 +10,6 @@
 #include <utility>
 
 #include <xcb/record.h>
-
-// The header names a member with a word that C++ keeps for itself.
-#define explicit explicit_
-#include <xcb/xkb.h>
-#undef explicit
 
 namespace Tavik {
 

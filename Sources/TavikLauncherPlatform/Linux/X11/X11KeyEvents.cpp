@@ -5,6 +5,7 @@
 #include <TavikLauncherPlatform/Linux/X11/X11EventTap.h>
 #include <TavikLauncherPlatform/Linux/X11/X11KeyEvents.h>
 #include <TavikLauncherPlatform/Linux/X11/X11KeyMonitors.h>
+#include <TavikLauncherPlatform/Linux/X11/XkbProtocol.h>
 
 #include <QCoreApplication>
 #include <QLoggingCategory>
@@ -15,11 +16,6 @@
 #include <utility>
 
 #include <xkbcommon/xkbcommon.h>
-
-// The header names a member with a word that C++ keeps for itself.
-#define explicit explicit_
-#include <xcb/xkb.h>
-#undef explicit
 
 namespace Tavik {
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/X11/X11Connection.h>
 #include <TavikLauncherPlatform/Linux/X11/X11KeyMonitors.h>
+#include <TavikLauncherPlatform/Linux/X11/XkbProtocol.h>
 
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -8,11 +9,6 @@
 #include <QWindow>
 
 #include <utility>
-
-// The header names a member with a word that C++ keeps for itself.
-#define explicit explicit_
-#include <xcb/xkb.h>
-#undef explicit
 
 namespace Tavik {
 

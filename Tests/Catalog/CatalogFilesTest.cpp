@@ -128,27 +128,20 @@ private Q_SLOTS:
         QCOMPARE(apps.at(2).icon().source, QString());
     }
 
-    void theFileIsAPlainCompactArray()
+    void theLastSaveIsAPlainCompactArrayAndReadsBack()
     {
-        save({m_safe, m_plain});
+        CatalogCache::saveCachedApplications(*m_files, m_queue, {});
+        save({m_safe, m_plain, m_plain});
+        const QByteArray plain = "{\"name\":\"Plain \xC3\xBC\",\"path\":\"/A/Plain.app\"}";
         QCOMPARE(content(),
-                 QByteArray("[{\"bundleIdentifier\":\"org.example.safe\",\"name\":\"S\\\"afe\","
-                            "\"path\":\"/A/Safe.app\"},"
-                            "{\"name\":\"Plain \xC3\xBC\",\"path\":\"/A/Plain.app\"}]"));
-        save({});
-        QCOMPARE(content(), QByteArray("[]"));
-        QCOMPARE(CatalogCache::loadCachedApplications(*m_files), {});
-    }
-
-    void theLastSaveReadsBack()
-    {
-        CatalogCache::saveCachedApplications(*m_files, m_queue, {m_safe});
-        save({m_plain, m_safe, m_plain});
+                 "[{\"bundleIdentifier\":\"org.example.safe\",\"name\":\"S\\\"afe\","
+                 "\"path\":\"/A/Safe.app\"},"
+                     + plain + ',' + plain + ']');
         QList<IndexedApp> loaded;
         CatalogCache::loadCachedApplicationsAsync(
             *m_files, m_queue, [&loaded](const QList<IndexedApp>& apps) { loaded = apps; });
         m_queue.runAll();
-        QCOMPARE(loaded, QList<IndexedApp>({m_plain, m_safe, m_plain}));
+        QCOMPARE(loaded, QList<IndexedApp>({m_safe, m_plain, m_plain}));
     }
 
     void aFileOfTheRightSizeIsRead()
@@ -184,25 +177,15 @@ private Q_SLOTS:
         QCOMPARE(CatalogCache::loadCachedApplications(*m_files), {});
     }
 
-    void onlyApplicationsThatStillExistAreLoaded()
+    void onlyApplicationsThatStillExistAreLoadedWithTheirIconsOfToday()
     {
+        m_files->bundles[m_safe.path()].iconSource = u"safe-icon"_s;
+        m_files->existing.insert(u"Safe.app"_s);
         write(R"([{"name":"Gone","path":"/A/Gone.app"},)"
               R"({"name":"Safe","path":"/A/Safe.app","future":[1,2]},)"
               R"({"name":"Here","path":"Safe.app"}])");
-        m_files->existing.insert(u"Safe.app"_s);
         const auto apps = CatalogCache::loadCachedApplications(*m_files);
         QCOMPARE(apps, {IndexedApp(u"Safe"_s, std::nullopt, u"/A/Safe.app"_s, {})});
-    }
-
-    void iconsComeFromTheBundlesOfToday()
-    {
-        Bundle bundle;
-        bundle.name = u"Renamed"_s;
-        bundle.iconSource = u"safe-icon"_s;
-        m_files->bundles[m_safe.path()] = bundle;
-        save({m_safe});
-        const auto apps = CatalogCache::loadCachedApplications(*m_files);
-        QCOMPARE(apps, {m_safe});
         QCOMPARE(apps.first().icon().source, u"safe-icon"_s);
     }
 

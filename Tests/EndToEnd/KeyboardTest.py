@@ -47,14 +47,6 @@ def test_arrows_go_around_the_ring_and_return_launches(ring, apps, display, look
     assert [app.name for app in apps if app.has_run()] == [NAMES[slot]]
 
 
-@pytest.mark.parametrize("modifier", ["ctrl", "super"])
-def test_a_modifier_and_a_digit_launch_that_slot(ring, apps, display, modifier):
-    display.press("Right")
-    display.press(f"{modifier}+3")
-    apps[2].wait_started()
-    ring.wait_hidden()
-
-
 def test_the_best_match_comes_first_and_all_applications_are_searched_when_asked(
         launcher, applications, display, look):
     pinned = applications.add("Terminal Multiplexer")

@@ -24,15 +24,13 @@ PLACE = (1010, 580)
 BACKGROUND = ("-add", "#274b7a", "-add", "#5f5590", "-add", "#a8698e", "-gradient", "140")
 
 
-class Guest(Launcher):
+def guest(desktop, program):
     """A launcher that offers what is installed on this machine."""
-
-    def __init__(self, desktop, program):
-        super().__init__(desktop, program)
-        self.environment = {}
-        present = [ENTRIES / f"{name}.desktop" for name in PINNED]
-        self.settings(
-            permanentAppPaths=[str(entry) for entry in present if entry.exists()], searchesAllApps=True)
+    launcher = Launcher(desktop, program)
+    launcher.environment = {}
+    present = [ENTRIES / f"{name}.desktop" for name in PINNED]
+    launcher.settings(permanentAppPaths=[str(entry) for entry in present if entry.exists()], searchesAllApps=True)
+    return launcher
 
 
 def open_windows(desktop):
@@ -50,7 +48,7 @@ def open_windows(desktop):
 def run(program, arguments, picture):
     options = DesktopOptions(width=1400, height=860, background=BACKGROUND)
     with Desktop(options) as desktop:
-        launcher = Guest(desktop, program)
+        launcher = guest(desktop, program)
         launcher.process = desktop.spawn(
             [launcher.program, *(arguments or IN_BACKGROUND)], launcher.environment, log="launcher")
         try:

@@ -35,10 +35,10 @@ struct Triggered
     [[nodiscard]] QString told() const { return story.join(u' '); }
     [[nodiscard]] bool isWatching() const { return keys.local || keys.tap || keys.global; }
 
-    /// Plays "L10:chord G11:", a source, the event's time and what is held after it; "H:chord",
-    /// what the keyboard answers from now on (until then it cannot be asked); "W0.5", time goes by;
-    /// and by a letter: F the focus moves, D the tap is switched off, X the hot key is
-    /// unregistered.
+    /// Plays "L10:chord G11:", a source, the event's time and what is held after it; "l10:chord",
+    /// the key pressed with that held; "K10", the hot key; "H:chord", what the keyboard answers
+    /// from now on (until then it cannot be asked); "W0.5", time goes by; and by a letter: F the
+    /// focus moves, D the tap is switched off, X the hot key is unregistered.
     void play(const QString& script)
     {
         static const QHash<QString, quint64> states{
@@ -47,10 +47,12 @@ struct Triggered
             {u"chord"_s, chord},
             {u"locked"_s, chord | lockBits},
             {u"more"_s, chord | ModifierFlags::shift},
+            {u"again"_s, chord}, // As the keyboard repeats a key that is held.
         };
         for (const QString& step : script.split(u' ')) {
             const double time = step.section(u':', 0, 0).mid(1).toDouble();
-            const quint64 state = states.value(step.section(u':', 1), 0);
+            const QString name = step.section(u':', 1);
+            const quint64 state = states.value(name, 0);
             switch (step.front().unicode()) {
             case u'H':
                 keys.held = state;
@@ -68,27 +70,27 @@ struct Triggered
             case u'X':
                 hotKey.unregister();
                 break;
+            case u'K':
+                keys.hotKeyPressed(time);
+                break;
             default:
-                send(step.front().unicode(), {.modifierFlags = state, .time = time});
+                send(step.front(),
+                     {.keyCode = space,
+                      .modifierFlags = state,
+                      .isRepeat = name == u"again",
+                      .time = time});
             }
         }
     }
-    bool send(char16_t source, const KeyEvents::Event& event)
+    void send(QChar source, KeyEvents::Event event)
     {
-        if (source == u'L') {
-            return keys.local(event);
+        using enum KeyEvents::Kind;
+        event.kind = source.isLower() ? keyDown : modifiersChanged;
+        if (source.toUpper() != u'L') {
+            (source.toUpper() == u'T' ? keys.tap : keys.global)(event);
+        } else if (keys.local(event)) {
+            story << u"taken"_s;
         }
-        (source == u'T' ? keys.tap : keys.global)(event);
-        return false;
-    }
-    bool sendKey(char16_t source, double time, quint64 flags = chord, bool isRepeat = false)
-    {
-        return send(source,
-                    {.kind = KeyEvents::Kind::keyDown,
-                     .keyCode = space,
-                     .modifierFlags = flags,
-                     .isRepeat = isRepeat,
-                     .time = time});
     }
 
     FakeKeyEvents keys;
@@ -295,15 +297,9 @@ private Q_SLOTS:
         QCOMPARE(triggered.keys.requests.first().keyCode, space);
         QCOMPARE(triggered.keys.requests.first().modifierFlags, chord);
         QVERIFY(!triggered.keys.tap && !triggered.keys.global);
-        triggered.keys.hotKeyPressed(12);
-        QVERIFY(triggered.sendKey(u'L', 13));
-        QVERIFY(!triggered.sendKey(u'L', 14, control));
-        QVERIFY(!triggered.sendKey(u'L', 15, chord | ModifierFlags::command));
-        QVERIFY2(triggered.sendKey(u'L', 16, chord, true), "a repetition goes nowhere");
-        QCOMPARE(triggered.story, QStringList({u"P12"_s, u"P13"_s}));
-        triggered.hotKey.unregister();
-        QVERIFY(!triggered.keys.hotKeyPressed && !triggered.keys.local);
-        QCOMPARE(triggered.story.size(), 2);
+        triggered.play(u"K12 l13:chord l14:ctrl l15:more l16:again X"_s);
+        QCOMPARE(triggered.told(), u"P12 P13 taken taken"_s);
+        QVERIFY(!triggered.keys.hotKeyPressed && !triggered.isWatching());
     }
 
     void keyOfAnotherProgramIsWatchedFor()
@@ -315,22 +311,13 @@ private Q_SLOTS:
                              "Tavik Launcher: Carbon RegisterEventHotKey failed, falling back to "
                              "NSEvent monitors");
         QVERIFY(triggered.hotKey.registerHotKey());
-        triggered.sendKey(u'T', 1000);
-        triggered.sendKey(u'G', 1000.001);
-        QCOMPARE(triggered.story, QStringList{u"P1000"_s});
-        triggered.sendKey(u'T', 1000.2, chord, true);
-        triggered.queue.advance(0.09);
-        triggered.sendKey(u'G', 1000.1);
-        QCOMPARE(triggered.story.size(), 1);
-        triggered.queue.advance(0.2);
-        triggered.sendKey(u'G', 1000.3);
-        triggered.sendKey(u'T', 1000.3, control);
-        QCOMPARE(triggered.story, QStringList({u"P1000"_s, u"P1000.3"_s}));
-        // One key press in our own window, told by the tap first.
-        triggered.queue.advance(1);
-        triggered.sendKey(u'T', 1001.3);
-        QVERIFY(triggered.sendKey(u'L', 1001.3));
-        QCOMPARE(triggered.story.size(), 3);
+        // Two sources tell of one press, and a tenth of a second is one press too.
+        triggered.play(u"t1000:chord g1000.001:chord t1000.2:again W0.09 g1000.1:chord"_s);
+        QCOMPARE(triggered.told(), u"P1000"_s);
+        triggered.play(u"W0.2 g1000.3:chord t1000.3:ctrl"_s);
+        // A key press in our own window, told by the tap first.
+        triggered.play(u"W1 t1001.3:chord l1001.3:chord"_s);
+        QCOMPARE(triggered.told(), u"P1000 P1000.3 P1001.3 taken"_s);
     }
 
     void impossibleShortcutsAreNotRegisteredWithOneLine_data()

@@ -35,11 +35,6 @@ double textScale()
     return std::clamp(size / usualFontSize, 1.0, largestScale);
 }
 
-bool isReturn(const QKeyEvent& event)
-{
-    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-}
-
 } // namespace
 
 UpdateView::UpdateView()
@@ -95,7 +90,6 @@ QLabel* UpdateView::addQuietText(const QString& text)
 QPushButton* UpdateView::addButton(const QString& text, Side side, std::function<void()> clicked)
 {
     QPushButton* button = WindowStyle::makeButton(text, this);
-    button->installEventFilter(this);
     connect(button, &QPushButton::clicked, this, std::move(clicked));
     if (side == Side::left) {
         m_buttons->insertWidget(m_leftButtons++, button);
@@ -123,27 +117,11 @@ void UpdateView::keyPressEvent(QKeyEvent* event)
     const bool isPlain = !event->isAutoRepeat() && !(event->modifiers() & ~Qt::KeypadModifier);
     if (isPlain && event->key() == Qt::Key_Escape) {
         dismiss();
-    } else if (isPlain && isReturn(*event) && m_defaultButton) {
+    } else if (isPlain && WindowStyle::isReturn(*event) && m_defaultButton) {
         m_defaultButton->click();
     } else {
         QWidget::keyPressEvent(event);
     }
-}
-
-bool UpdateView::eventFilter(QObject* watched, QEvent* event)
-{
-    // Left to itself a button takes Return only while it is the default, but then also from a key
-    // that is held down.
-    if (event->type() == QEvent::KeyPress) {
-        const auto* key = static_cast<QKeyEvent*>(event);
-        if (isReturn(*key)) {
-            if (!key->isAutoRepeat()) {
-                static_cast<QPushButton*>(watched)->click();
-            }
-            return true;
-        }
-    }
-    return false;
 }
 
 void UpdateView::showEvent(QShowEvent* event)

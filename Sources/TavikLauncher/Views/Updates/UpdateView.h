@@ -23,8 +23,6 @@ public:
     /// Does what Escape and closing the window mean.
     virtual void dismiss() = 0;
 
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 protected:
     UpdateView();
 

@@ -34,6 +34,13 @@ void openSupportPage()
     QDesktopServices::openUrl(QUrl(QStringLiteral(TAVIK_SUPPORT_URL)));
 }
 
+[[nodiscard]] ObserverToken
+observe(NotificationCenter& center, QStringView name, std::function<void()> action)
+{
+    return center.addObserver(
+        name, [action = std::move(action)](const NotificationCenter::Notification&) { action(); });
+}
+
 /// Windows that are open are not closed one by one: the tour that was not read to its end comes
 /// again.
 void quit()
@@ -163,9 +170,8 @@ LauncherPanel& AppDelegate::launcherPanel()
 
 void AppDelegate::installHotKeySettingsObserver()
 {
-    m_hotKeySettingsObserver = m_notifications.addObserver(
-        LauncherSettings::hotKeyChanged,
-        [this](const NotificationCenter::Notification&) { setupHotKey(); });
+    m_hotKeySettingsObserver
+        = observe(m_notifications, LauncherSettings::hotKeyChanged, [this] { setupHotKey(); });
     m_platform.keyEvents->onKeyboardChanged = [this] {
         if (!m_hotKey) {
             setupHotKey();
@@ -175,16 +181,16 @@ void AppDelegate::installHotKeySettingsObserver()
 
 void AppDelegate::installWillSleepObserver()
 {
-    m_willSleepObserver = m_platform.workspace->notificationCenter().addObserver(
-        Workspace::willSleep,
-        [this](const NotificationCenter::Notification&) { m_gestures.systemWillSleep(); });
+    m_willSleepObserver = observe(m_platform.workspace->notificationCenter(),
+                                  Workspace::willSleep,
+                                  [this] { m_gestures.systemWillSleep(); });
 }
 
 void AppDelegate::installRecentAppActivationObserver()
 {
-    m_recentAppActivationObserver = m_platform.workspace->notificationCenter().addObserver(
-        Workspace::didActivateApplication,
-        [this](const NotificationCenter::Notification&) { recordActivatedApplication(); });
+    m_recentAppActivationObserver = observe(m_platform.workspace->notificationCenter(),
+                                            Workspace::didActivateApplication,
+                                            [this] { recordActivatedApplication(); });
 }
 
 void AppDelegate::recordActivatedApplication()
@@ -225,20 +231,19 @@ void AppDelegate::setupHotKey()
 
 void AppDelegate::installShowInDockObserver()
 {
-    m_showInDockObserver = m_notifications.addObserver(
-        LauncherSettings::showInDockChanged,
-        [this](const NotificationCenter::Notification&) { m_windows.applyDockVisibility(); });
+    m_showInDockObserver = observe(m_notifications, LauncherSettings::showInDockChanged, [this] {
+        m_windows.applyDockVisibility();
+    });
 }
 
 void AppDelegate::installSettingsPreviewObserver()
 {
     m_settingsPreviewObserver
-        = m_notifications.addObserver(LauncherSettings::previewRequestNotification,
-                                      [this](const NotificationCenter::Notification&) {
-                                          if (m_windows.isSettingsVisible()) {
-                                              showPreview();
-                                          }
-                                      });
+        = observe(m_notifications, LauncherSettings::previewRequestNotification, [this] {
+              if (m_windows.isSettingsVisible()) {
+                  showPreview();
+              }
+          });
 }
 
 void AppDelegate::startUpdater()
@@ -268,13 +273,12 @@ void AppDelegate::startUpdater()
 
 void AppDelegate::installUpdateSettingsObserver()
 {
-    m_updateSettingsObserver = m_notifications.addObserver(
-        LauncherSettings::updateSettingsChanged, [this](const NotificationCenter::Notification&) {
-            m_softwareUpdates->applyUpdateSettings();
-        });
-    m_checkForUpdatesNowObserver = m_notifications.addObserver(
-        LauncherSettings::checkForUpdatesNow,
-        [this](const NotificationCenter::Notification&) { m_softwareUpdates->checkForUpdates(); });
+    m_updateSettingsObserver = observe(m_notifications,
+                                       LauncherSettings::updateSettingsChanged,
+                                       [this] { m_softwareUpdates->applyUpdateSettings(); });
+    m_checkForUpdatesNowObserver = observe(m_notifications,
+                                           LauncherSettings::checkForUpdatesNow,
+                                           [this] { m_softwareUpdates->checkForUpdates(); });
 }
 
 void AppDelegate::installStatusItem()

@@ -123,17 +123,12 @@ private Q_SLOTS:
     {
         Asked asked;
         QVERIFY(says(asked.view, u"Allow Accessibility Access"_s) && asked.fits());
-        QVERIFY(!click(asked.view, done));
-        QVERIFY(click(asked.view, enable));
-        QCOMPARE(asked.phase(), PermissionPhase::waitingForUser);
-        QVERIFY(!click(asked.view, enable));
-        QVERIFY(click(asked.view, u"Open Accessibility Settings"_s));
+        QVERIFY(!click(asked.view, done) && click(asked.view, enable));
+        QVERIFY(!click(asked.view, enable) && click(asked.view, u"Open Accessibility Settings"_s));
         QCOMPARE(asked.permission.calls, QStringList({u"prompt"_s, u"settings"_s}));
-        QVERIFY(!says(asked.view, hint));
-        QVERIFY(click(asked.view, done));
-        QVERIFY(says(asked.view, hint) && asked.fits());
+        QVERIFY(!says(asked.view, hint) && click(asked.view, done));
         asked.queue.advance(3);
-        QVERIFY(says(asked.view, hint));
+        QVERIFY(says(asked.view, hint) && asked.fits());
         QCOMPARE(asked.phase(), PermissionPhase::waitingForUser);
         asked.permission.trusted = true;
         QVERIFY(click(asked.view, done));
@@ -141,74 +136,46 @@ private Q_SLOTS:
         QVERIFY(says(asked.view, u"Hotkey Is Active"_s) && asked.fits());
         QVERIFY(!click(asked.view, done) && !says(asked.view, hint));
         QCOMPARE(asked.dismissed, 0);
-    }
-
-    void permissionGivenElsewhereIsNoticedWithinASecond()
-    {
-        for (const bool hasPressed : {false, true}) {
-            Asked asked;
-            if (hasPressed) {
-                click(asked.view, enable);
-            }
-            asked.queue.advance(1.5);
-            QCOMPARE(asked.granted, 0);
-            asked.permission.trusted = true;
-            asked.queue.advance(0.6);
-            QCOMPARE(asked.granted, 1);
-            QCOMPARE(asked.phase(), PermissionPhase::granted);
-            asked.queue.advance(5);
-            QCOMPARE(asked.granted, 1);
-            QCOMPARE(asked.queue.pendingTasks(), 0);
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+            QTest::keyClick(asked.view.focusWidget(), key);
         }
+        QCOMPARE(asked.dismissed, 2);
     }
 
-    void permissionIsLookedForWhenTheWindowOpensAndOnceMoreWhenItCloses()
+    void permissionIsLookedForOnOpeningEverySecondAndOnClosing()
     {
         Asked there(true);
         QCOMPARE(there.granted, 1);
         QCOMPARE(there.phase(), PermissionPhase::prompt);
 
-        Asked asked;
-        asked.permission.trusted = true;
-        asked.view.close();
-        QCOMPARE(asked.queue.pendingTasks(), 0);
-        asked.queue.advance(5);
-        QCOMPARE(asked.granted, 1);
-    }
+        Asked polled;
+        polled.queue.advance(1.5);
+        QCOMPARE(polled.granted, 0);
+        polled.permission.trusted = true;
+        polled.queue.advance(0.6);
+        QCOMPARE(polled.phase(), PermissionPhase::granted);
 
-    void skippingAndKeysLeaveThePermission()
-    {
-        Asked asked;
-        click(asked.view, enable);
-        QVERIFY(click(asked.view, u"Skip for Now"_s));
-        QCOMPARE(asked.dismissed, 1);
-        QCOMPARE(asked.granted, 0);
-        QVERIFY(QTest::qWaitForWindowExposed(&asked.view));
-        QTest::keyClick(asked.view.focusWidget(), Qt::Key_Escape);
-        QCOMPARE(asked.dismissed, 2);
-        asked.permission.trusted = true;
-        asked.queue.advance(1.1);
-        QCOMPARE(asked.phase(), PermissionPhase::granted);
-        QCOMPARE(asked.view.focusWidget(), &asked.view);
-        QTest::keyClick(&asked.view, Qt::Key_Return);
-        QCOMPARE(asked.dismissed, 3);
+        Asked closed;
+        closed.permission.trusted = true;
+        closed.view.close();
+        for (Asked* asked : {&polled, &closed}) {
+            asked->queue.advance(5);
+            QCOMPARE(asked->granted, 1);
+            QCOMPARE(asked->queue.pendingTasks(), 0);
+        }
     }
 
     void reindexGoesFromInfoToSuccess()
     {
         ReindexFixture fixture;
-        fixture.view->resize(400, 1);
-        QCOMPARE(fixture.view->width(), 400);
         verifyEveryParagraphIsShownWhole(*fixture.view);
         // A walk that somebody else started changes nothing.
         fixture.walk();
         fixture.mainQueue.advance(1);
         QCOMPARE(fixture.phase(), Phase::info);
-        QCOMPARE(fixture.celebrations, 0);
 
         QVERIFY(click(*fixture.view, u"Reindex Now"_s));
         QCOMPARE(fixture.phase(), Phase::running);
-        QVERIFY(fixture.catalog.isIndexing());
         QVERIFY(!click(*fixture.view, u"Reindex Now"_s));
         QVERIFY(says(*fixture.view, u"Scanning…"_s));
 
@@ -218,11 +185,9 @@ private Q_SLOTS:
         QVERIFY(!says(*fixture.view, u"Scanning…"_s));
         fixture.mainQueue.advance(0.079);
         QCOMPARE(fixture.celebrations, 0);
-        QVERIFY(!fixture.session().celebrates());
         QCOMPARE(fixture.session().markScale(), 0.4);
         fixture.mainQueue.advance(0.001);
-        QCOMPARE(fixture.celebrations, 1);
-        QVERIFY(fixture.session().celebrates());
+        QVERIFY(fixture.celebrations == 1 && fixture.session().celebrates());
 
         fixture.install(fixture.path(u"F"_s), u"F"_s);
         fixture.walk();
@@ -322,7 +287,7 @@ private Q_SLOTS:
         QVERIFY(rows.front().detail.endsWith(u" Go ahead — try it right now!"_s));
     }
 
-    void theTourIsShownWholeAndItsButtonsAndKeysLeadOn()
+    void theTourIsShownWholeAndKeysLeadOn()
     {
         int finished = 0;
         int settings = 0;
@@ -330,22 +295,17 @@ private Q_SLOTS:
                             {.onFinish = counting(finished), .onOpenSettings = counting(settings)});
         view.resize(560, 420);
         view.show();
-        QCOMPARE(view.width(), 560);
         QVERIFY(view.height() <= 420);
         QCOMPARE(view.findChildren<QLabel*>().size(), 10);
         verifyEveryParagraphIsShownWhole(view);
-        for (QPushButton* button : view.findChildren<QPushButton*>()) {
-            QTest::mouseClick(button, Qt::LeftButton);
-        }
-        QCOMPARE(finished, 1);
-        QCOMPARE(settings, 1);
         // Escape dismisses the ring that is being tried out, not the tour.
         QTest::keyClick(view.focusWidget(), Qt::Key_Escape);
-        QCOMPARE(finished, 1);
+        QCOMPARE(finished, 0);
         QTest::keyClick(view.focusWidget(), Qt::Key_Return);
-        QCOMPARE(finished, 2);
+        QCOMPARE(finished, 1);
         QTest::keyClick(view.focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
         QTest::keyClick(view.focusWidget(), Qt::Key_Space);
+        QTest::keyClick(view.focusWidget(), Qt::Key_Return);
         QCOMPARE(settings, 2);
     }
 };

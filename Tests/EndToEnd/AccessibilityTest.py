@@ -1,58 +1,37 @@
 # SPDX-License-Identifier: MIT
 """The ring as assistive technology sees it."""
-import pytest
-
 from harness import accessibility
 from harness.waiting import wait_until
 
-ENVIRONMENT = {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
+
+def wait_slots(desktop, *names, selected=None, text=None):
+    """Waits until these are the ring's buttons, in order, and returns them."""
+    def seen():
+        nodes = [node for tree in accessibility.trees(desktop) for node in accessibility.flatten(tree)]
+        panel = next((node for node in nodes if (node["name"], node["role"]) == ("Tavik Launcher", "panel")), None)
+        inner = list(accessibility.flatten(panel)) if panel else []
+        slots = [node for node in inner if node["role"] == "push button"]
+        chosen = [slot["name"] for slot in slots if {"selected", "focused"} & set(slot["states"])]
+        is_right = panel and [slot["name"] for slot in slots] == list(names)
+        is_right = is_right and (selected is None or chosen == [selected])
+        return (slots,) if is_right and text in {None, *(node[kind] for node in inner for kind in ("text", "name"))} else None
+
+    return wait_until(seen, f"the slots are {names}")[0]
 
 
-@pytest.fixture
-def ring(launcher, applications, desktop, display):
+def test_the_slots_the_selection_and_the_filter_are_told(launcher, applications, desktop, display, look):
     running = applications.add("Alder")
     launcher.pin(running, applications.add("Birch"), applications.add("Cedar"))
     desktop.open(running)
     display.wait_for("Alder")
-    launcher.start(environment=ENVIRONMENT).summon(640, 400)
-    return launcher
-
-
-class Panel:
-    """What the ring's accessible panel says at the moment of asking."""
-
-    def __init__(self, desktop):
-        nodes = [node for tree in accessibility.trees(desktop) for node in accessibility.flatten(tree)]
-        panel = [node for node in nodes if node["name"] == "Tavik Launcher" and node["role"] == "panel"]
-        self.nodes = [inner for node in panel[:1] for inner in accessibility.flatten(node)]
-        self.slots = [node for node in self.nodes if node["role"] == "push button"]
-        self.names = [slot["name"] for slot in self.slots]
-        self.selected = [slot["name"] for slot in self.slots if {"selected", "focused"} & set(slot["states"])]
-        self.texts = {text for node in self.nodes for text in (node["text"], node["name"])}
-
-
-def wait_panel(desktop, condition, what):
-    def panel():
-        seen = Panel(desktop)
-        return seen if seen.nodes and condition(seen) else None
-
-    return wait_until(panel, what)
-
-
-def test_the_slots_are_buttons_named_after_their_applications(ring, desktop, look):
+    launcher.start(environment={"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}).summon(640, 400)
     look("open")
-    panel = wait_panel(desktop, lambda p: p.names == ["Alder", "Birch", "Cedar"], "three buttons in order")
-    assert ["running" in slot["description"] for slot in panel.slots] == [True, False, False]
-    assert {"showing", "visible"} <= set(panel.slots[0]["states"])
-
-
-def test_the_selection_and_the_filter_are_told(ring, desktop, display):
+    slots = wait_slots(desktop, "Alder", "Birch", "Cedar")
+    assert ["running" in slot["description"] for slot in slots] == [True, False, False]
+    assert {"showing", "visible"} <= set(slots[0]["states"])
     display.press("Right")
-    wait_panel(desktop, lambda p: p.selected == ["Birch"], "the second slot is selected")
+    wait_slots(desktop, "Alder", "Birch", "Cedar", selected="Birch")
     display.type("ced")
-    panel = wait_panel(desktop, lambda p: p.names == ["Cedar"], "one slot is left")
-    assert panel.selected == ["Cedar"]
-    assert "ced" in panel.texts, "the filter's text is told"
+    wait_slots(desktop, "Cedar", selected="Cedar", text="ced")
     display.type("zz")
-    panel = wait_panel(desktop, lambda p: p.names == [], "no slot is left")
-    assert "No matches" in panel.texts
+    wait_slots(desktop, text="No matches")

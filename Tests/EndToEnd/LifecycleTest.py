@@ -81,10 +81,13 @@ def startup_messages(display):
     return [bytes(text).split(b"\0")[0].decode() for text in texts.values()]
 
 
-def test_what_a_second_start_was_given_is_handed_on_and_completed(ring, display):
+def test_what_a_start_was_given_is_handed_on_and_completed(launcher, panel, display):
     display.root.change_attributes(event_mask=X.PropertyChangeMask)
     display.connection.sync()
-    messages, expected = [], []
+    messages, expected = [], ['remove: ID="some-panel_TIME4711"']
+    ring = launcher.start(by_hand=True, environment={"DESKTOP_STARTUP_ID": "some-panel_TIME4711"})
+    wait_until(lambda: messages.extend(startup_messages(display)) or expected[0] in messages, "our own is completed")
+    del ring.environment["DESKTOP_STARTUP_ID"]
     for variable in ("DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN"):
         for arguments, window in ((), "Tavik Launcher"), (("--hide",), None), (("--reindex",), REINDEX):
             identifier = f'some-panel-{len(expected)}-"quoted"_TIME4711'
@@ -95,18 +98,10 @@ def test_what_a_second_start_was_given_is_handed_on_and_completed(ring, display)
             expected.append('remove: ID="%s"' % identifier.replace('"', '\\"'))
             wait_until(
                 lambda: messages.extend(startup_messages(display)) or expected[-1] in messages, "the start is completed")
-            assert set(messages) == set(expected)
+            # The toolkit tells of the program's own, too.
+            assert set(messages) - {"remove: ID=some-panel_TIME4711"} == set(expected)
         display.close_window(opened)
         display.wait_gone(REINDEX)
-
-
-def test_our_own_start_is_completed(launcher, panel, display):
-    display.root.change_attributes(event_mask=X.PropertyChangeMask)
-    display.connection.sync()
-    launcher.start(by_hand=True, environment={"DESKTOP_STARTUP_ID": "some-panel-17_TIME4711"})
-    messages = []
-    wait_until(lambda: messages.extend(startup_messages(display)) or messages, "the start is completed")
-    assert messages[0].startswith('remove: ID="some-panel-17')
 
 
 def tap(display):

@@ -45,6 +45,8 @@ std::unique_ptr<SettingsPage> SettingsPages::makeGeneral(const SettingsDependenc
         dependencies, u"General"_s, u"How the launcher starts and what the ring offers."_s);
     LauncherSettings& settings = page->settings();
     settings.refreshLaunchAtLoginStatus();
+    // The message sends the user to the desktop's own settings, and back.
+    page->whenBroughtBack([&settings] { settings.refreshLaunchAtLoginStatus(); });
 
     SettingsCard& system = page->addCard(u"System"_s);
     addLaunchAtLogin(*page, system);

@@ -68,6 +68,7 @@ public:
                           "removes."_s});
         card.addWidget(makeToolbar());
         connectLists();
+        whenBroughtBack([this] { lookAgain(); });
         follow({settings().permanentAppPaths.name(), settings().pinnedPermanentAppPaths.name()},
                [this] { refresh(); });
     }
@@ -173,14 +174,6 @@ private:
     {
         m_apps.forgetEntries();
         m_results.forgetEntries();
-    }
-
-    bool event(QEvent* event) override
-    {
-        if (event->type() == QEvent::WindowActivate) {
-            lookAgain();
-        }
-        return SettingsPage::event(event);
     }
 
     [[nodiscard]] int selectedRow() const { return m_appList->currentIndex().row(); }

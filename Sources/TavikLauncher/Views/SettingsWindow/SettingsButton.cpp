@@ -7,6 +7,8 @@
 #include <QKeyEvent>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace Tavik {
 
 namespace {
@@ -14,6 +16,8 @@ namespace {
 constexpr double cornerRadius = 6;
 constexpr int sidePadding = 14;
 constexpr int verticalPadding = 7;
+/// An imported shortcut may be called anything.
+constexpr int widestText = 320;
 
 QColor fill(const QAbstractButton& button, const SettingsLook& look)
 {
@@ -45,7 +49,8 @@ SettingsButton::SettingsButton(SettingsSymbol symbol, QWidget* parent)
 QSize SettingsButton::sizeHint() const
 {
     const int height = fontMetrics().height() + 2 * verticalPadding;
-    const int width = m_symbol ? height : fontMetrics().horizontalAdvance(text()) + 2 * sidePadding;
+    const int textWidth = std::min(fontMetrics().horizontalAdvance(text()), widestText);
+    const int width = m_symbol ? height : textWidth + 2 * sidePadding;
     return QSize(width, height).grownBy({focusMargin, focusMargin, focusMargin, focusMargin});
 }
 
@@ -82,7 +87,10 @@ void SettingsButton::paintEvent(QPaintEvent*)
         paintSymbol(painter, *m_symbol, body.adjusted(inset, inset, -inset, -inset), ink);
     } else {
         painter.setPen(ink);
-        painter.drawText(body, Qt::AlignCenter, text());
+        painter.drawText(
+            body,
+            Qt::AlignCenter,
+            fontMetrics().elidedText(text(), Qt::ElideRight, width() - 2 * sidePadding));
     }
     paintFocusRing(painter, *this, body, cornerRadius);
 }

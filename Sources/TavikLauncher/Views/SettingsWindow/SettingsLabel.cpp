@@ -30,4 +30,11 @@ SettingsLabel::SettingsLabel(Role role, const QString& text, QWidget* parent)
     }
 }
 
+QSize SettingsLabel::minimumSizeHint() const
+{
+    constexpr int widestWord = 160;
+    const QSize needed = QLabel::minimumSizeHint();
+    return wordWrap() ? needed.boundedTo({widestWord, needed.height()}) : needed;
+}
+
 } // namespace Tavik

@@ -5,7 +5,8 @@
 
 namespace Tavik {
 
-/// Plain text, wrapped, in one of the window's few sizes.
+/// Plain text, wrapped, in one of the window's few sizes. A single word that is too long, a file's
+/// name perhaps, is cut off rather than let it push the controls out of the window.
 class SettingsLabel final : public QLabel
 {
     Q_OBJECT
@@ -20,6 +21,8 @@ public:
     };
 
     explicit SettingsLabel(Role role, const QString& text = {}, QWidget* parent = nullptr);
+
+    [[nodiscard]] QSize minimumSizeHint() const override;
 };
 
 } // namespace Tavik

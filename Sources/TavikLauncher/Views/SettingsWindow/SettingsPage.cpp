@@ -10,6 +10,7 @@
 #include <TavikLauncher/Views/SettingsWindow/SettingsSlider.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsSwitch.h>
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
@@ -198,6 +199,19 @@ void SettingsPage::follow(const QStringList& properties, const std::function<voi
                 }
             });
     refresh();
+}
+
+void SettingsPage::whenBroughtBack(std::function<void()> look)
+{
+    m_broughtBack = std::move(look);
+}
+
+bool SettingsPage::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate && m_broughtBack) {
+        m_broughtBack();
+    }
+    return QScrollArea::event(event);
 }
 
 void SettingsPage::describe(QWidget& control, const RowText& text)

@@ -65,8 +65,13 @@ public:
 
     /// Runs `refresh` now and whenever one of the named properties changes.
     void follow(const QStringList& properties, const std::function<void()>& refresh);
+    /// Runs `look` whenever the user comes back to the window, for what nobody tells of.
+    void whenBroughtBack(std::function<void()> look);
     /// Gives a control its name for assistive technology and its tooltip.
     void describe(QWidget& control, const RowText& text);
+
+protected:
+    bool event(QEvent* event) override;
 
 private:
     template <typename T>
@@ -75,6 +80,7 @@ private:
 
     SettingsDependencies m_dependencies;
     QVBoxLayout* m_column;
+    std::function<void()> m_broughtBack;
 };
 
 } // namespace Tavik

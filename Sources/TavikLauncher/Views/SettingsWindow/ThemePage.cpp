@@ -71,10 +71,7 @@ public:
         for (const ThemePreset& preset : ThemePreset::presets()) {
             ThemeTile* tile = add(preset);
             m_tiles.append(tile);
-            connect(tile, &QAbstractButton::clicked, this, [this, &preset] {
-                m_wantsCustom = false;
-                m_settings.applyTheme(preset);
-            });
+            connect(tile, &QAbstractButton::clicked, this, [this, &preset] { apply(preset); });
         }
         m_customTile = add(customTheme(m_settings));
         connect(m_customTile, &QAbstractButton::clicked, this, [this] {
@@ -89,6 +86,12 @@ public:
                      u"highlightOpacity"_s,
                      u"pillOpacity"_s},
                     [this] { refresh(); });
+    }
+
+    void apply(const ThemePreset& preset)
+    {
+        m_wantsCustom = false;
+        m_settings.applyTheme(preset);
     }
 
     std::function<void()> onCustom;
@@ -178,7 +181,6 @@ std::unique_ptr<SettingsPage> SettingsPages::makeTheme(const SettingsDependencie
 {
     auto page = std::make_unique<SettingsPage>(
         dependencies, u"Theme"_s, u"Colors and opacity of the ring."_s);
-    LauncherSettings& settings = page->settings();
 
     auto* picker = new ThemePicker(*page);
     page->addCard(u"Themes"_s).addWidget(picker);
@@ -196,8 +198,8 @@ std::unique_ptr<SettingsPage> SettingsPages::makeTheme(const SettingsDependencie
                    {.title = reset->text(),
                     .help = u"Restore all colors and opacity values to the default Tavik Classic "
                             "theme."_s});
-    QObject::connect(reset, &QAbstractButton::clicked, picker, [&settings] {
-        settings.applyTheme(ThemePreset::presets().constFirst());
+    QObject::connect(reset, &QAbstractButton::clicked, picker, [picker] {
+        picker->apply(ThemePreset::presets().constFirst());
     });
     return page;
 }

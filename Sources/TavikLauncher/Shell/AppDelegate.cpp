@@ -76,6 +76,11 @@ AppDelegate::AppDelegate(Platform& platform, NotificationCenter& notifications)
                   [this](const HotKeyConfig& config) {
                       return GlobalHotKey::refusal(*m_platform.keyEvents, config);
                   },
+              .shortcutRecordingChanged =
+                  [this](bool isRecording) {
+                      m_isRecordingShortcut = isRecording;
+                      setupHotKey();
+                  },
               .showPreview = [this] { showPreview(); },
               .settingsChangedScreen =
                   [this] {
@@ -206,6 +211,10 @@ void AppDelegate::recordActivatedApplication()
 void AppDelegate::setupHotKey()
 {
     m_hotKey.reset();
+    if (m_isRecordingShortcut) {
+        // The ring would take the keyboard from who records, in the middle of the gesture.
+        return;
+    }
     const HotKeyConfig config = m_settings.hotKeyConfig();
     const auto shortcut = config.isModifierOnly() ? TriggerGestures::Shortcut::modifierOnly
                                                   : TriggerGestures::Shortcut::keyed;

@@ -79,7 +79,8 @@ private:
     LauncherPresentationState m_presentation;
     std::optional<LauncherPanelController> m_panelController;
     TriggerGestures m_gestures;
-    std::unique_ptr<GlobalHotKey> m_hotKey;
+    std::unique_ptr<GlobalHotKey> m_hotKey; ///< Null while there is none, or it rests.
+    bool m_isRecordingShortcut = false;
     AuxiliaryWindows m_windows;
     std::optional<StatusItem> m_statusItem;
     UpdaterApplication m_updaterApplication;

@@ -179,6 +179,7 @@ AuxiliaryWindowPointer AuxiliaryWindows::makeSettingsWindow()
         .openFile = SettingsFileDialogs::openFile(window),
         .saveFile = SettingsFileDialogs::saveFile(window),
         .tryShortcut = m_actions.tryShortcut,
+        .shortcutRecordingChanged = m_actions.shortcutRecordingChanged,
         .showPreview = m_actions.showPreview,
         .repeatTour = [this] { showOnboarding(true); },
         .openSupportPage = m_actions.openSupportPage,

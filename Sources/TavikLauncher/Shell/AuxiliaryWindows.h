@@ -41,6 +41,7 @@ public:
         std::function<void()> setupHotKey;
         std::function<void()> openSupportPage;
         std::function<std::optional<QString>(const HotKeyConfig&)> tryShortcut;
+        std::function<void(bool isRecording)> shortcutRecordingChanged;
         std::function<void()> showPreview;
         std::function<void()> settingsChangedScreen;
         /// The settings window was moved, resized, minimised or brought back.

@@ -51,6 +51,8 @@ struct SettingsDependencies
     ChooseFile saveFile;
     /// Whether a shortcut can be had: nothing when it can, else the reason why not.
     std::function<std::optional<QString>(const HotKeyConfig&)> tryShortcut;
+    /// A shortcut is being recorded: its keys are not to trigger anything meanwhile.
+    std::function<void(bool isRecording)> shortcutRecordingChanged;
     std::function<void()> showPreview; ///< The ring beside the window.
     std::function<void()> repeatTour;
     std::function<void()> openSupportPage;

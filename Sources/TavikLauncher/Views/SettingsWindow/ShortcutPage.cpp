@@ -88,7 +88,12 @@ public:
             m_recorder.stop();
             take(HotKeyConfig::defaultConfig());
         });
-        connect(&m_recorder, &HotKeyRecorder::isRecordingChanged, this, [this] { refresh(); });
+        connect(&m_recorder, &HotKeyRecorder::isRecordingChanged, this, [this](bool isRecording) {
+            refresh();
+            if (this->dependencies().shortcutRecordingChanged) {
+                this->dependencies().shortcutRecordingChanged(isRecording);
+            }
+        });
         m_recorder.onCommit = [this](const HotKeyConfig& config) {
             take(config);
         };

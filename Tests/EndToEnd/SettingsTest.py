@@ -101,7 +101,7 @@ class Keyboard:
             self.display.press(key)
 
     def record(self, chord):
-        self.window.focus(BUTTON, f"Trigger shortcut: {self.window.launcher.hot_key}")
+        self.window.focus(BUTTON, self.window.control(BUTTON, "Trigger shortcut: ").name)
         self.display.press("Return")
         self.window.control(BUTTON, "Trigger shortcut: Press a shortcut…")
         self.display.press(chord)
@@ -235,6 +235,8 @@ def test_each_kind_of_control_shows_in_the_ring_and_is_kept(launcher, window, ap
     user.choose_next("Interval: 25", "Interval: 50")
     wait_setting(launcher, "launchHintInterval", 50)
     window.open("shortcut")
+    user.record(launcher.hot_key)
+    window.control(BUTTON, "Trigger shortcut: ⌃⌥Space")  # Recorded, not obeyed.
     user.record("ctrl+F9")
     wait_until(lambda: display.is_grabbed("ctrl+F9"), "the recorded shortcut is taken")
     assert not display.is_grabbed(launcher.hot_key)
@@ -433,10 +435,7 @@ def test_settings_are_exported_imported_and_the_import_undone(launcher, window, 
 
     stored = launcher.defaults()
     wrong = dict(members, ringDiameter="wide")
-    files = {
-        "wrong": json.dumps(wrong), "cut": exported.read_text()[:-40], "picture": "\x89PNG\r\n",
-        "large": json.dumps(members) + " " * (100 << 20), "deep": "[" * 100_000, "twice": '{"iconSize":40,"iconSize":41}',
-        "huge": '{"ringDiameter":1e999}', "odd": '{"ringDiameter":NaN}', "bell": '{"permanentAppPaths":["/a\\u0007.app"]}'}
+    files = {"wrong": json.dumps(wrong), "large": json.dumps(members) + " " * (100 << 20), "deep": "[" * 100_000}
     for name, text in files.items():
         (desktop.home / f"{name}.json").write_text(text)
         FileDialog(window, IMPORT, IMPORT_TITLE).accept(f"{name}.json")
@@ -456,13 +455,6 @@ def test_settings_are_exported_imported_and_the_import_undone(launcher, window, 
     FileDialog(window, EXPORT, EXPORT_TITLE).accept("again.json")
     window.wait_text("Settings exported to again.json.")
     assert (desktop.home / "again.json").read_bytes() == exported.read_bytes(), "all is as before the import"
-
-    FileDialog(window, IMPORT, IMPORT_TITLE).accept("good.json")
-    window.control(BUTTON, "Undo Import")
-    window.close()
-    window.open("backup")
-    window.control(BUTTON, EXPORT)
-    assert window.find(BUTTON, "Undo Import") is None, "closing the window ends the undo"
 
 
 @pytest.fixture

@@ -11,7 +11,6 @@
 #include <QVBoxLayout>
 
 #include <Support/FakeKeyEvents.h>
-#include <Support/Table.h>
 
 using namespace Tavik;
 using namespace Tavik::Test;
@@ -125,25 +124,6 @@ private Q_SLOTS:
         }
         QVERIFY(!KeyTranslation::digitOfRow(29)); // Zero.
         QVERIFY(!KeyTranslation::digitOfRow(83)); // One on the keypad.
-    }
-
-    void modifiersAfterAKeyIncludeOrLackItsOwn_data()
-    {
-        const Table<int, bool, quint64> row;
-        constexpr quint64 control = ModifierFlags::control;
-        row("option down", Qt::Key_Alt, true, control | ModifierFlags::option);
-        row("super down", Qt::Key_Super_L, true, control | ModifierFlags::command);
-        row("control up", Qt::Key_Control, false, 0);
-        row("caps lock", Qt::Key_CapsLock, true, control);
-    }
-
-    void modifiersAfterAKeyIncludeOrLackItsOwn()
-    {
-        const auto [key, isPress, expected] = fetch<int, bool, quint64>();
-        const QKeyEvent event(
-            isPress ? QEvent::KeyPress : QEvent::KeyRelease, key, Qt::ControlModifier);
-        QVERIFY(KeyTranslation::isModifierKey(event));
-        QCOMPARE(KeyTranslation::modifierFlagsAfter(event), expected);
     }
 };
 

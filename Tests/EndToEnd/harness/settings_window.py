@@ -8,7 +8,6 @@ TITLE = "Tavik Launcher Settings"
 ENVIRONMENT = {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
 SWITCH, SLIDER, BUTTON, RADIO, FIELD, LIST, ITEM = (
     "check box", "slider", "push button", "radio button", "text", "list", "list item")
-TILE = RADIO  # A theme's picture is one of several to choose from.
 
 
 class Control:

@@ -12,19 +12,15 @@
 #include <QLineEdit>
 #include <QTest>
 
+#include <Support/Table.h>
 #include <algorithm>
 
 using namespace Tavik;
 using namespace Tavik::Test;
 using namespace Qt::StringLiterals;
+using Section = SettingsSection;
 
 namespace {
-
-SettingRow* rowNamed(const LauncherSettings& settings, const QString& name)
-{
-    const auto found = std::ranges::find(settings.rows(), name, &SettingRow::name);
-    return found == settings.rows().end() ? nullptr : *found;
-}
 
 /// Changes what a control shows as a user would with the keyboard, whatever its kind.
 void changeByKeyboard(QWidget& control)
@@ -78,83 +74,61 @@ private Q_SLOTS:
 
 void SettingsBindingsTest::aControlAndItsSettingFollowEachOther_data()
 {
-    QTest::addColumn<QString>("section");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QVariant>("stored"); ///< After one step by keyboard.
-    QTest::addColumn<QStringList>("posted");
-    QTest::addColumn<QVariant>("elsewhere"); ///< Assigned by somebody else …
-    QTest::addColumn<QVariant>("shown"); ///< … and what the control shows then.
-    const QStringList nothing;
-    const QStringList preview{LauncherSettings::previewRequestNotification.toString()};
-    const QStringList updates{LauncherSettings::updateSettingsChanged.toString()};
-    const auto row = [](QStringView section,
-                        const QString& name,
-                        const QVariant& stored,
-                        const QStringList& posted,
-                        const QVariant& elsewhere,
-                        const QVariant& shown) {
-        QTest::newRow(qPrintable(name))
-            << section.toString() << name << stored << posted << elsewhere << shown;
-    };
-    using Section = SettingsSection;
-    row(Section::general,
-        u"showInDock"_s,
-        true,
-        {LauncherSettings::showInDockChanged.toString()},
-        false,
-        false);
-    row(Section::general, u"doubleTapModifiersPinsLauncher"_s, false, nothing, true, true);
-    row(Section::general, u"fillsRingWithRecentApps"_s, false, nothing, true, true);
-    row(Section::general, u"searchesAllApps"_s, true, nothing, false, false);
-    row(Section::appearance, u"ringDiameter"_s, 321.0, preview, 400.4, 400);
-    row(Section::appearance, u"ringThickness"_s, 81.0, preview, 220.0, 220);
-    row(Section::appearance, u"iconSize"_s, 51.0, preview, 36.0, 36);
-    row(Section::appearance, u"maxVisibleApps"_s, 16LL, preview, 1LL, 1);
-    row(Section::appearance, u"showsAppNames"_s, false, preview, true, true);
-    row(Section::appearance, u"keepsCenterHintVisible"_s, true, nothing, false, false);
-    row(Section::theme, u"ringColorHex"_s, u"#12AB34"_s, preview, u"#222222"_s, u"#222222"_s);
-    row(Section::theme,
-        u"highlightColorHex"_s,
-        u"#12AB34"_s,
-        preview,
-        u"no color"_s,
-        u"no color"_s);
-    row(Section::theme, u"runningDotColorHex"_s, u"#12AB34"_s, preview, u"#FFFFFF"_s, u"#FFFFFF"_s);
-    row(Section::theme, u"ringOpacity"_s, 0.83, preview, 0.2, 20);
-    row(Section::theme, u"highlightOpacity"_s, 0.73, preview, 1.0, 100);
-    row(Section::theme, u"pillOpacity"_s, 0.95, preview, 0.5, 50);
-    row(Section::theme, u"showsRunningDot"_s, false, preview, true, true);
-    row(Section::hints, u"showsLaunchHints"_s, false, nothing, true, true);
-    row(Section::hints, u"launchHintInterval"_s, 5LL, nothing, 200LL, 4);
-    row(Section::updates, u"autoUpdatesEnabled"_s, false, updates, true, true);
-    row(Section::updates, u"updateCheckFrequency"_s, u"weekly"_s, updates, u"monthly"_s, 2);
+    // By setting: its section, what is stored after one step by keyboard and which notifications
+    // that posts; what somebody else assigns then, and what the control shows of it.
+    const Table<QString, QVariant, QStringView, QVariant, QVariant> row;
+    const auto general = Section::general.toString();
+    const auto appearance = Section::appearance.toString();
+    const auto theme = Section::theme.toString();
+    const auto hints = Section::hints.toString();
+    const auto updates = Section::updates.toString();
+    constexpr QStringView nothing;
+    constexpr QStringView preview = LauncherSettings::previewRequestNotification;
+    constexpr QStringView update = LauncherSettings::updateSettingsChanged;
+    row("showInDock", general, true, LauncherSettings::showInDockChanged, false, false);
+    row("doubleTapModifiersPinsLauncher", general, false, nothing, true, true);
+    row("fillsRingWithRecentApps", general, false, nothing, true, true);
+    row("searchesAllApps", general, true, nothing, false, false);
+    row("ringDiameter", appearance, 321.0, preview, 400.4, 400);
+    row("ringThickness", appearance, 81.0, preview, 220.0, 220);
+    row("iconSize", appearance, 51.0, preview, 36.0, 36);
+    row("maxVisibleApps", appearance, 16LL, preview, 1LL, 1);
+    row("showsAppNames", appearance, false, preview, true, true);
+    row("keepsCenterHintVisible", appearance, true, nothing, false, false);
+    row("ringColorHex", theme, u"#12AB34"_s, preview, u"#222222"_s, u"#222222"_s);
+    row("highlightColorHex", theme, u"#12AB34"_s, preview, u"no color"_s, u"no color"_s);
+    row("runningDotColorHex", theme, u"#12AB34"_s, preview, u"#FFFFFF"_s, u"#FFFFFF"_s);
+    row("ringOpacity", theme, 0.83, preview, 0.2, 20);
+    row("highlightOpacity", theme, 0.73, preview, 1.0, 100);
+    row("pillOpacity", theme, 0.95, preview, 0.5, 50);
+    row("showsRunningDot", theme, false, preview, true, true);
+    row("showsLaunchHints", hints, false, nothing, true, true);
+    row("launchHintInterval", hints, 5LL, nothing, 200LL, 4);
+    row("autoUpdatesEnabled", updates, false, update, true, true);
+    row("updateCheckFrequency", updates, u"weekly"_s, update, u"monthly"_s, 2);
 }
 
 void SettingsBindingsTest::aControlAndItsSettingFollowEachOther()
 {
-    QFETCH(const QString, section);
-    QFETCH(const QString, name);
-    QFETCH(const QVariant, stored);
-    QFETCH(const QStringList, posted);
+    const auto [section, stored, posted, elsewhere, shownThen]
+        = fetch<QString, QVariant, QStringView, QVariant, QVariant>();
+    const QString name = QString::fromUtf8(QTest::currentDataTag());
     SettingsWindowFixture fixture;
     fixture.open(section);
     auto& control = fixture.control<QWidget>(name);
-    SettingRow& row = *rowNamed(fixture.settings, name);
+    SettingRow& row = **std::ranges::find(fixture.settings.rows(), name, &SettingRow::name);
 
     changeByKeyboard(control);
     QCOMPARE(row.stored(), stored);
     QCOMPARE(fixture.defaults.values.value(row.key()), stored);
     QCOMPARE(fixture.changed, QStringList{name});
-    QCOMPARE(fixture.posted, posted);
+    QCOMPARE(fixture.posted.join(u' '), posted.toString());
 
     // A field that is being typed into keeps what is typed.
     fixture.view.setFocus();
-    fixture.forget();
-    QFETCH(const QVariant, elsewhere);
     QVERIFY(row.restore(elsewhere));
-    QTEST(shown(control), "shown");
+    QCOMPARE(shown(control), shownThen);
     QCOMPARE(row.stored(), elsewhere);
-    QCOMPARE(fixture.changed, QStringList{name});
 }
 
 void SettingsBindingsTest::everyBackedUpSettingHasAControl()
@@ -164,7 +138,7 @@ void SettingsBindingsTest::everyBackedUpSettingHasAControl()
     for (const SettingRow* row : fixture.settings.rows()) {
         missing.append(row->name());
     }
-    for (const SettingsSection& section : allSettingsSections) {
+    for (const Section& section : allSettingsSections) {
         fixture.open(section.id);
         missing.removeIf([&](const QString& name) {
             const auto* control = fixture.view.findChild<QWidget*>(name);
@@ -178,10 +152,10 @@ void SettingsBindingsTest::everyBackedUpSettingHasAControl()
 void SettingsBindingsTest::slidersShowTheirValueWithItsUnit()
 {
     SettingsWindowFixture fixture;
-    fixture.open(SettingsSection::appearance);
+    fixture.open(Section::appearance);
     QCOMPARE(fixture.control<QLabel>(u"ringDiameterValue"_s).text(), u"320 pt"_s);
     QCOMPARE(fixture.control<QLabel>(u"maxVisibleAppsValue"_s).text(), u"15"_s);
-    fixture.open(SettingsSection::theme);
+    fixture.open(Section::theme);
     fixture.settings.ringOpacity.set(0.567);
     QCOMPARE(fixture.control<QLabel>(u"ringOpacityValue"_s).text(), u"57 %"_s);
     // Showing a value between two steps does not round the setting.
@@ -191,7 +165,7 @@ void SettingsBindingsTest::slidersShowTheirValueWithItsUnit()
 void SettingsBindingsTest::slidersAssignExactlyTheNumberTheyShow()
 {
     SettingsWindowFixture fixture;
-    fixture.open(SettingsSection::theme);
+    fixture.open(Section::theme);
     auto& slider = fixture.control<SettingsSlider>(u"ringOpacity"_s);
     for (int percent = 20; percent <= 100; ++percent) {
         slider.setValue(percent);
@@ -214,15 +188,15 @@ void SettingsBindingsTest::whatShowsInTheRingIsPreviewed()
         fixture.control<SettingsSwitch>(name).click();
         return fixture.previews;
     };
-    QCOMPARE(previews(SettingsSection::general, u"fillsRingWithRecentApps"_s), 1);
-    QCOMPARE(previews(SettingsSection::general, u"searchesAllApps"_s), 0);
-    QCOMPARE(previews(SettingsSection::appearance, u"keepsCenterHintVisible"_s), 1);
+    QCOMPARE(previews(Section::general, u"fillsRingWithRecentApps"_s), 1);
+    QCOMPARE(previews(Section::general, u"searchesAllApps"_s), 0);
+    QCOMPARE(previews(Section::appearance, u"keepsCenterHintVisible"_s), 1);
 }
 
 void SettingsBindingsTest::whatOthersRuleOutIsDisabled()
 {
     SettingsWindowFixture fixture;
-    fixture.open(SettingsSection::hints);
+    fixture.open(Section::hints);
     auto& interval = fixture.control<SegmentedChoice>(u"launchHintInterval"_s);
     QVERIFY(interval.isEnabled());
     fixture.settings.keepsCenterHintVisible.set(true);
@@ -230,7 +204,7 @@ void SettingsBindingsTest::whatOthersRuleOutIsDisabled()
     fixture.settings.keepsCenterHintVisible.set(false);
     fixture.settings.showsLaunchHints.set(false);
     QVERIFY(!interval.isEnabled());
-    fixture.open(SettingsSection::updates);
+    fixture.open(Section::updates);
     fixture.settings.autoUpdatesEnabled.set(false);
     QVERIFY(!fixture.control<SegmentedChoice>(u"updateCheckFrequency"_s).isEnabled());
 }

@@ -3,10 +3,13 @@
 
 #include "../../Ring/RingFixture.h"
 #include <TavikLauncher/Views/SettingsWindow/LauncherSettingsView.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsMessage.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
 #include <TavikLauncherPlatform/Null/NullServices.h>
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QTest>
 
 #include <Support/FakeDesktop.h>
 
@@ -65,6 +68,17 @@ struct SettingsWindowFixture : RingFixture
         return *found;
     }
 
+    void click(const QString& name) const
+    {
+        QTest::mouseClick(&control<QAbstractButton>(name), Qt::LeftButton);
+    }
+    /// What is said there; empty while nothing is.
+    [[nodiscard]] QString message(const QString& name) const
+    {
+        const auto& label = control<SettingsMessage>(name);
+        return label.isVisible() ? label.text() : QString();
+    }
+
     ChooseFile dialog()
     {
         return
@@ -83,6 +97,7 @@ struct SettingsWindowFixture : RingFixture
     QList<FileRequest> requests;
     QString chosenFile;
     std::optional<QString> shortcutRefusal;
+    QList<bool> recordings; ///< Whether a shortcut is being recorded, at each change.
     int previews = 0; ///< Asked for beside those that the settings post.
     int tours = 0;
     int supportPages = 0;
@@ -100,6 +115,7 @@ struct SettingsWindowFixture : RingFixture
         .openFile = dialog(),
         .saveFile = dialog(),
         .tryShortcut = [this](const HotKeyConfig&) { return shortcutRefusal; },
+        .shortcutRecordingChanged = [this](bool isRecording) { recordings.append(isRecording); },
         .showPreview = [this] { ++previews; },
         .repeatTour = [this] { ++tours; },
         .openSupportPage = [this] { ++supportPages; },

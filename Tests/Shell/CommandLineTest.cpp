@@ -14,31 +14,6 @@ class CommandLineTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void argumentsBecomeRequests_data()
-    {
-        const Table<QStringList, AppAction, QString> row;
-        row("plain", {}, AppAction::activate, {});
-        row("show", {u"--show"_s}, AppAction::showLauncher, {});
-        row("toggle", {u"--toggle"_s}, AppAction::toggleLauncher, {});
-        row("hide", {u"--hide"_s}, AppAction::hideLauncher, {});
-        row("settings", {u"--settings"_s}, AppAction::settings, {});
-        row("a section", {u"--settings=permanentApps"_s}, AppAction::settings, u"permanentApps"_s);
-        row("reindex", {u"--reindex"_s}, AppAction::reindex, {});
-        row("tour", {u"--tour"_s}, AppAction::tour, {});
-        row("updates", {u"--check-for-updates"_s}, AppAction::checkForUpdates, {});
-        row("quit", {u"--quit"_s}, AppAction::quit, {});
-    }
-    void argumentsBecomeRequests()
-    {
-        const auto [arguments, action, section] = fetch<QStringList, AppAction, QString>();
-        const CommandLine commandLine = CommandLine::parse(arguments);
-        QCOMPARE(commandLine.request.action, action);
-        QCOMPARE(commandLine.request.argument, section);
-        QCOMPARE(commandLine.starter, CommandLine::Starter::user);
-        QVERIFY(!commandLine.answer);
-        QCOMPARE(commandLine.exitCode, 0);
-    }
-
     void whatCannotBeUnderstoodIsRefusedWithAReason_data()
     {
         const Table<QStringList, QString> row;
@@ -61,19 +36,6 @@ private Q_SLOTS:
         QVERIFY(commandLine.answer);
         QCOMPARE(commandLine.answer->section(u'\n', 0, 0), u"tavik-launcher: "_s + firstLine);
         QVERIFY(commandLine.answer->contains(u"Usage: "));
-    }
-
-    void questionsAreAnsweredAndStartersToldApart()
-    {
-        QVERIFY(CommandLine::parse({u"--version"_s}).answer->startsWith(u"tavik-launcher 0."));
-        for (const QString& question : {u"--help"_s, u"-h"_s}) {
-            const CommandLine help = CommandLine::parse({question});
-            QVERIFY(help.answer->startsWith(u"Usage: "));
-            QCOMPARE(help.exitCode, 0);
-        }
-        using Starter = CommandLine::Starter;
-        QCOMPARE(CommandLine::parse({u"--background"_s}).starter, Starter::login);
-        QCOMPARE(CommandLine::parse({u"--dbus-service"_s}).starter, Starter::bus);
     }
 };
 

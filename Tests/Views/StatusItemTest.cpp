@@ -132,19 +132,6 @@ private Q_SLOTS:
         QCOMPARE(fixture.wheelColor(), QColor(200, 10, 10));
         QApplication::setPalette(before);
     }
-
-    void keyEquivalentsWorkInWindowsOfOurs()
-    {
-        StatusItemFixture fixture;
-        QWidget window;
-        fixture.item.addKeyEquivalents(window);
-        window.show();
-        window.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
-        QTest::keyClick(&window, Qt::Key_Comma, Qt::ControlModifier);
-        QTest::keyClick(&window, Qt::Key_Q, Qt::ControlModifier);
-        QCOMPARE(fixture.chosen, (QStringList{u"settings"_s, u"quit"_s}));
-    }
 };
 
 QTEST_MAIN(StatusItemTest)

@@ -22,16 +22,12 @@ DESCRIPTION = f"""
   <property name="RegisteredStatusNotifierItems" type="as" access="read"/>
   <property name="IsStatusNotifierHostRegistered" type="b" access="read"/>
   <property name="ProtocolVersion" type="i" access="read"/>
-  <signal name="StatusNotifierItemRegistered"><arg type="s"/></signal>
-  <signal name="StatusNotifierItemUnregistered"><arg type="s"/></signal>
   <signal name="StatusNotifierHostRegistered"/>
-  <signal name="StatusNotifierHostUnregistered"/>
 </interface></node>"""
 
 
 class NotifierHost:
-    """Use as a context manager, or `start()` and `stop()` it as often as wanted, as a panel that
-    crashes and returns. Serves the bus on a thread of its own."""
+    """Use as a context manager. Serves the bus on a thread of its own."""
 
     def __init__(self, desktop):
         self._desktop = desktop
@@ -39,25 +35,15 @@ class NotifierHost:
         self._registered = []
 
     def __enter__(self):
-        self.start()
-        return self
-
-    def __exit__(self, *_):
-        self.stop()
-
-    def start(self):
         ready = threading.Event()
         self._thread = threading.Thread(target=self._serve, args=(ready,), daemon=True)
         self._thread.start()
         assert ready.wait(TIMEOUT / 1000), "the panel did not start"
+        return self
 
-    def stop(self):
-        if not self._loop:
-            return
+    def __exit__(self, *_):
         self._loop.quit()
         self._thread.join()
-        self._loop = None
-        self._registered = []
 
     def items(self):
         """Everything that has registered and not been forgotten, oldest first."""

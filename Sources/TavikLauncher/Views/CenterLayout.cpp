@@ -126,8 +126,9 @@ Label hintLabel(const RingScene& scene)
     const RingGeometry& ring = scene.geometry;
     Label label;
     for (int size = largestText; size >= smallestText; --size) {
-        for (double width = 2 * ring.innerRadius - 8; width > ring.innerRadius; width -= 4) {
-            label = hintLabel(scene, size, width);
+        const double widest = 2 * ring.innerRadius - 8;
+        for (int narrower = 0; widest - narrower > ring.innerRadius; narrower += 4) {
+            label = hintLabel(scene, size, widest - narrower);
             const QRectF& rect = label.rect;
             if (rect.width() > rect.height()
                 && rect.width() <= widthInHole(ring, rect, label.cornerRadius)) {

@@ -185,12 +185,10 @@ private Q_SLOTS:
 
     void equalNamesKeepTheirOrder()
     {
-        const QList<IndexedApp> apps
-            = appsNamed({u"MAIL"_s, u"mail"_s, u"Mail"_s, u"Alpha"_s, u"mAil"_s});
-        const QList<IndexedApp> expected{apps[3], apps[0], apps[1], apps[2], apps[4]};
+        const QList<IndexedApp> apps = appsNamed({u"MAIL"_s, u"mail"_s, u"Alpha"_s, u"mAil"_s});
+        const QList<IndexedApp> expected{apps[2], apps[0], apps[1], apps[3]};
         QCOMPARE(AppSearch::sortedByName(apps), expected);
         QCOMPARE(AppSearch::results(u"-"_s, apps, 5), expected);
-        QCOMPARE(AppSearch::results(u"m"_s, apps, 2), (QList<IndexedApp>{apps[0], apps[1]}));
     }
 
     void equalityIgnoresTheIconAndNothingElse()

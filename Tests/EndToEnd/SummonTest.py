@@ -26,14 +26,6 @@ def test_the_ring_opens_at_the_pointer_and_stays_on_the_screen(ring, display, lo
     assert display.geometry(window) == Rect(*corner, SIDE, SIDE)
 
 
-def test_the_hot_key_hides_the_ring_again_and_shows_it_at_the_new_place(ring, display):
-    first = display.geometry(ring.summon(400, 400))
-    display.press(ring.hot_key)
-    ring.wait_hidden()
-    second = display.geometry(ring.summon(800, 400))
-    assert second.centre[0] - first.centre[0] == 400
-
-
 def test_the_ring_opens_with_a_dot_that_grows(ring, display, look):
     """Time is under test: between the key press and the end of the animation there are steps."""
     window = ring.summon(640, 400)

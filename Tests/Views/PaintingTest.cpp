@@ -14,7 +14,6 @@
 
 #include <Support/FakeDesktop.h>
 #include <Support/MemoryUserDefaults.h>
-#include <Support/Table.h>
 #include <cmath>
 #include <numbers>
 
@@ -192,20 +191,15 @@ private Q_SLOTS:
         }
     }
 
-    void dotsKeepALeastRadius_data()
-    {
-        const Table<int, double> row;
-        row("floor", 12, 1.8);
-        row("16 points", 16, 1.84);
-        row("18 points", 18, 2.07);
-        row("large", 100, 11.5);
-    }
     void dotsKeepALeastRadius()
     {
-        const auto [size, radius] = fetch<int, double>();
-        const QImage wheel = drawn(TavikIconFactory::statusIcon({.size = double(size)}), size);
-        const double expected = 6 * std::numbers::pi * radius * radius;
-        QVERIFY(std::abs(area(wheel) / expected - 1) < 0.015);
+        for (const auto& [size, radius] :
+             {std::pair(12, 1.8), std::pair(16, 1.84), std::pair(18, 2.07), std::pair(100, 11.5)}) {
+            const QImage wheel = drawn(TavikIconFactory::statusIcon({.size = double(size)}), size);
+            const double expected = 6 * std::numbers::pi * radius * radius;
+            QVERIFY2(std::abs(area(wheel) / expected - 1) < 0.015,
+                     qPrintable(QString::number(size)));
+        }
     }
 
     void badgeSitsInTheUpperRightCorner()

@@ -35,20 +35,14 @@ class Launcher:
         self.desktop, self.program = desktop, str(pathlib.Path(program).resolve())
         self.display = desktop.display
         self.process = None
+        self.defaults_file = desktop.home / "config" / "TavikLauncher" / "Defaults.plist"
+        self.cache_file = desktop.home / "data" / "TavikLauncher" / "app_index.json"
         # Only the applications made for the test, whatever is installed on this machine.
         self.environment = {"XDG_DATA_DIRS": str(desktop.home / "share")}
         self.use_hot_key(hot_key)
         self.settings(hasCompletedOnboarding=True, showsLaunchHints=False)
 
     # --- files
-
-    @property
-    def defaults_file(self):
-        return self.desktop.home / "config" / "TavikLauncher" / "Defaults.plist"
-
-    @property
-    def cache_file(self):
-        return self.desktop.home / "data" / "TavikLauncher" / "app_index.json"
 
     def defaults(self):
         """The stored settings; empty when there are none."""
@@ -157,21 +151,17 @@ class Launcher:
         return window
 
     def wait_still(self):
-        """Waits until the ring's picture has not changed for three looks in a row."""
+        """Waits until the picture of the ring's upper third, where no text cursor blinks, has not changed
+        for three looks in a row."""
         looks = []
 
         def is_still():
             window = self.window()
             frame = window and self.display.geometry(window)
-            looks.append(frame and self.display.picture(self._band_box(frame)))
+            looks.append(frame and self.display.picture(frame._replace(height=frame.height // 3)))
             return len(looks) >= 4 and looks[-1] and looks[-1] == looks[-2] == looks[-3] == looks[-4]
 
         wait_until(is_still, "the ring stands still", interval=0.04)
-
-    @staticmethod
-    def _band_box(frame):
-        """The upper third of the ring: what moves there is no text cursor."""
-        return Rect(frame.x, frame.y, frame.width, frame.height // 3)
 
     def wait_hidden(self):
         self.display.wait_gone(TITLE)

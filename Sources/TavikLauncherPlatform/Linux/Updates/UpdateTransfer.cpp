@@ -119,11 +119,12 @@ void UpdateTransfer::send(const QUrl& url)
     }
     m_reply = m_manager->get(request);
     m_reply->setReadBufferSize(readBufferBytes);
-    // The toolkit reads what follows the head of some refusals (401, 407) to its end, however much
-    // it is, before it tells of anything.
+    // Some of what a server says the toolkit gathers without a limit or a word: the head, what
+    // stands between the pieces of a body, and the whole body of some refusals.
     m_hoard = m_mainQueue.every(betweenLooks, [this, before = residentBytes()] {
         if (residentBytes() - before > mostHoarded) {
-            end(TransferFault{.reason = u"The server sent far more than it was asked for."_s});
+            end(TransferFault{.reason = u"The server sent far more than it was asked for."_s,
+                              .mayPass = true}); // Perhaps something else has grown.
         }
     });
     QObject::connect(
@@ -139,7 +140,6 @@ void UpdateTransfer::readHead()
         return;
     }
     m_hasHead = true;
-    m_hoard.cancel();
     if (m_reply->attribute(QNetworkRequest::RedirectionTargetAttribute).isValid()) {
         redirect();
         return;

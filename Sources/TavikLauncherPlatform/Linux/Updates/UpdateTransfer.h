@@ -93,7 +93,7 @@ private:
     QNetworkReply* m_reply = nullptr; ///< The manager's.
     Task m_window;
     Task m_deadline;
-    Task m_hoard; ///< Until the head is there: watches what the toolkit gathers meanwhile.
+    Task m_hoard; ///< Watches what the toolkit gathers.
     Task m_next; ///< What must not happen inside a signal of the reply.
     QObject m_alive; ///< Watched by what runs elsewhere.
 };

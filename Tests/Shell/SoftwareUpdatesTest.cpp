@@ -179,32 +179,18 @@ private Q_SLOTS:
         }
     }
 
-    void aScheduledUpdateInTheBackgroundIsOnlyAReminder()
-    {
-        SoftwareUpdatesFixture fixture;
-        fixture.find(false);
-        QCOMPARE(fixture.reminders, QStringList{u"remind of 2.1"_s});
-        QVERIFY(!fixture.window());
-        QCOMPARE(fixture.application.activations, 0);
-        QCOMPARE(fixture.mainQueue.pendingTasks(), 0);
-
-        // The menu item that tells of it is chosen.
-        fixture.updater.driver->showUpdateInFocus();
-        QCOMPARE(fixture.reminders, (QStringList{u"remind of 2.1"_s, u"clear"_s}));
-        QVERIFY(fixture.window());
-        QCOMPARE(fixture.application.activations, 1);
-    }
-
     void aScheduledUpdateIsShownWhereTheUserIsAnyway()
     {
-        SoftwareUpdatesFixture fixture;
-        fixture.isFocused = true;
-        fixture.find(false);
-        QVERIFY(fixture.window());
-        QCOMPARE(fixture.application.activations, 0);
-        fixture.updater.driver->dismissUpdateInstallation();
-        QVERIFY(!fixture.reminders.contains(u"remind of 2.1"_s));
-        QCOMPARE(fixture.reminders.constLast(), u"clear"_s);
+        for (const bool isFocused : {true, false}) {
+            SoftwareUpdatesFixture fixture;
+            fixture.isFocused = isFocused;
+            fixture.find(false);
+            QCOMPARE(fixture.window() != nullptr, isFocused);
+            QCOMPARE(fixture.reminders.contains(u"remind of 2.1"_s), !isFocused);
+            QCOMPARE(fixture.application.activations, 0);
+            fixture.updater.driver->dismissUpdateInstallation();
+            QCOMPARE(fixture.reminders.constLast(), u"clear"_s);
+        }
     }
 
     void whatTheUserAskedForIsBroughtToTheFront()

@@ -21,14 +21,12 @@ public:
     [[nodiscard]] QImage decode(const AppIcon& icon, int side, double) const override
     {
         decoded.append(icon.source);
-        const int full = side + 2 * shadowMargin;
         return icon.source == u"null"_s ? QImage()
-                                        : QImage(full, full, QImage::Format_ARGB32_Premultiplied);
+                                        : QImage(side, side, QImage::Format_ARGB32_Premultiplied);
     }
     void reload() override { ++reloads; }
     mutable QStringList decoded;
     int reloads = 0;
-    int shadowMargin = 0;
 };
 
 QList<AppIcon> numbered(int count, const QString& prefix = u"icon"_s)
@@ -103,17 +101,6 @@ private Q_SLOTS:
         QVERIFY(kept > 0);
         QVERIFY(kept + ring.size() <= 128);
         QVERIFY(!m_cache->image(searched.last(), side, 1).isNull());
-    }
-
-    void aLongPrefetchKeepsItsHead()
-    {
-        m_decoder->shadowMargin = 7;
-        m_cache->prefetch(numbered(3000), 28, 1);
-        m_work->runAll();
-        const QImage first = m_cache->image(AppIcon{u"icon0"_s}, 28, 1);
-        QVERIFY(!first.isNull());
-        QVERIFY(m_decoder->decoded.size() * first.sizeInBytes()
-                <= 4 * 1024 * 1024); // Half the cache.
     }
 
     void aThemeChangeDecodesAnew()

@@ -197,15 +197,6 @@ private Q_SLOTS:
         save({m_safe});
         QTest::ignoreMessage(QtWarningMsg, line);
         QCOMPARE(CatalogCache::loadCachedApplications(*m_files), {});
-
-        // A file stands where the program's own folder should be.
-        m_files->support = {.path = m_tree->path(), .error = {}};
-        m_tree->write(u"TavikLauncher"_s);
-        QTest::ignoreMessage(
-            QtWarningMsg,
-            QRegularExpression(
-                u"^TavikLauncher: failed to resolve cache path: Not a directory$"_s));
-        save({m_safe});
     }
 
     void aFullDiskKeepsTheOldFile()

@@ -212,18 +212,10 @@ private Q_SLOTS:
             QTest::ignoreMessage(QtWarningMsg, "Tavik Launcher: failed to install hotkey monitors");
         }
         QCOMPARE(triggered.hotKey.registerHotKey(), !sources.isEmpty());
-    }
-
-    void firstEventOfEachSourceIsLoggedOnce()
-    {
-        Registered triggered;
-        QTest::failOnWarning(QRegularExpression(u".*"_s));
-        for (const char* source : {"event tap", "global monitor", "local monitor"}) {
-            QTest::ignoreMessage(
-                QtInfoMsg,
-                qPrintable(u"Tavik Launcher hotkey: first event from "_s + QLatin1String(source)));
+        if (sources == u"T") {
+            QTest::ignoreMessage(QtInfoMsg, "Tavik Launcher hotkey: first event from event tap");
+            triggered.play(u"T10:ctrl T11:"_s);
         }
-        triggered.play(u"T10:ctrl G10:ctrl L10:ctrl T11: G11: L11:"_s);
     }
 
     void watchdogSwitchesTheTapOnWithinASecond()

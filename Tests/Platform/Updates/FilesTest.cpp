@@ -232,8 +232,6 @@ private Q_SLOTS:
         });
         row("too long", u"has 220,001 bytes instead of 220,000"_s, written(m_package + ' '));
         row("too short", u"has 219,999 bytes instead of"_s, written(m_package.chopped(1)));
-        row("an empty file", u"has 0 bytes instead of"_s, written({}));
-        row("a negative length", u"no size"_s, [](SignedFile& file) { file.length = -1; });
         row("no signature", u"is not signed"_s, [](SignedFile& file) { file.signature.clear(); });
         row("no key", u"no usable key"_s, [](SignedFile& file) { file.publicKey.clear(); });
         row("no file", unreadable, [](SignedFile& file) { file.path += u"b"_s; });

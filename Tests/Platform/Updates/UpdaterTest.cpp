@@ -107,8 +107,8 @@ private Q_SLOTS:
 
     void failedScheduledCheckIsOneLineInTheLogAndTriedAgain()
     {
-        const char* line = "the scheduled check for updates failed: The server answered with an "
-                           "error (503).";
+        const char* line = "Tavik Launcher: the scheduled check for updates failed: The server "
+                           "answered with an error (503).";
         m_bench->server.answer("/feed", {{.status = "503 Busy"}});
         startWithSchedule();
         for (const double pause : {0, 15 * 60, 30 * 60, 60 * 60}) {

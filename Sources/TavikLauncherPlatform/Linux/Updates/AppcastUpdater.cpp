@@ -160,7 +160,9 @@ void AppcastUpdater::checked(const std::optional<QString>& failure)
         history.failures = 0;
     } else if (!m_session->isUserInitiated()) {
         ++history.failures;
-        qCWarning(log, "the scheduled check for updates failed: %s", qUtf8Printable(*failure));
+        qCWarning(log,
+                  "Tavik Launcher: the scheduled check for updates failed: %s",
+                  qUtf8Printable(*failure));
     } else {
         return; // The user sees it; the schedule tries for itself.
     }

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QList>
 #include <QtGui/qwindowdefs.h>
 
 #include <functional>
@@ -41,9 +40,6 @@ public:
     /// True while the keyboard belongs to the window. A grab by another program (a volume key held
     /// down) does not change that, though the toolkit reports a deactivation.
     [[nodiscard]] virtual bool hasKeyboardFocus(WId window) const = 0;
-    /// The keys that are down now, whoever they were pressed for, by the toolkit's native scan
-    /// codes.
-    [[nodiscard]] virtual QList<quint32> heldKeys() const = 0;
     /// True while the window is mapped and not wholly covered.
     [[nodiscard]] virtual bool isOnScreen(WId window) const = 0;
     /// True while translucent windows are blended.

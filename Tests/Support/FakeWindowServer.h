@@ -20,7 +20,6 @@ public:
     void takeKeyboardFocus(WId) override { calls << QStringLiteral("take focus"); }
     void returnKeyboardFocus(WId) override { calls << QStringLiteral("return focus"); }
     [[nodiscard]] bool hasKeyboardFocus(WId) const override { return hasFocus; }
-    [[nodiscard]] QList<quint32> heldKeys() const override { return {}; }
     [[nodiscard]] bool isOnScreen(WId) const override { return onScreen; }
     [[nodiscard]] bool isCompositing() const override { return compositing; }
     void beginActivation(const Activation& activation) override

@@ -18,7 +18,7 @@ AuxiliaryWindow::AuxiliaryWindow(WindowServer& windowServer,
                                  QWidget* content)
     : m_windowServer(windowServer)
     , m_skipsTaskbar(options.skipsTaskbar)
-    , m_heldKeys(windowServer, *this)
+    , m_heldKeys(*this)
 {
     const bool isResizable = !options.smallestSize.isEmpty();
     Qt::WindowFlags flags = Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint

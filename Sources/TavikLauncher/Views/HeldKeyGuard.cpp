@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Views/HeldKeyGuard.h>
-#include <TavikLauncherPlatform/WindowServer.h>
 
 #include <QKeyEvent>
 #include <QWidget>
@@ -8,8 +7,7 @@
 
 namespace Tavik {
 
-HeldKeyGuard::HeldKeyGuard(const WindowServer& windowServer, QWidget& window)
-    : m_windowServer(windowServer)
+HeldKeyGuard::HeldKeyGuard(QWidget& window)
 {
     window.installEventFilter(this);
 }
@@ -30,7 +28,8 @@ bool HeldKeyGuard::filter(QEvent& event)
 {
     switch (event.type()) {
     case QEvent::FocusIn:
-        remember();
+        m_pressed.clear();
+        m_released.clear();
         return false;
     case QEvent::ShortcutOverride:
     case QEvent::KeyPress:
@@ -41,9 +40,7 @@ bool HeldKeyGuard::filter(QEvent& event)
         return false;
     case QEvent::KeyRelease: {
         const auto& release = static_cast<QKeyEvent&>(event);
-        if (const auto held = m_held.find(release.nativeScanCode()); held != m_held.end()) {
-            *held = release.timestamp();
-        }
+        m_released.insert(release.nativeScanCode(), release.timestamp());
         return false;
     }
     default:
@@ -51,26 +48,17 @@ bool HeldKeyGuard::filter(QEvent& event)
     }
 }
 
-void HeldKeyGuard::remember()
-{
-    m_held.clear();
-    for (const quint32 code : m_windowServer.heldKeys()) {
-        m_held.insert(code, std::nullopt);
-    }
-}
-
 bool HeldKeyGuard::isHeldOver(const QKeyEvent& press)
 {
-    const auto held = m_held.find(press.nativeScanCode());
-    if (held == m_held.end()) {
-        return false;
-    }
     // A repeat is a release and a press at the same moment.
-    const bool isRepeat = !*held || **held == press.timestamp();
+    const quint32 key = press.nativeScanCode();
+    const auto released = m_released.constFind(key);
+    const bool isRepeat
+        = released != m_released.cend() && *released == press.timestamp() && press.timestamp() != 0;
     if (!isRepeat) {
-        m_held.erase(held);
+        m_pressed.insert(key);
     }
-    return isRepeat;
+    return isRepeat && !m_pressed.contains(key);
 }
 
 } // namespace Tavik

@@ -3,15 +3,12 @@
 
 #include <QHash>
 #include <QObject>
-
-#include <optional>
+#include <QSet>
 
 class QKeyEvent;
 class QWidget;
 
 namespace Tavik {
-
-class WindowServer;
 
 /// Keeps from a window the keys that were down already when it got the keyboard: they were meant
 /// for something else, though the toolkit may report their next repeat as a press. Such a key
@@ -21,19 +18,16 @@ class HeldKeyGuard final : public QObject
     Q_OBJECT
 
 public:
-    HeldKeyGuard(const WindowServer& windowServer, QWidget& window);
+    explicit HeldKeyGuard(QWidget& window);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     [[nodiscard]] bool filter(QEvent& event);
-    void remember();
     [[nodiscard]] bool isHeldOver(const QKeyEvent& press);
 
-    const WindowServer& m_windowServer;
-    /// When these keys, by their native scan codes, were last reported released, on the events' own
-    /// clock.
-    QHash<quint32, std::optional<quint64>> m_held;
+    QSet<quint32> m_pressed; ///< Since the window got the keyboard; native scan codes.
+    QHash<quint32, quint64> m_released; ///< When last, on the events' own clock.
 };
 
 } // namespace Tavik

@@ -72,7 +72,7 @@ LauncherPanel::LauncherPanel(const Dependencies& dependencies,
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
     , m_dependencies(dependencies)
     , m_ring(ring.release())
-    , m_heldKeys(dependencies.windowServer, *this)
+    , m_heldKeys(*this)
 {
     m_ring->setParent(this);
     setWindowTitle(u"Tavik Launcher"_s);

@@ -59,7 +59,6 @@ public:
     void takeKeyboardFocus(WId window) override;
     void returnKeyboardFocus(WId window) override;
     [[nodiscard]] bool hasKeyboardFocus(WId window) const override;
-    [[nodiscard]] QList<quint32> heldKeys() const override { return {}; }
     [[nodiscard]] bool isOnScreen(WId window) const override;
     /// True: where it cannot be asked, windows are always blended.
     [[nodiscard]] bool isCompositing() const override;

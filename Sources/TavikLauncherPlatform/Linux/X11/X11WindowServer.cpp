@@ -215,23 +215,6 @@ bool X11WindowServer::hasKeyboardFocus(WId window) const
     return hasFocus;
 }
 
-QList<quint32> X11WindowServer::heldKeys() const
-{
-    const X11Reply<xcb_query_keymap_reply_t> keymap(
-        xcb_query_keymap_reply(m_connection.get(), xcb_query_keymap(m_connection.get()), nullptr));
-    m_pump.drainSoon();
-    QList<quint32> held;
-    if (keymap) {
-        constexpr quint32 bits = 8;
-        for (quint32 key = 0; key < bits * std::size(keymap->keys); ++key) {
-            if ((keymap->keys[key / bits] >> (key % bits)) & 1) {
-                held << key;
-            }
-        }
-    }
-    return held;
-}
-
 bool X11WindowServer::isOnScreen(WId window) const
 {
     const auto panel = static_cast<xcb_window_t>(window);

@@ -26,7 +26,6 @@ public:
     void takeKeyboardFocus(WId window) override;
     void returnKeyboardFocus(WId window) override;
     [[nodiscard]] bool hasKeyboardFocus(WId window) const override;
-    [[nodiscard]] QList<quint32> heldKeys() const override;
     [[nodiscard]] bool isOnScreen(WId window) const override;
     [[nodiscard]] bool isCompositing() const override { return m_compositor.window() != XCB_NONE; }
     void beginActivation(const Activation& activation) override;

@@ -184,6 +184,17 @@ private Q_SLOTS:
         QCOMPARE(std::round(result.ringDiameterCap * 100) / 100, cap);
     }
 
+    void aNarrowScreenShowsTheRingAboveTheWindowOrNotAtAll()
+    {
+        Request request{
+            .visibleFrame = {0, 0, 1080, 1920}, .dialogSize = {960, 720}, .dialogMinWidth = 860};
+        const Result high = following(request, {0, 600, 860, 720}, 320);
+        QCOMPARE(high.ringCenter, QPointF(430, 1635));
+        QVERIFY(high.ringDiameterCap > 320);
+        request.visibleFrame = {0, 0, 1024, 720};
+        QCOMPARE(following(request, {0, 0, 860, 720}, 320).ringDiameterCap, 0);
+    }
+
     /// However the window moves, the ring neither covers it nor jumps while it stays at its side.
     void followingNeverCoversTheWindow()
     {

@@ -13,8 +13,11 @@ constexpr double ringCap = 550;
 constexpr double gap = 40;
 /// What the screen must have beyond the window's width for the window itself to be centred.
 constexpr double centringThreshold = 1180;
-/// A ring smaller than this at a side of the window is left for a larger one above or below.
-constexpr double smallestUseful = 120;
+/// The settings allow no smaller ring: rather than shrink below it at a side of the window, the
+/// preview goes above or below, if there is more room.
+constexpr double smallestRing = 250;
+/// What is smaller has no room for a band around its middle.
+constexpr double smallestDrawable = 180;
 /// The ring's window is larger than the ring by this factor.
 constexpr double panelShare = 1.1;
 
@@ -110,7 +113,7 @@ Place besideWindow(const QRectF& window, const QRectF& visible, double wanted)
         return *large;
     }
     const Place side = std::ranges::max(sides, {}, &Place::diameter);
-    if (side.diameter >= smallestUseful) {
+    if (side.diameter >= smallestRing) {
         return side;
     }
     // Of equally large places the first wins.
@@ -174,10 +177,10 @@ Result compute(const Request& request)
 Result following(const Request& request, const QRectF& window, double ringDiameter)
 {
     Result result = compute(request);
-    if (!standsAt(result.dialogFrame, window)) {
+    if (!standsAt(result.dialogFrame, window) || result.ringDiameterCap < smallestRing) {
         const Place place = besideWindow(window, request.visibleFrame, ringDiameter);
         result.ringCenter = place.center;
-        result.ringDiameterCap = place.diameter;
+        result.ringDiameterCap = place.diameter < smallestDrawable ? 0 : place.diameter;
     }
     return result;
 }

@@ -36,7 +36,8 @@ struct Result
 
 /// `window` is the settings window's present frame, wherever the user has moved it; the ring keeps
 /// its distance to it. Without room at the right for a ring of `ringDiameter` it goes to the left,
-/// above or below, smaller where it must. A cap of 0 means that the window leaves no room.
+/// above or below, smaller where it must. A cap of 0 means that the window leaves no room for a
+/// ring that could be made out.
 [[nodiscard]] Result following(const Request& request, const QRectF& window, double ringDiameter);
 
 } // namespace Tavik::SettingsPreviewLayout

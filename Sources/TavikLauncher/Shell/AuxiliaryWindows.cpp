@@ -14,6 +14,7 @@
 #include <QApplication>
 #include <QWindow>
 
+#include <algorithm>
 #include <utility>
 
 namespace Tavik {
@@ -292,9 +293,16 @@ void AuxiliaryWindows::placeSettingsWindow()
     if (!screen) {
         return;
     }
-    const QRectF frame = ScreenPlane::flipped(
-        SettingsPreviewLayout::compute(layoutOn(*screen)).dialogFrame, primaryBottom());
     m_placedBorder = settingsBorder().expandedTo({0, 0});
+    SettingsPreviewLayout::Request request = layoutOn(*screen);
+    // On a low screen the window is lower, and its title bar stays within reach of the pointer.
+    const QRectF& visible = screen->visibleFrame;
+    const double lowest = LauncherSettingsView::smallestSize.height() + m_placedBorder.height();
+    request.dialogSize.setHeight(
+        std::max(lowest, std::min(request.dialogSize.height(), visible.height())));
+    QRectF wanted = SettingsPreviewLayout::compute(request).dialogFrame;
+    wanted.moveBottom(std::min(wanted.bottom(), visible.bottom()));
+    const QRectF frame = ScreenPlane::flipped(wanted, primaryBottom());
     m_placedAt = frame.topLeft().toPoint();
     m_settingsWindow->resize(frame.size().toSize() - m_placedBorder);
     m_settingsWindow->move(m_placedAt);

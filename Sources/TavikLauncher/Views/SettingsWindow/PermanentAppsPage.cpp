@@ -81,7 +81,7 @@ private:
         row->setContentsMargins(12, 8, 12, 8);
         m_search = new SettingsTextField(SettingsSymbol::search, bar);
         m_search->setObjectName(u"applicationSearch"_s);
-        m_search->setPlaceholderText(u"Search applications"_s);
+        m_search->setPlaceholderText(u"Search"_s);
         m_search->setClearButtonEnabled(false);
         m_search->installEventFilter(this);
         describe(*m_search,

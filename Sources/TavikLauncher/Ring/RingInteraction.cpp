@@ -79,7 +79,7 @@ void RingInteraction::installObservers()
 {
     connect(&m_dependencies.catalog, &AppCatalog::appsChanged, this, [this] {
         m_hasStaleRecords = true;
-        setShown(m_isShown);
+        forgetStaleRecords();
         refreshRing();
     });
     connect(&m_dependencies.catalog,
@@ -191,9 +191,13 @@ void RingInteraction::refreshRing()
 void RingInteraction::setShown(bool isShown)
 {
     m_isShown = isShown;
-    // Reading them takes the disk, which an animation cannot wait for.
-    if (!m_isShown && m_hasStaleRecords) {
-        m_hasStaleRecords = false;
+    forgetStaleRecords();
+}
+
+void RingInteraction::forgetStaleRecords()
+{
+    // Reading them anew takes the disk, which an animation cannot wait for.
+    if (!m_isShown && std::exchange(m_hasStaleRecords, false)) {
         m_composition.invalidateOutsideRecords();
     }
 }

@@ -103,6 +103,7 @@ private:
     void fillCommands();
     void installObservers();
     void installWorkspaceObservers();
+    void forgetStaleRecords();
     void updateHighlightedAngle(int index, bool animated);
     void moveSelection(int step);
     void showPinnedIndicator();

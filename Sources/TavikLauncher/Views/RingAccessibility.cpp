@@ -7,8 +7,10 @@
 #include <QAccessibleActionInterface>
 #include <QAccessibleWidget>
 
+#include <functional>
 #include <map>
-#include <memory>
+#include <utility>
+#include <vector>
 
 namespace Tavik::RingAccessibility {
 

@@ -8,7 +8,7 @@ class QPainter;
 
 namespace Tavik {
 
-/// The drawn symbols of the small windows.
+/// The drawn symbols of the small windows and of the ring.
 enum class Symbol {
     cycle, ///< Two arrows that chase each other round a circle.
     checkmarkCircle, ///< A filled circle with a check mark cut out.

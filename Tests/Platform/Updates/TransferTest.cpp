@@ -13,10 +13,13 @@
 using namespace Tavik;
 using namespace Qt::StringLiterals;
 using Answer = Test::UpdateServer::Answer;
+using Item = Test::UpdaterBench::Item;
 using Test::fetch;
 using Test::Table;
 
 namespace {
+
+const QByteArray image = Test::UpdaterBench::image("new");
 
 /// No file of this process may become larger, as on a disk that is full.
 class FullDisk
@@ -37,6 +40,16 @@ private:
     rlimit m_before{};
 };
 
+/// What is wrong with one of them.
+struct Fault
+{
+    QString reason; ///< A part of it.
+    Item item;
+    std::optional<Answer> feed; ///< In place of the one with the item.
+    std::optional<Answer> package; ///< In place of the item's file.
+    QByteArray seenBefore; ///< Version.
+};
+
 /// Bytes of which no two pieces are alike.
 QByteArray package()
 {
@@ -49,8 +62,7 @@ QByteArray package()
 
 } // namespace
 
-/// One file from a server, into memory or to the disk. What the updater makes of the faults is
-/// tried with the updater.
+/// What servers do wrong, and the download that copes with it.
 class TransferTest final : public QObject
 {
     Q_OBJECT
@@ -64,20 +76,137 @@ private Q_SLOTS:
         m_progress.clear();
     }
 
+    void hostileFeedsAndPackagesAreRefused_data()
+    {
+        const Table<Fault> row;
+        const auto file = [](const QByteArray& bytes) {
+            return Test::UpdateServer::file(bytes, "application/octet-stream");
+        };
+        const QString other = u"The update on the server is not the one that was announced"_s;
+        const QString foreign = u"The downloaded update is not signed by the makers"_s;
+        const QString unprotected = u"The server wanted to go on over an unprotected connection"_s;
+        const QString stopped = u"The server stopped answering."_s;
+        const QString slowly = u"The server is too slow."_s;
+        const Answer plain{.status = "302 Found", .headers = {"Location: http://192.0.2.1/"}};
+        Answer slow = file(image);
+        slow.stalls = true;
+        slow.endsAfter = 1;
+        slow.headers.clear();
+        row("feed not there",
+            {u"The list of updates is not on the server."_s, {}, Answer{.status = "404 No"}});
+        row("feed malformed", {u"The list of updates is damaged"_s, {}, file("<rss><channel>")});
+        row("feed of another type", {u"something other than a list"_s, {}, file("GIF89a")});
+        row("feed huge", {u"larger than the 5 MB"_s, {}, file(QByteArray(5'000'001, ' '))});
+        row("feed stalled", {stopped, {}, slow});
+        row("feed without end",
+            {u"larger than the 5 MB"_s,
+             {},
+             Answer{.body = QByteArray(99'999, 'x'), .isEndless = true}});
+        row("feed too slow", {slowly, {}, Answer{.body = "x", .isEndless = true}});
+        row("feed broken off",
+            {u"The connection to the server broke off."_s,
+             {},
+             Answer{.body = "<rss>", .endsAfter = 4}});
+        row("feed packed",
+            {u"something packed"_s,
+             {},
+             Answer{.headers = {"Content-Encoding: gzip"}, .body = "x"}});
+        row("feed for others", {u"with an error (401)"_s, {}, Answer{.status = "401 Who"}});
+        row("refusal without end",
+            {u"sent far more than it was asked for"_s,
+             {},
+             Answer{.status = "401 Who", .body = QByteArray(999'999, 'x'), .isEndless = true}});
+        row("feed in a circle",
+            {u"only points from one address to the next"_s,
+             {},
+             Answer{.status = "302 Found", .headers = {"Location: /feed"}}});
+        row("feed to plain HTTP", {unprotected, {}, plain});
+        row("feed older than one before", {u"older than one seen before"_s, {}, {}, {}, "2.2"});
+        row("no signature", {u"2.1 is available. The update is not signed"_s, {.signature = " "}});
+        row("damaged signature", {u"The update's signature"_s, {.signature = "abc"}});
+        row("foreign signature", {foreign, {.signature = Test::Signer().sign(image)}});
+        row("another package", {foreign, {}, {}, file(Test::UpdaterBench::image("neu"))});
+        row("package longer", {other, {}, {}, file(image + 'x')});
+        row("package shorter", {other, {}, {}, file(image.chopped(1))});
+        row("package without end", {other, {}, {}, Answer{.body = image, .isEndless = true}});
+        row("package not there", {u"The update is not on"_s, {}, {}, Answer{.status = "404 No"}});
+        row("too long for us", {u"The update is larger than 500 MB"_s, {.length = 500'000'001}});
+        row("package to plain HTTP", {unprotected, {}, {}, plain});
+        row("package stalled", {stopped, {}, {}, slow});
+        row("package no image", {u"is not an AppImage"_s, {.file = "#!/bin/sh\necho signed\n"}});
+    }
+
+    void hostileFeedsAndPackagesAreRefused()
+    {
+        const auto [fault] = fetch<Fault>();
+        Test::UpdaterBench bench;
+        if (!fault.seenBefore.isEmpty()) {
+            bench.offer({.version = fault.seenBefore});
+            bench.driver.choice = UpdateChoice::remindLater;
+            bench.start();
+            QVERIFY(bench.checkToTheEnd());
+        }
+        bench.driver.choice = UpdateChoice::install;
+        bench.offer(fault.item);
+        if (fault.feed) {
+            bench.server.answer("/feed", {*fault.feed});
+        }
+        if (fault.package) {
+            bench.server.answer(fault.item.path, {*fault.package});
+        }
+        bench.start().setAutomaticallyChecksForUpdates(true);
+        const bool isWaitedFor
+            = fault.reason.contains(u"stopped") || fault.reason.contains(u"too slow");
+        QVERIFY(bench.checkToTheEnd(isWaitedFor ? 0.5 : 0.02));
+        QCOMPARE(bench.driver.calls.count(u"error"_s), 1);
+        QVERIFY2(bench.driver.reason.contains(fault.reason), qPrintable(bench.driver.reason));
+        QVERIFY(bench.isClean(Test::UpdaterBench::image("old")));
+        QCOMPARE(bench.updater->programToRelaunch(), std::nullopt);
+        QCOMPARE(bench.mainQueue.pendingTasks(), 1); // The next check.
+
+        bench.offer({.version = "2.3"});
+        QVERIFY(bench.checkToTheEnd());
+        QVERIFY(bench.isClean(image));
+        QVERIFY(bench.driver.calls.endsWith(u"terminate"_s));
+        QCOMPARE(bench.updater->programToRelaunch(), bench.imagePath);
+    }
+
+    void serversThatCannotServeAreToldApart()
+    {
+        Test::UpdaterBench bench;
+        bench.offer({});
+        const Test::UpdateServer selfSigned(Test::UpdateServer::Protection::selfSigned);
+        QUrl unprotected = bench.server.url("/feed");
+        unprotected.setScheme(u"https"_s);
+        QUrl missing = unprotected;
+        missing.setPort(1);
+        for (const auto& [url, reason] :
+             {std::pair(selfSigned.url("/feed"), u"its certificate is not valid here"_s),
+              std::pair(unprotected, u"No protected connection to the server"_s),
+              std::pair(missing, u"The server “127.0.0.1” cannot be reached."_s)}) {
+            bench.feedUrl = url;
+            bench.start();
+            QVERIFY(bench.checkToTheEnd());
+            QVERIFY2(bench.driver.reason.contains(reason), qPrintable(bench.driver.reason));
+        }
+        QVERIFY(selfSigned.requests.isEmpty());
+    }
+
     void nothingPrivateIsSent()
     {
-        server().answer("/old", {{.status = "301 Moved", .headers = {"Location: /a/new.xml"}}});
-        server().answer("/a/new.xml",
-                        {{.headers = {"Content-Type: Text/XML; charset=utf-8", "Set-Cookie: a=b"},
-                          .body = "<rss/>"}});
-        for (int i = 0; i < 2; ++i) {
-            read(server().url("/old"));
-            QCOMPARE(m_reason, QString());
-            QCOMPARE(m_document.bytes, "<rss/>");
-            QCOMPARE(m_document.mimeType, u"text/xml"_s);
-            QCOMPARE(m_document.url, server().url("/a/new.xml"));
-        }
-        for (const Test::UpdateServer::Request& request : std::as_const(server().requests)) {
+        Test::UpdaterBench bench;
+        Test::UpdateServer& server = bench.server;
+        bench.offer({.path = "new.AppImage"}); // From where the feed is in the end.
+        server.answer("/new.AppImage", {Test::UpdateServer::file(image, "a/b")});
+        server.answer("/old/feed",
+                      {{.status = "301 Moved", .headers = {"Location: /feed", "Set-Cookie: a=b"}}});
+        bench.feedUrl = server.url("/old/feed");
+        bench.driver.choice = UpdateChoice::install;
+        bench.start();
+        QVERIFY(bench.checkToTheEnd());
+        QVERIFY(bench.isClean(image));
+        QCOMPARE(server.requests.size(), 3);
+        for (const Test::UpdateServer::Request& request : std::as_const(server.requests)) {
             QCOMPARE(request.headers.keys().join(' '),
                      "accept-encoding accept-language cache-control connection host pragma "
                      "user-agent");
@@ -85,53 +214,6 @@ private Q_SLOTS:
             QCOMPARE(request.headers.value("accept-language"), "en");
             QCOMPARE(request.headers.value("accept-encoding"), "identity");
         }
-    }
-
-    void answersThatAreNoneAreToldApart_data()
-    {
-        const Table<Answer, QString> row;
-        const QString broken = u"The connection to the server broke off."_s;
-        row("gone", {.status = "410 Gone"}, u"The file is not on the server."_s);
-        row("password", {.status = "401 Who"}, u"The server answered with an error (401)."_s);
-        row("a piece", {.status = "206 Piece"}, u"The server answered with an error (206)."_s);
-        row("in a circle",
-            {.status = "302 Found", .headers = {"Location: /file"}},
-            u"The server only points from one address to the next."_s);
-        row("endless",
-            {.body = QByteArray(100'001, 'x'), .isEndless = true},
-            u"The file is larger than the 1 MB it may have."_s);
-        row("endless refusal",
-            {.status = "401 Who", .body = QByteArray(1'000'000, 'x'), .isEndless = true},
-            u"The server sent far more than it was asked for."_s);
-        row("packed",
-            {.headers = {"Content-Encoding: gzip"}, .body = "\x1f\x8b"},
-            u"The server sent something packed, which was refused."_s);
-        row("broken off", {.body = "half of it", .endsAfter = 4}, broken);
-    }
-
-    void answersThatAreNoneAreToldApart()
-    {
-        const auto [answer, reason] = fetch<Answer, QString>();
-        server().answer("/file", {answer});
-        read(server().url("/file"));
-        QCOMPARE(m_reason, reason);
-        QCOMPARE(m_fixture->mainQueue.pendingTasks(), 0);
-    }
-
-    void serversThatCannotServeAreToldApart()
-    {
-        QUrl url = server().url("/file");
-        server().answer("/file", {{.body = "x", .isEndless = true}});
-        read(url, 1, 1 << 30);
-        QCOMPARE(m_reason, u"The server is too slow."_s);
-        url.setScheme(u"https"_s);
-        read(url);
-        QCOMPARE(m_reason, u"No protected connection to the server “127.0.0.1” could be made."_s);
-        url.setPort(1);
-        read(url);
-        QCOMPARE(m_reason, u"The server “127.0.0.1” cannot be reached."_s);
-        read(QUrl(u"http://example.org/"_s));
-        QCOMPARE(m_reason, u"The file would come over an unprotected connection."_s);
     }
 
     void notesAreReadByTheirType()
@@ -246,19 +328,6 @@ private:
     [[nodiscard]] Answer whole() const { return Test::UpdateServer::file(m_package, "a/b"); }
     [[nodiscard]] QStringList filesLeft() { return m_fixture->files(m_fixture->tree.path()); }
 
-    /// Afterwards the reason is there, empty when all went well.
-    void read(const QUrl& url, double secondsPerTurn = 0.002, qint64 mostBytes = 1'000'000)
-    {
-        m_reason.reset();
-        const UpdateDocumentFetch fetching(
-            m_fixture->transfer(),
-            {.url = url, .subject = u"The file"_s, .mostBytes = mostBytes},
-            [&](const UpdateDocument& document, const std::optional<QString>& why) {
-                m_document = document;
-                m_reason = why.value_or(QString());
-            });
-        QVERIFY(m_fixture->play([&] { return m_reason.has_value(); }, secondsPerTurn));
-    }
     [[nodiscard]] std::unique_ptr<UpdateDownload> begin(const QString& name, qint64 length = 0)
     {
         m_reason.reset();
@@ -284,7 +353,6 @@ private:
 
     const QByteArray m_package = package();
     std::unique_ptr<Test::UpdateFixture> m_fixture;
-    UpdateDocument m_document;
     std::unique_ptr<PartFile> m_file;
     std::optional<QString> m_reason;
     QList<qint64> m_progress;

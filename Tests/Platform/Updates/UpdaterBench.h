@@ -183,6 +183,14 @@ struct UpdaterBench : UpdateFixture
         return play([this] { return driver.calls.contains(QStringLiteral("over")); },
                     secondsPerTurn);
     }
+    /// Nothing but that image is anywhere.
+    [[nodiscard]] bool isClean(const QByteArray& expected) const
+    {
+        return contents(imagePath) == expected
+            && files(tree.path(QStringLiteral("apps")))
+            == QStringList{QStringLiteral("my.AppImage")}
+        && files(tree.path(QStringLiteral("cache/Updates"))).isEmpty();
+    }
     [[nodiscard]] bool playUntil(const QString& call)
     {
         return play([this, call] { return driver.calls.contains(call); });

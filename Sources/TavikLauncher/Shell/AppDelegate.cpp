@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Shell/AppDelegate.h>
+#include <TavikLauncher/Shell/OpenPage.h>
 #include <TavikLauncher/Views/LauncherPanel.h>
 #include <TavikLauncher/Views/RadialLauncherView.h>
 #include <TavikLauncher/Views/TavikIconFactory.h>
 #include <TavikLauncherPlatform/Platform.h>
 
 #include <QApplication>
-#include <QDesktopServices>
 #include <QUrl>
 
 #include <algorithm>
@@ -31,7 +31,7 @@ const QString& ownIdentifier()
 
 void openSupportPage()
 {
-    QDesktopServices::openUrl(QUrl(QStringLiteral(TAVIK_SUPPORT_URL)));
+    openPage(QUrl(QStringLiteral(TAVIK_SUPPORT_URL)));
 }
 
 [[nodiscard]] ObserverToken

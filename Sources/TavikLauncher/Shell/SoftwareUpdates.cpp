@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Settings/LauncherSettings.h>
+#include <TavikLauncher/Shell/OpenPage.h>
 #include <TavikLauncher/Shell/SoftwareUpdates.h>
 #include <TavikLauncher/Shell/UpdateDebugLog.h>
-
-#include <QDesktopServices>
-#include <QUrl>
 
 #include <utility>
 
@@ -52,9 +50,7 @@ SoftwareUpdates::SoftwareUpdates(const Dependencies& dependencies, Actions actio
            .nothingNewTitle = nothingNewTitle(dependencies.updater),
            .isInImmediateFocus = m_actions.isInImmediateFocus,
            .windowMade = m_actions.windowMade,
-           .openLink = [](const QUrl& url) {
-               QDesktopServices::openUrl(url);
-           }})
+           .openLink = openPage})
 {
     m_dependencies.updater.startUpdater(m_userDriver);
 }

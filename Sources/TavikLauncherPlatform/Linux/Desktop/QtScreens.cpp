@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Desktop/QtScreens.h>
+#include <TavikLauncherPlatform/ScreenPlane.h>
 
 #include <QCursor>
 #include <QGuiApplication>
@@ -18,12 +19,6 @@ QRect deviceGeometry(const QScreen& screen)
     return {screen.geometry().topLeft(), size.toSize()};
 }
 
-QRectF primaryGeometry()
-{
-    const QScreen* primary = QGuiApplication::primaryScreen();
-    return primary ? QRectF(primary->geometry()) : QRectF();
-}
-
 /// The toolkit's rectangle for one in the device pixels of `screen`.
 QRectF scaled(const QRect& device, const QScreen& screen)
 {
@@ -37,11 +32,6 @@ QRectF scaled(const QRect& device, const QScreen& screen)
 QtScreens::QtScreens(Hooks hooks)
     : m_hooks(std::move(hooks))
 { }
-
-QRectF QtScreens::flipped(const QRectF& rect, const QRectF& primary)
-{
-    return {rect.x(), primary.bottom() - rect.bottom(), rect.width(), rect.height()};
-}
 
 QList<Screen> QtScreens::all() const
 {
@@ -67,13 +57,11 @@ std::optional<Screen> QtScreens::main() const
 QPointF QtScreens::mouseLocation() const
 {
     // On X11 this asks the server, so it is true also when no window of ours sees the pointer.
-    const QPointF position = QCursor::pos();
-    return {position.x(), primaryGeometry().bottom() - position.y()};
+    return ScreenPlane::flipped(QCursor::pos(), ScreenPlane::primaryBottom());
 }
 
 Screen QtScreens::described(const QScreen& screen) const
 {
-    const QRectF primary = primaryGeometry();
     QRectF available = screen.availableGeometry();
     if (m_hooks.availableArea) {
         // The toolkit knows one work area for the whole desktop, which says nothing when there are
@@ -86,8 +74,9 @@ Screen QtScreens::described(const QScreen& screen) const
     if (available.isEmpty()) {
         available = screen.geometry();
     }
-    return {.frame = flipped(screen.geometry(), primary),
-            .visibleFrame = flipped(available, primary)};
+    const double primaryBottom = ScreenPlane::primaryBottom();
+    return {.frame = ScreenPlane::flipped(QRectF(screen.geometry()), primaryBottom),
+            .visibleFrame = ScreenPlane::flipped(available, primaryBottom)};
 }
 
 const QScreen* QtScreens::focusedScreen() const

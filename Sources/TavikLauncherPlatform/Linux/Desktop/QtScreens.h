@@ -26,10 +26,6 @@ public:
     };
     explicit QtScreens(Hooks hooks = {});
 
-    /// Turns a rectangle of the toolkit's plane into one whose y grows upwards from the lower edge
-    /// of the primary screen, and back.
-    [[nodiscard]] static QRectF flipped(const QRectF& rect, const QRectF& primary);
-
     [[nodiscard]] QList<Screen> all() const override;
     [[nodiscard]] std::optional<Screen> main() const override;
     [[nodiscard]] QPointF mouseLocation() const override;

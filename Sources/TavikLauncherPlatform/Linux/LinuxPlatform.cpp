@@ -96,7 +96,7 @@ std::unique_ptr<Updater> makeUpdater(const UpdateSource& source, Platform& platf
             .image = AppImage::running(AppImage::Surroundings::ofProcess()),
             .folder = UpdateFolder::defaultPath(),
             .wallClock = [] { return QDateTime::currentDateTimeUtc(); },
-            .hasInstaller = hasDefaultFor,
+            .hasInstaller = hasInstallerFor,
             .open = openOnDesktop,
         }});
 }

@@ -41,7 +41,11 @@ private Q_SLOTS:
               "[Desktop Entry]\nType=Application\nName=Opener\nExec=" + program.toUtf8() + " %u\n");
         write(location(QStandardPaths::GenericConfigLocation) + u"/mimeapps.list"_s,
               "[Default Applications]\nx-scheme-handler/https=opener.desktop\n"
-              "application/x-rpm=opener.desktop\n");
+              "application/x-rpm=opener.desktop\n"
+              "application/vnd.debian.binary-package=viewer.desktop\n");
+        write(location(QStandardPaths::GenericDataLocation) + u"/applications/viewer.desktop"_s,
+              "[Desktop Entry]\nType=Application\nName=Viewer\nExec=true %f\n"
+              "Categories=Utility;Archiving;\n");
 
         const QUrl page(u"https://example.org/what's new?a=1&b=$HOME"_s);
         QCOMPARE(openWithDefault(page).error.value_or(QString()), QString());
@@ -51,8 +55,9 @@ private Q_SLOTS:
         QCOMPARE(file.readAll(), page.toEncoded());
 
         QVERIFY(openWithDefault(QUrl(u"nobody-knows:this"_s)).error);
-        QVERIFY(hasDefaultFor(u"application/x-rpm"_s));
-        QVERIFY(!hasDefaultFor(u"application/vnd.flatpak"_s));
+        QVERIFY(hasInstallerFor(u"application/x-rpm"_s));
+        QVERIFY(!hasInstallerFor(u"application/vnd.debian.binary-package"_s));
+        QVERIFY(!hasInstallerFor(u"application/vnd.flatpak"_s));
     }
 };
 

@@ -169,11 +169,18 @@ LaunchResult openWithDefault(const QUrl& url)
     return result;
 }
 
-bool hasDefaultFor(const QString& mimeType)
+bool hasInstallerFor(const QString& mimeType)
 {
     const Owned<GAppInfo> application(
         g_app_info_get_default_for_type(mimeType.toUtf8().constData(), FALSE));
-    return application != nullptr;
+    if (!G_IS_DESKTOP_APP_INFO(application.get())) {
+        return false;
+    }
+    // Most packages are archives too, and on a small desktop only a viewer of those knows them.
+    const QByteArray categories(
+        g_desktop_app_info_get_categories(G_DESKTOP_APP_INFO(application.get())));
+    const QByteArrayList each = categories.split(';');
+    return !each.contains("Archiving") && !each.contains("Compression");
 }
 
 } // namespace Tavik

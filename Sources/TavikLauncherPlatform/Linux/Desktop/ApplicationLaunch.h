@@ -30,7 +30,8 @@ struct LaunchResult
 /// Takes some 10 ms; any thread.
 [[nodiscard]] LaunchResult openWithDefault(const QUrl& url);
 
-/// Whether the desktop keeps a program for files of that MIME type. Any thread.
-[[nodiscard]] bool hasDefaultFor(const QString& mimeType);
+/// Whether the desktop keeps a program for packages of that MIME type that does more than to look
+/// into them. Any thread.
+[[nodiscard]] bool hasInstallerFor(const QString& mimeType);
 
 } // namespace Tavik

@@ -40,10 +40,17 @@ std::optional<int> openOwn(const QByteArray& name)
 
 std::optional<QString> writeAndClose(int descriptor, const QByteArray& contents)
 {
-    const bool isWritten
-        = ::write(descriptor, contents.constData(), static_cast<std::size_t>(contents.size()))
-        == contents.size();
-    std::optional<QString> error = isWritten ? std::nullopt : std::optional(lastError());
+    std::optional<QString> error;
+    // Where the disk is nearly full a part is written, and only the rest is refused with a reason.
+    for (QByteArrayView rest = contents; !rest.isEmpty() && !error;) {
+        const ssize_t written
+            = ::write(descriptor, rest.data(), static_cast<std::size_t>(rest.size()));
+        if (written < 0) {
+            error = lastError();
+        } else {
+            rest = rest.sliced(written);
+        }
+    }
     ::close(descriptor);
     return error;
 }

@@ -188,19 +188,20 @@ QList<uint32_t> numbers(xcb_connection_t* connection, xcb_window_t window, xcb_a
     return X11PropertyQuery(connection, window, property).numbers();
 }
 
-QList<xcb_window_t> windowList(xcb_connection_t* connection, xcb_window_t root, xcb_atom_t property)
+QList<xcb_window_t>
+windowList(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property)
 {
     const PropertyReply reply(xcb_get_property_reply(
         connection,
-        xcb_get_property(connection, 0, root, property, XCB_ATOM_WINDOW, 0, mostWindows),
+        xcb_get_property(connection, 0, window, property, XCB_ATOM_WINDOW, 0, mostWindows),
         nullptr));
     const auto windows = numbersOf(reply, XCB_ATOM_WINDOW);
     return {windows.begin(), windows.end()};
 }
 
-xcb_window_t firstWindow(xcb_connection_t* connection, xcb_window_t root, xcb_atom_t property)
+xcb_window_t firstWindow(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property)
 {
-    return X11PropertyQuery(connection, root, property).firstWindow();
+    return X11PropertyQuery(connection, window, property).firstWindow();
 }
 
 QRect availableArea(const QRect& screen, const QSize& desktop, const QList<X11WindowFacts>& windows)

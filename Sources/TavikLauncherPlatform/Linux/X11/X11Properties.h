@@ -60,12 +60,12 @@ facts(xcb_connection_t* connection, const X11Atoms& atoms, const QList<xcb_windo
 /// A property of numbers of whatever type; at most 64.
 [[nodiscard]] QList<uint32_t>
 numbers(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property);
-/// A list of windows from a property of the root window; at most 1,024.
+/// A property that lists windows; at most 1,024.
 [[nodiscard]] QList<xcb_window_t>
-windowList(xcb_connection_t* connection, xcb_window_t root, xcb_atom_t property);
+windowList(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property);
 /// The first window of such a property, or XCB_NONE.
 [[nodiscard]] xcb_window_t
-firstWindow(xcb_connection_t* connection, xcb_window_t root, xcb_atom_t property);
+firstWindow(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property);
 
 /// `screen` without what the struts of panels and docks reserve in it, on a desktop of this size.
 [[nodiscard]] QRect

@@ -14,7 +14,6 @@
 #include <QApplication>
 #include <QWindow>
 
-#include <algorithm>
 #include <utility>
 
 namespace Tavik {
@@ -27,11 +26,6 @@ namespace {
 constexpr QSize permissionSize(440, 520);
 constexpr QSize onboardingSize(560, 420);
 constexpr QSize reindexSize(400, 300);
-/// A window manager takes its time to put its frame around a window, and moves the window by it.
-constexpr double settlingStep = 0.03;
-constexpr int settlingAttempts = 20;
-/// Points by which a window may stand aside: by rounding, or as its manager likes it.
-constexpr int placingTolerance = 2;
 
 /// What is in a window may ask for its end a second time: a key that was already on its way still
 /// arrives when the window is closed and forgotten.
@@ -209,12 +203,19 @@ void AuxiliaryWindows::showSettings()
     m_actions.hideLauncher();
     if (!m_settingsWindow) {
         m_settingsWindow = makeSettingsWindow();
+        const Platform& platform = m_dependencies.platform;
+        m_settingsPlace.emplace(SettingsWindowPlace::Dependencies{*platform.screens,
+                                                                  *platform.mainQueue,
+                                                                  m_dependencies.settings},
+                                *m_settingsWindow);
     }
-    placeSettingsWindow();
+    if (const std::optional<Screen> screen = activeScreen()) {
+        m_settingsPlace->place(*screen);
+    }
     m_settingsWindow->activate();
     // Closing may have taken the native window along.
     m_dependencies.platform.windowServer->reportMoves(m_settingsWindow->winId());
-    m_settling = m_dependencies.platform.mainQueue->after(0, [this] { settleSettingsWindow(1); });
+    m_settingsPlace->settle();
 }
 
 void AuxiliaryWindows::showAbout()
@@ -259,78 +260,12 @@ bool AuxiliaryWindows::isSettingsVisible() const
 
 QRectF AuxiliaryWindows::settingsFrame() const
 {
-    if (!m_settingsWindow) {
-        return {};
-    }
-    const QRect frame = settingsBorder().isValid()
-        ? m_settingsWindow->windowHandle()->frameGeometry()
-        : m_settingsWindow->geometry();
-    return ScreenPlane::flipped(QRectF(frame), primaryBottom());
+    return m_settingsPlace ? m_settingsPlace->frame() : QRectF();
 }
 
 std::optional<SettingsPreviewLayout::Result> AuxiliaryWindows::settingsPreviewLayout() const
 {
-    const std::optional<Screen> screen = settingsScreen();
-    if (!m_settingsWindow || !screen) {
-        return std::nullopt;
-    }
-    return SettingsPreviewLayout::following(
-        layoutOn(*screen), settingsFrame(), m_dependencies.settings.ringDiameter());
-}
-
-SettingsPreviewLayout::Request AuxiliaryWindows::layoutOn(const Screen& screen) const
-{
-    return {
-        .visibleFrame = screen.visibleFrame,
-        .dialogSize = QSizeF(LauncherSettingsView::preferredSize.width(), settingsFrame().height()),
-        .dialogMinWidth = static_cast<double>(LauncherSettingsView::smallestSize.width()),
-    };
-}
-
-void AuxiliaryWindows::placeSettingsWindow()
-{
-    const std::optional<Screen> screen = activeScreen();
-    if (!screen) {
-        return;
-    }
-    m_placedBorder = settingsBorder().expandedTo({0, 0});
-    SettingsPreviewLayout::Request request = layoutOn(*screen);
-    // On a low screen the window is lower, and its title bar stays within reach of the pointer.
-    const QRectF& visible = screen->visibleFrame;
-    const double lowest = LauncherSettingsView::smallestSize.height() + m_placedBorder.height();
-    request.dialogSize.setHeight(
-        std::max(lowest, std::min(request.dialogSize.height(), visible.height())));
-    QRectF wanted = SettingsPreviewLayout::compute(request).dialogFrame;
-    wanted.moveBottom(std::min(wanted.bottom(), visible.bottom()));
-    const QRectF frame = ScreenPlane::flipped(wanted, primaryBottom());
-    m_placedAt = frame.topLeft().toPoint();
-    m_settingsWindow->resize(frame.size().toSize() - m_placedBorder);
-    m_settingsWindow->move(m_placedAt);
-}
-
-void AuxiliaryWindows::settleSettingsWindow(int attempt)
-{
-    if (!isSettingsVisible()) {
-        return;
-    }
-    const QSize border = settingsBorder();
-    const QPoint offset = m_settingsWindow->windowHandle()->frameGeometry().topLeft() - m_placedAt;
-    const bool isSettled = border == m_placedBorder && offset.manhattanLength() <= placingTolerance;
-    if (border.isValid() && !isSettled) {
-        placeSettingsWindow();
-    }
-    const bool mayBeBare = border.isNull();
-    if (attempt < settlingAttempts && (!isSettled || mayBeBare)) {
-        m_settling = m_dependencies.platform.mainQueue->after(
-            settlingStep, [this, attempt] { settleSettingsWindow(attempt + 1); });
-    }
-}
-
-QSize AuxiliaryWindows::settingsBorder() const
-{
-    // The toolkit may have asked while the frame was one pixel large.
-    const QMargins margins = m_settingsWindow->windowHandle()->frameMargins();
-    return {margins.left() + margins.right(), margins.top() + margins.bottom()};
+    return m_settingsPlace ? m_settingsPlace->previewLayout() : std::nullopt;
 }
 
 std::optional<Screen> AuxiliaryWindows::activeScreen() const
@@ -342,14 +277,6 @@ std::optional<Screen> AuxiliaryWindows::activeScreen() const
     }
     const std::optional<Screen> main = screens.main();
     return main || all.isEmpty() ? main : std::optional(all.front());
-}
-
-std::optional<Screen> AuxiliaryWindows::settingsScreen() const
-{
-    const Screens& screens = *m_dependencies.platform.screens;
-    const QList<Screen> all = screens.all();
-    const Screen* around = PanelPlacement::screenShowing(settingsFrame().center(), all);
-    return around ? std::optional(*around) : screens.main();
 }
 
 void AuxiliaryWindows::centerOnActiveScreen(AuxiliaryWindow& window) const

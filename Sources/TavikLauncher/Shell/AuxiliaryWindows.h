@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <TavikLauncher/Settings/SettingsPreviewLayout.h>
+#include <TavikLauncher/Shell/SettingsWindowPlace.h>
 #include <TavikLauncher/Views/AuxiliaryWindow.h>
-#include <TavikLauncherPlatform/MainQueue.h>
-#include <TavikLauncherPlatform/Screens.h>
 
 #include <QObject>
 #include <QRectF>
@@ -82,21 +80,12 @@ private:
                                                     QWidget* content,
                                                     std::function<void()> onClose);
     [[nodiscard]] AuxiliaryWindowPointer makeSettingsWindow();
-    [[nodiscard]] std::optional<Screen> settingsScreen() const;
-    [[nodiscard]] SettingsPreviewLayout::Request layoutOn(const Screen& screen) const;
-    void placeSettingsWindow();
-    /// Places the shown settings window again until it stands there with its manager's frame.
-    void settleSettingsWindow(int attempt);
-    /// What the window manager has put around the settings window; invalid while it is at it.
-    [[nodiscard]] QSize settingsBorder() const;
     void centerOnActiveScreen(AuxiliaryWindow& window) const;
 
     Dependencies m_dependencies;
     Actions m_actions;
     AuxiliaryWindowPointer m_settingsWindow;
-    QSize m_placedBorder; ///< The settings window's when it was placed.
-    QPoint m_placedAt; ///< Where its frame was put; in the toolkit's plane.
-    Task m_settling;
+    std::optional<SettingsWindowPlace> m_settingsPlace; ///< Present with the window.
     AuxiliaryWindowPointer m_reindexWindow;
     AuxiliaryWindowPointer m_onboardingWindow;
     AuxiliaryWindowPointer m_accessibilityPermissionWindow;

@@ -248,18 +248,6 @@ private Q_SLOTS:
         QTRY_COMPARE(window.keys, QList<int>({Qt::Key_F9, Qt::Key_A}));
     }
 
-    void trialOfAHotKeyLeavesNothingBehind()
-    {
-        const KeyEvents::HotKey hotKey{.keyCode = f9, .modifierFlags = controlFlag};
-        QCOMPARE(m_events.hotKeyStatus(hotKey), 0);
-        QVERIFY(m_client.grabKey(XCB_MOD_MASK_CONTROL, f9Key));
-        QCOMPARE(m_events.hotKeyStatus(hotKey), int{XCB_ACCESS});
-        m_client.ungrabKey(XCB_MOD_MASK_CONTROL, f9Key);
-        const auto held = m_events.registerHotKey(hotKey, [](double) {});
-        QCOMPARE(m_events.hotKeyStatus(hotKey), 0);
-        QVERIFY2(!m_client.grabKey(XCB_MOD_MASK_CONTROL, f9Key), "it is still ours");
-    }
-
     void theDesktopsKeyboardSettingsAreOpened()
     {
         FakeWorkspace workspace;

@@ -213,17 +213,6 @@ private Q_SLOTS:
         QVERIFY(screen.contains(desktop.workspace->windows().availableArea(screen)));
     }
 
-    void applicationInstalledLaterIsKnown()
-    {
-        Desktop desktop({{u"one.desktop"_qs, "Exec=one\n"}});
-        show(QByteArrayLiteral("fresh\0Fresh\0"));
-        QTRY_COMPARE(desktop.running(), QStringList{u"?"_qs});
-        desktop.write(u"fresh.desktop"_qs, "Exec=f\n");
-        QVERIFY(desktop.files.folderChanged);
-        desktop.files.folderChanged();
-        QTRY_COMPARE(desktop.running(), QStringList{u"fresh"_qs});
-    }
-
     void programOfAnApplicationFolderStandsOnItsOwn()
     {
         const FileTree out;

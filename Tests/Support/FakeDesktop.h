@@ -23,13 +23,11 @@ public:
     [[nodiscard]] QList<Screen> all() const override { return screens; }
     [[nodiscard]] std::optional<Screen> main() const override
     {
-        return screens.isEmpty() ? std::nullopt : std::optional(screens.at(mainIndex));
+        return screens.isEmpty() ? std::nullopt : std::optional(screens.first());
     }
-    [[nodiscard]] QPointF mouseLocation() const override { return pointer; }
+    [[nodiscard]] QPointF mouseLocation() const override { return {960, 540}; }
 
     QList<Screen> screens{{QRectF(0, 0, 1920, 1080), QRectF(0, 0, 1920, 1040)}};
-    int mainIndex = 0;
-    QPointF pointer{960, 540};
 };
 
 /// Every icon is a filled square in the colour that its source names.

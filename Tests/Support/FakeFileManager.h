@@ -45,10 +45,8 @@ public:
     [[nodiscard]] std::optional<QString> writeFileAtomically(const QString& path,
                                                              const QByteArray& bytes) const override
     {
-        if (!writeError) {
-            contents.insert(path, bytes);
-        }
-        return writeError;
+        contents.insert(path, bytes);
+        return std::nullopt;
     }
     [[nodiscard]] std::optional<QString> appendToFile(const QString& path,
                                                       const QByteArray& bytes) const override
@@ -70,7 +68,6 @@ public:
     QMap<QString, QList<DirectoryItem>> items; ///< By search path.
     QMap<QString, Bundle> bundles;
     mutable QMap<QString, QByteArray> contents; ///< Of ordinary files, by path.
-    std::optional<QString> writeError;
     FolderResult support;
     unsigned user = 1000;
     mutable int bundleReads = 0;

@@ -63,11 +63,7 @@ public:
     {
         return std::make_unique<Source<std::function<void()>>>(focusChanged, std::move(changed));
     }
-    [[nodiscard]] std::optional<quint64> heldModifiers() const override
-    {
-        ++heldQuestions;
-        return held;
-    }
+    [[nodiscard]] std::optional<quint64> heldModifiers() const override { return held; }
     [[nodiscard]] std::optional<quint16> keyCode(const NativeKey&) const override
     {
         return std::nullopt;
@@ -90,7 +86,6 @@ public:
     bool tapCanBeEnabled = true;
     int tapEnablings = 0;
     std::optional<quint64> held;
-    mutable int heldQuestions = 0;
     int hotKeyError = 0;
     quint64 missingModifiers = 0;
     QList<quint16> missingKeys;

@@ -364,8 +364,12 @@ def test_the_ring_follows_the_window_to_another_screen_and_to_its_other_side(lau
 def test_on_a_small_screen_the_window_is_lower_and_keeps_its_title_bar(launcher, window, display, look):
     launcher.start(environment=ENVIRONMENT)
     window.open("appearance")
-    title_bar = display.property(window.window(), "_NET_FRAME_EXTENTS")[2]
-    wait_until(lambda: (window.frame().y, window.frame().height) == (title_bar, 620), "the title bar can be reached")
+
+    def fits():
+        title_bar = display.property(window.window(), "_NET_FRAME_EXTENTS")[2]
+        return title_bar > 0 and (window.frame().y, window.frame().height) == (title_bar, 620)
+
+    wait_until(fits, "the title bar can be reached")
     window.click(SWITCH, "Show application names")
     stays(lambda: preview(display) is None, "no ring is better than one that cannot be made out")
     look("appearance")

@@ -50,6 +50,7 @@ AuxiliaryWindows::~AuxiliaryWindows()
     // The end of the program is no closing by the user; and a deletion that is put off would come
     // after the end of what the windows refer to.
     m_isEnding = true;
+    m_settingsPlace.reset();
     for (AuxiliaryWindowPointer* window : {&m_settingsWindow,
                                            &m_reindexWindow,
                                            &m_onboardingWindow,

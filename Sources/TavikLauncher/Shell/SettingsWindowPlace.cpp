@@ -47,8 +47,14 @@ void SettingsWindowPlace::move()
     wanted.moveBottom(std::min(wanted.bottom(), m_visibleFrame.bottom()));
     const QRectF target = ScreenPlane::flipped(wanted, primaryBottom());
     m_placedAt = target.topLeft().toPoint();
-    m_window.resize(target.size().toSize() - m_placedBorder);
-    m_window.move(m_placedAt);
+    if (m_placedBorder.isNull()) {
+        m_window.resize(target.size().toSize());
+        m_window.move(m_placedAt);
+        return;
+    }
+    // The widget may not know of its new frame yet, and would take itself to be there already.
+    m_window.setGeometry(QRect(m_placedAt, target.size().toSize())
+                             .marginsRemoved(m_window.windowHandle()->frameMargins()));
 }
 
 void SettingsWindowPlace::settle()

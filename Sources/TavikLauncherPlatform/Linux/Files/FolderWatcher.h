@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncherPlatform/Linux/Files/FolderSurvey.h>
 #include <TavikLauncherPlatform/MainQueue.h>
 
 #include <QFileSystemWatcher>
-#include <QHash>
-#include <QList>
 #include <QObject>
 #include <QStringList>
 
 #include <memory>
 #include <optional>
-#include <utility>
 
 namespace Tavik {
 
@@ -35,41 +33,15 @@ Q_SIGNALS:
     void changed();
 
 private:
-    using Identity = std::pair<quint64, quint64>; ///< Device and inode; zeros for no folder.
-    struct Watched
-    {
-        Identity identity;
-        bool isInside = false; ///< One of the folders or below, not on the way to them.
-    };
-    using Watches = QHash<QString, Watched>; ///< By path; each folder once.
-    /// Where the folders are.
-    struct Places
-    {
-        QList<Identity> folders;
-        QStringList turningPoints; ///< Where a change can make them other folders.
-
-        bool operator==(const Places&) const = default;
-    };
-
-    struct Survey
-    {
-        Places places;
-        Watches watches; ///< That these places need.
-    };
-
     void handleChange(const QString& directory);
     void settle();
-    void take(const Survey& survey);
-    static Identity identityOf(const QString& folder);
-    static Places placesOf(const QStringList& folders);
-    static Survey surveyOf(const QStringList& folders);
+    void take(const FolderSurvey& survey);
 
     MainQueue& m_mainQueue;
     WorkQueue& m_workQueue;
     QStringList m_folders;
     std::unique_ptr<QFileSystemWatcher> m_watcher; ///< Null when the kernel has no room for it.
-    Places m_places; ///< At the last look.
-    Watches m_watches;
+    FolderSurvey m_survey; ///< The last look.
     bool m_sawChange = false;
     bool m_isSurveying = false;
     bool m_mustSurveyAgain = false;

@@ -68,7 +68,7 @@ public:
         quint16 keyCode = 0; ///< Of a key that went down: virtual key code of the standard layout.
         quint64 modifierFlags = 0; ///< What is held after the event, in bits of ModifierFlags.
         bool isRepeat = false;
-        double time = 0; ///< Seconds of system uptime, the same from every source.
+        double time = 0; ///< Seconds of system uptime; sources may differ by a few milliseconds.
     };
     using Observer = std::function<void(const Event&)>;
     /// Returns whether the event ends here.

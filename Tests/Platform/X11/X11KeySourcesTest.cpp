@@ -122,10 +122,11 @@ private Q_SLOTS:
             const QList<quint64> expected{controlFlag, chordFlags, controlFlag, 0};
             QTRY_COMPARE(tapped.flags, expected);
             QTRY_COMPARE(monitored.flags, expected);
-            QCOMPARE(monitored.times, tapped.times);
-            QVERIFY(std::ranges::is_sorted(tapped.times));
-            QVERIFY(tapped.times.first() > before - 0.05);
-            QVERIFY(tapped.times.last() <= m_queue.systemUptime());
+            for (const Heard* heard : {&tapped, &monitored}) {
+                QVERIFY(std::ranges::is_sorted(heard->times));
+                QVERIFY(heard->times.first() > before - 0.05);
+                QVERIFY(heard->times.last() <= m_queue.systemUptime());
+            }
         }
     }
 

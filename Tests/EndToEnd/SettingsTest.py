@@ -410,7 +410,7 @@ class FileDialog:
     """The desktop's file dialog; here the toolkit's own."""
 
     def __init__(self, window, button, title):
-        self.display, self.title = window.display, title
+        self.window, self.display, self.title = window, window.display, title
         window.click(BUTTON, button)
         self.id = self.display.wait_for(title)
         wait_until(lambda: self.display.has_focus(self.id), f"{title!r} has the keyboard")
@@ -426,6 +426,7 @@ class FileDialog:
             wait_until(lambda: self.display.has_focus(question), "the question has the keyboard")
             self.display.press("alt+y")
         self.display.wait_gone(self.title)
+        self.window.wait_open()
 
 
 EXPORT, EXPORT_TITLE = "Export Settings…", "Export Tavik Launcher Settings"

@@ -14,7 +14,8 @@ ChooseFile chooser(std::function<QWidget*()> parent, QFileDialog::AcceptMode mod
     return [parent = std::move(parent), mode](const FileRequest& request,
                                               std::function<void(const QString&)> chosen) {
         // Deletes itself when it is closed.
-        auto* dialog = new QFileDialog(parent(), request.title, {}, request.nameFilter);
+        QWidget* window = parent();
+        auto* dialog = new QFileDialog(window, request.title, {}, request.nameFilter);
         dialog->setAttribute(Qt::WA_DeleteOnClose);
         dialog->setAcceptMode(mode);
         if (request.wantsFolder) {
@@ -30,6 +31,10 @@ ChooseFile chooser(std::function<QWidget*()> parent, QFileDialog::AcceptMode mod
             dialog->selectFile(request.suggestedName);
         }
         QObject::connect(dialog, &QFileDialog::fileSelected, dialog, std::move(chosen));
+        // Some window managers give the keyboard to nobody rather than to a window that is in no
+        // taskbar.
+        QObject::connect(
+            dialog, &QDialog::finished, window, [window] { window->activateWindow(); });
         dialog->open();
     };
 }

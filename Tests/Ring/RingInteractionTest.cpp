@@ -293,11 +293,15 @@ private Q_SLOTS:
         fixture.mainQueue.advance(0.2);
         QVERIFY(!fixture.ring.launchHint());
 
-        fixture.settings.launchHintInterval.set(1);
-        fixture.commands.prepareForShow(true);
-        QVERIFY(fixture.ring.launchHint());
-        fixture.commands.prepareForShow(false);
-        QVERIFY(!fixture.ring.launchHint());
+        // The next showing without a hint of its own ends it at once.
+        for (const bool isUserSummon : {true, false}) {
+            fixture.settings.launchHintInterval.set(1);
+            fixture.commands.prepareForShow(true);
+            QVERIFY(fixture.ring.launchHint());
+            fixture.settings.launchHintInterval.set(isUserSummon ? 50 : 1);
+            fixture.commands.prepareForShow(isUserSummon);
+            QVERIFY(!fixture.ring.launchHint());
+        }
     }
 
     void disappearingEmptiesTheCommandsButForThePin()

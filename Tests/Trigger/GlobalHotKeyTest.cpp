@@ -174,8 +174,8 @@ private Q_SLOTS:
             u"P1000 R1000"_s);
         row("nobody can be asked", u"T1000:chord W3 T1003:"_s, u"P1000 R1003"_s);
         row("a tap that was off tells old news first",
-            u"D W0.25 T1000:chord G1000:chord G1000.1: W0.01 T1001:chord T1002:"_s,
-            u"P1000 R1000.1 P1001 R1002"_s);
+            u"D W0.25 T1000:chord T1000.1: G1000.2:chord G1000.3: W0.01 T1001:chord T1002:"_s,
+            u"P1000.2 R1000.3 P1001 R1002"_s);
         row("unregistered while it is held", u"H:chord L1000:chord X X"_s, u"P1000 U1000"_s);
     }
 

@@ -182,13 +182,16 @@ private Q_SLOTS:
 
     void theNewestThatSuitsIsOffered_data()
     {
-        const Table<QList<AppcastItem>, Circumstances, QString> row; // The version, or the reason.
+        const Table<QList<AppcastItem>, Circumstances, QString>
+            row; // The version with its marks, or why not.
         const Circumstances usual = circumstances();
         const Circumstances skipped = circumstances(u"2"_s);
         const QString skip = u"You chose to skip Tavik Launcher 2."_s;
         const QString later = u"2 is being handed out step by step"_s;
         AppcastItem undated = rolling("2", 0h);
         undated.update.date = {};
+        AppcastItem withoutFile = offer("2");
+        withoutFile.enclosure.reset();
         row("up to date",
             {offer("1.0"), offer("1.2")},
             usual,
@@ -210,15 +213,23 @@ private Q_SLOTS:
         row("the skipped was taken back", {offer("1.9")}, skipped, u"1.9"_s);
         row("newer than the skipped", {offer("2.1")}, skipped, u"2.1"_s);
         row("skipped, but asked for", {offer("2")}, circumstances(u"2"_s, true), u"2"_s);
-        row("skipped, but critical", {critical("2")}, skipped, u"2"_s);
+        row("skipped, but critical", {critical("2")}, skipped, u"2 critical"_s);
         row("rolling out to others", {rolling("2", 71h)}, usual, later);
         row("rolling out to us", {rolling("2", 72h)}, usual, u"2"_s);
         row("to the first", {rolling("2", 0h)}, circumstances({}, false, 0), u"2"_s);
         row("to the last", {rolling("2", 144h)}, circumstances({}, false, 1000), u"2"_s);
         row("rolling out, but asked for", {rolling("2", 0h)}, circumstances({}, true), u"2"_s);
         row("rolling out without a date", {undated}, usual, u"2"_s);
-        row("rolling out, but critical", {rolling("2", 0h, "1.3")}, usual, u"2"_s);
+        row("rolling out, but critical", {rolling("2", 0h, "1.3")}, usual, u"2 critical"_s);
         row("rolling out, critical for others", {rolling("2", 0h, "1.2")}, usual, later);
+        row("critical for us", {critical("2", u"1.2.1"_s)}, usual, u"2 critical"_s);
+        row("critical for older ones", {critical("2", u"1.2"_s)}, usual, u"2"_s);
+        row("a page for all", {informational({})}, usual, u"2 page"_s);
+        row("a page for us", {informational({u"1.0"_s, u"1.2.0"_s})}, usual, u"2 page"_s);
+        row("a page for others", {informational({u"1.0"_s, u"1.3"_s})}, usual, u"2"_s);
+        row("a page below one", {informational({u"<1.3"_s})}, usual, u"2 page"_s);
+        row("a page below us", {informational({u"<1.2"_s})}, usual, u"2"_s);
+        row("no file", {withoutFile}, usual, u"2 page"_s);
         row("the one before", {rolling("2", 0h), offer("1.3")}, usual, u"1.3"_s);
         row("the newest's reason",
             {forSystems("1.3", u"7"_s), rolling("2", 0h), forSystems("1.4", u"7"_s)},
@@ -232,38 +243,17 @@ private Q_SLOTS:
         const Selection selection = AppcastSelection::select(items, about);
         QVERIFY(!selection.isRefused);
         if (selection.offer) {
-            QCOMPARE(selection.offer->update.versionString, expected);
+            const UpdateItem& update = selection.offer->update;
+            QCOMPARE(update.versionString + (update.isCritical ? u" critical"_s : QString())
+                         + (update.isInformationOnly ? u" page"_s : QString()),
+                     expected);
+            QCOMPARE(selection.offer->enclosure.has_value(), !update.isInformationOnly);
+            QCOMPARE(update.contentLength, update.isInformationOnly ? 0 : 5);
             QVERIFY(selection.reason.isEmpty());
         } else {
             QVERIFY2(selection.reason.contains(expected) && expected.contains(u' '),
                      qPrintable(selection.reason));
         }
-    }
-
-    void marksCountForTheRunningVersion_data()
-    {
-        const Table<AppcastItem, bool, bool> row; // Critical; information only.
-        row("no mark", offer("2"), false, false);
-        row("critical for all", critical("2"), true, false);
-        row("critical for us", critical("2", u"1.2.1"_s), true, false);
-        row("critical for older ones", critical("2", u"1.2"_s), false, false);
-        row("information for all", informational({}), false, true);
-        row("information for us", informational({u"1.0"_s, u"1.2.0"_s}), false, true);
-        row("information for others", informational({u"1.0"_s, u"1.3"_s}), false, false);
-        row("information below one", informational({u"<1.3"_s}), false, true);
-        row("information below us", informational({u"<1.2"_s}), false, false);
-        row("no file", offer("2", [](AppcastItem& item) { item.enclosure.reset(); }), false, true);
-    }
-
-    void marksCountForTheRunningVersion()
-    {
-        const auto [item, isCritical, isPage] = fetch<AppcastItem, bool, bool>();
-        const Selection selection = AppcastSelection::select({item}, circumstances());
-        QVERIFY(selection.offer);
-        QCOMPARE(selection.offer->update.isCritical, isCritical);
-        QCOMPARE(selection.offer->update.isInformationOnly, isPage);
-        QCOMPARE(selection.offer->enclosure.has_value(), !isPage);
-        QCOMPARE(selection.offer->update.contentLength, isPage ? 0 : 5);
     }
 
     void theNewestSeenIsRemembered_data()

@@ -360,6 +360,16 @@ def test_the_ring_follows_the_window_to_another_screen_and_to_its_other_side(lau
     look("other side")
 
 
+@pytest.mark.desktop(**LARGE)
+def test_the_window_has_the_keyboard_again_when_the_ring_has_gone(launcher, window, display):
+    launcher.start(environment=ENVIRONMENT)
+    window.open()
+    launcher.summon(1200, 400)
+    display.press("Escape")
+    launcher.wait_hidden()
+    window.wait_open()
+
+
 @pytest.mark.desktop(width=1024, height=600)
 def test_on_a_small_screen_the_window_is_lower_and_keeps_its_title_bar(launcher, window, display, look):
     launcher.start(environment=ENVIRONMENT)

@@ -188,10 +188,11 @@ void X11WindowServer::returnKeyboardFocus(WId window)
     });
 }
 
-/// True when nobody has the keyboard but a window that is going.
+/// True when nobody has the keyboard but a window that is going. Some window managers keep it
+/// themselves rather than give it to a window that is in no taskbar.
 bool X11WindowServer::isFree(xcb_window_t focus, xcb_window_t going) const
 {
-    return X11WindowTree::isNowhere(m_connection, focus)
+    return X11WindowTree::isNowhere(m_connection, focus) || focus == m_manager
         || X11WindowTree::isWithin(m_connection, focus, going);
 }
 

@@ -19,7 +19,7 @@ class StatusTray;
 
 /// The wheel in the desktop's tray and its menu. Appears as soon as the desktop has a tray, which
 /// may be long after the start or never; the menu and its key equivalents work without one, too.
-/// Owned by the application delegate, which outlives no tray.
+/// Owned by the application delegate; the tray outlives it. Main thread only.
 class StatusItem final : public QObject
 {
     Q_OBJECT

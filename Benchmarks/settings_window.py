@@ -9,7 +9,7 @@ from gi.repository import Gio, GLib
 from harness.desktop import Desktop, DesktopOptions
 from harness.display import Rect
 from harness.launcher import BUS_NAME, TITLE, Launcher
-from harness.settings_window import ENVIRONMENT, SLIDER, TILE, SettingsWindow
+from harness.settings_window import ENVIRONMENT, RADIO, SLIDER, SettingsWindow
 from harness.waiting import wait_until
 
 SECTIONS = ("general", "shortcut", "appearance", "theme", "permanentApps", "hints", "updates", "backup", "about")
@@ -125,7 +125,7 @@ def scroll(bench, section, rounds):
     results = []
     for turn in range(rounds):
         bench.window.open(section)
-        tile = bench.window.control(TILE, "Plum Neon" if turn % 2 else "Midnight Cyan").place
+        tile = bench.window.control(RADIO, "Plum Neon" if turn % 2 else "Midnight Cyan").place
         bench.display.click(*tile.centre)
         window = bench.window.frame()
         strip = Rect(window.x + window.width + 40, window.centre[1], 550, 1)

@@ -3,6 +3,7 @@
 #include <TavikLauncher/Views/TavikIconFactory.h>
 #include <TavikLauncherPlatform/WindowServer.h>
 
+#include <QApplication>
 #include <QBackingStore>
 #include <QCloseEvent>
 #include <QVBoxLayout>
@@ -60,6 +61,9 @@ void AuxiliaryWindow::centerIn(const QRect& area)
 
 void AuxiliaryWindow::activate()
 {
+    if (QApplication::activeWindow() != this) {
+        m_openedFrom = qobject_cast<AuxiliaryWindow*>(QApplication::activeWindow());
+    }
     m_windowServer.setSkipsTaskbar(winId(), m_skipsTaskbar);
     if (isMinimized()) {
         showNormal();
@@ -98,8 +102,14 @@ void AuxiliaryWindow::changeEvent(QEvent* event)
 void AuxiliaryWindow::closeEvent(QCloseEvent* event)
 {
     event->accept();
+    const bool isLeft = isActiveWindow();
     if (onClose) {
         onClose();
+    }
+    // Some window managers give the keyboard to nobody rather than to a window that is in no
+    // taskbar.
+    if (isLeft && m_openedFrom && m_openedFrom->isVisible() && !m_openedFrom->isMinimized()) {
+        m_openedFrom->activate();
     }
 }
 

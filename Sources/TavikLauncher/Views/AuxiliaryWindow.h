@@ -3,6 +3,7 @@
 
 #include <TavikLauncher/Views/HeldKeyGuard.h>
 
+#include <QPointer>
 #include <QSize>
 #include <QWidget>
 
@@ -57,6 +58,7 @@ private:
 
     WindowServer& m_windowServer;
     bool m_skipsTaskbar;
+    QPointer<AuxiliaryWindow> m_openedFrom; ///< Where the user was when this came to the front.
     QSize m_fixedSize; ///< Empty when the size is not fixed.
     HeldKeyGuard m_heldKeys;
 };

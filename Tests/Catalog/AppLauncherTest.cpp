@@ -72,13 +72,8 @@ private Q_SLOTS:
         const Table<QStringList, QString, QStringList> row;
         row("again", {u"/a"_s, u"/b"_s}, u"/a"_s, {u"/a"_s, u"/b"_s});
         row("fifth", numbered(6), u"/4"_s, {u"/4"_s, u"/0"_s, u"/1"_s, u"/2"_s, u"/3"_s, u"/5"_s});
-        row("thirteenth", numbered(12), u"/new"_s, QStringList{u"/new"_s} + numbered(11));
         row("too many stored", numbered(20), u"/19"_s, QStringList{u"/19"_s} + numbered(11));
         row("case matters", {u"/A"_s}, u"/a"_s, {u"/a"_s, u"/A"_s});
-        row("composed or not",
-            {u"/x"_s, u"/caf\u00e9"_s},
-            u"/cafe\u0301"_s,
-            {u"/cafe\u0301"_s, u"/x"_s});
     }
 
     void theLatestLaunchComesFirst()

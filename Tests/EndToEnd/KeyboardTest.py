@@ -45,20 +45,3 @@ def test_arrows_go_around_the_ring_and_return_launches(ring, apps, display, look
     ring.wait_hidden()
     display.wait_for(NAMES[slot])
     assert [app.name for app in apps if app.has_run()] == [NAMES[slot]]
-
-
-def test_the_best_match_comes_first_and_all_applications_are_searched_when_asked(
-        launcher, applications, display, look):
-    pinned = applications.add("Terminal Multiplexer")
-    road, maps, viewer = (applications.add(name) for name in ("Road Map", "Maps", "Map Viewer"))
-    applications.add("Bitmap Editor")
-    launcher.pin(pinned)
-    launcher.settings(searchesAllApps=True)
-    launcher.start().wait_indexed()
-    launcher.summon(640, 400)
-    display.type("map")
-    launcher.wait_still()
-    look("search")
-    launcher.wait_shows(viewer, maps, road)
-    display.press("Return")
-    viewer.wait_started()

@@ -16,13 +16,6 @@ def ring(launcher, apps):
     return launcher.start()
 
 
-def test_a_click_on_an_icon_launches_it(ring, apps, display):
-    ring.summon(640, 400)
-    display.click(*ring.slot_place(1, 4))
-    apps[1].wait_started()
-    ring.wait_hidden()
-
-
 def test_a_resting_pointer_selects_nothing_and_a_moving_one_selects_its_wedge(ring, apps, display, look):
     ring.summon(640, 400)
     fresh = display.picture(display.geometry(ring.window()))

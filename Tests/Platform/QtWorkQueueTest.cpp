@@ -6,25 +6,11 @@
 
 using namespace Tavik;
 using namespace std::chrono_literals;
+using Done = WorkQueue::Done;
 
 class QtWorkQueueTest final : public QObject
 {
     Q_OBJECT
-
-private:
-    template <typename Work>
-    static void schedule(QtWorkQueue& queue, WorkPriority priority, Work work)
-    {
-        const auto done = [](bool) {
-        };
-        queue.run(
-            priority,
-            [work] {
-                work();
-                return true;
-            },
-            done);
-    }
 
 private Q_SLOTS:
     void theEndCompletesWritesAndGivesUpOnReadsThatHang()
@@ -33,13 +19,14 @@ private Q_SLOTS:
         QSemaphore goesOn;
         QSemaphore written;
         QtWorkQueue queue({}, 1ms);
-        schedule(queue, WorkPriority::userInitiated, [&] {
+        queue.schedule(WorkPriority::userInitiated, [&] {
             started.release();
             goesOn.acquire();
+            return Done();
         });
         started.acquire();
         for (int write = 0; write < 3; ++write) {
-            schedule(queue, WorkPriority::utility, [&] { written.release(); });
+            queue.schedule(WorkPriority::utility, [&] { return written.release(), Done(); });
         }
         QVERIFY(!queue.finish());
         QCOMPARE(written.available(), 3);
@@ -51,9 +38,9 @@ private Q_SLOTS:
         QSemaphore goesOn;
         QSemaphore launched;
         QtWorkQueue queue;
-        schedule(queue, WorkPriority::utility, [&] { goesOn.acquire(); });
+        queue.schedule(WorkPriority::utility, [&] { return goesOn.acquire(), Done(); });
         for (int launch = 0; launch < 2; ++launch) {
-            schedule(queue, WorkPriority::launch, [&] { launched.release(); });
+            queue.schedule(WorkPriority::launch, [&] { return launched.release(), Done(); });
         }
         QVERIFY(launched.tryAcquire(1, 5000));
         goesOn.release();

@@ -12,10 +12,7 @@ namespace Tavik::Test {
 class StepWorkQueue : public WorkQueue
 {
 public:
-    void schedule(WorkPriority priority, Job job) override
-    {
-        m_waiting.push_back({priority, std::move(job)});
-    }
+    void schedule(WorkPriority, Job job) override { m_waiting.push_back(std::move(job)); }
 
     bool finish() override
     {
@@ -29,9 +26,9 @@ public:
     /// Runs only the part off the main thread; `finish` the rest.
     [[nodiscard]] Done startAt(std::size_t position)
     {
-        const Entry entry = std::move(m_waiting.at(position));
+        const Job job = std::move(m_waiting.at(position));
         m_waiting.erase(m_waiting.begin() + static_cast<std::ptrdiff_t>(position));
-        return entry.job();
+        return job();
     }
     static void finish(const Done& done)
     {
@@ -47,12 +44,7 @@ public:
     }
 
 private:
-    struct Entry
-    {
-        WorkPriority priority;
-        Job job;
-    };
-    std::deque<Entry> m_waiting;
+    std::deque<Job> m_waiting;
 };
 
 } // namespace Tavik::Test

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Settings/HotKeyRecorder.h>
 #include <TavikLauncher/Views/HotKeyRecorderBridge.h>
-#include <TavikLauncher/Views/KeyTranslation.h>
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -111,19 +110,6 @@ private Q_SLOTS:
         other.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&other));
         QVERIFY(!bridged.recorder.isRecording());
-    }
-
-    void digitsOfTheRowAreInOrder()
-    {
-        const FakeKeyEvents keys;
-        for (int digit = 1; digit <= 9; ++digit) {
-            const QKeyEvent event(QEvent::KeyPress, Qt::Key_0 + digit, Qt::NoModifier);
-            const std::optional<quint16> code = KeyTranslation::keyCode(event, keys);
-            QVERIFY(code);
-            QCOMPARE(KeyTranslation::digitOfRow(*code), digit);
-        }
-        QVERIFY(!KeyTranslation::digitOfRow(29)); // Zero.
-        QVERIFY(!KeyTranslation::digitOfRow(83)); // One on the keypad.
     }
 };
 

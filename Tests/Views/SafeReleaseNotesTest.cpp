@@ -3,8 +3,6 @@
 #include <TavikLauncherPlatform/Updater.h>
 
 #include <QTest>
-#include <QTextBlock>
-#include <QTextDocument>
 
 #include <Support/Table.h>
 #include <algorithm>
@@ -44,23 +42,11 @@ private Q_SLOTS:
         const auto html = [&row](const char* name, const QString& text, const QString& expected) {
             row(name, Format::html, text, expected);
         };
-        html("nothing", u""_s, u""_s);
         html("nothing to read", u"<p> <br><hr><img src=x></p>"_s, u""_s);
         html("a document",
              u"<!DOCTYPE html><html><head><title>T</title><style>p{}</style></head>"
              u"<body onload=a()><p style='x' class=y>One<p>Two</body></html>"_s,
              u"<p>One</p><p>Two</p>"_s);
-        html("headings are not larger than the window's",
-             u"<H1>A</H1><h6>B</h6>"_s,
-             u"<h3>A</h3><h4>B</h4>"_s);
-        html("lists, items without an end",
-             u"<ul><li>a<li>b<ol><li>c</ol></ul>d"_s,
-             u"<ul><li>a</li><li>b<ol><li>c</li></ol></li></ul>d"_s);
-        html("an item without a list", u"<li>a</li>"_s, u"<p>a</p>"_s);
-        html("tables row by row",
-             u"<table border=9><tr><td>a<td>b<tr><th>c</table>"_s,
-             u"<p> a b</p><p> c</p>"_s);
-        html("overlapping emphasis", u"<b>a<i>b</b>c</i>"_s, u"<b>a<i>b</i></b>c"_s);
         html("a script", u"a<script>alert('</b>')<b></ScRiPt >b"_s, u"ab"_s);
         html("a script without an end", u"a<script>b"_s, u"a"_s);
         html(
@@ -76,16 +62,11 @@ private Q_SLOTS:
         html("an attribute that breaks out",
              u"<a href='https://x.org/\"><script>'>l</a>"_s,
              u"<a href=\"https://x.org/&quot;&gt;&lt;script&gt;\">l</a>"_s);
-        html("a link inside a link",
-             u"<a href='https://a.org'>a<a href='file:///etc/passwd'>b</a>"_s,
-             u"<a href=\"https://a.org\">a</a>b"_s);
         html(
             "entities",
             u"&lt;b&gt; &copy;&#169;&#xA9; &amp;lt; &foo; &#0; &#xD800; &#99999999999; & &;"_s,
             u"&lt;b&gt; ©©© &amp;lt; &amp;foo; &amp;#0; &amp;#xD800; &amp;#99999999999; &amp; &amp;;"_s);
-        html("no tags", u"1 < 2 <3 </ > <"_s, u"1 &lt; 2 &lt;3 &lt;/ &gt; &lt;"_s);
         html("comments", u"a<!-- <b> --><![CDATA[x]]>b<!-- c"_s, u"ab"_s);
-        html("a tag that does not end", u"a<b c='d>e"_s, u"a"_s);
         html("characters that a view takes for its own",
              u"a\u202Eb\u2029c\uFFFCd\uFDD0e\x01"
              "f&#x202E;g"_s,
@@ -108,11 +89,6 @@ private Q_SLOTS:
             Format::markdown,
             u"a <script>b</script>"_s,
             u"<p>a &lt;script&gt;b&lt;/script&gt;</p>"_s);
-        row("long Markdown as it was written",
-            Format::markdown,
-            u"*a*"_s + QString(10'000, u' ') + u"\n\nb"_s,
-            u"<p>*a*"_s + QString(3997, u' ') + u"</p><p>"_s + QString(4000, u' ') + u"</p><p>"_s
-                + QString(2003, u' ') + u"</p><p>b</p>"_s);
     }
 
     void notesKeepTextAndStructureOnly()
@@ -138,44 +114,24 @@ private Q_SLOTS:
         }
     }
 
-    void hugeNotesStaySmallEnoughToShow_data()
-    {
-        const Table<Format, QString> row;
-        for (const QString& piece :
-             u"a|a<br>|<div>a|<ul><li>a|<blockquote>a|<table><tr><td>a|<a href=\"https://x.org\">x|"
-             u"<b><i><u><s>x</b>|<pre>a\n|&amp;|\u0300"_s.split(u'|')) {
-            row(qPrintable(piece), Format::html, piece);
-        }
-        row("plain lines", Format::plainText, u"a\n"_s);
-        row("plain paragraphs", Format::plainText, u"a\n\n"_s);
-        row("items", Format::markdown, u"- a\n"_s);
-        row("quotes", Format::markdown, u"> "_s);
-        row("lines", Format::markdown, u"a\n"_s);
-    }
-
     void hugeNotesStaySmallEnoughToShow()
     {
-        const auto [format, piece] = fetch<Format, QString>();
-        // Markdown up to its own bound, which is where it takes longest.
-        const qsizetype length = format == Format::markdown ? 9'999 : 250'000;
-        const QString html = safeReleaseNotesHtml(
-            {.format = format, .text = u"<ul>"_s + piece.repeated(length / piece.size())});
-        QVERIFY2(html.size() < 230'000, qPrintable(QString::number(html.size())));
-        QVERIFY(html.count(u"<li>"_s) <= 1000);
-        QVERIFY(deepestNesting(html) <= 20);
-        QTextDocument document;
-        document.setHtml(html);
-        for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-            QVERIFY2(block.length() < 8100, qPrintable(QString::number(block.length())));
+        const auto verifySmall = [](Format format, const QString& text) {
+            const QString html = safeReleaseNotesHtml({.format = format, .text = text});
+            QVERIFY2(html.size() < 230'000, qPrintable(text.left(20)));
+            QVERIFY2(html.count(u"<li>"_s) <= 1000, qPrintable(text.left(20)));
+            QVERIFY2(deepestNesting(html) <= 20, qPrintable(text.left(20)));
+        };
+        for (const QString& piece :
+             u"a<br>|<div>a|<ul><li>a|<blockquote>a|<table><tr><td>a|<a href=\"https://x.org\">x|"
+             u"<b><i><u><s>x</b>|<pre>a\n|&amp;"_s.split(u'|')) {
+            verifySmall(Format::html, u"<ul>"_s + piece.repeated(250'000 / piece.size()));
         }
-    }
-
-    void textIsNeverLostToACutInsideACharacter()
-    {
-        const QString text = u"a"_s + u"\U0001F600"_s.repeated(9000);
-        QTextDocument document;
-        document.setHtml(safeReleaseNotesHtml({.format = Format::html, .text = text}));
-        QCOMPARE(document.toPlainText().remove(u'\n'), text);
+        verifySmall(Format::plainText, u"a\n\n"_s.repeated(80'000));
+        // Up to its own bound, which is where it takes longest.
+        for (const QString& piece : {u"- a\n"_s, u"> "_s}) {
+            verifySmall(Format::markdown, piece.repeated(9'999 / piece.size()));
+        }
     }
 };
 

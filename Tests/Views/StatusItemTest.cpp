@@ -72,7 +72,6 @@ private Q_SLOTS:
         const Table<QList<Host>, int> row; // What is there, second by second; -1 for never.
         row("no tray", {none}, -1);
         row("notifier", {notifier}, 0);
-        row("notifier much later", {none, none, none, notifier}, 3);
         row("embedding only", {embedding}, 2);
         row("embedding, then the notifier of the same panel", {embedding, notifier}, 1);
         row("embedding that goes at once", {embedding, none, none, none, none}, -1);
@@ -108,11 +107,6 @@ private Q_SLOTS:
         QTest::failOnWarning(QRegularExpression(u"tray"_s));
         fixture.mainQueue.advance(3600);
         QCOMPARE(fixture.mainQueue.pendingTasks(), 0);
-
-        StatusItemFixture other;
-        other.tray.become(Host::notifier);
-        other.mainQueue.advance(3600);
-        QCOMPARE(other.mainQueue.pendingTasks(), 0);
     }
 
     void theIconFollowsThePanel()

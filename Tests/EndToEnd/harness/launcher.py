@@ -72,9 +72,6 @@ class Launcher:
         """Makes these applications the ring's first slots, in order."""
         self.settings(permanentAppPaths=[application.path for application in applications])
 
-    def recents(self):
-        return self.defaults().get("RecentAppsPaths", [])
-
     def cache(self):
         return json.loads(self.cache_file.read_text())
 

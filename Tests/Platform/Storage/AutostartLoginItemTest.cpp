@@ -5,6 +5,7 @@
 #include <QTest>
 
 #include <Support/FileTree.h>
+#include <Support/Table.h>
 #include <glib.h>
 #include <memory>
 
@@ -42,43 +43,31 @@ private Q_SLOTS:
     {
         QTest::failOnWarning(QRegularExpression(u".*"_s));
         m_tree = std::make_unique<Test::FileTree>();
-        makeProgram(u"tavik-launcher"_s);
+        makeProgram(u"100% $HOME `id` \"q\" 'a' \\n é"_s);
     }
 
     void statusIsReadFromTheEntry_data()
     {
         using enum LoginItem::Status;
-        QTest::addColumn<QByteArray>("entry");
-        QTest::addColumn<LoginItem::Status>("status");
+        const Test::Table<QByteArray, LoginItem::Status> row;
         const QByteArray head = "[Desktop Entry]\nType=Application\nName=T\nExec=t\n";
-        QTest::newRow("present") << head << enabled;
-        QTest::newRow("hidden") << head + "Hidden=true\n" << notRegistered;
-        QTest::newRow("switched off") << head + "X-GNOME-Autostart-enabled=false\n"
-                                      << requiresApproval;
-        QTest::newRow("hidden in another group") << head + "[Other]\nHidden=true\n" << enabled;
-        QTest::newRow("empty") << QByteArray() << notRegistered;
-        QTest::newRow("junk") << QByteArray("\0\xff[[[\n=\n", 9) << notRegistered;
-        QTest::newRow("outlandish") << head + QByteArray(1 << 20, '#') << notRegistered;
+        row("present", head, enabled);
+        row("hidden", head + "Hidden=true\n", notRegistered);
+        row("switched off", head + "X-GNOME-Autostart-enabled=false\n", requiresApproval);
+        row("empty", {}, notRegistered);
+        row("junk", QByteArray("\0\xff[[[\n=\n", 9), notRegistered);
     }
 
     void statusIsReadFromTheEntry()
     {
-        QFETCH(const QByteArray, entry);
+        const auto [entry, status] = Test::fetch<QByteArray, LoginItem::Status>();
         QCOMPARE(item().status(), LoginItem::Status::notRegistered);
         m_tree->write(m_entry, entry);
-        QTEST(item().status(), "status");
+        QCOMPARE(item().status(), status);
         // Whatever was there, registering makes it so.
         QVERIFY(item().registerItem());
         QCOMPARE(item().status(), LoginItem::Status::enabled);
         QCOMPARE(programIn(m_tree->path(m_entry)), m_program);
-    }
-
-    void entryStartsAProgramOfAnyName()
-    {
-        makeProgram(u"100% $HOME `id` \"q\" 'a' \\n é"_s);
-        QVERIFY(item().registerItem());
-        QCOMPARE(programIn(m_tree->path(m_entry)), m_program);
-        QCOMPARE(item().status(), LoginItem::Status::enabled);
     }
 
     void entryKeepsWhatTheUserAdded()
@@ -108,18 +97,6 @@ private Q_SLOTS:
         QVERIFY(!item().registerItem());
         QVERIFY(item().unregisterItem());
         QVERIFY(!QFile::exists(m_tree->path(m_entry)));
-    }
-
-    void unregisteringRemovesTheEntryOnly()
-    {
-        const QString installed = m_tree->write(
-            u"installed.desktop"_s, "[Desktop Entry]\nType=Application\nName=T\nExec=t\n");
-        const QString entry = m_tree->link(installed, m_entry);
-        QCOMPARE(item().status(), LoginItem::Status::enabled);
-        QVERIFY(item().unregisterItem());
-        QVERIFY(QFile::exists(installed));
-        QVERIFY(!QFileInfo(entry).isSymLink());
-        QVERIFY(item().unregisterItem());
     }
 
     void failuresAreToldAndLogged()

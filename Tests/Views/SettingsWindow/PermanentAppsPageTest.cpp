@@ -168,19 +168,6 @@ private Q_SLOTS:
         QCOMPARE(text(2), u"C, not installed"_s);
     }
 
-    void iconsInstalledLaterAreSeen()
-    {
-        AppsFixture fixture;
-        fixture.list().grab();
-        fixture.settle();
-        const int decodes = fixture.icons.decodes;
-        QVERIFY(decodes > 0);
-        Q_EMIT fixture.catalog.foldersChanged();
-        fixture.list().grab();
-        fixture.settle();
-        QCOMPARE(fixture.icons.decodes, 2 * decodes);
-    }
-
     void thousandsOfApplicationsAreLookedUpOnlyWhenShown()
     {
         SettingsWindowFixture fixture;

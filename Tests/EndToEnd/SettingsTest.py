@@ -361,6 +361,17 @@ def test_the_ring_follows_the_window_to_another_screen_and_to_its_other_side(lau
 
 
 @pytest.mark.desktop(**LARGE)
+def test_the_window_has_the_keyboard_again_when_its_tour_has_gone(launcher, window, display):
+    launcher.start(environment=ENVIRONMENT)
+    window.open("about")
+    window.click(BUTTON, "Repeat Tour")
+    tour = display.wait_for("Welcome to Tavik Launcher")
+    wait_until(lambda: display.has_focus(tour), "the tour has the keyboard")
+    display.press("Return")
+    wait_until(lambda: display.has_focus(window.window()), "the settings have it again")
+
+
+@pytest.mark.desktop(**LARGE)
 def test_the_window_has_the_keyboard_again_when_the_ring_has_gone(launcher, window, display):
     launcher.start(environment=ENVIRONMENT)
     window.open()

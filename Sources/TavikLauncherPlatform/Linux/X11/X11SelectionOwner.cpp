@@ -32,7 +32,8 @@ X11SelectionOwner::X11SelectionOwner(const X11Connection& connection, xcb_atom_t
 
 bool X11SelectionOwner::handle(const xcb_generic_event_t& event)
 {
-    if (x11EventType(event.response_type) != m_event) {
+    // Only the server's own word: what another client has made up is marked in its type.
+    if (event.response_type != m_event) {
         return false;
     }
     const auto& change = reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(event);

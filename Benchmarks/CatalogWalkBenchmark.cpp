@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Catalog/CatalogWalk.h>
-#include <TavikLauncherPlatform/Linux/Files/LinuxFileManager.h>
+#include <TavikLauncherPlatform/Linux/Applications/LinuxFileManager.h>
 #include <TavikLauncherPlatform/QtMainQueue.h>
 #include <TavikLauncherPlatform/QtWorkQueue.h>
 

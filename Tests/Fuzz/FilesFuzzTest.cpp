@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Catalog/CatalogCache.h>
-#include <TavikLauncherPlatform/Linux/Files/ApplicationFolder.h>
-#include <TavikLauncherPlatform/Linux/Files/DesktopEntryFile.h>
-#include <TavikLauncherPlatform/Linux/Files/IconThemeIndex.h>
+#include <TavikLauncherPlatform/Linux/Applications/ApplicationFolder.h>
+#include <TavikLauncherPlatform/Linux/Applications/DesktopEntryFile.h>
+#include <TavikLauncherPlatform/Linux/Applications/IconThemeIndex.h>
 
 #include <QFile>
 #include <QLoggingCategory>

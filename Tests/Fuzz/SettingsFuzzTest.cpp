@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Settings/LauncherSettings.h>
 #include <TavikLauncher/Settings/SettingsBackup.h>
-#include <TavikLauncherPlatform/Linux/Storage/PropertyListDefaults.h>
+#include <TavikLauncherPlatform/Linux/Disk/PropertyListDefaults.h>
 #include <TavikLauncherPlatform/NotificationCenter.h>
 
 #include <QLoggingCategory>

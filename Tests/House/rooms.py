@@ -14,18 +14,26 @@ TRIGGER = "TavikLauncher/Trigger"
 VIEWS = "TavikLauncher/Views"
 SHELL = "TavikLauncher/Shell"
 BASE = {CORE, PLATFORM}
+LINUX = f"{PLATFORM}/Linux"
+DISK, SESSION, APPLICATIONS, UPDATES, X11 = (
+    f"{LINUX}/{room}" for room in ("Disk", "Session", "Applications", "Updates", "X11"))
 
 ROOMS = {  # room: (rooms it may include, may use widgets, may use native headers)
     CORE: (set(), False, False),
     PLATFORM: ({CORE}, False, False),
     f"{PLATFORM}/Null": (BASE, False, False),
-    f"{PLATFORM}/Linux": (BASE | {f"{PLATFORM}/Null"}, False, True),
+    DISK: (BASE, False, True),
+    SESSION: (BASE | {DISK}, False, True),
+    APPLICATIONS: (BASE | {DISK, SESSION}, False, True),
+    UPDATES: (BASE | {DISK}, False, True),
+    X11: (BASE | {DISK, SESSION, APPLICATIONS}, False, True),
+    LINUX: (BASE | {f"{PLATFORM}/Null", DISK, SESSION, APPLICATIONS, UPDATES, X11}, False, True),
     CATALOG: (BASE, False, False),
     SETTINGS: (BASE, False, False),
     RING: (BASE | {CATALOG, SETTINGS}, False, False),
     TRIGGER: ({PLATFORM, SETTINGS}, False, False),
     VIEWS: (BASE | {CATALOG, SETTINGS, RING}, True, False),
-    SHELL: (BASE | {f"{PLATFORM}/Null", f"{PLATFORM}/Linux", CATALOG, SETTINGS, RING, TRIGGER, VIEWS}, True, False),
+    SHELL: (BASE | {f"{PLATFORM}/Null", LINUX, SESSION, APPLICATIONS, CATALOG, SETTINGS, RING, TRIGGER, VIEWS}, True, False),
 }
 NATIVE = re.compile(
     r"^(xcb/|X11/|xkbcommon/|wayland|gio/|glib|plist/|AppKit/|Carbon/|CoreGraphics/|unistd\.h|fcntl\.h|signal\.h|sys/)")

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Shell/OpenPage.h>
-#include <TavikLauncherPlatform/Linux/Desktop/ApplicationLaunch.h>
+#include <TavikLauncherPlatform/Linux/Applications/ApplicationLaunch.h>
 
 #include <QDesktopServices>
 #include <QLoggingCategory>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Shell/SingleInstance.h>
-#include <TavikLauncherPlatform/Linux/Desktop/SessionBus.h>
+#include <TavikLauncherPlatform/Linux/Session/SessionBus.h>
 
 #include <QDBusAbstractAdaptor>
 #include <QDBusConnection>

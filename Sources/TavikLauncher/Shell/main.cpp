@@ -5,7 +5,7 @@
 #include <TavikLauncher/Shell/RuntimeFolder.h>
 #include <TavikLauncher/Shell/TavikLauncherApp.h>
 #include <TavikLauncher/Views/RingAccessibility.h>
-#include <TavikLauncherPlatform/Linux/Desktop/ApplicationLaunch.h>
+#include <TavikLauncherPlatform/Linux/Applications/ApplicationLaunch.h>
 #include <TavikLauncherPlatform/NotificationCenter.h>
 #include <TavikLauncherPlatform/Platform.h>
 #include <TavikLauncherPlatform/TerminationSignals.h>

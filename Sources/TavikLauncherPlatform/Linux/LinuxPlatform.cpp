@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include <TavikLauncherPlatform/Linux/Desktop/ApplicationLaunch.h>
-#include <TavikLauncherPlatform/Linux/Desktop/PortalAppearance.h>
-#include <TavikLauncherPlatform/Linux/Desktop/QtScreens.h>
-#include <TavikLauncherPlatform/Linux/Files/LinuxFileManager.h>
-#include <TavikLauncherPlatform/Linux/Files/SessionIconTheme.h>
-#include <TavikLauncherPlatform/Linux/Files/ThemeIconDecoder.h>
+#include <TavikLauncherPlatform/Linux/Applications/ApplicationLaunch.h>
+#include <TavikLauncherPlatform/Linux/Applications/LinuxFileManager.h>
+#include <TavikLauncherPlatform/Linux/Applications/SessionIconTheme.h>
+#include <TavikLauncherPlatform/Linux/Applications/ThemeIconDecoder.h>
+#include <TavikLauncherPlatform/Linux/Disk/PropertyListDefaults.h>
 #include <TavikLauncherPlatform/Linux/LinuxStatusTray.h>
-#include <TavikLauncherPlatform/Linux/Storage/AutostartLoginItem.h>
-#include <TavikLauncherPlatform/Linux/Storage/PropertyListDefaults.h>
+#include <TavikLauncherPlatform/Linux/Session/AutostartLoginItem.h>
+#include <TavikLauncherPlatform/Linux/Session/PortalAppearance.h>
+#include <TavikLauncherPlatform/Linux/Session/QtScreens.h>
 #include <TavikLauncherPlatform/Linux/Updates/AppImage.h>
 #include <TavikLauncherPlatform/Linux/Updates/AppcastUpdater.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateFolder.h>

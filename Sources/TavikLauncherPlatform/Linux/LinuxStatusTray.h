@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <TavikLauncherPlatform/Linux/Desktop/NotifierTray.h>
+#include <TavikLauncherPlatform/Linux/Session/NotifierTray.h>
 #include <TavikLauncherPlatform/Linux/X11/X11Tray.h>
 #include <TavikLauncherPlatform/StatusTray.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <TavikLauncherPlatform/Linux/Storage/ReplaceFile.h>
+#include <TavikLauncherPlatform/Linux/Disk/ReplaceFile.h>
 #include <TavikLauncherPlatform/Linux/Updates/AppImage.h>
 #include <TavikLauncherPlatform/Linux/Updates/FileDescriptor.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/AccessibilityPermission.h>
-#include <TavikLauncherPlatform/Linux/Desktop/KeyCodes.h>
+#include <TavikLauncherPlatform/Linux/Session/KeyCodes.h>
 #include <TavikLauncherPlatform/Linux/X11/X11Connection.h>
 #include <TavikLauncherPlatform/Linux/X11/X11EventTap.h>
 #include <TavikLauncherPlatform/Linux/X11/X11KeyEvents.h>

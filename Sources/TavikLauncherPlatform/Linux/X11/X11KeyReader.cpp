@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <TavikLauncherPlatform/Linux/Desktop/KeyCodes.h>
+#include <TavikLauncherPlatform/Linux/Session/KeyCodes.h>
 #include <TavikLauncherPlatform/Linux/X11/X11KeyReader.h>
 
 namespace Tavik {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <TavikLauncherPlatform/Linux/Desktop/KeyCodes.h>
+#include <TavikLauncherPlatform/Linux/Session/KeyCodes.h>
 #include <TavikLauncherPlatform/Linux/X11/X11Connection.h>
 #include <TavikLauncherPlatform/Linux/X11/X11KeyboardMap.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <TavikLauncherPlatform/Linux/Desktop/WindowMatching.h>
+#include <TavikLauncherPlatform/Linux/Applications/WindowMatching.h>
 #include <TavikLauncherPlatform/Linux/X11/X11Connection.h>
 
 #include <QList>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include <TavikLauncherPlatform/Linux/Desktop/ApplicationLaunch.h>
-#include <TavikLauncherPlatform/Linux/Desktop/WindowMatching.h>
+#include <TavikLauncherPlatform/Linux/Applications/ApplicationLaunch.h>
+#include <TavikLauncherPlatform/Linux/Applications/WindowMatching.h>
 #include <TavikLauncherPlatform/Linux/X11/X11Workspace.h>
 #include <TavikLauncherPlatform/WorkQueue.h>
 

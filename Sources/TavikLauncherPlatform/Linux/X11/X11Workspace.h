@@ -2,9 +2,9 @@
 #pragma once
 
 #include <TavikLauncherPlatform/FileManager.h>
-#include <TavikLauncherPlatform/Linux/Desktop/DesktopEntries.h>
-#include <TavikLauncherPlatform/Linux/Desktop/RunningApplicationList.h>
-#include <TavikLauncherPlatform/Linux/Desktop/SleepMonitor.h>
+#include <TavikLauncherPlatform/Linux/Applications/DesktopEntries.h>
+#include <TavikLauncherPlatform/Linux/Applications/RunningApplicationList.h>
+#include <TavikLauncherPlatform/Linux/Session/SleepMonitor.h>
 #include <TavikLauncherPlatform/Linux/X11/X11WindowTracker.h>
 #include <TavikLauncherPlatform/Workspace.h>
 

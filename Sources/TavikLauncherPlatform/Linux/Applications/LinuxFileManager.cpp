@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Applications/ApplicationFolder.h>
+#include <TavikLauncherPlatform/Linux/Applications/DesktopEntryFile.h>
+#include <TavikLauncherPlatform/Linux/Applications/FolderWatcher.h>
+#include <TavikLauncherPlatform/Linux/Applications/LinuxFileManager.h>
+#include <TavikLauncherPlatform/Linux/Disk/BoundedFile.h>
+#include <TavikLauncherPlatform/Linux/Disk/LogFile.h>
+#include <TavikLauncherPlatform/Linux/Disk/ReplaceFile.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+#include <algorithm>
+#include <dirent.h>
+#include <filesystem>
+#include <utility>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace Tavik {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// One of those that a watcher tells of changes.
+class Listener final : public QObject, public FolderWatch
+{ };
+
+struct CloseDirectory
+{
+    void operator()(DIR* directory) const { ::closedir(directory); }
+};
+
+bool hasControlCharacter(const QString& text)
+{
+    return std::ranges::any_of(
+        text, [](QChar character) { return character.category() == QChar::Other_Control; });
+}
+
+/// The names in `folder` that a walk looks at, sorted; empty when it cannot be read. A name that
+/// is not valid text could not be opened again by its path, so it is left out.
+QStringList visibleNames(const QByteArray& folder)
+{
+    QStringList names;
+    const std::unique_ptr<DIR, CloseDirectory> directory(::opendir(folder.constData()));
+    while (const dirent* entry = directory ? ::readdir(directory.get()) : nullptr) {
+        const QByteArray raw(entry->d_name);
+        const QString name = QFile::decodeName(raw);
+        if (!raw.startsWith('.') && !hasControlCharacter(name) && QFile::encodeName(name) == raw) {
+            names.append(name);
+        }
+    }
+    std::ranges::sort(names);
+    return names;
+}
+
+void walk(const QString& folder, const std::function<void(const DirectoryItem&)>& visit)
+{
+    for (const QString& name : visibleNames(QFile::encodeName(folder))) {
+        DirectoryItem item{.path = folder + u'/' + name, .isSymbolicLink = false, .ownerId = {}};
+        struct stat status = {};
+        bool isFolder = false;
+        if (::lstat(QFile::encodeName(item.path).constData(), &status) == 0) {
+            item.isSymbolicLink = S_ISLNK(status.st_mode);
+            item.ownerId = status.st_uid;
+            isFolder = S_ISDIR(status.st_mode);
+        }
+        visit(item);
+        // Links are never descended into, so no cycle can form.
+        if (isFolder && !name.endsWith(".app"_L1)) {
+            walk(item.path, visit);
+        }
+    }
+}
+
+} // namespace
+
+LinuxFileManager::LinuxFileManager(MainQueue& mainQueue,
+                                   WorkQueue& workQueue,
+                                   QStringList applicationFolders)
+    : m_mainQueue(mainQueue)
+    , m_workQueue(workQueue)
+    , m_applicationFolders(std::move(applicationFolders))
+    , m_supportFolder(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation))
+{ }
+
+LinuxFileManager::~LinuxFileManager() = default;
+
+QStringList LinuxFileManager::sessionApplicationFolders()
+{
+    QStringList folders{
+        u"/Applications"_s, u"/System/Applications"_s, QDir::homePath() + "/Applications"_L1};
+    for (const QString& data :
+         QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation)) {
+        folders.append(data + "/applications"_L1);
+    }
+    folders.removeDuplicates();
+    return folders;
+}
+
+bool LinuxFileManager::fileExists(const QString& path) const
+{
+    return !path.isEmpty() && QFileInfo::exists(path);
+}
+
+bool LinuxFileManager::isApplicationBundle(const QString& path) const
+{
+    const QFileInfo info(path);
+    return (path.endsWith(".app"_L1) && info.isDir())
+        || (path.endsWith(".desktop"_L1) && info.isFile());
+}
+
+void LinuxFileManager::enumerate(const QString& folder,
+                                 const std::function<void(const DirectoryItem&)>& visit) const
+{
+    walk(folder, visit);
+}
+
+std::optional<Bundle> LinuxFileManager::bundle(const QString& path) const
+{
+    if (path.endsWith(".app"_L1)) {
+        return ApplicationFolder::read(path);
+    }
+    const QFileInfo info(path);
+    // A link to the null device or to nothing is a usual way of hiding an entry.
+    const bool isEntry
+        = path.endsWith(".desktop"_L1) && !info.isDir() && (info.exists() || info.isSymLink());
+    if (!isEntry) {
+        return std::nullopt;
+    }
+    return DesktopEntryFile::read(path, desktopFileIdentifier(path));
+}
+
+unsigned LinuxFileManager::userId() const
+{
+    return ::getuid();
+}
+
+std::optional<QByteArray> LinuxFileManager::readFile(const QString& path, qint64 maxBytes) const
+{
+    return BoundedFile::read(path, maxBytes);
+}
+
+std::optional<QString> LinuxFileManager::writeFileAtomically(const QString& path,
+                                                             const QByteArray& contents) const
+{
+    const QFileInfo existing(path);
+    if (existing.isSymLink()) {
+        return u"%1 is a symbolic link"_s.arg(path);
+    }
+    constexpr auto ownerOnly = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
+    return replaceFile(path, contents, existing.exists() ? existing.permissions() : ownerOnly);
+}
+
+std::optional<QString> LinuxFileManager::appendToFile(const QString& path,
+                                                      const QByteArray& contents) const
+{
+    return LogFile::append(path, contents);
+}
+
+FileManager::FolderResult LinuxFileManager::applicationSupportFolder() const
+{
+    std::error_code error;
+    std::filesystem::create_directories(m_supportFolder.toStdU16String(), error);
+    if (error) {
+        return {.path = {}, .error = QString::fromStdString(error.message())};
+    }
+    return {.path = m_supportFolder, .error = {}};
+}
+
+std::unique_ptr<FolderWatch> LinuxFileManager::watch(const QStringList& folders,
+                                                     std::function<void()> changed)
+{
+    std::unique_ptr<FolderWatcher>& watcher = m_watchers[folders];
+    if (!watcher) {
+        watcher = std::make_unique<FolderWatcher>(m_mainQueue, m_workQueue, folders);
+    }
+    auto listener = std::make_unique<Listener>();
+    QObject::connect(watcher.get(), &FolderWatcher::changed, listener.get(), std::move(changed));
+    return listener;
+}
+
+/// The path below the applications folder that holds the entry, with '-' for every '/'.
+QString LinuxFileManager::desktopFileIdentifier(const QString& path) const
+{
+    QString folder = QFileInfo(path).path();
+    for (const QString& candidate : m_applicationFolders) {
+        if (path.startsWith(candidate + u'/')) {
+            folder = candidate;
+            break;
+        }
+    }
+    constexpr qsizetype endingLength = ".desktop"_L1.size();
+    return path.mid(folder.size() + 1).chopped(endingLength).replace(u'/', u'-');
+}
+
+} // namespace Tavik

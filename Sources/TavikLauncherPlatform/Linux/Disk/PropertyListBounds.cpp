@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Disk/PropertyListBounds.h>
+
+#include <QtGlobal>
+
+#include <optional>
+#include <span>
+
+namespace Tavik::PropertyListBounds {
+
+namespace {
+
+constexpr int maxDepth = 64;
+constexpr int maxNodes = 65'536;
+/// Each container costs a level at most, and an XML list cannot refer to the same one twice.
+constexpr qsizetype maxXmlContainers = 8'192;
+constexpr qsizetype headerSize = 8; // "bplist00"
+constexpr qsizetype trailerSize = 32;
+
+/// Unfolds a binary property list without keeping anything, within a budget of nodes.
+class BinaryWalk
+{
+public:
+    explicit BinaryWalk(const QByteArray& bytes)
+        : m_bytes(reinterpret_cast<const quint8*>(bytes.constData()),
+                  static_cast<std::size_t>(bytes.size()))
+    { }
+
+    bool run()
+    {
+        if (m_bytes.size() < headerSize + trailerSize) {
+            return false;
+        }
+        const std::size_t trailer = m_bytes.size() - trailerSize;
+        m_offsetSize = m_bytes[trailer + 6];
+        m_referenceSize = m_bytes[trailer + 7];
+        m_objects = number(trailer + 8, 8).value_or(0);
+        m_table = number(trailer + 24, 8).value_or(m_bytes.size());
+        return visit(number(trailer + 16, 8).value_or(m_objects), 0);
+    }
+
+private:
+    /// The big-endian number of `size` bytes at `offset`; absent outside of the data.
+    [[nodiscard]] std::optional<quint64> number(quint64 offset, quint64 size) const
+    {
+        if (size < 1 || size > 8 || offset > m_bytes.size() || m_bytes.size() - offset < size) {
+            return std::nullopt;
+        }
+        quint64 value = 0;
+        for (const quint8 byte : m_bytes.subspan(offset, size)) {
+            value = value << 8 | byte;
+        }
+        return value;
+    }
+
+    bool visit(quint64 object, int depth)
+    {
+        if (++m_nodes > maxNodes || depth > maxDepth || object >= m_objects
+            || m_table > m_bytes.size()) {
+            return false;
+        }
+        const auto position = number(m_table + object * m_offsetSize, m_offsetSize);
+        const auto marker = position ? number(*position, 1) : std::nullopt;
+        if (!marker) {
+            return false;
+        }
+        constexpr quint64 arrayKind = 0xA;
+        constexpr quint64 setKind = 0xC;
+        constexpr quint64 dictionaryKind = 0xD;
+        const quint64 kind = *marker >> 4;
+        if (kind != arrayKind && kind != setKind && kind != dictionaryKind) {
+            return true;
+        }
+        return visitContainer(*position + 1, *marker & 0xF, kind == dictionaryKind ? 2 : 1, depth);
+    }
+
+    bool visitContainer(quint64 position, quint64 count, quint64 referencesEach, int depth)
+    {
+        constexpr quint64 countFollows = 0xF;
+        if (count == countFollows) {
+            const auto countMarker = number(position, 1);
+            const quint64 size = countMarker ? 1ULL << (*countMarker & 0x3) : 0;
+            const auto longCount = number(position + 1, size);
+            if (!longCount || *longCount > maxNodes) {
+                return false;
+            }
+            count = *longCount;
+            position += 1 + size;
+        }
+        for (quint64 index = 0; index < count * referencesEach; ++index) {
+            const auto reference = number(position + index * m_referenceSize, m_referenceSize);
+            if (!reference || !visit(*reference, depth + 1)) {
+                return false;
+            }
+        }
+        return true;
+    }
+
+    std::span<const quint8> m_bytes;
+    quint64 m_offsetSize = 0;
+    quint64 m_referenceSize = 0;
+    quint64 m_objects = 0;
+    quint64 m_table = 0;
+    int m_nodes = 0;
+};
+
+} // namespace
+
+bool areKept(const QByteArray& propertyList)
+{
+    if (propertyList.startsWith("bplist")) {
+        return BinaryWalk(propertyList).run();
+    }
+    return propertyList.count("<array") + propertyList.count("<dict") <= maxXmlContainers;
+}
+
+} // namespace Tavik::PropertyListBounds

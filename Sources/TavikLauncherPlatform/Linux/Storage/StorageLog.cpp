@@ -1,8 +1,0 @@
-// SPDX-License-Identifier: MIT
-#include <TavikLauncherPlatform/Linux/Storage/StorageLog.h>
-
-namespace Tavik {
-
-Q_LOGGING_CATEGORY(storageLog, "tavik.storage")
-
-}

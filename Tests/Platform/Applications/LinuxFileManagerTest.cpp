@@ -1,0 +1,236 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Applications/LinuxFileManager.h>
+
+#include <QTest>
+
+#include <Support/FileTree.h>
+#include <Support/StepWorkQueue.h>
+#include <Support/VirtualMainQueue.h>
+#include <filesystem>
+
+#include <unistd.h>
+
+using namespace Tavik;
+using namespace Tavik::Test;
+using namespace Qt::StringLiterals;
+
+class LinuxFileManagerTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aWalkVisitsEverythingButHiddenItemsAndPackages()
+    {
+        const FileTree tree;
+        tree.write(u"b.desktop"_s);
+        tree.write(u"Utilities/Deep/c.desktop"_s);
+        tree.write(u"Foo.app/Contents/Inner.app/x"_s);
+        tree.write(u".hidden/d.desktop"_s);
+        tree.write(u".e.desktop"_s);
+        const QStringList expected{u"Foo.app"_s,
+                                   u"Utilities"_s,
+                                   u"Utilities/Deep"_s,
+                                   u"Utilities/Deep/c.desktop"_s,
+                                   u"b.desktop"_s};
+        QCOMPARE(walk(tree.path()), expected);
+        QCOMPARE(walk(tree.path(u"missing"_s)), {});
+        QCOMPARE(walk(tree.path(u"b.desktop"_s)), {});
+    }
+
+    void aWalkDescribesLinksAndFollowsNoneButItsOwnFolder()
+    {
+        const FileTree tree;
+        tree.write(u"real/a.desktop"_s);
+        tree.link(tree.path(u"real"_s), u"real/loop"_s);
+        tree.link(u"/nowhere"_s, u"real/broken.desktop"_s);
+        tree.link(tree.path(u"real"_s), u"start"_s);
+        const QStringList expected{u"a.desktop"_s, u"broken.desktop"_s, u"loop"_s};
+        QCOMPARE(walk(tree.path(u"real"_s)), expected);
+        QCOMPARE(walk(tree.path(u"start"_s)), expected);
+        QCOMPARE(m_files.userId(), ::getuid());
+        m_files.enumerate(tree.path(u"real"_s), [](const DirectoryItem& item) {
+            QCOMPARE(item.isSymbolicLink, !item.path.endsWith(u"a.desktop"_s));
+            QVERIFY(!item.isSymbolicLink || item.ownerId == ::getuid());
+        });
+    }
+
+    void namesThatAreNoTextAreLeftOut()
+    {
+        const FileTree tree;
+        for (const QByteArray& name : {QByteArray("bad\xFF.app"),
+                                       QByteArray("two\nlines.app"),
+                                       QByteArray("fine \xC3\xBC.app")}) {
+            const QByteArray path = QFile::encodeName(tree.path()) + '/' + name;
+            QCOMPARE(::symlink("/nowhere", path.constData()), 0);
+        }
+        QCOMPARE(walk(tree.path()), {u"fine \u00fc.app"_s});
+    }
+
+    void bundlesAreRecognised()
+    {
+        const FileTree tree;
+        QVERIFY(m_files.isApplicationBundle(tree.makeFolder(u"Folder.app"_s)));
+        QVERIFY(m_files.isApplicationBundle(tree.write(u"entry.desktop"_s)));
+        for (const QString& path : {tree.write(u"File.app"_s),
+                                    tree.makeFolder(u"folder.desktop"_s),
+                                    tree.path(u"missing.app"_s),
+                                    tree.write(u"text.txt"_s),
+                                    QString()}) {
+            QVERIFY2(!m_files.isApplicationBundle(path) && !m_files.bundle(path), qPrintable(path));
+        }
+        QVERIFY(!m_files.fileExists({}));
+    }
+
+    void identifiersAreRelativeToTheApplicationsFolder()
+    {
+        const FileTree tree;
+        const LinuxFileManager files(m_queue, m_work, {tree.path(u"applications"_s)});
+        const QByteArray entry = "[Desktop Entry]\nType=Application\nName=X\nExec=sh\n";
+        const auto identifier = [&](const QString& inner) {
+            return files.bundle(tree.write(inner, entry))->identifier.value_or(QString());
+        };
+        QCOMPARE(identifier(u"applications/org.example.x.desktop"_s), u"org.example.x"_s);
+        QCOMPARE(identifier(u"applications/kde/sub/x.desktop"_s), u"kde-sub-x"_s);
+        QCOMPARE(identifier(u"elsewhere/deep/x.desktop"_s), u"x"_s);
+    }
+
+    void hidingLinksStillHaveAnIdentifier()
+    {
+        const FileTree tree;
+        for (const QString& target : {u"/dev/null"_s, u"/nowhere"_s}) {
+            const auto bundle = m_files.bundle(
+                tree.link(target, target.mid(1).replace(u'/', u'-') + u".desktop"_s));
+            QVERIFY(bundle && bundle->isHidden && bundle->identifier);
+        }
+    }
+
+    void theSessionsFoldersComeInOrder()
+    {
+        qputenv("HOME", "/home/test");
+        qputenv("XDG_DATA_HOME", "/home/test/.data");
+        qputenv("XDG_DATA_DIRS", "/exports/share:relative:/usr/share/:/usr/share");
+        const QStringList expected{u"/Applications"_s,
+                                   u"/System/Applications"_s,
+                                   u"/home/test/Applications"_s,
+                                   u"/home/test/.data/applications"_s,
+                                   u"/exports/share/applications"_s,
+                                   u"/usr/share/applications"_s};
+        QCOMPARE(LinuxFileManager::sessionApplicationFolders(), expected);
+    }
+
+    void theSupportFolderIsMade()
+    {
+        const FileTree tree;
+        qputenv("XDG_DATA_HOME", QFile::encodeName(tree.path(u"some/data"_s)));
+        const auto made = LinuxFileManager(m_queue, m_work).applicationSupportFolder();
+        QCOMPARE(made.path, tree.path(u"some/data"_s));
+        QVERIFY(QFileInfo(made.path).isDir());
+
+        qputenv("XDG_DATA_HOME", QFile::encodeName(tree.write(u"file"_s) + u"/data"_s));
+        const auto failed = LinuxFileManager(m_queue, m_work).applicationSupportFolder();
+        QVERIFY(failed.path.isEmpty());
+        QCOMPARE(failed.error, u"Not a directory"_s);
+    }
+
+    void everyoneWhoWatchesAFolderIsTold()
+    {
+        const FileTree tree;
+        int first = 0;
+        int second = 0;
+        auto early = m_files.watch({tree.path()}, [&first] { ++first; });
+        const auto late = m_files.watch({tree.path()}, [&second] { ++second; });
+        const auto change = [this, &tree](const QString& file) {
+            tree.write(file);
+            QVERIFY(QTest::qWaitFor([this] { return m_queue.pendingTasks() > 0; }, 3000));
+            m_queue.advance(1.1);
+            m_work.runAll();
+        };
+        change(u"a.desktop"_s);
+        early.reset();
+        change(u"b.desktop"_s);
+        QCOMPARE(first, 1);
+        QCOMPARE(second, 2);
+    }
+
+    void filesAreReplacedAsAWholeAndReadUpToABound()
+    {
+        const FileTree tree;
+        const QString file = tree.path(u"settings.json"_s);
+        QCOMPARE(m_files.writeFileAtomically(file, "first"), std::nullopt);
+        QCOMPARE(QFile(file).permissions() & (QFile::ReadGroup | QFile::ReadOther),
+                 QFileDevice::Permissions());
+        QVERIFY(
+            QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup));
+        QCOMPARE(m_files.writeFileAtomically(file, "second"), std::nullopt);
+        QCOMPARE(QFile(file).permissions() & QFile::ReadGroup,
+                 QFileDevice::Permissions(QFile::ReadGroup));
+        QCOMPARE(QDir(tree.path()).entryList(QDir::Files), QStringList{u"settings.json"_s});
+        QCOMPARE(m_files.readFile(file, 6), QByteArray("second"));
+        QCOMPARE(m_files.readFile(file, 5), std::nullopt);
+        QCOMPARE(m_files.readFile(tree.path(), 100), std::nullopt);
+        QCOMPARE(m_files.readFile(tree.path(u"none"_s), 100), std::nullopt);
+    }
+
+    void onlyOrdinaryFilesAreReplaced()
+    {
+        const FileTree tree;
+        const QString old = tree.write(u"old"_s, "old");
+        for (const QString& path : {tree.link(old, u"link"_s),
+                                    tree.link(tree.path(u"gone"_s), u"dangling"_s),
+                                    tree.makeFolder(u"folder"_s),
+                                    tree.path(u"old/new"_s),
+                                    u"/dev/full"_s}) {
+            const auto error = m_files.writeFileAtomically(path, "new");
+            QVERIFY2(error && !error->isEmpty(), qPrintable(path));
+        }
+        QCOMPARE(m_files.readFile(old, 100), QByteArray("old"));
+        QVERIFY(!QFile::exists(tree.path(u"gone"_s)));
+        const QStringList expected{u"folder"_s, u"link"_s, u"old"_s};
+        QCOMPARE(QDir(tree.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), expected);
+    }
+
+    void onlyAFileOfOnesOwnIsAppendedTo()
+    {
+        const FileTree tree;
+        const QString log = tree.path(u"log"_s);
+        QCOMPARE(m_files.appendToFile(log, "one\n"), std::nullopt);
+        QCOMPARE(m_files.appendToFile(log, "two\n"), std::nullopt);
+        QCOMPARE(m_files.readFile(log, 100), QByteArray("one\ntwo\n"));
+        QCOMPARE(QFile(log).permissions() & (QFile::ReadGroup | QFile::ReadOther),
+                 QFileDevice::Permissions());
+
+        // What a link leads to, by either kind of link, is left alone.
+        const QString precious = tree.write(u"precious"_s, "old");
+        const QString hard = tree.path(u"hard"_s);
+        std::filesystem::create_hard_link(precious.toStdString(), hard.toStdString());
+        for (const QString& path : {tree.link(precious, u"link"_s), hard}) {
+            QCOMPARE(m_files.appendToFile(path, "new"), std::nullopt);
+            QVERIFY2(!QFileInfo(path).isSymLink(), qPrintable(path));
+            QCOMPARE(m_files.readFile(path, 100), QByteArray("new"));
+        }
+        QCOMPARE(m_files.readFile(precious, 100), QByteArray("old"));
+        for (const QString& path : {tree.makeFolder(u"folder"_s), tree.path(u"none/log"_s)}) {
+            const auto error = m_files.appendToFile(path, "new");
+            QVERIFY2(error && !error->isEmpty(), qPrintable(path));
+        }
+        const QStringList expected{u"folder"_s, u"hard"_s, u"link"_s, u"log"_s, u"precious"_s};
+        QCOMPARE(QDir(tree.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), expected);
+    }
+
+private:
+    [[nodiscard]] QStringList walk(const QString& folder) const
+    {
+        QStringList found;
+        m_files.enumerate(folder, [&](const DirectoryItem& item) {
+            found.append(item.path.mid(folder.size() + 1));
+        });
+        return found;
+    }
+
+    VirtualMainQueue m_queue;
+    StepWorkQueue m_work;
+    LinuxFileManager m_files{m_queue, m_work, {}};
+};
+
+QTEST_GUILESS_MAIN(LinuxFileManagerTest)
+#include "LinuxFileManagerTest.moc"

@@ -1,0 +1,266 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Disk/PropertyListDefaults.h>
+
+#include <QRegularExpression>
+#include <QTest>
+
+#include <Support/FileTree.h>
+#include <Support/StepWorkQueue.h>
+#include <Support/Table.h>
+#include <Support/VirtualMainQueue.h>
+#include <csignal>
+#include <memory>
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+using namespace Tavik;
+using namespace Tavik::Test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QByteArray contentsOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// While it lives this process cannot write a file longer than `bytes`, as on a full disk.
+class FullDisk
+{
+public:
+    explicit FullDisk(rlim_t bytes)
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit now{bytes, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &now);
+    }
+    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &m_before); }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    rlimit m_before{};
+};
+
+} // namespace
+
+class PropertyListDefaultsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        QTest::failOnWarning(QRegularExpression(u".*"_s));
+        m_tree = std::make_unique<Test::FileTree>();
+        m_path = m_tree->path(u"Defaults.plist"_s);
+    }
+
+    void assignmentsAreOnDiskOnceTheTurnEnds()
+    {
+        m_path = m_tree->path(u"deep/er/Defaults.plist"_s);
+        const auto defaults = open();
+        QVERIFY(!defaults->object(u"a"_s).isValid());
+        endTurn();
+        QVERIFY(!QFile::exists(m_tree->path(u"deep"_s))); // Reading writes nothing.
+        defaults->setObject(u"a"_s, 0.5);
+        defaults->setObject(u"b"_s, 7LL);
+        QCOMPARE(defaults->doubleValue(u"a"_s), 0.5);
+        QVERIFY(!QFile::exists(m_path));
+        endTurn();
+        QCOMPARE(open()->doubleValue(u"a"_s), 0.5);
+        QCOMPARE(open()->integerValue(u"b"_s), 7);
+        QCOMPARE(filesIn(m_tree->path(u"deep/er"_s)), QStringList{u"Defaults.plist"_s});
+
+        defaults->setObject(u"a"_s, {});
+        endTurn();
+        QVERIFY(!open()->object(u"a"_s).isValid());
+    }
+
+    void assignmentsAreOnDiskAtTheLatestAtTheEnd()
+    {
+        auto defaults = open();
+        defaults->setObject(u"a"_s, u"b"_s);
+        defaults.reset();
+        QCOMPARE(open()->stringValue(u"a"_s), u"b"_s);
+        // What was posted finds its owner gone.
+        QVERIFY(QFile::remove(m_path));
+        endTurn();
+        QVERIFY(!QFile::exists(m_path));
+    }
+
+    void changesDuringAWriteAreWrittenAfterIt()
+    {
+        auto defaults = open();
+        defaults->setObject(u"a"_s, 1LL);
+        m_queue.drain();
+        const auto firstDone = m_work.startAt(0);
+        defaults->setObject(u"a"_s, 2LL);
+        m_queue.drain();
+        QCOMPARE(m_work.waiting(), 0U);
+        firstDone();
+        QCOMPARE(m_work.waiting(), 1U);
+
+        // The end of the program does not wait for a write that never came about.
+        defaults->setObject(u"a"_s, 3LL);
+        defaults.reset();
+        m_work.finish();
+        QCOMPARE(open()->integerValue(u"a"_s), 3);
+    }
+
+    void fileIsForTheUserAlone()
+    {
+        m_tree->write(u"Defaults.plist"_s, "<plist><dict/></plist>");
+        QVERIFY(QFile::setPermissions(m_path, QFile::Permissions::fromInt(0x6644)));
+        open()->setObject(u"a"_s, true);
+        QCOMPARE(QFile::permissions(m_path).toInt() & 0x7077, 0x6000);
+    }
+
+    void damagedFilesAreSetAside()
+    {
+        const QByteArrayList damaged{
+            {}, QByteArray(PropertyList::mostBytes + 100, '<'), "<plist><dict><key>a</key><true/>"};
+        for (const QByteArray& contents : damaged) {
+            m_tree->write(u"Defaults.plist"_s, contents);
+            QTest::ignoreMessage(
+                QtWarningMsg,
+                QRegularExpression(
+                    u"^TavikLauncher: settings could not be read .*Defaults\\.plist is now .*"_s));
+            const auto defaults = open();
+            QVERIFY(!defaults->object(u"a"_s).isValid());
+            defaults->setObject(u"b"_s, true);
+        }
+        QCOMPARE(open()->boolValue(u"b"_s), true);
+        QByteArrayList kept;
+        for (const QString& file : filesIn(m_tree->path())) {
+            const QRegularExpression name(u"^Defaults\\.plist\\.damaged-\\d{8}T\\d{6}Z(-\\d)?$"_s);
+            if (name.match(file).hasMatch()) {
+                kept.append(contentsOf(m_tree->path(file)));
+            }
+        }
+        std::ranges::sort(kept);
+        QVERIFY(kept == QByteArrayList({damaged.at(0), damaged.at(1), damaged.at(2)}));
+        QCOMPARE(filesIn(m_tree->path()).size(), damaged.size() + 1);
+    }
+
+    void linksAreKept_data()
+    {
+        const Table<QByteArray, int> row; // What they lead to, and how many files that gives.
+        row("to a file", "<plist><dict><key>old</key><true/></dict></plist>", 1);
+        row("to where a file will be", {}, 1);
+        row("to a damaged file", "junk", 2);
+    }
+
+    void linksAreKept()
+    {
+        const auto [contents, files] = fetch<QByteArray, int>();
+        const QString target = m_tree->path(u"dotfiles/settings.plist"_s);
+        m_tree->link(m_tree->link(u"dotfiles/settings.plist"_s, u"between"_s), u"Defaults.plist"_s);
+        m_tree->makeFolder(u"dotfiles"_s);
+        if (!contents.isEmpty()) {
+            m_tree->write(u"dotfiles/settings.plist"_s, contents);
+        }
+        if (files == 2) {
+            QTest::ignoreMessage(QtWarningMsg,
+                                 QRegularExpression(u"settings\\.plist\\.damaged-"_s));
+        }
+        const auto defaults = open();
+        QCOMPARE(defaults->boolValue(u"old"_s).has_value(), contents.contains("old"));
+        defaults->setObject(u"a"_s, 1LL);
+        endTurn();
+        for (const QString& path : {m_path, m_tree->path(u"between"_s), target}) {
+            QCOMPARE(QFileInfo(path).isSymLink(), path != target);
+        }
+        QCOMPARE(filesIn(m_tree->path(u"dotfiles"_s)).size(), files);
+        QCOMPARE(PropertyListDefaults(target, m_queue, m_work).integerValue(u"a"_s), 1);
+    }
+
+    void failedWriteKeepsTheOldFileAndIsTriedAgain()
+    {
+        const auto defaults = open();
+        defaults->setObject(u"a"_s, u"old"_s);
+        endTurn();
+        const QByteArray before = contentsOf(m_path);
+        {
+            const FullDisk full(static_cast<rlim_t>(before.size()));
+            QTest::ignoreMessage(
+                QtWarningMsg, QRegularExpression(u"^TavikLauncher: failed to save settings: "_s));
+            // One line in the log, however often it fails.
+            for (int attempt = 0; attempt < 3; ++attempt) {
+                defaults->setObject(u"a"_s, QString(5000, u'x'));
+                endTurn();
+            }
+        }
+        QCOMPARE(contentsOf(m_path), before);
+        QCOMPARE(filesIn(m_tree->path()), QStringList{u"Defaults.plist"_s});
+        QCOMPARE(defaults->stringValue(u"a"_s)->size(), 5000);
+
+        defaults->setObject(u"b"_s, 1LL);
+        endTurn();
+        QCOMPARE(open()->stringValue(u"a"_s)->size(), 5000);
+        QCOMPARE(open()->integerValue(u"b"_s), 1);
+    }
+
+    void thousandsOfPathsAreKept()
+    {
+        const QStringList paths(10'000, u"/home/me & you/applications/org.example.x.desktop"_s);
+        open()->setObject(u"pinned"_s, paths);
+        QCOMPARE(open()->stringArrayValue(u"pinned"_s), paths);
+    }
+
+    void whatCouldNotBeReadAgainIsNotWritten()
+    {
+        open()->setObject(u"a"_s, u"old"_s);
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression(u"failed to save settings: .*too many"_s));
+        open()->setObject(u"b"_s, QString(PropertyList::mostBytes, u'x'));
+        QCOMPARE(open()->stringValue(u"a"_s), u"old"_s);
+    }
+
+    void whatIsNoFileIsNeitherReadNorReplaced()
+    {
+        const QString pipe = m_tree->path(u"pipe"_s);
+        QCOMPARE(mkfifo(qPrintable(pipe), 0600), 0);
+        for (const QString& path :
+             {m_tree->makeFolder(u"folder"_s), pipe, m_tree->link(pipe, u"link"_s)}) {
+            m_path = path;
+            const QStringList before = filesIn(m_tree->path());
+            QTest::ignoreMessage(QtWarningMsg,
+                                 QRegularExpression(u"is not a regular file, settings start"_s));
+            QTest::ignoreMessage(QtWarningMsg,
+                                 QRegularExpression(u"failed to save settings: .*not a regular"_s));
+            open()->setObject(u"a"_s, 1LL);
+            QCOMPARE(filesIn(m_tree->path()), before);
+            QVERIFY(!QFileInfo(m_path).isFile());
+        }
+    }
+
+private:
+    [[nodiscard]] std::unique_ptr<PropertyListDefaults> open()
+    {
+        return std::make_unique<PropertyListDefaults>(m_path, m_queue, m_work);
+    }
+    /// Ends the main loop's turn and lets the write that it started finish.
+    void endTurn()
+    {
+        m_queue.drain();
+        m_work.runAll();
+    }
+    [[nodiscard]] QStringList filesIn(const QString& folder) const
+    {
+        return QDir(folder).entryList(QDir::AllEntries | QDir::System | QDir::Hidden
+                                      | QDir::NoDotAndDotDot);
+    }
+
+    std::unique_ptr<Test::FileTree> m_tree;
+    QString m_path;
+    Test::VirtualMainQueue m_queue;
+    Test::StepWorkQueue m_work;
+};
+
+QTEST_APPLESS_MAIN(PropertyListDefaultsTest)
+
+#include "PropertyListDefaultsTest.moc"

@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Session/AutostartLoginItem.h>
+
+#include <QRegularExpression>
+#include <QTest>
+
+#include <Support/FileTree.h>
+#include <Support/Table.h>
+#include <glib.h>
+#include <memory>
+
+using namespace Tavik;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What a desktop would start, read with GLib as desktops do; empty when it could not.
+QString programIn(const QString& entryPath)
+{
+    const std::unique_ptr<GKeyFile, decltype(&g_key_file_unref)> entry(g_key_file_new(),
+                                                                       g_key_file_unref);
+    if (!g_key_file_load_from_file(entry.get(), qPrintable(entryPath), G_KEY_FILE_NONE, nullptr)) {
+        return {};
+    }
+    const std::unique_ptr<char, decltype(&g_free)> line(
+        g_key_file_get_string(entry.get(), "Desktop Entry", "Exec", nullptr), g_free);
+    gint count = 0;
+    gchar** arguments = nullptr;
+    g_shell_parse_argv(line.get(), &count, &arguments, nullptr);
+    const std::unique_ptr<gchar*, decltype(&g_strfreev)> owned(arguments, g_strfreev);
+    const bool isStartAtLogin = count == 2 && qstrcmp(arguments[1], "--background") == 0;
+    return isStartAtLogin ? QString::fromUtf8(arguments[0]).replace(u"%%"_s, u"%"_s) : QString();
+}
+
+} // namespace
+
+class AutostartLoginItemTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        QTest::failOnWarning(QRegularExpression(u".*"_s));
+        m_tree = std::make_unique<Test::FileTree>();
+        makeProgram(u"100% $HOME `id` \"q\" 'a' \\n é"_s);
+    }
+
+    void statusIsReadFromTheEntry_data()
+    {
+        using enum LoginItem::Status;
+        const Test::Table<QByteArray, LoginItem::Status> row;
+        const QByteArray head = "[Desktop Entry]\nType=Application\nName=T\nExec=t\n";
+        row("present", head, enabled);
+        row("hidden", head + "Hidden=true\n", notRegistered);
+        row("switched off", head + "X-GNOME-Autostart-enabled=false\n", requiresApproval);
+        row("empty", {}, notRegistered);
+        row("junk", QByteArray("\0\xff[[[\n=\n", 9), notRegistered);
+    }
+
+    void statusIsReadFromTheEntry()
+    {
+        const auto [entry, status] = Test::fetch<QByteArray, LoginItem::Status>();
+        QCOMPARE(item().status(), LoginItem::Status::notRegistered);
+        m_tree->write(m_entry, entry);
+        QCOMPARE(item().status(), status);
+        // Whatever was there, registering makes it so.
+        QVERIFY(item().registerItem());
+        QCOMPARE(item().status(), LoginItem::Status::enabled);
+        QCOMPARE(programIn(m_tree->path(m_entry)), m_program);
+    }
+
+    void entryKeepsWhatTheUserAdded()
+    {
+        m_tree->write(
+            m_entry,
+            "# mine\n[Desktop Entry]\nType=Application\nName=My Wheel\nName[de]=Mein Rad\n"
+            "Exec=old\nHidden=true\nX-KDE-autostart-after=panel\n");
+        QVERIFY(item().registerItem());
+        QFile file(m_tree->path(m_entry));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray entry = file.readAll();
+        for (const char* kept :
+             {"# mine", "Name=My Wheel", "Name[de]=Mein Rad", "X-KDE-autostart-after=panel"}) {
+            QVERIFY2(entry.contains(kept), kept);
+        }
+        QVERIFY(!entry.contains("Hidden"));
+    }
+
+    void missingProgramIsNotFound()
+    {
+        QVERIFY(item().registerItem());
+        QVERIFY(QFile::setPermissions(m_program, QFile::ReadOwner));
+        QCOMPARE(item().status(), LoginItem::Status::notFound);
+        QVERIFY(QFile::remove(m_program));
+        QCOMPARE(item().status(), LoginItem::Status::notFound);
+        QVERIFY(!item().registerItem());
+        QVERIFY(item().unregisterItem());
+        QVERIFY(!QFile::exists(m_tree->path(m_entry)));
+    }
+
+    void failuresAreToldAndLogged()
+    {
+        m_tree->makeFolder(m_entry + u"/not empty"_s);
+        QCOMPARE(item().status(), LoginItem::Status::notRegistered);
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression(u"failed to set launch at login: "_s));
+        QVERIFY(!item().registerItem());
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression(u"failed to end launch at login: "_s));
+        QVERIFY(!item().unregisterItem());
+    }
+
+private:
+    [[nodiscard]] AutostartLoginItem item() const
+    {
+        return AutostartLoginItem({.entry = m_tree->path(m_entry), .program = m_program});
+    }
+    void makeProgram(const QString& name)
+    {
+        m_program = m_tree->write(name, "#!/bin/sh\n");
+        QVERIFY(QFile::setPermissions(m_program, QFile::ReadOwner | QFile::ExeOwner));
+    }
+
+    std::unique_ptr<Test::FileTree> m_tree;
+    const QString m_entry = u"autostart/org.tavik.Launcher.desktop"_s;
+    QString m_program;
+};
+
+QTEST_APPLESS_MAIN(AutostartLoginItemTest)
+
+#include "AutostartLoginItemTest.moc"

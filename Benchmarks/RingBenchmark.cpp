@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "../Tests/Ring/RingFixture.h"
-#include <TavikLauncher/Views/IconSpriteDecoder.h>
-#include <TavikLauncher/Views/RingImageCache.h>
-#include <TavikLauncher/Views/RingPainter.h>
+#include <TavikLauncher/Views/Ring/IconSpriteDecoder.h>
+#include <TavikLauncher/Views/Ring/RingImageCache.h>
+#include <TavikLauncher/Views/Ring/RingPainter.h>
 
 #include <QGuiApplication>
 #include <QPainter>

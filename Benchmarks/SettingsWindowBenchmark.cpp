@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/Slider.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsSection.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsSlider.h>
 
 #include <QElapsedTimer>
 #include <QImage>
@@ -44,7 +44,7 @@ void dragSlider(benchmark::State& state)
 {
     SettingsWindowFixture fixture;
     fixture.open(SettingsSection::appearance);
-    auto& slider = fixture.control<SettingsSlider>(u"ringDiameter"_s);
+    auto& slider = fixture.control<Slider>(u"ringDiameter"_s);
     QWidget* row = slider.parentWidget()->parentWidget();
     QImage image = frame(*row);
     int value = slider.minimum();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <TavikLauncher/Views/SafeReleaseNotes.h>
+#include <TavikLauncher/Views/Updates/SafeReleaseNotes.h>
 #include <TavikLauncherPlatform/Linux/Updates/AppcastReader.h>
 #include <TavikLauncherPlatform/Linux/Updates/AppcastSelection.h>
 #include <TavikLauncherPlatform/Linux/Updates/AppcastVersion.h>

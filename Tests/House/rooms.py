@@ -11,7 +11,8 @@ CATALOG = "TavikLauncher/Catalog"
 SETTINGS = "TavikLauncher/Settings"
 RING = "TavikLauncher/Ring"
 TRIGGER = "TavikLauncher/Trigger"
-VIEWS = "TavikLauncher/Views"
+LOOK = "TavikLauncher/Look"
+VIEWS = [f"TavikLauncher/Views/{view}" for view in ("Ring", "Windows", "SettingsWindow", "Updates", "Tray")]
 SHELL = "TavikLauncher/Shell"
 BASE = {CORE, PLATFORM}
 LINUX = f"{PLATFORM}/Linux"
@@ -32,8 +33,10 @@ ROOMS = {  # room: (rooms it may include, may use widgets, may use native header
     SETTINGS: (BASE, False, False),
     RING: (BASE | {CATALOG, SETTINGS}, False, False),
     TRIGGER: ({PLATFORM, SETTINGS}, False, False),
-    VIEWS: (BASE | {CATALOG, SETTINGS, RING}, True, False),
-    SHELL: (BASE | {f"{PLATFORM}/Null", LINUX, SESSION, APPLICATIONS, CATALOG, SETTINGS, RING, TRIGGER, VIEWS}, True, False),
+    LOOK: (BASE, True, False),
+    **{view: (BASE | {LOOK, CATALOG, SETTINGS, RING}, True, False) for view in VIEWS},
+    SHELL: (BASE | {f"{PLATFORM}/Null", LINUX, SESSION, APPLICATIONS, CATALOG, SETTINGS, RING, TRIGGER, LOOK, *VIEWS},
+            True, False),
 }
 NATIVE = re.compile(
     r"^(xcb/|X11/|xkbcommon/|wayland|gio/|glib|plist/|AppKit/|Carbon/|CoreGraphics/|unistd\.h|fcntl\.h|signal\.h|sys/)")

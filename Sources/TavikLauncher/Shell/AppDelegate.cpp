@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/TavikIconFactory.h>
 #include <TavikLauncher/Shell/AppDelegate.h>
 #include <TavikLauncher/Shell/OpenPage.h>
-#include <TavikLauncher/Views/LauncherPanel.h>
-#include <TavikLauncher/Views/RadialLauncherView.h>
-#include <TavikLauncher/Views/TavikIconFactory.h>
+#include <TavikLauncher/Views/Ring/LauncherPanel.h>
+#include <TavikLauncher/Views/Ring/RadialLauncherView.h>
 #include <TavikLauncherPlatform/Platform.h>
 
 #include <QApplication>

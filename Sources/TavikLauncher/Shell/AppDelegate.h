@@ -4,6 +4,7 @@
 #include <TavikLauncher/Catalog/AppCatalog.h>
 #include <TavikLauncher/Catalog/AppLauncher.h>
 #include <TavikLauncher/Catalog/RecentAppsStore.h>
+#include <TavikLauncher/Look/DesktopPalette.h>
 #include <TavikLauncher/Ring/LauncherCommands.h>
 #include <TavikLauncher/Ring/LauncherPresentationState.h>
 #include <TavikLauncher/Settings/LauncherSettings.h>
@@ -13,8 +14,7 @@
 #include <TavikLauncher/Shell/SoftwareUpdates.h>
 #include <TavikLauncher/Shell/UpdaterApplication.h>
 #include <TavikLauncher/Trigger/TriggerGestures.h>
-#include <TavikLauncher/Views/DesktopPalette.h>
-#include <TavikLauncher/Views/StatusItem.h>
+#include <TavikLauncher/Views/Tray/StatusItem.h>
 #include <TavikLauncherPlatform/NotificationCenter.h>
 
 #include <memory>

@@ -2,12 +2,12 @@
 #include <TavikLauncher/Ring/PanelPlacement.h>
 #include <TavikLauncher/Settings/LauncherSettings.h>
 #include <TavikLauncher/Shell/AuxiliaryWindows.h>
-#include <TavikLauncher/Views/AccessibilityPermissionView.h>
-#include <TavikLauncher/Views/ConfettiWindow.h>
-#include <TavikLauncher/Views/OnboardingView.h>
-#include <TavikLauncher/Views/ReindexView.h>
 #include <TavikLauncher/Views/SettingsWindow/LauncherSettingsView.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsFileDialogs.h>
+#include <TavikLauncher/Views/Windows/AccessibilityPermissionView.h>
+#include <TavikLauncher/Views/Windows/ConfettiWindow.h>
+#include <TavikLauncher/Views/Windows/OnboardingView.h>
+#include <TavikLauncher/Views/Windows/ReindexView.h>
 #include <TavikLauncherPlatform/Platform.h>
 #include <TavikLauncherPlatform/ScreenPlane.h>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncher/Look/AuxiliaryWindow.h>
 #include <TavikLauncher/Shell/SettingsWindowPlace.h>
-#include <TavikLauncher/Views/AuxiliaryWindow.h>
 
 #include <QObject>
 #include <QRectF>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/AuxiliaryWindow.h>
 #include <TavikLauncher/Ring/PanelPlacement.h>
 #include <TavikLauncher/Settings/LauncherSettings.h>
 #include <TavikLauncher/Shell/SettingsWindowPlace.h>
-#include <TavikLauncher/Views/AuxiliaryWindow.h>
 #include <TavikLauncher/Views/SettingsWindow/LauncherSettingsView.h>
 #include <TavikLauncherPlatform/ScreenPlane.h>
 

@@ -4,7 +4,7 @@
 #include <TavikLauncher/Shell/CommandLine.h>
 #include <TavikLauncher/Shell/RuntimeFolder.h>
 #include <TavikLauncher/Shell/TavikLauncherApp.h>
-#include <TavikLauncher/Views/RingAccessibility.h>
+#include <TavikLauncher/Views/Ring/RingAccessibility.h>
 #include <TavikLauncherPlatform/Linux/Applications/ApplicationLaunch.h>
 #include <TavikLauncherPlatform/NotificationCenter.h>
 #include <TavikLauncherPlatform/Platform.h>

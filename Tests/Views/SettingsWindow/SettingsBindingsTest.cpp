@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "SettingsWindowFixture.h"
+#include <TavikLauncher/Look/SegmentedChoice.h>
+#include <TavikLauncher/Look/Slider.h>
+#include <TavikLauncher/Look/Switch.h>
 #include <TavikLauncher/Settings/ThemePreset.h>
 #include <TavikLauncher/Views/SettingsWindow/ColorField.h>
-#include <TavikLauncher/Views/SettingsWindow/SegmentedChoice.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsSection.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsSlider.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsSwitch.h>
 
 #include <QAbstractButton>
 #include <QLabel>
@@ -35,8 +35,7 @@ void changeByKeyboard(QWidget& control)
         QTest::keyClicks(&color->hexEntry(), u"#12ab34"_s);
     } else {
         control.setFocus(Qt::TabFocusReason);
-        QTest::keyClick(&control,
-                        qobject_cast<SettingsSlider*>(&control) ? Qt::Key_Right : Qt::Key_Space);
+        QTest::keyClick(&control, qobject_cast<Slider*>(&control) ? Qt::Key_Right : Qt::Key_Space);
     }
 }
 
@@ -49,10 +48,10 @@ QVariant shown(const QWidget& control)
     if (const auto* color = qobject_cast<const ColorField*>(&control)) {
         return color->hexEntry().text();
     }
-    if (const auto* slider = qobject_cast<const SettingsSlider*>(&control)) {
+    if (const auto* slider = qobject_cast<const Slider*>(&control)) {
         return slider->value();
     }
-    const auto* toggle = qobject_cast<const SettingsSwitch*>(&control);
+    const auto* toggle = qobject_cast<const Switch*>(&control);
     return toggle && toggle->isChecked();
 }
 
@@ -166,7 +165,7 @@ void SettingsBindingsTest::slidersAssignExactlyTheNumberTheyShow()
 {
     SettingsWindowFixture fixture;
     fixture.open(Section::theme);
-    auto& slider = fixture.control<SettingsSlider>(u"ringOpacity"_s);
+    auto& slider = fixture.control<Slider>(u"ringOpacity"_s);
     for (int percent = 20; percent <= 100; ++percent) {
         slider.setValue(percent);
         QCOMPARE(QString::number(fixture.settings.ringOpacity(), 'g', 17).toDouble(),
@@ -185,7 +184,7 @@ void SettingsBindingsTest::whatShowsInTheRingIsPreviewed()
     const auto previews = [&](QStringView section, const QString& name) {
         fixture.open(section);
         fixture.previews = 0;
-        fixture.control<SettingsSwitch>(name).click();
+        fixture.control<Switch>(name).click();
         return fixture.previews;
     };
     QCOMPARE(previews(Section::general, u"fillsRingWithRecentApps"_s), 1);

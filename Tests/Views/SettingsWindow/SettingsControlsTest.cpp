@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "SettingsWindowFixture.h"
-#include <TavikLauncher/Views/HoverTooltip.h>
+#include <TavikLauncher/Look/HoverTooltip.h>
+#include <TavikLauncher/Look/Label.h>
+#include <TavikLauncher/Look/Look.h>
+#include <TavikLauncher/Look/Slider.h>
 #include <TavikLauncher/Views/SettingsWindow/ColorField.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsLabel.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsLook.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsSection.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsSidebar.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsSlider.h>
 #include <TavikLauncher/Views/SettingsWindow/SwatchColors.h>
 #include <TavikLauncher/Views/SettingsWindow/SwatchPopover.h>
 
@@ -127,7 +127,7 @@ void SettingsControlsTest::theWheelScrollsThePageUnlessASliderHasTheFocus()
     SettingsWindowFixture fixture;
     fixture.view.resize(LauncherSettingsView::smallestSize);
     SettingsPage& page = fixture.open(Section::theme);
-    auto& slider = fixture.control<SettingsSlider>(u"ringOpacity"_s);
+    auto& slider = fixture.control<Slider>(u"ringOpacity"_s);
     page.ensureWidgetVisible(&slider);
     const int place = page.verticalScrollBar()->value();
     scroll(slider, -120);
@@ -213,7 +213,7 @@ void SettingsControlsTest::colorsFollowTheDesktopAtOnce()
     fixture.settle();
     QCOMPARE(picture(fixture.view).pixelColor(20, 690), QColor(0x26, 0x27, 0x2B));
     // Texts and controls follow as well.
-    for (const SettingsLabel* label : fixture.view.findChildren<SettingsLabel*>()) {
+    for (const Label* label : fixture.view.findChildren<Label*>()) {
         QVERIFY(label->palette().color(label->foregroundRole()).lightness() > 128);
     }
 }
@@ -251,7 +251,7 @@ void SettingsControlsTest::nothingIsCutOffInTheSmallestWindow()
     }
     // No page is wider than its viewport, and no text lacks the room it needs.
     QVERIFY(page.widget()->width() <= page.viewport()->width());
-    for (const SettingsLabel* label : page.findChildren<SettingsLabel*>()) {
+    for (const Label* label : page.findChildren<Label*>()) {
         if (label->isVisible() && !label->text().isEmpty()) {
             QVERIFY2(label->height() >= label->heightForWidth(label->width()) || !label->wordWrap(),
                      qPrintable(label->text()));

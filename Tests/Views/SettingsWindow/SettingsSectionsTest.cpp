@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "SettingsWindowFixture.h"
+#include <TavikLauncher/Look/Switch.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsSection.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsSwitch.h>
 
 #include <QAbstractButton>
 #include <QLabel>
@@ -66,7 +66,7 @@ void SettingsSectionsTest::launchAtLoginShowsTheStatusAndTheMessage()
 {
     SettingsWindowFixture fixture;
     fixture.open(Section::general);
-    auto& control = fixture.control<SettingsSwitch>(u"launchesAtLogin"_s);
+    auto& control = fixture.control<Switch>(u"launchesAtLogin"_s);
     QVERIFY(!control.isChecked());
     QCOMPARE(fixture.message(u"launchAtLoginMessage"_s), QString());
     QTest::keyClick(&control, Qt::Key_Space);

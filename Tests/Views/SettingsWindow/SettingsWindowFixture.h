@@ -2,8 +2,8 @@
 #pragma once
 
 #include "../../Ring/RingFixture.h"
+#include <TavikLauncher/Look/OutcomeMessage.h>
 #include <TavikLauncher/Views/SettingsWindow/LauncherSettingsView.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsMessage.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
 #include <TavikLauncherPlatform/Null/NullServices.h>
 
@@ -75,7 +75,7 @@ struct SettingsWindowFixture : RingFixture
     /// What is said there; empty while nothing is.
     [[nodiscard]] QString message(const QString& name) const
     {
-        const auto& label = control<SettingsMessage>(name);
+        const auto& label = control<OutcomeMessage>(name);
         return label.isVisible() ? label.text() : QString();
     }
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include <TavikLauncher/Views/SettingsWindow/SettingsButton.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsLabel.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsLook.h>
+#include <TavikLauncher/Look/Button.h>
+#include <TavikLauncher/Look/Label.h>
+#include <TavikLauncher/Look/Look.h>
+#include <TavikLauncher/Look/TavikIconFactory.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPages.h>
-#include <TavikLauncher/Views/TavikIconFactory.h>
 
 #include <QHBoxLayout>
 #include <QIcon>
@@ -64,13 +64,12 @@ QWidget* makeHeader(const QString& version)
     auto* texts = new QVBoxLayout;
     texts->setSpacing(2);
     texts->addStretch();
-    texts->addWidget(new SettingsLabel(SettingsLabel::Role::body, u"Tavik Launcher"_s, header));
-    auto* number
-        = new SettingsLabel(SettingsLabel::Role::help, u"Version %1"_s.arg(version), header);
+    texts->addWidget(new Label(Label::Role::body, u"Tavik Launcher"_s, header));
+    auto* number = new Label(Label::Role::help, u"Version %1"_s.arg(version), header);
     number->setObjectName(u"version"_s);
     texts->addWidget(number);
-    texts->addWidget(new SettingsLabel(
-        SettingsLabel::Role::help, u"Free software under the MIT license"_s, header));
+    texts->addWidget(
+        new Label(Label::Role::help, u"Free software under the MIT license"_s, header));
     texts->addStretch();
     row->addLayout(texts, 1);
     return header;
@@ -78,7 +77,7 @@ QWidget* makeHeader(const QString& version)
 
 QWidget* makeLicence(const Library& library)
 {
-    auto* label = new SettingsLabel(SettingsLabel::Role::help, library.licence.toString());
+    auto* label = new Label(Label::Role::help, library.licence.toString());
     // In line with the controls whose focus rings reach beyond them.
     label->setContentsMargins(0, 0, focusMargin, 0);
     return label;
@@ -92,7 +91,7 @@ std::unique_ptr<SettingsPage> SettingsPages::makeAbout(const SettingsDependencie
         dependencies, u"About"_s, u"A fast radial launcher centered wherever your pointer is."_s);
     page->addCard().addWidget(makeHeader(dependencies.version));
 
-    SettingsCard& help = page->addCard(u"Help"_s);
+    Card& help = page->addCard(u"Help"_s);
     page->addButton(help,
                     {.title = u"Welcome tour"_s, .help = u"The ring in four short steps"_s},
                     u"Repeat Tour"_s,
@@ -104,7 +103,7 @@ std::unique_ptr<SettingsPage> SettingsPages::makeAbout(const SettingsDependencie
                     dependencies.openSupportPage)
         .setObjectName(u"openSupportPage"_s);
 
-    SettingsCard& built = page->addCard(u"Built with"_s);
+    Card& built = page->addCard(u"Built with"_s);
     for (const Library& library : libraries) {
         built.addRow({.title = library.name.toString(), .help = library.use.toString()},
                      makeLicence(library));

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include <TavikLauncher/Views/RingStyle.h>
+#include <TavikLauncher/Look/LineSymbol.h>
+#include <TavikLauncher/Look/Look.h>
+#include <TavikLauncher/Look/ScrollBar.h>
 #include <TavikLauncher/Views/SettingsWindow/AppListModel.h>
 #include <TavikLauncher/Views/SettingsWindow/AppListView.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsLook.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsScrollBar.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsSymbol.h>
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -48,7 +47,7 @@ public:
                const QStyleOptionViewItem& option,
                const QModelIndex& index) const override
     {
-        const SettingsLook look = SettingsLook::of(m_view);
+        const Look look = Look::of(m_view);
         const QRectF row(option.rect);
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
@@ -62,16 +61,15 @@ public:
         constexpr double glyph = 16;
         paintSymbol(
             *painter,
-            isPick ? SettingsSymbol::plus : SettingsSymbol::grip,
+            isPick ? LineSymbol::plus : LineSymbol::grip,
             QRectF(row.right() - padding - glyph, row.center().y() - glyph / 2, glyph, glyph),
             isPick ? look.accent : withOpacity(look.secondaryText, 0.7));
         painter->restore();
     }
 
 private:
-    void paintBackground(QPainter& painter,
-                         const QStyleOptionViewItem& option,
-                         const SettingsLook& look) const
+    void
+    paintBackground(QPainter& painter, const QStyleOptionViewItem& option, const Look& look) const
     {
         constexpr double inset = 5;
         constexpr double cornerRadius = 7;
@@ -111,7 +109,7 @@ private:
     void paintTexts(QPainter& painter,
                     const QRectF& row,
                     const QModelIndex& index,
-                    const SettingsLook& look) const
+                    const Look& look) const
     {
         const bool isMissing = index.data(AppListModel::isMissingRole).toBool();
         const QFont nameFont = scaledFont(m_view.font(), 1, QFont::Medium);
@@ -152,7 +150,7 @@ AppListView::AppListView(AppIconCache& icons, Options options, QWidget* parent)
     setFrameShape(QFrame::NoFrame);
     setUniformItemSizes(true);
     setMouseTracking(true);
-    setVerticalScrollBar(new SettingsScrollBar(this));
+    setVerticalScrollBar(new ScrollBar(this));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(ScrollPerPixel);
     setEditTriggers(NoEditTriggers);
@@ -272,7 +270,7 @@ void AppListView::paintEvent(QPaintEvent* event)
     QListView::paintEvent(event);
     if (!model() || model()->rowCount() == 0) {
         QPainter painter(viewport());
-        painter.setPen(SettingsLook::of(*this).secondaryText);
+        painter.setPen(Look::of(*this).secondaryText);
         painter.drawText(viewport()->rect().adjusted(padding, 0, -padding, 0),
                          Qt::AlignCenter | Qt::TextWordWrap,
                          m_options.placeholder);

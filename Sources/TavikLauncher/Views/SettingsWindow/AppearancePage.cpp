@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/Button.h>
+#include <TavikLauncher/Look/Slider.h>
+#include <TavikLauncher/Look/Switch.h>
 #include <TavikLauncher/Settings/LauncherSettings.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsButton.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPages.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsSlider.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsSwitch.h>
 
 namespace Tavik {
 
@@ -19,7 +19,7 @@ SettingsPages::makeAppearance(const SettingsDependencies& dependencies)
         u"Size and content of the ring. Every change shows at once in the ring beside this window."_s);
     LauncherSettings& settings = page->settings();
 
-    SettingsCard& ring = page->addCard(u"Ring"_s);
+    Card& ring = page->addCard(u"Ring"_s);
     const QString points = u" pt"_s;
     page->addSlider(ring,
                     {.title = u"Diameter"_s, .help = u"The ring's outer size"_s},
@@ -38,7 +38,7 @@ SettingsPages::makeAppearance(const SettingsDependencies& dependencies)
                     settings.maxVisibleApps,
                     {.low = 1, .high = 24, .leap = 4});
 
-    SettingsCard& labels = page->addCard(u"Labels"_s);
+    Card& labels = page->addCard(u"Labels"_s);
     page->addSwitch(labels,
                     {.title = u"Show application names"_s,
                      .help = u"The selected application's name in the center"_s},
@@ -48,7 +48,7 @@ SettingsPages::makeAppearance(const SettingsDependencies& dependencies)
                                        .help = u"Hints from the rotation are then not shown"_s},
                                       settings.keepsCenterHintVisible));
 
-    auto* reset = new SettingsButton(u"Reset Layout"_s);
+    auto* reset = new Button(u"Reset Layout"_s);
     reset->setObjectName(u"resetRingLayout"_s);
     page->addWidget(reset, Qt::AlignRight);
     page->describe(*reset,

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/Button.h>
+#include <TavikLauncher/Look/OutcomeMessage.h>
 #include <TavikLauncher/Settings/LauncherSettings.h>
 #include <TavikLauncher/Settings/SettingsBackup.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsButton.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsMessage.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPages.h>
 #include <TavikLauncherPlatform/FileManager.h>
@@ -26,7 +26,7 @@ public:
                        u"Keep your settings in a file, or carry them to another machine."_s)
         , m_beforeImport(*dependencies.beforeImport)
     {
-        SettingsCard& card = addCard();
+        Card& card = addCard();
         addButton(card,
                   {.title = u"Export"_s, .help = u"Write all settings to a file"_s},
                   u"Export Settings…"_s,
@@ -39,11 +39,11 @@ public:
                   u"Import Settings…"_s,
                   [this] { askForImport(); })
             .setObjectName(u"importSettings"_s);
-        m_message = new SettingsMessage(&card);
+        m_message = new OutcomeMessage(&card);
         m_message->setObjectName(u"backupMessage"_s);
         card.addWidget(m_message);
 
-        m_undo = new SettingsButton(u"Undo Import"_s);
+        m_undo = new Button(u"Undo Import"_s);
         m_undo->setObjectName(u"undoImport"_s);
         m_undo->setVisible(m_beforeImport.has_value());
         addWidget(m_undo, Qt::AlignRight);
@@ -72,10 +72,10 @@ private:
         const auto error
             = dependencies().fileManager.writeFileAtomically(path, settings().exportBackup());
         if (error) {
-            m_message->say(SettingsMessage::Kind::warning,
+            m_message->say(OutcomeMessage::Kind::warning,
                            SettingsBackup::exportFailedMessage(*error));
         } else {
-            m_message->say(SettingsMessage::Kind::done,
+            m_message->say(OutcomeMessage::Kind::done,
                            u"Settings exported to %1."_s.arg(QFileInfo(path).fileName()));
         }
     }
@@ -101,7 +101,7 @@ private:
         const auto summary
             = contents ? settings().applyBackup(*contents, fileManager) : std::nullopt;
         if (!summary) {
-            m_message->say(SettingsMessage::Kind::warning,
+            m_message->say(OutcomeMessage::Kind::warning,
                            SettingsBackup::importFailedMessage(fileName));
             return;
         }
@@ -110,8 +110,8 @@ private:
             m_beforeImport = before;
         }
         m_undo->show();
-        m_message->say(summary->missing > 0 ? SettingsMessage::Kind::warning
-                                            : SettingsMessage::Kind::done,
+        m_message->say(summary->missing > 0 ? OutcomeMessage::Kind::warning
+                                            : OutcomeMessage::Kind::done,
                        SettingsBackup::importedMessage(fileName, *summary));
     }
 
@@ -122,11 +122,11 @@ private:
             m_beforeImport.reset();
         }
         m_undo->hide();
-        m_message->say(SettingsMessage::Kind::done, u"The import was undone."_s);
+        m_message->say(OutcomeMessage::Kind::done, u"The import was undone."_s);
     }
 
-    SettingsMessage* m_message = nullptr;
-    SettingsButton* m_undo = nullptr;
+    OutcomeMessage* m_message = nullptr;
+    Button* m_undo = nullptr;
     std::optional<SettingsSnapshot>& m_beforeImport;
 };
 

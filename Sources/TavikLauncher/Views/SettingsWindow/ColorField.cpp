@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/Look.h>
+#include <TavikLauncher/Look/TextField.h>
 #include <TavikLauncher/Settings/ColorText.h>
-#include <TavikLauncher/Views/RingStyle.h>
 #include <TavikLauncher/Views/SettingsWindow/ColorField.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsLook.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsTextField.h>
 #include <TavikLauncher/Views/SettingsWindow/SwatchPopover.h>
 
 #include <QAbstractButton>
@@ -47,7 +46,7 @@ protected:
     void paintEvent(QPaintEvent*) override
     {
         constexpr double cornerRadius = 6;
-        const SettingsLook look = SettingsLook::of(*this);
+        const Look look = Look::of(*this);
         const QRectF body
             = QRectF(rect()).adjusted(focusMargin, focusMargin, -focusMargin, -focusMargin);
         const QRectF line = body.adjusted(0.5, 0.5, -0.5, -0.5);
@@ -82,7 +81,7 @@ QColor validColor(const QString& text)
 
 ColorField::ColorField(QWidget* parent)
     : QWidget(parent)
-    , m_entry(new SettingsTextField({}, this))
+    , m_entry(new TextField({}, this))
     , m_well(new Well(this))
 {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/OutcomeMessage.h>
+#include <TavikLauncher/Look/Switch.h>
 #include <TavikLauncher/Settings/LauncherSettings.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsMessage.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPages.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsSwitch.h>
 
 namespace Tavik {
 
@@ -11,26 +11,26 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void addLaunchAtLogin(SettingsPage& page, SettingsCard& card)
+void addLaunchAtLogin(SettingsPage& page, Card& card)
 {
     LauncherSettings& settings = page.settings();
     const RowText text{.title = u"Launch at login"_s,
                        .help = u"Start Tavik Launcher quietly when you log in"_s,
                        .tooltip = u"The ring is then ready as soon as you are."_s};
-    auto* control = new SettingsSwitch;
+    auto* control = new Switch;
     control->setObjectName(u"launchesAtLogin"_s);
     card.addRow(text, control);
     page.describe(*control, text);
     QObject::connect(control, &QAbstractButton::clicked, &page, [&settings](bool isOn) {
         settings.setLaunchesAtLogin(isOn);
     });
-    auto* message = new SettingsMessage(&card);
+    auto* message = new OutcomeMessage(&card);
     message->setObjectName(u"launchAtLoginMessage"_s);
     card.addWidget(message);
     page.follow({u"launchesAtLogin"_s, u"launchAtLoginMessage"_s}, [&settings, control, message] {
         control->setChecked(settings.launchesAtLogin());
         if (const auto& words = settings.launchAtLoginMessage()) {
-            message->say(SettingsMessage::Kind::warning, *words);
+            message->say(OutcomeMessage::Kind::warning, *words);
         } else {
             message->clear();
         }
@@ -48,7 +48,7 @@ std::unique_ptr<SettingsPage> SettingsPages::makeGeneral(const SettingsDependenc
     // The message sends the user to the desktop's own settings, and back.
     page->whenBroughtBack([&settings] { settings.refreshLaunchAtLoginStatus(); });
 
-    SettingsCard& system = page->addCard(u"System"_s);
+    Card& system = page->addCard(u"System"_s);
     addLaunchAtLogin(*page, system);
     page->addSwitch(system,
                     {.title = u"Show in the Dock"_s,
@@ -56,7 +56,7 @@ std::unique_ptr<SettingsPage> SettingsPages::makeGeneral(const SettingsDependenc
                      .tooltip = u"The ring itself is never listed there."_s},
                     settings.showInDock);
 
-    SettingsCard& ring = page->addCard(u"Ring"_s);
+    Card& ring = page->addCard(u"Ring"_s);
     page->addSwitch(ring,
                     {.title = u"Double-tap pins the ring"_s,
                      .help = u"Tap a held shortcut twice and the ring stays open"_s,

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/Label.h>
+#include <TavikLauncher/Look/SegmentedChoice.h>
+#include <TavikLauncher/Look/Switch.h>
 #include <TavikLauncher/Settings/LaunchHints.h>
 #include <TavikLauncher/Settings/LauncherSettings.h>
-#include <TavikLauncher/Views/SettingsWindow/SegmentedChoice.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsLabel.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPages.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsSwitch.h>
 
 #include <QHBoxLayout>
 
@@ -20,7 +20,7 @@ namespace {
 
 constexpr std::array intervals{5, 25, 50, 100, 200};
 
-void addInterval(SettingsPage& page, SettingsCard& card)
+void addInterval(SettingsPage& page, Card& card)
 {
     LauncherSettings& settings = page.settings();
     QStringList titles;
@@ -53,11 +53,11 @@ QWidget* makeTip(int number, QStringView text)
     auto* row = new QHBoxLayout(tip);
     row->setContentsMargins(16, 8, 16, 8);
     row->setSpacing(10);
-    auto* figure = new SettingsLabel(SettingsLabel::Role::help, QString::number(number), tip);
+    auto* figure = new Label(Label::Role::help, QString::number(number), tip);
     figure->setFixedWidth(figure->fontMetrics().horizontalAdvance(u"00"_s));
     figure->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     row->addWidget(figure);
-    auto* words = new SettingsLabel(SettingsLabel::Role::help, text.toString(), tip);
+    auto* words = new Label(Label::Role::help, text.toString(), tip);
     words->setForegroundRole(QPalette::WindowText);
     row->addWidget(words, 1);
     return tip;
@@ -71,11 +71,11 @@ std::unique_ptr<SettingsPage> SettingsPages::makeHints(const SettingsDependencie
         dependencies, u"Hints"_s, u"Short tips in the middle of the ring, now and then."_s);
     LauncherSettings& settings = page->settings();
 
-    SettingsCard& rotation = page->addCard();
+    Card& rotation = page->addCard();
     auto& control = page->addSwitch(rotation,
                                     {.title = u"Show hints"_s, .help = u"One tip at a time"_s},
                                     settings.showsLaunchHints);
-    auto* row = qobject_cast<SettingsRow*>(control.parentWidget());
+    auto* row = qobject_cast<CardRow*>(control.parentWidget());
     page->follow({settings.keepsCenterHintVisible.name()}, [row, &settings] {
         row->setHelp(settings.keepsCenterHintVisible()
                          ? u"Not shown while the center hint is kept visible, see Appearance"_s
@@ -83,7 +83,7 @@ std::unique_ptr<SettingsPage> SettingsPages::makeHints(const SettingsDependencie
     });
     addInterval(*page, rotation);
 
-    SettingsCard& tips = page->addCard(u"All hints"_s);
+    Card& tips = page->addCard(u"All hints"_s);
     int number = 0;
     for (const QStringView tip : LaunchHints::tips()) {
         tips.addWidget(makeTip(++number, tip));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/Look.h>
 #include <TavikLauncher/Settings/LauncherSettings.h>
 #include <TavikLauncher/Views/SettingsWindow/LauncherSettingsView.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsLook.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPages.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsSection.h>
@@ -128,7 +128,7 @@ void LauncherSettingsView::hideEvent(QHideEvent* event)
 
 void LauncherSettingsView::paintEvent(QPaintEvent*)
 {
-    const SettingsLook look = SettingsLook::of(*this);
+    const Look look = Look::of(*this);
     QPainter painter(this);
     painter.fillRect(rect(), look.window);
     painter.fillRect(m_sidebar->geometry(), look.sidebar);
@@ -137,7 +137,7 @@ void LauncherSettingsView::paintEvent(QPaintEvent*)
 
 void LauncherSettingsView::applyLook()
 {
-    const QPalette look = SettingsLook::of(QGuiApplication::palette()).palette();
+    const QPalette look = Look::of(QGuiApplication::palette()).palette();
     if (look != m_look) {
         m_look = look;
         setPalette(look);

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Catalog/AppCatalog.h>
+#include <TavikLauncher/Look/Button.h>
+#include <TavikLauncher/Look/OutcomeMessage.h>
+#include <TavikLauncher/Look/TextField.h>
 #include <TavikLauncher/Settings/LauncherSettings.h>
 #include <TavikLauncher/Views/SettingsWindow/AppListModel.h>
 #include <TavikLauncher/Views/SettingsWindow/AppListView.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsButton.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsMessage.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPages.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsTextField.h>
 #include <TavikLauncherCore/AppSearch.h>
 #include <TavikLauncherPlatform/FileManager.h>
 
@@ -41,7 +41,7 @@ public:
         , m_apps(dependencies.catalog, dependencies.fileManager, this)
         , m_results(dependencies.catalog, dependencies.fileManager, this)
     {
-        SettingsCard& adding = addCard(u"Add"_s);
+        Card& adding = addCard(u"Add"_s);
         adding.addWidget(makeSearch());
         m_resultList = new AppListView(
             m_icons,
@@ -50,11 +50,11 @@ public:
         m_resultList->setModel(&m_results);
         m_resultList->setAccessibleName(u"Applications found"_s);
         adding.addWidget(m_resultList);
-        m_message = new SettingsMessage(&adding);
+        m_message = new OutcomeMessage(&adding);
         m_message->setObjectName(u"permanentAppsMessage"_s);
         adding.addWidget(m_message);
 
-        SettingsCard& card = addCard(u"On the ring"_s);
+        Card& card = addCard(u"On the ring"_s);
         m_appList
             = new AppListView(m_icons,
                               {.form = AppListView::Form::reorder,
@@ -79,7 +79,7 @@ private:
         auto* bar = new QWidget;
         auto* row = new QHBoxLayout(bar);
         row->setContentsMargins(12, 8, 12, 8);
-        m_search = new SettingsTextField(SettingsSymbol::search, bar);
+        m_search = new TextField(LineSymbol::search, bar);
         m_search->setObjectName(u"applicationSearch"_s);
         m_search->setPlaceholderText(u"Search"_s);
         m_search->setClearButtonEnabled(false);
@@ -87,13 +87,13 @@ private:
         describe(*m_search,
                  {.title = u"Search applications"_s,
                   .help = u"Type a name; Return adds the first application found."_s});
-        auto* fromFile = new SettingsButton(u"From File…"_s, bar);
+        auto* fromFile = new Button(u"From File…"_s, bar);
         fromFile->setObjectName(u"addFromFile"_s);
         describe(*fromFile,
                  {.title = u"Add from file"_s,
                   .help = u"Choose a desktop entry that the search does not find."_s});
         // No file dialog offers folders beside files.
-        auto* fromFolder = new SettingsButton(u"From Folder…"_s, bar);
+        auto* fromFolder = new Button(u"From Folder…"_s, bar);
         fromFolder->setObjectName(u"addFromFolder"_s);
         describe(*fromFolder,
                  {.title = u"Add from folder"_s,
@@ -124,18 +124,18 @@ private:
         auto* row = new QHBoxLayout(bar);
         row->setContentsMargins(12, 4, 12, 4);
         row->setSpacing(0);
-        const auto add = [&](SettingsSymbol symbol, const RowText& text, const QString& name) {
-            auto* button = new SettingsButton(symbol, bar);
+        const auto add = [&](LineSymbol symbol, const RowText& text, const QString& name) {
+            auto* button = new Button(symbol, bar);
             button->setObjectName(name);
             describe(*button, text);
             row->addWidget(button);
             return button;
         };
-        m_up = add(SettingsSymbol::up, {.title = u"Move Up"_s, .help = u"Move up"_s}, u"moveUp"_s);
+        m_up = add(LineSymbol::up, {.title = u"Move Up"_s, .help = u"Move up"_s}, u"moveUp"_s);
         m_down = add(
-            SettingsSymbol::down, {.title = u"Move Down"_s, .help = u"Move down"_s}, u"moveDown"_s);
+            LineSymbol::down, {.title = u"Move Down"_s, .help = u"Move down"_s}, u"moveDown"_s);
         row->addStretch();
-        m_remove = new SettingsButton(u"Remove"_s, bar);
+        m_remove = new Button(u"Remove"_s, bar);
         m_remove->setObjectName(u"removeApp"_s);
         describe(*m_remove,
                  {.title = u"Remove"_s, .help = u"Take the selected application off the ring."_s});
@@ -271,7 +271,7 @@ private:
             m_message->clear();
             add(path);
         } else {
-            m_message->say(SettingsMessage::Kind::warning,
+            m_message->say(OutcomeMessage::Kind::warning,
                            u"%1 is not an application."_s.arg(QFileInfo(path).fileName()));
         }
     }
@@ -319,13 +319,13 @@ private:
     AppIconCache m_icons;
     AppListModel m_apps;
     AppListModel m_results;
-    SettingsTextField* m_search = nullptr;
+    TextField* m_search = nullptr;
     AppListView* m_resultList = nullptr;
     AppListView* m_appList = nullptr;
-    SettingsMessage* m_message = nullptr;
-    SettingsButton* m_up = nullptr;
-    SettingsButton* m_down = nullptr;
-    SettingsButton* m_remove = nullptr;
+    OutcomeMessage* m_message = nullptr;
+    Button* m_up = nullptr;
+    Button* m_down = nullptr;
+    Button* m_remove = nullptr;
 };
 
 } // namespace

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/Button.h>
+#include <TavikLauncher/Look/HoverTooltip.h>
+#include <TavikLauncher/Look/Label.h>
+#include <TavikLauncher/Look/Look.h>
+#include <TavikLauncher/Look/ScrollBar.h>
+#include <TavikLauncher/Look/Slider.h>
+#include <TavikLauncher/Look/Switch.h>
 #include <TavikLauncher/Settings/LauncherSettings.h>
-#include <TavikLauncher/Views/HoverTooltip.h>
 #include <TavikLauncher/Views/SettingsWindow/ColorField.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsButton.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsLabel.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsLook.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsScrollBar.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsSlider.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsSwitch.h>
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -36,7 +36,7 @@ SettingsPage::SettingsPage(const SettingsDependencies& dependencies,
 {
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
-    setVerticalScrollBar(new SettingsScrollBar(this));
+    setVerticalScrollBar(new ScrollBar(this));
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::NoFocus);
@@ -52,22 +52,22 @@ SettingsPage::SettingsPage(const SettingsDependencies& dependencies,
     m_column->setContentsMargins(
         sideMargin, 26, sideMargin - verticalScrollBar()->width() - focusMargin, 26);
     m_column->setSpacing(0);
-    m_column->addWidget(new SettingsLabel(SettingsLabel::Role::title, title, content));
+    m_column->addWidget(new Label(Label::Role::title, title, content));
     m_column->addSpacing(4);
-    m_column->addWidget(new SettingsLabel(SettingsLabel::Role::subtitle, subtitle, content));
+    m_column->addWidget(new Label(Label::Role::subtitle, subtitle, content));
     m_column->addStretch(1);
 }
 
-SettingsCard& SettingsPage::addCard(const QString& heading)
+Card& SettingsPage::addCard(const QString& heading)
 {
     if (heading.isEmpty()) {
         m_column->insertSpacing(m_column->count() - 1, 16);
     } else {
-        auto* label = new SettingsLabel(SettingsLabel::Role::heading, heading, widget());
+        auto* label = new Label(Label::Role::heading, heading, widget());
         label->setContentsMargins(4, 20, 4, 7);
         m_column->insertWidget(m_column->count() - 1, label);
     }
-    auto* card = new SettingsCard(widget());
+    auto* card = new Card(widget());
     card->setAccessibleName(heading);
     auto* row = new QHBoxLayout;
     row->setContentsMargins(0, 0, focusMargin, 0);
@@ -82,10 +82,9 @@ void SettingsPage::addWidget(QWidget* widget, Qt::Alignment alignment)
     m_column->insertWidget(m_column->count() - 1, widget, 0, alignment);
 }
 
-SettingsSwitch&
-SettingsPage::addSwitch(SettingsCard& card, const RowText& text, Setting<bool>& setting)
+Switch& SettingsPage::addSwitch(Card& card, const RowText& text, Setting<bool>& setting)
 {
-    auto* control = new SettingsSwitch;
+    auto* control = new Switch;
     control->setObjectName(setting.name());
     card.addRow(text, control);
     describe(*control, text);
@@ -94,7 +93,7 @@ SettingsPage::addSwitch(SettingsCard& card, const RowText& text, Setting<bool>& 
     return *control;
 }
 
-void SettingsPage::previewWith(SettingsSwitch& control)
+void SettingsPage::previewWith(Switch& control)
 {
     connect(&control, &QAbstractButton::clicked, this, [this] {
         if (m_dependencies.showPreview) {
@@ -104,14 +103,12 @@ void SettingsPage::previewWith(SettingsSwitch& control)
 }
 
 template <typename T>
-SettingsSlider& SettingsPage::tieSlider(SettingsCard& card,
-                                        const RowText& text,
-                                        Setting<T>& setting,
-                                        const Scale& scale)
+Slider&
+SettingsPage::tieSlider(Card& card, const RowText& text, Setting<T>& setting, const Scale& scale)
 {
     auto* control = new QWidget;
-    auto* slider = new SettingsSlider(control);
-    auto* value = new SettingsLabel(SettingsLabel::Role::body, {}, control);
+    auto* slider = new Slider(control);
+    auto* value = new Label(Label::Role::body, {}, control);
     slider->setObjectName(setting.name());
     slider->setRange(scale.low, scale.high);
     slider->setPageStep(scale.leap);
@@ -143,24 +140,21 @@ SettingsSlider& SettingsPage::tieSlider(SettingsCard& card,
     return *slider;
 }
 
-SettingsSlider& SettingsPage::addSlider(SettingsCard& card,
-                                        const RowText& text,
-                                        Setting<double>& setting,
-                                        const Scale& scale)
+Slider& SettingsPage::addSlider(Card& card,
+                                const RowText& text,
+                                Setting<double>& setting,
+                                const Scale& scale)
 {
     return tieSlider(card, text, setting, scale);
 }
 
-SettingsSlider& SettingsPage::addSlider(SettingsCard& card,
-                                        const RowText& text,
-                                        Setting<int>& setting,
-                                        const Scale& scale)
+Slider&
+SettingsPage::addSlider(Card& card, const RowText& text, Setting<int>& setting, const Scale& scale)
 {
     return tieSlider(card, text, setting, scale);
 }
 
-ColorField&
-SettingsPage::addColor(SettingsCard& card, const RowText& text, Setting<QString>& setting)
+ColorField& SettingsPage::addColor(Card& card, const RowText& text, Setting<QString>& setting)
 {
     auto* field = new ColorField;
     field->setObjectName(setting.name());
@@ -172,12 +166,12 @@ SettingsPage::addColor(SettingsCard& card, const RowText& text, Setting<QString>
     return *field;
 }
 
-QAbstractButton& SettingsPage::addButton(SettingsCard& card,
+QAbstractButton& SettingsPage::addButton(Card& card,
                                          const RowText& text,
                                          const QString& buttonText,
                                          std::function<void()> clicked)
 {
-    auto* button = new SettingsButton(buttonText);
+    auto* button = new Button(buttonText);
     card.addRow(text, button);
     describe(*button, {.title = buttonText, .help = text.help, .tooltip = text.tooltip});
     connect(button, &QAbstractButton::clicked, this, [clicked = std::move(clicked)] {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncher/Look/Card.h>
 #include <TavikLauncher/Settings/Setting.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsCard.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsDependencies.h>
 
 #include <QScrollArea>
@@ -14,8 +14,8 @@ class QVBoxLayout;
 namespace Tavik {
 
 class ColorField;
-class SettingsSlider;
-class SettingsSwitch;
+class Slider;
+class Switch;
 
 /// A section's page: title, cards, and the ties between controls and settings. A tied control
 /// assigns through its setting whatever the user does, carries the setting's name as its object
@@ -42,23 +42,20 @@ public:
     [[nodiscard]] const SettingsDependencies& dependencies() const { return m_dependencies; }
     [[nodiscard]] LauncherSettings& settings() const { return m_dependencies.settings; }
 
-    SettingsCard& addCard(const QString& heading = {});
+    Card& addCard(const QString& heading = {});
     /// Takes over something between the cards.
     void addWidget(QWidget* widget, Qt::Alignment alignment = {});
 
-    SettingsSwitch& addSwitch(SettingsCard& card, const RowText& text, Setting<bool>& setting);
+    Switch& addSwitch(Card& card, const RowText& text, Setting<bool>& setting);
     /// Has the ring shown beside the window when this is switched: some settings show in it
     /// although their change asks for no preview by itself.
-    void previewWith(SettingsSwitch& control);
-    SettingsSlider& addSlider(SettingsCard& card,
-                              const RowText& text,
-                              Setting<double>& setting,
-                              const Scale& scale);
-    SettingsSlider&
-    addSlider(SettingsCard& card, const RowText& text, Setting<int>& setting, const Scale& scale);
-    ColorField& addColor(SettingsCard& card, const RowText& text, Setting<QString>& setting);
+    void previewWith(Switch& control);
+    Slider&
+    addSlider(Card& card, const RowText& text, Setting<double>& setting, const Scale& scale);
+    Slider& addSlider(Card& card, const RowText& text, Setting<int>& setting, const Scale& scale);
+    ColorField& addColor(Card& card, const RowText& text, Setting<QString>& setting);
     /// Adds a button with its own row.
-    QAbstractButton& addButton(SettingsCard& card,
+    QAbstractButton& addButton(Card& card,
                                const RowText& text,
                                const QString& buttonText,
                                std::function<void()> clicked);
@@ -75,8 +72,7 @@ protected:
 
 private:
     template <typename T>
-    SettingsSlider&
-    tieSlider(SettingsCard& card, const RowText& text, Setting<T>& setting, const Scale& scale);
+    Slider& tieSlider(Card& card, const RowText& text, Setting<T>& setting, const Scale& scale);
 
     SettingsDependencies m_dependencies;
     QVBoxLayout* m_column;

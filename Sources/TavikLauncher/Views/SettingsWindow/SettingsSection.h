@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <TavikLauncher/Views/SettingsWindow/SettingsSymbol.h>
+#include <TavikLauncher/Look/LineSymbol.h>
 
 #include <QStringView>
 
@@ -14,7 +14,7 @@ struct SettingsSection
 {
     QStringView id;
     QStringView title;
-    SettingsSymbol symbol;
+    LineSymbol symbol;
 
     static constexpr QStringView general = u"general";
     static constexpr QStringView shortcut = u"shortcut";
@@ -29,14 +29,14 @@ struct SettingsSection
 
 /// In the order of the sidebar.
 inline constexpr std::array allSettingsSections{
-    SettingsSection{SettingsSection::general, u"General", SettingsSymbol::gear},
-    SettingsSection{SettingsSection::shortcut, u"Shortcut", SettingsSymbol::keyboard},
-    SettingsSection{SettingsSection::appearance, u"Appearance", SettingsSymbol::ring},
-    SettingsSection{SettingsSection::theme, u"Theme", SettingsSymbol::palette},
-    SettingsSection{SettingsSection::permanentApps, u"Permanent Apps", SettingsSymbol::pin},
-    SettingsSection{SettingsSection::hints, u"Hints", SettingsSymbol::bulb},
-    SettingsSection{SettingsSection::updates, u"Updates", SettingsSymbol::refresh},
-    SettingsSection{SettingsSection::backup, u"Backup", SettingsSymbol::archive},
-    SettingsSection{SettingsSection::about, u"About", SettingsSymbol::info}};
+    SettingsSection{SettingsSection::general, u"General", LineSymbol::gear},
+    SettingsSection{SettingsSection::shortcut, u"Shortcut", LineSymbol::keyboard},
+    SettingsSection{SettingsSection::appearance, u"Appearance", LineSymbol::ring},
+    SettingsSection{SettingsSection::theme, u"Theme", LineSymbol::palette},
+    SettingsSection{SettingsSection::permanentApps, u"Permanent Apps", LineSymbol::pin},
+    SettingsSection{SettingsSection::hints, u"Hints", LineSymbol::bulb},
+    SettingsSection{SettingsSection::updates, u"Updates", LineSymbol::refresh},
+    SettingsSection{SettingsSection::backup, u"Backup", LineSymbol::archive},
+    SettingsSection{SettingsSection::about, u"About", LineSymbol::info}};
 
 } // namespace Tavik

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include <TavikLauncher/Views/RingStyle.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsLook.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsScrollBar.h>
+#include <TavikLauncher/Look/Look.h>
+#include <TavikLauncher/Look/ScrollBar.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsSection.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsSidebar.h>
 
@@ -44,7 +43,7 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override
     {
-        const SettingsLook look = SettingsLook::of(*this);
+        const Look look = Look::of(*this);
         const QRectF body = QRectF(rect()).adjusted(focusMargin, 0, -focusMargin, 0);
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
@@ -75,7 +74,7 @@ protected:
     }
 
 private:
-    SettingsSymbol m_symbol;
+    LineSymbol m_symbol;
 };
 
 } // namespace
@@ -85,7 +84,7 @@ SettingsSidebar::SettingsSidebar(QWidget* parent)
 {
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
-    setVerticalScrollBar(new SettingsScrollBar(this));
+    setVerticalScrollBar(new ScrollBar(this));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::NoFocus);
     setAccessibleName(QStringLiteral("Sections"));

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/Button.h>
+#include <TavikLauncher/Look/Label.h>
+#include <TavikLauncher/Look/OutcomeMessage.h>
 #include <TavikLauncher/Settings/HotKeyRecorder.h>
 #include <TavikLauncher/Settings/LauncherSettings.h>
-#include <TavikLauncher/Views/HotKeyRecorderBridge.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsButton.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsLabel.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsMessage.h>
+#include <TavikLauncher/Views/SettingsWindow/HotKeyRecorderBridge.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPages.h>
 #include <TavikLauncherPlatform/KeyEvents.h>
@@ -59,26 +59,26 @@ public:
         : SettingsPage(dependencies, u"Shortcut"_s, u"What brings the ring up, anywhere."_s)
         , m_bridge(m_recorder, dependencies.keyEvents, *this)
     {
-        SettingsCard& card = addCard();
+        Card& card = addCard();
         const RowText text{.title = u"Trigger shortcut"_s,
                            .help = {},
                            .tooltip = u"Click, then press the new shortcut."_s};
-        m_field = new SettingsButton(QString());
+        m_field = new Button(QString());
         m_field->setObjectName(u"hotKeyConfig"_s);
         m_row = &card.addRow(text, m_field);
         describe(*m_field, text);
-        m_prompt = new SettingsLabel(
-            SettingsLabel::Role::help,
+        m_prompt = new Label(
+            Label::Role::help,
             u"Press Modifier+Key for a tap-to-toggle shortcut. Or hold ≥2 modifier keys and "
             "release them to use a hold-to-show shortcut. Press Escape to cancel recording."_s);
         m_prompt->setObjectName(u"recordingPrompt"_s);
         m_prompt->setContentsMargins(16, 10, 16, 10);
         card.addWidget(m_prompt);
-        m_message = new SettingsMessage(&card);
+        m_message = new OutcomeMessage(&card);
         m_message->setObjectName(u"shortcutMessage"_s);
         card.addWidget(m_message);
 
-        auto* reset = new SettingsButton(u"Use Default Shortcut"_s);
+        auto* reset = new Button(u"Use Default Shortcut"_s);
         reset->setObjectName(u"defaultShortcut"_s);
         addWidget(reset, Qt::AlignRight);
         describe(*reset, {.title = reset->text(), .help = inWords(HotKeyConfig::defaultConfig())});
@@ -123,7 +123,7 @@ private:
     {
         const auto& tryShortcut = dependencies().tryShortcut;
         if (const auto reason = tryShortcut ? tryShortcut(config) : std::nullopt) {
-            m_message->say(SettingsMessage::Kind::warning,
+            m_message->say(OutcomeMessage::Kind::warning,
                            u"%1 cannot be used. %2"_s.arg(config.displayName, *reason));
             return;
         }
@@ -144,10 +144,10 @@ private:
 
     HotKeyRecorder m_recorder;
     HotKeyRecorderBridge m_bridge;
-    SettingsButton* m_field = nullptr;
-    SettingsRow* m_row = nullptr;
-    SettingsLabel* m_prompt = nullptr;
-    SettingsMessage* m_message = nullptr;
+    Button* m_field = nullptr;
+    CardRow* m_row = nullptr;
+    Label* m_prompt = nullptr;
+    OutcomeMessage* m_message = nullptr;
 };
 
 } // namespace

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/Label.h>
+#include <TavikLauncher/Look/LineSymbol.h>
+#include <TavikLauncher/Look/Look.h>
 #include <TavikLauncher/Settings/ColorText.h>
-#include <TavikLauncher/Views/RingStyle.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsLabel.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsLook.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsSymbol.h>
 #include <TavikLauncher/Views/SettingsWindow/SwatchColors.h>
 #include <TavikLauncher/Views/SettingsWindow/SwatchPopover.h>
 
@@ -45,7 +44,7 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override
     {
-        const SettingsLook look = SettingsLook::of(*this);
+        const Look look = Look::of(*this);
         const QRectF body
             = QRectF(rect()).adjusted(focusMargin, focusMargin, -focusMargin, -focusMargin);
         QPainter painter(this);
@@ -55,7 +54,7 @@ protected:
         painter.drawEllipse(body.adjusted(0.5, 0.5, -0.5, -0.5));
         if (isChecked()) {
             const QColor ink = m_color.lightness() > 140 ? Qt::black : Qt::white;
-            paintSymbol(painter, SettingsSymbol::check, body.adjusted(6, 6, -6, -6), ink);
+            paintSymbol(painter, LineSymbol::check, body.adjusted(6, 6, -6, -6), ink);
         }
         paintFocusRing(painter, *this, body, body.width() / 2);
     }
@@ -91,7 +90,7 @@ SwatchPopover::SwatchPopover(QWidget& anchor,
     column->setSpacing(6);
     QAbstractButton* chosen = nullptr;
     const auto addList = [&](const QString& heading, std::span<const Swatch> swatches) {
-        column->addWidget(new SettingsLabel(SettingsLabel::Role::heading, heading, this));
+        column->addWidget(new Label(Label::Role::heading, heading, this));
         auto* grid = new QGridLayout;
         grid->setSpacing(2);
         int position = 0;
@@ -182,7 +181,7 @@ void SwatchPopover::keyPressEvent(QKeyEvent* event)
 
 void SwatchPopover::paintEvent(QPaintEvent*)
 {
-    const SettingsLook look = SettingsLook::of(*this);
+    const Look look = Look::of(*this);
     const QRectF body = QRectF(rect()).adjusted(shadow, shadow, -shadow, -shadow);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/Button.h>
+#include <TavikLauncher/Look/Look.h>
+#include <TavikLauncher/Look/Slider.h>
+#include <TavikLauncher/Look/Switch.h>
 #include <TavikLauncher/Settings/LauncherSettings.h>
 #include <TavikLauncher/Settings/ThemePreset.h>
 #include <TavikLauncher/Views/SettingsWindow/ColorField.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsButton.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsLook.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPages.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsSlider.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsSwitch.h>
 #include <TavikLauncher/Views/SettingsWindow/ThemeTile.h>
 
 #include <QGridLayout>
@@ -138,7 +138,7 @@ void addColors(SettingsPage& page)
     LauncherSettings& settings = page.settings();
     const SettingsPage::Scale percent{
         .low = 20, .high = 100, .stepsPerUnit = 100, .leap = 10, .unit = u" %"_s};
-    SettingsCard& colors = page.addCard(u"Colors"_s);
+    Card& colors = page.addCard(u"Colors"_s);
     page.addColor(colors,
                   {.title = u"Ring color"_s,
                    .help = u"The band behind the icons"_s,
@@ -148,7 +148,7 @@ void addColors(SettingsPage& page)
                   {.title = u"Highlight color"_s, .help = u"The wedge under the selection"_s},
                   settings.highlightColorHex);
 
-    SettingsCard& opacity = page.addCard(u"Opacity"_s);
+    Card& opacity = page.addCard(u"Opacity"_s);
     page.addSlider(opacity,
                    {.title = u"Ring"_s, .help = u"How solid the band is"_s},
                    settings.ringOpacity,
@@ -162,7 +162,7 @@ void addColors(SettingsPage& page)
                    settings.pillOpacity,
                    percent);
 
-    SettingsCard& dot = page.addCard(u"Running applications"_s);
+    Card& dot = page.addCard(u"Running applications"_s);
     page.addSwitch(
         dot,
         {.title = u"Mark running applications"_s, .help = u"A dot beside the icon of each"_s},
@@ -191,7 +191,7 @@ std::unique_ptr<SettingsPage> SettingsPages::makeTheme(const SettingsDependencie
         }
     };
 
-    auto* reset = new SettingsButton(u"Restore Default Theme"_s);
+    auto* reset = new Button(u"Restore Default Theme"_s);
     reset->setObjectName(u"restoreDefaultTheme"_s);
     page->addWidget(reset, Qt::AlignRight);
     page->describe(*reset,

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/Look.h>
 #include <TavikLauncher/Settings/ColorText.h>
-#include <TavikLauncher/Views/RingStyle.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsLook.h>
 #include <TavikLauncher/Views/SettingsWindow/ThemeTile.h>
 
 #include <QLinearGradient>
@@ -98,7 +97,7 @@ QSize ThemeTile::sizeHint() const
 
 void ThemeTile::paintEvent(QPaintEvent*)
 {
-    const SettingsLook look = SettingsLook::of(*this);
+    const Look look = Look::of(*this);
     const QRectF picture(focusMargin, focusMargin, width() - 2 * focusMargin, pictureHeight);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);

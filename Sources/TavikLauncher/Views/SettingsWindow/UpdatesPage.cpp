@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/SegmentedChoice.h>
+#include <TavikLauncher/Look/Switch.h>
 #include <TavikLauncher/Settings/LauncherSettings.h>
-#include <TavikLauncher/Views/SettingsWindow/SegmentedChoice.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPages.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsSwitch.h>
 #include <TavikLauncherPlatform/NotificationCenter.h>
 
 #include <QAbstractButton>
@@ -25,7 +25,7 @@ QString subtitle(const SettingsDependencies& dependencies)
         : u"New versions are never installed without asking you."_s;
 }
 
-void addFrequency(SettingsPage& page, SettingsCard& card)
+void addFrequency(SettingsPage& page, Card& card)
 {
     LauncherSettings& settings = page.settings();
     const RowText text{.title = u"Frequency"_s, .help = u"How often to look for a new version"_s};
@@ -52,14 +52,14 @@ std::unique_ptr<SettingsPage> SettingsPages::makeUpdates(const SettingsDependenc
     auto page = std::make_unique<SettingsPage>(dependencies, u"Updates"_s, subtitle(dependencies));
     LauncherSettings& settings = page->settings();
 
-    SettingsCard& automatic = page->addCard();
+    Card& automatic = page->addCard();
     page->addSwitch(automatic,
                     {.title = u"Check for updates automatically"_s,
                      .help = u"A dot in the wheel's symbol tells of a new version"_s},
                     settings.autoUpdatesEnabled);
     addFrequency(*page, automatic);
 
-    SettingsCard& now = page->addCard();
+    Card& now = page->addCard();
     QAbstractButton& check
         = page->addButton(now,
                           {.title = u"This version"_s,

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include <TavikLauncher/Views/SafeReleaseNotes.h>
 #include <TavikLauncher/Views/Updates/ReleaseNotesView.h>
+#include <TavikLauncher/Views/Updates/SafeReleaseNotes.h>
 #include <TavikLauncherPlatform/Updater.h>
 
 #include <QEvent>

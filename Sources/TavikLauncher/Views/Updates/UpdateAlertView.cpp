@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/WindowStyle.h>
 #include <TavikLauncher/Views/Updates/ReleaseNotesView.h>
 #include <TavikLauncher/Views/Updates/UpdateAlertView.h>
-#include <TavikLauncher/Views/WindowStyle.h>
 
 #include <QLabel>
 #include <QLayout>

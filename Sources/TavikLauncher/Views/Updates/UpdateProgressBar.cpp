@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/WindowStyle.h>
 #include <TavikLauncher/Views/Updates/UpdateProgressBar.h>
-#include <TavikLauncher/Views/WindowStyle.h>
 #include <TavikLauncherPlatform/DesktopAppearance.h>
 
 #include <QPainter>

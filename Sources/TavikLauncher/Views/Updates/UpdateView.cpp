@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <TavikLauncher/Views/AppIconView.h>
+#include <TavikLauncher/Look/AppIconView.h>
+#include <TavikLauncher/Look/WindowStyle.h>
 #include <TavikLauncher/Views/Updates/UpdateView.h>
-#include <TavikLauncher/Views/WindowStyle.h>
 
 #include <QFontInfo>
 #include <QGuiApplication>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <TavikLauncher/Views/AuxiliaryWindow.h>
+#include <TavikLauncher/Look/AuxiliaryWindow.h>
 
 namespace Tavik {
 

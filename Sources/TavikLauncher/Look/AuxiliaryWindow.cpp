@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/AuxiliaryWindow.h>
+#include <TavikLauncher/Look/TavikIconFactory.h>
+#include <TavikLauncherPlatform/WindowServer.h>
+
+#include <QApplication>
+#include <QBackingStore>
+#include <QCloseEvent>
+#include <QVBoxLayout>
+
+namespace Tavik {
+
+namespace {
+constexpr int iconSide = 256;
+}
+
+AuxiliaryWindow::AuxiliaryWindow(WindowServer& windowServer,
+                                 const Options& options,
+                                 QWidget* content)
+    : m_windowServer(windowServer)
+    , m_skipsTaskbar(options.skipsTaskbar)
+    , m_heldKeys(*this)
+{
+    const bool isResizable = !options.smallestSize.isEmpty();
+    Qt::WindowFlags flags = Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint
+        | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+    if (isResizable) {
+        flags |= Qt::WindowMinMaxButtonsHint;
+    }
+    setWindowFlags(flags);
+    setWindowTitle(options.title);
+    setWindowIcon(TavikIconFactory::appIcon(iconSide));
+    setAttribute(Qt::WA_QuitOnClose, false);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(content);
+    if (isResizable) {
+        setMinimumSize(options.smallestSize);
+        resize(options.size);
+    } else if (options.size.isEmpty()) {
+        layout->setSizeConstraint(QLayout::SetFixedSize);
+    } else {
+        m_fixedSize = options.size;
+        fitContent();
+    }
+}
+
+void AuxiliaryWindow::fitContent()
+{
+    if (!m_fixedSize.isEmpty()) {
+        setFixedSize(m_fixedSize.expandedTo(layout()->minimumSize()));
+    }
+}
+
+void AuxiliaryWindow::centerIn(const QRect& area)
+{
+    QRect frame = frameGeometry();
+    frame.moveCenter(area.center());
+    move(frame.topLeft());
+}
+
+void AuxiliaryWindow::activate()
+{
+    if (QApplication::activeWindow() != this) {
+        m_openedFrom = qobject_cast<AuxiliaryWindow*>(QApplication::activeWindow());
+    }
+    m_windowServer.setSkipsTaskbar(winId(), m_skipsTaskbar);
+    if (isMinimized()) {
+        showNormal();
+    } else {
+        show();
+    }
+    raise();
+    activateWindow();
+    m_windowServer.takeKeyboardFocus(winId());
+}
+
+void AuxiliaryWindow::setSkipsTaskbar(bool skips)
+{
+    m_skipsTaskbar = skips;
+    if (internalWinId()) {
+        m_windowServer.setSkipsTaskbar(internalWinId(), skips);
+    }
+}
+
+bool AuxiliaryWindow::event(QEvent* event)
+{
+    if (event->type() == QEvent::LayoutRequest) {
+        fitContent();
+    }
+    return QWidget::event(event);
+}
+
+void AuxiliaryWindow::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange) {
+        placeChanged();
+    }
+}
+
+void AuxiliaryWindow::closeEvent(QCloseEvent* event)
+{
+    event->accept();
+    const bool isLeft = isActiveWindow();
+    if (onClose) {
+        onClose();
+    }
+    // Some window managers give the keyboard to nobody rather than to a window that is in no
+    // taskbar.
+    if (isLeft && m_openedFrom && m_openedFrom->isVisible() && !m_openedFrom->isMinimized()) {
+        m_openedFrom->activate();
+    }
+}
+
+void AuxiliaryWindow::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    if (event->spontaneous()) {
+        return;
+    }
+    if (QBackingStore* pixels = backingStore()) {
+        // Megabytes that nobody sees; the next showing makes them anew at the window's size.
+        pixels->resize({1, 1});
+    }
+}
+
+void AuxiliaryWindow::moveEvent(QMoveEvent* event)
+{
+    QWidget::moveEvent(event);
+    placeChanged();
+}
+
+void AuxiliaryWindow::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    placeChanged();
+}
+
+void AuxiliaryWindow::placeChanged()
+{
+    if (onPlaceChanged) {
+        onPlaceChanged();
+    }
+}
+
+} // namespace Tavik

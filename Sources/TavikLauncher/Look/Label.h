@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QLabel>
+
+namespace Tavik {
+
+/// Plain text, wrapped, in one of the window's few sizes. A single word that is too long, a file's
+/// name perhaps, is cut off rather than let it push the controls out of the window.
+class Label final : public QLabel
+{
+    Q_OBJECT
+
+public:
+    enum class Role {
+        title, ///< Of a page.
+        subtitle,
+        heading, ///< Of a card.
+        body,
+        help,
+    };
+
+    explicit Label(Role role, const QString& text = {}, QWidget* parent = nullptr);
+
+    [[nodiscard]] QSize minimumSizeHint() const override;
+};
+
+} // namespace Tavik

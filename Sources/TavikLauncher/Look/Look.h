@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QList>
+#include <QPalette>
+
+class QAbstractButton;
+class QPainter;
+class QRectF;
+class QWidget;
+
+namespace Tavik {
+
+/// The windows' colours, light or dark as the palette is, with the desktop's accent.
+struct Look
+{
+    bool isDark = false;
+    QColor window;
+    QColor sidebar;
+    QColor edge; ///< Between sidebar and page, and around cards.
+    QColor card;
+    QColor rowLine;
+    QColor text;
+    QColor secondaryText;
+    QColor accent;
+    QColor onAccent;
+    QColor track; ///< Of sliders, switches and choices.
+    QColor button;
+    QColor buttonHovered;
+    QColor buttonPressed;
+    QColor knob;
+    QColor warning;
+
+    [[nodiscard]] static Look of(const QPalette& palette);
+    [[nodiscard]] static Look of(const QWidget& widget);
+
+    /// These colours in the roles of a palette; of(palette()) is the same look again.
+    [[nodiscard]] QPalette palette() const;
+};
+
+inline constexpr QColor systemBlue(0x0A, 0x84, 0xFF);
+/// The desktop's accent.
+[[nodiscard]] QColor accentColor(const QPalette& palette);
+/// `color` with its alpha replaced by `opacity`, 0 to 1.
+[[nodiscard]] QColor withOpacity(QColor color, double opacity);
+
+/// `font` scaled by `factor`, at `weight`.
+[[nodiscard]] QFont scaledFont(QFont font, double factor, QFont::Weight weight = QFont::Normal);
+
+/// Has Tab reach the chosen one of several buttons that exclude each other, and arrow keys the
+/// others. The toolkit does that only after one of them has had the focus.
+void stopTabAtChosen(const QList<QAbstractButton*>& buttons);
+
+/// How far a focus ring reaches beyond its control.
+inline constexpr int focusMargin = 4;
+
+/// True when the control has the focus and the user got there by keyboard.
+[[nodiscard]] bool showsFocus(const QWidget& control);
+/// The ring around a control's `body`; nothing unless `control` shows the focus.
+void paintFocusRing(QPainter& painter,
+                    const QWidget& control,
+                    const QRectF& body,
+                    double cornerRadius);
+
+} // namespace Tavik

@@ -1,0 +1,385 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Catalog/AppCatalog.h>
+#include <TavikLauncher/Ring/LauncherCommands.h>
+#include <TavikLauncher/Ring/LauncherPresentationState.h>
+#include <TavikLauncher/Settings/LauncherSettings.h>
+#include <TavikLauncher/Views/Ring/CenterLayout.h>
+#include <TavikLauncher/Views/Ring/FilterField.h>
+#include <TavikLauncher/Views/Ring/RadialLauncherView.h>
+#include <TavikLauncher/Views/Ring/RingCenterTexts.h>
+#include <TavikLauncher/Views/Ring/RingPainter.h>
+#include <TavikLauncherPlatform/DesktopAppearance.h>
+#include <TavikLauncherPlatform/WindowServer.h>
+
+#include <QEnterEvent>
+#include <QPainter>
+#include <QWheelEvent>
+
+namespace Tavik {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double frameSeconds = 1.0 / 120.0;
+constexpr double spinnerTurnSeconds = 1.0;
+constexpr double renderAheadDelay = 0.03;
+
+} // namespace
+
+RadialLauncherView::RadialLauncherView(const Dependencies& dependencies, QWidget* parent)
+    : QWidget(parent)
+    , m_dependencies(dependencies)
+    , m_icons(dependencies.iconDecoder, dependencies.workQueue)
+    , m_interaction(dependencies.ring, dependencies.ownIdentifier, dependencies.onClose)
+    , m_pointer(m_interaction, dependencies.onClose)
+    , m_filterField(new FilterField(this))
+    , m_fieldFade(dependencies.ring.mainQueue, [this] { startFrames(); })
+{
+    setMouseTracking(true);
+    setFocusProxy(m_filterField);
+    setAccessibleName(u"Tavik Launcher"_s);
+    connectInteraction();
+    connectSurroundings();
+    m_interaction.appear();
+}
+
+RadialLauncherView::~RadialLauncherView() = default;
+
+void RadialLauncherView::connectInteraction()
+{
+    connect(&m_interaction, &RingInteraction::ringChanged, this, &RadialLauncherView::ringChanged);
+    connect(&m_interaction,
+            &RingInteraction::highlightMoved,
+            this,
+            &RadialLauncherView::highlightMoved);
+    connect(
+        &m_interaction, &RingInteraction::centerChanged, this, &RadialLauncherView::centerChanged);
+    connect(m_filterField, &QLineEdit::textEdited, this, [this](const QString& text) {
+        m_interaction.editQuery(text);
+    });
+    connect(m_filterField, &FilterField::preeditChanged, this, [this] { centerChanged(); });
+}
+
+void RadialLauncherView::connectSurroundings()
+{
+    LauncherPresentationState& presentation = m_dependencies.ring.presentation;
+    connect(
+        &presentation, &LauncherPresentationState::appearanceChanged, this, [this] { update(); });
+    connect(&presentation, &LauncherPresentationState::diameterOverrideChanged, this, [this] {
+        refreshAppearance();
+    });
+    connect(&m_dependencies.ring.settings, &LauncherSettings::propertyChanged, this, [this] {
+        refreshAppearance();
+    });
+    connect(
+        &m_dependencies.ring.catalog, &AppCatalog::appsChanged, this, [this] { prefetchIcons(); });
+    connect(&m_dependencies.ring.catalog,
+            &AppCatalog::foldersChanged,
+            &m_icons.cache(),
+            &AppIconCache::invalidate);
+    connect(&m_icons.cache(), &AppIconCache::imageReady, this, [this] { refreshAppearance(); });
+}
+
+double RadialLauncherView::diameter() const
+{
+    return m_dependencies.ring.presentation.diameterOverride().value_or(
+        m_dependencies.ring.settings.ringDiameter());
+}
+
+RingGeometry RadialLauncherView::geometryInPoints() const
+{
+    return RingGeometry::make({
+        .area = QSizeF(diameter(), diameter()),
+        .ringThickness = m_dependencies.ring.settings.ringThickness(),
+        .iconSize = m_dependencies.ring.settings.iconSize(),
+        .slotCount = static_cast<int>(m_interaction.ringApps().size()),
+    });
+}
+
+QPointF RadialLauncherView::inRingPlane(QPointF position) const
+{
+    const double margin = (RingGeometry::panelSide(diameter()) - diameter()) / 2;
+    return position - QPointF(margin, margin);
+}
+
+RingIcons::Measures RadialLauncherView::iconMeasures() const
+{
+    return {.side = geometryInPoints().effectiveIconSize, .ratio = devicePixelRatioF()};
+}
+
+RingScene RadialLauncherView::scene()
+{
+    RingScene scene;
+    scene.geometry = geometryInPoints();
+    scene.style = RingStyle::make(m_dependencies.ring.settings);
+    scene.diameter = diameter();
+    scene.devicePixelRatio = devicePixelRatioF();
+    scene.wedgeDegrees = m_motion.highlightDegrees();
+    scene.showsWedge = m_interaction.selectedIndex() < m_interaction.ringApps().size();
+    scene.isOpaque = !m_dependencies.windowServer.isCompositing();
+    scene.center = centerTexts();
+
+    const RingIcons::Measures measures = iconMeasures();
+    const QList<IndexedApp>& apps = m_interaction.ringApps();
+    scene.icons.reserve(apps.size());
+    for (int slot = 0; slot < apps.size(); ++slot) {
+        const IndexedApp& app = apps.at(slot);
+        RingIcon icon;
+        icon.center = scene.geometry.slotCenter(slot);
+        icon.icon = m_icons.image(app, RingIcons::Size::resting, measures);
+        icon.emphasis = m_motion.emphasis(app.id());
+        if (icon.emphasis != 0) {
+            icon.emphasizedIcon = m_icons.image(app, RingIcons::Size::selected, measures);
+        }
+        icon.isRunning = m_interaction.isRunning(app);
+        icon.dimsWhenNotRunning = !m_interaction.isFiltering();
+        scene.icons.append(icon);
+    }
+    return scene;
+}
+
+RingCenter RadialLauncherView::centerTexts() const
+{
+    return ringCenterTexts(m_interaction,
+                           {.showsAppNames = m_dependencies.ring.settings.showsAppNames(),
+                            .preedit = m_filterField->preedit(),
+                            .emptyFieldOpacity = m_fieldFade.opacity(),
+                            .spinnerStep = static_cast<int>(m_spinnerTurns * 12) % 12});
+}
+
+QRect RadialLauncherView::slotRect(int slot)
+{
+    const RingGeometry ring = geometryInPoints();
+    const QPointF center = ring.slotCenter(slot) - inRingPlane({0, 0});
+    const double side = ring.effectiveIconSize;
+    return QRectF(center.x() - side / 2, center.y() - side / 2, side, side).toAlignedRect();
+}
+
+void RadialLauncherView::paintEvent(QPaintEvent* event)
+{
+    const RingScene now = scene();
+    QPainter painter(this);
+    const LauncherPresentationState& presentation = m_dependencies.ring.presentation;
+    const bool isInFlight = presentation.scale() != 1.0 || presentation.opacity() != 1.0;
+    if (!isInFlight) {
+        RingPainter::paint(painter, now, m_images.band(now), event->rect());
+    } else if (now.isOpaque) {
+        // Without blending there is no fading and no shape in flight: the ring stands at once.
+        RingPainter::paintInFlight(painter, m_images.wholeRing(now), {});
+    } else {
+        RingPainter::paintInFlight(
+            painter,
+            m_images.wholeRing(now),
+            {.scale = presentation.scale(), .opacity = presentation.opacity()});
+    }
+}
+
+void RadialLauncherView::renderAhead()
+{
+    const RingScene next = scene();
+    static_cast<void>(m_images.wholeRing(next));
+    updateShape();
+}
+
+void RadialLauncherView::scheduleRenderAhead()
+{
+    if (isVisible() || m_renderAhead.isActive()) {
+        return;
+    }
+    m_renderAhead = m_dependencies.ring.mainQueue.after(renderAheadDelay, [this] {
+        if (!isVisible()) {
+            renderAhead();
+        }
+    });
+}
+
+void RadialLauncherView::updateShape()
+{
+    const RingScene now = scene();
+    if (now == m_shapedScene) {
+        return;
+    }
+    m_shapedScene = now;
+    if (now.isOpaque) {
+        window()->setMask(RingPainter::shape(now));
+    } else if (!window()->mask().isEmpty()) {
+        window()->clearMask();
+    }
+}
+
+void RadialLauncherView::refreshAppearance()
+{
+    placeFilterField();
+    if (isVisible()) {
+        update();
+        if (!m_dependencies.windowServer.isCompositing()) {
+            updateShape();
+        }
+    } else {
+        scheduleRenderAhead();
+    }
+}
+
+void RadialLauncherView::ringChanged()
+{
+    m_motion.follow(m_interaction, false);
+    prefetchIcons();
+    refreshAppearance();
+    Q_EMIT slotsChanged();
+}
+
+void RadialLauncherView::highlightMoved(bool animated)
+{
+    const bool moves = animated && isVisible() && !m_dependencies.appearance.reducesMotion();
+    const RingScene before = moves ? RingScene() : scene();
+    m_motion.follow(m_interaction, moves);
+    if (moves) {
+        startFrames();
+    } else if (isVisible()) {
+        repaintHighlight(before);
+    }
+    Q_EMIT selectionChanged();
+}
+
+void RadialLauncherView::centerChanged()
+{
+    if (m_filterField->text() != m_interaction.query()) {
+        m_filterField->setText(m_interaction.query());
+    }
+    showField();
+    const bool spins = m_interaction.isFiltering() && m_interaction.isIndexing();
+    if (spins && isVisible()) {
+        startFrames();
+    }
+    refreshAppearance();
+}
+
+void RadialLauncherView::prefetchIcons()
+{
+    if (isVisible()) {
+        m_icons.prefetch(m_interaction.ringApps(), iconMeasures());
+    } else {
+        m_icons.prefetchAhead(
+            m_interaction.ringApps(), m_dependencies.ring.catalog.apps(), iconMeasures());
+    }
+}
+
+void RadialLauncherView::startFrames()
+{
+    if (m_frames.isActive()) {
+        return;
+    }
+    m_lastFrame = m_dependencies.ring.mainQueue.systemUptime();
+    m_frames = m_dependencies.ring.mainQueue.every(frameSeconds, [this] { stepFrame(); });
+}
+
+void RadialLauncherView::stepFrame()
+{
+    const double now = m_dependencies.ring.mainQueue.systemUptime();
+    const double seconds = now - m_lastFrame;
+    m_lastFrame = now;
+
+    const RingScene before = scene();
+    const bool turns = m_motion.advance(seconds);
+    m_fieldFade.advance(seconds, !before.isOpaque);
+    if (before.isOpaque && m_fieldFade.opacity() != before.center.fieldOpacity) {
+        updateShape();
+    }
+    const bool spins = before.center.spinnerStep >= 0;
+    m_spinnerTurns = spins ? m_spinnerTurns + seconds / spinnerTurnSeconds : 0;
+
+    repaintHighlight(before);
+    if (!isVisible() || (!turns && !spins && !m_fieldFade.isFading())) {
+        m_frames.cancel();
+    }
+}
+
+void RadialLauncherView::repaintHighlight(const RingScene& before)
+{
+    update(RingPainter::dirtyRegion(before, scene()));
+}
+
+/// Shows the empty field, and lets it fade after a while unless the user wants it to stay.
+void RadialLauncherView::showField()
+{
+    m_fieldFade.show(isVisible() && m_interaction.query().isEmpty()
+                     && !m_dependencies.ring.settings.keepsCenterHintVisible());
+}
+
+void RadialLauncherView::placeFilterField()
+{
+    const QPointF offset = inRingPlane({0, 0});
+    m_filterField->setGeometry(
+        CenterLayout::fieldRect(scene()).translated(-offset).toAlignedRect());
+}
+
+bool RadialLauncherView::event(QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::PaletteChange:
+    case QEvent::FontChange:
+    case QEvent::ScreenChangeInternal:
+        prefetchIcons();
+        refreshAppearance();
+        break;
+    default:
+        break;
+    }
+    return QWidget::event(event);
+}
+
+void RadialLauncherView::resizeEvent(QResizeEvent*)
+{
+    refreshAppearance();
+}
+
+void RadialLauncherView::showEvent(QShowEvent*)
+{
+    m_renderAhead.cancel();
+    // What this summon says may differ from what was drawn ahead.
+    updateShape();
+    m_interaction.setShown(true);
+    m_filterField->setFocus(Qt::OtherFocusReason);
+    showField();
+}
+
+void RadialLauncherView::hideEvent(QHideEvent*)
+{
+    m_frames.cancel();
+    m_fieldFade.cancel();
+    m_pointer.reset();
+    m_interaction.setShown(false);
+    // Resets what this summon left behind, so that the ring drawn ahead is the next summon's.
+    m_interaction.prepareForShow(false);
+    m_motion.follow(m_interaction, false);
+    scheduleRenderAhead();
+}
+
+void RadialLauncherView::enterEvent(QEnterEvent* event)
+{
+    m_interaction.hoverAt(inRingPlane(event->position()), geometryInPoints());
+}
+
+void RadialLauncherView::mouseMoveEvent(QMouseEvent* event)
+{
+    m_interaction.hoverAt(inRingPlane(event->position()), geometryInPoints());
+}
+
+void RadialLauncherView::mousePressEvent(QMouseEvent* event)
+{
+    m_pointer.press(inRingPlane(event->position()), event->button(), geometryInPoints());
+}
+
+void RadialLauncherView::mouseReleaseEvent(QMouseEvent* event)
+{
+    m_pointer.release(inRingPlane(event->position()), event->button(), geometryInPoints());
+}
+
+void RadialLauncherView::wheelEvent(QWheelEvent* event)
+{
+    m_pointer.turnWheel(event->angleDelta().y());
+    event->accept();
+}
+
+} // namespace Tavik

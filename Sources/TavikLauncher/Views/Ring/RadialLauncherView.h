@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncher/Ring/RingInteraction.h>
+#include <TavikLauncher/Ring/RingMotion.h>
+#include <TavikLauncher/Views/Ring/FieldFade.h>
+#include <TavikLauncher/Views/Ring/RingIcons.h>
+#include <TavikLauncher/Views/Ring/RingImageCache.h>
+#include <TavikLauncher/Views/Ring/RingPointer.h>
+#include <TavikLauncher/Views/Ring/RingScene.h>
+
+#include <QWidget>
+
+#include <functional>
+
+namespace Tavik {
+
+class DesktopAppearance;
+class FilterField;
+class WindowServer;
+class WorkQueue;
+
+/// The ring on the screen: paints the interaction's state and forwards the pointer to it. While the
+/// panel is hidden it draws the next summon's ring ahead, so that a summon decodes nothing and
+/// starts with one blit. Owned by the panel.
+class RadialLauncherView final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    struct Dependencies
+    {
+        RingInteraction::Dependencies ring;
+        QString ownIdentifier;
+        IconDecoder& iconDecoder;
+        WorkQueue& workQueue;
+        WindowServer& windowServer;
+        DesktopAppearance& appearance;
+        std::function<void()> onClose;
+    };
+
+    explicit RadialLauncherView(const Dependencies& dependencies, QWidget* parent = nullptr);
+    ~RadialLauncherView() override;
+
+    [[nodiscard]] RingInteraction& interaction() { return m_interaction; }
+    [[nodiscard]] const RingInteraction& interaction() const { return m_interaction; }
+    /// Everything as it is to be drawn now.
+    [[nodiscard]] RingScene scene();
+    /// The slot's wedge as a rectangle around its icon, in this widget's plane.
+    [[nodiscard]] QRect slotRect(int slot);
+    [[nodiscard]] FilterField& filterField() { return *m_filterField; }
+
+    /// Draws the ring of the next summon now.
+    void renderAhead();
+    /// The panel's shape where no compositor blends it; the whole rectangle otherwise.
+    void updateShape();
+
+Q_SIGNALS:
+    void selectionChanged();
+    void slotsChanged();
+
+protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void enterEvent(QEnterEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    [[nodiscard]] double diameter() const;
+    [[nodiscard]] RingGeometry geometryInPoints() const;
+    /// A point of this widget in the ring's own plane.
+    [[nodiscard]] QPointF inRingPlane(QPointF position) const;
+    [[nodiscard]] RingIcons::Measures iconMeasures() const;
+    [[nodiscard]] RingCenter centerTexts() const;
+
+    void connectInteraction();
+    void connectSurroundings();
+    void ringChanged();
+    void highlightMoved(bool animated);
+    void centerChanged();
+    void refreshAppearance();
+    void prefetchIcons();
+    void startFrames();
+    void stepFrame();
+    void repaintHighlight(const RingScene& before);
+    void scheduleRenderAhead();
+    void showField();
+    void placeFilterField();
+
+    Dependencies m_dependencies;
+    RingIcons m_icons;
+    RingInteraction m_interaction;
+    RingPointer m_pointer;
+    RingMotion m_motion;
+    FilterField* m_filterField;
+
+    RingImageCache m_images;
+    RingScene m_shapedScene; ///< What the panel's shape was made from.
+    FieldFade m_fieldFade;
+
+    Task m_frames;
+    double m_lastFrame = 0;
+    double m_spinnerTurns = 0;
+    Task m_renderAhead;
+};
+
+} // namespace Tavik

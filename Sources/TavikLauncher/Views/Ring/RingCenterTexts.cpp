@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Ring/RingInteraction.h>
+#include <TavikLauncher/Views/Ring/RingCenterTexts.h>
+
+namespace Tavik {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype longestDrawnText = 256; // A bundle may call itself anything.
+
+} // namespace
+
+RingCenter ringCenterTexts(const RingInteraction& ring, const RingCenterConditions& conditions)
+{
+    const QList<IndexedApp>& apps = ring.ringApps();
+    RingCenter center;
+    center.query = (ring.query() + conditions.preedit).left(longestDrawnText);
+    center.hint = u"Type to filter..."_s;
+    center.fieldOpacity = center.query.isEmpty() ? conditions.emptyFieldOpacity : 1.0;
+    if (ring.isPinnedForSearch()) {
+        center.indicator = center.query.isEmpty() ? u"Pinned"_s : u"Search mode"_s;
+    }
+    if (conditions.showsAppNames && ring.hasActiveSelection()
+        && ring.selectedIndex() < apps.size()) {
+        center.selectedName = apps.at(ring.selectedIndex()).name().left(longestDrawnText);
+    }
+    if (ring.isFiltering() && apps.isEmpty()) {
+        if (ring.isIndexing()) {
+            center.spinnerStep = conditions.spinnerStep;
+        } else {
+            center.message = u"No matches"_s;
+        }
+    }
+    center.launchHint = ring.launchHint().value_or(QString());
+    return center;
+}
+
+} // namespace Tavik

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncher/Views/Ring/RingScene.h>
+
+#include <QImage>
+
+namespace Tavik {
+
+/// The two images that a ring is drawn from, each kept for as long as the scene that it was drawn
+/// from stays the same: the band at rest, and the whole ring for the opening animation.
+class RingImageCache
+{
+public:
+    [[nodiscard]] const QImage& band(const RingScene& scene);
+    [[nodiscard]] const QImage& wholeRing(const RingScene& scene);
+
+private:
+    QImage m_band;
+    RingScene m_bandScene;
+    QImage m_wholeRing;
+    RingScene m_wholeRingScene;
+};
+
+} // namespace Tavik

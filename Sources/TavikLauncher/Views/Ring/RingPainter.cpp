@@ -1,0 +1,326 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/Look.h>
+#include <TavikLauncher/Views/Ring/CenterLayout.h>
+#include <TavikLauncher/Views/Ring/CenterPainter.h>
+#include <TavikLauncher/Views/Ring/RingPainter.h>
+
+#include <QLinearGradient>
+#include <QPainter>
+#include <QRadialGradient>
+
+#include <algorithm>
+#include <cmath>
+
+namespace Tavik {
+
+bool RingIcon::operator==(const RingIcon& other) const
+{
+    return center == other.center && icon.cacheKey() == other.icon.cacheKey()
+        && emphasizedIcon.cacheKey() == other.emphasizedIcon.cacheKey()
+        && emphasis == other.emphasis && isRunning == other.isRunning
+        && dimsWhenNotRunning == other.dimsWhenNotRunning;
+}
+
+namespace RingPainter {
+
+namespace {
+
+constexpr double outlineOpacity = 0.16;
+constexpr double wedgeOutlineOpacity = 0.22;
+constexpr double materialOpacity = 0.45;
+constexpr QColor materialColor(40, 40, 42);
+constexpr QColor opaqueBase(28, 28, 30);
+constexpr double shadowReach = 0.05; // Of the diameter: all the room the panel leaves.
+constexpr double emphasisScale = 0.08;
+constexpr double dimmedOpacity = 0.72;
+constexpr double dotRadius = 3.0;
+constexpr double dotGap = 6.0;
+
+double margin(const RingScene& scene)
+{
+    return (RingGeometry::panelSide(scene.diameter) - scene.diameter) / 2;
+}
+
+QRectF wedgeBounds(const RingScene& scene)
+{
+    const double offset = margin(scene);
+    return scene.geometry.wedgeShape(scene.wedgeDegrees)
+        .boundingRect()
+        .adjusted(-1, -1, 1, 1)
+        .translated(offset, offset);
+}
+
+QRectF slotBounds(const RingScene& scene, const RingIcon& icon)
+{
+    const RingGeometry& ring = scene.geometry;
+    const double reach
+        = std::max(ring.haloSize, ring.effectiveIconSize * 1.2) / 2 + dotGap + 2 * dotRadius;
+    const QPointF center = icon.center + QPointF(margin(scene), margin(scene));
+    return {center.x() - reach, center.y() - reach, 2 * reach, 2 * reach};
+}
+
+/// A drawing surface of the panel's size, with its painter's plane moved to the ring's.
+QImage transparentImage(const RingScene& scene)
+{
+    const double side = RingGeometry::panelSide(scene.diameter);
+    const int pixels = std::max(1, static_cast<int>(std::ceil(side * scene.devicePixelRatio)));
+    QImage image(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(scene.devicePixelRatio);
+    image.fill(Qt::transparent);
+    return image;
+}
+
+/// Falls off like the edge of a blurred disc; `strength` is the darkness at the edge itself.
+void addShadowStops(QGradient& gradient, double edge, double reach, double strength, bool outwards)
+{
+    constexpr int steps = 8;
+    for (int i = 0; i <= steps; ++i) {
+        const double t = static_cast<double>(i) / steps;
+        const double falloff = (1 - t) * (1 - t) * strength;
+        gradient.setColorAt(std::clamp(edge + (outwards ? t : -t) * reach, 0.0, 1.0),
+                            withOpacity(Qt::black, falloff));
+    }
+}
+
+void paintShadow(QPainter& painter, const RingScene& scene)
+{
+    const RingGeometry& ring = scene.geometry;
+    const double reach = scene.diameter * shadowReach;
+    const double outermost = ring.outerRadius + reach;
+    const QPointF below(0, reach * 0.2);
+
+    painter.setPen(Qt::NoPen);
+    QRadialGradient outside(ring.center + below, outermost);
+    addShadowStops(outside, ring.outerRadius / outermost, reach / outermost, 0.34, true);
+    QPainterPath surroundings;
+    surroundings.addEllipse(ring.center + below, outermost, outermost);
+    QPainterPath disc;
+    disc.addEllipse(ring.center, ring.outerRadius, ring.outerRadius);
+    painter.fillPath(surroundings.subtracted(disc), outside);
+
+    QRadialGradient inside(ring.center + below, ring.innerRadius + below.y());
+    const double innermost = ring.innerRadius + below.y();
+    addShadowStops(inside, 1.0, std::min(reach / innermost, 1.0), 0.16, false);
+    QPainterPath hole;
+    hole.addEllipse(ring.center, ring.innerRadius, ring.innerRadius);
+    painter.fillPath(hole, inside);
+}
+
+void paintBand(QPainter& painter, const RingScene& scene)
+{
+    const RingGeometry& ring = scene.geometry;
+    const QPainterPath donut = ring.donutShape();
+    if (scene.isOpaque) {
+        // Past the smooth edges: a pixel that is only half the ring's would turn black.
+        QPainterPath base;
+        base.addEllipse(ring.center, ring.outerRadius + 2, ring.outerRadius + 2);
+        base.addEllipse(ring.center, ring.innerRadius - 2, ring.innerRadius - 2);
+        painter.fillPath(base, opaqueBase);
+    }
+    painter.fillPath(donut, withOpacity(materialColor, materialOpacity));
+
+    QLinearGradient fill(ring.center.x(),
+                         ring.center.y() - ring.outerRadius,
+                         ring.center.x(),
+                         ring.center.y() + ring.outerRadius);
+    fill.setColorAt(0, scene.style.bandTop);
+    fill.setColorAt(1, scene.style.bandBottom);
+    painter.fillPath(donut, fill);
+
+    painter.setPen(QPen(withOpacity(Qt::white, outlineOpacity), 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawEllipse(ring.center, ring.outerRadius, ring.outerRadius);
+    painter.drawEllipse(ring.center, ring.innerRadius, ring.innerRadius);
+}
+
+void paintWedge(QPainter& painter, const RingScene& scene)
+{
+    const QPainterPath wedge = scene.geometry.wedgeShape(scene.wedgeDegrees);
+    const QRectF bounds = wedge.boundingRect();
+    QLinearGradient fill(bounds.topLeft(), bounds.bottomLeft());
+    fill.setColorAt(0, scene.style.highlightTop);
+    fill.setColorAt(1, scene.style.highlightBottom);
+    painter.setPen(QPen(withOpacity(Qt::white, wedgeOutlineOpacity), 1));
+    painter.setBrush(fill);
+    painter.drawPath(wedge);
+}
+
+void paintHalo(QPainter& painter, const RingScene& scene, const RingIcon& icon)
+{
+    const double strength = std::clamp(icon.emphasis, 0.0, 1.0);
+    if (strength <= 0) {
+        return;
+    }
+    constexpr double lineWidth = 2;
+    const double radius = scene.geometry.haloSize / 2 - lineWidth / 2;
+    painter.setPen(QPen(withOpacity(scene.style.accent, 0.35 * strength), lineWidth));
+    painter.setBrush(withOpacity(scene.style.accent, 0.22 * strength));
+    painter.drawEllipse(icon.center, radius, radius);
+}
+
+/// Puts an image that is already at its final size exactly on the device's pixels.
+void drawOnPixels(QPainter& painter, QPointF center, const QImage& image, double ratio)
+{
+    const QPointF origin = painter.transform().map(center) * ratio;
+    const QPointF corner(std::round(origin.x() - image.width() / 2.0),
+                         std::round(origin.y() - image.height() / 2.0));
+    const QTransform inverse = painter.transform().inverted();
+    painter.drawImage(inverse.map(corner / ratio), image);
+}
+
+void paintIcon(QPainter& painter, const RingScene& scene, const RingIcon& icon)
+{
+    const double strength = std::clamp(icon.emphasis, 0.0, 1.0);
+    const bool dims = !icon.isRunning && icon.dimsWhenNotRunning;
+    const double opacity = dims ? dimmedOpacity + (1 - dimmedOpacity) * strength : 1.0;
+    const double outerOpacity = painter.opacity();
+    painter.setOpacity(outerOpacity * opacity);
+
+    if (icon.icon.isNull()) {
+        const double side = scene.geometry.effectiveIconSize * 0.8;
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(withOpacity(Qt::white, 0.10));
+        painter.drawRoundedRect(
+            QRectF(icon.center.x() - side / 2, icon.center.y() - side / 2, side, side), 12, 12);
+    } else if (icon.emphasis == 0) {
+        drawOnPixels(painter, icon.center, icon.icon, scene.devicePixelRatio);
+    } else if (icon.emphasis == 1 && !icon.emphasizedIcon.isNull()) {
+        drawOnPixels(painter, icon.center, icon.emphasizedIcon, scene.devicePixelRatio);
+    } else {
+        const bool isSharp = !icon.emphasizedIcon.isNull();
+        const QImage& source = isSharp ? icon.emphasizedIcon : icon.icon;
+        const double scale
+            = (1 + emphasisScale * icon.emphasis) / (isSharp ? 1 + emphasisScale : 1.0);
+        const QSizeF size = source.deviceIndependentSize() * scale;
+        const QPointF corner = icon.center - QPointF(size.width(), size.height()) / 2;
+        painter.drawImage(QRectF(corner, size), source);
+    }
+    painter.setOpacity(outerOpacity);
+}
+
+/// Below the icon, on the band.
+void paintRunningDot(QPainter& painter, const RingScene& scene, const RingIcon& icon)
+{
+    if (!scene.style.showsRunningDot || !icon.isRunning) {
+        return;
+    }
+    const RingGeometry& ring = scene.geometry;
+    const double bandLimit = (ring.outerRadius - ring.innerRadius) / 2 - dotRadius - 1;
+    const double offset = std::min(ring.effectiveIconSize / 2 + dotGap, std::max(bandLimit, 0.0));
+    const QPointF place = icon.center + QPointF(0, offset);
+    painter.setPen(QPen(withOpacity(Qt::black, 0.25), 1));
+    painter.setBrush(scene.style.dot);
+    painter.drawEllipse(place, dotRadius, dotRadius);
+}
+
+void paintInRingPlane(QPainter& painter, const RingScene& scene, const QRectF& dirty)
+{
+    if (scene.showsWedge) {
+        paintWedge(painter, scene);
+    }
+    for (const RingIcon& icon : scene.icons) {
+        if (slotBounds(scene, icon).intersects(dirty)) {
+            paintHalo(painter, scene, icon);
+            paintIcon(painter, scene, icon);
+            paintRunningDot(painter, scene, icon);
+        }
+    }
+    CenterPainter::paint(painter, scene);
+}
+
+} // namespace
+
+QImage bandImage(const RingScene& scene)
+{
+    QImage image = transparentImage(scene);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(margin(scene), margin(scene));
+    if (scene.geometry.outerRadius <= scene.geometry.innerRadius) {
+        return image; // A preview without room.
+    }
+    if (!scene.isOpaque) {
+        paintShadow(painter, scene);
+    }
+    paintBand(painter, scene);
+    return image;
+}
+
+QImage ringImage(const RingScene& scene, const QImage& band)
+{
+    QImage image = transparentImage(scene);
+    QPainter painter(&image);
+    const double side = RingGeometry::panelSide(scene.diameter);
+    paint(painter, scene, band, QRectF(0, 0, side, side));
+    return image;
+}
+
+void paint(QPainter& painter, const RingScene& scene, const QImage& band, const QRectF& dirty)
+{
+    const double offset = margin(scene);
+    painter.drawImage(QPointF(0, 0), band);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform
+                           | QPainter::TextAntialiasing);
+    painter.translate(offset, offset);
+    paintInRingPlane(painter, scene, dirty);
+    painter.translate(-offset, -offset);
+}
+
+void paintInFlight(QPainter& painter, const QImage& ring, const Flight& flight)
+{
+    const QSizeF size = ring.deviceIndependentSize();
+    const QSizeF scaled = size * flight.scale;
+    const QPointF corner((size.width() - scaled.width()) / 2,
+                         (size.height() - scaled.height()) / 2);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.setOpacity(flight.opacity);
+    painter.drawImage(QRectF(corner, scaled), ring);
+}
+
+QRegion dirtyRegion(const RingScene& before, const RingScene& now)
+{
+    if (before.icons.size() != now.icons.size()) {
+        const double side = RingGeometry::panelSide(now.diameter);
+        return QRectF(0, 0, side, side).toAlignedRect();
+    }
+    QRegion dirty;
+    if (before.wedgeDegrees != now.wedgeDegrees || before.showsWedge != now.showsWedge) {
+        dirty += wedgeBounds(before).toAlignedRect();
+        dirty += wedgeBounds(now).toAlignedRect();
+    }
+    for (qsizetype slot = 0; slot < now.icons.size(); ++slot) {
+        if (!(before.icons.at(slot) == now.icons.at(slot))) {
+            dirty += slotBounds(now, now.icons.at(slot)).toAlignedRect();
+        }
+    }
+    if (!(before.center == now.center)) {
+        const double reach = now.geometry.innerRadius;
+        QRectF hole(0, 0, 2 * reach, 2 * reach);
+        hole.moveCenter(now.geometry.center + QPointF(margin(now), margin(now)));
+        dirty += hole.toAlignedRect();
+    }
+    return dirty;
+}
+
+QRegion shape(const RingScene& scene)
+{
+    const RingGeometry& ring = scene.geometry;
+    const QPointF center = ring.center + QPointF(margin(scene), margin(scene));
+    const auto circle = [center](double radius) {
+        const QRectF bounds(center.x() - radius, center.y() - radius, 2 * radius, 2 * radius);
+        return QRegion(bounds.toAlignedRect(), QRegion::Ellipse);
+    };
+    QRegion region = circle(ring.outerRadius) - circle(ring.innerRadius - 1);
+    for (const CenterLayout::Label& label : CenterLayout::visibleLabels(scene)) {
+        QPainterPath outline;
+        outline.addRoundedRect(label.rect.translated(margin(scene), margin(scene)),
+                               label.cornerRadius,
+                               label.cornerRadius);
+        region += QRegion(outline.toFillPolygon().toPolygon());
+    }
+    return region;
+}
+
+} // namespace RingPainter
+
+} // namespace Tavik

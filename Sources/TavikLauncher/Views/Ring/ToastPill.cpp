@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/Look.h>
+#include <TavikLauncher/Views/Ring/RingStyle.h>
+#include <TavikLauncher/Views/Ring/ToastPill.h>
+
+#include <QPainter>
+
+namespace Tavik {
+
+void ToastPill::paint(QPainter& painter, const QRectF& rect, bool isOpaque) const
+{
+    constexpr QColor prominentFill(28, 28, 30);
+    constexpr QColor quietFill(58, 58, 60);
+    const QColor fill = isProminent ? prominentFill : quietFill;
+    if (isOpaque) {
+        // Past the smooth edge: a pixel that is only half the label's would turn black.
+        painter.fillRect(rect.adjusted(-1, -1, 1, 1), fill);
+    }
+    painter.setPen(QPen(withOpacity(Qt::white, 0.18), 1));
+    painter.setBrush(withOpacity(fill, isOpaque ? 1.0 : opacity));
+    // Half a point in, so that the line lies inside and on whole pixels.
+    const QRectF line = rect.adjusted(0.5, 0.5, -0.5, -0.5);
+    painter.drawRoundedRect(line, cornerRadius - 0.5, cornerRadius - 0.5);
+}
+
+} // namespace Tavik

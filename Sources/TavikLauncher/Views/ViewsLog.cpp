@@ -1,8 +1,0 @@
-// SPDX-License-Identifier: MIT
-#include <TavikLauncher/Views/ViewsLog.h>
-
-namespace Tavik {
-
-Q_LOGGING_CATEGORY(viewsLog, "tavik.views")
-
-} // namespace Tavik

@@ -1,0 +1,324 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/SymbolView.h>
+#include <TavikLauncher/Look/WindowStyle.h>
+#include <TavikLauncher/Views/Windows/AccessibilityPermissionView.h>
+#include <TavikLauncher/Views/Windows/SettingsDiagram.h>
+
+#include <QEvent>
+#include <QIconEngine>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+#include <QShowEvent>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace Tavik {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int windowWidth = 440;
+constexpr int margin = 28;
+constexpr int badgeSide = 72;
+constexpr double badgeSymbol = 38;
+constexpr double badgeOpacity = 0.12;
+constexpr int buttonIcon = 16;
+constexpr int iconGap = 5; // Between it and the button's text, more than the style leaves.
+constexpr int buttonHeight = 32;
+
+QColor warning(const QPalette& palette)
+{
+    return WindowStyle::isDark(palette) ? QColor(0xFF, 0x9F, 0x0A) : QColor(0xC9, 0x6A, 0x00);
+}
+
+/// A symbol that is drawn for whatever size and scale it is asked for, in a square at the left.
+class SymbolIconEngine final : public QIconEngine
+{
+public:
+    SymbolIconEngine(Symbol symbol, const QColor& color)
+        : m_symbol(symbol)
+        , m_color(color)
+    { }
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override
+    {
+        paintSymbol(*painter,
+                    m_symbol,
+                    QRectF(rect.topLeft(), QSizeF(rect.height(), rect.height())),
+                    m_color);
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
+    {
+        QPixmap pixmap(size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        paint(&painter, QRect(QPoint(), size), mode, state);
+        return pixmap;
+    }
+    [[nodiscard]] QIconEngine* clone() const override
+    {
+        return new SymbolIconEngine(m_symbol, m_color);
+    }
+
+private:
+    Symbol m_symbol;
+    QColor m_color;
+};
+
+} // namespace
+
+/// The large symbol in a circle of its own colour.
+class AccessibilityPermissionView::Badge final : public QWidget
+{
+public:
+    explicit Badge(QWidget* parent)
+        : QWidget(parent)
+    {
+        setFixedSize(badgeSide, badgeSide);
+    }
+
+    void setGranted(bool isGranted)
+    {
+        m_isGranted = isGranted;
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const QColor color
+            = m_isGranted ? WindowStyle::success(palette()) : WindowStyle::tint(palette());
+        QColor disc = color;
+        disc.setAlphaF(static_cast<float>(badgeOpacity));
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(disc);
+        painter.drawEllipse(rect());
+        QRectF square(0, 0, badgeSymbol, badgeSymbol);
+        square.moveCenter(QRectF(rect()).center());
+        paintSymbol(
+            painter, m_isGranted ? Symbol::checkmarkCircle : Symbol::keyboardBadge, square, color);
+    }
+
+private:
+    bool m_isGranted = false;
+};
+
+/// A hairline between the explanation and the controls, in the colours of the moment.
+class AccessibilityPermissionView::Divider final : public QWidget
+{
+public:
+    explicit Divider(QWidget* parent)
+        : QWidget(parent)
+    {
+        setFixedHeight(1);
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter(this).fillRect(rect(), WindowStyle::hairline(palette()));
+    }
+};
+
+AccessibilityPermissionView::AccessibilityPermissionView(
+    AccessibilityPermission& permission,
+    MainQueue& mainQueue,
+    AccessibilityPermissionSession::Actions actions,
+    QWidget* parent)
+    : QWidget(parent)
+    , m_session(permission, mainQueue, std::move(actions))
+{
+    setFixedWidth(windowWidth);
+    setFocusPolicy(Qt::StrongFocus);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, margin, 0, margin - 4);
+    layout->setSpacing(0);
+    layout->addStretch(0); // What stands alone stands in the middle, see `showPhase`.
+    layout->addLayout(makeHead());
+
+    // Around the drawing, and in its place when it is gone.
+    constexpr int diagramRoom = 24;
+    layout->addStretch(1);
+    m_diagram = new SettingsDiagram(this);
+    m_diagram->setContentsMargins(0, 0, 0, 0);
+    layout->addSpacing(diagramRoom);
+    layout->addWidget(m_diagram, 0, Qt::AlignHCenter);
+    layout->addSpacing(diagramRoom);
+    layout->addStretch(1);
+
+    m_divider = new Divider(this);
+    layout->addWidget(m_divider);
+    layout->addLayout(makeControls());
+
+    connect(&m_session,
+            &AccessibilityPermissionSession::changed,
+            this,
+            &AccessibilityPermissionView::showPhase);
+    showPhase();
+}
+
+QLayout* AccessibilityPermissionView::makeHead()
+{
+    auto* head = new QVBoxLayout;
+    head->setContentsMargins(margin, 0, margin, 0);
+    head->setSpacing(0);
+    m_badge = new Badge(this);
+    head->addWidget(m_badge, 0, Qt::AlignHCenter);
+    head->addSpacing(16);
+    m_title = WindowStyle::makeLabel({}, {.size = 20, .weight = QFont::DemiBold}, this);
+    m_title->setAlignment(Qt::AlignHCenter);
+    head->addWidget(m_title);
+    head->addSpacing(8);
+    m_text = WindowStyle::makeLabel({}, {.role = WindowStyle::TextRole::secondary}, this);
+    m_text->setAlignment(Qt::AlignHCenter);
+    head->addWidget(m_text);
+    return head;
+}
+
+QLayout* AccessibilityPermissionView::makeControls()
+{
+    using Session = AccessibilityPermissionSession;
+    auto* controls = new QVBoxLayout;
+    controls->setContentsMargins(margin, 18, margin, 0);
+    controls->setSpacing(9);
+    m_instruction = WindowStyle::makeLabel(
+        u"If a permission prompt appeared, click Allow. Otherwise open Settings and enable the toggle next to Tavik Launcher."_s,
+        {.size = 12, .role = WindowStyle::TextRole::secondary},
+        this);
+    m_instruction->setAlignment(Qt::AlignHCenter);
+    controls->addWidget(m_instruction);
+
+    m_hint = new QWidget(this);
+    auto* hint = new QHBoxLayout(m_hint);
+    hint->setContentsMargins(0, 0, 0, 0);
+    hint->setSpacing(8);
+    hint->addWidget(new SymbolView(Symbol::warningTriangle, buttonIcon, &warning, m_hint));
+    hint->addWidget(
+        WindowStyle::makeLabel(
+            u"Not enabled yet — flip the toggle next to Tavik Launcher in Accessibility settings."_s,
+            {.size = 12},
+            m_hint),
+        1);
+    controls->addWidget(m_hint);
+
+    m_enable = makeButton(u"Enable Accessibility Access"_s, &Session::enableAccess);
+    m_openSettings = makeButton(u"Open Accessibility Settings"_s, &Session::openSettings);
+    m_done = makeButton(u"Done — I've Enabled It"_s, &Session::done);
+    m_skip = makeButton(u"Skip for Now"_s, &Session::skip);
+    m_skip->setFlat(true);
+    for (QPushButton* button : {m_enable, m_openSettings, m_done, m_skip}) {
+        controls->addWidget(button);
+    }
+    updateIcons();
+    return controls;
+}
+
+QPushButton*
+AccessibilityPermissionView::makeButton(const QString& text,
+                                        void (AccessibilityPermissionSession::*action)())
+{
+    QPushButton* button = WindowStyle::makeButton(text, this);
+    button->setMinimumHeight(buttonHeight);
+    button->setIconSize(QSize(buttonIcon + iconGap, buttonIcon));
+    button->setAutoDefault(true);
+    connect(button, &QPushButton::clicked, &m_session, action);
+    return button;
+}
+
+void AccessibilityPermissionView::updateIcons()
+{
+    const QColor ink = palette().color(QPalette::ButtonText);
+    m_enable->setIcon(QIcon(new SymbolIconEngine(Symbol::keyboardBadge, ink)));
+    m_openSettings->setIcon(QIcon(new SymbolIconEngine(Symbol::arrowSquare, ink)));
+}
+
+void AccessibilityPermissionView::showPhase()
+{
+    using Phase = AccessibilityPermissionSession::Phase;
+    const Phase phase = m_session.phase();
+    const bool isGranted = phase == Phase::granted;
+    m_badge->setGranted(isGranted);
+    m_divider->setVisible(!isGranted);
+    constexpr int asMuchAsBelow = 2;
+    static_cast<QVBoxLayout*>(layout())->setStretch(0, isGranted ? asMuchAsBelow : 0);
+    m_title->setText(isGranted ? u"Hotkey Is Active"_s : u"Allow Accessibility Access"_s);
+    m_text->setText(
+        isGranted
+            ? u"The global hotkey is now working. Tavik Launcher will appear over any app."_s
+            : u"Tavik Launcher needs Accessibility permission so the hotkey works when other apps are in the foreground."_s);
+    m_diagram->setVisible(phase == Phase::prompt);
+    m_enable->setVisible(phase == Phase::prompt);
+    m_instruction->setVisible(phase == Phase::waitingForUser);
+    m_openSettings->setVisible(phase == Phase::waitingForUser);
+    m_done->setVisible(phase == Phase::waitingForUser);
+    m_skip->setVisible(phase == Phase::waitingForUser);
+    m_hint->setVisible(phase == Phase::waitingForUser && m_session.showsNotEnabledHint());
+    if (QPushButton* button = defaultButton()) {
+        button->setDefault(true);
+        button->setFocus();
+    } else {
+        setFocus();
+    }
+    WindowStyle::fitHeight(*this);
+}
+
+QPushButton* AccessibilityPermissionView::defaultButton() const
+{
+    using Phase = AccessibilityPermissionSession::Phase;
+    switch (m_session.phase()) {
+    case Phase::prompt:
+        return m_enable;
+    case Phase::waitingForUser:
+        return m_openSettings;
+    case Phase::granted:
+        break;
+    }
+    return nullptr;
+}
+
+void AccessibilityPermissionView::keyPressEvent(QKeyEvent* event)
+{
+    const bool isReturn = WindowStyle::isReturn(*event);
+    QPushButton* button = defaultButton();
+    if (event->isAutoRepeat()) {
+        QWidget::keyPressEvent(event);
+    } else if (isReturn && button) {
+        button->click();
+    } else if (isReturn || event->key() == Qt::Key_Escape) {
+        m_session.skip();
+    } else {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void AccessibilityPermissionView::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (!event->spontaneous()) {
+        m_session.appear();
+    }
+}
+
+void AccessibilityPermissionView::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    if (!event->spontaneous()) {
+        m_session.disappear();
+    }
+}
+
+void AccessibilityPermissionView::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && m_enable) {
+        updateIcons();
+    }
+}
+
+} // namespace Tavik

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncher/Look/Symbol.h>
+#include <TavikLauncher/Views/Windows/AccessibilityPermissionSession.h>
+
+#include <QWidget>
+
+class QLabel;
+class QPushButton;
+class QVBoxLayout;
+
+namespace Tavik {
+
+class SettingsDiagram;
+
+/// The window that asks for the permission to watch the keyboard: why it is needed, the way to the
+/// switch, and, once it is on, that the trigger works. Made anew each time it is opened.
+class AccessibilityPermissionView final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    AccessibilityPermissionView(AccessibilityPermission& permission,
+                                MainQueue& mainQueue,
+                                AccessibilityPermissionSession::Actions actions,
+                                QWidget* parent = nullptr);
+
+    [[nodiscard]] AccessibilityPermissionSession& session() { return m_session; }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    class Badge;
+    class Divider;
+    QLayout* makeHead();
+    QLayout* makeControls();
+    QPushButton* makeButton(const QString& text, void (AccessibilityPermissionSession::*action)());
+    void showPhase();
+    /// What Return presses; null where there is nothing left to choose.
+    [[nodiscard]] QPushButton* defaultButton() const;
+    void updateIcons();
+
+    AccessibilityPermissionSession m_session;
+    Badge* m_badge = nullptr;
+    QLabel* m_title = nullptr;
+    QLabel* m_text = nullptr;
+    SettingsDiagram* m_diagram = nullptr;
+    Divider* m_divider = nullptr;
+    QLabel* m_instruction = nullptr;
+    QWidget* m_hint = nullptr;
+    QPushButton* m_enable = nullptr;
+    QPushButton* m_openSettings = nullptr;
+    QPushButton* m_done = nullptr;
+    QPushButton* m_skip = nullptr;
+};
+
+} // namespace Tavik

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/AppIconView.h>
+#include <TavikLauncher/Look/SymbolView.h>
+#include <TavikLauncher/Look/WindowStyle.h>
+#include <TavikLauncher/Settings/HotKeyConfig.h>
+#include <TavikLauncher/Views/Windows/OnboardingTour.h>
+#include <TavikLauncher/Views/Windows/OnboardingView.h>
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace Tavik {
+
+using namespace Qt::StringLiterals;
+using WindowStyle::makeLabel;
+using WindowStyle::TextRole;
+
+namespace {
+
+constexpr int windowWidth = 560;
+constexpr int padding = 26;
+constexpr int iconSide = 60;
+constexpr int headerGap = 16;
+constexpr int rowSymbol = 24;
+
+/// The shortcut's name is the user's own text. A label breaks its lines between words only, and
+/// cuts off a longer word than it has room for.
+QString breakable(QString text)
+{
+    static const QRegularExpression longRun(u"(\\S{30})(?=\\S)"_s);
+    return text.replace(longRun, u"\\1\u200B"_s);
+}
+
+} // namespace
+
+OnboardingView::OnboardingView(const HotKeyConfig& hotKey, Actions actions, QWidget* parent)
+    : QWidget(parent)
+    , m_actions(std::move(actions))
+{
+    setFixedWidth(windowWidth);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(padding, padding - 4, padding, padding - 6);
+    layout->setSpacing(0);
+    layout->addLayout(makeHeader());
+    layout->addSpacing(18);
+    for (const TourRow& row : tourRows(hotKey)) {
+        layout->addLayout(makeRow(row));
+        layout->addSpacing(12);
+    }
+    layout->addStretch(1);
+    layout->addSpacing(6);
+    layout->addLayout(makeButtons());
+    WindowStyle::fitHeight(*this);
+}
+
+QLayout* OnboardingView::makeHeader()
+{
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(3);
+    texts->addStretch(1);
+    texts->addWidget(makeLabel(u"Tavik Launcher"_s, {.size = 25, .weight = QFont::Bold}, this));
+    texts->addWidget(makeLabel(u"A fast radial launcher centered wherever your pointer is."_s,
+                               {.size = 14, .role = TextRole::secondary},
+                               this));
+    texts->addStretch(1);
+
+    auto* header = new QHBoxLayout;
+    header->setSpacing(headerGap);
+    header->addWidget(new AppIconView(iconSide, this));
+    header->addLayout(texts, 1);
+    return header;
+}
+
+QLayout* OnboardingView::makeRow(const TourRow& row)
+{
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(2);
+    texts->addWidget(makeLabel(row.title, {.size = 14, .weight = QFont::DemiBold}, this));
+    texts->addWidget(makeLabel(breakable(row.detail), {.role = TextRole::secondary}, this));
+
+    auto* symbol = new SymbolView(row.symbol, rowSymbol, &WindowStyle::tint, this);
+    auto* layout = new QHBoxLayout;
+    // The symbols stand on the icon's axis.
+    constexpr int aside = (iconSide - rowSymbol) / 2;
+    layout->setContentsMargins(aside, 0, 0, 0);
+    layout->setSpacing(aside + headerGap);
+    layout->addWidget(symbol, 0, Qt::AlignTop);
+    layout->addLayout(texts, 1);
+    return layout;
+}
+
+QLayout* OnboardingView::makeButtons()
+{
+    auto* openSettings = WindowStyle::makeButton(u"Open Settings"_s, this);
+    m_start = WindowStyle::makeButton(u"Start Using Tavik"_s, this);
+    m_start->setDefault(true);
+    connect(openSettings, &QPushButton::clicked, this, [this] {
+        if (m_actions.onOpenSettings) {
+            m_actions.onOpenSettings();
+        }
+    });
+    connect(m_start, &QPushButton::clicked, this, [this] {
+        if (m_actions.onFinish) {
+            m_actions.onFinish();
+        }
+    });
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(8);
+    buttons->addStretch(1);
+    buttons->addWidget(openSettings);
+    buttons->addWidget(m_start);
+    return buttons;
+}
+
+void OnboardingView::keyPressEvent(QKeyEvent* event)
+{
+    if (WindowStyle::isReturn(*event) && !event->isAutoRepeat()
+        && !(event->modifiers() & ~Qt::KeypadModifier)) {
+        m_start->click();
+    } else {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void OnboardingView::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    m_start->setFocus();
+}
+
+} // namespace Tavik

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/DesktopPalette.h>
+#include <TavikLauncher/Look/WindowStyle.h>
+
+#include <QApplication>
+#include <QStyle>
+#include <QTest>
+#include <QWidget>
+
+#include <Support/FakeDesktop.h>
+#include <algorithm>
+#include <cmath>
+
+using namespace Tavik;
+using namespace Tavik::Test;
+
+namespace {
+
+/// From 1 (none) to 21, as accessibility guidelines compute it.
+double contrast(const QColor& one, const QColor& other)
+{
+    const auto luminance = [](const QColor& color) {
+        const auto linear = [](double channel) {
+            return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF())
+            + 0.0722 * linear(color.blueF());
+    };
+    const auto [darker, lighter] = std::minmax(luminance(one), luminance(other));
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+} // namespace
+
+class DesktopPaletteTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { QApplication::setPalette(QPalette()); }
+
+    void windowsFollowTheDesktopWhileTheyAreOpen()
+    {
+        const QPalette toolkits = QApplication::palette();
+        FakeAppearance appearance;
+        QWidget window;
+        window.show();
+        const DesktopPalette palette(appearance);
+        using enum ColorScheme;
+        // Asked twice for the same, another answer of the desktop's has changed.
+        for (const ColorScheme scheme : {dark, dark, light, dark, noPreference, light}) {
+            appearance.scheme = scheme;
+            appearance.onChanged();
+            QCoreApplication::processEvents();
+            QCOMPARE(WindowStyle::isDark(window.palette()), scheme == dark);
+            QCOMPARE(QApplication::palette() == toolkits, scheme != dark);
+        }
+    }
+
+    void aThemeWithColorsOfItsOwnKeepsThem()
+    {
+        QApplication::setPalette(QPalette(QColor(230, 220, 210), QColor(250, 240, 230)));
+        const QPalette themes = QApplication::palette();
+        FakeAppearance appearance;
+        appearance.scheme = ColorScheme::dark;
+        const DesktopPalette palette(appearance);
+        QCOMPARE(QApplication::palette(), themes);
+    }
+
+    void textsCanBeReadInTheDarkAndInTheLight()
+    {
+        using enum QPalette::ColorRole;
+        const QPalette dark
+            = DesktopPalette::replacing(QPalette(Qt::white), ColorScheme::dark).value();
+        const QPalette light = DesktopPalette::replacing(dark, ColorScheme::light).value();
+        struct Pair
+        {
+            QPalette::ColorRole text;
+            QPalette::ColorRole ground;
+            double least;
+        };
+        for (const QPalette& palette : {dark, light}) {
+            for (const auto& [text, ground, least] : {Pair{WindowText, Window, 12},
+                                                      Pair{Text, Base, 12},
+                                                      Pair{Text, AlternateBase, 11},
+                                                      Pair{ButtonText, Button, 9},
+                                                      Pair{ToolTipText, ToolTipBase, 9},
+                                                      Pair{PlaceholderText, Base, 4.5},
+                                                      Pair{PlaceholderText, Window, 4.5},
+                                                      Pair{Link, Window, 4.5},
+                                                      Pair{HighlightedText, Highlight, 3}}) {
+                const double seen = contrast(palette.color(text), palette.color(ground));
+                QVERIFY2(seen >= least,
+                         qPrintable(QString::number(text) + u' ' + QString::number(seen)));
+            }
+        }
+    }
+};
+
+QTEST_MAIN(DesktopPaletteTest)
+#include "DesktopPaletteTest.moc"

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/HoverTooltip.h>
+
+#include <QPushButton>
+#include <QTest>
+
+#include <Support/Table.h>
+#include <Support/VirtualMainQueue.h>
+
+using namespace Tavik;
+using namespace Tavik::Test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct HoveredButton
+{
+    HoveredButton()
+    {
+        window.resize(400, 300);
+        button.setGeometry(40, 40, 120, 30);
+        window.show();
+    }
+    void send(QEvent::Type type)
+    {
+        QEvent event(type);
+        QCoreApplication::sendEvent(&button, &event);
+    }
+
+    VirtualMainQueue mainQueue;
+    QWidget window;
+    QPushButton button{&window};
+    HoverTooltip tooltip{mainQueue, button, {.text = u"Explains"_s, .delay = 0.5}};
+};
+
+} // namespace
+
+class HoverTooltipTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void tooltipComesAfterItsDelay()
+    {
+        HoveredButton hovered;
+        hovered.send(QEvent::Enter);
+        hovered.mainQueue.advance(0.49);
+        QVERIFY(!hovered.tooltip.isShowing());
+        hovered.mainQueue.advance(0.01);
+        QVERIFY(hovered.tooltip.label()->isVisible());
+        hovered.send(QEvent::Leave);
+        QVERIFY(!hovered.tooltip.isShowing() && !hovered.tooltip.label());
+        // Every hover starts the delay anew.
+        hovered.send(QEvent::Enter);
+        hovered.mainQueue.advance(0.4);
+        hovered.send(QEvent::Leave);
+        hovered.mainQueue.advance(0.2);
+        hovered.send(QEvent::Enter);
+        hovered.mainQueue.advance(0.4);
+        QVERIFY(!hovered.tooltip.isShowing());
+
+        QCOMPARE(hovered.button.accessibleDescription(), u"Explains"_s);
+        hovered.tooltip.setText(u"Explains more"_s);
+        QCOMPARE(hovered.button.accessibleDescription(), u"Explains more"_s);
+    }
+
+    void tooltipGoesWhenItsControlIsUsedOrGoes()
+    {
+        for (const QEvent::Type use :
+             {QEvent::KeyPress, QEvent::MouseButtonPress, QEvent::Hide, QEvent::WindowDeactivate}) {
+            for (const double hovering : {0.2, 1.0}) {
+                HoveredButton hovered;
+                hovered.send(QEvent::Enter);
+                hovered.mainQueue.advance(hovering);
+                QCOMPARE(hovered.tooltip.isShowing(), hovering > 0.5);
+                QEvent event(use);
+                hovered.tooltip.eventFilter(&hovered.button, &event);
+                hovered.mainQueue.advance(1);
+                QVERIFY(!hovered.tooltip.isShowing());
+                QCOMPARE(hovered.mainQueue.pendingTasks(), 0);
+            }
+        }
+    }
+
+    void tooltipStaysInTheWindow_data()
+    {
+        const Table<QRect, QRect> row;
+        row("below", {100, 100, 80, 20}, {90, 126, 100, 24});
+        row("above at the bottom", {100, 275, 80, 20}, {90, 245, 100, 24});
+        row("left edge", {0, 100, 20, 20}, {4, 126, 100, 24});
+        row("right edge", {380, 100, 20, 20}, {296, 126, 100, 24});
+        row("as high as the window", {100, 0, 80, 300}, {90, 272, 100, 24});
+    }
+    void tooltipStaysInTheWindow()
+    {
+        const auto [control, label] = fetch<QRect, QRect>();
+        QCOMPARE(HoverTooltip::placement(control, QSize(100, 24), QRect(0, 0, 400, 300)), label);
+    }
+};
+
+QTEST_MAIN(HoverTooltipTest)
+#include "HoverTooltipTest.moc"

@@ -1,0 +1,295 @@
+// SPDX-License-Identifier: MIT
+#include "PanelFixture.h"
+#include <TavikLauncher/Look/Look.h>
+#include <TavikLauncher/Views/Ring/RingAccessibility.h>
+#include <TavikLauncher/Views/Ring/RingPainter.h>
+
+#include <QAccessible>
+#include <QFocusEvent>
+#include <QTest>
+#include <QWheelEvent>
+#include <QWindow>
+
+#include <Support/Table.h>
+
+using namespace Tavik;
+using namespace Qt::StringLiterals;
+using namespace Tavik::Test;
+
+namespace {
+
+QImage picture(PanelFixture& fixture)
+{
+    return fixture.panel->grab().toImage();
+}
+
+constexpr QPoint center(176, 176);
+
+} // namespace
+
+class LauncherPanelTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { RingAccessibility::install(); }
+
+    void keysGoThroughTheFieldToTheRing_data()
+    {
+        const Table<int, Qt::KeyboardModifiers, QString, QString> row;
+        const Qt::KeyboardModifiers chord = Qt::ControlModifier | Qt::AltModifier;
+        const Qt::KeyboardModifiers none;
+        row("Control+a", Qt::Key_A, Qt::ControlModifier, u"\x01"_s, u"types a"_s);
+        row("held chord", Qt::Key_S, chord, {}, u"types s"_s);
+        row("held chord and Shift", Qt::Key_S, chord | Qt::ShiftModifier, {}, u"types S"_s);
+        row("Control+0", Qt::Key_0, Qt::ControlModifier, {}, u"types 0"_s);
+        row("Alt+3", Qt::Key_3, Qt::AltModifier, {}, u"types 3"_s);
+        row("Cyrillic", 0x0416, Qt::ControlModifier, {}, u"types ж"_s);
+        row("Shift and a letter", Qt::Key_A, Qt::ShiftModifier, u"A"_s, u"types A"_s);
+        row("function key", Qt::Key_F5, Qt::ControlModifier, {}, u"selects 0"_s);
+        row("Control+3", Qt::Key_3, Qt::ControlModifier, {}, u"launches C"_s);
+        row("Super+3", Qt::Key_3, Qt::MetaModifier, {}, u"launches C"_s);
+        row("held chord and 3", Qt::Key_3, chord, {}, u"launches C"_s);
+        const auto keypad = Qt::ControlModifier | Qt::KeypadModifier;
+        row("Control+3 of the keypad", Qt::Key_3, keypad, {}, u"launches C"_s);
+        row("Enter of the keypad", Qt::Key_Enter, Qt::KeypadModifier, u"\r"_s, u"launches A"_s);
+        row("Escape", Qt::Key_Escape, none, u"\x1b"_s, u"closes"_s);
+        row("held chord and Right", Qt::Key_Right, chord, {}, u"selects 1"_s);
+        row("Up", Qt::Key_Up, none, {}, u"selects 4"_s);
+    }
+    void keysGoThroughTheFieldToTheRing()
+    {
+        const auto [key, modifiers, text, effect]
+            = fetch<int, Qt::KeyboardModifiers, QString, QString>();
+        PanelFixture fixture;
+        fixture.showRing();
+        const RingInteraction& ring = fixture.ring().interaction();
+        QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, u"\r"_s, true);
+        QCoreApplication::sendEvent(&fixture.ring().filterField(), &repeated);
+        QCOMPARE(fixture.closes, 0);
+
+        QKeyEvent event(QEvent::KeyPress, key, modifiers, text);
+        QCoreApplication::sendEvent(&fixture.ring().filterField(), &event);
+        QString seen = u"selects %1"_s.arg(ring.selectedIndex());
+        if (!fixture.workspace.opened.isEmpty()) {
+            seen = u"launches "_s + ring.ringApps().at(ring.selectedIndex()).name();
+        } else if (fixture.closes > 0) {
+            seen = u"closes"_s;
+        } else if (!ring.query().isEmpty()) {
+            seen = u"types "_s + fixture.ring().filterField().text();
+        }
+        QCOMPARE(seen, effect);
+    }
+
+    void onlyTheRealLossOfTheKeyboardIsReported()
+    {
+        PanelFixture fixture;
+        int resigned = 0;
+        fixture.panel->onResignKey = [&resigned] {
+            ++resigned;
+        };
+        fixture.showRing();
+        QEvent deactivate(QEvent::WindowDeactivate);
+
+        // Another program's grab: the focus stays, and goes only later.
+        QCoreApplication::sendEvent(fixture.panel.get(), &deactivate);
+        fixture.mainQueue.advance(1);
+        QCOMPARE(resigned, 0);
+
+        fixture.windowServer.hasFocus = false;
+        QCoreApplication::sendEvent(fixture.panel.get(), &deactivate);
+        QCOMPARE(resigned, 1);
+        fixture.panel->orderOut();
+        QCOMPARE(resigned, 1);
+    }
+
+    void previewNeitherTakesTheKeyboardNorLosesIt()
+    {
+        PanelFixture fixture;
+        int resigned = 0;
+        fixture.panel->onResignKey = [&resigned] {
+            ++resigned;
+        };
+        const auto acceptsKeyboard = [&] {
+            const QWindow* window = fixture.panel->windowHandle();
+            return !window->flags().testFlag(Qt::WindowDoesNotAcceptFocus);
+        };
+        fixture.panel->orderFrontRegardless();
+        QVERIFY(!acceptsKeyboard());
+        fixture.windowServer.hasFocus = false;
+        for (const QEvent::Type type : {QEvent::WindowActivate, QEvent::WindowDeactivate}) {
+            QEvent event(type);
+            QCoreApplication::sendEvent(fixture.panel.get(), &event);
+        }
+        QCOMPARE(resigned, 0);
+
+        // A summon while the preview is shown.
+        fixture.panel->makeKeyAndOrderFront();
+        QVERIFY(acceptsKeyboard());
+        fixture.panel->orderOut();
+        fixture.panel->orderFrontRegardless();
+        fixture.panel->orderOut();
+        QVERIFY(acceptsKeyboard());
+    }
+
+    void coloursFollowTheTheme_data()
+    {
+        const Table<QString, double, double, double> row; // The lower ends of band and highlight.
+        row("opaque", u"#0000FF"_s, 1.0, 0.7, 0.28);
+        row("in between", u"#00FF00"_s, 0.5, 0.35, 0.14);
+        row("faint keeps a minimum", u"#FF0000"_s, 0.1, 0.12, 0.08);
+        row("invalid", u"#nonsense"_s, 1.0, 0.7, 0.28);
+    }
+    void coloursFollowTheTheme()
+    {
+        const auto [hex, opacity, band, highlight] = fetch<QString, double, double, double>();
+        PanelFixture fixture;
+        fixture.settings.ringColorHex.set(hex);
+        fixture.settings.ringOpacity.set(opacity);
+        fixture.settings.highlightColorHex.set(hex);
+        fixture.settings.highlightOpacity.set(opacity);
+        const RingStyle style = RingStyle::make(fixture.settings);
+        const QColor color = QColor::isValidColor(hex) ? QColor(hex) : QColor(Qt::black);
+        const QColor accent = QColor::isValidColor(hex) ? color : style.accent;
+        QCOMPARE(style.bandTop, withOpacity(color, opacity));
+        QCOMPARE(style.bandBottom, withOpacity(color, band));
+        QCOMPARE(style.highlightTop, withOpacity(accent, opacity));
+        QCOMPARE(style.highlightBottom, withOpacity(accent, highlight));
+    }
+
+    void bandIsAGradientAroundAHole()
+    {
+        PanelFixture fixture;
+        fixture.settings.ringColorHex.set(u"#0000FF"_s);
+        fixture.settings.ringOpacity.set(1);
+        const RingScene scene = fixture.ring().scene();
+        const QImage band = RingPainter::bandImage(scene);
+        const QPoint reach(0, qRound(scene.geometry.outerRadius - 3));
+        QVERIFY(band.pixelColor(center - reach).blue() > 250);
+        QVERIFY(band.pixelColor(center + reach).blue() < 230);
+        QCOMPARE(band.pixelColor(center).alpha(), 0);
+        QCOMPARE(band.pixelColor(0, 0).alpha(), 0);
+    }
+
+    void emptyRingHasNoWedge()
+    {
+        PanelFixture fixture;
+        fixture.showRing();
+        fixture.commands.insertText(u"zz"_s);
+        fixture.settle();
+        QVERIFY(!fixture.ring().scene().showsWedge);
+        QCOMPARE(fixture.ring().scene().center.message, u"No matches"_s);
+        fixture.catalog.reindex();
+        QCOMPARE(fixture.ring().scene().center.message, QString());
+        QVERIFY(fixture.ring().scene().center.spinnerStep >= 0);
+    }
+
+    void applicationsThatDoNotRunAreDimmedUnlessFiltering()
+    {
+        PanelFixture fixture;
+        fixture.workspace.running.removeLast();
+        fixture.pin({fixture.path(u"E"_s)});
+        fixture.showRing();
+        const QImage ring = picture(fixture);
+        const QColor dimmed = ring.pixelColor(fixture.slotPoint(0));
+        const QColor running = ring.pixelColor(fixture.slotPoint(1));
+        QCOMPARE(running, QColor(Qt::red));
+        QVERIFY(dimmed.red() < 230);
+
+        fixture.commands.insertText(u"e"_s);
+        fixture.settle();
+        QCOMPARE(picture(fixture).pixelColor(fixture.slotPoint(0)), QColor(Qt::red));
+    }
+
+    void ringInFlightIsScaledAndFaded()
+    {
+        PanelFixture fixture;
+        fixture.showRing();
+        fixture.presentation.setAppearance(0.5, 0.5);
+        const QColor icon = picture(fixture).pixelColor((fixture.slotPoint(2) + center) / 2);
+        QVERIFY(icon.red() > 200 && std::abs(icon.alpha() - 128) < 4);
+    }
+
+    void nextSummonIsDrawnAheadAndItsIconsDecoded()
+    {
+        PanelFixture fixture;
+        fixture.showRing();
+        fixture.commands.insertText(u"c"_s);
+        fixture.panel->orderOut();
+        fixture.settle();
+        QCOMPARE(fixture.workQueue.waiting(), 0U);
+        const RingScene hidden = fixture.ring().scene();
+        fixture.commands.prepareForShow(true);
+        QVERIFY(hidden == fixture.ring().scene());
+        QCOMPARE(fixture.workQueue.waiting(), 0U);
+        for (const RingIcon& icon : hidden.icons) {
+            QVERIFY(!icon.icon.isNull());
+        }
+        fixture.mainQueue.advance(1);
+        QCOMPARE(fixture.mainQueue.pendingTasks(), 0);
+    }
+
+    void emptyFieldFadesUnlessItIsToStay()
+    {
+        PanelFixture fixture;
+        fixture.showRing();
+        QCOMPARE(fixture.ring().scene().center.fieldOpacity, 1.0);
+        fixture.commands.moveSelectionRight();
+        fixture.mainQueue.advance(1);
+        QCOMPARE(fixture.mainQueue.pendingTasks(), 1); // At rest only the fading waits.
+        fixture.mainQueue.advance(4);
+        QCOMPARE(fixture.ring().scene().center.fieldOpacity, 0.0);
+        fixture.commands.insertText(u"a"_s);
+        QCOMPARE(fixture.ring().scene().center.fieldOpacity, 1.0);
+
+        PanelFixture keeping;
+        keeping.settings.keepsCenterHintVisible.set(true);
+        keeping.showRing();
+        keeping.mainQueue.advance(60);
+        QCOMPARE(keeping.ring().scene().center.fieldOpacity, 1.0);
+    }
+
+    void clickLaunchesTheSlotThatWasPressed()
+    {
+        PanelFixture fixture;
+        fixture.showRing();
+        QWidget* ring = &fixture.ring();
+        QTest::mousePress(ring, Qt::LeftButton, {}, fixture.slotPoint(1));
+        QTest::mouseRelease(ring, Qt::LeftButton, {}, fixture.slotPoint(2));
+        QTest::mouseClick(ring, Qt::RightButton, {}, fixture.slotPoint(2));
+        QTest::mouseClick(ring, Qt::LeftButton, {}, center);
+        QVERIFY(fixture.workspace.opened.isEmpty());
+        QCOMPARE(fixture.closes, 0);
+        QTest::mouseClick(ring, Qt::LeftButton, {}, fixture.slotPoint(3));
+        QCOMPARE(fixture.workspace.opened, QStringList{fixture.path(u"D"_s)});
+        QCOMPARE(fixture.closes, 1);
+        QTest::mouseClick(ring, Qt::LeftButton, {}, QPoint(4, 4));
+        QCOMPARE(fixture.closes, 2);
+    }
+
+    void wheelTurnsTheSelectionStepByStep()
+    {
+        PanelFixture fixture;
+        fixture.showRing();
+        for (const int angle : {-60, -60, -240, 120}) {
+            QWheelEvent event(
+                center, center, {}, {0, angle}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
+            QCoreApplication::sendEvent(&fixture.ring(), &event);
+        }
+        QCOMPARE(fixture.ring().interaction().selectedIndex(), 2);
+    }
+
+    void assistiveTechnologyPressesTheButtons()
+    {
+        PanelFixture fixture;
+        fixture.showRing();
+        QAccessibleInterface* ring = QAccessible::queryAccessibleInterface(&fixture.ring());
+        QAccessibleInterface* third = ring->child(ring->childCount() - 3);
+        QCOMPARE(ring->indexOfChild(third), ring->childCount() - 3);
+        third->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        QCOMPARE(fixture.workspace.opened, QStringList{fixture.path(u"C"_s)});
+    }
+};
+
+QTEST_MAIN(LauncherPanelTest)
+#include "LauncherPanelTest.moc"

@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Settings/LaunchHints.h>
+#include <TavikLauncher/Views/Ring/CenterLayout.h>
+#include <TavikLauncher/Views/Ring/IconSpriteDecoder.h>
+
+#include <QTest>
+
+#include <Support/FakeDesktop.h>
+#include <Support/MemoryUserDefaults.h>
+#include <cmath>
+
+using namespace Tavik;
+using namespace Tavik::Test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+RingScene scene(double diameter, double thickness)
+{
+    RingScene scene;
+    scene.diameter = diameter;
+    scene.geometry = RingGeometry::make({.area = QSizeF(diameter, diameter),
+                                         .ringThickness = thickness,
+                                         .iconSize = 50,
+                                         .slotCount = 15});
+    scene.center.hint = u"Type to filter..."_s;
+    return scene;
+}
+
+/// How far the label's rounded corners reach from the ring's centre.
+double reach(const RingScene& scene, const CenterLayout::Label& pill)
+{
+    const QRectF& rect = pill.rect;
+    const double cornerRadius = pill.cornerRadius;
+    const double x = rect.width() / 2 - cornerRadius;
+    const double y = std::max(std::abs(rect.top() - scene.geometry.center.y()),
+                              std::abs(rect.bottom() - scene.geometry.center.y()))
+        - cornerRadius;
+    return std::hypot(x, std::max(y, 0.0)) + cornerRadius;
+}
+
+} // namespace
+
+class PaintingTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void labelsAndHintsStayInsideTheHole()
+    {
+        for (const auto& [diameter, thickness] :
+             {std::pair(320.0, 80.0), std::pair(250.0, 60.0), std::pair(550.0, 60.0)}) {
+            RingScene ring = scene(diameter, thickness);
+            ring.center.indicator = u"Search mode"_s;
+            ring.center.query = u"a very long text that somebody typed by mistake"_s;
+            ring.center.selectedName = u"An Application With A Name Much Wider Than The Ring"_s;
+            const QList<CenterLayout::Label> pills = CenterLayout::visibleLabels(ring);
+            QCOMPARE(pills.size(), 3);
+            for (const CenterLayout::Label& pill : pills) {
+                QVERIFY(reach(ring, pill) <= ring.geometry.innerRadius);
+            }
+        }
+        RingScene ring = scene(320, 80);
+        MemoryUserDefaults defaults;
+        for (int summon = 0; summon < 11; ++summon) {
+            ring.center.launchHint = LaunchHints::nextHint(defaults, {.interval = 1}).value();
+            const QList<CenterLayout::Label> pills = CenterLayout::visibleLabels(ring);
+            QCOMPARE(pills.size(), 1);
+            QVERIFY2(reach(ring, pills.front()) <= ring.geometry.innerRadius,
+                     qPrintable(ring.center.launchHint));
+        }
+    }
+
+    void labelsAreStackedAboutTheCenter()
+    {
+        RingScene ring = scene(320, 80);
+        QCOMPARE(CenterLayout::visibleLabels(ring).size(), 1);
+        QCOMPARE(CenterLayout::fieldRect(ring).center(), ring.geometry.center);
+
+        ring.center.selectedName = u"Editor"_s;
+        QList<CenterLayout::Label> pills = CenterLayout::visibleLabels(ring);
+        QCOMPARE(pills.size(), 2);
+        QCOMPARE((pills.front().rect.top() + pills.back().rect.bottom()) / 2,
+                 ring.geometry.center.y());
+        QVERIFY(pills.front().rect.bottom() < CenterLayout::fieldRect(ring).top());
+
+        ring.center.query = u"ed"_s;
+        QVERIFY(CenterLayout::visibleLabels(ring).back().rect.top()
+                > CenterLayout::fieldRect(ring).bottom());
+        ring.center.selectedName.clear();
+        ring.center.message = u"No matches"_s;
+        QCOMPARE(CenterLayout::visibleLabels(ring).size(), 2);
+
+        RingScene faded = scene(320, 80);
+        faded.center.fieldOpacity = 0;
+        QVERIFY(CenterLayout::visibleLabels(faded).isEmpty());
+    }
+
+    void spriteHasRoundedCornersAndAShadow()
+    {
+        for (const auto& [side, scale] :
+             {std::pair(50, 1.0), std::pair(100, 2.0), std::pair(28, 1.0)}) {
+            ColorIconDecoder icons;
+            const QImage sprite = IconSpriteDecoder(icons).decode({u"red"_s}, side, scale);
+            const int margin = (sprite.width() - side) / 2;
+            const int middle = sprite.width() / 2;
+
+            QCOMPARE(sprite.devicePixelRatio(), scale);
+            QCOMPARE(sprite.width(), sprite.height());
+            QVERIFY(margin >= 5 * scale);
+            QCOMPARE(sprite.pixelColor(middle, middle), QColor(Qt::red));
+            QCOMPARE(sprite.pixelColor(middle, margin + 1), QColor(Qt::red));
+            QVERIFY(sprite.pixelColor(margin, margin).alphaF() < 0.25F);
+
+            const QColor below = sprite.pixelColor(middle, margin + side + qRound(scale));
+            QCOMPARE(below.red(), 0);
+            QVERIFY(below.alphaF() > 0.05F && below.alphaF() <= 0.22F);
+            const QColor above = sprite.pixelColor(middle, margin - qRound(scale) - 1);
+            QVERIFY(above.alphaF() < below.alphaF());
+            QCOMPARE(sprite.pixelColor(0, 0).alpha(), 0);
+        }
+    }
+};
+
+QTEST_MAIN(PaintingTest)
+#include "PaintingTest.moc"

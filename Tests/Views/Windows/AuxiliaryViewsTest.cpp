@@ -1,0 +1,296 @@
+// SPDX-License-Identifier: MIT
+#include "../../Ring/RingFixture.h"
+#include <TavikLauncher/Settings/HotKeyConfig.h>
+#include <TavikLauncher/Views/Windows/AccessibilityPermissionView.h>
+#include <TavikLauncher/Views/Windows/OnboardingTour.h>
+#include <TavikLauncher/Views/Windows/OnboardingView.h>
+#include <TavikLauncher/Views/Windows/ReindexView.h>
+
+#include <QLabel>
+#include <QLayout>
+#include <QPushButton>
+#include <QTest>
+
+#include <Support/FakeDesktop.h>
+#include <Support/FakeKeyEvents.h>
+#include <Support/Table.h>
+
+using namespace Tavik;
+using namespace Tavik::Test;
+using namespace Qt::StringLiterals;
+using PermissionPhase = AccessibilityPermissionSession::Phase;
+using Phase = ReindexSession::Phase;
+
+namespace {
+
+/// The first visible button or label with that text, or null.
+template <typename Control> Control* find(const QWidget& view, const QString& text)
+{
+    for (auto* control : view.findChildren<Control*>()) {
+        if (control->isVisible() && control->text() == text) {
+            return control;
+        }
+    }
+    return nullptr;
+}
+bool says(const QWidget& view, const QString& text)
+{
+    return find<QLabel>(view, text) != nullptr;
+}
+bool click(const QWidget& view, const QString& text)
+{
+    auto* button = find<QPushButton>(view, text);
+    if (button) {
+        QTest::mouseClick(button, Qt::LeftButton);
+    }
+    return button != nullptr;
+}
+
+std::function<void()> counting(int& count)
+{
+    return [&count] {
+        ++count;
+    };
+}
+
+void verifyEveryParagraphIsShownWhole(const QWidget& view)
+{
+    for (const QLabel* label : view.findChildren<QLabel*>()) {
+        if (label->isVisible()) {
+            QVERIFY2(label->height() >= label->heightForWidth(label->width()),
+                     qPrintable(label->text()));
+        }
+    }
+}
+
+struct Asked
+{
+    explicit Asked(bool isTrusted = false)
+    {
+        permission.trusted = isTrusted;
+        view.setFixedSize(440, 520);
+        view.show();
+    }
+    [[nodiscard]] PermissionPhase phase() { return view.session().phase(); }
+    [[nodiscard]] bool fits() const
+    {
+        return view.layout()->totalHeightForWidth(view.width()) <= view.height();
+    }
+
+    FakeAccessibilityPermission permission;
+    VirtualMainQueue queue;
+    int granted = 0;
+    int dismissed = 0;
+    AccessibilityPermissionView view{
+        permission, queue, {.onDismiss = counting(dismissed), .onGranted = counting(granted)}};
+};
+
+const QString enable = u"Enable Accessibility Access"_s;
+const QString done = u"Done — I've Enabled It"_s;
+const QString hint
+    = u"Not enabled yet — flip the toggle next to Tavik Launcher in Accessibility settings."_s;
+
+struct ReindexFixture : RingFixture
+{
+    ReindexFixture()
+    {
+        workQueue.runAll();
+        view->show();
+        isActive = QTest::qWaitForWindowActive(view.get());
+    }
+    [[nodiscard]] const ReindexSession& session() const { return view->session(); }
+    [[nodiscard]] Phase phase() const { return session().phase(); }
+    void press(Qt::Key key) { QTest::keyClick(view->focusWidget(), key); }
+
+    FakeAppearance appearance;
+    int celebrations = 0;
+    int closes = 0;
+    bool isActive = false;
+    std::unique_ptr<ReindexView> view = std::make_unique<ReindexView>(
+        ReindexSession::Dependencies{catalog, mainQueue, appearance},
+        ReindexView::Actions{.onCelebrate = counting(celebrations), .onClose = counting(closes)});
+};
+
+} // namespace
+
+/// The small windows beside the ring: the permission, the new index, the tour.
+class AuxiliaryViewsTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void permissionLeadsFromThePromptOverTheSettingsToGranted()
+    {
+        Asked asked;
+        QVERIFY(says(asked.view, u"Allow Accessibility Access"_s) && asked.fits());
+        QVERIFY(!click(asked.view, done) && click(asked.view, enable));
+        QVERIFY(!click(asked.view, enable) && click(asked.view, u"Open Accessibility Settings"_s));
+        QCOMPARE(asked.permission.calls, QStringList({u"prompt"_s, u"settings"_s}));
+        QVERIFY(!says(asked.view, hint) && click(asked.view, done));
+        asked.queue.advance(3);
+        QVERIFY(says(asked.view, hint) && asked.fits());
+        QCOMPARE(asked.phase(), PermissionPhase::waitingForUser);
+        asked.permission.trusted = true;
+        QVERIFY(click(asked.view, done));
+        QCOMPARE(asked.granted, 1);
+        QVERIFY(says(asked.view, u"Hotkey Is Active"_s) && asked.fits());
+        QVERIFY(!click(asked.view, done) && !says(asked.view, hint));
+        QCOMPARE(asked.dismissed, 0);
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+            QTest::keyClick(asked.view.focusWidget(), key);
+        }
+        QCOMPARE(asked.dismissed, 2);
+    }
+
+    void permissionIsLookedForOnOpeningEverySecondAndOnClosing()
+    {
+        Asked there(true);
+        QCOMPARE(there.granted, 1);
+        QCOMPARE(there.phase(), PermissionPhase::prompt);
+
+        Asked polled;
+        polled.queue.advance(1.5);
+        QCOMPARE(polled.granted, 0);
+        polled.permission.trusted = true;
+        polled.queue.advance(0.6);
+        QCOMPARE(polled.phase(), PermissionPhase::granted);
+
+        Asked closed;
+        closed.permission.trusted = true;
+        closed.view.close();
+        for (Asked* asked : {&polled, &closed}) {
+            asked->queue.advance(5);
+            QCOMPARE(asked->granted, 1);
+            QCOMPARE(asked->queue.pendingTasks(), 0);
+        }
+    }
+
+    void reindexGoesFromInfoToSuccess()
+    {
+        ReindexFixture fixture;
+        verifyEveryParagraphIsShownWhole(*fixture.view);
+        // A walk that somebody else started changes nothing.
+        fixture.walk();
+        fixture.mainQueue.advance(1);
+        QCOMPARE(fixture.phase(), Phase::info);
+
+        QVERIFY(click(*fixture.view, u"Reindex Now"_s));
+        QCOMPARE(fixture.phase(), Phase::running);
+        QVERIFY(!click(*fixture.view, u"Reindex Now"_s));
+        QVERIFY(says(*fixture.view, u"Scanning…"_s));
+
+        fixture.workQueue.runAll();
+        QCOMPARE(fixture.phase(), Phase::success);
+        QVERIFY(says(*fixture.view, u"Indexed 5 apps"_s));
+        QVERIFY(!says(*fixture.view, u"Scanning…"_s));
+        fixture.mainQueue.advance(0.079);
+        QCOMPARE(fixture.celebrations, 0);
+        QCOMPARE(fixture.session().markScale(), 0.4);
+        fixture.mainQueue.advance(0.001);
+        QVERIFY(fixture.celebrations == 1 && fixture.session().celebrates());
+
+        fixture.install(fixture.path(u"F"_s), u"F"_s);
+        fixture.walk();
+        QVERIFY2(says(*fixture.view, u"Indexed 6 apps"_s), "the count follows the catalogue");
+    }
+
+    void reindexJoinsAWalkThatIsRunning()
+    {
+        ReindexFixture fixture;
+        fixture.catalog.reindex();
+        fixture.press(Qt::Key_Return);
+        QCOMPARE(fixture.phase(), Phase::running);
+        fixture.workQueue.runAll();
+        QCOMPARE(fixture.phase(), Phase::success);
+        fixture.mainQueue.advance(5);
+        QCOMPARE(fixture.celebrations, 1);
+    }
+
+    void theMarkSpringsToItsSizeUnlessMotionIsReduced()
+    {
+        for (const bool isReduced : {false, true}) {
+            ReindexFixture fixture;
+            fixture.appearance.reduced = isReduced;
+            fixture.press(Qt::Key_Return);
+            fixture.workQueue.runAll();
+            double highest = 0;
+            connect(&fixture.session(), &ReindexSession::markScaleChanged, this, [&] {
+                highest = std::max(highest, fixture.session().markScale());
+            });
+            fixture.mainQueue.advance(isReduced ? 0.08 : 2);
+            QCOMPARE(fixture.session().markScale(), 1.0);
+            // A damping fraction of 0.6 overshoots by 9.5 % of the way.
+            QVERIFY(std::abs(highest - (isReduced ? 1 : 1.057)) < 0.004);
+            QCOMPARE(fixture.mainQueue.pendingTasks(), 0);
+            QCOMPARE(fixture.celebrations, 1);
+        }
+    }
+
+    void returnAndEscapeDependOnTheReindexPhase()
+    {
+        ReindexFixture fixture;
+        fixture.press(Qt::Key_Escape);
+        QCOMPARE(fixture.closes, 1);
+        fixture.press(Qt::Key_Return);
+        QCOMPARE(fixture.phase(), Phase::running);
+        fixture.press(Qt::Key_Return);
+        QCOMPARE(fixture.closes, 1);
+        fixture.press(Qt::Key_Escape);
+        QCOMPARE(fixture.closes, 2);
+        fixture.workQueue.runAll();
+        fixture.press(Qt::Key_Escape);
+        QCOMPARE(fixture.closes, 2);
+        QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, u"\r"_s, true);
+        QCoreApplication::sendEvent(fixture.view->focusWidget(), &held);
+        QCOMPARE(fixture.closes, 2);
+        fixture.press(Qt::Key_Return);
+        QCOMPARE(fixture.closes, 3);
+    }
+
+    void nothingCelebratesOnceTheReindexWindowIsGone()
+    {
+        ReindexFixture fixture;
+        fixture.press(Qt::Key_Return);
+        fixture.workQueue.runAll();
+        fixture.view.reset();
+        fixture.mainQueue.advance(1);
+        QCOMPARE(fixture.celebrations, 0);
+        QCOMPARE(fixture.mainQueue.pendingTasks(), 0);
+    }
+
+    void theTourNamesTheShortcutWithoutTheMarkOfHolding()
+    {
+        HotKeyConfig shortcut = HotKeyConfig::defaultConfig();
+        shortcut.displayName = u"⌃ (hold)%1⌥ (hold)"_s;
+        QCOMPARE(tourRows(shortcut).size(), 4);
+        QCOMPARE(tourRows(shortcut).front().detail,
+                 u"Press and hold ⌃%1⌥ to open the ring at the pointer. Release to dismiss unless "
+                 u"search "
+                 u"mode is active. Go ahead — try it right now!"_s);
+    }
+
+    void theTourIsShownWholeAndKeysLeadOn()
+    {
+        int finished = 0;
+        int settings = 0;
+        OnboardingView view(HotKeyConfig::defaultConfig(),
+                            {.onFinish = counting(finished), .onOpenSettings = counting(settings)});
+        view.resize(560, 420);
+        view.show();
+        QVERIFY(view.height() <= 420);
+        QCOMPARE(view.findChildren<QLabel*>().size(), 10);
+        verifyEveryParagraphIsShownWhole(view);
+        // Escape dismisses the ring that is being tried out, not the tour.
+        QTest::keyClick(view.focusWidget(), Qt::Key_Escape);
+        QCOMPARE(finished, 0);
+        QTest::keyClick(view.focusWidget(), Qt::Key_Return);
+        QCOMPARE(finished, 1);
+        QTest::keyClick(view.focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+        QTest::keyClick(view.focusWidget(), Qt::Key_Space);
+        QTest::keyClick(view.focusWidget(), Qt::Key_Return);
+        QCOMPARE(settings, 2);
+    }
+};
+
+QTEST_MAIN(AuxiliaryViewsTest)
+#include "AuxiliaryViewsTest.moc"

@@ -5,6 +5,7 @@ import os
 import pathlib
 import re
 import subprocess
+import time
 
 import pytest
 
@@ -155,6 +156,53 @@ def test_a_check_by_the_user_comes_to_the_pointer_and_installs(
     assert len(started) == 1
     assert [path.name for path in installed.parent.glob("*Tavik*") if path.is_file()] == [installed.name]
     assert [path.name for path in installed.parent.glob(".*Tavik*")] == [], "nothing is left behind"
+
+
+def type_until(display, condition, what):
+    """Types on, 20 keys a second, until `condition()` and for a second more."""
+    began, seen, typed = time.monotonic(), None, 0
+    while not seen or time.monotonic() < seen + 1:
+        assert time.monotonic() < began + 20, what
+        display.press(("x", "space", "Return")[typed % 3])
+        typed += 1
+        time.sleep(0.05)
+        seen = seen or (time.monotonic() if typed % 5 == 0 and condition() else None)
+    return typed
+
+
+@pytest.mark.parametrize("desktop_options", [{"window_manager": name} for name in ("openbox", "xfwm4", "metacity")])
+def test_who_types_elsewhere_installs_nothing_when_the_download_ends(
+        desktop_options, launcher, feed, image, installed, display, desktop, look):
+    feed.offer("2.1", image + b"newer")
+    launcher.start("--background")
+    launcher.command("--check-for-updates")
+    wait_front(display, TITLE)
+    accessibility.wait_text(desktop, "A new version of Tavik Launcher is available.")
+    feed.goes_on.clear()
+    display.press("Return")
+    accessibility.wait_text(desktop, "Downloading")
+    heard = desktop.home / "typed"
+    desktop.spawn(["xterm", "-T", "Terminal", "-e", f"cat > {heard}"])
+    terminal = wait_front(display, "Terminal")
+    feed.goes_on.set()
+    typed = type_until(
+        display, lambda: accessibility.find(desktop, "Install and Relaunch"), "it is ready to install")
+    look("ready")
+    assert display.find(TITLE) and display.has_focus(terminal)
+    wait_until(lambda: heard.stat().st_size >= typed // 3 * 3, "the terminal has every key")
+    assert not launcher.exited() and installed.read_bytes() == image
+
+
+def test_who_types_into_the_settings_skips_nothing_that_the_schedule_finds(
+        launcher, feed, image, display, desktop, look):
+    feed.offer("2.1", image)
+    launcher.start("--background")
+    launcher.command("--settings=general")
+    wait_front(display, "Tavik Launcher Settings")
+    type_until(display, lambda: display.find(TITLE), "the update is shown")
+    look("found")
+    assert display.find(TITLE) and feed.requests == ["/feed.xml"]
+    assert "Updater.skippedVersion" not in launcher.defaults()
 
 
 def test_a_build_without_a_feed_says_so(desktop, launcher, display, look):

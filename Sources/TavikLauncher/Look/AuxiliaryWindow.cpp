@@ -75,6 +75,16 @@ void AuxiliaryWindow::activate()
     m_windowServer.takeKeyboardFocus(winId());
 }
 
+void AuxiliaryWindow::appear()
+{
+    m_windowServer.setSkipsTaskbar(winId(), m_skipsTaskbar);
+    // Some window managers give the keyboard to a window that raises itself, and all of them to one
+    // that is new unless it asks them not to.
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    show();
+    setAttribute(Qt::WA_ShowWithoutActivating, false);
+}
+
 void AuxiliaryWindow::setSkipsTaskbar(bool skips)
 {
     m_skipsTaskbar = skips;

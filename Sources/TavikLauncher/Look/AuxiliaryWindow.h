@@ -38,6 +38,8 @@ public:
     void centerIn(const QRect& area);
     /// Brings the window to the front and gives it the keyboard.
     void activate();
+    /// Shows the window, if it is not yet shown, and leaves the keyboard where it is.
+    void appear();
     void setSkipsTaskbar(bool skips);
 
     std::function<void()> onClose;

@@ -274,8 +274,11 @@ void AppDelegate::startUpdater()
             .clearUpdateReminder = [this] { m_statusItem->clearUpdateReminder(); },
             .windowMade = [this](AuxiliaryWindow& window) { m_windows.adopt(window); },
             .isInImmediateFocus =
-                [] {
-                    return qobject_cast<AuxiliaryWindow*>(QApplication::activeWindow()) != nullptr;
+                [this] {
+                    // The toolkit learns a moment late that the user has gone elsewhere.
+                    const auto* window
+                        = qobject_cast<AuxiliaryWindow*>(QApplication::activeWindow());
+                    return window && m_platform.windowServer->hasKeyboardFocus(window->winId());
                 },
         });
 }

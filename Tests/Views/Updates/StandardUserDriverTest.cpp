@@ -51,8 +51,8 @@ private Q_SLOTS:
         QList<UpdateChoice> ready;
         fixture.driver.showReadyToInstallAndRelaunch([&](UpdateChoice choice) { ready << choice; });
         QVERIFY(fixture.texts().constLast().endsWith(u"as version 2.1."_s));
-        fixture.press(Qt::Key_Return);
-        fixture.press(Qt::Key_Return);
+        fixture.click(u"Install and Relaunch"_s);
+        fixture.click(u"Install and Relaunch"_s);
         QCOMPARE(ready, QList{UpdateChoice::install});
         fixture.driver.showReadyToInstallAndRelaunch([&](UpdateChoice choice) { ready << choice; });
         fixture.press(Qt::Key_Escape);
@@ -79,7 +79,73 @@ private Q_SLOTS:
                  (QStringList{u"The update was not installed."_s, u"Wrong signature."_s}));
         fixture.driver.showUpdateHandedOver(nullptr);
         QVERIFY(fixture.texts().constLast().contains(u"2.1"_s));
-        QCOMPARE(fixture.delegate.alerts, 3);
+        QCOMPARE(fixture.delegate.alerts, 0);
+    }
+
+    void whatNobodyWaitsForTakesNoKeyAndNoKeyboard_data()
+    {
+        using Moment = std::function<void(UpdatesFixture&)>;
+        const auto chosen = [](UpdatesFixture& fixture) {
+            fixture.find(UpdatesFixture::item(), true);
+            fixture.click(u"Install"_s);
+            fixture.driver.showDownloadInitiated([&fixture] { ++fixture.answers; });
+        };
+        const Table<Moment> row;
+        row("found by schedule", [](UpdatesFixture& fixture) {
+            fixture.begin();
+            fixture.delegate.wantsShown = true;
+            fixture.find(UpdatesFixture::item(), false);
+        });
+        row("ready", [chosen](UpdatesFixture& fixture) {
+            chosen(fixture);
+            fixture.buttons().constFirst()->setFocus(); // It goes, and hands the focus on.
+            fixture.begin();
+            fixture.driver.showReadyToInstallAndRelaunch(
+                [&fixture](UpdateChoice) { ++fixture.answers; });
+        });
+        row("failed", [chosen](UpdatesFixture& fixture) {
+            chosen(fixture);
+            fixture.begin();
+            fixture.driver.showUpdaterError(u"No."_s, [&fixture] { ++fixture.answers; });
+        });
+        row("handed over", [chosen](UpdatesFixture& fixture) {
+            chosen(fixture);
+            fixture.begin();
+            fixture.driver.showUpdateHandedOver([&fixture] { ++fixture.answers; });
+        });
+    }
+    void whatNobodyWaitsForTakesNoKeyAndNoKeyboard()
+    {
+        const auto [moment] = fetch<std::function<void(UpdatesFixture&)>>();
+        for (const bool isFocused : {false, true}) {
+            UpdatesFixture fixture;
+            fixture.isFocused = isFocused;
+            moment(fixture);
+            QVERIFY(fixture.window());
+            QCOMPARE(fixture.windowServer.calls.contains(u"take focus"_s), isFocused);
+            for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+                fixture.press(key);
+            }
+            QCOMPARE(fixture.answers + fixture.replies.size(), 0);
+            // Who turns to a button means it.
+            fixture.press(Qt::Key_Tab);
+            fixture.press(Qt::Key_Space);
+            QCOMPARE(fixture.answers + fixture.replies.size(), 1);
+        }
+    }
+
+    void whoWentOnFromTheCheckInstallsNothingWithReturn()
+    {
+        for (const bool isLeft : {false, true}) {
+            UpdatesFixture fixture;
+            fixture.driver.showUserInitiatedUpdateCheck(nullptr);
+            QEvent left(isLeft ? QEvent::WindowDeactivate : QEvent::WindowActivate);
+            QCoreApplication::sendEvent(fixture.window(), &left);
+            fixture.find(UpdatesFixture::item(), true);
+            QCOMPARE(fixture.windowServer.calls.constLast(), u"take focus"_s);
+            fixture.press(Qt::Key_Return);
+            QCOMPARE(fixture.replies.size(), isLeft ? 0 : 1);
+        }
     }
 };
 

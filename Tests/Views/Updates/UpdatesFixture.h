@@ -60,6 +60,13 @@ struct UpdatesFixture
             update, {userInitiated}, [this](UpdateChoice choice) { replies.append(choice); });
     }
 
+    /// What comes up from now on is looked at.
+    void begin()
+    {
+        replies.clear();
+        windowServer.calls.clear();
+    }
+
     /// The update window that is shown, or null.
     [[nodiscard]] static UpdateWindow* window()
     {
@@ -139,12 +146,14 @@ struct UpdatesFixture
     FakeWindowServer windowServer;
     FakeAppearance appearance;
     FakeUserDriverDelegate delegate;
+    bool isFocused = false; ///< The user is at one of our windows.
     QStringList opened;
     QList<UpdateChoice> replies;
+    int answers = 0; ///< To whatever else was asked.
     StandardUserDriver driver{{mainQueue, windowServer, appearance, delegate},
                               {.ownVersion = u"2.0"_s,
                                .nothingNewTitle = u"Nothing."_s,
-                               .isInImmediateFocus = [] { return false; },
+                               .isInImmediateFocus = [this] { return isFocused; },
                                .windowMade = [](AuxiliaryWindow&) {},
                                .openLink =
                                    [this](const QUrl& url) {

@@ -5,6 +5,7 @@
 #include <TavikLauncher/Views/Updates/UpdateMessageView.h>
 #include <TavikLauncher/Views/Updates/UpdateStatusView.h>
 
+#include <QApplication>
 #include <QLayout>
 #include <QUrl>
 
@@ -50,6 +51,7 @@ StandardUserDriver::~StandardUserDriver()
 
 void StandardUserDriver::showUserInitiatedUpdateCheck(std::function<void()> cancel)
 {
+    m_isAwaited = true;
     showStatus([this, &cancel](UpdateStatusView& status) {
         status.showChecking([this, cancel = std::move(cancel)]() mutable {
             takeDown();
@@ -63,7 +65,7 @@ void StandardUserDriver::showUpdateFound(const UpdateItem& item,
                                          const UpdateUserState& state,
                                          std::function<void(UpdateChoice)> reply)
 {
-    takeDown();
+    m_isAwaited = state.userInitiated;
     m_found = Found{.item = item, .reply = std::move(reply)};
     m_found->item.displayVersionString = shortened(item.displayVersionString, longestVersion);
     m_found->item.title = shortened(item.title, longestTitle);
@@ -72,20 +74,22 @@ void StandardUserDriver::showUpdateFound(const UpdateItem& item,
         || delegate.standardUserDriverShouldHandleShowingScheduledUpdate(
             m_found->item, m_options.isInImmediateFocus());
     if (shows) {
-        showFound(state);
+        showFound(state, state.userInitiated && !isLeft());
     } else {
+        takeDown();
         delegate.standardUserDriverWillHandleShowingUpdate(false, m_found->item, state);
     }
 }
 
-void StandardUserDriver::showFound(const UpdateUserState& state)
+void StandardUserDriver::showFound(const UpdateUserState& state, bool isAwaited)
 {
+    const bool takesKeyboard = mayTakeKeyboard();
+    takeDown();
     m_dependencies.delegate.standardUserDriverWillHandleShowingUpdate(true, m_found->item, state);
-    auto* view = new UpdateAlertView(
-        m_found->item,
-        {.ownVersion = m_options.ownVersion, .isAwaited = state.userInitiated},
-        {.choose = [this](UpdateChoice choice) { choose(choice); },
-         .openLink = m_options.openLink});
+    auto* view = new UpdateAlertView(m_found->item,
+                                     {.ownVersion = m_options.ownVersion, .isAwaited = isAwaited},
+                                     {.choose = [this](UpdateChoice choice) { choose(choice); },
+                                      .openLink = m_options.openLink});
     if (m_found->notes) {
         view->showReleaseNotes(*m_found->notes);
     } else if (!m_found->notesFailure.isEmpty()) {
@@ -96,13 +100,14 @@ void StandardUserDriver::showFound(const UpdateUserState& state)
     m_window->onActivated = [this] {
         receiveAttention();
     };
-    m_window->activate();
+    bringUp(takesKeyboard);
 }
 
 void StandardUserDriver::choose(UpdateChoice choice)
 {
     takeDown();
     receiveAttention();
+    m_isAwaited = false;
     if (m_found) {
         callOnce(m_found->reply, choice);
     }
@@ -138,6 +143,7 @@ void StandardUserDriver::showUpdateReleaseNotesFailedToDownload(const QString& r
 void StandardUserDriver::showUpdateNotFound(const QString& reason,
                                             std::function<void()> acknowledged)
 {
+    m_isAwaited = true; // Who has not asked is not answered.
     showAlert(m_options.nothingNewTitle, reason, acknowledged);
 }
 
@@ -167,11 +173,12 @@ void StandardUserDriver::showDownloadProgress(qint64 received, qint64 total)
 void StandardUserDriver::showVerifyingUpdate()
 {
     showStatus([](UpdateStatusView& status) { status.showVerifying(); });
-    m_window->show();
+    m_window->appear();
 }
 
 void StandardUserDriver::showReadyToInstallAndRelaunch(std::function<void(UpdateChoice)> reply)
 {
+    const bool takesKeyboard = mayTakeKeyboard();
     const auto answer = std::make_shared<std::function<void(UpdateChoice)>>(std::move(reply));
     showStatus([this, &answer](UpdateStatusView& status) {
         status.showReady(
@@ -182,13 +189,13 @@ void StandardUserDriver::showReadyToInstallAndRelaunch(std::function<void(Update
                 callOnce(*answer, UpdateChoice::remindLater);
             });
     });
-    m_window->activate();
+    bringUp(takesKeyboard);
 }
 
 void StandardUserDriver::showInstallingUpdate()
 {
     showStatus([](UpdateStatusView& status) { status.showInstalling(); });
-    m_window->show();
+    m_window->appear();
 }
 
 void StandardUserDriver::showUpdateHandedOver(std::function<void()> acknowledged)
@@ -202,8 +209,9 @@ void StandardUserDriver::showUpdateHandedOver(std::function<void()> acknowledged
 
 void StandardUserDriver::showUpdateInFocus()
 {
+    m_isAwaited = true;
     if (m_found && m_found->reply && !m_alert) {
-        showFound({.userInitiated = true});
+        showFound({.userInitiated = true}, true);
     } else if (m_alert) {
         m_dependencies.delegate.standardUserDriverWillHandleShowingUpdate(
             true, m_found->item, {.userInitiated = true});
@@ -220,6 +228,7 @@ void StandardUserDriver::dismissUpdateInstallation()
     m_dependencies.delegate.standardUserDriverWillFinishUpdateSession();
     m_found.reset();
     m_lastFrame.reset();
+    m_isAwaited = false;
 }
 
 QString StandardUserDriver::version() const
@@ -252,15 +261,39 @@ void StandardUserDriver::showAlert(const QString& title,
                                    const QString& text,
                                    const std::function<void()>& acknowledged)
 {
+    const bool takesKeyboard = mayTakeKeyboard();
+    const bool isAwaited = m_isAwaited && !isLeft();
     takeDown();
-    m_dependencies.delegate.standardUserDriverWillShowModalAlert();
-    present(new UpdateMessageView({.title = title, .text = text},
+    if (takesKeyboard) {
+        m_dependencies.delegate.standardUserDriverWillShowModalAlert();
+    }
+    present(new UpdateMessageView({.title = title, .text = text, .isAwaited = isAwaited},
                                   [this, acknowledged = acknowledged]() mutable {
                                       takeDown();
                                       callOnce(acknowledged);
                                   }),
             {});
-    m_window->activate();
+    bringUp(takesKeyboard);
+}
+
+bool StandardUserDriver::mayTakeKeyboard() const
+{
+    return m_isAwaited || m_options.isInImmediateFocus();
+}
+
+bool StandardUserDriver::isLeft() const
+{
+    return m_window && m_window->isLeft();
+}
+
+void StandardUserDriver::bringUp(bool takesKeyboard)
+{
+    if (takesKeyboard) {
+        m_window->activate();
+    } else {
+        m_window->appear();
+        QApplication::alert(m_window.get());
+    }
 }
 
 void StandardUserDriver::present(UpdateView* view, const AuxiliaryWindow::Options& options)

@@ -74,7 +74,8 @@ private:
         bool hasAttention = false;
     };
 
-    void showFound(const UpdateUserState& state);
+    /// `isAwaited`: the user waits for this window and for nothing else.
+    void showFound(const UpdateUserState& state, bool isAwaited);
     void choose(UpdateChoice choice);
     void receiveAttention();
     [[nodiscard]] QString version() const;
@@ -84,10 +85,20 @@ private:
     void
     showAlert(const QString& title, const QString& text, const std::function<void()>& acknowledged);
     void present(UpdateView* view, const AuxiliaryWindow::Options& options);
+    /// Brings the window before the user, and gives it the keyboard if it may have that.
+    void bringUp(bool takesKeyboard);
+    /// Whether what comes up now may have the keyboard: the user waits for it, or is at one of our
+    /// windows. To be asked while the window before it is still there.
+    [[nodiscard]] bool mayTakeKeyboard() const;
+    /// Whether the user went on to something else from the window that is there.
+    [[nodiscard]] bool isLeft() const;
     void takeDown();
 
     Dependencies m_dependencies;
     Options m_options;
+    /// The user has asked for what comes next; not so once the update has been chosen, for then
+    /// it takes its time.
+    bool m_isAwaited = false;
     std::optional<Found> m_found;
     std::unique_ptr<UpdateWindow, DeleteLater> m_window;
     UpdateAlertView* m_alert = nullptr; ///< The window's content, if it is that.

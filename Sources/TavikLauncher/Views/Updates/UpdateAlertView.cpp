@@ -95,9 +95,7 @@ void UpdateAlertView::addButtons(const UpdateItem& item, bool isAwaited)
     QPushButton* install = addButton(item.isInformationOnly ? u"Learn More"_s : u"Install"_s,
                                      Side::right,
                                      choosing(UpdateChoice::install));
-    if (isAwaited) {
-        setDefaultButton(install);
-    }
+    setDefaultButton(isAwaited ? install : nullptr);
 }
 
 void UpdateAlertView::showReleaseNotes(const ReleaseNotes& notes)

@@ -19,8 +19,7 @@ public:
     struct Options
     {
         QString ownVersion; ///< Of the running program.
-        /// The user waits for this window: Return installs. Otherwise it may come in between what
-        /// the user types elsewhere, and Return does nothing.
+        /// The user waits for this window: Return installs.
         bool isAwaited = false;
     };
     struct Actions

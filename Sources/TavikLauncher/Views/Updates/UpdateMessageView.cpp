@@ -21,7 +21,8 @@ UpdateMessageView::UpdateMessageView(const Message& message, std::function<void(
     addText(message.text);
     column().insertStretch(0, 1);
     column().addStretch(1);
-    setDefaultButton(addButton(u"OK"_s, Side::right, [this] { dismiss(); }));
+    QPushButton* button = addButton(u"OK"_s, Side::right, [this] { dismiss(); });
+    setDefaultButton(message.isAwaited ? button : nullptr);
 }
 
 } // namespace Tavik

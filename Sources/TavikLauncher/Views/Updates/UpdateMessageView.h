@@ -15,6 +15,7 @@ public:
     {
         QString title;
         QString text; ///< A whole sentence, perhaps several.
+        bool isAwaited = false; ///< The user waits for it: Return acknowledges.
     };
 
     UpdateMessageView(const Message& message, std::function<void()> acknowledged);

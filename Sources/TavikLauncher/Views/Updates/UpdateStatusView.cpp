@@ -66,7 +66,8 @@ void UpdateStatusView::show(Stage stage)
     m_cancel->setEnabled(m_stage.cancel != nullptr);
     m_later->setVisible(m_stage.later != nullptr);
     m_install->setVisible(m_stage.install != nullptr);
-    setDefaultButton(m_stage.install ? m_install : nullptr);
+    // Nobody has waited for this moment: what the user types belongs to something else.
+    setDefaultButton(nullptr);
 }
 
 void UpdateStatusView::showChecking(std::function<void()> cancel)

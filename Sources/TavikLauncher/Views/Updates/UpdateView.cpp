@@ -39,6 +39,7 @@ double textScale()
 
 UpdateView::UpdateView()
 {
+    setFocusPolicy(Qt::StrongFocus);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(padding, padding, padding, padding);
     layout->setSpacing(padding);
@@ -107,8 +108,13 @@ void UpdateView::setDefaultButton(QPushButton* button)
     m_defaultButton = button;
     if (button) {
         button->setDefault(true);
-        button->setFocus();
     }
+    focusFirst();
+}
+
+void UpdateView::focusFirst()
+{
+    (m_defaultButton ? static_cast<QWidget*>(m_defaultButton) : this)->setFocus();
 }
 
 void UpdateView::keyPressEvent(QKeyEvent* event)
@@ -127,9 +133,7 @@ void UpdateView::keyPressEvent(QKeyEvent* event)
 void UpdateView::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
-    if (m_defaultButton) {
-        m_defaultButton->setFocus();
-    }
+    focusFirst();
 }
 
 } // namespace Tavik

@@ -41,13 +41,18 @@ protected:
     };
     /// Each at the right of those before it on its side.
     QPushButton* addButton(const QString& text, Side side, std::function<void()> clicked);
-    /// What Return presses while no other button has the focus; null for nothing.
+    /// What Return presses while no other button has the focus. Null for nothing: then no button
+    /// has the focus either until the user turns to one, so that a key which was meant for
+    /// something else does nothing.
     void setDefaultButton(QPushButton* button);
 
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
+    /// Gives the keyboard to the default button, or to nothing that acts.
+    void focusFirst();
+
     QLabel* m_title = nullptr;
     QVBoxLayout* m_column = nullptr;
     QHBoxLayout* m_buttons = nullptr;

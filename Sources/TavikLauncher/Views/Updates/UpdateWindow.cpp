@@ -17,7 +17,11 @@ UpdateWindow::UpdateWindow(WindowServer& windowServer, const Options& options, U
 
 bool UpdateWindow::event(QEvent* event)
 {
-    if (event->type() == QEvent::WindowActivate && onActivated) {
+    const bool isActivation = event->type() == QEvent::WindowActivate;
+    if (isActivation || event->type() == QEvent::WindowDeactivate) {
+        m_isLeft = !isActivation;
+    }
+    if (isActivation && onActivated) {
         onActivated();
     }
     return AuxiliaryWindow::event(event);

@@ -19,6 +19,9 @@ public:
 
     [[nodiscard]] UpdateView& view() { return *m_view; }
 
+    /// True when the user was at this window and went on to something else.
+    [[nodiscard]] bool isLeft() const { return m_isLeft; }
+
     /// Called whenever the user comes to this window.
     std::function<void()> onActivated;
 
@@ -27,6 +30,7 @@ protected:
 
 private:
     UpdateView* m_view;
+    bool m_isLeft = false;
 };
 
 } // namespace Tavik

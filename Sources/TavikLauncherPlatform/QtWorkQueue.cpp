@@ -14,10 +14,9 @@ constexpr qint64 longJobMilliseconds = 40;
 constexpr int readThreads = 2;
 } // namespace
 
-QtWorkQueue::QtWorkQueue(std::function<void()> releaseMemory,
-                         std::chrono::milliseconds readPatience)
+QtWorkQueue::QtWorkQueue(std::function<void()> releaseMemory, std::chrono::milliseconds patience)
     : m_releaseMemory(std::move(releaseMemory))
-    , m_readPatience(readPatience)
+    , m_patience(patience)
 {
     m_reads.setMaxThreadCount(readThreads);
     m_writes.setMaxThreadCount(1);
@@ -40,9 +39,10 @@ bool QtWorkQueue::finish()
 {
     m_isFinished = true;
     m_reads.clear();
-    m_launches.waitForDone();
+    const int milliseconds = static_cast<int>(m_patience.count());
+    const bool isLaunched = m_launches.waitForDone(milliseconds);
     m_writes.waitForDone();
-    return m_reads.waitForDone(static_cast<int>(m_readPatience.count()));
+    return m_reads.waitForDone(milliseconds) && isLaunched;
 }
 
 void QtWorkQueue::schedule(WorkPriority priority, Job job)

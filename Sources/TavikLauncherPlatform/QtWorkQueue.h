@@ -15,9 +15,10 @@ class QtWorkQueue final : public WorkQueue
 {
 public:
     /// `releaseMemory` is called off the main thread after a long job: it may give what the job has
-    /// freed back to the system. `readPatience` is how long `finish` waits for reads that run.
+    /// freed back to the system. `patience` is how long `finish` waits for launches, and then for
+    /// reads.
     explicit QtWorkQueue(std::function<void()> releaseMemory = {},
-                         std::chrono::milliseconds readPatience = std::chrono::seconds(1));
+                         std::chrono::milliseconds patience = std::chrono::seconds(1));
     /// Waits for whatever runs.
     ~QtWorkQueue() override;
     QtWorkQueue(const QtWorkQueue&) = delete;
@@ -31,7 +32,7 @@ private:
 
     QObject m_mainThread;
     std::function<void()> m_releaseMemory;
-    std::chrono::milliseconds m_readPatience;
+    std::chrono::milliseconds m_patience;
     bool m_isFinished = false;
     QThreadPool m_reads;
     QThreadPool

@@ -7,7 +7,8 @@
 namespace Tavik {
 
 /// Turns the system's polite requests to end (SIGTERM, SIGINT, SIGHUP) into a call on the main
-/// thread. One at a time; main thread only.
+/// thread, once its loop turns; those that the program was started to ignore stay ignored. One at a
+/// time; main thread only.
 class TerminationSignals
 {
 public:

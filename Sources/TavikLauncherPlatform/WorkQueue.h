@@ -25,9 +25,9 @@ public:
 
     virtual void schedule(WorkPriority priority, Job job) = 0;
     /// For the end of the program, before what the jobs refer to goes: completes the writes and
-    /// the launches, drops the reads that wait, and accepts no more. False when a read still runs
-    /// after a while, held up by a dead network folder or the like: then nothing that jobs refer to
-    /// may be destroyed.
+    /// the launches, drops the reads that wait, and accepts no more. False when a read or a launch
+    /// still runs after a while, held up by a dead network folder or the like: then nothing that
+    /// jobs refer to may be destroyed.
     virtual bool finish() = 0;
 
     /// Runs `work` off the main thread, then `done` with its result on the main thread. The result

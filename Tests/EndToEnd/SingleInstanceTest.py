@@ -1,9 +1,16 @@
 # SPDX-License-Identifier: MIT
 """One program per session, and what reaches it."""
+import os
+import signal
+import socket
+import time
+
 import pytest
 
 from harness.launcher import BUS_NAME, hot_key_record
 from harness.waiting import stays, wait_until
+
+PAIRS = int(os.environ.get("TAVIK_PAIRS", "4"))  # Of a quit and a start.
 
 
 def test_commands_and_the_bus_reach_the_one_program_and_quit_frees_the_key(launcher, applications, desktop, display):
@@ -37,13 +44,119 @@ def test_commands_and_the_bus_reach_the_one_program_and_quit_frees_the_key(launc
     stays(lambda: not ring.is_shown(), "nothing is shown")
 
 
-@pytest.mark.parametrize("environment", [{}, {"DBUS_SESSION_BUS_ADDRESS": "disabled:"}], ids=["bus", "no bus"])
+with_and_without_a_bus = pytest.mark.parametrize(
+    "environment", [{}, {"DBUS_SESSION_BUS_ADDRESS": "disabled:"}], ids=["bus", "no bus"])
+
+
+@with_and_without_a_bus
 def test_of_starts_at_one_moment_one_stays_and_the_others_reach_it(launcher, desktop, environment):
     launcher.environment.update(environment)
     starts = [desktop.spawn([launcher.program], launcher.environment, log="launcher") for _ in range(6)]
     wait_until(lambda: sum(start.poll() is not None for start in starts) == 5, "one is left")
     assert launcher.command("--quit").returncode == 0
     assert [start.wait(5) for start in starts] == [0] * 6
+
+
+def is_running(launcher, is_on_bus):
+    desktop = launcher.desktop
+    return launcher.display.is_grabbed(launcher.hot_key) and (not is_on_bus or desktop.name_has_owner(BUS_NAME))
+
+
+def quit_now(launcher):
+    """Returns as soon as the program has the request, and is about to end."""
+    with socket.socket(socket.AF_UNIX) as connection:
+        connection.connect(str(launcher.desktop.home / "runtime" / "tavik-launcher.socket"))
+        connection.sendall(b"quit\n")
+        assert connection.recv(1) == b"\n"
+
+
+@with_and_without_a_bus
+@pytest.mark.parametrize("arguments", [(), ("--background",), ("--toggle",)], ids=["by hand", "login", "command"])
+def test_a_start_right_after_a_quit_takes_over(launcher, applications, desktop, environment, arguments):
+    applications.add_many(1500)  # There is a walk to be ended.
+    launcher.environment.update(environment)
+
+    def start():
+        return desktop.spawn([launcher.program, *arguments], launcher.environment, log="launcher")
+
+    running = start()
+    for _ in range(PAIRS):
+        wait_until(lambda: is_running(launcher, not environment), "it has begun")
+        quit_now(launcher)
+        following = start()
+        assert running.wait(10) == 0
+        running = following
+    wait_until(lambda: is_running(launcher, not environment), "the last one runs")
+    assert running.poll() is None
+    assert launcher.command("--quit").returncode == 0
+    assert running.poll() is not None or running.wait(0.5) == 0, "whoever quits it has it ended"
+
+
+def test_a_stopped_launcher_is_told_of_as_it_is_and_toggles_once(launcher, applications, display):
+    launcher.pin(applications.add("Alder"))
+    launcher.start()
+    launcher.process.send_signal(signal.SIGSTOP)
+    for argument in ("--toggle", "--hide"):
+        answer = launcher.command(argument)
+        assert answer.returncode == 1 and "does not answer" in answer.stderr
+        launcher.process.send_signal(signal.SIGCONT if argument == "--toggle" else signal.SIGSTOP)
+        if argument == "--toggle":
+            launcher.wait_open()
+            stays(launcher.is_shown, "it was toggled once", 1)
+            launcher.process.send_signal(signal.SIGSTOP)
+    launcher.process.send_signal(signal.SIGCONT)
+    launcher.wait_hidden()
+    assert launcher.command("--quit").returncode == 0
+    answer = launcher.command("--quit")
+    assert answer.returncode == 1 and "no launcher is running" in answer.stderr
+
+
+@pytest.fixture
+def mute_bus(tmp_path):
+    """The address of a bus that takes every connection and never says a word."""
+    with socket.socket(socket.AF_UNIX) as bus:
+        bus.bind(str(tmp_path / "bus"))
+        bus.listen(50)
+        yield f"unix:path={tmp_path / 'bus'}"
+
+
+REFUSING = """<busconfig><type>session</type><listen>unix:tmpdir=/tmp</listen><auth>EXTERNAL</auth>
+    <policy context="default"><allow send_destination="*"/><allow receive_sender="*"/><deny own="*"/></policy></busconfig>"""
+
+
+@pytest.fixture
+def refusing_bus(desktop, tmp_path):
+    """The address of a bus that gives nobody a name."""
+    (tmp_path / "refusing.conf").write_text(REFUSING)
+    return desktop.start_bus("refusing", f"--config-file={tmp_path / 'refusing.conf'}")
+
+
+@pytest.mark.parametrize("bus", ["mute_bus", "refusing_bus"])
+def test_a_bus_that_is_of_no_use_costs_a_second_and_no_start(launcher, display, request, bus):
+    launcher.environment["DBUS_SESSION_BUS_ADDRESS"] = request.getfixturevalue(bus)
+    began = time.monotonic()
+    launcher.process = launcher.desktop.spawn([launcher.program], launcher.environment, log="launcher")
+    wait_until(lambda: display.is_grabbed(launcher.hot_key), "the hot key is taken")
+    assert time.monotonic() - began < 4
+    began = time.monotonic()
+    assert launcher.command("--show").returncode == 0
+    launcher.wait_open()
+    assert launcher.command("--quit").returncode == 0
+    assert time.monotonic() - began < 4
+    assert launcher.wait_exit() == 0
+
+
+def test_with_the_bus_gone_a_second_start_finds_the_first(launcher, applications, desktop):
+    launcher.pin(applications.add("Alder"))
+    launcher.start()
+    desktop.end_bus()
+    for _ in range(2):
+        assert launcher.command("--show").returncode == 0
+        launcher.wait_open()
+        assert launcher.command("--hide").returncode == 0
+        launcher.wait_hidden()
+    assert launcher.command("--quit").returncode == 0
+    assert launcher.wait_exit() == 0
 
 
 def test_questions_and_mistakes_are_answered_without_a_running_program(launcher, desktop):

@@ -2,6 +2,7 @@
 #include <TavikLauncher/Look/TavikIconFactory.h>
 #include <TavikLauncher/Shell/AppDelegate.h>
 #include <TavikLauncher/Shell/OpenPage.h>
+#include <TavikLauncher/Shell/TavikLauncherApp.h>
 #include <TavikLauncher/Views/Ring/LauncherPanel.h>
 #include <TavikLauncher/Views/Ring/RadialLauncherView.h>
 #include <TavikLauncherPlatform/Platform.h>
@@ -39,13 +40,6 @@ observe(NotificationCenter& center, QStringView name, std::function<void()> acti
 {
     return center.addObserver(
         name, [action = std::move(action)](const NotificationCenter::Notification&) { action(); });
-}
-
-/// Windows that are open are not closed one by one: the tour that was not read to its end comes
-/// again.
-void quit()
-{
-    QCoreApplication::exit();
 }
 
 } // namespace
@@ -304,7 +298,7 @@ void AppDelegate::installStatusItem()
                              .repeatTour = [this] { m_windows.showOnboarding(true); },
                              .showReindexWindow = [this] { m_windows.showReindex(); },
                              .openSupportPage = openSupportPage,
-                             .quit = quit,
+                             .quit = &TavikLauncherApp::end,
                          });
 }
 
@@ -398,7 +392,7 @@ void AppDelegate::carryOut(const AppRequest& request)
         m_softwareUpdates->checkForUpdates();
         break;
     case AppAction::quit:
-        quit();
+        TavikLauncherApp::end();
         break;
     }
 }

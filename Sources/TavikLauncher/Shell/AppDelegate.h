@@ -8,9 +8,9 @@
 #include <TavikLauncher/Ring/LauncherCommands.h>
 #include <TavikLauncher/Ring/LauncherPresentationState.h>
 #include <TavikLauncher/Settings/LauncherSettings.h>
+#include <TavikLauncher/Shell/AppRequest.h>
 #include <TavikLauncher/Shell/AuxiliaryWindows.h>
 #include <TavikLauncher/Shell/LauncherPanelController.h>
-#include <TavikLauncher/Shell/SingleInstance.h>
 #include <TavikLauncher/Shell/SoftwareUpdates.h>
 #include <TavikLauncher/Shell/UpdaterApplication.h>
 #include <TavikLauncher/Trigger/TriggerGestures.h>

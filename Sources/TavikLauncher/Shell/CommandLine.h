@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <TavikLauncher/Shell/SingleInstance.h>
+#include <TavikLauncher/Shell/AppRequest.h>
 
 #include <QString>
 #include <QStringList>

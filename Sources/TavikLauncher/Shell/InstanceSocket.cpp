@@ -3,7 +3,6 @@
 #include <TavikLauncher/Shell/RuntimeFolder.h>
 
 #include <QLocalSocket>
-#include <QPointer>
 
 #include <optional>
 
@@ -13,7 +12,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int answerMilliseconds = 2000;
+constexpr int connectMilliseconds = 1000;
+/// An instance that has just started reads its first line when it is ready for it.
+constexpr int answerMilliseconds = 5000;
 constexpr qint64 longestLine = 1024;
 constexpr char terminator = '\n';
 
@@ -30,23 +31,28 @@ InstanceSocket::InstanceSocket()
     QObject::connect(&m_server, &QLocalServer::newConnection, &m_server, [this] { accept(); });
 }
 
-InstanceSocket::~InstanceSocket() = default;
-
-InstanceSocket::Claim InstanceSocket::claim()
+InstanceSocket::~InstanceSocket()
 {
-    const auto path = socketPath();
-    const auto lockPath = RuntimeFolder::path(u"tavik-launcher.lock"_s);
-    if (!path || !lockPath) {
-        return Claim::unavailable;
+    close();
+}
+
+bool InstanceSocket::listen()
+{
+    const std::optional<QString> path = socketPath();
+    if (!path) {
+        return false;
     }
-    m_lock = std::make_unique<QLockFile>(*lockPath);
-    m_lock->setStaleLockTime(0);
-    if (!m_lock->tryLock()) {
-        return m_lock->error() == QLockFile::LockFailedError ? Claim::taken : Claim::unavailable;
-    }
-    // Whoever holds the lock owns the socket; what lies there is left from an instance that died.
     QLocalServer::removeServer(*path);
-    return m_server.listen(*path) ? Claim::first : Claim::unavailable;
+    return m_server.listen(*path);
+}
+
+void InstanceSocket::close()
+{
+    m_server.close();
+    for (QLocalSocket* connection : m_server.findChildren<QLocalSocket*>()) {
+        connection->disconnect(&m_server);
+        connection->abort();
+    }
 }
 
 void InstanceSocket::accept()
@@ -54,37 +60,51 @@ void InstanceSocket::accept()
     while (QLocalSocket* connection = m_server.nextPendingConnection()) {
         QObject::connect(
             connection, &QLocalSocket::disconnected, connection, &QObject::deleteLater);
-        QObject::connect(connection, &QLocalSocket::readyRead, connection, [this, connection] {
-            if (!connection->canReadLine()) {
-                if (connection->bytesAvailable() > longestLine) {
-                    connection->abort();
-                }
-                return;
-            }
-            const QByteArray line = connection->readLine(longestLine).trimmed();
-            connection->write(&terminator, 1);
-            connection->flush(); // The line may be the one that ends this program.
-            connection->disconnectFromServer();
-            if (onLine) {
-                onLine(QString::fromLatin1(line));
-            }
+        QObject::connect(connection, &QLocalSocket::readyRead, &m_server, [this, connection] {
+            read(*connection);
         });
     }
 }
 
-bool InstanceSocket::forward(const QString& line)
+void InstanceSocket::read(QLocalSocket& connection)
 {
-    const auto path = socketPath();
+    if (!m_server.isListening()) {
+        return;
+    }
+    if (!connection.canReadLine()) {
+        if (connection.bytesAvailable() > longestLine) {
+            connection.abort();
+        }
+        return;
+    }
+    const QByteArray line = connection.readLine(longestLine).trimmed();
+    connection.disconnect(&m_server); // One line each.
+    connection.write(&terminator, 1);
+    connection.flush(); // The line may be the one that ends this program.
+    connection.disconnectFromServer();
+    if (onLine && !line.isEmpty()) {
+        onLine(QString::fromUtf8(line));
+    }
+}
+
+InstanceAnswer InstanceSocket::send(const QString& line)
+{
+    const std::optional<QString> path = socketPath();
     if (!path) {
-        return false;
+        return InstanceAnswer::none;
     }
     QLocalSocket socket;
     socket.connectToServer(*path);
-    if (!socket.waitForConnected(answerMilliseconds)) {
-        return false;
+    if (!socket.waitForConnected(connectMilliseconds)) {
+        return InstanceAnswer::none;
     }
-    socket.write(line.toLatin1() + terminator);
-    return socket.waitForReadyRead(answerMilliseconds);
+    socket.write(line.toUtf8() + terminator);
+    if (socket.waitForReadyRead(answerMilliseconds)) {
+        return InstanceAnswer::given;
+    }
+    // A connection that was closed without an answer was not read.
+    return socket.state() == QLocalSocket::ConnectedState ? InstanceAnswer::silent
+                                                          : InstanceAnswer::none;
 }
 
 } // namespace Tavik

@@ -1,43 +1,44 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncher/Shell/AppRequest.h>
+
 #include <QLocalServer>
-#include <QLockFile>
 #include <QString>
 
 #include <functional>
-#include <memory>
+
+class QLocalSocket;
 
 namespace Tavik {
 
-/// Stands in for the session bus where there is none: a local socket in the user's runtime folder,
-/// which only the user can reach. One line is sent per connection and answered with a byte.
+/// A local socket in the user's runtime folder, which only the user can reach: where other starts
+/// find the one that runs, with a session bus or without. One line is sent per connection and
+/// answered with a byte. An empty line asks only whether anybody is there.
 class InstanceSocket
 {
 public:
-    enum class Claim {
-        first,
-        taken,
-        unavailable, ///< There is no runtime folder of the user's own.
-    };
-
     InstanceSocket();
     ~InstanceSocket();
     InstanceSocket(const InstanceSocket&) = delete;
     InstanceSocket& operator=(const InstanceSocket&) = delete;
 
-    /// On `first`, `onLine` is called with what other instances send from then on.
-    [[nodiscard]] Claim claim();
-    /// Hands a line to the instance that listens. False when none answers. Needs no application
-    /// object.
-    [[nodiscard]] static bool forward(const QString& line);
+    /// In place of what lies there; only the one instance may. False where there is no runtime
+    /// folder of the user's own. From then on `onLine` is called with what other starts send.
+    bool listen();
+    /// Whoever has no answer yet gets none, and may try elsewhere.
+    void close();
+
+    /// Hands a line to the instance that listens. Blocks for as long as that takes, at most a few
+    /// seconds. Needs no application object.
+    [[nodiscard]] static InstanceAnswer send(const QString& line);
 
     std::function<void(const QString& line)> onLine;
 
 private:
     void accept();
+    void read(QLocalSocket& connection);
 
-    std::unique_ptr<QLockFile> m_lock;
     QLocalServer m_server;
 };
 

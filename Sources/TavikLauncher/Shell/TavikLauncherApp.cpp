@@ -4,6 +4,8 @@
 #include <QEvent>
 #include <QSessionManager>
 
+#include <utility>
+
 namespace Tavik {
 
 using namespace Qt::StringLiterals;
@@ -21,12 +23,22 @@ TavikLauncherApp::TavikLauncherApp(int& argc, char** argv)
     });
 }
 
+void TavikLauncherApp::end()
+{
+    if (auto* application = qobject_cast<TavikLauncherApp*>(instance())) {
+        if (const auto onEnd = std::exchange(application->onEnd, nullptr)) {
+            onEnd();
+        }
+    }
+    exit();
+}
+
 bool TavikLauncherApp::event(QEvent* event)
 {
     // So ends the session. The toolkit would close the windows one by one, as if the user had: the
     // tour would count as taken.
     if (event->type() == QEvent::Quit) {
-        exit();
+        end();
         return true;
     }
     return QApplication::event(event);

@@ -2,7 +2,9 @@
 #include <TavikLauncher/Shell/AppDelegate.h>
 #include <TavikLauncher/Shell/BuildUpdateSource.h>
 #include <TavikLauncher/Shell/CommandLine.h>
+#include <TavikLauncher/Shell/InstanceClaim.h>
 #include <TavikLauncher/Shell/RuntimeFolder.h>
+#include <TavikLauncher/Shell/SingleInstance.h>
 #include <TavikLauncher/Shell/TavikLauncherApp.h>
 #include <TavikLauncher/Views/Ring/RingAccessibility.h>
 #include <TavikLauncherPlatform/Linux/Applications/ApplicationLaunch.h>
@@ -10,7 +12,6 @@
 #include <TavikLauncherPlatform/Platform.h>
 #include <TavikLauncherPlatform/TerminationSignals.h>
 
-#include <QCoreApplication>
 #include <QLoggingCategory>
 #include <QTextStream>
 
@@ -60,14 +61,29 @@ int complain(const QString& fault)
     return failure;
 }
 
-int handOver(const CommandLine& commandLine)
+InstanceClaim::Wish wishOf(const CommandLine& commandLine)
 {
-    // A login or the bus wants the launcher to run, and it does.
-    if (commandLine.starter != CommandLine::Starter::user
-        || SingleInstance::handOver(commandLine.request)) {
-        return 0;
+    // A login or the bus only wants the launcher to run.
+    return {.request = commandLine.starter == CommandLine::Starter::user
+                ? std::optional(commandLine.request)
+                : std::nullopt,
+            .needsRunning = needsRunningInstance(commandLine.request.action)};
+}
+
+/// What this start has come to, where it does not become the one instance.
+int conclude(InstanceClaim& claim, InstanceClaim::Outcome outcome, const AppRequest& request)
+{
+    if (outcome == InstanceClaim::Outcome::nobody) {
+        return complain(u"no launcher is running"_s);
     }
-    return complain(u"the launcher that runs does not answer"_s);
+    if (outcome == InstanceClaim::Outcome::silent) {
+        return complain(u"the launcher that runs does not answer"_s);
+    }
+    // Whoever goes on from here may count on it.
+    if (request.action == AppAction::quit && !claim.awaitEnd()) {
+        return complain(u"the launcher that runs has not ended yet"_s);
+    }
+    return 0;
 }
 
 /// Does what this start was for, now and for as long as the bus has not said it.
@@ -114,34 +130,43 @@ int relaunch(const Ending& ending)
     return ending.exitCode;
 }
 
-Ending run(int argc, char** argv, const CommandLine& commandLine)
+Ending run(int argc, char** argv, const CommandLine& commandLine, InstanceClaim& claim)
 {
     // Other programs' icons may be faulty in many ways; whoever decodes them goes on with the next.
     QLoggingCategory::setFilterRules(u"qt.gui.imageio*=false\nqt.svg*=false"_s);
     TavikLauncherApp application(argc, argv);
+    // From here on until all is given back, also while the loop does not turn yet or any more.
+    const TerminationSignals signals(&TavikLauncherApp::end);
 
-    auto instance = std::make_unique<SingleInstance>();
-    if (instance->claim() == SingleInstance::Claim::taken) {
-        return {.exitCode = handOver(commandLine)};
+    SingleInstance instance;
+    if (!instance.listen()) {
+        const InstanceClaim::Outcome outcome
+            = claim.settleOnBus(wishOf(commandLine), [&instance] { return instance.listen(); });
+        if (outcome != InstanceClaim::Outcome::first) {
+            return {.exitCode = conclude(claim, outcome, commandLine.request)};
+        }
     }
+    application.onEnd = [&instance] {
+        instance.giveUp();
+    };
     RingAccessibility::install();
     const UpdateSource updates = buildUpdateSource();
     TavikLauncherApp::setApplicationVersion(updates.version);
     const std::unique_ptr<Platform> platform = makePlatform(updates);
     platform->updater->onTerminate = [] {
-        QCoreApplication::exit();
+        TavikLauncherApp::end();
     };
     NotificationCenter notifications;
     AppDelegate delegate(*platform, notifications);
     delegate.applicationDidFinishLaunching();
-    beginService(*instance, delegate, commandLine);
-    const TerminationSignals signals([] { QCoreApplication::exit(); });
+    beginService(instance, delegate, commandLine);
     Ending ending{.exitCode = TavikLauncherApp::exec()};
+    instance.giveUp();
     ending.programToRelaunch = platform->updater->programToRelaunch();
     // No job may outlive what it refers to; what hangs ends with the process.
     if (!platform->workQueue->finish()) {
         platform->userDefaults.reset(); // Writes what is not on disk yet.
-        instance.reset();
+        claim.release();
         std::_Exit(relaunch(ending));
     }
     return ending;
@@ -160,14 +185,15 @@ int main(int argc, char** argv)
     request.activation = givenActivation();
     // What the running instance is to do needs neither windows nor fonts here: it is on its way
     // before the toolkit would have started.
-    if (request.action != AppAction::activate && SingleInstance::forward(request)) {
-        return 0;
-    }
-    if (needsRunningInstance(request.action)) {
-        return complain(u"no launcher is running"_s);
+    InstanceClaim claim;
+    const InstanceClaim::Outcome outcome = claim.settle(wishOf(commandLine));
+    if (outcome != InstanceClaim::Outcome::first) {
+        return conclude(claim, outcome, request);
     }
     if (const std::optional<QString> fault = whyNoDisplay()) {
         return complain(*fault);
     }
-    return relaunch(run(argc, argv, commandLine));
+    const Ending ending = run(argc, argv, commandLine, claim);
+    claim.release();
+    return relaunch(ending);
 }

@@ -51,14 +51,18 @@ public:
         struct sigaction action = {};
         action.sa_handler = writeByte;
         action.sa_flags = SA_RESTART;
-        for (const int signal : handledSignals) {
-            sigaction(signal, &action, nullptr);
+        for (std::size_t i = 0; i < handledSignals.size(); ++i) {
+            sigaction(handledSignals[i], nullptr, &m_before[i]);
+            // Whoever started the program with a signal ignored wants it to outlive that.
+            if (m_before[i].sa_handler != SIG_IGN) {
+                sigaction(handledSignals[i], &action, nullptr);
+            }
         }
     }
     ~Pipe()
     {
-        for (const int signal : handledSignals) {
-            std::signal(signal, SIG_DFL);
+        for (std::size_t i = 0; i < handledSignals.size(); ++i) {
+            sigaction(handledSignals[i], &m_before[i], nullptr);
         }
         m_notifier.reset();
         for (int& end : pipeEnds) {
@@ -70,6 +74,7 @@ public:
 
 private:
     std::unique_ptr<QSocketNotifier> m_notifier;
+    std::array<struct sigaction, handledSignals.size()> m_before{};
 };
 
 TerminationSignals::TerminationSignals(std::function<void()> onTerminate)

@@ -58,6 +58,7 @@ class Desktop:
         self._known = set()
         self.display_name = self.bus_address = ""
         self._server = None
+        self._buses = []  # The session's is the first.
 
     def __enter__(self):
         processes.adopt_orphans()
@@ -113,15 +114,20 @@ class Desktop:
         self._server.kill()
         self._server.wait()
 
-    def start_bus(self, log):
+    def start_bus(self, log, configuration="--session"):
         """Starts a message bus of its own and returns its address."""
         process = self.spawn(
-            ["dbus-daemon", "--session", "--nofork", "--nosyslog", "--print-address=1"], log=log,
+            ["dbus-daemon", configuration, "--nofork", "--nosyslog", "--print-address=1"], log=log,
             stdout=subprocess.PIPE, text=True)
+        self._buses.append(process)
         address = process.stdout.readline().strip()
         process.stdout.close()
         assert address, f"the bus did not start: {self.log(log)}"
         return address
+
+    def end_bus(self):
+        """Ends the session bus under everybody who is on it."""
+        processes.end(self._buses[0])
 
     def start_window_manager(self):
         command = WINDOW_MANAGERS[self.options.window_manager]

@@ -19,6 +19,11 @@ using Opened = std::function<void(const QDBusConnection&)>;
 /// Whether the session has a bus. Without one, connecting would start one that nobody asked for.
 [[nodiscard]] bool isOffered();
 
+/// Greets the session bus and waits a second for its answer. One that takes connections and says
+/// nothing would hold up everything that asks it: for this process and from here on there is none
+/// then. To be called before anything else uses the bus.
+void forgetIfMute();
+
 /// Calls `opened` on the main thread unless there is no session bus or `context` is gone by then.
 void open(WorkQueue& workQueue, QObject* context, Opened opened);
 /// The same for the bus of the whole machine.

@@ -3,6 +3,7 @@
 
 #include <QDateTime>
 #include <QString>
+#include <QStringList>
 #include <QUrl>
 
 #include <chrono>
@@ -17,6 +18,7 @@ struct UpdateSource
     QString feedUrl; ///< Empty: this build is not updated by itself.
     QString publicKey; ///< Ed25519, 32 bytes in Base64; empty: as above.
     QString version; ///< Of the running program.
+    QStringList pageHosts; ///< Where the feed may lead people to, besides its own host.
 };
 
 /// Where to read what is new in a version. The text comes from the network: it is for a view that

@@ -21,6 +21,7 @@ CHECK = "Check for Updates…"
 TWO_MONITORS = (Monitor("left", 0, 0, 900, 900), Monitor("right", 900, 0, 900, 900))
 DEBUG_LOG = pathlib.Path("/tmp/tavik-update.log")
 IMAGE_MARK = b"AI\x02"  # Where a program's header has room to spare.
+FILE_SYSTEM = b"hsqs\0\0\0\0\1\0\0\0"  # The beginning of one, made a second after 1970.
 
 
 @pytest.fixture
@@ -35,7 +36,7 @@ def image(program, tmp_path_factory):
     stripped = tmp_path_factory.mktemp("image") / "stripped"
     subprocess.run(["strip", "-o", stripped, program], check=True)
     content = stripped.read_bytes()
-    return content[:8] + IMAGE_MARK + content[8 + len(IMAGE_MARK):]
+    return content[:8] + IMAGE_MARK + content[8 + len(IMAGE_MARK):] + FILE_SYSTEM
 
 
 @pytest.fixture(scope="session")

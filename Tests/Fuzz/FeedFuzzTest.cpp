@@ -73,7 +73,7 @@ private Q_SLOTS:
     {
         const QUrl feedUrl(u"https://example.org/feed.xml"_s);
         tryDamaged(21, wellFormedFeed(), 1000, [&](const QByteArray& damaged, int& understood) {
-            const AppcastFeed feed = AppcastReader::read(damaged, feedUrl);
+            const AppcastFeed feed = AppcastReader::read(damaged, {feedUrl, {}});
             if (feed.error) {
                 QVERIFY(feed.items.isEmpty() && !feed.error->isEmpty());
                 return;
@@ -84,14 +84,19 @@ private Q_SLOTS:
                 QVERIFY(!update.versionString.isEmpty() && !update.displayVersionString.isEmpty());
                 QVERIFY(isFetchableOrEmpty(update.infoUrl)
                         && isFetchableOrEmpty(update.releaseNotesUrl));
-                QVERIFY(item.enclosure || !update.infoUrl.isEmpty());
-                QVERIFY(!item.enclosure || item.enclosure->fault || isInstallable(*item.enclosure));
+                QVERIFY(!item.enclosures.isEmpty() || !update.infoUrl.isEmpty());
+                for (const AppcastEnclosure& enclosure : item.enclosures) {
+                    QVERIFY(enclosure.fault || isInstallable(enclosure));
+                }
             }
             const AppcastSelection::Selection selection
                 = AppcastSelection::select(feed.items,
                                            {.runningVersion = u"1.0"_s,
                                             .systemVersion = u"6.1"_s,
-                                            .now = QDateTime::currentDateTimeUtc()});
+                                            .now = QDateTime::currentDateTimeUtc(),
+                                            .kinds = {u"appimage"_s},
+                                            .processor = u"x86_64"_s,
+                                            .pageHosts = {u"example.org"_s}});
             QVERIFY(selection.offer.has_value() == selection.reason.isEmpty());
             if (selection.offer) {
                 const UpdateItem& update = selection.offer->update;

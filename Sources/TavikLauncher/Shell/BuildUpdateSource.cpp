@@ -7,7 +7,8 @@ UpdateSource buildUpdateSource()
 {
     return {.feedUrl = QStringLiteral(TAVIK_UPDATE_FEED_URL),
             .publicKey = QStringLiteral(TAVIK_UPDATE_PUBLIC_KEY),
-            .version = QStringLiteral(TAVIK_VERSION)};
+            .version = QStringLiteral(TAVIK_VERSION),
+            .pageHosts = QStringLiteral(TAVIK_UPDATE_PAGE_HOSTS).split(u' ', Qt::SkipEmptyParts)};
 }
 
 } // namespace Tavik

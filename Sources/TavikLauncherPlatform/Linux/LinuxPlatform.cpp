@@ -93,6 +93,8 @@ std::unique_ptr<Updater> makeUpdater(const UpdateSource& source, Platform& platf
             .publicKey
             = *UpdateSignature::fromBase64(source.publicKey, UpdateSignature::publicKeySize),
             .version = source.version,
+            .processor = QSysInfo::buildCpuArchitecture(),
+            .pageHosts = QStringList(QUrl(source.feedUrl).host()) + source.pageHosts,
             .image = AppImage::running(AppImage::Surroundings::ofProcess()),
             .folder = UpdateFolder::defaultPath(),
             .wallClock = [] { return QDateTime::currentDateTimeUtc(); },

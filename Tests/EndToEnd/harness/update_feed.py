@@ -1,37 +1,43 @@
 # SPDX-License-Identifier: MIT
 """A feed of new versions on this machine, signed with keys made for the occasion."""
 import base64
-import ctypes
 import http.server
+import pathlib
+import subprocess
+import sys
+import tempfile
 import threading
 
-NAMESPACE = "http://www.andymatuschak.org/xml-namespaces/sparkle"
-PUBLIC_KEY_SIZE, SECRET_KEY_SIZE, SIGNATURE_SIZE = 32, 64, 64
+NAMESPACES = ('xmlns:sparkle="http://www.andymatuschak.org/xml-namespaces/sparkle" '
+              'xmlns:tavik="urn:tavik-launcher:feed"')
+TOOL = pathlib.Path(__file__).resolve().parents[3] / "Packaging" / "sign-update"
 
 
 class Signer:
-    """One Ed25519 key pair."""
+    """One key pair, and the tool that signs with it."""
 
-    def __init__(self):
-        self._sodium = ctypes.CDLL("libsodium.so.23")
-        assert self._sodium.sodium_init() >= 0
-        public = ctypes.create_string_buffer(PUBLIC_KEY_SIZE)
-        self._secret = ctypes.create_string_buffer(SECRET_KEY_SIZE)
-        assert self._sodium.crypto_sign_keypair(public, self._secret) == 0
-        self.public_key = base64.b64encode(public.raw).decode()
+    def __init__(self, folder):
+        self._folder = pathlib.Path(folder)
+        self._key = self._folder / "key.pem"
+        subprocess.run(["openssl", "genpkey", "-algorithm", "ed25519", "-out", self._key], check=True)
+        public = ["openssl", "pkey", "-in", self._key, "-pubout", "-outform", "DER"]
+        self.public_key = base64.b64encode(
+            subprocess.run(public, check=True, stdout=subprocess.PIPE).stdout[-32:]).decode()
 
-    def sign(self, content):
-        signature = ctypes.create_string_buffer(SIGNATURE_SIZE)
-        length = ctypes.c_ulonglong(len(content))
-        assert self._sodium.crypto_sign_detached(signature, None, content, length, self._secret) == 0
-        return base64.b64encode(signature.raw).decode()
+    def enclosure(self, version, content, url):
+        package = self._folder / "package.AppImage"
+        package.write_bytes(content)
+        return subprocess.run(
+            [sys.executable, TOOL, "--key", self._key, "--version", version, "--processor", "any", "--url", url,
+             package], check=True, stdout=subprocess.PIPE, text=True).stdout
 
 
 class UpdateFeed:
     """Use as a context manager. Notes the path of every request."""
 
     def __init__(self):
-        self.signer = Signer()
+        self._folder = tempfile.TemporaryDirectory(prefix="tavik-feed-")
+        self.signer = Signer(self._folder.name)
         self.requests = []
         self.goes_on = threading.Event()  # What ends a file half-way.
         self.goes_on.set()
@@ -64,6 +70,7 @@ class UpdateFeed:
         self.goes_on.set()
         self._server.shutdown()
         self._server.server_close()
+        self._folder.cleanup()
 
     @property
     def environment(self):
@@ -76,15 +83,14 @@ class UpdateFeed:
 
     def offer(self, version, package):
         """Makes `package` the newest version."""
-        signature = self.signer.sign(package)
+        enclosure = self.signer.enclosure(version, package, self._address("/package"))
         self._files["/package"] = package, "application/vnd.appimage"
         self._files["/feed.xml"] = f"""<?xml version="1.0" encoding="utf-8"?>
-            <rss version="2.0" xmlns:sparkle="{NAMESPACE}"><channel><item>
+            <rss version="2.0" {NAMESPACES}><channel><item>
               <title>Version {version}</title>
               <sparkle:version>{version}</sparkle:version>
               <description><![CDATA[<p>Faster.</p>]]></description>
-              <enclosure url="{self._address("/package")}" length="{len(package)}"
-                type="application/vnd.appimage" sparkle:edSignature="{signature}"/>
+              {enclosure}
             </item></channel></rss>""".encode(), "application/rss+xml"
 
     def _address(self, path):

@@ -3,7 +3,9 @@
 
 #include "UpdateServer.h"
 #include <TavikLauncherPlatform/Linux/Updates/AppcastUpdater.h>
+#include <TavikLauncherPlatform/Linux/Updates/UpdateStatement.h>
 
+#include <QCryptographicHash>
 #include <QDateTime>
 #include <QTest>
 
@@ -112,7 +114,17 @@ struct UpdaterBench : UpdateFixture
     /// An image for the usual computer.
     [[nodiscard]] static QByteArray image(const QByteArray& mark)
     {
-        return QByteArray("\x7f\x45LF\2\1\1\0AI\2\0\0\0\0\0\2\0\x3e\0", 20) + mark;
+        return program() + QByteArray("hsqs\0\0\0\0\1\0\0\0", 12)
+            + mark; // Made a second after 1970.
+    }
+    /// What lies before an image's file system.
+    [[nodiscard]] static QByteArray program(bool isWide = true)
+    {
+        QByteArray bytes("\x7f\x45LF\2\1\1\0AI\2\0\0\0\0\0\2\0\x3e\0", 20);
+        bytes = bytes.leftJustified(isWide ? 64 : 52, '\0');
+        bytes[4] = isWide ? 2 : 1;
+        bytes[isWide ? 40 : 32] = char(bytes.size()); // Where the program ends.
+        return bytes;
     }
 
     /// What the feed says of one version.
@@ -122,22 +134,36 @@ struct UpdaterBench : UpdateFixture
         QByteArray path = "/new.AppImage";
         QByteArray file = image("new");
         QByteArray signature; ///< Empty: that of `file`.
-        qsizetype length = -1; ///< Negative: that of `file`.
+        QByteArray statedVersion; ///< Empty: `version`.
         QByteArray more; ///< Elements.
     };
+
+    /// The enclosure of an item, with everything that is signed.
+    [[nodiscard]] QByteArray enclosure(const Item& item) const
+    {
+        const QByteArray signature
+            = item.signature.isEmpty() ? signer.sign(item.file) : item.signature;
+        const QByteArray digest = QCryptographicHash::hash(item.file, QCryptographicHash::Sha256);
+        const QByteArray version = item.statedVersion.isEmpty() ? item.version : item.statedVersion;
+        const UpdateStatement statement{
+            .version = QString::fromLatin1(version),
+            .length = item.file.size(),
+            .kind = updateKindName({.url = QUrl(QString::fromLatin1(item.path))}),
+            .processor = QStringLiteral("any"),
+            .digest = digest};
+        return "<enclosure url=\"" + item.path + "\" length=\""
+            + QByteArray::number(item.file.size()) + "\" s:edSignature=\"" + signature
+            + "\" t:processor=\"any\" t:sha256=\"" + digest.toHex() + "\" t:statement=\""
+            + signer.sign(statement.text()) + "\"/>";
+    }
 
     /// Serves a feed with that version, and its file.
     void offer(const Item& item)
     {
-        const qsizetype length = item.length < 0 ? item.file.size() : item.length;
-        const QByteArray signature
-            = item.signature.isEmpty() ? signer.sign(item.file) : item.signature;
-        const QByteArray enclosure = "<enclosure url=\"" + item.path + "\" length=\""
-            + QByteArray::number(length) + "\" s:edSignature=\"" + signature + "\"/>";
         const QByteArray feed
-            = "<rss xmlns:s=\"http://www.andymatuschak.org/xml-namespaces/sparkle\"><channel><item>"
-              "<s:version>"
-            + item.version + "</s:version>" + (item.path.isEmpty() ? QByteArray() : enclosure)
+            = "<rss xmlns:s=\"http://www.andymatuschak.org/xml-namespaces/sparkle\" "
+              "xmlns:t=\"urn:tavik-launcher:feed\"><channel><item><s:version>"
+            + item.version + "</s:version>" + (item.path.isEmpty() ? QByteArray() : enclosure(item))
             + item.more + "</item></channel></rss>";
         server.answer("/feed", {UpdateServer::file(feed, "application/rss+xml")});
         server.answer(item.path, {UpdateServer::file(item.file, "application/octet-stream")});
@@ -160,6 +186,8 @@ struct UpdaterBench : UpdateFixture
                             .feedUrl = feedUrl.isEmpty() ? server.url("/feed") : feedUrl,
                             .publicKey = signer.publicKey,
                             .version = QStringLiteral("2.0"),
+                            .processor = QStringLiteral("x86_64"),
+                            .pageHosts = {QStringLiteral("localhost")},
                             .image = runsFromImage ? imagePath : QString(),
                             .folder = tree.path(QStringLiteral("cache/Updates")),
                             .wallClock = [this] { return now(); },

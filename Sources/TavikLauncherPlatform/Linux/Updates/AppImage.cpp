@@ -73,7 +73,7 @@ std::optional<quint32> fileSystemMadeAt(const FileDescriptor& file)
     }
     const quint64 end = header.e_shoff + quint64{header.e_shentsize} * header.e_shnum;
     if (::pread(file.get(), &start, sizeof start, static_cast<off_t>(end)) != ssize_t{sizeof start}
-        || start.magic != squashfs) {
+        || start.magic != squashfs || start.made == 0) {
         return std::nullopt;
     }
     return start.made;
@@ -164,7 +164,10 @@ std::optional<QString> whyNoSuccessor(const QString& file, const QString& image)
         return u"The update is made for another kind of computer."_s;
     }
     const std::optional<quint32> made = madeAt(file, *successor);
-    if (made && made < madeAt(target, *present)) {
+    if (!made) {
+        return u"The update does not say when it was made."_s;
+    }
+    if (made < madeAt(target, *present)) {
         return u"The update is older than this program, whatever its number says."_s;
     }
     return std::nullopt;

@@ -31,8 +31,8 @@ struct Surroundings
 [[nodiscard]] QString partFile(const QString& image);
 
 /// Why the file cannot stand in for the image, as a whole sentence for people; absent when it is an
-/// image of type 2 for the same kind of computer and, as far as the two say so, was not made before
-/// the present one. A signature tells who made a file, not which version it is.
+/// image of type 2 for the same kind of computer that says when it was made, and that was not
+/// before the present one.
 [[nodiscard]] std::optional<QString> whyNoSuccessor(const QString& file, const QString& image);
 
 /// Puts the file in the image's place, with the image's permissions: as a whole and on disk, or not

@@ -19,7 +19,12 @@ struct AppcastEnclosure
     QUrl url; ///< Empty when it may not be fetched.
     qint64 length = 0; ///< Bytes.
     QByteArray signature; ///< Ed25519 over the whole file, 64 bytes; empty when malformed.
+    QByteArray digest; ///< SHA-256 of the whole file, 32 bytes; empty when malformed.
     QString mimeType;
+    QString processor; ///< That the file is for, or "any".
+    bool isForLinux = false; ///< By name; otherwise for any system.
+    /// The maker has signed what is said here, the item's version included.
+    bool isStated = false;
     /// Why the file must not be installed, as a whole sentence for people; absent when the above
     /// is complete.
     std::optional<QString> fault;
@@ -35,7 +40,7 @@ struct AppcastItem
     QString channel; ///< Empty for the default channel.
     QString minimumSystemVersion; ///< Empty for every system.
     QString maximumSystemVersion; ///< Empty for every system.
-    std::optional<AppcastEnclosure> enclosure;
+    QList<AppcastEnclosure> enclosures; ///< For this system or for any, in the feed's order.
     std::optional<std::chrono::seconds> phasedRolloutInterval;
     /// Critical only for versions below this one; empty: for all, where `isMarkedCritical`.
     QString criticalBelowVersion;

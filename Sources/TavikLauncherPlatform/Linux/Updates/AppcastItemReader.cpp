@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Updates/AppcastItemReader.h>
+#include <TavikLauncherPlatform/Linux/Updates/UpdateKind.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateSignature.h>
+#include <TavikLauncherPlatform/Linux/Updates/UpdateStatement.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateUrls.h>
 
 #include <QXmlStreamReader>
@@ -17,15 +19,16 @@ constexpr qsizetype mostVersion = 100;
 constexpr qsizetype mostUrl = 4000;
 constexpr qsizetype mostNotes = 1'000'000;
 
+constexpr qsizetype mostEnclosures = 16;
 constexpr qsizetype mostInformationalVersions = 100;
 /// A longer step between two groups is taken for this one.
 constexpr qint64 mostRolloutInterval = 365LL * 24 * 60 * 60;
 
-/// How well a text or file suits us; of equals the first is taken.
+/// How well a text suits us; of equals the first is taken.
 enum class Fit {
     none,
-    other, ///< In another language; for any system.
-    best, ///< In English or without a language; for Linux by name.
+    other, ///< In another language.
+    best, ///< In English or without a language.
 };
 
 /// What is gathered of an item until its end has been read.
@@ -34,11 +37,11 @@ struct Draft
     AppcastItem item;
     QString enclosureVersion; ///< The form of older feeds.
     QString enclosureShortVersion;
-    Fit enclosure = Fit::none;
     Fit title = Fit::none;
     Fit notes = Fit::none;
     Fit notesUrl = Fit::none;
     bool hasForeignEnclosure = false;
+    QList<QByteArray> statements; ///< The signatures of what is said of each enclosure.
 };
 
 QStringView sparkle()
@@ -54,6 +57,17 @@ bool isSparkle(const QXmlStreamReader& xml, QStringView name)
 QString sparkleAttribute(const QXmlStreamReader& xml, QLatin1StringView name)
 {
     return xml.attributes().value(sparkle().toString(), name).toString();
+}
+
+/// What this program's feeds say beyond the format.
+QString ownAttribute(const QXmlStreamReader& xml, QLatin1StringView name)
+{
+    return xml.attributes().value(u"urn:tavik-launcher:feed"_s, name).toString();
+}
+
+QByteArray signatureIn(const QString& text)
+{
+    return UpdateSignature::fromBase64(text, UpdateSignature::signatureSize).value_or(QByteArray());
 }
 
 /// A text for one line, without what is invisible or turns the direction of its surroundings.
@@ -152,21 +166,45 @@ void readEnclosure(QXmlStreamReader& xml, const QUrl& feedUrl, Draft& draft)
     const QString system = sparkleAttribute(xml, "os"_L1);
     if (!system.isEmpty() && system != u"linux"_s) {
         draft.hasForeignEnclosure = true;
-    } else if (improves(draft.enclosure, system.isEmpty() ? Fit::other : Fit::best)) {
+    } else if (draft.item.enclosures.size() < mostEnclosures) {
         const QXmlStreamAttributes attributes = xml.attributes();
         const QString signature = sparkleAttribute(xml, "edSignature"_L1);
         AppcastEnclosure enclosure;
         enclosure.url = safeUrl(attributes.value("url"_L1).toString(), feedUrl);
         enclosure.length = attributes.value("length"_L1).toLongLong();
-        enclosure.signature = UpdateSignature::fromBase64(signature, UpdateSignature::signatureSize)
-                                  .value_or(QByteArray());
+        enclosure.signature = signatureIn(signature);
+        enclosure.digest = updateDigest(ownAttribute(xml, "sha256"_L1)).value_or(QByteArray());
         enclosure.mimeType = oneLine(attributes.value("type"_L1).toString(), mostTitle);
+        enclosure.processor = oneLine(ownAttribute(xml, "processor"_L1), mostVersion);
+        enclosure.isForLinux = !system.isEmpty();
         enclosure.fault = enclosureFault(enclosure, !signature.trimmed().isEmpty());
-        draft.item.enclosure = enclosure;
-        draft.enclosureVersion = sparkleAttribute(xml, "version"_L1);
-        draft.enclosureShortVersion = sparkleAttribute(xml, "shortVersionString"_L1);
+        draft.item.enclosures.append(enclosure);
+        draft.statements.append(signatureIn(ownAttribute(xml, "statement"_L1)));
+        if (draft.enclosureVersion.isEmpty()) {
+            draft.enclosureVersion = sparkleAttribute(xml, "version"_L1);
+            draft.enclosureShortVersion = sparkleAttribute(xml, "shortVersionString"_L1);
+        }
     }
     xml.skipCurrentElement();
+}
+
+/// Whether the maker says of the enclosure what the feed says of it.
+void checkStatements(Draft& draft, const QByteArray& publicKey)
+{
+    for (qsizetype at = 0; at < draft.statements.size(); ++at) {
+        AppcastEnclosure& enclosure = draft.item.enclosures[at];
+        const UpdateStatement statement{.version = draft.item.update.versionString,
+                                        .length = enclosure.length,
+                                        .kind = updateKindName(enclosure),
+                                        .processor = enclosure.processor,
+                                        .digest = enclosure.digest};
+        enclosure.isStated = !enclosure.digest.isEmpty() && !enclosure.processor.isEmpty()
+            && UpdateSignature::isSigned(statement.text(), draft.statements[at], publicKey);
+        if (!enclosure.isStated && !enclosure.fault) {
+            enclosure.fault
+                = u"Its makers have not signed which version it is, so it cannot be installed."_s;
+        }
+    }
 }
 
 void readInformationalUpdate(QXmlStreamReader& xml, AppcastItem& item)
@@ -261,7 +299,7 @@ void readPlainElement(QXmlStreamReader& xml, const QUrl& feedUrl, Draft& draft)
     }
 }
 
-std::optional<AppcastItem> finished(Draft draft)
+std::optional<AppcastItem> finished(Draft draft, const QByteArray& publicKey)
 {
     AppcastItem& item = draft.item;
     UpdateItem& update = item.update;
@@ -278,28 +316,29 @@ std::optional<AppcastItem> finished(Draft draft)
         update.releaseNotes.reset();
     }
     const bool isOnlyPage
-        = !item.enclosure && !draft.hasForeignEnclosure && !update.infoUrl.isEmpty();
-    if (update.versionString.isEmpty() || (!item.enclosure && !isOnlyPage)) {
+        = item.enclosures.isEmpty() && !draft.hasForeignEnclosure && !update.infoUrl.isEmpty();
+    if (update.versionString.isEmpty() || (item.enclosures.isEmpty() && !isOnlyPage)) {
         return {};
     }
+    checkStatements(draft, publicKey);
     return std::move(item);
 }
 
 } // namespace
 
-std::optional<AppcastItem> readAppcastItem(QXmlStreamReader& xml, const QUrl& feedUrl)
+std::optional<AppcastItem> readAppcastItem(QXmlStreamReader& xml, const AppcastOrigin& origin)
 {
     Draft draft;
     while (xml.readNextStartElement()) {
         if (xml.namespaceUri() == sparkle()) {
-            readSparkleElement(xml, feedUrl, draft);
+            readSparkleElement(xml, origin.feedUrl, draft);
         } else if (xml.namespaceUri().isEmpty()) {
-            readPlainElement(xml, feedUrl, draft);
+            readPlainElement(xml, origin.feedUrl, draft);
         } else {
             xml.skipCurrentElement();
         }
     }
-    return finished(std::move(draft));
+    return finished(std::move(draft), origin.publicKey);
 }
 
 } // namespace Tavik

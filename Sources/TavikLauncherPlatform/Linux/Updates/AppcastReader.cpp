@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <TavikLauncherPlatform/Linux/Updates/AppcastItemReader.h>
 #include <TavikLauncherPlatform/Linux/Updates/AppcastReader.h>
 
 #include <QStringDecoder>
@@ -89,7 +88,7 @@ std::optional<QString> whyNotReadable(QStringView text)
 
 /// Reads all items of the channel that the reader has entered; says why it stopped.
 std::optional<QString>
-readChannel(QXmlStreamReader& xml, const QUrl& feedUrl, AppcastFeed& feed, int& count)
+readChannel(QXmlStreamReader& xml, const AppcastOrigin& origin, AppcastFeed& feed, int& count)
 {
     while (xml.readNextStartElement()) {
         if (!xml.namespaceUri().isEmpty() || xml.name() != u"item") {
@@ -99,14 +98,15 @@ readChannel(QXmlStreamReader& xml, const QUrl& feedUrl, AppcastFeed& feed, int& 
         if (++count > mostItems) {
             return u"The list of updates has more than %1 entries."_s.arg(mostItems);
         }
-        if (std::optional<AppcastItem> item = readAppcastItem(xml, feedUrl)) {
+        if (std::optional<AppcastItem> item = readAppcastItem(xml, origin)) {
             feed.items.append(*std::move(item));
         }
     }
     return {};
 }
 
-std::optional<QString> readDocument(QXmlStreamReader& xml, const QUrl& feedUrl, AppcastFeed& feed)
+std::optional<QString>
+readDocument(QXmlStreamReader& xml, const AppcastOrigin& origin, AppcastFeed& feed)
 {
     if (!xml.readNextStartElement()) {
         return otherDocument();
@@ -118,7 +118,7 @@ std::optional<QString> readDocument(QXmlStreamReader& xml, const QUrl& feedUrl, 
     while (xml.readNextStartElement()) {
         if (xml.name() != u"channel") {
             xml.skipCurrentElement();
-        } else if (std::optional<QString> error = readChannel(xml, feedUrl, feed, count)) {
+        } else if (std::optional<QString> error = readChannel(xml, origin, feed, count)) {
             return error;
         }
     }
@@ -136,7 +136,7 @@ std::optional<QString> readDocument(QXmlStreamReader& xml, const QUrl& feedUrl, 
 
 } // namespace
 
-AppcastFeed read(const QByteArray& feed, const QUrl& feedUrl)
+AppcastFeed read(const QByteArray& feed, const AppcastOrigin& origin)
 {
     const auto refused = [](const QString& error) {
         return AppcastFeed{.items = {}, .error = error};
@@ -157,7 +157,7 @@ AppcastFeed read(const QByteArray& feed, const QUrl& feedUrl)
     }
     QXmlStreamReader xml(text);
     AppcastFeed result;
-    if (const std::optional<QString> error = readDocument(xml, feedUrl, result)) {
+    if (const std::optional<QString> error = readDocument(xml, origin, result)) {
         return refused(*error);
     }
     return result;

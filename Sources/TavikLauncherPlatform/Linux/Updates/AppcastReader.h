@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <TavikLauncherPlatform/Linux/Updates/Appcast.h>
-
-class QByteArray;
-class QUrl;
+#include <TavikLauncherPlatform/Linux/Updates/AppcastItemReader.h>
 
 namespace Tavik::AppcastReader {
 
@@ -12,10 +9,9 @@ constexpr qint64 mostBytes = 5'000'000; ///< Of a feed.
 constexpr int mostItems = 1000; ///< Of a feed.
 
 /// Reads a feed: RSS 2.0 with the elements of the namespace
-/// http://www.andymatuschak.org/xml-namespaces/sparkle, as UTF-8. `feedUrl` is where it came from
-/// in the end, relative addresses start there. Items without a version, and those for other
-/// systems, are left out; an item with a file that cannot be installed stays and says why. No
-/// entity but the five of XML is known, and a document type is refused. Any thread.
-[[nodiscard]] AppcastFeed read(const QByteArray& feed, const QUrl& feedUrl);
+/// http://www.andymatuschak.org/xml-namespaces/sparkle, as UTF-8. Items without a version, and
+/// those for other systems, are left out; an item with a file that cannot be installed stays and
+/// says why. No entity but the five of XML is known, and a document type is refused. Any thread.
+[[nodiscard]] AppcastFeed read(const QByteArray& feed, const AppcastOrigin& origin);
 
 } // namespace Tavik::AppcastReader

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Updates/AppcastSelection.h>
 #include <TavikLauncherPlatform/Linux/Updates/AppcastVersion.h>
+#include <TavikLauncherPlatform/Linux/Updates/UpdateKind.h>
 
 #include <algorithm>
 
@@ -24,7 +25,7 @@ bool isCritical(const AppcastItem& item, const Circumstances& circumstances)
 
 bool isInformationOnly(const AppcastItem& item, const Circumstances& circumstances)
 {
-    if (!item.enclosure) {
+    if (item.enclosures.isEmpty()) {
         return true;
     }
     if (!item.isMarkedInformational) {
@@ -81,12 +82,23 @@ std::optional<QString> whyNotDue(const AppcastItem& item, const Circumstances& c
     return {};
 }
 
-/// The newest of the default channel, the first among equals; null without any.
-const AppcastItem* newestOf(const QList<AppcastItem>& items)
+/// Whether any of its files says with a signature which version it is.
+bool isStated(const AppcastItem& item)
+{
+    return std::ranges::any_of(item.enclosures, &AppcastEnclosure::isStated);
+}
+
+bool isAny(const AppcastItem&)
+{
+    return true;
+}
+
+/// The newest of the default channel that counts, the first among equals; null without any.
+const AppcastItem* newestOf(const QList<AppcastItem>& items, bool (*counts)(const AppcastItem&))
 {
     const AppcastItem* newest = nullptr;
     for (const AppcastItem& item : items) {
-        if (item.channel.isEmpty()
+        if (item.channel.isEmpty() && counts(item)
             && (newest == nullptr
                 || isOlder(newest->update.versionString, item.update.versionString))) {
             newest = &item;
@@ -95,25 +107,60 @@ const AppcastItem* newestOf(const QList<AppcastItem>& items)
     return newest;
 }
 
-Selection offered(const AppcastItem& item, const Circumstances& circumstances)
+/// The file that suits this computer best; null when none does.
+const AppcastEnclosure* bestFile(const AppcastItem& item, const Circumstances& circumstances)
 {
-    Offer offer{.update = item.update, .enclosure = item.enclosure};
-    offer.update.isCritical = isCritical(item, circumstances);
-    offer.update.isInformationOnly = isInformationOnly(item, circumstances);
-    if (offer.update.isInformationOnly) {
-        offer.enclosure.reset();
-        if (offer.update.infoUrl.isEmpty()) {
-            return {.reason = u"%1 is available, but there is no page to read about it."_s.arg(
-                        product(item)),
-                    .isRefused = true};
+    const auto suits = [&circumstances](const AppcastEnclosure& file) {
+        const bool isForProcessor = file.processor.isEmpty() || file.processor == u"any"
+            || file.processor == circumstances.processor;
+        return isForProcessor && circumstances.kinds.contains(updateKindName(file));
+    };
+    const auto rank = [](const AppcastEnclosure& file) {
+        return (file.fault ? 0 : 2) + (file.isForLinux ? 1 : 0);
+    };
+    const AppcastEnclosure* best = nullptr;
+    for (const AppcastEnclosure& file : item.enclosures) {
+        if (suits(file) && (best == nullptr || rank(file) > rank(*best))) {
+            best = &file;
         }
-        return {.offer = offer};
     }
-    if (item.enclosure->fault) {
-        return {.reason = u"%1 is available. %2"_s.arg(product(item), *item.enclosure->fault),
+    return best;
+}
+
+Selection offeredPage(Offer offer, const AppcastItem& item, const Circumstances& circumstances)
+{
+    // Anybody who controls the feed could send people to a page of theirs.
+    if (!circumstances.pageHosts.contains(offer.update.infoUrl.host())) {
+        return {.reason
+                = u"%1 is available, but there is no page to read about it."_s.arg(product(item)),
                 .isRefused = true};
     }
-    offer.update.contentLength = item.enclosure->length;
+    offer.update.isInformationOnly = true;
+    return {.offer = offer};
+}
+
+Selection offered(const AppcastItem& item, const Circumstances& circumstances)
+{
+    Offer offer{.update = item.update, .enclosure = {}};
+    offer.update.isCritical = isCritical(item, circumstances);
+    if (isInformationOnly(item, circumstances)) {
+        return offeredPage(offer, item, circumstances);
+    }
+    const AppcastEnclosure* file = bestFile(item, circumstances);
+    if (file == nullptr) {
+        if (item.update.infoUrl.isEmpty()) {
+            return {.reason
+                    = u"%1 is available, but not as a file that can be installed here."_s.arg(
+                        product(item))};
+        }
+        return offeredPage(offer, item, circumstances);
+    }
+    if (file->fault) {
+        return {.reason = u"%1 is available. %2"_s.arg(product(item), *file->fault),
+                .isRefused = true};
+    }
+    offer.enclosure = *file;
+    offer.update.contentLength = file->length;
     return {.offer = offer};
 }
 
@@ -155,7 +202,7 @@ Selection choose(const QList<AppcastItem>& items,
             whyOf = version;
         }
     }
-    const AppcastItem* best = newestOf(suitable);
+    const AppcastItem* best = newestOf(suitable, isAny);
     return best != nullptr ? offered(*best, circumstances)
                            : Selection{.reason = why.value_or(QString())};
 }
@@ -165,17 +212,19 @@ Selection choose(const QList<AppcastItem>& items,
 Selection select(const QList<AppcastItem>& items, const Circumstances& circumstances)
 {
     const QString& seen = circumstances.newestSeenVersion;
-    const AppcastItem* newest = newestOf(items);
+    const AppcastItem* newest = newestOf(items, isAny);
+    const AppcastItem* newestStated = newestOf(items, isStated);
     if (newest == nullptr) {
         return {.reason = u"The list of updates has no version for this computer."_s,
                 .isRefused = true,
                 .newestSeenVersion = seen};
     }
-    if (isOlder(newest->update.versionString, seen)) {
+    const QString stated = newestStated ? newestStated->update.versionString : QString();
+    if (isOlder(stated, seen)) {
         return {.reason
-                = u"The list of updates is older than one seen before: its newest version is %1, "
-                  "but %2 was there already. Nothing is installed from it."_s.arg(
-                      newest->update.displayVersionString, seen),
+                = u"The list of updates is older than one seen before: its newest signed version "
+                  "is %1, but %2 was there already. Nothing is installed from it."_s.arg(
+                      stated.isEmpty() ? u"none"_s : stated, seen),
                 .isRefused = true,
                 .newestSeenVersion = seen};
     }
@@ -184,7 +233,7 @@ Selection select(const QList<AppcastItem>& items, const Circumstances& circumsta
         current.skippedVersion.clear(); // It was taken back, and says nothing about others.
     }
     Selection selection = choose(items, *newest, current);
-    selection.newestSeenVersion = newest->update.versionString;
+    selection.newestSeenVersion = newestStated ? stated : seen;
     return selection;
 }
 

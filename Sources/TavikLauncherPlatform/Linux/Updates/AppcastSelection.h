@@ -21,7 +21,11 @@ struct Circumstances
     QDateTime now;
     QString skippedVersion; ///< That the user wants no reminder of; empty without.
     int rolloutGroup = 0; ///< Of this computer, 0 to `rolloutGroups` - 1.
-    QString newestSeenVersion; ///< Of all feeds so far; empty at first.
+    QString newestSeenVersion; ///< Signed, of all feeds so far; empty at first.
+    /// What can be installed here, as `updateKindName` tells it.
+    QStringList kinds;
+    QString processor; ///< Of this program.
+    QStringList pageHosts; ///< Where a page about a version may be.
 };
 
 /// A version to be offered.
@@ -41,13 +45,15 @@ struct Selection
     /// Without an offer: something is wrong with the feed, so that `reason` is an error and no
     /// answer.
     bool isRefused = false;
-    /// To be remembered as `newestSeenVersion`.
+    /// To be remembered as `newestSeenVersion`: what nobody has signed does not count.
     QString newestSeenVersion;
 };
 
 /// The newest item of the default channel that is newer than the running version, fits the system
-/// and is due. A critical item is neither skipped nor held back. Refused: a feed whose newest
-/// version is older than one seen before, and a version whose file must not be installed.
+/// and is due, with the first of its files that can be installed here; one that is for Linux by
+/// name goes before one for any system. A critical item is neither skipped nor held back. Refused:
+/// a feed whose newest signed version is older than one seen before, and a version whose file must
+/// not be installed.
 [[nodiscard]] Selection select(const QList<AppcastItem>& items, const Circumstances& circumstances);
 
 } // namespace Tavik::AppcastSelection

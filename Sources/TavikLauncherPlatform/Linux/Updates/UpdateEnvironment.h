@@ -4,6 +4,7 @@
 #include <TavikLauncherPlatform/Linux/Updates/UpdateTransfer.h>
 
 #include <QDateTime>
+#include <QStringList>
 
 #include <functional>
 #include <optional>
@@ -18,6 +19,8 @@ struct UpdateEnvironment
     QUrl feedUrl;
     QByteArray publicKey;
     QString version; ///< Of this program.
+    QString processor; ///< That this program was built for, as the toolkit names it.
+    QStringList pageHosts; ///< Where a page about a version may be.
     QString image; ///< That this program runs from; empty when it runs from none.
     QString folder; ///< For packages.
     std::function<QDateTime()> wallClock;

@@ -69,6 +69,7 @@ std::function<std::optional<QString>()> UpdateInstallation::verification() const
     const UpdateSignature::SignedFile file{.path = m_file->path(),
                                            .length = m_enclosure.length,
                                            .signature = m_enclosure.signature,
+                                           .digest = m_enclosure.digest,
                                            .publicKey = m_environment.publicKey};
     return [file, image = replacesImage() ? m_environment.image : QString()] {
         std::optional<QString> fault = UpdateSignature::whyNotGenuine(file);

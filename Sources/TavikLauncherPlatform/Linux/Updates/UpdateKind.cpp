@@ -17,14 +17,12 @@ struct FileType
     const char16_t* suffix;
 };
 
-constexpr std::array<FileType, 4> imageTypes{{
+/// The first of several names is the one that desktops know.
+constexpr std::array<FileType, 12> fileTypes{{
     {u"application/vnd.appimage", u".appimage"},
     {u"application/x-appimage", u".appimage"},
     {u"application/x-iso9660-appimage", u".appimage"},
     {u"application/appimage", u".appimage"},
-}};
-/// The first of several names is the one that desktops know.
-constexpr std::array<FileType, 8> packageTypes{{
     {u"application/vnd.debian.binary-package", u".deb"},
     {u"application/x-deb", u".deb"},
     {u"application/x-debian-package", u".deb"},
@@ -34,46 +32,64 @@ constexpr std::array<FileType, 8> packageTypes{{
     {u"application/x-zstd-compressed-alpm-package", u".pkg.tar.zst"},
     {u"application/x-alpm-package", u".pkg.tar.zst"},
 }};
+constexpr std::array packageSuffixes{u".deb", u".rpm", u".flatpak", u".pkg.tar.zst"};
+constexpr QStringView imageName = u"appimage";
 
-template <std::size_t Size>
-const FileType* typed(const std::array<FileType, Size>& types, const QString& mimeType)
+const FileType* typed(const QString& mimeType)
 {
-    const auto found = std::ranges::find_if(types, [&mimeType](const FileType& type) {
+    const auto found = std::ranges::find_if(fileTypes, [&mimeType](const FileType& type) {
         return mimeType == QStringView(type.mimeType);
     });
-    return found == types.end() ? nullptr : &*found;
+    return found == fileTypes.end() ? nullptr : &*found;
 }
 
-template <std::size_t Size>
-const FileType* ending(const std::array<FileType, Size>& types, const QString& path)
+const FileType* ending(const QString& path)
 {
-    const auto found = std::ranges::find_if(
-        types, [&path](const FileType& type) { return path.endsWith(QStringView(type.suffix)); });
-    return found == types.end() ? nullptr : &*found;
+    const auto found = std::ranges::find_if(fileTypes, [&path](const FileType& type) {
+        return path.endsWith(QStringView(type.suffix));
+    });
+    return found == fileTypes.end() ? nullptr : &*found;
 }
 
 } // namespace
 
-UpdateKind updateKind(const AppcastEnclosure& enclosure, bool runsFromImage)
+QString updateKindName(const AppcastEnclosure& enclosure)
 {
     const QString mimeType = enclosure.mimeType.section(u';', 0, 0).trimmed().toLower();
     const QString path = enclosure.url.path().toLower();
-    const FileType* image = typed(imageTypes, mimeType);
-    const FileType* package = typed(packageTypes, mimeType);
-    if (!image && !package) {
-        image = ending(imageTypes, path);
-        package = ending(packageTypes, path);
+    const auto* type = typed(mimeType);
+    if (!type) {
+        type = ending(path);
     }
-    if (runsFromImage) {
-        return {.way = image ? UpdateKind::Way::replacesImage : UpdateKind::Way::isOnPage};
+    return type ? QString::fromUtf16(type->suffix).sliced(1) : QString();
+}
+
+QStringList updateKindsFor(const std::function<bool(const QString& mimeType)>& hasInstaller)
+{
+    QStringList kinds;
+    for (const char16_t* suffix : packageSuffixes) {
+        const QString ours = QString::fromUtf16(suffix);
+        if (hasInstaller(QString::fromUtf16(ending(ours)->mimeType))) {
+            kinds << ours.sliced(1);
+        }
     }
-    if (!package) {
+    return kinds;
+}
+
+UpdateKind updateKind(const AppcastEnclosure& enclosure, bool runsFromImage)
+{
+    const QString name = updateKindName(enclosure);
+    const bool isImage = name == imageName;
+    if (name.isEmpty() || isImage != runsFromImage) {
         return {};
     }
-    const QString suffix = QString::fromUtf16(package->suffix);
+    if (isImage) {
+        return {.way = UpdateKind::Way::replacesImage};
+    }
+    const QString suffix = u'.' + name;
     return {.way = UpdateKind::Way::goesToInstaller,
             .suffix = suffix,
-            .mimeType = QString::fromUtf16(ending(packageTypes, suffix)->mimeType)};
+            .mimeType = QString::fromUtf16(ending(suffix)->mimeType)};
 }
 
 } // namespace Tavik

@@ -2,6 +2,9 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
+
+#include <functional>
 
 namespace Tavik {
 
@@ -23,8 +26,15 @@ struct UpdateKind
     bool operator==(const UpdateKind&) const = default;
 };
 
-/// Judged by the declared type, and by the ending of the address where that says nothing. An image
-/// is replaced by images only, and whoever does not run from one has no use for them.
+/// What kind of file it is ("appimage", "deb", "rpm", "flatpak" or "pkg.tar.zst"), by its declared
+/// type, and by the ending of its address where that says nothing; empty for any other.
+[[nodiscard]] QString updateKindName(const AppcastEnclosure& enclosure);
+
+/// The kinds of package, named as above, whose type an installer here takes.
+[[nodiscard]] QStringList
+updateKindsFor(const std::function<bool(const QString& mimeType)>& hasInstaller);
+
+/// An image is replaced by images only, and whoever does not run from one has no use for them.
 [[nodiscard]] UpdateKind updateKind(const AppcastEnclosure& enclosure, bool runsFromImage);
 
 } // namespace Tavik

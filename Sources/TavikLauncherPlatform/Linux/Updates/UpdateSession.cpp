@@ -79,13 +79,26 @@ void UpdateSession::feedArrived(const UpdateDocument& document,
         checkFailed(*failure);
         return;
     }
+    struct Reading
+    {
+        AppcastFeed feed;
+        QStringList kinds; ///< That can be installed here.
+    };
     m_environment.workQueue.run(
         WorkPriority::userInitiated,
-        [document] { return AppcastReader::read(document.bytes, document.url); },
-        m_stage.news([this](const AppcastFeed& feed) { feedRead(feed); }));
+        [document,
+         key = m_environment.publicKey,
+         isImage = !m_environment.image.isEmpty(),
+         hasInstaller = m_environment.hasInstaller] {
+            return Reading{
+                .feed
+                = AppcastReader::read(document.bytes, {.feedUrl = document.url, .publicKey = key}),
+                .kinds = isImage ? QStringList(u"appimage"_s) : updateKindsFor(hasInstaller)};
+        },
+        m_stage.news([this](const Reading& reading) { feedRead(reading.feed, reading.kinds); }));
 }
 
-void UpdateSession::feedRead(const AppcastFeed& feed)
+void UpdateSession::feedRead(const AppcastFeed& feed, const QStringList& kinds)
 {
     if (feed.error) {
         checkFailed(*feed.error);
@@ -100,62 +113,23 @@ void UpdateSession::feedRead(const AppcastFeed& feed)
                                     .now = now,
                                     .skippedVersion = m_record.skippedVersion(),
                                     .rolloutGroup = m_record.rolloutGroup(),
-                                    .newestSeenVersion = m_record.newestSeenVersion(now)});
+                                    .newestSeenVersion = m_record.newestSeenVersion(now),
+                                    .kinds = kinds,
+                                    .processor = m_environment.processor,
+                                    .pageHosts = m_environment.pageHosts});
     if (selection.isRefused) {
         checkFailed(selection.reason);
         return;
     }
     m_record.setNewestSeenVersion(selection.newestSeenVersion, now);
-    if (selection.offer) {
-        judge(*selection.offer);
-    } else {
+    if (!selection.offer) {
         nothingFound(selection.reason);
-    }
-}
-
-void UpdateSession::judge(const AppcastSelection::Offer& offer)
-{
-    m_offer = offer;
-    if (!m_offer.enclosure) {
-        found();
         return;
     }
-    m_kind = updateKind(*m_offer.enclosure, !m_environment.image.isEmpty());
-    switch (m_kind.way) {
-    case UpdateKind::Way::replacesImage:
-        found();
-        break;
-    case UpdateKind::Way::isOnPage:
-        offerPageOnly();
-        break;
-    case UpdateKind::Way::goesToInstaller:
-        m_environment.workQueue.run(
-            WorkPriority::userInitiated,
-            [hasInstaller = m_environment.hasInstaller, type = m_kind.mimeType] {
-                return hasInstaller(type);
-            },
-            m_stage.news([this](bool hasInstaller) {
-                if (hasInstaller) {
-                    found();
-                } else {
-                    offerPageOnly();
-                }
-            }));
-        break;
+    m_offer = *selection.offer;
+    if (m_offer.enclosure) {
+        m_kind = updateKind(*m_offer.enclosure, !m_environment.image.isEmpty());
     }
-}
-
-void UpdateSession::offerPageOnly()
-{
-    UpdateItem& update = m_offer.update;
-    if (update.infoUrl.isEmpty()) {
-        nothingFound(u"Tavik Launcher %1 is available, but not as a file that can be installed "
-                     u"here."_s.arg(update.displayVersionString));
-        return;
-    }
-    m_offer.enclosure.reset();
-    update.isInformationOnly = true;
-    update.contentLength = 0;
     found();
 }
 

@@ -41,9 +41,7 @@ public:
 private:
     void showCheck();
     void feedArrived(const UpdateDocument& document, const std::optional<QString>& failure);
-    void feedRead(const AppcastFeed& feed);
-    void judge(const AppcastSelection::Offer& offer);
-    void offerPageOnly();
+    void feedRead(const AppcastFeed& feed, const QStringList& kinds);
     void checkFailed(const QString& reason);
     void nothingFound(const QString& reason);
     void found();

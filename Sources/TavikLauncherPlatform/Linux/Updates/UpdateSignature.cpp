@@ -14,7 +14,8 @@ using namespace Qt::StringLiterals;
 
 namespace Tavik::UpdateSignature {
 
-static_assert(publicKeySize == crypto_sign_PUBLICKEYBYTES && signatureSize == crypto_sign_BYTES);
+static_assert(publicKeySize == crypto_sign_PUBLICKEYBYTES && signatureSize == crypto_sign_BYTES
+              && digestSize == crypto_hash_sha256_BYTES);
 
 namespace {
 
@@ -64,15 +65,16 @@ std::optional<QString> whyNotGenuineFile(QFile& open, const SignedFile& file)
     if (content == nullptr) {
         return u"The downloaded update could not be read."_s;
     }
-    const bool isSigned = crypto_sign_verify_detached(bytes(file.signature),
-                                                      content,
-                                                      static_cast<quint64>(file.length),
-                                                      bytes(file.publicKey))
+    const auto length = static_cast<quint64>(file.length);
+    const bool isSigned
+        = crypto_sign_verify_detached(bytes(file.signature), content, length, bytes(file.publicKey))
         == 0;
+    QByteArray digest(digestSize, '\0');
+    crypto_hash_sha256(reinterpret_cast<unsigned char*>(digest.data()), content, length);
     if (privateFile(open.handle()) != before) {
         return u"The downloaded update was changed while it was being verified."_s;
     }
-    if (!isSigned) {
+    if (!isSigned || digest != file.digest) {
         return u"The downloaded update is not signed by the makers of Tavik Launcher. It will not be installed."_s;
     }
     return {};
@@ -95,6 +97,15 @@ std::optional<QByteArray> fromBase64(const QString& text, qsizetype size)
         return {};
     }
     return *decoded;
+}
+
+bool isSigned(const QByteArray& text, const QByteArray& signature, const QByteArray& publicKey)
+{
+    return publicKey.size() == publicKeySize && signature.size() == signatureSize
+        && ::sodium_init() >= 0
+        && crypto_sign_verify_detached(
+               bytes(signature), bytes(text), static_cast<quint64>(text.size()), bytes(publicKey))
+        == 0;
 }
 
 std::optional<QString> whyNotGenuine(const SignedFile& file)

@@ -79,6 +79,13 @@ public:
     {
         quint32 scanCode = 0;
         quint32 symbol = 0;
+        quint32 modifiers = 0; ///< The window system's own bits.
+    };
+    /// What AltGr and the like, which choose between the characters of a key, have to do with it.
+    enum class LevelUse {
+        none,
+        chosen, ///< One of them is in effect.
+        chooser, ///< It is one of them.
     };
 
     virtual ~KeyEvents() = default;
@@ -117,6 +124,7 @@ public:
     /// What a key types without Control, Option and Command in the user's layout; absent when the
     /// system cannot say, empty when it types nothing.
     [[nodiscard]] virtual std::optional<QString> characters(const NativeKey& key) const = 0;
+    [[nodiscard]] virtual LevelUse levelUse(const NativeKey& key) const = 0;
 
     /// Called after the keyboard has changed: another layout, other modifiers, a keyboard plugged
     /// in. Registrations follow by themselves; what was impossible may be possible now.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Settings/HotKeyConfig.h>
 #include <TavikLauncher/Settings/HotKeyRecorder.h>
+#include <TavikLauncher/Settings/ShortcutWords.h>
 #include <TavikLauncherPlatform/KeyEvents.h>
 
 #include <QSignalSpy>
@@ -26,14 +27,29 @@ struct Recorded
             names << config.displayName;
             last = config;
         };
+        recorder.onLevelRefused = [this] {
+            ++refusals;
+        };
         recorder.start();
     }
 
-    /// Plays "c co c -": what is held after each change of the modifiers.
+    /// Plays "c co c -": what is held after each change of the modifiers. AltGr goes down with "G"
+    /// and up with "g"; "E" and "e" are that key with AltGr in effect and without.
     void hold(const QString& script)
     {
+        QString held;
         for (const QString& step : script.split(u' ')) {
-            recorder.modifierFlagsChanged(flags(step));
+            if (step.toLower() == u"g") {
+                recorder.levelKeyChanged(step == u"G");
+            } else if (step.toLower() == u"e") {
+                recorder.keyDown({.keyCode = 14,
+                                  .modifierFlags = flags(held),
+                                  .characters = u"e"_s,
+                                  .choosesLevel = step == u"E"});
+            } else {
+                held = step;
+                recorder.modifierFlagsChanged(flags(held));
+            }
         }
     }
     bool press(quint16 keyCode, const QString& held, const QString& characters = {})
@@ -55,6 +71,7 @@ struct Recorded
     }
 
     HotKeyRecorder recorder;
+    int refusals = 0;
     QStringList names;
     HotKeyConfig last;
 };
@@ -141,6 +158,60 @@ private Q_SLOTS:
         QCOMPARE(recorded.names.join(u','), name);
         QCOMPARE(recorded.recorder.isRecording(), goesOn);
         QVERIFY(!recorded.last.keyCode);
+    }
+
+    void aGestureWithAltGrIsRefused_data()
+    {
+        // The gesture, how often it is refused, and the shortcut that comes of it.
+        const Table<QString, int, QString> row;
+        row("control, then AltGr", u"c G E g -"_s, 2, QString());
+        row("AltGr latched before", u"c E -"_s, 1, QString());
+        row("only in a chord's middle", u"c G co g o -"_s, 1, QString());
+        row("held across a chord", u"G c co -"_s, 1, QString());
+        row("the next chord", u"c G g - c co -"_s, 1, u"⌃⌥ (hold)"_s);
+        row("alone, then a chord", u"G g c co -"_s, 1, u"⌃⌥ (hold)"_s);
+        row("let go before the key", u"c G g e"_s, 1, u"⌃E"_s);
+        row("with a bare key", u"G E g"_s, 2, QString());
+    }
+    void aGestureWithAltGrIsRefused()
+    {
+        const auto [script, refusals, name] = fetch<QString, int, QString>();
+        Recorded recorded;
+        recorded.hold(script);
+        QCOMPARE(recorded.refusals, refusals);
+        QCOMPARE(recorded.names.join(u','), name);
+        QCOMPARE(recorded.recorder.isRecording(), name.isEmpty());
+    }
+
+    void shortcutsThatCostTheUserSomethingAreWarnedOf_data()
+    {
+        // The modifiers, the key with what it types, and a word of the warning.
+        const Table<quint64, quint16, QString, QString> row;
+        using namespace ModifierFlags;
+        row("copy", control, 8, u"c"_s, u"Control + C themselves to copy."_s);
+        row("a letter of another layout", control, 8, u"с"_s, u"Control + С themselves."_s);
+        row("words are moved by", control | shift, 123, {}, u"Control + Shift + ← themselves."_s);
+        row("a menu", option, 3, u"f"_s, u"Alt + F themselves."_s);
+        row("close", option, 118, {}, u"to close a window"_s);
+        row("a capital", shift, 0, u"a"_s, u"Shift + A types a character."_s);
+        row("a blank", shift, 49, u" "_s, u"types a character"_s);
+        row("selects", shift, 126, {}, u"themselves"_s);
+        row("control, space", control, 49, u" "_s, {});
+        row("control, function key", control, 101, {}, {});
+        row("shift, function key", shift, 101, {}, {});
+        row("super", command, 8, u"c"_s, {});
+        row("three", control | option, 8, u"c"_s, {});
+        row("keypad", control, 83, u"1"_s, {});
+    }
+    void shortcutsThatCostTheUserSomethingAreWarnedOf()
+    {
+        const auto [modifiers, keyCode, characters, words]
+            = fetch<quint64, quint16, QString, QString>();
+        const auto typed = characters.isEmpty() ? std::nullopt : std::optional(characters);
+        const auto warning = ShortcutWords::warning(HotKeyConfig::make(modifiers, keyCode, typed));
+        QCOMPARE(warning.has_value(), !words.isEmpty());
+        QVERIFY2(warning.value_or(QString()).contains(words), qPrintable(warning.value_or(u"-"_s)));
+        QVERIFY(!ShortcutWords::warning(HotKeyConfig::make(modifiers, std::nullopt)));
     }
 
     void bareKeysAreSwallowedAndIgnored()

@@ -72,6 +72,7 @@ public:
     {
         return std::nullopt;
     }
+    [[nodiscard]] LevelUse levelUse(const NativeKey&) const override { return LevelUse::none; }
 
     Filter local; ///< Each is empty while nobody listens.
     Observer tap;

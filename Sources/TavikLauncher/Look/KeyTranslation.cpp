@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Look/KeyTranslation.h>
-#include <TavikLauncherPlatform/KeyEvents.h>
 
 #include <QKeyEvent>
 
@@ -72,7 +71,9 @@ constexpr std::array<int, 9> otherModifierKeys{Qt::Key_Super_L,
 
 KeyEvents::NativeKey nativeKey(const QKeyEvent& event)
 {
-    return {.scanCode = event.nativeScanCode(), .symbol = event.nativeVirtualKey()};
+    return {.scanCode = event.nativeScanCode(),
+            .symbol = event.nativeVirtualKey(),
+            .modifiers = event.nativeModifiers()};
 }
 
 const Modifier* modifierOf(const QKeyEvent& event)
@@ -136,6 +137,19 @@ bool isModifierKey(const QKeyEvent& event)
 {
     return modifierOf(event)
         || std::ranges::find(otherModifierKeys, event.key()) != otherModifierKeys.end();
+}
+
+KeyEvents::LevelUse levelUse(const QKeyEvent& event, const KeyEvents& keys)
+{
+    using LevelUse = KeyEvents::LevelUse;
+    const LevelUse use = keys.levelUse(nativeKey(event));
+    if (use != LevelUse::none) {
+        return use;
+    }
+    if (event.key() == Qt::Key_AltGr || event.key() == Qt::Key_Mode_switch) {
+        return LevelUse::chooser;
+    }
+    return event.modifiers().testFlag(Qt::GroupSwitchModifier) ? LevelUse::chosen : LevelUse::none;
 }
 
 quint64 modifierFlagsAfter(const QKeyEvent& event)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncherPlatform/KeyEvents.h>
+
 #include <QString>
 #include <Qt>
 
@@ -9,8 +11,6 @@
 class QKeyEvent;
 
 namespace Tavik {
-
-class KeyEvents;
 
 /// Says what a key press of our windows is in the terms of the rules, which know nothing of the
 /// toolkit. Where the window system has no answer, the toolkit's own one is used.
@@ -26,6 +26,8 @@ namespace KeyTranslation {
 [[nodiscard]] quint64 modifierFlags(Qt::KeyboardModifiers modifiers);
 /// Whether the key is itself a modifier or a lock.
 [[nodiscard]] bool isModifierKey(const QKeyEvent& event);
+/// What AltGr and the like have to do with the event.
+[[nodiscard]] KeyEvents::LevelUse levelUse(const QKeyEvent& event, const KeyEvents& keys);
 /// The modifiers held after the press or release of a modifier key.
 [[nodiscard]] quint64 modifierFlagsAfter(const QKeyEvent& event);
 

@@ -29,11 +29,13 @@ bool HotKeyRecorder::keyDown(const KeyDown& event)
         return false;
     }
     const quint64 held = event.modifierFlags & ModifierFlags::all;
-    if (held != 0) {
+    if (held == 0 && event.keyCode == escape) {
+        stop();
+    } else if (event.choosesLevel || m_isLevelKeyDown) {
+        refuseLevel();
+    } else if (held != 0) {
         m_hadKeyPress = true;
         commit(HotKeyConfig::make(held, event.keyCode, event.characters));
-    } else if (event.keyCode == escape) {
-        stop();
     }
     return true;
 }
@@ -47,7 +49,12 @@ void HotKeyRecorder::modifierFlagsChanged(quint64 heldFlags)
     if (std::popcount(held) >= std::popcount(m_peakModifiers)) {
         m_peakModifiers = held;
     }
+    m_heldModifiers = held;
     if (held != 0 || m_hadKeyPress) {
+        return;
+    }
+    if (m_isRefused) {
+        endRefusedGesture();
         return;
     }
     if (std::popcount(m_peakModifiers) >= fewestChordModifiers) {
@@ -57,12 +64,42 @@ void HotKeyRecorder::modifierFlagsChanged(quint64 heldFlags)
     }
 }
 
+void HotKeyRecorder::levelKeyChanged(bool isDown)
+{
+    if (!m_isRecording || isDown == m_isLevelKeyDown) {
+        return;
+    }
+    m_isLevelKeyDown = isDown;
+    if (isDown) {
+        refuseLevel();
+    } else if (m_heldModifiers == 0) {
+        endRefusedGesture();
+    }
+}
+
+void HotKeyRecorder::refuseLevel()
+{
+    m_isRefused = true;
+    if (onLevelRefused) {
+        onLevelRefused();
+    }
+}
+
+void HotKeyRecorder::endRefusedGesture()
+{
+    m_peakModifiers = 0;
+    m_isRefused = m_isLevelKeyDown;
+}
+
 void HotKeyRecorder::setRecording(bool isRecording)
 {
     const bool hasChanged = m_isRecording != isRecording;
     m_isRecording = isRecording;
     m_peakModifiers = 0;
     m_hadKeyPress = false;
+    m_heldModifiers = 0;
+    m_isLevelKeyDown = false;
+    m_isRefused = false;
     if (hasChanged) {
         Q_EMIT isRecordingChanged(isRecording);
     }

@@ -47,6 +47,7 @@ public:
     {
         return std::nullopt;
     }
+    [[nodiscard]] LevelUse levelUse(const NativeKey&) const override { return LevelUse::none; }
 };
 
 /// A window server that does nothing beyond what the toolkit does and takes its word.

@@ -100,6 +100,24 @@ private Q_SLOTS:
         QVERIFY(!bridged.keys.local);
     }
 
+    void altGrReachesTheRecorderAsWhatItIs()
+    {
+        Bridged bridged;
+        int refusals = 0;
+        bridged.recorder.onLevelRefused = [&refusals] {
+            ++refusals;
+        };
+        bridged.recorder.start();
+        bridged.send(QEvent::KeyPress, Qt::Key_AltGr, Qt::NoModifier);
+        QCOMPARE(refusals, 1);
+        bridged.send(QEvent::KeyRelease, Qt::Key_AltGr, Qt::NoModifier);
+        // As one that was latched before.
+        bridged.send(QEvent::KeyPress, Qt::Key_E, Qt::ControlModifier | Qt::GroupSwitchModifier);
+        QCOMPARE(refusals, 2);
+        bridged.send(QEvent::KeyPress, Qt::Key_E, Qt::ControlModifier);
+        QCOMPARE(bridged.names, QStringList{u"⌃E"_s});
+    }
+
     void windowThatLosesTheKeyboardEndsTheRecording()
     {
         Bridged bridged;

@@ -23,6 +23,7 @@ private Q_SLOTS:
     void launchAtLoginShowsTheStatusAndTheMessage();
     void aRecordedShortcutIsTakenOver();
     void aRefusedShortcutLeavesTheOldOne();
+    void aShortcutThatProgramsUseIsAskedAbout();
     void themesAreChosenAndRecognised();
     void theLayoutIsReset();
     void anImportCanBeUndoneUntilTheWindowCloses();
@@ -140,6 +141,31 @@ void SettingsSectionsTest::aRefusedShortcutLeavesTheOldOne()
              u"⌃Space cannot be used. Another program uses it."_s);
     QVERIFY(fixture.changed.isEmpty());
     field.click();
+    QCOMPARE(fixture.message(u"shortcutMessage"_s), QString());
+}
+
+void SettingsSectionsTest::aShortcutThatProgramsUseIsAskedAbout()
+{
+    SettingsWindowFixture fixture;
+    fixture.open(Section::shortcut);
+    auto& field = fixture.control<QAbstractButton>(u"hotKeyConfig"_s);
+    const auto& insist = fixture.control<QAbstractButton>(u"useDoubtful"_s);
+    const auto& another = fixture.control<QAbstractButton>(u"chooseAnother"_s);
+    const HotKeyConfig before = fixture.settings.hotKeyConfig();
+    QVERIFY(!insist.isVisible() && !another.isVisible());
+    field.click();
+    QTest::keyClick(&field, Qt::Key_C, Qt::ControlModifier);
+    QVERIFY(insist.isVisible() && another.isVisible());
+    QVERIFY(fixture.message(u"shortcutMessage"_s).startsWith(u"Programs use Control + C"_s));
+    QCOMPARE(fixture.settings.hotKeyConfig(), before);
+
+    fixture.click(u"chooseAnother"_s);
+    QCOMPARE(field.text(), u"Press a shortcut…"_s);
+    QVERIFY(!insist.isVisible());
+    QTest::keyClick(&field, Qt::Key_V, Qt::ControlModifier);
+    fixture.click(u"useDoubtful"_s);
+    QCOMPARE(fixture.settings.hotKeyConfig().displayName, u"⌃V"_s);
+    QVERIFY(!insist.isVisible());
     QCOMPARE(fixture.message(u"shortcutMessage"_s), QString());
 }
 

@@ -64,6 +64,13 @@ bool HotKeyRecorderBridge::eventFilter(QObject* watched, QEvent* event)
 
 bool HotKeyRecorderBridge::handleKey(const QKeyEvent& event)
 {
+    const KeyEvents::LevelUse levelUse = KeyTranslation::levelUse(event, m_keyEvents);
+    if (levelUse == KeyEvents::LevelUse::chooser) {
+        if (!event.isAutoRepeat()) {
+            m_recorder.levelKeyChanged(event.type() == QEvent::KeyPress);
+        }
+        return false;
+    }
     if (KeyTranslation::isModifierKey(event)) {
         if (!m_modifierMonitor) {
             m_recorder.modifierFlagsChanged(KeyTranslation::modifierFlagsAfter(event));
@@ -82,6 +89,7 @@ bool HotKeyRecorderBridge::handleKey(const QKeyEvent& event)
         .keyCode = *keyCode,
         .modifierFlags = KeyTranslation::modifierFlags(event.modifiers()),
         .characters = characters.isEmpty() ? std::nullopt : std::optional(characters),
+        .choosesLevel = levelUse == KeyEvents::LevelUse::chosen,
     });
 }
 

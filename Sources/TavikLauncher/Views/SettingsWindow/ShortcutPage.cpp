@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Look/Button.h>
 #include <TavikLauncher/Look/Label.h>
+#include <TavikLauncher/Look/Look.h>
 #include <TavikLauncher/Look/OutcomeMessage.h>
 #include <TavikLauncher/Settings/HotKeyRecorder.h>
 #include <TavikLauncher/Settings/LauncherSettings.h>
+#include <TavikLauncher/Settings/ShortcutWords.h>
 #include <TavikLauncher/Views/SettingsWindow/HotKeyRecorderBridge.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPages.h>
-#include <TavikLauncherPlatform/KeyEvents.h>
 
-#include <array>
+#include <QHBoxLayout>
 
 namespace Tavik {
 
@@ -17,41 +18,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct ModifierName
-{
-    quint64 flag;
-    QStringView name;
-};
-
-constexpr std::array modifierNames{ModifierName{ModifierFlags::control, u"Control"},
-                                   ModifierName{ModifierFlags::option, u"Alt"},
-                                   ModifierName{ModifierFlags::shift, u"Shift"},
-                                   ModifierName{ModifierFlags::command, u"Super"}};
-
-/// A shortcut in the words of a keyboard, for those to whom its glyphs say nothing.
-QString inWords(const HotKeyConfig& config)
-{
-    QStringList keys;
-    for (const auto& [flag, name] : modifierNames) {
-        if ((config.modifierFlagsRaw & flag) != 0) {
-            keys.append(name.toString());
-        }
-    }
-    if (config.isModifierOnly()) {
-        return u"Hold %1 to show the ring, let go to dismiss it"_s.arg(keys.join(u" + "_s));
-    }
-    // The name is stored text. One of ours has a glyph for each modifier before the key.
-    const QString glyphs
-        = HotKeyConfig::make(config.modifierFlagsRaw, config.keyCode).displayName.left(keys.size());
-    if (config.displayName.startsWith(glyphs)) {
-        keys.append(config.displayName.mid(keys.size()));
-    } else {
-        keys = QStringList{config.displayName};
-    }
-    return u"Press %1 to show or dismiss the ring"_s.arg(keys.join(u" + "_s));
-}
-
-/// The shortcut with its recorder. A recorded shortcut is taken over when it can be had.
+/// The shortcut with its recorder. A recorded shortcut is taken over when it can be had, and one
+/// that costs the user something only when the user insists.
 class ShortcutPage final : public SettingsPage
 {
 public:
@@ -77,11 +45,15 @@ public:
         m_message = new OutcomeMessage(&card);
         m_message->setObjectName(u"shortcutMessage"_s);
         card.addWidget(m_message);
+        m_question = makeQuestion();
+        card.addWidget(m_question);
 
         auto* reset = new Button(u"Use Default Shortcut"_s);
         reset->setObjectName(u"defaultShortcut"_s);
         addWidget(reset, Qt::AlignRight);
-        describe(*reset, {.title = reset->text(), .help = inWords(HotKeyConfig::defaultConfig())});
+        describe(*reset,
+                 {.title = reset->text(),
+                  .help = ShortcutWords::description(HotKeyConfig::defaultConfig())});
 
         connect(m_field, &QAbstractButton::clicked, this, [this] { toggleRecording(); });
         connect(reset, &QAbstractButton::clicked, this, [this] {
@@ -96,6 +68,9 @@ public:
         });
         m_recorder.onCommit = [this](const HotKeyConfig& config) {
             take(config);
+        };
+        m_recorder.onLevelRefused = [this] {
+            m_message->say(OutcomeMessage::Kind::warning, ShortcutWords::levelRefusal());
         };
         follow({settings().hotKeyConfig.name()}, [this] { refresh(); });
     }
@@ -114,21 +89,55 @@ private:
         if (m_recorder.isRecording()) {
             m_recorder.stop();
         } else {
-            m_message->clear();
-            m_recorder.start();
+            record();
         }
     }
 
-    void take(const HotKeyConfig& config)
+    void record()
     {
+        forgetOutcome();
+        m_recorder.start();
+    }
+
+    void forgetOutcome()
+    {
+        m_message->clear();
+        m_question->hide();
+    }
+
+    QWidget* makeQuestion()
+    {
+        auto* question = new QWidget(this);
+        auto* row = new QHBoxLayout(question);
+        row->setContentsMargins(16, 6, 16 - focusMargin, 6);
+        row->addStretch(1);
+        const auto add = [&](const QString& text, const QString& name, auto clicked) {
+            auto* button = new Button(text);
+            button->setObjectName(name);
+            connect(button, &QAbstractButton::clicked, this, clicked);
+            row->addWidget(button);
+        };
+        add(u"Use It Anyway"_s, u"useDoubtful"_s, [this] { take(HotKeyConfig(m_doubtful), true); });
+        add(u"Choose Another"_s, u"chooseAnother"_s, [this] { record(); });
+        question->hide();
+        return question;
+    }
+
+    /// Takes over what can be had. What costs the user something has to be `isInsistedOn`.
+    void take(const HotKeyConfig& config, bool isInsistedOn = false)
+    {
+        forgetOutcome();
         const auto& tryShortcut = dependencies().tryShortcut;
         if (const auto reason = tryShortcut ? tryShortcut(config) : std::nullopt) {
             m_message->say(OutcomeMessage::Kind::warning,
                            u"%1 cannot be used. %2"_s.arg(config.displayName, *reason));
-            return;
+        } else if (const auto warning = ShortcutWords::warning(config); warning && !isInsistedOn) {
+            m_message->say(OutcomeMessage::Kind::warning, *warning);
+            m_doubtful = config;
+            m_question->show();
+        } else {
+            settings().hotKeyConfig.set(config);
         }
-        m_message->clear();
-        settings().hotKeyConfig.set(config);
     }
 
     void refresh()
@@ -138,7 +147,7 @@ private:
         m_field->setText(isRecording ? u"Press a shortcut…"_s : config.displayName);
         m_field->setAccessibleName(u"Trigger shortcut: "_s + m_field->text());
         m_field->updateGeometry();
-        m_row->setHelp(inWords(config));
+        m_row->setHelp(ShortcutWords::description(config));
         m_prompt->setVisible(isRecording);
     }
 
@@ -148,6 +157,8 @@ private:
     CardRow* m_row = nullptr;
     Label* m_prompt = nullptr;
     OutcomeMessage* m_message = nullptr;
+    QWidget* m_question = nullptr; ///< Whether `m_doubtful` is to be used all the same.
+    HotKeyConfig m_doubtful;
 };
 
 } // namespace

@@ -199,6 +199,14 @@ std::optional<QString> X11KeyEvents::characters(const NativeKey& key) const
     return characters.isEmpty() || !characters.front().isPrint() ? QString() : characters;
 }
 
+KeyEvents::LevelUse X11KeyEvents::levelUse(const NativeKey& key) const
+{
+    if (X11KeyboardMap::choosesLevel(key.symbol)) {
+        return LevelUse::chooser;
+    }
+    return (key.modifiers & m_map.levels) != 0 ? LevelUse::chosen : LevelUse::none;
+}
+
 bool X11KeyEvents::nativeEventFilter(const QByteArray& eventType, void* message, qintptr*)
 {
     if (eventType != "xcb_generic_event_t") {

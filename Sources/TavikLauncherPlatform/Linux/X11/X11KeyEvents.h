@@ -48,6 +48,7 @@ public:
     [[nodiscard]] std::optional<quint64> heldModifiers() const override;
     [[nodiscard]] std::optional<quint16> keyCode(const NativeKey& key) const override;
     [[nodiscard]] std::optional<QString> characters(const NativeKey& key) const override;
+    [[nodiscard]] LevelUse levelUse(const NativeKey& key) const override;
 
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 

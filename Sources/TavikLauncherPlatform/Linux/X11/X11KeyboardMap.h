@@ -18,12 +18,16 @@ struct X11KeyboardMap
     X11GrabModifiers modifiers;
     std::array<quint8, keyCount> modifiersOfKey{}; ///< The server's modifiers that a key holds.
     std::array<bool, keyCount> hasSymbol{};
+    quint16 levels = 0; ///< The server's modifiers that AltGr and the like set.
 
     /// Two round trips, made at once.
     [[nodiscard]] static X11KeyboardMap read(xcb_connection_t* connection);
 
     /// The server's key for a virtual key code; absent when the keyboard has no such key.
     [[nodiscard]] std::optional<xcb_keycode_t> keyFor(quint16 virtualKeyCode) const;
+
+    /// Whether a key with that symbol is AltGr or the like.
+    [[nodiscard]] static bool choosesLevel(quint32 symbol);
 
     bool operator==(const X11KeyboardMap&) const = default;
 };

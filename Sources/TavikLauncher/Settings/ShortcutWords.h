@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+namespace Tavik {
+
+struct HotKeyConfig;
+
+/// What there is to tell people about a shortcut, in whole sentences.
+namespace ShortcutWords {
+
+/// What it does, in the words of a keyboard, for those to whom its glyphs say nothing.
+[[nodiscard]] QString description(const HotKeyConfig& config);
+/// What the user loses by it, as programs everywhere use it themselves or it types something;
+/// absent for one that costs nobody anything.
+[[nodiscard]] std::optional<QString> warning(const HotKeyConfig& config);
+/// Why a gesture with AltGr becomes no shortcut.
+[[nodiscard]] QString levelRefusal();
+
+} // namespace ShortcutWords
+
+} // namespace Tavik

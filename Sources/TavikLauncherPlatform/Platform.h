@@ -9,6 +9,7 @@
 #include <TavikLauncherPlatform/LoginItem.h>
 #include <TavikLauncherPlatform/MainQueue.h>
 #include <TavikLauncherPlatform/Screens.h>
+#include <TavikLauncherPlatform/SessionLock.h>
 #include <TavikLauncherPlatform/StatusTray.h>
 #include <TavikLauncherPlatform/Updater.h>
 #include <TavikLauncherPlatform/UserDefaults.h>
@@ -37,6 +38,7 @@ struct Platform
     std::unique_ptr<AccessibilityPermission> accessibility;
     std::unique_ptr<KeyEvents> keyEvents;
     std::unique_ptr<WindowServer> windowServer;
+    std::unique_ptr<SessionLock> sessionLock;
     std::unique_ptr<DesktopAppearance> appearance;
     std::unique_ptr<LoginItem> loginItem;
     std::unique_ptr<StatusTray> statusTray;

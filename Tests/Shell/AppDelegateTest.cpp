@@ -230,6 +230,41 @@ private Q_SLOTS:
         QVERIFY2(!shown(ringTitle), "the settings are there, but hidden");
     }
 
+    void aScreenThatIsNotTheUsersShowsNoRing_data()
+    {
+        // Whether the session is locked and the input taken; whether a choice waits for the end.
+        const Table<bool, bool, bool> row;
+        row("locked", true, false, false);
+        row("the input is taken", false, true, true);
+    }
+    void aScreenThatIsNotTheUsersShowsNoRing()
+    {
+        const auto [isLocked, isTaken, waits] = fetch<bool, bool, bool>();
+        Application application;
+        application.useKey();
+        application.start();
+        application.perform(AppAction::showLauncher);
+        application.sessionLock.inputTaken = isTaken;
+        if (isLocked) {
+            application.sessionLock.lock();
+            QVERIFY(!shown(ringTitle));
+        } else {
+            application.perform(AppAction::toggleLauncher);
+            QVERIFY2(!shown(ringTitle), "a ring can always be sent away");
+        }
+        application.keyEvents.hotKeyPressed(1);
+        application.perform(AppAction::showLauncher);
+        application.perform(AppAction::toggleLauncher);
+        QVERIFY(!shown(ringTitle));
+
+        application.sessionLock.locked = application.sessionLock.inputTaken = false;
+        application.mainQueue.advance(0.1);
+        QCOMPARE(shown(ringTitle) != nullptr, waits);
+        application.perform(AppAction::hideLauncher);
+        application.keyEvents.hotKeyPressed(2);
+        QVERIFY(shown(ringTitle));
+    }
+
     void theSessionsEndClosesNoWindow()
     {
         Application application;

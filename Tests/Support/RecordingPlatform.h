@@ -11,6 +11,7 @@
 #include <Support/FakeFileManager.h>
 #include <Support/FakeKeyEvents.h>
 #include <Support/FakeLoginItem.h>
+#include <Support/FakeSessionLock.h>
 #include <Support/FakeStatusTray.h>
 #include <Support/FakeUpdater.h>
 #include <Support/FakeWindowServer.h>
@@ -173,6 +174,7 @@ struct RecordingPlatform
     RecordingKeyEvents& keyEvents = place<RecordingKeyEvents>(platform.keyEvents, record);
     RecordingWindowServer& windowServer
         = place<RecordingWindowServer>(platform.windowServer, record);
+    FakeSessionLock& sessionLock = place<FakeSessionLock>(platform.sessionLock);
     FakeAppearance& appearance = place<FakeAppearance>(platform.appearance);
     FakeLoginItem& loginItem = place<FakeLoginItem>(platform.loginItem);
     RecordingStatusTray& tray = place<RecordingStatusTray>(platform.statusTray, record);

@@ -60,6 +60,7 @@ AppDelegate::AppDelegate(Platform& platform, NotificationCenter& notifications)
           .hide = [this] { m_panelController->hide(); },
           .pin = [this] { pinPanel(); },
       })
+    , m_screenGuard(*platform.sessionLock, *platform.mainQueue)
     , m_windows(
           {platform, m_settings, m_catalog, m_notifications},
           {
@@ -93,6 +94,7 @@ AppDelegate::AppDelegate(Platform& platform, NotificationCenter& notifications)
 AppDelegate::~AppDelegate()
 {
     m_platform.keyEvents->onKeyboardChanged = nullptr;
+    m_platform.sessionLock->onLocked = nullptr;
 }
 
 void AppDelegate::applicationDidFinishLaunching()
@@ -128,6 +130,7 @@ void AppDelegate::applicationDidFinishLaunching()
     installUpdateSettingsObserver();
     installWillSleepObserver();
     installRecentAppActivationObserver();
+    installSessionLockObserver();
     setupHotKey();
     chooseFirstRunWindow();
 
@@ -192,6 +195,13 @@ void AppDelegate::installRecentAppActivationObserver()
                                             [this] { recordActivatedApplication(); });
 }
 
+void AppDelegate::installSessionLockObserver()
+{
+    m_platform.sessionLock->onLocked = [this] {
+        m_panelController->hide();
+    };
+}
+
 void AppDelegate::recordActivatedApplication()
 {
     const std::optional<RunningApplication> app = m_platform.workspace->frontmostApplication();
@@ -217,6 +227,9 @@ void AppDelegate::setupHotKey()
             *m_platform.keyEvents, *m_platform.accessibility, *m_platform.mainQueue},
         config,
         [this, shortcut](double time) {
+            if (!m_screenGuard.isFree()) {
+                return;
+            }
             m_gestures.press(shortcut, time);
             launcherPanel().setHoldsKeyboard(shortcut == TriggerGestures::Shortcut::modifierOnly);
         },
@@ -289,17 +302,18 @@ void AppDelegate::installUpdateSettingsObserver()
 
 void AppDelegate::installStatusItem()
 {
-    m_statusItem.emplace(StatusItem::Dependencies{*m_platform.statusTray, *m_platform.mainQueue},
-                         StatusItem::Actions{
-                             .showAbout = [this] { m_windows.showAbout(); },
-                             .showSettings = [this] { m_windows.showSettings(); },
-                             .checkForUpdates = [this] { m_softwareUpdates->checkForUpdates(); },
-                             .showLauncher = [this] { showLauncher(); },
-                             .repeatTour = [this] { m_windows.showOnboarding(true); },
-                             .showReindexWindow = [this] { m_windows.showReindex(); },
-                             .openSupportPage = openSupportPage,
-                             .quit = &TavikLauncherApp::end,
-                         });
+    m_statusItem.emplace(
+        StatusItem::Dependencies{*m_platform.statusTray, *m_platform.mainQueue},
+        StatusItem::Actions{
+            .showAbout = [this] { m_windows.showAbout(); },
+            .showSettings = [this] { m_windows.showSettings(); },
+            .checkForUpdates = [this] { m_softwareUpdates->checkForUpdates(); },
+            .showLauncher = [this] { m_screenGuard.whenFree([this] { showLauncher(); }); },
+            .repeatTour = [this] { m_windows.showOnboarding(true); },
+            .showReindexWindow = [this] { m_windows.showReindex(); },
+            .openSupportPage = openSupportPage,
+            .quit = &TavikLauncherApp::end,
+        });
 }
 
 /// A new user is asked for the permission first; the tour then follows when it is given.
@@ -361,9 +375,22 @@ void AppDelegate::performSoon(const AppRequest& request)
 void AppDelegate::perform(const AppRequest& request)
 {
     m_offerSettings.cancel();
-    m_platform.windowServer->beginActivation(request.activation);
-    carryOut(request);
-    m_platform.windowServer->endActivation();
+    const auto act = [this, request] {
+        m_platform.windowServer->beginActivation(request.activation);
+        carryOut(request);
+        m_platform.windowServer->endActivation();
+    };
+    if (bringsUpRing(request.action)) {
+        m_screenGuard.whenFree(act);
+    } else {
+        act();
+    }
+}
+
+bool AppDelegate::bringsUpRing(AppAction action) const
+{
+    return action == AppAction::activate || action == AppAction::showLauncher
+        || (action == AppAction::toggleLauncher && !m_panelController->isVisible());
 }
 
 void AppDelegate::carryOut(const AppRequest& request)

@@ -11,6 +11,7 @@
 #include <TavikLauncher/Shell/AppRequest.h>
 #include <TavikLauncher/Shell/AuxiliaryWindows.h>
 #include <TavikLauncher/Shell/LauncherPanelController.h>
+#include <TavikLauncher/Shell/ScreenGuard.h>
 #include <TavikLauncher/Shell/SoftwareUpdates.h>
 #include <TavikLauncher/Shell/UpdaterApplication.h>
 #include <TavikLauncher/Trigger/TriggerGestures.h>
@@ -51,6 +52,7 @@ private:
     void installHotKeySettingsObserver();
     void installWillSleepObserver();
     void installRecentAppActivationObserver();
+    void installSessionLockObserver();
     void setupHotKey();
     void installShowInDockObserver();
     void installSettingsPreviewObserver();
@@ -58,6 +60,7 @@ private:
     void installUpdateSettingsObserver();
     void installStatusItem();
     void chooseFirstRunWindow();
+    [[nodiscard]] bool bringsUpRing(AppAction action) const;
     void carryOut(const AppRequest& request);
     void offerSettings();
     void showLauncher();
@@ -79,6 +82,7 @@ private:
     LauncherPresentationState m_presentation;
     std::optional<LauncherPanelController> m_panelController;
     TriggerGestures m_gestures;
+    ScreenGuard m_screenGuard;
     std::unique_ptr<GlobalHotKey> m_hotKey; ///< Null while there is none, or it rests.
     bool m_isRecordingShortcut = false;
     AuxiliaryWindows m_windows;

@@ -8,11 +8,13 @@
 #include <TavikLauncherPlatform/Linux/Session/AutostartLoginItem.h>
 #include <TavikLauncherPlatform/Linux/Session/PortalAppearance.h>
 #include <TavikLauncherPlatform/Linux/Session/QtScreens.h>
+#include <TavikLauncherPlatform/Linux/Session/SessionLockMonitor.h>
 #include <TavikLauncherPlatform/Linux/Updates/AppImage.h>
 #include <TavikLauncherPlatform/Linux/Updates/AppcastUpdater.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateFolder.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateSignature.h>
 #include <TavikLauncherPlatform/Linux/X11/X11AccessibilityPermission.h>
+#include <TavikLauncherPlatform/Linux/X11/X11InputGrabs.h>
 #include <TavikLauncherPlatform/Linux/X11/X11KeyEvents.h>
 #include <TavikLauncherPlatform/Linux/X11/X11WindowServer.h>
 #include <TavikLauncherPlatform/Linux/X11/X11Workspace.h>
@@ -58,6 +60,8 @@ void addX11Services(Platform& platform, xcb_connection_t* toolkit)
     platform.keyEvents
         = std::make_unique<X11KeyEvents>(toolkit, *platform.mainQueue, *platform.accessibility);
     platform.windowServer = std::make_unique<X11WindowServer>(toolkit, *platform.mainQueue);
+    platform.sessionLock = std::make_unique<SessionLockMonitor>(
+        *platform.workQueue, [grabs = X11InputGrabs(toolkit)] { return grabs.areHeldElsewhere(); });
 }
 
 void addNullServices(Platform& platform)
@@ -67,6 +71,8 @@ void addNullServices(Platform& platform)
     platform.accessibility = std::make_unique<NullAccessibilityPermission>();
     platform.keyEvents = std::make_unique<NullKeyEvents>();
     platform.windowServer = std::make_unique<NullWindowServer>();
+    platform.sessionLock
+        = std::make_unique<SessionLockMonitor>(*platform.workQueue, [] { return false; });
 }
 
 std::optional<QString> openOnDesktop(const QUrl& url)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "TestClient.h"
 #include <TavikLauncherPlatform/Linux/LinuxStatusTray.h>
+#include <TavikLauncherPlatform/Linux/X11/X11InputGrabs.h>
 #include <TavikLauncherPlatform/Platform.h>
 #include <TavikLauncherPlatform/QtWorkQueue.h>
 
@@ -9,6 +10,8 @@
 #include <QDBusVariant>
 #include <QProcess>
 #include <QTest>
+
+#include <array>
 
 namespace Tavik {
 using namespace Qt::StringLiterals;
@@ -60,6 +63,88 @@ private Q_SLOTS:
         QTRY_COMPARE(platform->screens->main()->frame, QRectF(640, 0, 640, 800));
         m_client.destroy(window);
         m_client.destroy(dock);
+    }
+
+    void inputIsTakenOnlyWhenAnotherHasAllOfItAndAskingDisturbsNobody()
+    {
+        xcb_connection_t* toolkit = Test::toolkitConnection();
+        const X11Connection otherClient;
+        xcb_connection_t* other = otherClient.get();
+        const xcb_window_t window = xcb_generate_id(other);
+        const std::array<uint32_t, 2> values{1,
+                                             XCB_EVENT_MASK_FOCUS_CHANGE
+                                                 | XCB_EVENT_MASK_ENTER_WINDOW
+                                                 | XCB_EVENT_MASK_LEAVE_WINDOW};
+        xcb_create_window(other,
+                          XCB_COPY_FROM_PARENT,
+                          window,
+                          otherClient.root(),
+                          0,
+                          0,
+                          1280,
+                          800,
+                          0,
+                          XCB_WINDOW_CLASS_INPUT_OUTPUT,
+                          XCB_COPY_FROM_PARENT,
+                          XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK,
+                          values.data());
+        xcb_map_window(other, window);
+        xcb_set_input_focus(other, XCB_INPUT_FOCUS_POINTER_ROOT, window, XCB_CURRENT_TIME);
+        const auto eventCount = [&] {
+            const X11Reply<xcb_get_input_focus_reply_t> sync(
+                xcb_get_input_focus_reply(other, xcb_get_input_focus(other), nullptr));
+            int count = 0;
+            while (X11Reply<xcb_generic_event_t>{xcb_poll_for_event(other)}) {
+                ++count;
+            }
+            return count;
+        };
+        const auto takeKeyboard = [&](xcb_connection_t* client) {
+            const auto cookie = xcb_grab_keyboard(client,
+                                                  0,
+                                                  otherClient.root(),
+                                                  XCB_CURRENT_TIME,
+                                                  XCB_GRAB_MODE_ASYNC,
+                                                  XCB_GRAB_MODE_ASYNC);
+            const X11Reply<xcb_grab_keyboard_reply_t> reply(
+                xcb_grab_keyboard_reply(client, cookie, nullptr));
+            return reply->status == XCB_GRAB_STATUS_SUCCESS;
+        };
+        const auto takePointer = [&](xcb_connection_t* client) {
+            const auto cookie = xcb_grab_pointer(client,
+                                                 0,
+                                                 otherClient.root(),
+                                                 0,
+                                                 XCB_GRAB_MODE_ASYNC,
+                                                 XCB_GRAB_MODE_ASYNC,
+                                                 XCB_NONE,
+                                                 XCB_NONE,
+                                                 XCB_CURRENT_TIME);
+            const X11Reply<xcb_grab_pointer_reply_t> reply(
+                xcb_grab_pointer_reply(client, cookie, nullptr));
+            return reply->status == XCB_GRAB_STATUS_SUCCESS;
+        };
+        const auto release = [](xcb_connection_t* client) {
+            xcb_ungrab_keyboard(client, XCB_CURRENT_TIME);
+            xcb_ungrab_pointer(client, XCB_CURRENT_TIME);
+            const X11Reply<xcb_get_input_focus_reply_t> sync(
+                xcb_get_input_focus_reply(client, xcb_get_input_focus(client), nullptr));
+        };
+
+        const X11InputGrabs grabs(toolkit);
+        QTRY_COMPARE(eventCount(), 0);
+        QVERIFY(!grabs.areHeldElsewhere());
+        QCOMPARE(eventCount(), 0);
+        QVERIFY(takeKeyboard(toolkit) && takePointer(toolkit));
+        QVERIFY2(!grabs.areHeldElsewhere(), "a menu of ours");
+        release(toolkit);
+        QVERIFY(takeKeyboard(other) && !grabs.areHeldElsewhere());
+        QVERIFY(takePointer(other) && grabs.areHeldElsewhere());
+        release(other);
+        QVERIFY(takePointer(other) && !grabs.areHeldElsewhere());
+        release(other);
+        xcb_destroy_window(other, window);
+        QVERIFY(!grabs.areHeldElsewhere());
     }
 
     void desktopThatChangesItsMindAboutLooksIsHeard()

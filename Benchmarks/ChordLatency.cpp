@@ -34,7 +34,7 @@ class Granted final : public AccessibilityPermission
 public:
     [[nodiscard]] bool isTrusted() const override { return true; }
     void prompt() override { }
-    void openSettings() override { }
+    void openSettings(std::function<void()>) override { }
 };
 
 /// Presses and releases the chord and waits each time until it has been told.

@@ -19,6 +19,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -45,9 +46,19 @@ struct Platform
     std::unique_ptr<Updater> updater;
 };
 
+/// What a program has its platform made with.
+struct PlatformOptions
+{
+    using Permission = std::unique_ptr<AccessibilityPermission>;
+
+    UpdateSource updates;
+    /// Gives what stands in the place of the session's own permission; none leaves that there.
+    std::function<Permission(Permission)> replacePermission;
+};
+
 /// Builds the platform for the running session. Call once, after the application object exists.
 /// Implemented by the one system that the build contains.
-[[nodiscard]] std::unique_ptr<Platform> makePlatform(const UpdateSource& updates);
+[[nodiscard]] std::unique_ptr<Platform> makePlatform(const PlatformOptions& options);
 
 /// Why no window can be shown in this session, as a clause for people; absent when one can. Needs
 /// no application object. Implemented beside `makePlatform`.

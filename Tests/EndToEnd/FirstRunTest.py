@@ -5,6 +5,7 @@ import time
 import pytest
 
 from harness import accessibility
+from harness.launcher import Launcher
 from harness.waiting import stays, wait_front, wait_until
 
 TOUR = "Welcome to Tavik Launcher"
@@ -14,11 +15,26 @@ READABLE = {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
 COMPLETED = "LauncherSettings.hasCompletedOnboarding"
 
 
-@pytest.fixture
-def new_user(launcher, applications, panel):
+def as_new_user(launcher, applications):
     launcher.pin(applications.add("Alder"), applications.add("Birch"))
     launcher.settings(hasCompletedOnboarding=False)
     return launcher
+
+
+@pytest.fixture
+def new_user(launcher, applications, panel):
+    return as_new_user(launcher, applications)
+
+
+@pytest.fixture
+def refused_user(desktop, staged_program, applications, panel):
+    """A new user with a chord, in a session that refuses until there is the file `granting`."""
+    made = as_new_user(Launcher(desktop, staged_program), applications)
+    made.granting = desktop.home / "granted"
+    made.environment.update(READABLE, TAVIK_TEST_PERMISSION=str(made.granting))
+    made.use_chord()
+    yield made
+    made.stop()
 
 
 def test_the_tour_meets_a_new_user_once(new_user, display, desktop, look):
@@ -103,9 +119,8 @@ def test_a_key_held_down_since_before_is_not_meant_for_us(new_user, desktop, dis
     display.wait_gone(title)
 
 
-def test_the_permission_comes_first_and_without_it_the_program_still_serves(new_user, display, desktop, look):
-    new_user.use_chord()
-    new_user.start(by_hand=True, environment={**READABLE, "TAVIK_WITHHOLD_PERMISSION": "1"})
+def test_the_permission_comes_first_and_without_it_the_program_still_serves(refused_user, display, desktop, look):
+    refused_user.start(by_hand=True)
     window = wait_front(display, PERMISSION)
     assert display.geometry(window)[2:] == (440, 520)
     assert abs(display.geometry(window).centre[0] - 640) <= 2
@@ -113,34 +128,35 @@ def test_the_permission_comes_first_and_without_it_the_program_still_serves(new_
     display.press("Return")
     stays(lambda: display.find(PERMISSION) == window and display.find(TOUR) is None, "the tour waits")
     look("waiting")
+    accessibility.wait_text(desktop, "This desktop is a test.", "Make the file.")
+    accessibility.click(desktop, "Copy the Command")
+    wait_until(lambda: accessibility.find(desktop, "Command Copied"), "the button says what it has done")
     assert "local=1 tap=0 global=1 AXTrusted=0" in desktop.log("launcher")
     desktop.spawn(["xterm", "-T", "Terminal"])
     display.activate(display.wait_for("Terminal"))
     wait_front(display, "Terminal")
     with display.held("ctrl", "alt"):
-        stays(lambda: not new_user.is_shown(), "the chord is not heard in other programs", 0.5)
-    new_user.command("--toggle")
-    new_user.wait_open()
-    new_user.command("--hide")
+        stays(lambda: not refused_user.is_shown(), "the chord is not heard in other programs", 0.5)
+    refused_user.command("--toggle")
+    refused_user.wait_open()
+    refused_user.command("--hide")
     accessibility.click(desktop, "Skip for Now")  # Which only Return can have brought.
     display.wait_gone(PERMISSION)
     stays(lambda: display.find(TOUR) is None, "the tour waits for another start")
-    assert not new_user.defaults()[COMPLETED]
+    assert not refused_user.defaults()[COMPLETED]
 
 
-def test_once_granted_the_shortcut_works_and_the_tour_follows(new_user, display, desktop, look):
-    granting = desktop.home / "granted"
-    new_user.use_chord()
-    new_user.start(by_hand=True, environment={**READABLE, "TAVIK_WITHHOLD_PERMISSION": str(granting)})
+def test_once_granted_the_shortcut_works_and_the_tour_follows(refused_user, display, desktop, look):
+    refused_user.start(by_hand=True)
     wait_front(display, PERMISSION)
     display.press("Return")
-    granting.touch()
+    refused_user.granting.touch()
     tour = wait_front(display, TOUR)
     look("granted")
     accessibility.wait_text(desktop, "The global hotkey is now working.")
     with display.held("ctrl", "alt"):
-        new_user.wait_open()
-    new_user.wait_hidden()
+        refused_user.wait_open()
+    refused_user.wait_hidden()
     display.close_window(tour)
     display.wait_gone(TOUR)
     stays(lambda: display.find(TOUR) is None and display.find(PERMISSION), "it follows once", 1.5)

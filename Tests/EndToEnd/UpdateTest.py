@@ -31,19 +31,12 @@ def feed():
 
 
 @pytest.fixture(scope="session")
-def image(program, tmp_path_factory):
+def image(staged_program, tmp_path_factory):
     """The launcher as an image: the program itself, marked as one, without what only a debugger reads."""
     stripped = tmp_path_factory.mktemp("image") / "stripped"
-    subprocess.run(["strip", "-o", stripped, program], check=True)
+    subprocess.run(["strip", "-o", stripped, staged_program], check=True)
     content = stripped.read_bytes()
     return content[:8] + IMAGE_MARK + content[8 + len(IMAGE_MARK):] + FILE_SYSTEM
-
-
-@pytest.fixture(scope="session")
-def program():
-    made = pathlib.Path(os.environ["TAVIK_LAUNCHER_UPDATING"])
-    assert made.exists(), f"{made} is not built"
-    return made
 
 
 @pytest.fixture
@@ -56,7 +49,7 @@ def installed(desktop, image):
 
 
 @pytest.fixture
-def launcher(desktop, program, feed, installed, image):
+def launcher(desktop, staged_program, feed, installed, image):
     """The launcher as it runs from an image: below a folder to which the image has been mounted."""
     mounted = desktop.home / "mounted" / "tavik-launcher"
     mounted.parent.mkdir()

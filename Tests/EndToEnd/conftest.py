@@ -83,6 +83,14 @@ def launcher(desktop):
     made.stop()
 
 
+@pytest.fixture(scope="session")
+def staged_program():
+    """The launcher with updates and a permission that a journey plays."""
+    made = pathlib.Path(os.environ["TAVIK_LAUNCHER_STAGED"])
+    assert made.exists(), f"{made} is not built"
+    return made
+
+
 @pytest.fixture
 def look(request, desktop):
     """Keeps a picture of the screen, for people to look at: look("after typing")."""

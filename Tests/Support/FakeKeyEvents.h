@@ -16,9 +16,18 @@ class FakeAccessibilityPermission : public AccessibilityPermission
 public:
     [[nodiscard]] bool isTrusted() const override { return trusted; }
     void prompt() override { calls << QStringLiteral("prompt"); }
-    void openSettings() override { calls << QStringLiteral("settings"); }
+    [[nodiscard]] Obstacle obstacle() const override { return told; }
+    void openSettings(std::function<void()> failed) override
+    {
+        calls << QStringLiteral("settings");
+        if (!settingsOpen) {
+            failed();
+        }
+    }
 
     bool trusted = true;
+    Obstacle told;
+    bool settingsOpen = true;
     QStringList calls;
 };
 

@@ -9,6 +9,8 @@
 #include <QLayout>
 #include <QPalette>
 #include <QPushButton>
+#include <QStyleOptionButton>
+#include <QStylePainter>
 
 #include <cmath>
 
@@ -67,7 +69,7 @@ private:
 
 /// Left to itself a button takes Return only while it is a default one, but then also from a key
 /// that is held down.
-class PushButton final : public QPushButton
+class PushButton : public QPushButton
 {
 public:
     using QPushButton::QPushButton;
@@ -82,6 +84,50 @@ protected:
         }
     }
 };
+
+class ProminentButton final : public PushButton
+{
+public:
+    using PushButton::PushButton;
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        constexpr double cornerRadius = 6;
+        constexpr double ringInset = 3.5;
+        const Look look = Look::of(*this);
+        QColor fill = look.accent;
+        if (isDown()) {
+            fill = fill.darker(118);
+        } else if (underMouse()) {
+            fill = fill.lighter(108);
+        }
+        QStylePainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(fill);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), cornerRadius, cornerRadius);
+        QStyleOptionButton option;
+        initStyleOption(&option);
+        option.palette.setColor(QPalette::ButtonText, look.onAccent);
+        painter.drawControl(QStyle::CE_PushButtonLabel, option);
+        if (showsFocus(*this)) {
+            painter.setPen(QPen(look.onAccent, 1));
+            painter.setBrush(Qt::NoBrush);
+            painter.drawRoundedRect(
+                QRectF(rect()).adjusted(ringInset, ringInset, -ringInset, -ringInset),
+                cornerRadius - 2,
+                cornerRadius - 2);
+        }
+    }
+};
+
+QPushButton* withRoom(QPushButton* button)
+{
+    constexpr QSize room(20, 4);
+    button->setMinimumSize(button->sizeHint() + room);
+    return button;
+}
 
 } // namespace
 
@@ -139,10 +185,12 @@ QLabel* makeLabel(const QString& text, const TextStyle& style, QWidget* parent)
 
 QPushButton* makeButton(const QString& text, QWidget* parent)
 {
-    constexpr QSize room(20, 4);
-    auto* button = new PushButton(text, parent);
-    button->setMinimumSize(button->sizeHint() + room);
-    return button;
+    return withRoom(new PushButton(text, parent));
+}
+
+QPushButton* makeProminentButton(const QString& text, QWidget* parent)
+{
+    return withRoom(new ProminentButton(text, parent));
 }
 
 void fitHeight(QWidget& window)

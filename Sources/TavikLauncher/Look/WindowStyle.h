@@ -44,6 +44,9 @@ struct TextStyle
 /// A push button with room around its text. With the focus it takes Return, once for each press.
 [[nodiscard]] QPushButton* makeButton(const QString& text, QWidget* parent);
 
+/// The same for what a window is there for, filled with the desktop's accent.
+[[nodiscard]] QPushButton* makeProminentButton(const QString& text, QWidget* parent);
+
 /// Gives `window` the least height at which its layout cuts nothing off at its present width.
 void fitHeight(QWidget& window);
 

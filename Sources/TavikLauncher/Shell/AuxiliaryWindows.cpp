@@ -89,8 +89,7 @@ void AuxiliaryWindows::checkAccessibilityPermission()
             }
         };
         auto* view = new AccessibilityPermissionView(
-            *platform.accessibility,
-            *platform.mainQueue,
+            {*platform.accessibility, *platform.mainQueue, *platform.appearance},
             {.onDismiss = closing(m_accessibilityPermissionWindow),
              // The view may say it again at its end.
              .onGranted = [granted, isNews = true]() mutable {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Shell/AppDelegate.h>
-#include <TavikLauncher/Shell/BuildUpdateSource.h>
+#include <TavikLauncher/Shell/BuildOptions.h>
 #include <TavikLauncher/Shell/CommandLine.h>
 #include <TavikLauncher/Shell/InstanceClaim.h>
 #include <TavikLauncher/Shell/RuntimeFolder.h>
@@ -150,9 +150,9 @@ Ending run(int argc, char** argv, const CommandLine& commandLine, InstanceClaim&
         instance.giveUp();
     };
     RingAccessibility::install();
-    const UpdateSource updates = buildUpdateSource();
-    TavikLauncherApp::setApplicationVersion(updates.version);
-    const std::unique_ptr<Platform> platform = makePlatform(updates);
+    const PlatformOptions options = buildOptions();
+    TavikLauncherApp::setApplicationVersion(options.updates.version);
+    const std::unique_ptr<Platform> platform = makePlatform(options);
     platform->updater->onTerminate = [] {
         TavikLauncherApp::end();
     };

@@ -8,14 +8,15 @@
 #include <TavikLauncherPlatform/Linux/Session/AutostartLoginItem.h>
 #include <TavikLauncherPlatform/Linux/Session/PortalAppearance.h>
 #include <TavikLauncherPlatform/Linux/Session/QtScreens.h>
+#include <TavikLauncherPlatform/Linux/Session/SessionAccessibilityPermission.h>
 #include <TavikLauncherPlatform/Linux/Session/SessionLockMonitor.h>
 #include <TavikLauncherPlatform/Linux/Updates/AppImage.h>
 #include <TavikLauncherPlatform/Linux/Updates/AppcastUpdater.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateFolder.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateSignature.h>
-#include <TavikLauncherPlatform/Linux/X11/X11AccessibilityPermission.h>
 #include <TavikLauncherPlatform/Linux/X11/X11InputGrabs.h>
 #include <TavikLauncherPlatform/Linux/X11/X11KeyEvents.h>
+#include <TavikLauncherPlatform/Linux/X11/X11KeyboardLimit.h>
 #include <TavikLauncherPlatform/Linux/X11/X11WindowServer.h>
 #include <TavikLauncherPlatform/Linux/X11/X11Workspace.h>
 #include <TavikLauncherPlatform/Null/NullServices.h>
@@ -30,6 +31,7 @@
 #include <QRandomGenerator>
 
 #include <malloc.h>
+#include <utility>
 
 namespace Tavik {
 
@@ -45,7 +47,24 @@ QString ownProgram()
     return image.isEmpty() ? QCoreApplication::applicationFilePath() : image;
 }
 
-void addX11Services(Platform& platform, xcb_connection_t* toolkit)
+QString currentDesktop()
+{
+    return qEnvironmentVariable("XDG_CURRENT_DESKTOP");
+}
+
+void addPermission(Platform& platform,
+                   const PlatformOptions& options,
+                   const std::optional<QString>& limit)
+{
+    using Session = SessionAccessibilityPermission::Session;
+    platform.accessibility = std::make_unique<SessionAccessibilityPermission>(
+        *platform.workspace, Session{.limit = limit, .desktop = currentDesktop()});
+    if (options.replacePermission) {
+        platform.accessibility = options.replacePermission(std::move(platform.accessibility));
+    }
+}
+
+void addX11Services(Platform& platform, const PlatformOptions& options, xcb_connection_t* toolkit)
 {
     auto workspace = std::make_unique<X11Workspace>(
         *platform.mainQueue, *platform.workQueue, *platform.fileManager);
@@ -55,8 +74,7 @@ void addX11Services(Platform& platform, xcb_connection_t* toolkit)
         .focusedPoint = [&windows] { return windows.focusedPoint(); },
         .availableArea = [&windows](const QRect& screen) { return windows.availableArea(screen); },
     });
-    platform.accessibility = std::make_unique<X11AccessibilityPermission>(
-        toolkit, *platform.workspace, qEnvironmentVariable("TAVIK_WITHHOLD_PERMISSION"));
+    addPermission(platform, options, x11KeyboardLimit(toolkit));
     platform.keyEvents
         = std::make_unique<X11KeyEvents>(toolkit, *platform.mainQueue, *platform.accessibility);
     platform.windowServer = std::make_unique<X11WindowServer>(toolkit, *platform.mainQueue);
@@ -64,11 +82,11 @@ void addX11Services(Platform& platform, xcb_connection_t* toolkit)
         *platform.workQueue, [grabs = X11InputGrabs(toolkit)] { return grabs.areHeldElsewhere(); });
 }
 
-void addNullServices(Platform& platform)
+void addNullServices(Platform& platform, const PlatformOptions& options)
 {
     platform.workspace = std::make_unique<NullWorkspace>();
     platform.screens = std::make_unique<QtScreens>();
-    platform.accessibility = std::make_unique<NullAccessibilityPermission>();
+    addPermission(platform, options, SessionAccessibilityPermission::waylandLimit());
     platform.keyEvents = std::make_unique<NullKeyEvents>();
     platform.windowServer = std::make_unique<NullWindowServer>();
     platform.sessionLock
@@ -111,7 +129,7 @@ std::unique_ptr<Updater> makeUpdater(const UpdateSource& source, Platform& platf
 
 } // namespace
 
-std::unique_ptr<Platform> makePlatform(const UpdateSource& updates)
+std::unique_ptr<Platform> makePlatform(const PlatformOptions& options)
 {
     auto platform = std::make_unique<Platform>();
     platform->mainQueue = std::make_unique<QtMainQueue>();
@@ -125,18 +143,17 @@ std::unique_ptr<Platform> makePlatform(const UpdateSource& updates)
         [] { return sessionIconTheme(QIcon::themeName(), IconFolders::ofSession()); });
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     if (x11 && x11->connection()) {
-        addX11Services(*platform, x11->connection());
+        addX11Services(*platform, options, x11->connection());
     } else {
-        addNullServices(*platform);
+        addNullServices(*platform, options);
     }
     platform->appearance = std::make_unique<PortalAppearance>(*platform->workQueue);
     platform->loginItem = std::make_unique<AutostartLoginItem>(AutostartLoginItem::Paths{
         .entry = AutostartLoginItem::defaultEntryPath(), .program = ownProgram()});
     platform->statusTray = std::make_unique<LinuxStatusTray>(
         *platform->workQueue,
-        LinuxStatusTray::Session{.isX11 = x11 && x11->connection(),
-                                 .desktop = qEnvironmentVariable("XDG_CURRENT_DESKTOP")});
-    platform->updater = makeUpdater(updates, *platform);
+        LinuxStatusTray::Session{.isX11 = x11 && x11->connection(), .desktop = currentDesktop()});
+    platform->updater = makeUpdater(options.updates, *platform);
     return platform;
 }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <TavikLauncherPlatform/AccessibilityPermission.h>
 #include <TavikLauncherPlatform/DesktopAppearance.h>
 #include <TavikLauncherPlatform/KeyEvents.h>
 #include <TavikLauncherPlatform/LoginItem.h>
@@ -11,15 +10,6 @@
 #include <utility>
 
 namespace Tavik {
-
-/// A session in which the keyboard cannot be watched.
-class NullAccessibilityPermission final : public AccessibilityPermission
-{
-public:
-    [[nodiscard]] bool isTrusted() const override { return false; }
-    void prompt() override { }
-    void openSettings() override { }
-};
 
 /// No key can be had system-wide, and none is heard of.
 class NullKeyEvents final : public KeyEvents

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "TestClient.h"
-#include <TavikLauncherPlatform/Linux/X11/X11AccessibilityPermission.h>
 #include <TavikLauncherPlatform/Linux/X11/X11EventTap.h>
 #include <TavikLauncherPlatform/Linux/X11/X11KeyEvents.h>
 #include <TavikLauncherPlatform/QtMainQueue.h>
@@ -10,7 +9,6 @@
 #include <QWindow>
 
 #include <Support/FakeKeyEvents.h>
-#include <Support/FakeWorkspace.h>
 
 namespace Tavik {
 namespace {
@@ -247,14 +245,6 @@ private Q_SLOTS:
         m_client.tapKey(f9Key);
         m_client.tapKey(letterA);
         QTRY_COMPARE(window.keys, QList<int>({Qt::Key_F9, Qt::Key_A}));
-    }
-
-    void theDesktopsKeyboardSettingsAreOpened()
-    {
-        FakeWorkspace workspace;
-        workspace.paths.insert(u"xfce-keyboard-settings"_qs, u"/keyboard.desktop"_qs);
-        X11AccessibilityPermission(toolkitConnection(), workspace, {}).openSettings();
-        QCOMPARE(workspace.opened, QStringList{u"/keyboard.desktop"_qs});
     }
 };
 

@@ -6,6 +6,8 @@
 #include <TavikLauncher/Views/Windows/OnboardingView.h>
 #include <TavikLauncher/Views/Windows/ReindexView.h>
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLayout>
 #include <QPushButton>
@@ -14,6 +16,7 @@
 #include <Support/FakeDesktop.h>
 #include <Support/FakeKeyEvents.h>
 #include <Support/Table.h>
+#include <optional>
 
 using namespace Tavik;
 using namespace Tavik::Test;
@@ -63,26 +66,36 @@ void verifyEveryParagraphIsShownWhole(const QWidget& view)
     }
 }
 
+/// As long as the longest.
+const QString limit
+    = u"A Wayland desktop tells no program which keys are held while another one is in front."_s;
+const QString remedy
+    = u"Bind the command tavik-launcher --toggle to a key of your choice in Settings › Keyboard › View and Customize Shortcuts."_s;
+
 struct Asked
 {
-    explicit Asked(bool isTrusted = false)
+    explicit Asked(bool isTrusted = false, bool hasSettings = true)
     {
         permission.trusted = isTrusted;
-        view.setFixedSize(440, 520);
-        view.show();
+        permission.told = {limit, remedy, hasSettings};
+        view.emplace(
+            AccessibilityPermissionView::Dependencies{permission, queue, appearance},
+            AccessibilityPermissionSession::Actions{counting(dismissed), counting(granted)});
+        view->setFixedSize(440, 520);
+        view->show();
     }
-    [[nodiscard]] PermissionPhase phase() { return view.session().phase(); }
+    [[nodiscard]] PermissionPhase phase() { return view->session().phase(); }
     [[nodiscard]] bool fits() const
     {
-        return view.layout()->totalHeightForWidth(view.width()) <= view.height();
+        return view->layout()->totalHeightForWidth(view->width()) <= view->height();
     }
 
     FakeAccessibilityPermission permission;
     VirtualMainQueue queue;
+    FakeAppearance appearance;
     int granted = 0;
     int dismissed = 0;
-    AccessibilityPermissionView view{
-        permission, queue, {.onDismiss = counting(dismissed), .onGranted = counting(granted)}};
+    std::optional<AccessibilityPermissionView> view;
 };
 
 const QString enable = u"Enable Accessibility Access"_s;
@@ -122,22 +135,25 @@ private Q_SLOTS:
     void permissionLeadsFromThePromptOverTheSettingsToGranted()
     {
         Asked asked;
-        QVERIFY(says(asked.view, u"Allow Accessibility Access"_s) && asked.fits());
-        QVERIFY(!click(asked.view, done) && click(asked.view, enable));
-        QVERIFY(!click(asked.view, enable) && click(asked.view, u"Open Accessibility Settings"_s));
+        QVERIFY(says(*asked.view, u"Allow Accessibility Access"_s) && asked.fits());
+        QVERIFY(says(*asked.view, limit) && !says(*asked.view, remedy));
+        QVERIFY(!click(*asked.view, done) && click(*asked.view, enable));
+        QVERIFY(says(*asked.view, limit) && says(*asked.view, remedy) && asked.fits());
+        QVERIFY(!click(*asked.view, enable)
+                && click(*asked.view, u"Open Accessibility Settings"_s));
         QCOMPARE(asked.permission.calls, QStringList({u"prompt"_s, u"settings"_s}));
-        QVERIFY(!says(asked.view, hint) && click(asked.view, done));
+        QVERIFY(!says(*asked.view, hint) && click(*asked.view, done));
         asked.queue.advance(3);
-        QVERIFY(says(asked.view, hint) && asked.fits());
+        QVERIFY(says(*asked.view, hint) && asked.fits());
         QCOMPARE(asked.phase(), PermissionPhase::waitingForUser);
         asked.permission.trusted = true;
-        QVERIFY(click(asked.view, done));
+        QVERIFY(click(*asked.view, done));
         QCOMPARE(asked.granted, 1);
-        QVERIFY(says(asked.view, u"Hotkey Is Active"_s) && asked.fits());
-        QVERIFY(!click(asked.view, done) && !says(asked.view, hint));
+        QVERIFY(says(*asked.view, u"Hotkey Is Active"_s) && asked.fits());
+        QVERIFY(!click(*asked.view, done) && !says(*asked.view, hint));
         QCOMPARE(asked.dismissed, 0);
         for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
-            QTest::keyClick(asked.view.focusWidget(), key);
+            QTest::keyClick(asked.view->focusWidget(), key);
         }
         QCOMPARE(asked.dismissed, 2);
     }
@@ -157,11 +173,42 @@ private Q_SLOTS:
 
         Asked closed;
         closed.permission.trusted = true;
-        closed.view.close();
+        closed.view->close();
         for (Asked* asked : {&polled, &closed}) {
             asked->queue.advance(5);
             QCOMPARE(asked->granted, 1);
             QCOMPARE(asked->queue.pendingTasks(), 0);
+        }
+    }
+
+    void whereNoSettingsOpenTheCommandIsGiven_data()
+    {
+        const Table<bool> row;
+        row("there are none", false);
+        row("they do not open", true);
+    }
+    void whereNoSettingsOpenTheCommandIsGiven()
+    {
+        const auto [hasSettings] = fetch<bool>();
+        Asked asked(false, hasSettings);
+        asked.permission.settingsOpen = false;
+        QGuiApplication::clipboard()->clear();
+        QVERIFY(click(*asked.view, enable));
+        const QString open = u"Open Accessibility Settings"_s;
+        QVERIFY(click(*asked.view, hasSettings ? open : u"Copy the Command"_s));
+        QCOMPARE(QGuiApplication::clipboard()->text(), u"tavik-launcher --toggle"_s);
+        QVERIFY(find<QPushButton>(*asked.view, u"Command Copied"_s) && asked.fits());
+    }
+
+    void phasesFadeUnlessMotionIsReduced()
+    {
+        for (const bool isReduced : {false, true}) {
+            Asked asked;
+            asked.appearance.reduced = isReduced;
+            QVERIFY(click(*asked.view, enable));
+            const QImage first = asked.view->grab().toImage();
+            asked.queue.advance(0.5);
+            QCOMPARE(asked.view->grab().toImage() == first, isReduced);
         }
     }
 

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Views/Windows/AccessibilityPermissionSession.h>
-#include <TavikLauncherPlatform/AccessibilityPermission.h>
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QPointer>
 
 #include <utility>
 
@@ -18,6 +21,7 @@ AccessibilityPermissionSession::AccessibilityPermissionSession(AccessibilityPerm
     : m_permission(permission)
     , m_mainQueue(mainQueue)
     , m_actions(std::move(actions))
+    , m_obstacle(permission.obstacle())
 { }
 
 void AccessibilityPermissionSession::appear()
@@ -46,7 +50,18 @@ void AccessibilityPermissionSession::enableAccess()
 
 void AccessibilityPermissionSession::openSettings()
 {
-    m_permission.openSettings();
+    m_permission.openSettings([session = QPointer(this)] {
+        if (session) {
+            session->copyCommand();
+        }
+    });
+}
+
+void AccessibilityPermissionSession::copyCommand()
+{
+    QGuiApplication::clipboard()->setText(QStringLiteral("tavik-launcher --toggle"));
+    m_hasCopiedCommand = true;
+    Q_EMIT changed();
 }
 
 void AccessibilityPermissionSession::done()

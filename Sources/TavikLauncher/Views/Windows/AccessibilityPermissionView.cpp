@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/CrossFade.h>
+#include <TavikLauncher/Look/Look.h>
 #include <TavikLauncher/Look/SymbolView.h>
 #include <TavikLauncher/Look/WindowStyle.h>
 #include <TavikLauncher/Views/Windows/AccessibilityPermissionView.h>
 #include <TavikLauncher/Views/Windows/SettingsDiagram.h>
+#include <TavikLauncherPlatform/DesktopAppearance.h>
 
 #include <QEvent>
 #include <QIconEngine>
@@ -127,12 +130,12 @@ protected:
 };
 
 AccessibilityPermissionView::AccessibilityPermissionView(
-    AccessibilityPermission& permission,
-    MainQueue& mainQueue,
+    const Dependencies& dependencies,
     AccessibilityPermissionSession::Actions actions,
     QWidget* parent)
     : QWidget(parent)
-    , m_session(permission, mainQueue, std::move(actions))
+    , m_dependencies(dependencies)
+    , m_session(dependencies.permission, dependencies.mainQueue, std::move(actions))
 {
     setFixedWidth(windowWidth);
     setFocusPolicy(Qt::StrongFocus);
@@ -159,7 +162,7 @@ AccessibilityPermissionView::AccessibilityPermissionView(
     connect(&m_session,
             &AccessibilityPermissionSession::changed,
             this,
-            &AccessibilityPermissionView::showPhase);
+            &AccessibilityPermissionView::changePhase);
     showPhase();
 }
 
@@ -178,7 +181,21 @@ QLayout* AccessibilityPermissionView::makeHead()
     m_text = WindowStyle::makeLabel({}, {.role = WindowStyle::TextRole::secondary}, this);
     m_text->setAlignment(Qt::AlignHCenter);
     head->addWidget(m_text);
+    for (QLabel** note : {&m_limit, &m_remedy}) {
+        head->addSpacing(8);
+        head->addWidget(*note = makeNote(note == &m_limit ? m_session.obstacle().limit
+                                                          : m_session.obstacle().remedy));
+    }
     return head;
+}
+
+/// Can be selected, for there may be a command in it.
+QLabel* AccessibilityPermissionView::makeNote(const QString& text)
+{
+    QLabel* note = WindowStyle::makeLabel(text, {.size = 12}, this);
+    note->setAlignment(Qt::AlignHCenter);
+    note->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return note;
 }
 
 QLayout* AccessibilityPermissionView::makeControls()
@@ -207,10 +224,17 @@ QLayout* AccessibilityPermissionView::makeControls()
         1);
     controls->addWidget(m_hint);
 
-    m_enable = makeButton(u"Enable Accessibility Access"_s, &Session::enableAccess);
-    m_openSettings = makeButton(u"Open Accessibility Settings"_s, &Session::openSettings);
-    m_done = makeButton(u"Done — I've Enabled It"_s, &Session::done);
-    m_skip = makeButton(u"Skip for Now"_s, &Session::skip);
+    const auto make = [this](const QString& text) {
+        return WindowStyle::makeButton(text, this);
+    };
+    m_enable = WindowStyle::makeProminentButton(u"Enable Accessibility Access"_s, this);
+    m_openSettings = make(u"Open Accessibility Settings"_s);
+    m_done = make(u"Done — I've Enabled It"_s);
+    m_skip = make(u"Skip for Now"_s);
+    tie(*m_enable, &Session::enableAccess);
+    tie(*m_openSettings, &Session::openSettings);
+    tie(*m_done, &Session::done);
+    tie(*m_skip, &Session::skip);
     m_skip->setFlat(true);
     for (QPushButton* button : {m_enable, m_openSettings, m_done, m_skip}) {
         controls->addWidget(button);
@@ -219,23 +243,34 @@ QLayout* AccessibilityPermissionView::makeControls()
     return controls;
 }
 
-QPushButton*
-AccessibilityPermissionView::makeButton(const QString& text,
-                                        void (AccessibilityPermissionSession::*action)())
+void AccessibilityPermissionView::tie(QPushButton& button,
+                                      void (AccessibilityPermissionSession::*action)())
 {
-    QPushButton* button = WindowStyle::makeButton(text, this);
-    button->setMinimumHeight(buttonHeight);
-    button->setIconSize(QSize(buttonIcon + iconGap, buttonIcon));
-    button->setAutoDefault(true);
-    connect(button, &QPushButton::clicked, &m_session, action);
-    return button;
+    button.setMinimumHeight(buttonHeight);
+    button.setIconSize(QSize(buttonIcon + iconGap, buttonIcon));
+    button.setAutoDefault(true);
+    connect(&button, &QPushButton::clicked, &m_session, action);
 }
 
 void AccessibilityPermissionView::updateIcons()
 {
     const QColor ink = palette().color(QPalette::ButtonText);
-    m_enable->setIcon(QIcon(new SymbolIconEngine(Symbol::keyboardBadge, ink)));
-    m_openSettings->setIcon(QIcon(new SymbolIconEngine(Symbol::arrowSquare, ink)));
+    m_enable->setIcon(QIcon(new SymbolIconEngine(Symbol::keyboardBadge, Look::of(*this).onAccent)));
+    m_openSettings->setIcon(givesCommand() ? QIcon()
+                                           : QIcon(new SymbolIconEngine(Symbol::arrowSquare, ink)));
+}
+
+bool AccessibilityPermissionView::givesCommand() const
+{
+    return !m_session.obstacle().hasSettings || m_session.hasCopiedCommand();
+}
+
+void AccessibilityPermissionView::changePhase()
+{
+    if (!m_dependencies.appearance.reducesMotion()) {
+        CrossFade::begin(*this, m_dependencies.mainQueue);
+    }
+    showPhase();
 }
 
 void AccessibilityPermissionView::showPhase()
@@ -252,10 +287,17 @@ void AccessibilityPermissionView::showPhase()
         isGranted
             ? u"The global hotkey is now working. Tavik Launcher will appear over any app."_s
             : u"Tavik Launcher needs Accessibility permission so the hotkey works when other apps are in the foreground."_s);
+    const AccessibilityPermission::Obstacle& obstacle = m_session.obstacle();
+    m_limit->setVisible(!isGranted && !obstacle.limit.isEmpty());
+    m_remedy->setVisible(phase == Phase::waitingForUser && !obstacle.remedy.isEmpty());
     m_diagram->setVisible(phase == Phase::prompt);
     m_enable->setVisible(phase == Phase::prompt);
     m_instruction->setVisible(phase == Phase::waitingForUser);
     m_openSettings->setVisible(phase == Phase::waitingForUser);
+    m_openSettings->setText(m_session.hasCopiedCommand() ? u"Command Copied"_s
+                                : givesCommand()         ? u"Copy the Command"_s
+                                                         : u"Open Accessibility Settings"_s);
+    updateIcons();
     m_done->setVisible(phase == Phase::waitingForUser);
     m_skip->setVisible(phase == Phase::waitingForUser);
     m_hint->setVisible(phase == Phase::waitingForUser && m_session.showsNotEnabledHint());

@@ -12,6 +12,7 @@ class QVBoxLayout;
 
 namespace Tavik {
 
+class DesktopAppearance;
 class SettingsDiagram;
 
 /// The window that asks for the permission to watch the keyboard: why it is needed, the way to the
@@ -21,8 +22,14 @@ class AccessibilityPermissionView final : public QWidget
     Q_OBJECT
 
 public:
-    AccessibilityPermissionView(AccessibilityPermission& permission,
-                                MainQueue& mainQueue,
+    struct Dependencies
+    {
+        AccessibilityPermission& permission;
+        MainQueue& mainQueue;
+        const DesktopAppearance& appearance;
+    };
+
+    AccessibilityPermissionView(const Dependencies& dependencies,
                                 AccessibilityPermissionSession::Actions actions,
                                 QWidget* parent = nullptr);
 
@@ -39,16 +46,24 @@ private:
     class Divider;
     QLayout* makeHead();
     QLayout* makeControls();
-    QPushButton* makeButton(const QString& text, void (AccessibilityPermissionSession::*action)());
+    QLabel* makeNote(const QString& text);
+    void tie(QPushButton& button, void (AccessibilityPermissionSession::*action)());
+    /// Goes over to what the session says now.
+    void changePhase();
     void showPhase();
     /// What Return presses; null where there is nothing left to choose.
     [[nodiscard]] QPushButton* defaultButton() const;
     void updateIcons();
+    /// Whether the way to the settings is replaced by the command.
+    [[nodiscard]] bool givesCommand() const;
 
+    Dependencies m_dependencies;
     AccessibilityPermissionSession m_session;
     Badge* m_badge = nullptr;
     QLabel* m_title = nullptr;
     QLabel* m_text = nullptr;
+    QLabel* m_limit = nullptr;
+    QLabel* m_remedy = nullptr;
     SettingsDiagram* m_diagram = nullptr;
     Divider* m_divider = nullptr;
     QLabel* m_instruction = nullptr;

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Session/SessionAccessibilityPermission.h>
+#include <TavikLauncherPlatform/Workspace.h>
+
+#include <QLoggingCategory>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace Tavik {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "tavik.platform.session")
+
+/// Where a desktop keeps its own shortcuts.
+struct ShortcutSettings
+{
+    QStringView desktop; ///< A name in $XDG_CURRENT_DESKTOP.
+    QStringView place; ///< For people.
+    QStringView program; ///< The identifier of what opens there; empty when nothing does.
+};
+
+constexpr std::array shortcutSettings{
+    ShortcutSettings{u"GNOME",
+                     u"in Settings › Keyboard › View and Customize Shortcuts",
+                     u"gnome-keyboard-panel"},
+    ShortcutSettings{u"KDE", u"in System Settings › Shortcuts", u"kcm_keys"},
+    ShortcutSettings{
+        u"XFCE", u"in Settings › Keyboard › Application Shortcuts", u"xfce-keyboard-settings"},
+    ShortcutSettings{
+        u"X-Cinnamon", u"in System Settings › Keyboard › Shortcuts", u"cinnamon-settings-keyboard"},
+    ShortcutSettings{u"MATE", u"in Control Center › Keyboard Shortcuts", u"mate-keybinding"},
+    ShortcutSettings{
+        u"LXQt", u"in Configuration Center › Shortcut Keys", u"lxqt-config-globalkeyshortcuts"},
+    ShortcutSettings{u"sway", u"with bindsym in the configuration of sway", {}},
+    ShortcutSettings{u"Hyprland", u"with bind in the configuration of Hyprland", {}},
+};
+constexpr ShortcutSettings unknownDesktop{
+    {}, u"where your desktop or window manager keeps its shortcuts", {}};
+
+const ShortcutSettings& settingsOf(const QString& desktop)
+{
+    // The most special name stands first.
+    for (const QString& name : desktop.split(u':')) {
+        const auto* found
+            = std::ranges::find_if(shortcutSettings, [&](const ShortcutSettings& known) {
+                  return known.desktop.compare(name, Qt::CaseInsensitive) == 0;
+              });
+        if (found != shortcutSettings.end()) {
+            return *found;
+        }
+    }
+    return unknownDesktop;
+}
+
+} // namespace
+
+SessionAccessibilityPermission::SessionAccessibilityPermission(Workspace& workspace,
+                                                               Session session)
+    : m_workspace(workspace)
+    , m_session(std::move(session))
+{ }
+
+QString SessionAccessibilityPermission::waylandLimit()
+{
+    return u"A Wayland desktop tells no program which keys are held while another one is in front."_s;
+}
+
+AccessibilityPermission::Obstacle SessionAccessibilityPermission::obstacle() const
+{
+    if (!m_session.limit) {
+        return {};
+    }
+    return {.limit = *m_session.limit,
+            .remedy = u"Bind the command tavik-launcher --toggle to a key of your choice %1."_s.arg(
+                settingsOf(m_session.desktop).place),
+            .hasSettings = settingsPath().has_value()};
+}
+
+std::optional<QString> SessionAccessibilityPermission::settingsPath() const
+{
+    const QStringView program = settingsOf(m_session.desktop).program;
+    return program.isEmpty() ? std::nullopt : m_workspace.pathForApplication(program.toString());
+}
+
+void SessionAccessibilityPermission::openSettings(std::function<void()> failed)
+{
+    const std::optional<QString> path = settingsPath();
+    if (!path) {
+        failed();
+        return;
+    }
+    m_workspace.openApplication(
+        *path, {.activates = true}, [failed = std::move(failed)](const auto& error) {
+            if (error) {
+                qCWarning(log, "The keyboard settings did not open: %ls", qUtf16Printable(*error));
+                failed();
+            }
+        });
+}
+
+} // namespace Tavik

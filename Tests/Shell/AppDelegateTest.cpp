@@ -253,6 +253,7 @@ private Q_SLOTS:
             QVERIFY2(!shown(ringTitle), "a ring can always be sent away");
         }
         application.keyEvents.hotKeyPressed(1);
+        QVERIFY(!shown(ringTitle));
         application.perform(AppAction::showLauncher);
         application.perform(AppAction::toggleLauncher);
         QVERIFY(!shown(ringTitle));

@@ -6,6 +6,7 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
+#include <QLoggingCategory>
 
 #include <array>
 #include <utility>
@@ -15,6 +16,8 @@ namespace Tavik {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+Q_LOGGING_CATEGORY(log, "tavik.platform.session")
 
 /// A screen saver's name on the bus is also that of its interface.
 struct ScreenSaver
@@ -185,7 +188,16 @@ void SessionLockMonitor::change(const std::function<void()>& step)
 {
     const bool wasLocked = isLocked();
     step();
-    if (isLocked() && !wasLocked && onLocked) {
+    if (isLocked() == wasLocked) {
+        return;
+    }
+    // For whoever wonders why no ring comes.
+    qCInfo(log,
+           "The session is %s; login manager: %s, screen savers: %d",
+           wasLocked ? "open again" : "locked",
+           m_lockedHint ? "locked" : "open",
+           static_cast<int>(m_activeScreenSavers.size()));
+    if (!wasLocked && onLocked) {
         onLocked();
     }
 }

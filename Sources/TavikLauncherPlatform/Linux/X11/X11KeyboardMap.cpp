@@ -91,6 +91,8 @@ X11KeyboardMap X11KeyboardMap::read(xcb_connection_t* connection)
             }
         }
     }
+    // A modifier that a shortcut may have is that first of all.
+    map.levels &= static_cast<quint16>(~(map.modifiers.option | map.modifiers.command));
     for (std::size_t key = 0; key < keyCount; ++key) {
         map.hasSymbol.at(key) = !symbols[key].isEmpty();
     }

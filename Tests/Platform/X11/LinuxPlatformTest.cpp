@@ -11,7 +11,7 @@
 #include <QProcess>
 #include <QTest>
 
-#include <array>
+#include <cstdlib>
 
 namespace Tavik {
 using namespace Qt::StringLiterals;
@@ -70,81 +70,47 @@ private Q_SLOTS:
         xcb_connection_t* toolkit = Test::toolkitConnection();
         const X11Connection otherClient;
         xcb_connection_t* other = otherClient.get();
-        const xcb_window_t window = xcb_generate_id(other);
-        const std::array<uint32_t, 2> values{1,
-                                             XCB_EVENT_MASK_FOCUS_CHANGE
-                                                 | XCB_EVENT_MASK_ENTER_WINDOW
-                                                 | XCB_EVENT_MASK_LEAVE_WINDOW};
-        xcb_create_window(other,
-                          XCB_COPY_FROM_PARENT,
-                          window,
-                          otherClient.root(),
-                          0,
-                          0,
-                          1280,
-                          800,
-                          0,
-                          XCB_WINDOW_CLASS_INPUT_OUTPUT,
-                          XCB_COPY_FROM_PARENT,
-                          XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK,
-                          values.data());
-        xcb_map_window(other, window);
-        xcb_set_input_focus(other, XCB_INPUT_FOCUS_POINTER_ROOT, window, XCB_CURRENT_TIME);
-        const auto eventCount = [&] {
-            const X11Reply<xcb_get_input_focus_reply_t> sync(
-                xcb_get_input_focus_reply(other, xcb_get_input_focus(other), nullptr));
-            int count = 0;
-            while (X11Reply<xcb_generic_event_t>{xcb_poll_for_event(other)}) {
-                ++count;
-            }
-            return count;
+        const X11InputGrabs ours(toolkit);
+        const X11InputGrabs theirs(other);
+        const auto sync = [](xcb_connection_t* client) {
+            std::free(xcb_get_input_focus_reply(client, xcb_get_input_focus(client), nullptr));
         };
-        const auto takeKeyboard = [&](xcb_connection_t* client) {
-            const auto cookie = xcb_grab_keyboard(client,
-                                                  0,
-                                                  otherClient.root(),
-                                                  XCB_CURRENT_TIME,
-                                                  XCB_GRAB_MODE_ASYNC,
-                                                  XCB_GRAB_MODE_ASYNC);
-            const X11Reply<xcb_grab_keyboard_reply_t> reply(
-                xcb_grab_keyboard_reply(client, cookie, nullptr));
-            return reply->status == XCB_GRAB_STATUS_SUCCESS;
-        };
-        const auto takePointer = [&](xcb_connection_t* client) {
-            const auto cookie = xcb_grab_pointer(client,
-                                                 0,
-                                                 otherClient.root(),
-                                                 0,
-                                                 XCB_GRAB_MODE_ASYNC,
-                                                 XCB_GRAB_MODE_ASYNC,
-                                                 XCB_NONE,
-                                                 XCB_NONE,
-                                                 XCB_CURRENT_TIME);
-            const X11Reply<xcb_grab_pointer_reply_t> reply(
-                xcb_grab_pointer_reply(client, cookie, nullptr));
-            return reply->status == XCB_GRAB_STATUS_SUCCESS;
-        };
-        const auto release = [](xcb_connection_t* client) {
+        const auto take = [&](xcb_connection_t* client, bool keyboard, bool pointer) {
+            constexpr uint8_t async = XCB_GRAB_MODE_ASYNC;
+            const xcb_window_t root = otherClient.root();
             xcb_ungrab_keyboard(client, XCB_CURRENT_TIME);
             xcb_ungrab_pointer(client, XCB_CURRENT_TIME);
-            const X11Reply<xcb_get_input_focus_reply_t> sync(
-                xcb_get_input_focus_reply(client, xcb_get_input_focus(client), nullptr));
+            if (keyboard) {
+                xcb_grab_keyboard_unchecked(client, 0, root, XCB_CURRENT_TIME, async, async);
+            }
+            if (pointer) {
+                xcb_grab_pointer_unchecked(
+                    client, 0, root, 0, async, async, 0, 0, XCB_CURRENT_TIME);
+            }
+            sync(client);
         };
 
-        const X11InputGrabs grabs(toolkit);
-        QTRY_COMPARE(eventCount(), 0);
-        QVERIFY(!grabs.areHeldElsewhere());
-        QCOMPARE(eventCount(), 0);
-        QVERIFY(takeKeyboard(toolkit) && takePointer(toolkit));
-        QVERIFY2(!grabs.areHeldElsewhere(), "a menu of ours");
-        release(toolkit);
-        QVERIFY(takeKeyboard(other) && !grabs.areHeldElsewhere());
-        QVERIFY(takePointer(other) && grabs.areHeldElsewhere());
-        release(other);
-        QVERIFY(takePointer(other) && !grabs.areHeldElsewhere());
-        release(other);
-        xcb_destroy_window(other, window);
-        QVERIFY(!grabs.areHeldElsewhere());
+        const xcb_window_t window = m_client.createWindow(QByteArrayLiteral("w\0W\0"));
+        m_client.map(window);
+        QTRY_COMPARE(m_client.focused(), window);
+        const uint32_t mask = XCB_EVENT_MASK_FOCUS_CHANGE;
+        xcb_change_window_attributes(other, window, XCB_CW_EVENT_MASK, &mask);
+        sync(other);
+        QVERIFY(!ours.areHeldElsewhere());
+        sync(other);
+        QVERIFY2(!X11Reply<xcb_generic_event_t>(xcb_poll_for_event(other)), "a focus that moves");
+
+        take(toolkit, true, true);
+        QVERIFY2(!ours.areHeldElsewhere() && theirs.areHeldElsewhere(), "a menu of ours");
+        take(toolkit, false, false);
+        for (const bool keyboard : {false, true}) {
+            for (const bool pointer : {false, true}) {
+                take(other, keyboard, pointer);
+                QCOMPARE(ours.areHeldElsewhere(), keyboard && pointer);
+            }
+        }
+        take(other, false, false);
+        m_client.destroy(window);
     }
 
     void desktopThatChangesItsMindAboutLooksIsHeard()

@@ -20,6 +20,9 @@ public:
     /// Both return whether it was done.
     virtual bool registerItem() = 0;
     virtual bool unregisterItem() = 0;
+    /// Where the system would start this program in a place that it has been moved away from: has
+    /// it start the one that runs.
+    virtual void mend() { }
 };
 
 } // namespace Tavik

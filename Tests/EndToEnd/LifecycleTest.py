@@ -280,6 +280,26 @@ def test_a_signal_ends_it_with_every_window_open_and_everything_saved(ring, desk
         ring.start()
 
 
+def test_a_signal_during_the_start_ends_it_cleanly(launcher, applications, display):
+    applications.add_many(500)
+    for moment in (0.01, 0.05, 0.1, 0.2, 0.4, 0.8):
+        launcher.process = launcher.desktop.spawn([launcher.program], launcher.environment, log="launcher")
+        time.sleep(moment)
+        launcher.process.send_signal(signal.SIGTERM)
+        assert launcher.wait_exit() in (0, -signal.SIGTERM)
+        assert not display.is_grabbed(launcher.hot_key)
+    launcher.start()
+
+
+def test_a_signal_that_it_was_started_to_ignore_stays_ignored(launcher):
+    launcher.process = launcher.desktop.spawn(["nohup", launcher.program], launcher.environment, log="launcher")
+    launcher.wait_ready()
+    launcher.process.send_signal(signal.SIGHUP)
+    stays(lambda: not launcher.exited(), "it goes on", 1)
+    assert launcher.command("--quit").returncode == 0
+    assert launcher.wait_exit() == 0
+
+
 def test_when_the_display_goes_it_ends_with_everything_saved(ring, desktop, display):
     ring.summon(640, 400)
     desktop.end_server()

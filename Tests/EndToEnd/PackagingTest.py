@@ -86,6 +86,9 @@ def test_installing_and_uninstalling_leaves_nothing_behind(tmp_path):
         assert wanted in installed
     sides = {path.split("/")[3] for path in installed if path.endswith("apps/org.tavik.Launcher.png")}
     assert {f"{side}x{side}" for side in (16, 22, 24, 32, 48, 64, 128, 256, 512)} <= sides
+    for file in ("share/applications/org.tavik.Launcher.desktop", "share/dbus-1/services/org.tavik.Launcher.service"):
+        programs = re.findall(r"^Exec=(\S+)", (tmp_path / file).read_text(), re.M)
+        assert set(programs) == {str(tmp_path / "bin" / "tavik-launcher")}
     manifest = f"-DMANIFEST={BUILD / 'install_manifest.txt'}"
     subprocess.run(["cmake", manifest, "-P", ROOT / "cmake" / "Uninstall.cmake"], check=True, capture_output=True)
     assert files() == set()

@@ -81,6 +81,7 @@ def launcher(desktop):
     made = Launcher(desktop, PROGRAM)
     yield made
     made.stop()
+    assert not re.search("Sanitizer|runtime error:", desktop.log("launcher")), desktop.log("launcher")
 
 
 @pytest.fixture(scope="session")

@@ -4,6 +4,8 @@
 #include <QSemaphore>
 #include <QTest>
 
+#include <Support/Table.h>
+
 using namespace Tavik;
 using namespace std::chrono_literals;
 using Done = WorkQueue::Done;
@@ -13,13 +15,20 @@ class QtWorkQueueTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theEndCompletesWritesAndGivesUpOnReadsThatHang()
+    void theEndCompletesWritesAndGivesUpOnWhatHangs_data()
     {
+        const Test::Table<WorkPriority> row;
+        row("read", WorkPriority::userInitiated);
+        row("launch", WorkPriority::launch);
+    }
+    void theEndCompletesWritesAndGivesUpOnWhatHangs()
+    {
+        const auto [hanging] = Test::fetch<WorkPriority>();
         QSemaphore started;
         QSemaphore goesOn;
         QSemaphore written;
         QtWorkQueue queue({}, 1ms);
-        queue.schedule(WorkPriority::userInitiated, [&] {
+        queue.schedule(hanging, [&] {
             started.release();
             goesOn.acquire();
             return Done();

@@ -156,6 +156,9 @@ Ending run(int argc, char** argv, const CommandLine& commandLine, InstanceClaim&
     platform->updater->onTerminate = [] {
         TavikLauncherApp::end();
     };
+    if (commandLine.starter == CommandLine::Starter::user) {
+        platform->loginItem->mend(); // Before the settings read it.
+    }
     NotificationCenter notifications;
     AppDelegate delegate(*platform, notifications);
     delegate.applicationDidFinishLaunching();

@@ -165,6 +165,7 @@ class Desktop:
             "XDG_CACHE_HOME": str(self.home / "cache"),
             "XDG_RUNTIME_DIR": str(self.home / "runtime"),
             "DBUS_SESSION_BUS_ADDRESS": self.bus_address,
+            **{name: value for name, value in os.environ.items() if name.endswith("SAN_OPTIONS")},
             "NO_AT_BRIDGE": "1",
             "GTK_A11Y": "none",
         }

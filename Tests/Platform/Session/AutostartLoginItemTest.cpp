@@ -50,10 +50,12 @@ private Q_SLOTS:
     {
         using enum LoginItem::Status;
         const Test::Table<QByteArray, LoginItem::Status> row;
-        const QByteArray head = "[Desktop Entry]\nType=Application\nName=T\nExec=t\n";
+        const QByteArray head = "[Desktop Entry]\nType=Application\nName=T\nExec=sh -c true\n";
         row("present", head, enabled);
         row("hidden", head + "Hidden=true\n", notRegistered);
         row("switched off", head + "X-GNOME-Autostart-enabled=false\n", requiresApproval);
+        row("program gone", "[Desktop Entry]\nExec=/nowhere/t --background\n", notRegistered);
+        row("without a program", "[Desktop Entry]\nExec=\n", notRegistered);
         row("empty", {}, notRegistered);
         row("junk", QByteArray("\0\xff[[[\n=\n", 9), notRegistered);
     }
@@ -85,6 +87,31 @@ private Q_SLOTS:
             QVERIFY2(entry.contains(kept), kept);
         }
         QVERIFY(!entry.contains("Hidden"));
+    }
+
+    void onlyAnEntryThatIsOnFollowsAProgramThatMoved()
+    {
+        const QString gone = m_program;
+        QVERIFY(item().registerItem());
+        QVERIFY(QFile::remove(gone));
+        makeProgram(u"moved here"_s);
+        QCOMPARE(item().status(), LoginItem::Status::notRegistered);
+        item().mend();
+        QCOMPARE(item().status(), LoginItem::Status::enabled);
+        QCOMPARE(programIn(m_tree->path(m_entry)), m_program);
+        for (const QByteArray& entry :
+             {QByteArray("[Desktop Entry]\nExec=/nowhere/t\nX-GNOME-Autostart-enabled=false\n"),
+              QByteArray("[Desktop Entry]\nExec=/nowhere/t\nHidden=true\n"),
+              QByteArray("[Desktop Entry]\nExec=sh\n")}) {
+            m_tree->write(m_entry, entry);
+            item().mend();
+            QFile file(m_tree->path(m_entry));
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            QCOMPARE(file.readAll(), entry);
+        }
+        QVERIFY(QFile::remove(m_tree->path(m_entry)));
+        item().mend();
+        QVERIFY(!QFile::exists(m_tree->path(m_entry)));
     }
 
     void missingProgramIsNotFound()

@@ -5,6 +5,10 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <fcntl.h>
+
+#include <unistd.h>
+
 namespace Tavik {
 
 using namespace Qt::StringLiterals;
@@ -21,6 +25,17 @@ bool makeFolder(const QString& path)
     constexpr auto ownerOnly
         = QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner;
     return QDir().mkpath(folder.path()) && QDir().mkdir(path, ownerOnly);
+}
+
+/// After a loss of power the folder has the new file and not the old one.
+void syncFolder(const QString& path)
+{
+    const int folder
+        = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (folder >= 0) {
+        ::fsync(folder);
+        ::close(folder);
+    }
 }
 
 } // namespace
@@ -52,7 +67,11 @@ replaceFile(const QString& path, const QByteArray& contents, QFileDevice::Permis
     QSaveFile file(target);
     const bool isWritten = file.open(QIODevice::WriteOnly) && file.setPermissions(permissions)
         && file.write(contents) == contents.size() && file.flush() && file.commit();
-    return isWritten ? std::nullopt : std::optional(file.errorString());
+    if (!isWritten) {
+        return file.errorString();
+    }
+    syncFolder(existing.absolutePath());
+    return std::nullopt;
 }
 
 } // namespace Tavik

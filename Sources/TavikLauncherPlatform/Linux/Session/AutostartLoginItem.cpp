@@ -64,6 +64,27 @@ bool isTrue(GKeyFile* entry, const char* key)
     return g_key_file_get_boolean(entry, group, key, nullptr) != FALSE;
 }
 
+/// Whether what the entry starts is there.
+bool startsSomething(GKeyFile* entry)
+{
+    using Text = std::unique_ptr<char, decltype(&g_free)>;
+    const Text line(g_key_file_get_string(entry, group, "Exec", nullptr), &g_free);
+    gchar** words = nullptr;
+    if (!line || !g_shell_parse_argv(line.get(), nullptr, &words, nullptr)) {
+        return false;
+    }
+    const std::unique_ptr<gchar*, decltype(&g_strfreev)> owned(words, &g_strfreev);
+    const QByteArray program = QByteArray(words[0]).replace("%%", "%");
+    return Text(g_find_program_in_path(program.constData()), &g_free) != nullptr;
+}
+
+bool isOn(GKeyFile* entry)
+{
+    return !isTrue(entry, hiddenKey)
+        && (!g_key_file_has_key(entry, group, switchedOnKey, nullptr)
+            || isTrue(entry, switchedOnKey));
+}
+
 } // namespace
 
 AutostartLoginItem::AutostartLoginItem(Paths paths)
@@ -83,12 +104,18 @@ LoginItem::Status AutostartLoginItem::status() const
         return Status::notFound;
     }
     const KeyFile entry = readEntry(m_paths.entry);
-    if (!entry || isTrue(entry.get(), hiddenKey)) {
+    if (!entry || isTrue(entry.get(), hiddenKey) || !startsSomething(entry.get())) {
         return Status::notRegistered;
     }
-    const bool isSwitchedOff = g_key_file_has_key(entry.get(), group, switchedOnKey, nullptr)
-        && !isTrue(entry.get(), switchedOnKey);
-    return isSwitchedOff ? Status::requiresApproval : Status::enabled;
+    return isOn(entry.get()) ? Status::enabled : Status::requiresApproval;
+}
+
+void AutostartLoginItem::mend()
+{
+    const KeyFile entry = readEntry(m_paths.entry);
+    if (entry && isOn(entry.get()) && !startsSomething(entry.get())) {
+        registerItem();
+    }
 }
 
 bool AutostartLoginItem::registerItem()

@@ -8,7 +8,8 @@
 namespace Tavik {
 
 /// Launch at login through a desktop entry in the user's autostart folder. An entry that the user
-/// has switched off in the desktop's own settings awaits approval there.
+/// has switched off in the desktop's own settings awaits approval there; one whose program is gone
+/// starts nothing and is none.
 class AutostartLoginItem final : public LoginItem
 {
 public:
@@ -26,6 +27,7 @@ public:
     [[nodiscard]] Status status() const override;
     bool registerItem() override;
     bool unregisterItem() override;
+    void mend() override;
 
 private:
     Paths m_paths;

@@ -90,13 +90,10 @@ void sendToWindowManager(xcb_connection_t* connection,
     message.window = window;
     message.type = type;
     std::copy(data.begin(), data.end(), message.data.data32);
-    std::array<char, sizeof message> bytes{};
-    std::memcpy(bytes.data(), &message, sizeof message);
-    xcb_send_event(connection,
-                   0,
-                   root,
-                   XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
-                   bytes.data());
+    sendEvent(connection,
+              root,
+              XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+              message);
     xcb_flush(connection);
 }
 

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 #include <string_view>
 
@@ -16,6 +17,17 @@ struct X11Freed
 };
 /// What the server answered; null when it answered with an error.
 template <typename T> using X11Reply = std::unique_ptr<T, X11Freed>;
+
+/// Sends an event of any kind: the library reads as many bytes as the largest has.
+template <typename Event>
+void sendEvent(xcb_connection_t* connection, xcb_window_t to, uint32_t mask, const Event& event)
+{
+    constexpr std::size_t wireSize = 32;
+    static_assert(sizeof(Event) <= wireSize);
+    std::array<char, wireSize> bytes{};
+    std::memcpy(bytes.data(), &event, sizeof event);
+    xcb_send_event(connection, 0, to, mask, bytes.data());
+}
 
 enum class X11Atom : std::size_t {
     wmState,

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/X11/X11Connection.h>
 #include <TavikLauncherPlatform/Linux/X11/X11MoveReports.h>
 #include <TavikLauncherPlatform/Linux/X11/X11WindowTree.h>
 
@@ -109,11 +110,7 @@ void X11MoveReports::report(xcb_window_t window) const
     message.y = place->dst_y;
     message.width = size->width;
     message.height = size->height;
-    xcb_send_event(connection,
-                   0,
-                   window,
-                   XCB_EVENT_MASK_STRUCTURE_NOTIFY,
-                   reinterpret_cast<const char*>(&message));
+    sendEvent(connection, window, XCB_EVENT_MASK_STRUCTURE_NOTIFY, message);
     xcb_flush(connection);
 }
 

@@ -39,11 +39,7 @@ void broadcast(xcb_connection_t* connection, xcb_window_t root, const QByteArray
         const qsizetype length = std::min(partSize, text.size() + 1 - sent);
         std::memset(&message.data, 0, sizeof(message.data));
         std::memcpy(&message.data, text.constData() + sent, static_cast<std::size_t>(length));
-        xcb_send_event(connection,
-                       0,
-                       root,
-                       XCB_EVENT_MASK_PROPERTY_CHANGE,
-                       reinterpret_cast<const char*>(&message));
+        sendEvent(connection, root, XCB_EVENT_MASK_PROPERTY_CHANGE, message);
         message.type = x11Atom(connection, "_NET_STARTUP_INFO");
     }
     xcb_destroy_window(connection, sender);

@@ -98,6 +98,9 @@ public:
     virtual void showInstallingUpdate() = 0;
     /// The package was handed to the desktop's installer, which takes it from here.
     virtual void showUpdateHandedOver(std::function<void()> acknowledged) = 0;
+    /// True while what was found waits behind a quiet reminder: no window shows it. Something newer
+    /// may then be found in its place.
+    [[nodiscard]] virtual bool isReminding() const = 0;
     /// The user asked again while a session is under way: brings up what it shows, or what a
     /// quiet reminder stands for.
     virtual void showUpdateInFocus() = 0;

@@ -106,10 +106,11 @@ def test_the_icon_can_be_seen_on_a_panel_that_tells_no_colour(launcher, desktop,
 
 
 @pytest.mark.desktop(has_compositor=False)
-def test_a_tray_of_the_older_kind_shows_the_icon_and_its_menu(launcher, desktop, display, look):
+@pytest.mark.parametrize("button", [1, 3])
+def test_a_tray_of_the_older_kind_shows_the_icon_and_its_menu(launcher, desktop, display, look, button):
     start_trayer(desktop)
     launcher.start()
-    display.click(*display.geometry(docked(display)).centre, button=3)
+    display.click(*display.geometry(docked(display)).centre, button=button)
     wait_until(
         lambda: [w for w in display.all_windows() if display.is_viewable(w) and display.geometry(w).height > 150],
         "the menu is open")

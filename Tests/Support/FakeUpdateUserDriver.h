@@ -69,11 +69,14 @@ public:
     {
         tell(QStringLiteral("handed over"), {}, acknowledged);
     }
+    [[nodiscard]] bool isReminding() const override { return reminds; }
     void showUpdateInFocus() override { record(QStringLiteral("in focus")); }
     void dismissUpdateInstallation() override { record(QStringLiteral("over")); }
 
     /// To every question, at once; nothing waits for the test.
     std::optional<UpdateChoice> choice;
+
+    bool reminds = false; ///< What was found waits behind a reminder.
 
     /// Runs inside every call, as a driver may end everything there.
     std::function<void(const QString& call)> onCall;

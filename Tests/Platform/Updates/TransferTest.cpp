@@ -167,7 +167,7 @@ private Q_SLOTS:
     {
         Test::UpdaterBench bench;
         bench.offer({});
-        const Test::UpdateServer selfSigned(Test::UpdateServer::Protection::selfSigned);
+        Test::UpdateServer selfSigned(Test::UpdateServer::Protection::selfSigned);
         QUrl unprotected = bench.server.url("/feed");
         unprotected.setScheme(u"https"_s);
         QUrl missing = unprotected;
@@ -182,6 +182,29 @@ private Q_SLOTS:
             QVERIFY2(bench.driver.reason.contains(reason), qPrintable(bench.driver.reason));
         }
         QVERIFY(selfSigned.requests.isEmpty());
+    }
+
+    void aTrustedServerServesAndLeadsNobodyToThisMachine()
+    {
+        Test::UpdateServer::setTrusted(true);
+        const auto untrust = qScopeGuard([] { Test::UpdateServer::setTrusted(false); });
+        Test::UpdaterBench bench;
+        Test::UpdateServer trusted(Test::UpdateServer::Protection::selfSigned);
+        bench.offer({});
+        trusted.answer("/feed", {bench.server.answerTo("/feed")});
+        trusted.answer("/new.AppImage", {bench.server.answerTo("/new.AppImage")});
+        bench.feedUrl = trusted.url("/feed");
+        bench.driver.choice = UpdateChoice::install;
+        bench.start();
+        QVERIFY(bench.checkToTheEnd());
+        QVERIFY(bench.isClean(image));
+
+        const QByteArray local = "Location: " + bench.server.url("/feed").toEncoded();
+        trusted.answer("/feed", {{.status = "302 Found", .headers = {local}}});
+        bench.start();
+        QVERIFY(bench.checkToTheEnd());
+        QVERIFY(bench.driver.reason.contains(u"over an unprotected connection"_s));
+        QVERIFY(bench.server.requests.isEmpty());
     }
 
     void nothingPrivateIsSent()
@@ -318,7 +341,11 @@ private Q_SLOTS:
 private:
     [[nodiscard]] Test::UpdateServer& server() { return m_fixture->server; }
     [[nodiscard]] Answer whole() const { return Test::UpdateServer::file(m_package, "a/b"); }
-    [[nodiscard]] QStringList filesLeft() { return m_fixture->files(m_fixture->tree.path()); }
+    [[nodiscard]] QStringList filesLeft()
+    {
+        m_fixture->workQueue.runAll();
+        return m_fixture->files(m_fixture->tree.path());
+    }
 
     [[nodiscard]] std::unique_ptr<UpdateDownload> begin(const QString& name, qint64 length = 0)
     {
@@ -331,7 +358,7 @@ private:
             UpdateDownload::Hooks{
                 .progress = [this](qint64 received) { m_progress << received; },
                 .finish =
-                    [this](std::unique_ptr<PartFile> file, const QString& reason) {
+                    [this](std::shared_ptr<PartFile> file, const QString& reason) {
                         m_file = std::move(file);
                         m_reason = reason;
                     }});
@@ -345,7 +372,7 @@ private:
 
     const QByteArray m_package = package();
     std::unique_ptr<Test::UpdateFixture> m_fixture;
-    std::unique_ptr<PartFile> m_file;
+    std::shared_ptr<PartFile> m_file;
     std::optional<QString> m_reason;
     QList<qint64> m_progress;
 };

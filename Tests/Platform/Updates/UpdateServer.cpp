@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Trusted by nobody; made for these tests.
+/// Made for these tests.
 constexpr const char* certificate
     = "MIIBmDCCAT+gAwIBAgIUCImfjEm/wFEN51b7N5U6dkBYe6YwCgYIKoZIzj0EAwIwFDESMBAGA1UEAwwJbG9jYWxo"
       "b3N0MB4XDTI2MTEyMTEyMjUyMFoXDTM2MTExODEyMjUyMFowFDESMBAGA1UEAwwJbG9jYWxob3N0MFkwEwYHKoZI"
@@ -27,14 +27,18 @@ constexpr const char* certificateKey
       "v6ShRANCAAQ0NJpSSuYV9kCKkdh12y3/eeI64jdjE2KYVolBjl0E4Iv/AUBaU2hhuWelgG8fM5B12HOo2CVxyGkV"
       "NKltRWF+";
 
+QSslCertificate ownCertificate()
+{
+    return QSslCertificate(QByteArray::fromBase64(certificate), QSsl::Der);
+}
+
 std::unique_ptr<QTcpServer> makeServer(UpdateServer::Protection protection)
 {
     if (protection == UpdateServer::Protection::none) {
         return std::make_unique<QTcpServer>();
     }
     QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
-    configuration.setLocalCertificate(
-        QSslCertificate(QByteArray::fromBase64(certificate), QSsl::Der));
+    configuration.setLocalCertificate(ownCertificate());
     configuration.setPrivateKey(
         QSslKey(QByteArray::fromBase64(certificateKey), QSsl::Ec, QSsl::Der));
     auto server = std::make_unique<QSslServer>();
@@ -69,6 +73,18 @@ UpdateServer::UpdateServer(Protection protection)
     if (!m_server->listen(QHostAddress::LocalHost)) {
         qFatal("No server can be started.");
     }
+}
+
+void UpdateServer::setTrusted(bool isTrusted)
+{
+    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
+    QList<QSslCertificate> trusted = configuration.caCertificates();
+    trusted.removeAll(ownCertificate());
+    if (isTrusted) {
+        trusted << ownCertificate();
+    }
+    configuration.setCaCertificates(trusted);
+    QSslConfiguration::setDefaultConfiguration(configuration);
 }
 
 QUrl UpdateServer::url(const QByteArray& path) const

@@ -35,10 +35,13 @@ public:
     };
     enum class Protection {
         none,
-        selfSigned,
+        selfSigned, ///< By a maker that nobody trusts.
     };
 
     explicit UpdateServer(Protection protection = Protection::none);
+
+    /// Has this process trust the servers that are `selfSigned`, or no longer.
+    static void setTrusted(bool isTrusted);
 
     [[nodiscard]] QUrl url(const QByteArray& path) const;
     /// The answers to requests for a path, in turn; the last one also to all that follow.
@@ -46,6 +49,11 @@ public:
     [[nodiscard]] static Answer file(const QByteArray& body, const QByteArray& mimeType)
     {
         return {.headers = {"Content-Type: " + mimeType, "ETag: \"tag\""}, .body = body};
+    }
+
+    [[nodiscard]] Answer answerTo(const QByteArray& path) const
+    {
+        return m_answers.value(path).value(0);
     }
 
     QList<Request> requests; ///< In order.

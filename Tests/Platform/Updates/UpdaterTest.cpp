@@ -48,6 +48,40 @@ private Q_SLOTS:
         QVERIFY(m_bench->play([this] { return m_bench->feedRequests() == 2; }, 1));
     }
 
+    void whatIsNewerOrCriticalTakesAReminderOver_data()
+    {
+        // What the feed says next day; what is reminded of then; what is logged.
+        const Table<Item, QString, QString> row;
+        row("nothing else", {}, {}, {});
+        row("newer", {.version = "2.2"}, u"found 2.2"_s, {});
+        row("critical now", {.more = "<s:criticalUpdate/>"}, u"found 2.1"_s, {});
+        row("withdrawn", {.version = "2.0"}, {}, u"older than one seen before"_s);
+        row("damaged", {.signature = "x"}, {}, u"signature is damaged"_s);
+    }
+    void whatIsNewerOrCriticalTakesAReminderOver()
+    {
+        const auto [next, reminder, warning] = fetch<Item, QString, QString>();
+        m_bench->driver.reminds = true;
+        startWithSchedule();
+        QVERIFY(m_bench->play([this] { return calls().size() == 1; }, 0.05));
+        m_bench->offer(next);
+        if (!warning.isEmpty()) {
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(warning));
+        }
+        m_bench->mainQueue.advance(day - 60);
+        while (m_bench->mainQueue.pendingTasks() == 1) {
+            m_bench->mainQueue.advance(5);
+        }
+        QVERIFY(m_bench->play([this] { return m_bench->mainQueue.pendingTasks() == 1; }));
+        QCOMPARE(m_bench->feedRequests(), 2);
+        QCOMPARE(calls().mid(1), reminder.isEmpty() ? QStringList() : QStringList{reminder});
+        m_bench->driver.reminds = false; // The user is looking at it.
+        m_bench->mainQueue.advance(10 * day);
+        QCOMPARE(m_bench->feedRequests(), 2);
+        m_bench->driver.choose(UpdateChoice::remindLater);
+        QCOMPARE(calls().last(), u"over"_s);
+    }
+
     void userJoinsACheckThatIsUnderWay()
     {
         m_bench->server.answer("/feed", {{.stalls = true}});
@@ -92,7 +126,7 @@ private Q_SLOTS:
         m_bench->mainQueue.advance(9);
         QCOMPARE(m_bench->workQueue.waiting(), 0U);
         m_bench->mainQueue.advance(2);
-        QCOMPARE(m_bench->workQueue.waiting(), 1U);
+        QCOMPARE(m_bench->workQueue.waiting(), 2U); // And what is left of the last is removed.
     }
 
     void failedScheduledCheckIsOneLineInTheLogAndTriedAgain()

@@ -11,7 +11,8 @@ namespace {
 
 constexpr qsizetype mostContainers = 8;
 constexpr qsizetype mostSpans = 8;
-constexpr qsizetype mostExtent = 200'000; ///< Characters, with the elements.
+/// Characters, with the elements: what a text document lays out before anybody notices.
+constexpr qsizetype mostExtent = 40'000;
 /// A text document looks through the whole list for each of its items.
 constexpr qsizetype charactersPerItem = 200;
 /// One block is one text layout, which takes more than its share of time when it is long.

@@ -60,6 +60,10 @@ public:
     void showReadyToInstallAndRelaunch(std::function<void(UpdateChoice)> reply) override;
     void showInstallingUpdate() override;
     void showUpdateHandedOver(std::function<void()> acknowledged) override;
+    [[nodiscard]] bool isReminding() const override
+    {
+        return m_found && m_found->reply && !m_window;
+    }
     void showUpdateInFocus() override;
     void dismissUpdateInstallation() override;
 

@@ -110,7 +110,8 @@ std::optional<QString> AppcastUpdater::programToRelaunch() const
 void AppcastUpdater::scheduleNext()
 {
     m_wake.cancel();
-    if (!m_driver || !m_automaticallyChecks || m_session || m_programToRelaunch) {
+    const bool isBusy = m_session && !m_session->isReminding();
+    if (!m_driver || !m_automaticallyChecks || isBusy || m_programToRelaunch) {
         return;
     }
     const auto due
@@ -119,10 +120,12 @@ void AppcastUpdater::scheduleNext()
     const double wait = std::max(static_cast<double>(due.count()), quiet);
     if (wait > 0) {
         wakeAfter(wait);
-    } else if (isFeedOnThisMachine() || m_networkState->isOnline()) {
-        beginSession({.userInitiated = false});
-    } else {
+    } else if (!isFeedOnThisMachine() && !m_networkState->isOnline()) {
         wakeAfter(longestDelay); // Or when the network is back.
+    } else if (m_session) {
+        m_session->lookAgain();
+    } else {
+        beginSession({.userInitiated = false});
     }
 }
 
@@ -169,6 +172,9 @@ void AppcastUpdater::checked(const std::optional<QString>& failure)
     history.lastCheck = m_environment.wallClock();
     m_rhythm.jitter = m_random();
     m_record.setHistory(history);
+    if (m_automaticallyChecks) {
+        wakeAfter(0); // What was found may have to wait, and others may follow.
+    }
 }
 
 void AppcastUpdater::sessionEnded(const std::optional<QString>& programToRelaunch)

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Updates/UpdateDownload.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateSignature.h>
+#include <TavikLauncherPlatform/WorkQueue.h>
+
+#include <QPointer>
 
 #include <utility>
 
@@ -14,10 +17,12 @@ constexpr int mostFailures = 5; ///< In a row; they take half a minute.
 constexpr qint64 headway = 64LL * 1024; ///< After so much a failure is not "in a row".
 constexpr double progressSeconds = 0.1;
 constexpr qint64 slowestBytesPerWindow = 16LL * 1024;
+constexpr qint64 mostWaiting = 8'000'000; ///< Bytes in memory, for a disk that is slow.
 
-std::optional<TransferFault> lasting(const std::optional<QString>& reason)
+/// Stands for the connection before the first: the next is made once the file is there.
+TransferFault firstConnection()
 {
-    return reason ? std::optional(TransferFault{.reason = *reason}) : std::nullopt;
+    return {.mayPass = true};
 }
 
 TransferFault wrongLength()
@@ -34,21 +39,53 @@ UpdateDownload::UpdateDownload(const UpdateTransfer::Dependencies& dependencies,
     : m_dependencies(dependencies)
     , m_request(std::move(request))
     , m_hooks(std::move(hooks))
-    , m_file(std::make_unique<PartFile>(m_request.path))
+    , m_file(std::make_shared<PartFile>(m_request.path))
 {
-    if (const std::optional<QString> reason = m_file->create(m_request.length)) {
-        m_retry = m_dependencies.mainQueue.after(0, [this, reason] { finish(*reason); });
-        return;
-    }
     m_progress = m_dependencies.mainQueue.every(progressSeconds, [this] { reportProgress(); });
-    connectAgain();
+    m_connectionEnd = firstConnection();
+    onDisk([length = m_request.length](PartFile& file) { return file.create(length); });
 }
 
-UpdateDownload::~UpdateDownload() = default;
+UpdateDownload::~UpdateDownload()
+{
+    discard(m_dependencies.workQueue, std::move(m_file));
+}
+
+void UpdateDownload::onDisk(std::function<std::optional<QString>(PartFile&)> action, qint64 bytes)
+{
+    m_waiting += bytes;
+    ++m_actions;
+    m_dependencies.workQueue.run(
+        WorkPriority::utility,
+        [file = m_file, action = std::move(action)] { return action(*file); },
+        [this, alive = QPointer<QObject>(&m_alive), bytes](const std::optional<QString>& reason) {
+            if (alive) {
+                done(bytes, reason);
+            }
+        });
+}
+
+void UpdateDownload::done(qint64 bytes, const std::optional<QString>& reason)
+{
+    m_waiting -= bytes;
+    --m_actions;
+    if (!m_file) {
+        return; // It is over already.
+    }
+    if (reason) {
+        m_transfer.reset();
+        finish(*reason);
+    } else if (m_connectionEnd && m_actions == 0) {
+        judgeConnection();
+    } else if (m_transfer && m_waiting <= mostWaiting / 2) {
+        m_transfer->setPaused(false);
+    }
+}
 
 void UpdateDownload::connectAgain()
 {
-    const qint64 startsAt = m_validator.isEmpty() ? 0 : m_file->size();
+    const qint64 startsAt = m_validator.isEmpty() ? 0 : m_size;
+    m_connectionEnd.reset();
     m_transfer = std::make_unique<UpdateTransfer>(
         m_dependencies,
         UpdateTransfer::Request{.url = m_request.url,
@@ -71,7 +108,7 @@ std::optional<TransferFault> UpdateDownload::accept(const TransferHead& head)
         return wrongLength();
     }
     m_validator = head.validator;
-    if (head.startsAt == m_file->size()) {
+    if (head.startsAt == m_size) {
         return std::nullopt;
     }
     if (head.startsAt != 0) {
@@ -79,28 +116,48 @@ std::optional<TransferFault> UpdateDownload::accept(const TransferHead& head)
         return TransferFault{.reason = u"The server did not continue where it was asked to."_s,
                              .mayPass = true};
     }
-    return lasting(m_file->restart());
+    m_size = 0;
+    onDisk([](PartFile& file) { return file.restart(); });
+    return std::nullopt;
 }
 
 std::optional<TransferFault> UpdateDownload::take(const QByteArray& bytes)
 {
-    if (m_file->size() + bytes.size() > m_request.length) {
+    if (m_size + bytes.size() > m_request.length) {
         return wrongLength();
     }
-    return lasting(m_file->append(bytes));
+    m_size += bytes.size();
+    onDisk([bytes](PartFile& file) { return file.append(bytes); }, bytes.size());
+    if (m_transfer) { // Not yet, where the first bytes come at once.
+        m_transfer->setPaused(m_waiting > mostWaiting);
+    }
+    return std::nullopt;
 }
 
 void UpdateDownload::connectionEnded(const std::optional<TransferFault>& fault)
 {
     m_transfer.reset();
+    m_connectionEnd = fault;
+    if (m_actions == 0) {
+        judgeConnection();
+    }
+}
+
+void UpdateDownload::judgeConnection()
+{
+    const std::optional<TransferFault> fault = *std::exchange(m_connectionEnd, std::nullopt);
+    if (fault == firstConnection()) {
+        connectAgain();
+        return;
+    }
     if (!fault) {
-        finish(m_file->size() == m_request.length ? QString() : wrongLength().reason);
+        finish(m_size == m_request.length ? QString() : wrongLength().reason);
         return;
     }
     // What had been here already, before it came from the beginning again, is none.
-    if (m_file->size() - m_farthest >= headway) {
+    if (m_size - m_farthest >= headway) {
         m_failures = 0;
-        m_farthest = m_file->size();
+        m_farthest = m_size;
     }
     if (!fault->mayPass || m_failures == mostFailures) {
         finish(fault->reason);
@@ -113,20 +170,33 @@ void UpdateDownload::connectionEnded(const std::optional<TransferFault>& fault)
 void UpdateDownload::finish(const QString& reason)
 {
     m_progress.cancel();
-    std::unique_ptr<PartFile> file = std::move(m_file);
+    m_retry.cancel();
+    std::shared_ptr<PartFile> file = std::move(m_file);
     if (reason.isEmpty()) {
         file->close();
     } else {
-        file.reset();
+        discard(m_dependencies.workQueue, std::move(file));
     }
-    const auto done = m_hooks.finish;
-    done(std::move(file), reason);
+    const auto finished = m_hooks.finish;
+    finished(std::move(file), reason);
+}
+
+void discard(WorkQueue& workQueue, std::shared_ptr<PartFile> file)
+{
+    if (file) {
+        workQueue.schedule(WorkPriority::utility,
+                           [file = std::move(file)]() mutable -> WorkQueue::Done {
+                               file.reset();
+                               return [] {
+                               };
+                           });
+    }
 }
 
 void UpdateDownload::reportProgress()
 {
-    if (m_reported != m_file->size()) {
-        m_reported = m_file->size();
+    if (m_reported != m_size) {
+        m_reported = m_size;
         const auto progress = m_hooks.progress;
         progress(m_reported);
     }

@@ -21,15 +21,32 @@ UpdateInstallation::UpdateInstallation(const UpdateEnvironment& environment,
     , m_ended(std::move(ended))
 { }
 
+UpdateInstallation::~UpdateInstallation()
+{
+    *m_isWanted = false;
+    discard(m_environment.workQueue, std::move(m_file));
+}
+
 void UpdateInstallation::begin()
 {
-    const std::optional<QString> obstacle = replacesImage()
-        ? AppImage::whyNotReplaceable(m_environment.image)
-        : UpdateFolder::prepare(m_environment.folder);
-    if (obstacle) {
-        end({.failure = *obstacle});
-        return;
-    }
+    const auto obstacle = [image = replacesImage() ? m_environment.image : QString(),
+                           folder = m_environment.folder] {
+        return image.isEmpty() ? UpdateFolder::prepare(folder) : AppImage::whyNotReplaceable(image);
+    };
+    // After what is still being removed.
+    m_environment.workQueue.run(
+        WorkPriority::utility, obstacle, m_stage.news([this](const std::optional<QString>& reason) {
+            if (reason) {
+                end({.failure = *reason});
+            } else {
+                download();
+            }
+        }));
+    m_driver.showDownloadInitiated(m_stage.answer([this] { end({}); }));
+}
+
+void UpdateInstallation::download()
+{
     m_download = std::make_unique<UpdateDownload>(
         m_environment.transfer(),
         UpdateDownload::Request{.url = m_enclosure.url,
@@ -42,13 +59,12 @@ void UpdateInstallation::begin()
                                       m_driver.showDownloadProgress(received, m_enclosure.length);
                                   },
                               .finish =
-                                  [this](std::unique_ptr<PartFile> file, const QString& reason) {
+                                  [this](std::shared_ptr<PartFile> file, const QString& reason) {
                                       downloaded(std::move(file), reason);
                                   }});
-    m_driver.showDownloadInitiated(m_stage.answer([this] { end({}); }));
 }
 
-void UpdateInstallation::downloaded(std::unique_ptr<PartFile> file, const QString& reason)
+void UpdateInstallation::downloaded(std::shared_ptr<PartFile> file, const QString& reason)
 {
     m_stage.next();
     m_download.reset();
@@ -123,11 +139,13 @@ void UpdateInstallation::handOver()
 void UpdateInstallation::putInPlace()
 {
     // The question may have been there for days, and the file with it.
-    const auto replace
-        = [verify = verification(), image = m_environment.image, file = m_file->path()] {
-              std::optional<QString> fault = verify();
-              return fault ? fault : AppImage::replace(image, file);
-          };
+    const auto replace = [verify = verification(),
+                          isWanted = m_isWanted,
+                          image = m_environment.image,
+                          file = m_file->path()] {
+        std::optional<QString> fault = verify();
+        return fault || !*isWanted ? fault : AppImage::replace(image, file);
+    };
     const auto replaced = [this](const std::optional<QString>& fault) {
         if (fault) {
             end({.failure = *fault});
@@ -144,7 +162,7 @@ void UpdateInstallation::end(const Outcome& outcome)
 {
     m_stage.next();
     m_download.reset();
-    m_file.reset();
+    discard(m_environment.workQueue, std::move(m_file));
     const auto ended = m_ended;
     ended(outcome);
 }

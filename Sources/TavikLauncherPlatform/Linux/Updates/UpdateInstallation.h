@@ -7,6 +7,7 @@
 #include <TavikLauncherPlatform/Linux/Updates/UpdateKind.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateStage.h>
 
+#include <atomic>
 #include <memory>
 
 namespace Tavik {
@@ -30,11 +31,16 @@ public:
                        UpdateKind kind,
                        std::function<void(const Outcome&)> ended);
 
+    ~UpdateInstallation();
+    UpdateInstallation(const UpdateInstallation&) = delete;
+    UpdateInstallation& operator=(const UpdateInstallation&) = delete;
+
     /// Once. Destroying the installation cancels it.
     void begin();
 
 private:
-    void downloaded(std::unique_ptr<PartFile> file, const QString& reason);
+    void download();
+    void downloaded(std::shared_ptr<PartFile> file, const QString& reason);
     void verified(const std::optional<QString>& reason);
     void handOver();
     void putInPlace();
@@ -49,7 +55,9 @@ private:
     UpdateKind m_kind;
     std::function<void(const Outcome&)> m_ended;
     std::unique_ptr<UpdateDownload> m_download;
-    std::unique_ptr<PartFile> m_file;
+    std::shared_ptr<PartFile> m_file;
+    /// Read off the main thread, right before the image is replaced.
+    std::shared_ptr<std::atomic_bool> m_isWanted = std::make_shared<std::atomic_bool>(true);
     UpdateStage m_stage;
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Updates/AppImage.h>
 #include <TavikLauncherPlatform/Linux/Updates/AppcastReader.h>
+#include <TavikLauncherPlatform/Linux/Updates/AppcastVersion.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateFolder.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateRecord.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateSession.h>
@@ -20,10 +21,12 @@ constexpr qint64 mostNotesBytes = 1'000'000;
 
 void removeLeftovers(const UpdateEnvironment& environment)
 {
-    UpdateFolder::removeLeftovers(environment.folder, environment.wallClock());
-    if (!environment.image.isEmpty()) {
-        PartFile::removeLeftover(AppImage::partFile(environment.image));
-    }
+    const auto remove
+        = [folder = environment.folder, image = environment.image, now = environment.wallClock()] {
+              UpdateFolder::removeLeftovers(folder, now);
+              return image.isEmpty() || PartFile::removeLeftover(AppImage::partFile(image));
+          };
+    environment.workQueue.run(WorkPriority::utility, remove, [](bool) {});
 }
 
 } // namespace
@@ -43,6 +46,25 @@ void UpdateSession::begin(const UpdateUserState& state)
     m_state = state;
     m_isChecking = true;
     removeLeftovers(m_environment);
+    fetchFeed();
+    if (m_state.userInitiated) {
+        showCheck();
+    }
+}
+
+bool UpdateSession::isReminding() const
+{
+    return m_isFound && !m_state.userInitiated && m_driver.isReminding();
+}
+
+void UpdateSession::lookAgain()
+{
+    m_isLookingAgain = true;
+    fetchFeed();
+}
+
+void UpdateSession::fetchFeed()
+{
     m_fetch = std::make_unique<UpdateDocumentFetch>(
         m_environment.transfer(),
         UpdateDocumentFetch::Request{.url = m_environment.feedUrl,
@@ -51,9 +73,6 @@ void UpdateSession::begin(const UpdateUserState& state)
         [this](const UpdateDocument& document, const std::optional<QString>& failure) {
             feedArrived(document, failure);
         });
-    if (m_state.userInitiated) {
-        showCheck();
-    }
 }
 
 void UpdateSession::userAsked()
@@ -84,6 +103,9 @@ void UpdateSession::feedArrived(const UpdateDocument& document,
         AppcastFeed feed;
         QStringList kinds; ///< That can be installed here.
     };
+    const auto read = [this](const Reading& reading) {
+        feedRead(reading.feed, reading.kinds);
+    };
     m_environment.workQueue.run(
         WorkPriority::userInitiated,
         [document,
@@ -95,7 +117,7 @@ void UpdateSession::feedArrived(const UpdateDocument& document,
                 = AppcastReader::read(document.bytes, {.feedUrl = document.url, .publicKey = key}),
                 .kinds = isImage ? QStringList(u"appimage"_s) : updateKindsFor(hasInstaller)};
         },
-        m_stage.news([this](const Reading& reading) { feedRead(reading.feed, reading.kinds); }));
+        m_stage.news(read));
 }
 
 void UpdateSession::feedRead(const AppcastFeed& feed, const QStringList& kinds)
@@ -122,11 +144,30 @@ void UpdateSession::feedRead(const AppcastFeed& feed, const QStringList& kinds)
         return;
     }
     m_record.setNewestSeenVersion(selection.newestSeenVersion, now);
-    if (!selection.offer) {
-        nothingFound(selection.reason);
+    if (std::exchange(m_isLookingAgain, false)) {
+        m_hooks.checked({});
+        const bool isBetter = selection.offer && isReminding()
+            && (AppcastVersion::compare(m_offer.update.versionString,
+                                        selection.offer->update.versionString)
+                    < 0
+                || (selection.offer->update.isCritical && !m_offer.update.isCritical));
+        if (isBetter) {
+            offer(*selection.offer);
+        }
         return;
     }
-    m_offer = *selection.offer;
+    m_isChecking = false;
+    m_hooks.checked({});
+    if (selection.offer) {
+        offer(*selection.offer);
+    } else {
+        nothingFound(selection.reason);
+    }
+}
+
+void UpdateSession::offer(const AppcastSelection::Offer& offer)
+{
+    m_offer = offer;
     if (m_offer.enclosure) {
         m_kind = updateKind(*m_offer.enclosure, !m_environment.image.isEmpty());
     }
@@ -137,6 +178,9 @@ void UpdateSession::checkFailed(const QString& reason)
 {
     m_isChecking = false;
     m_hooks.checked(reason);
+    if (std::exchange(m_isLookingAgain, false)) {
+        return; // What was found before still is.
+    }
     if (m_state.userInitiated) {
         fail(reason);
     } else {
@@ -146,8 +190,6 @@ void UpdateSession::checkFailed(const QString& reason)
 
 void UpdateSession::nothingFound(const QString& reason)
 {
-    m_isChecking = false;
-    m_hooks.checked({});
     if (!m_state.userInitiated) {
         end();
         return;
@@ -158,8 +200,7 @@ void UpdateSession::nothingFound(const QString& reason)
 
 void UpdateSession::found()
 {
-    m_isChecking = false;
-    m_hooks.checked({});
+    m_isFound = true;
     m_stage.next();
     const UpdateItem update = m_offer.update;
     const UpdateUserState state = m_state;
@@ -192,6 +233,7 @@ void UpdateSession::fetchNotes()
 
 void UpdateSession::decide(UpdateChoice choice)
 {
+    m_isFound = false;
     m_fetch.reset();
     const UpdateItem& update = m_offer.update;
     if (choice == UpdateChoice::install) {

@@ -36,12 +36,19 @@ public:
     void begin(const UpdateUserState& state);
     /// The user asks while the session is under way.
     void userAsked();
+    /// What was found by schedule waits for the user, who has not looked at it.
+    [[nodiscard]] bool isReminding() const;
+    /// While it is reminding: looks at the feed once more, and reminds of something newer, or of
+    /// something that has become critical, instead.
+    void lookAgain();
     [[nodiscard]] bool isUserInitiated() const { return m_state.userInitiated; }
 
 private:
     void showCheck();
+    void fetchFeed();
     void feedArrived(const UpdateDocument& document, const std::optional<QString>& failure);
     void feedRead(const AppcastFeed& feed, const QStringList& kinds);
+    void offer(const AppcastSelection::Offer& offer);
     void checkFailed(const QString& reason);
     void nothingFound(const QString& reason);
     void found();
@@ -58,6 +65,8 @@ private:
     Hooks m_hooks;
     UpdateUserState m_state;
     bool m_isChecking = false;
+    bool m_isLookingAgain = false;
+    bool m_isFound = false; ///< And the user has not decided.
     AppcastSelection::Offer m_offer;
     UpdateKind m_kind;
     std::unique_ptr<UpdateDocumentFetch> m_fetch; ///< Of the feed, later of the notes.

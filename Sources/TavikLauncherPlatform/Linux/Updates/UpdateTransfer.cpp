@@ -69,7 +69,9 @@ UpdateTransfer::UpdateTransfer(const Dependencies& dependencies, Request request
 {
     const Patience& patience = m_request.patience;
     m_window = m_mainQueue.every(patience.windowSeconds, [this] {
-        if (std::exchange(m_receivedInWindow, 0) < m_request.patience.leastBytes) {
+        const bool isSlow = m_receivedInWindow < m_request.patience.leastBytes;
+        m_receivedInWindow = 0;
+        if (isSlow && !m_isPaused) {
             end(TransferFault{.reason = u"The server stopped answering."_s, .mayPass = true});
         }
     });
@@ -185,9 +187,21 @@ void UpdateTransfer::redirect()
     });
 }
 
+void UpdateTransfer::setPaused(bool isPaused)
+{
+    if (std::exchange(m_isPaused, isPaused) == isPaused || isPaused || m_isEnding || !m_reply) {
+        return;
+    }
+    if (m_isComplete) {
+        readEnd();
+    } else {
+        readBody();
+    }
+}
+
 void UpdateTransfer::readBody()
 {
-    while (!m_isDeaf && m_reply->bytesAvailable() > 0) {
+    while (!m_isDeaf && !m_isPaused && m_reply->bytesAvailable() > 0) {
         const QByteArray bytes = m_reply->read(readBufferBytes);
         m_received += bytes.size();
         m_receivedInWindow += bytes.size();
@@ -207,6 +221,10 @@ void UpdateTransfer::readEnd()
     }
     if (m_hasHead) {
         readBody();
+    }
+    m_isComplete = m_isPaused;
+    if (m_isPaused || m_isDeaf) {
+        return;
     }
     const QVariant announced = m_reply->header(QNetworkRequest::ContentLengthHeader);
     if (!m_hasHead || m_reply->error() != QNetworkReply::NoError) {

@@ -62,6 +62,8 @@ public:
     UpdateTransfer(const UpdateTransfer&) = delete;
     UpdateTransfer& operator=(const UpdateTransfer&) = delete;
 
+    /// Takes nothing for a while: the server has to wait.
+    void setPaused(bool isPaused);
     /// Where the file comes from once every redirect has been followed.
     [[nodiscard]] const QUrl& url() const { return m_url; }
 
@@ -88,6 +90,8 @@ private:
     bool m_hasHead = false;
     bool m_isDeaf = false; ///< To the reply that is there.
     bool m_isEnding = false;
+    bool m_isPaused = false;
+    bool m_isComplete = false; ///< The reply ended while we were paused.
     bool m_hasBadCertificate = false;
     std::unique_ptr<QNetworkAccessManager> m_manager;
     QNetworkReply* m_reply = nullptr; ///< The manager's.

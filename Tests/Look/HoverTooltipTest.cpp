@@ -64,32 +64,45 @@ private Q_SLOTS:
         QCOMPARE(hovered.button.accessibleDescription(), u"Explains more"_s);
     }
 
-    void tooltipGoesWhenItsControlIsUsedOrGoes()
+    void tooltipGoesWhenSomethingIsDone()
     {
-        for (const QEvent::Type use :
-             {QEvent::KeyPress, QEvent::MouseButtonPress, QEvent::Hide, QEvent::WindowDeactivate}) {
+        for (const QEvent::Type use : {QEvent::KeyPress,
+                                       QEvent::MouseButtonPress,
+                                       QEvent::Wheel,
+                                       QEvent::WindowActivate,
+                                       QEvent::WindowDeactivate}) {
             for (const double hovering : {0.2, 1.0}) {
                 HoveredButton hovered;
                 hovered.send(QEvent::Enter);
                 hovered.mainQueue.advance(hovering);
                 QCOMPARE(hovered.tooltip.isShowing(), hovering > 0.5);
+                // Anywhere in the program.
                 QEvent event(use);
-                hovered.tooltip.eventFilter(&hovered.button, &event);
+                hovered.tooltip.eventFilter(&hovered.window, &event);
                 hovered.mainQueue.advance(1);
                 QVERIFY(!hovered.tooltip.isShowing());
                 QCOMPARE(hovered.mainQueue.pendingTasks(), 0);
             }
         }
+        HoveredButton hovered;
+        hovered.send(QEvent::Enter);
+        hovered.mainQueue.advance(1);
+        // As large as its text, which is larger than nothing and no wider than the window.
+        QVERIFY(hovered.tooltip.label()->width() > 40 && hovered.tooltip.label()->width() < 200);
+        hovered.button.hide();
+        QVERIFY(!hovered.tooltip.isShowing());
     }
 
     void tooltipStaysInTheWindow_data()
     {
         const Table<QRect, QRect> row;
-        row("below", {100, 100, 80, 20}, {90, 126, 100, 24});
-        row("above at the bottom", {100, 275, 80, 20}, {90, 245, 100, 24});
-        row("left edge", {0, 100, 20, 20}, {4, 126, 100, 24});
-        row("right edge", {380, 100, 20, 20}, {296, 126, 100, 24});
-        row("as high as the window", {100, 0, 80, 300}, {90, 272, 100, 24});
+        // On the control's own line, while there is room beside it.
+        row("left of it", {200, 100, 80, 20}, {94, 98, 100, 24});
+        row("right of it", {20, 100, 80, 20}, {106, 98, 100, 24});
+        row("at the bottom", {200, 288, 80, 12}, {94, 272, 100, 24});
+        row("a wide one: below", {40, 100, 320, 20}, {150, 126, 100, 24});
+        row("a wide one at the bottom: above", {40, 275, 320, 20}, {150, 245, 100, 24});
+        row("as large as the window", {0, 0, 400, 300}, {150, 272, 100, 24});
     }
     void tooltipStaysInTheWindow()
     {

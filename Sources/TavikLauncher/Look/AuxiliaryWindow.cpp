@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Look/AuxiliaryWindow.h>
+#include <TavikLauncher/Look/Look.h>
 #include <TavikLauncher/Look/TavikIconFactory.h>
 #include <TavikLauncherPlatform/WindowServer.h>
 
 #include <QApplication>
 #include <QBackingStore>
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QVBoxLayout>
+#include <QWindow>
+
+#include <utility>
 
 namespace Tavik {
 
@@ -31,6 +36,7 @@ AuxiliaryWindow::AuxiliaryWindow(WindowServer& windowServer,
     setWindowTitle(options.title);
     setWindowIcon(TavikIconFactory::appIcon(iconSide));
     setAttribute(Qt::WA_QuitOnClose, false);
+    applyLook();
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(content);
@@ -52,11 +58,41 @@ void AuxiliaryWindow::fitContent()
     }
 }
 
+/// The same colours as the settings have, also where the toolkit's palette has others.
+void AuxiliaryWindow::applyLook()
+{
+    const QPalette look = Look::of(QGuiApplication::palette()).palette();
+    if (look != m_look) {
+        m_look = look;
+        setPalette(look);
+    }
+}
+
 void AuxiliaryWindow::centerIn(const QRect& area)
 {
     QRect frame = frameGeometry();
     frame.moveCenter(area.center());
     move(frame.topLeft());
+    m_centeredIn = area;
+    m_sinceCentered.start();
+}
+
+void AuxiliaryWindow::centerWithFrame()
+{
+    // The window manager takes its time to put its frame around a window, and moves the window by
+    // it. Later it is the user who moves it.
+    constexpr int settlingMilliseconds = 700;
+    const bool hasFrame = windowHandle() && !windowHandle()->frameMargins().isNull();
+    if (m_centeredIn.isEmpty() || !isVisible() || !hasFrame) {
+        return;
+    }
+    const QRect area = std::exchange(m_centeredIn, QRect());
+    if (m_sinceCentered.elapsed() < settlingMilliseconds) {
+        QRect frame = windowHandle()->frameGeometry();
+        frame.moveCenter(area.center());
+        const QMargins margins = windowHandle()->frameMargins();
+        setGeometry(QRect(frame.topLeft(), frame.size()).marginsRemoved(margins));
+    }
 }
 
 void AuxiliaryWindow::activate()
@@ -97,6 +133,8 @@ bool AuxiliaryWindow::event(QEvent* event)
 {
     if (event->type() == QEvent::LayoutRequest) {
         fitContent();
+    } else if (event->type() == QEvent::ApplicationPaletteChange) {
+        applyLook();
     }
     return QWidget::event(event);
 }
@@ -138,6 +176,7 @@ void AuxiliaryWindow::hideEvent(QHideEvent* event)
 void AuxiliaryWindow::moveEvent(QMoveEvent* event)
 {
     QWidget::moveEvent(event);
+    centerWithFrame();
     placeChanged();
 }
 

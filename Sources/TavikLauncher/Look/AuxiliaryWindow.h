@@ -3,7 +3,10 @@
 
 #include <TavikLauncher/Look/HeldKeyGuard.h>
 
+#include <QElapsedTimer>
+#include <QPalette>
 #include <QPointer>
+#include <QRect>
 #include <QSize>
 #include <QWidget>
 
@@ -56,11 +59,16 @@ protected:
 
 private:
     void fitContent();
+    void applyLook();
+    void centerWithFrame();
     void placeChanged();
 
     WindowServer& m_windowServer;
     bool m_skipsTaskbar;
     QPointer<AuxiliaryWindow> m_openedFrom; ///< Where the user was when this came to the front.
+    QPalette m_look; ///< What is shown now.
+    QRect m_centeredIn; ///< Until the frame is known; empty otherwise.
+    QElapsedTimer m_sinceCentered;
     QSize m_fixedSize; ///< Empty when the size is not fixed.
     HeldKeyGuard m_heldKeys;
 };

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Look/HoverTooltip.h>
+#include <TavikLauncher/Look/Look.h>
 #include <TavikLauncher/Look/WindowStyle.h>
 
+#include <QApplication>
 #include <QEvent>
 #include <QFontMetrics>
 #include <QLabel>
@@ -52,13 +54,12 @@ protected:
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         // Lifted off the window: lighter than it in the dark, white in the light.
-        const bool isDark = WindowStyle::isDark(palette());
-        const QColor window = palette().color(QPalette::Window);
-        painter.setPen(QPen(WindowStyle::hairline(palette()), 1));
-        painter.setBrush(isDark ? window.lighter(160) : QColor(Qt::white));
+        const Look look = Look::of(*this);
+        painter.setPen(QPen(look.outline, 1));
+        painter.setBrush(look.isDark ? look.buttonHovered : look.card);
         painter.drawRoundedRect(
             QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius, cornerRadius);
-        painter.setPen(palette().color(QPalette::WindowText));
+        painter.setPen(look.text);
         painter.drawText(
             contentsRect(), Qt::AlignVCenter | Qt::AlignLeading | Qt::TextWordWrap, text());
     }
@@ -100,6 +101,15 @@ QRect HoverTooltip::placement(const QRect& control, QSize label, const QRect& wi
     const QRect room = window.adjusted(edge, edge, -edge, -edge);
     QRect frame(QPoint(), label);
     frame.moveCenter(control.center());
+    // On the control's own line, where no neighbour has a text.
+    const int left = control.left() - gap - label.width();
+    const int right = control.right() + 1 + gap;
+    if (left >= room.left() || right + label.width() <= room.right() + 1) {
+        frame.moveLeft(left >= room.left() ? left : right);
+        frame.moveTop(std::clamp(
+            frame.top(), room.top(), std::max(room.top(), room.bottom() + 1 - label.height())));
+        return frame;
+    }
     frame.moveTop(control.bottom() + 1 + gap);
     if (frame.bottom() > room.bottom()) {
         const int above = control.top() - gap - label.height();
@@ -111,22 +121,31 @@ QRect HoverTooltip::placement(const QRect& control, QSize label, const QRect& wi
     return frame;
 }
 
-bool HoverTooltip::eventFilter(QObject*, QEvent* event)
+bool HoverTooltip::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::Enter:
-        hoverChanged(true);
+        if (watched == &m_control) {
+            hoverChanged(true);
+        }
         break;
     case QEvent::Leave:
     case QEvent::Hide:
-    case QEvent::WindowDeactivate:
-        hoverChanged(false);
+        if (watched == &m_control) {
+            hoverChanged(false);
+        }
         break;
     case QEvent::MouseButtonPress:
     case QEvent::KeyPress:
-        // Who uses the control has read enough, and wants to see what it does.
-        m_showTask.cancel();
-        hide();
+    case QEvent::Wheel:
+    case QEvent::WindowActivate:
+    case QEvent::WindowDeactivate:
+    case QEvent::WindowBlocked:
+        // Who does something, wherever, has read enough; what a wheel has moved away is no longer
+        // meant, and a dialog that closes brings no pointer back.
+        if (watched->isWidgetType()) {
+            hoverChanged(false);
+        }
         break;
     default:
         break;
@@ -138,7 +157,10 @@ void HoverTooltip::hoverChanged(bool isHovering)
 {
     m_isHovering = isHovering;
     m_showTask.cancel();
+    // Only while there is something to take back.
+    qApp->removeEventFilter(this);
     if (isHovering) {
+        qApp->installEventFilter(this);
         m_showTask = m_mainQueue.after(m_options.delay, [this] {
             if (m_isHovering) {
                 show();

@@ -33,12 +33,14 @@ public:
     /// Changes what is said, also while it is shown. Nothing is shown for an empty text.
     void setText(const QString& text);
 
+    [[nodiscard]] const QString& text() const { return m_options.text; }
     [[nodiscard]] bool isHovering() const { return m_isHovering; }
     [[nodiscard]] bool isShowing() const { return m_isShowing; }
     /// The label while it is shown, else null.
     [[nodiscard]] QWidget* label() const;
 
-    /// Where a label of this size goes for a control: below it, else above it, inside the window.
+    /// Where a label of this size goes for a control: left of it, else right of it, else below or
+    /// above it; inside the window.
     [[nodiscard]] static QRect placement(const QRect& control, QSize label, const QRect& window);
 
     bool eventFilter(QObject* watched, QEvent* event) override;

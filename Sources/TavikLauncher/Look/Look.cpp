@@ -2,6 +2,8 @@
 #include <TavikLauncher/Look/Look.h>
 
 #include <QAbstractButton>
+#include <QFontInfo>
+#include <QGuiApplication>
 #include <QPainter>
 #include <QWidget>
 
@@ -10,6 +12,13 @@
 namespace Tavik {
 
 namespace {
+
+QColor mixed(const QColor& from, const QColor& to, float part)
+{
+    return QColor::fromRgbF(from.redF() + (to.redF() - from.redF()) * part,
+                            from.greenF() + (to.greenF() - from.greenF()) * part,
+                            from.blueF() + (to.blueF() - from.blueF()) * part);
+}
 
 constexpr int darkest = 128; ///< Of 255: below it a window is a dark one.
 
@@ -22,13 +31,15 @@ Look lightLook()
     look.card = Qt::white;
     look.rowLine = QColor(0xEC, 0xED, 0xF0);
     look.text = QColor(0x1C, 0x1C, 0x1F);
-    look.secondaryText = QColor(0x6B, 0x6C, 0x73);
+    look.secondaryText = QColor(0x62, 0x63, 0x6A);
     look.track = QColor(0xDF, 0xDF, 0xE6);
     look.button = QColor(0xE5, 0xE5, 0xEA);
     look.buttonHovered = QColor(0xDC, 0xDC, 0xE2);
     look.buttonPressed = QColor(0xCF, 0xCF, 0xD6);
     look.knob = Qt::white;
     look.warning = QColor(0xB3, 0x5C, 0x00);
+    look.outline = QColor(0x86, 0x87, 0x90);
+    look.success = QColor(0x1B, 0x87, 0x3A);
     return look;
 }
 
@@ -49,7 +60,34 @@ Look darkLook()
     look.buttonPressed = QColor(0x54, 0x55, 0x5C);
     look.knob = Qt::white;
     look.warning = QColor(0xFF, 0xB3, 0x40);
+    look.outline = QColor(0x83, 0x84, 0x8C);
+    look.success = QColor(0x30, 0xD1, 0x58);
     return look;
+}
+
+/// A desktop for poor eyesight has nothing between its two colours, and neither have we.
+Look contrastLook(const QPalette& palette)
+{
+    const QColor paper = palette.color(QPalette::Window);
+    const QColor ink = palette.color(QPalette::WindowText);
+    Look look;
+    look.isContrast = true;
+    look.isDark = paper.lightness() < ink.lightness();
+    look.window = look.sidebar = look.card = look.button = look.track = look.knob = paper;
+    look.text = look.secondaryText = look.edge = look.rowLine = look.outline = ink;
+    look.warning = look.success = ink;
+    look.buttonHovered = mixed(paper, ink, 0.2F);
+    look.buttonPressed = mixed(paper, ink, 0.35F);
+    look.disabledOpacity = 0.6;
+    return look;
+}
+
+bool asksForContrast(const QPalette& palette)
+{
+    const auto isPure = [](const QColor& color) {
+        return color.lightness() == 0 || color.lightness() == 255;
+    };
+    return isPure(palette.color(QPalette::Window)) && isPure(palette.color(QPalette::WindowText));
 }
 
 } // namespace
@@ -57,7 +95,9 @@ Look darkLook()
 Look Look::of(const QPalette& palette)
 {
     const bool isDark = palette.color(QPalette::Window).lightness() < darkest;
-    Look look = isDark ? darkLook() : lightLook();
+    Look look = asksForContrast(palette) ? contrastLook(palette)
+        : isDark                         ? darkLook()
+                                         : lightLook();
     look.accent = accentColor(palette);
     constexpr int brightest = 170;
     look.onAccent = qGray(look.accent.rgb()) < brightest ? Qt::white : QColor(0x1C, 0x1C, 0x1F);
@@ -74,7 +114,7 @@ QPalette Look::palette() const
     QPalette palette(button, window);
     for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
         const bool isOff = group == QPalette::Disabled;
-        const QColor ink = isOff ? withOpacity(text, 0.4) : text;
+        const QColor ink = isOff ? withOpacity(text, disabledOpacity) : text;
         palette.setColor(group, QPalette::Window, window);
         palette.setColor(group, QPalette::Base, card);
         palette.setColor(group, QPalette::Button, button);
@@ -103,6 +143,15 @@ QColor withOpacity(QColor color, double opacity)
 {
     color.setAlphaF(static_cast<float>(std::clamp(opacity, 0.0, 1.0)));
     return color;
+}
+
+double textScale()
+{
+    constexpr double usualSize = 12; // Of a desktop that nobody has set up, in pixels.
+    constexpr double smallest = 0.9;
+    constexpr double largest = 3;
+    const double size = QFontInfo(QGuiApplication::font()).pixelSize();
+    return std::clamp(size / usualSize, smallest, largest);
 }
 
 QFont scaledFont(QFont font, double factor, QFont::Weight weight)

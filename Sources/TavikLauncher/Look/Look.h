@@ -27,11 +27,15 @@ struct Look
     QColor accent;
     QColor onAccent;
     QColor track; ///< Of sliders, switches and choices.
+    QColor outline; ///< Around what can be used: three times as light or dark as what it lies on.
     QColor button;
     QColor buttonHovered;
     QColor buttonPressed;
     QColor knob;
     QColor warning;
+    QColor success;
+    bool isContrast = false; ///< The desktop asks for pure colours and hard edges.
+    double disabledOpacity = 0.4; ///< Of texts and symbols that cannot be used now.
 
     [[nodiscard]] static Look of(const QPalette& palette);
     [[nodiscard]] static Look of(const QWidget& widget);
@@ -46,6 +50,8 @@ inline constexpr QColor systemBlue(0x0A, 0x84, 0xFF);
 /// `color` with its alpha replaced by `opacity`, 0 to 1.
 [[nodiscard]] QColor withOpacity(QColor color, double opacity);
 
+/// How much larger than usual the desktop's texts are; sizes in points are multiplied by it.
+[[nodiscard]] double textScale();
 /// `font` scaled by `factor`, at `weight`.
 [[nodiscard]] QFont scaledFont(QFont font, double factor, QFont::Weight weight = QFont::Normal);
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Look/Look.h>
+#include <TavikLauncher/Look/Pressable.h>
 #include <TavikLauncher/Look/SegmentedChoice.h>
 
-#include <QAbstractButton>
 #include <QHBoxLayout>
 #include <QPainter>
 
@@ -14,16 +14,15 @@ namespace {
 
 constexpr double cornerRadius = 6;
 
-class Segment final : public QAbstractButton
+class Segment final : public Pressable
 {
 public:
     explicit Segment(const QString& title, QWidget* parent)
-        : QAbstractButton(parent)
+        : Pressable(parent)
     {
         setText(title);
         setCheckable(true);
         setAutoExclusive(true);
-        setFocusPolicy(Qt::StrongFocus);
     }
 
     [[nodiscard]] QSize sizeHint() const override
@@ -42,11 +41,13 @@ protected:
             painter.setPen(Qt::NoPen);
             painter.setBrush(withOpacity(Qt::black, 0.1));
             painter.drawRoundedRect(body.translated(0, 0.8), cornerRadius - 1, cornerRadius - 1);
-            painter.setBrush(look.isDark ? look.buttonPressed.lighter(115) : look.knob);
+            painter.setBrush(look.isContrast   ? look.accent
+                                 : look.isDark ? look.buttonPressed.lighter(115)
+                                               : look.knob);
             painter.drawRoundedRect(body, cornerRadius - 1, cornerRadius - 1);
         }
         painter.setOpacity(isEnabled() ? 1 : 0.5);
-        painter.setPen(look.text);
+        painter.setPen(look.isContrast && isChecked() ? look.onAccent : look.text);
         painter.drawText(body, Qt::AlignCenter, text());
         painter.setOpacity(1);
         // The ring stays inside, as the segments touch each other.
@@ -108,10 +109,11 @@ void SegmentedChoice::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setOpacity(isEnabled() ? 1 : 0.6);
-    painter.setPen(Qt::NoPen);
+    painter.setPen(QPen(look.outline, 1));
     painter.setBrush(look.track);
-    painter.drawRoundedRect(
-        rect().adjusted(0, 0, -focusMargin, 0), cornerRadius + 1, cornerRadius + 1);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -focusMargin - 0.5, -0.5),
+                            cornerRadius + 1,
+                            cornerRadius + 1);
 }
 
 } // namespace Tavik

@@ -7,6 +7,7 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <cmath>
 
 namespace Tavik {
 
@@ -62,7 +63,7 @@ void Slider::paintEvent(QPaintEvent*)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setOpacity(isEnabled() ? 1 : 0.45);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(look.track);
+    painter.setBrush(look.outline);
     painter.drawRoundedRect(line(focusMargin, width() - focusMargin), lineWidth / 2, lineWidth / 2);
     painter.setBrush(look.accent);
     painter.drawRoundedRect(line(focusMargin, x), lineWidth / 2, lineWidth / 2);
@@ -72,6 +73,7 @@ void Slider::paintEvent(QPaintEvent*)
     painter.drawEllipse(knob.adjusted(-1.5, -0.5, 1.5, 2.5));
     painter.setBrush(withOpacity(Qt::black, look.isDark ? 0.3 : 0.17));
     painter.drawEllipse(knob.adjusted(-0.7, -0.4, 0.7, 1.1));
+    painter.setPen(look.isContrast ? QPen(look.outline, 1.5) : QPen(Qt::NoPen));
     painter.setBrush(look.knob);
     painter.drawEllipse(knob);
     painter.setOpacity(1);
@@ -85,7 +87,10 @@ void Slider::mousePressEvent(QMouseEvent* event)
         return;
     }
     setSliderDown(true);
-    moveKnob(event->position().x());
+    const double x = event->position().x();
+    const double aside = x - knobCenter(sliderPosition()).x();
+    m_grip = std::abs(aside) <= knobRadius ? aside : 0;
+    moveKnob(x);
 }
 
 void Slider::mouseMoveEvent(QMouseEvent* event)
@@ -115,7 +120,7 @@ void Slider::wheelEvent(QWheelEvent* event)
 
 void Slider::moveKnob(double x)
 {
-    const double share = std::clamp((x - endMargin) / (width() - 2 * endMargin), 0.0, 1.0);
+    const double share = std::clamp((x - m_grip - endMargin) / (width() - 2 * endMargin), 0.0, 1.0);
     setSliderPosition(minimum() + qRound(share * (maximum() - minimum())));
 }
 

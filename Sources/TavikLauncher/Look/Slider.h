@@ -5,7 +5,8 @@
 
 namespace Tavik {
 
-/// A horizontal slider over whole steps. A click on the line takes the knob there; arrow keys step,
+/// A horizontal slider over whole steps. A click on the line takes the knob there, and a knob
+/// that is taken keeps to the pointer where it was gripped; arrow keys step,
 /// Page Up and Page Down leap, Home and End go to the ends. The wheel moves it only while it has
 /// the focus, so that a page can be scrolled over it.
 class Slider final : public QAbstractSlider
@@ -29,6 +30,8 @@ protected:
 
 private:
     void moveKnob(double x);
+
+    double m_grip = 0; ///< Where the knob was taken, from its middle.
 };
 
 } // namespace Tavik

@@ -2,7 +2,6 @@
 #include <TavikLauncher/Look/Look.h>
 #include <TavikLauncher/Look/Switch.h>
 
-#include <QKeyEvent>
 #include <QPainter>
 
 namespace Tavik {
@@ -14,25 +13,15 @@ constexpr QSize bodySize(42, 24);
 } // namespace
 
 Switch::Switch(QWidget* parent)
-    : QAbstractButton(parent)
+    : Pressable(parent)
 {
     setCheckable(true);
-    setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
 QSize Switch::sizeHint() const
 {
     return bodySize.grownBy({focusMargin, focusMargin, focusMargin, focusMargin});
-}
-
-void Switch::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        click();
-        return;
-    }
-    QAbstractButton::keyPressEvent(event);
 }
 
 void Switch::paintEvent(QPaintEvent*)
@@ -45,9 +34,10 @@ void Switch::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setOpacity(isEnabled() ? 1 : 0.45);
-    painter.setPen(Qt::NoPen);
+    painter.setPen(isChecked() ? QPen(look.accent, 1) : QPen(look.outline, 1.2));
     painter.setBrush(isChecked() ? look.accent : look.track);
-    painter.drawRoundedRect(body, radius, radius);
+    painter.drawRoundedRect(body.adjusted(0.6, 0.6, -0.6, -0.6), radius, radius);
+    painter.setPen(Qt::NoPen);
 
     constexpr double inset = 2;
     const double side = body.height() - 2 * inset;
@@ -55,7 +45,7 @@ void Switch::paintEvent(QPaintEvent*)
     const QRectF knob(left, body.top() + inset, side, side);
     painter.setBrush(withOpacity(Qt::black, 0.14));
     painter.drawEllipse(knob.translated(0, 0.8));
-    painter.setBrush(look.knob);
+    painter.setBrush(look.isContrast ? (isChecked() ? look.onAccent : look.text) : look.knob);
     painter.drawEllipse(knob);
     painter.setOpacity(1);
     paintFocusRing(painter, *this, body, radius);

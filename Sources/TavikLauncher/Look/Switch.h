@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QAbstractButton>
+#include <TavikLauncher/Look/Pressable.h>
 
 namespace Tavik {
 
 /// A sliding switch for something that is on or off; `clicked` tells what the user did.
-class Switch final : public QAbstractButton
+class Switch final : public Pressable
 {
     Q_OBJECT
 
@@ -17,7 +17,6 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
-    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 };
 

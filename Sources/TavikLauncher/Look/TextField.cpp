@@ -45,7 +45,7 @@ void TextField::paintEvent(QPaintEvent* event)
     {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(look.edge, 1));
+        painter.setPen(QPen(look.outline, 1));
         painter.setBrush(look.isDark ? look.window : look.card);
         painter.drawRoundedRect(body.adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius, cornerRadius);
         if (m_symbol) {

@@ -8,22 +8,12 @@
 #include <QLabel>
 #include <QLayout>
 #include <QPalette>
-#include <QPushButton>
-#include <QStyleOptionButton>
-#include <QStylePainter>
 
 #include <cmath>
 
 namespace Tavik::WindowStyle {
 
 namespace {
-
-QColor mixed(const QColor& from, const QColor& to, float part)
-{
-    return QColor::fromRgbF(from.redF() + (to.redF() - from.redF()) * part,
-                            from.greenF() + (to.greenF() - from.greenF()) * part,
-                            from.blueF() + (to.blueF() - from.blueF()) * part);
-}
 
 class TextLabel final : public QLabel
 {
@@ -39,6 +29,13 @@ public:
     }
 
 protected:
+    void resizeEvent(QResizeEvent* event) override
+    {
+        QLabel::resizeEvent(event);
+        if (m_style.isBalanced) {
+            balance();
+        }
+    }
     void changeEvent(QEvent* event) override
     {
         QLabel::changeEvent(event);
@@ -49,6 +46,25 @@ protected:
     }
 
 private:
+    /// Leaves the least room at which the text takes no more lines than it does in all of it.
+    void balance()
+    {
+        const QFontMetrics metrics(font());
+        const auto heightAt = [&](int width) {
+            return metrics
+                .boundingRect(QRect(0, 0, width, QWIDGETSIZE_MAX), Qt::TextWordWrap, text())
+                .height();
+        };
+        const int height = heightAt(width());
+        int low = width() / 2;
+        int high = width();
+        while (heightAt(width()) > metrics.height() * 3 / 2 && high - low > 1) {
+            const int middle = (low + high) / 2;
+            (heightAt(middle) <= height ? high : low) = middle;
+        }
+        setContentsMargins(0, 0, width() - high, 0);
+    }
+
     void applyColor()
     {
         if (m_style.role == TextRole::primary) {
@@ -67,68 +83,6 @@ private:
     TextStyle m_style;
 };
 
-/// Left to itself a button takes Return only while it is a default one, but then also from a key
-/// that is held down.
-class PushButton : public QPushButton
-{
-public:
-    using QPushButton::QPushButton;
-
-protected:
-    void keyPressEvent(QKeyEvent* event) override
-    {
-        if (!isReturn(*event)) {
-            QPushButton::keyPressEvent(event);
-        } else if (!event->isAutoRepeat()) {
-            click();
-        }
-    }
-};
-
-class ProminentButton final : public PushButton
-{
-public:
-    using PushButton::PushButton;
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        constexpr double cornerRadius = 6;
-        constexpr double ringInset = 3.5;
-        const Look look = Look::of(*this);
-        QColor fill = look.accent;
-        if (isDown()) {
-            fill = fill.darker(118);
-        } else if (underMouse()) {
-            fill = fill.lighter(108);
-        }
-        QStylePainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(fill);
-        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), cornerRadius, cornerRadius);
-        QStyleOptionButton option;
-        initStyleOption(&option);
-        option.palette.setColor(QPalette::ButtonText, look.onAccent);
-        painter.drawControl(QStyle::CE_PushButtonLabel, option);
-        if (showsFocus(*this)) {
-            painter.setPen(QPen(look.onAccent, 1));
-            painter.setBrush(Qt::NoBrush);
-            painter.drawRoundedRect(
-                QRectF(rect()).adjusted(ringInset, ringInset, -ringInset, -ringInset),
-                cornerRadius - 2,
-                cornerRadius - 2);
-        }
-    }
-};
-
-QPushButton* withRoom(QPushButton* button)
-{
-    constexpr QSize room(20, 4);
-    button->setMinimumSize(button->sizeHint() + room);
-    return button;
-}
-
 } // namespace
 
 bool isReturn(const QKeyEvent& event)
@@ -138,20 +92,17 @@ bool isReturn(const QKeyEvent& event)
 
 bool isDark(const QPalette& palette)
 {
-    return palette.color(QPalette::Window).lightness()
-        < palette.color(QPalette::WindowText).lightness();
+    return Look::of(palette).isDark;
 }
 
 QColor secondaryText(const QPalette& palette)
 {
-    return mixed(palette.color(QPalette::WindowText),
-                 palette.color(QPalette::Window),
-                 isDark(palette) ? 0.28F : 0.36F);
+    return Look::of(palette).secondaryText;
 }
 
 QColor hairline(const QPalette& palette)
 {
-    return mixed(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.14F);
+    return Look::of(palette).edge;
 }
 
 QColor tint(const QPalette& palette)
@@ -167,13 +118,13 @@ QColor tint(const QPalette& palette)
 
 QColor success(const QPalette& palette)
 {
-    return isDark(palette) ? QColor(0x30, 0xD1, 0x58) : QColor(0x24, 0xA1, 0x48);
+    return Look::of(palette).success;
 }
 
 QFont font(double size, QFont::Weight weight)
 {
     QFont font = QGuiApplication::font();
-    font.setPixelSize(static_cast<int>(std::lround(size)));
+    font.setPixelSize(static_cast<int>(std::lround(size * textScale())));
     font.setWeight(weight);
     return font;
 }
@@ -183,14 +134,18 @@ QLabel* makeLabel(const QString& text, const TextStyle& style, QWidget* parent)
     return new TextLabel(text, style, parent);
 }
 
-QPushButton* makeButton(const QString& text, QWidget* parent)
+Button* makeButton(const QString& text, QWidget* parent)
 {
-    return withRoom(new PushButton(text, parent));
+    auto* button = new Button(text, parent);
+    button->setFont(font(TextStyle().size));
+    return button;
 }
 
-QPushButton* makeProminentButton(const QString& text, QWidget* parent)
+Button* makeProminentButton(const QString& text, QWidget* parent)
 {
-    return withRoom(new ProminentButton(text, parent));
+    Button* button = makeButton(text, parent);
+    button->setDefault(true);
+    return button;
 }
 
 void fitHeight(QWidget& window)

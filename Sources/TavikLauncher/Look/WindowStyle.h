@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncher/Look/Button.h>
+
 #include <QColor>
 #include <QFont>
 
 class QKeyEvent;
 class QLabel;
 class QPalette;
-class QPushButton;
 class QWidget;
 
 namespace Tavik::WindowStyle {
@@ -23,7 +24,7 @@ namespace Tavik::WindowStyle {
 [[nodiscard]] QColor tint(const QPalette& palette);
 [[nodiscard]] QColor success(const QPalette& palette);
 
-/// The desktop's font at `size` points of the screen plane.
+/// The desktop's font at `size` points, larger or smaller as the desktop's own texts are.
 [[nodiscard]] QFont font(double size, QFont::Weight weight = QFont::Normal);
 
 enum class TextRole {
@@ -35,17 +36,17 @@ struct TextStyle
     double size = 13;
     QFont::Weight weight = QFont::Normal;
     TextRole role = TextRole::primary;
+    bool isBalanced = false; ///< Its lines are much of a length: no word stands alone on the last.
 };
 /// A label that wraps, whose text can be read and selected by assistive technology, and whose
 /// colour follows the palette.
 [[nodiscard]] QLabel* makeLabel(const QString& text, const TextStyle& style, QWidget* parent);
 
 [[nodiscard]] bool isReturn(const QKeyEvent& event);
-/// A push button with room around its text. With the focus it takes Return, once for each press.
-[[nodiscard]] QPushButton* makeButton(const QString& text, QWidget* parent);
+[[nodiscard]] Button* makeButton(const QString& text, QWidget* parent);
 
 /// The same for what a window is there for, filled with the desktop's accent.
-[[nodiscard]] QPushButton* makeProminentButton(const QString& text, QWidget* parent);
+[[nodiscard]] Button* makeProminentButton(const QString& text, QWidget* parent);
 
 /// Gives `window` the least height at which its layout cuts nothing off at its present width.
 void fitHeight(QWidget& window);

@@ -3,8 +3,6 @@
 #include <TavikLauncher/Settings/ShortcutWords.h>
 #include <TavikLauncherPlatform/KeyEvents.h>
 
-#include <QStringList>
-
 #include <algorithm>
 #include <array>
 
@@ -100,6 +98,11 @@ QString spoken(const HotKeyConfig& config)
 }
 
 } // namespace
+
+QStringList keycaps(const HotKeyConfig& config)
+{
+    return keyNames(config).replaceInStrings(u"Control"_s, u"Ctrl"_s);
+}
 
 QString description(const HotKeyConfig& config)
 {

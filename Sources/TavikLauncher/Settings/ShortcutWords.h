@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -12,6 +13,9 @@ struct HotKeyConfig;
 /// What there is to tell people about a shortcut, in whole sentences.
 namespace ShortcutWords {
 
+/// The keys as they are printed on a keyboard, one for each: "Ctrl", "Alt". A shortcut that
+/// somebody has named is one key of that name.
+[[nodiscard]] QStringList keycaps(const HotKeyConfig& config);
 /// What it does, in the words of a keyboard, for those to whom its glyphs say nothing.
 [[nodiscard]] QString description(const HotKeyConfig& config);
 /// What the user loses by it, as programs everywhere use it themselves or it types something;

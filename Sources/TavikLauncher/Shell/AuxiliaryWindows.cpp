@@ -25,7 +25,7 @@ namespace {
 
 constexpr QSize permissionSize(440, 520);
 constexpr QSize onboardingSize(560, 420);
-constexpr QSize reindexSize(400, 300);
+constexpr int roomForTitle = 40; // What a window manager puts above a window, at most.
 
 /// What is in a window may ask for its end a second time: a key that was already on its way still
 /// arrives when the window is closed and forgotten.
@@ -146,9 +146,8 @@ void AuxiliaryWindows::showReindex()
         auto* view
             = new ReindexView({m_dependencies.catalog, *platform.mainQueue, *platform.appearance},
                               {.onCelebrate = celebrate, .onClose = closing(m_reindexWindow)});
-        m_reindexWindow = makeWindow({.title = u"Reindex Apps"_s, .size = reindexSize},
-                                     view,
-                                     [this] { m_reindexWindow.reset(); });
+        m_reindexWindow
+            = makeWindow({.title = u"Reindex Apps"_s}, view, [this] { m_reindexWindow.reset(); });
     }
     centerOnActiveScreen(*m_reindexWindow);
     m_reindexWindow->activate();
@@ -179,9 +178,15 @@ AuxiliaryWindowPointer AuxiliaryWindows::makeSettingsWindow()
         .repeatTour = [this] { showOnboarding(true); },
         .openSupportPage = m_actions.openSupportPage,
     });
+    // A screen may be smaller than the window would like to be at its scale.
+    const std::optional<Screen> screen = activeScreen();
+    const QSize smallest = screen ? LauncherSettingsView::smallestSize.boundedTo(
+                               screen->visibleFrame.size().toSize() - QSize(0, roomForTitle))
+                                  : LauncherSettingsView::smallestSize;
+    view->setMinimumSize(smallest);
     AuxiliaryWindowPointer made = makeWindow({.title = u"Tavik Launcher Settings"_s,
                                               .size = LauncherSettingsView::preferredSize,
-                                              .smallestSize = LauncherSettingsView::smallestSize},
+                                              .smallestSize = smallest},
                                              view,
                                              m_actions.hideLauncher);
     made->onPlaceChanged = [this] {

@@ -40,7 +40,7 @@ void SettingsWindowPlace::move()
     m_placedBorder = border().expandedTo({0, 0});
     SettingsPreviewLayout::Request request = layoutOn(m_visibleFrame);
     // On a low screen the window is lower, and its title bar stays within reach of the pointer.
-    const double lowest = LauncherSettingsView::smallestSize.height() + m_placedBorder.height();
+    const double lowest = m_window.minimumHeight() + m_placedBorder.height();
     request.dialogSize.setHeight(
         std::max(lowest, std::min(request.dialogSize.height(), m_visibleFrame.height())));
     QRectF wanted = SettingsPreviewLayout::compute(request).dialogFrame;

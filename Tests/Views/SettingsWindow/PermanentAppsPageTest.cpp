@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "SettingsWindowFixture.h"
+#include <TavikLauncher/Look/Button.h>
 #include <TavikLauncher/Views/SettingsWindow/AppListView.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsSection.h>
 
@@ -66,10 +67,12 @@ private Q_SLOTS:
         QCOMPARE(fixture.order(), u"ABCE"_s);
         QCOMPARE(fixture.shown(), u"ABCE"_s);
         QVERIFY(search.text().isEmpty() && !results.isVisible());
-        // What is permanent already is not offered.
+        // What is permanent already is found, and not added again.
         QTest::keyClicks(&search, u"a"_s);
-        QVERIFY(results.isVisible());
-        QCOMPARE(results.model()->rowCount(), 0);
+        QVERIFY(results.isVisible() && results.isTaken(fixture.path(u"A"_s)));
+        QCOMPARE(results.model()->rowCount(), 1);
+        QTest::keyClick(&search, Qt::Key_Return);
+        QCOMPARE(fixture.order(), u"ABCE"_s);
     }
 
     void applicationsAreAddedFromFilesAndFolders()
@@ -82,10 +85,10 @@ private Q_SLOTS:
         };
         fixture.fileManager.existing.insert(u"/opt/Zoo.app"_s);
         fixture.fileManager.existing.insert(u"/opt/zoo.desktop"_s);
-        QCOMPARE(choose(u"addFromFile"_s, u"/opt/zoo.desktop"_s), u"/opt/zoo.desktop"_s);
-        QCOMPARE(choose(u"addFromFolder"_s, u"/opt/Zoo.app/"_s), u"/opt/Zoo.app"_s);
-        QVERIFY(fixture.requests.constLast().wantsFolder);
-        QCOMPARE(choose(u"addFromFile"_s, u"/etc/passwd"_s), u"/opt/Zoo.app"_s);
+        QCOMPARE(choose(u"addApplication"_s, u"/opt/zoo.desktop"_s), u"/opt/zoo.desktop"_s);
+        QCOMPARE(choose(u"addApplication"_s, u"/opt/Zoo.app/"_s), u"/opt/Zoo.app"_s);
+        QVERIFY(fixture.requests.constLast().alsoTakesFolders);
+        QCOMPARE(choose(u"addApplication"_s, u"/etc/passwd"_s), u"/opt/Zoo.app"_s);
         QCOMPARE(fixture.message(u"permanentAppsMessage"_s), u"passwd is not an application."_s);
     }
 
@@ -144,7 +147,11 @@ private Q_SLOTS:
         QTest::keyClick(&fixture.list(), Qt::Key_Backspace);
         QCOMPARE(fixture.order(), QString());
         QVERIFY(fixture.settings.pinnedPermanentAppPaths().isEmpty());
-        QVERIFY(!fixture.control<QAbstractButton>(u"removeApp"_s).isEnabled());
+        // The button that was pressed last keeps the focus, and does nothing.
+        auto& remove = fixture.control<Button>(u"removeApp"_s);
+        QVERIFY(!remove.isAvailable() && remove.hasFocus());
+        fixture.list().setFocus();
+        QVERIFY(!remove.isEnabled());
     }
 
     void missingApplicationsAreMarkedAndKept()

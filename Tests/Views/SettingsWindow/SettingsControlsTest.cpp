@@ -11,6 +11,7 @@
 #include <TavikLauncher/Views/SettingsWindow/SwatchPopover.h>
 
 #include <QAbstractButton>
+#include <QLabel>
 #include <QLineEdit>
 #include <QScopeGuard>
 #include <QScrollBar>
@@ -106,9 +107,13 @@ void SettingsControlsTest::everyControlIsNamedExplainedAndShowsItsFocus()
             const QString name = control->accessibleName();
             QVERIFY2(!name.isEmpty(), control->metaObject()->className());
             // A part of a control is explained by the whole.
-            const bool isExplained = control->findChild<HoverTooltip*>()
-                || control->parentWidget()->findChild<HoverTooltip*>({},
-                                                                     Qt::FindDirectChildrenOnly);
+            const bool isExplained = !control->accessibleDescription().isEmpty()
+                || !control->parentWidget()->accessibleDescription().isEmpty();
+            const auto* tooltip = control->findChild<HoverTooltip*>();
+            // Nothing is said twice to who sees the row.
+            for (const QLabel* label : page.widget()->findChildren<QLabel*>()) {
+                QVERIFY2(!tooltip || label->text() != tooltip->text(), qPrintable(name));
+            }
             QVERIFY2(isExplained, qPrintable(name));
 
             fixture.view.setFocus();
@@ -168,14 +173,21 @@ void SettingsControlsTest::swatchesArePickedByKeyboard()
     QVERIFY(popover && popover->isVisible());
     QVERIFY(fixture.view.rect().contains(popover->geometry()));
     const auto buttons = popover->findChildren<QAbstractButton*>();
-    QCOMPARE(std::size_t(buttons.size()), darkSwatches().size() + accentSwatches().size());
+    // And the way to all other colours.
+    QCOMPARE(std::size_t(buttons.size()), darkSwatches().size() + accentSwatches().size() + 1);
     // The stored color is one of them, so it has the focus.
     QWidget* focused = QApplication::focusWidget();
     QCOMPARE(focused->accessibleName(), u"Blue"_s);
     QTest::keyClick(focused, Qt::Key_Right);
     QCOMPARE(fixture.settings.highlightColorHex(), accentSwatches()[1].hex);
+    // Tab goes round inside; Escape takes back what was picked.
+    for (qsizetype i = 0; i < buttons.size(); ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QVERIFY(popover->isAncestorOf(QApplication::focusWidget()));
+    }
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     QVERIFY(well.hasFocus());
+    QCOMPARE(fixture.settings.highlightColorHex(), u"#0A84FF"_s);
     fixture.settle();
     QCOMPARE(fixture.view.findChild<SwatchPopover*>(), nullptr);
 }

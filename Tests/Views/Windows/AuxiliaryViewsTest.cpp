@@ -6,6 +6,7 @@
 #include <TavikLauncher/Views/Windows/OnboardingView.h>
 #include <TavikLauncher/Views/Windows/ReindexView.h>
 
+#include <QApplication>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLabel>
@@ -132,6 +133,14 @@ class AuxiliaryViewsTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase()
+    {
+        // The sizes of the windows are those of a desktop that nobody has set up.
+        QFont usual = QGuiApplication::font();
+        usual.setPixelSize(12);
+        QApplication::setFont(usual);
+    }
+
     void permissionLeadsFromThePromptOverTheSettingsToGranted()
     {
         Asked asked;

@@ -26,7 +26,7 @@ constexpr int mostRowsShown = 8;
 
 int rowHeight(const QFontMetrics& metrics)
 {
-    return std::max(metrics.height() * 2 + 8, iconSide + 14);
+    return std::max(metrics.height() * 2 + 4, iconSide + 12);
 }
 
 class AppRowDelegate final : public QStyledItemDelegate
@@ -61,9 +61,11 @@ public:
         constexpr double glyph = 16;
         paintSymbol(
             *painter,
-            isPick ? LineSymbol::plus : LineSymbol::grip,
+            isTaken(index) ? LineSymbol::check
+                : isPick   ? LineSymbol::plus
+                           : LineSymbol::grip,
             QRectF(row.right() - padding - glyph, row.center().y() - glyph / 2, glyph, glyph),
-            isPick ? look.accent : withOpacity(look.secondaryText, 0.7));
+            isPick && !isTaken(index) ? look.accent : withOpacity(look.secondaryText, 0.7));
         painter->restore();
     }
 
@@ -117,8 +119,9 @@ private:
         const double left = row.left() + padding + iconSide + 12;
         const double width = row.right() - padding - 16 - 12 - left;
         const double lineHeight = QFontMetricsF(nameFont).height();
-        const double pathHeight = QFontMetricsF(pathFont).height();
-        const double top = row.center().y() - (lineHeight + pathHeight) / 2;
+        const QString note = this->note(index);
+        const double height = lineHeight + (note.isEmpty() ? 0 : QFontMetricsF(pathFont).height());
+        const double top = row.center().y() - height / 2;
         const auto line
             = [&](const QFont& font, const QString& text, double y, Qt::TextElideMode mode) {
                   const QFontMetricsF metrics(font);
@@ -129,12 +132,25 @@ private:
               };
         painter.setPen(isMissing ? look.secondaryText : look.text);
         line(nameFont, index.data(Qt::DisplayRole).toString(), top, Qt::ElideRight);
-        const QString path = index.data(AppListModel::pathRole).toString();
-        painter.setPen(isMissing ? look.warning : look.secondaryText);
-        line(pathFont,
-             isMissing ? u"Not installed — "_s + path : path,
-             top + lineHeight,
-             Qt::ElideMiddle);
+        if (!note.isEmpty()) {
+            painter.setPen(isMissing ? look.warning : look.secondaryText);
+            line(pathFont, note, top + lineHeight, Qt::ElideMiddle);
+        }
+    }
+
+    /// What there is to say beside the name; mostly nothing.
+    [[nodiscard]] QString note(const QModelIndex& index) const
+    {
+        if (index.data(AppListModel::isMissingRole).toBool()) {
+            return u"Not installed — "_s + index.data(AppListModel::pathRole).toString();
+        }
+        return isTaken(index) ? u"Already on the ring"_s : QString();
+    }
+
+    [[nodiscard]] bool isTaken(const QModelIndex& index) const
+    {
+        return m_view.form() == AppListView::Form::pick
+            && m_view.isTaken(index.data(AppListModel::pathRole).toString());
     }
 
     AppListView& m_view;

@@ -53,7 +53,7 @@ SettingsPages::makeAppearance(const SettingsDependencies& dependencies)
     page->addWidget(reset, Qt::AlignRight);
     page->describe(*reset,
                    {.title = reset->text(),
-                    .help = u"Restore size, thickness, icon size and number of slots."_s});
+                    .tooltip = u"Restore size, thickness, icon size and number of slots."_s});
     QObject::connect(
         reset, &QAbstractButton::clicked, page.get(), [&settings] { settings.resetRingLayout(); });
     return page;

@@ -49,8 +49,9 @@ public:
         addWidget(m_undo, Qt::AlignRight);
         describe(*m_undo,
                  {.title = m_undo->text(),
-                  .help = u"Go back to the settings before the import; possible until this window "
-                          "closes."_s});
+                  .tooltip
+                  = u"Go back to the settings before the import; possible until this window "
+                    "closes."_s});
         connect(m_undo, &QAbstractButton::clicked, this, [this] { undoImport(); });
     }
 

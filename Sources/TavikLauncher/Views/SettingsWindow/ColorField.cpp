@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Look/Look.h>
+#include <TavikLauncher/Look/Pressable.h>
 #include <TavikLauncher/Look/TextField.h>
 #include <TavikLauncher/Settings/ColorText.h>
 #include <TavikLauncher/Views/SettingsWindow/ColorField.h>
@@ -8,7 +9,6 @@
 #include <QAbstractButton>
 #include <QFontDatabase>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QPainter>
 
 namespace Tavik {
@@ -18,11 +18,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// The colour itself; crossed out when the stored text is none.
-class Well final : public QAbstractButton
+class Well final : public Pressable
 {
 public:
     explicit Well(QWidget* parent)
-        : QAbstractButton(parent)
+        : Pressable(parent)
     {
         setFocusPolicy(Qt::StrongFocus);
         setFixedSize(44 + 2 * focusMargin, 26 + 2 * focusMargin);
@@ -35,14 +35,6 @@ public:
     }
 
 protected:
-    void keyPressEvent(QKeyEvent* event) override
-    {
-        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-            click();
-            return;
-        }
-        QAbstractButton::keyPressEvent(event);
-    }
     void paintEvent(QPaintEvent*) override
     {
         constexpr double cornerRadius = 6;
@@ -52,7 +44,7 @@ protected:
         const QRectF line = body.adjusted(0.5, 0.5, -0.5, -0.5);
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(withOpacity(look.text, 0.22), 1));
+        painter.setPen(QPen(look.outline, 1));
         painter.setBrush(m_color.isValid() ? m_color : look.card);
         painter.drawRoundedRect(line, cornerRadius, cornerRadius);
         if (m_color.isValid()) {

@@ -166,6 +166,12 @@ void LauncherSettingsView::showPage()
         m_stack->addWidget(made.release());
     }
     m_stack->setCurrentWidget(page);
+    // What these sections set is seen in the ring only.
+    const bool isSeenInTheRing
+        = m_sectionID == SettingsSection::appearance || m_sectionID == SettingsSection::theme;
+    if (isSeenInTheRing && m_dependencies.showPreview) {
+        m_dependencies.showPreview();
+    }
 }
 
 void LauncherSettingsView::dropPages()

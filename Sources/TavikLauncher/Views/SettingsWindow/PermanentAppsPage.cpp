@@ -87,33 +87,21 @@ private:
         describe(*m_search,
                  {.title = u"Search applications"_s,
                   .help = u"Type a name; Return adds the first application found."_s});
-        auto* fromFile = new Button(u"From File…"_s, bar);
-        fromFile->setObjectName(u"addFromFile"_s);
-        describe(*fromFile,
-                 {.title = u"Add from file"_s,
-                  .help = u"Choose a desktop entry that the search does not find."_s});
-        // No file dialog offers folders beside files.
-        auto* fromFolder = new Button(u"From Folder…"_s, bar);
-        fromFolder->setObjectName(u"addFromFolder"_s);
-        describe(*fromFolder,
-                 {.title = u"Add from folder"_s,
-                  .help = u"Choose an application that is a folder with a name ending in .app."_s});
+        auto* add = new Button(u"Add…"_s, bar);
+        add->setObjectName(u"addApplication"_s);
+        describe(*add,
+                 {.title = u"Add an application"_s,
+                  .tooltip = u"Choose an application that the search does not find."_s});
         row->setSpacing(4);
         row->addWidget(m_search, 1);
-        row->addWidget(fromFile);
-        row->addWidget(fromFolder);
+        row->addWidget(add);
         connect(m_search, &QLineEdit::textChanged, this, [this] { refreshResults(); });
-        connect(m_search, &QLineEdit::returnPressed, this, [this] { addResult(0); });
-        connect(fromFile, &QAbstractButton::clicked, this, [this] {
+        connect(m_search, &QLineEdit::returnPressed, this, [this] { addResult(firstFree()); });
+        connect(add, &QAbstractButton::clicked, this, [this] {
             askFor({.title = u"Add an Application"_s,
                     .suggestedName = {},
-                    .nameFilter = u"Applications (*.desktop)"_s});
-        });
-        connect(fromFolder, &QAbstractButton::clicked, this, [this] {
-            askFor({.title = u"Add an Application"_s,
-                    .suggestedName = {},
-                    .nameFilter = {},
-                    .wantsFolder = true});
+                    .nameFilter = u"Applications (*.desktop *.app)"_s,
+                    .alsoTakesFolders = true});
         });
         return bar;
     }
@@ -131,14 +119,15 @@ private:
             row->addWidget(button);
             return button;
         };
-        m_up = add(LineSymbol::up, {.title = u"Move Up"_s, .help = u"Move up"_s}, u"moveUp"_s);
+        m_up = add(LineSymbol::up, {.title = u"Move Up"_s, .tooltip = u"Move up"_s}, u"moveUp"_s);
         m_down = add(
-            LineSymbol::down, {.title = u"Move Down"_s, .help = u"Move down"_s}, u"moveDown"_s);
+            LineSymbol::down, {.title = u"Move Down"_s, .tooltip = u"Move down"_s}, u"moveDown"_s);
         row->addStretch();
         m_remove = new Button(u"Remove"_s, bar);
         m_remove->setObjectName(u"removeApp"_s);
-        describe(*m_remove,
-                 {.title = u"Remove"_s, .help = u"Take the selected application off the ring."_s});
+        describe(
+            *m_remove,
+            {.title = u"Remove"_s, .tooltip = u"Take the selected application off the ring."_s});
         row->addWidget(m_remove);
         connect(m_up, &QAbstractButton::clicked, this, [this] {
             move(selectedRow(), selectedRow() - 1);
@@ -214,9 +203,9 @@ private:
     void refreshToolbar()
     {
         const int row = selectedRow();
-        m_up->setEnabled(row > 0);
-        m_down->setEnabled(row >= 0 && row + 1 < m_apps.rowCount());
-        m_remove->setEnabled(row >= 0);
+        m_up->setAvailable(row > 0);
+        m_down->setAvailable(row >= 0 && row + 1 < m_apps.rowCount());
+        m_remove->setAvailable(row >= 0);
     }
 
     void refreshResults()
@@ -227,23 +216,33 @@ private:
         if (!query.isEmpty()) {
             const QStringList& permanent = settings().permanentAppPaths();
             const QSet<QString> known(permanent.begin(), permanent.end());
-            const qsizetype limit = mostResults + known.size();
             for (const IndexedApp& app :
-                 AppSearch::results(query, dependencies().catalog.apps(), limit)) {
-                if (!known.contains(app.path()) && paths.size() < mostResults) {
-                    paths.append(app.path());
-                }
+                 AppSearch::results(query, dependencies().catalog.apps(), mostResults)) {
+                paths.append(app.path());
             }
+            m_resultList->setTaken(known);
             m_message->clear();
         }
         m_results.setPaths(paths);
     }
 
+    /// The first result that is not on the ring yet; -1 without one.
+    [[nodiscard]] int firstFree() const
+    {
+        const QStringList& permanent = settings().permanentAppPaths();
+        const auto& paths = m_results.paths();
+        const auto found = std::ranges::find_if(
+            paths, [&](const QString& path) { return !permanent.contains(path); });
+        return found == paths.end() ? -1 : static_cast<int>(found - paths.begin());
+    }
+
     void addResult(int row)
     {
-        if (row >= 0 && row < m_results.rowCount()) {
-            // Adding it takes it from the list.
-            const QString path = m_results.paths().at(row);
+        if (row < 0 || row >= m_results.rowCount()) {
+            return;
+        }
+        const QString path = m_results.paths().at(row);
+        if (!settings().permanentAppPaths().contains(path)) {
             add(path);
         }
     }

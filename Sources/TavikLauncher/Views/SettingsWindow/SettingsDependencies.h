@@ -25,7 +25,7 @@ struct FileRequest
     QString title;
     QString suggestedName; ///< Empty for none.
     QString nameFilter; ///< As the toolkit writes it: "Settings (*.json)".
-    bool wantsFolder = false;
+    bool alsoTakesFolders = false; ///< Those that the filter names.
 };
 /// Asks the user for a file or a folder, and calls `chosen` with its path unless the user thinks
 /// better of it.

@@ -25,6 +25,7 @@ namespace {
 
 constexpr int sideMargin = 34;
 constexpr int widestContent = 760;
+constexpr int textIndent = 17; // Of a card's rows; titles and headings stand on the same edge.
 
 } // namespace
 
@@ -50,11 +51,15 @@ SettingsPage::SettingsPage(const SettingsDependencies& dependencies,
     // The scroll bar always has its place, so that pages do not jump; controls at the right reach
     // into the margin with their focus rings.
     m_column->setContentsMargins(
-        sideMargin, 26, sideMargin - verticalScrollBar()->width() - focusMargin, 26);
+        sideMargin - 6, 26, sideMargin - verticalScrollBar()->width() - focusMargin, 26);
     m_column->setSpacing(0);
-    m_column->addWidget(new Label(Label::Role::title, title, content));
-    m_column->addSpacing(4);
-    m_column->addWidget(new Label(Label::Role::subtitle, subtitle, content));
+    for (const auto& [role, text] :
+         {std::pair(Label::Role::title, title), std::pair(Label::Role::subtitle, subtitle)}) {
+        auto* label = new Label(role, text, content);
+        label->setIndent(0);
+        label->setContentsMargins(textIndent, 0, textIndent, role == Label::Role::title ? 4 : 0);
+        m_column->addWidget(label);
+    }
     m_column->addStretch(1);
 }
 
@@ -64,7 +69,7 @@ Card& SettingsPage::addCard(const QString& heading)
         m_column->insertSpacing(m_column->count() - 1, 16);
     } else {
         auto* label = new Label(Label::Role::heading, heading, widget());
-        label->setContentsMargins(4, 20, 4, 7);
+        label->setContentsMargins(textIndent, 20, 4, 7);
         m_column->insertWidget(m_column->count() - 1, label);
     }
     auto* card = new Card(widget());
@@ -211,9 +216,12 @@ bool SettingsPage::event(QEvent* event)
 void SettingsPage::describe(QWidget& control, const RowText& text)
 {
     control.setAccessibleName(text.title);
-    const QString& explanation = text.tooltip.isEmpty() ? text.help : text.tooltip;
-    // The tooltip belongs to the control.
-    new HoverTooltip(m_dependencies.mainQueue, control, {.text = explanation});
+    if (!text.tooltip.isEmpty()) {
+        // The tooltip belongs to the control.
+        new HoverTooltip(m_dependencies.mainQueue, control, {.text = text.tooltip});
+    }
+    // Who cannot see the row is told both.
+    control.setAccessibleDescription(QStringList{text.help, text.tooltip}.join(u' ').trimmed());
 }
 
 } // namespace Tavik

@@ -64,7 +64,8 @@ public:
     void follow(const QStringList& properties, const std::function<void()>& refresh);
     /// Runs `look` whenever the user comes back to the window, for what nobody tells of.
     void whenBroughtBack(std::function<void()> look);
-    /// Gives a control its name for assistive technology and its tooltip.
+    /// Gives a control its name for assistive technology, and a tooltip where there is more to say
+    /// than its row does.
     void describe(QWidget& control, const RowText& text);
 
 protected:

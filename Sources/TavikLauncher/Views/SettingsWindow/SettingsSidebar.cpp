@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Look/Look.h>
+#include <TavikLauncher/Look/Pressable.h>
 #include <TavikLauncher/Look/ScrollBar.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsSection.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsSidebar.h>
@@ -18,11 +19,11 @@ constexpr int symbolSide = 18;
 constexpr int padding = 10;
 constexpr double cornerRadius = 7;
 
-class SectionButton final : public QAbstractButton
+class SectionButton final : public Pressable
 {
 public:
     SectionButton(const SettingsSection& section, QWidget* parent)
-        : QAbstractButton(parent)
+        : Pressable(parent)
         , m_symbol(section.symbol)
     {
         setText(section.title.toString());

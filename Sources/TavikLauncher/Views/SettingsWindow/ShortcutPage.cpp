@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Look/Button.h>
+#include <TavikLauncher/Look/Keycaps.h>
 #include <TavikLauncher/Look/Label.h>
 #include <TavikLauncher/Look/Look.h>
 #include <TavikLauncher/Look/OutcomeMessage.h>
@@ -33,7 +34,14 @@ public:
                            .tooltip = u"Click, then press the new shortcut."_s};
         m_field = new Button(QString());
         m_field->setObjectName(u"hotKeyConfig"_s);
-        m_row = &card.addRow(text, m_field);
+        auto* control = new QWidget;
+        auto* keysAndField = new QHBoxLayout(control);
+        keysAndField->setContentsMargins(0, 0, 0, 0);
+        keysAndField->setSpacing(10);
+        m_keys = new Keycaps({}, control);
+        keysAndField->addWidget(m_keys);
+        keysAndField->addWidget(m_field);
+        m_row = &card.addRow(text, control);
         describe(*m_field, text);
         m_prompt = new Label(
             Label::Role::help,
@@ -53,7 +61,8 @@ public:
         addWidget(reset, Qt::AlignRight);
         describe(*reset,
                  {.title = reset->text(),
-                  .help = ShortcutWords::description(HotKeyConfig::defaultConfig())});
+                  .tooltip = u"Go back to %1."_s.arg(
+                      ShortcutWords::keycaps(HotKeyConfig::defaultConfig()).join(u" + "_s))});
 
         connect(m_field, &QAbstractButton::clicked, this, [this] { toggleRecording(); });
         connect(reset, &QAbstractButton::clicked, this, [this] {
@@ -148,12 +157,17 @@ private:
         m_field->setAccessibleName(u"Trigger shortcut: "_s + m_field->text());
         m_field->updateGeometry();
         m_row->setHelp(ShortcutWords::description(config));
+        const QStringList keys = ShortcutWords::keycaps(config);
+        m_keys->setKeys(keys);
+        constexpr qsizetype mostKeyText = 24; // A shortcut may have been given any name.
+        m_keys->setVisible(!isRecording && keys.join(QString()).size() <= mostKeyText);
         m_prompt->setVisible(isRecording);
     }
 
     HotKeyRecorder m_recorder;
     HotKeyRecorderBridge m_bridge;
     Button* m_field = nullptr;
+    Keycaps* m_keys = nullptr;
     CardRow* m_row = nullptr;
     Label* m_prompt = nullptr;
     OutcomeMessage* m_message = nullptr;

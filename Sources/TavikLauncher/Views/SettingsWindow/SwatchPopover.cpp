@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/Button.h>
 #include <TavikLauncher/Look/Label.h>
 #include <TavikLauncher/Look/LineSymbol.h>
 #include <TavikLauncher/Look/Look.h>
+#include <TavikLauncher/Look/Pressable.h>
 #include <TavikLauncher/Settings/ColorText.h>
 #include <TavikLauncher/Views/SettingsWindow/SwatchColors.h>
 #include <TavikLauncher/Views/SettingsWindow/SwatchPopover.h>
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QColorDialog>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QPainter>
@@ -26,16 +29,15 @@ constexpr int columns = 6;
 constexpr int shadow = 10;
 constexpr double cornerRadius = 10;
 
-class SwatchButton final : public QAbstractButton
+class SwatchButton final : public Pressable
 {
 public:
     SwatchButton(const Swatch& swatch, QWidget* parent)
-        : QAbstractButton(parent)
+        : Pressable(parent)
         , m_color(ColorText::color(swatch.hex.toString(), Qt::black))
     {
         setCheckable(true);
         setAutoExclusive(true);
-        setFocusPolicy(Qt::StrongFocus);
         setAccessibleName(swatch.name.toString());
         constexpr int side = 26 + 2 * focusMargin;
         setFixedSize(side, side);
@@ -81,6 +83,8 @@ SwatchPopover::SwatchPopover(QWidget& anchor,
                              std::function<void(const QString& hex)> picked)
     : QWidget(anchor.window())
     , m_anchor(&anchor)
+    , m_original(hex)
+    , m_shown(hex)
     , m_picked(std::move(picked))
 {
     setAccessibleName(u"Ready colors"_s);
@@ -98,7 +102,10 @@ SwatchPopover::SwatchPopover(QWidget& anchor,
             auto* button = new SwatchButton(swatch, this);
             const QString text = swatch.hex.toString();
             grid->addWidget(button, position / columns, position % columns);
-            connect(button, &QAbstractButton::clicked, this, [this, text] { m_picked(text); });
+            connect(button, &QAbstractButton::clicked, this, [this, text] {
+                m_shown = text;
+                m_picked(text);
+            });
             if (text.compare(hex, Qt::CaseInsensitive) == 0) {
                 button->setChecked(true);
                 chosen = button;
@@ -110,6 +117,16 @@ SwatchPopover::SwatchPopover(QWidget& anchor,
     addList(u"Dark Backgrounds"_s, darkSwatches());
     column->addSpacing(6);
     addList(u"Accents"_s, accentSwatches());
+    column->addSpacing(6);
+    auto* last = new QHBoxLayout;
+    m_name = new Label(Label::Role::help, {}, this);
+    m_name->setWordWrap(false);
+    auto* more = new Button(u"More Colors…"_s, this);
+    more->setObjectName(u"moreColors"_s);
+    connect(more, &QAbstractButton::clicked, this, [this] { openDialog(); });
+    last->addWidget(m_name, 1);
+    last->addWidget(more);
+    column->addLayout(last);
     if (!chosen) {
         chosen = findChild<QAbstractButton*>();
     }
@@ -129,6 +146,28 @@ void SwatchPopover::placeBeside(const QWidget& anchor)
     move(x, std::max(0, y));
 }
 
+void SwatchPopover::openDialog()
+{
+    // The popover goes, and so must nothing of it be asked afterwards.
+    auto* dialog = new QColorDialog(ColorText::color(m_original, Qt::black), parentWidget());
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &QColorDialog::colorSelected, dialog, [picked = m_picked](const QColor& color) {
+        picked(ColorText::hexString(color));
+    });
+    dismiss();
+    dialog->open();
+}
+
+bool SwatchPopover::focusNextPrevChild(bool isNext)
+{
+    // Tab stays inside: the page behind is covered.
+    const QList<QAbstractButton*> buttons = findChildren<QAbstractButton*>();
+    const auto at = buttons.indexOf(qobject_cast<QAbstractButton*>(focusWidget()));
+    const auto target = (at + (isNext ? 1 : -1) + buttons.size()) % buttons.size();
+    buttons.at(target)->setFocus(isNext ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
+}
+
 void SwatchPopover::dismiss()
 {
     qApp->removeEventFilter(this);
@@ -143,6 +182,10 @@ void SwatchPopover::dismiss()
 bool SwatchPopover::eventFilter(QObject* watched, QEvent* event)
 {
     const auto* widget = qobject_cast<QWidget*>(watched);
+    if (widget && isAncestorOf(widget) && m_name
+        && (event->type() == QEvent::Enter || event->type() == QEvent::FocusIn)) {
+        m_name->setText(widget->accessibleName());
+    }
     const bool isElsewhere = widget && widget != this && !isAncestorOf(widget);
     if (isVisible() && isElsewhere) {
         const QEvent::Type type = event->type();
@@ -170,8 +213,12 @@ void SwatchPopover::keyPressEvent(QKeyEvent* event)
         if (auto* button = qobject_cast<QAbstractButton*>(focusWidget())) {
             button->click();
         }
-        [[fallthrough]];
+        dismiss();
+        break;
     case Qt::Key_Escape:
+        if (m_original != m_shown) {
+            m_picked(m_original);
+        }
         dismiss();
         break;
     default:

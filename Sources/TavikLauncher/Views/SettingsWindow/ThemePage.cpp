@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Look/Button.h>
+#include <TavikLauncher/Look/Label.h>
 #include <TavikLauncher/Look/Look.h>
 #include <TavikLauncher/Look/Slider.h>
 #include <TavikLauncher/Look/Switch.h>
@@ -20,6 +21,9 @@ namespace Tavik {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+const QString explanation
+    = u"Apply a pre-made color theme to the ring; choosing Custom lets you set each color individually."_s;
 
 ThemePreset customTheme(const LauncherSettings& settings)
 {
@@ -61,11 +65,7 @@ public:
             auto* tile = new ThemeTile(theme, this);
             const int position = grid->count();
             grid->addWidget(tile, position / columns, position % columns);
-            page.describe(*tile,
-                          {.title = theme.name,
-                           .help
-                           = u"Apply a pre-made color theme to the ring; choosing Custom lets "
-                             "you set each color individually."_s});
+            page.describe(*tile, {.title = theme.name, .help = explanation});
             return tile;
         };
         for (const ThemePreset& preset : ThemePreset::presets()) {
@@ -183,7 +183,11 @@ std::unique_ptr<SettingsPage> SettingsPages::makeTheme(const SettingsDependencie
         dependencies, u"Theme"_s, u"Colors and opacity of the ring."_s);
 
     auto* picker = new ThemePicker(*page);
-    page->addCard(u"Themes"_s).addWidget(picker);
+    Card& themes = page->addCard(u"Themes"_s);
+    themes.addWidget(picker);
+    auto* help = new Label(Label::Role::help, explanation);
+    help->setContentsMargins(16, 10, 16, 10);
+    themes.addWidget(help);
     addColors(*page);
     picker->onCustom = [page = page.get()] {
         if (auto* first = page->findChild<ColorField*>(u"ringColorHex"_s)) {
@@ -196,8 +200,9 @@ std::unique_ptr<SettingsPage> SettingsPages::makeTheme(const SettingsDependencie
     page->addWidget(reset, Qt::AlignRight);
     page->describe(*reset,
                    {.title = reset->text(),
-                    .help = u"Restore all colors and opacity values to the default Tavik Classic "
-                            "theme."_s});
+                    .tooltip
+                    = u"Restore all colors and opacity values to the default Tavik Classic "
+                      "theme."_s});
     QObject::connect(reset, &QAbstractButton::clicked, picker, [picker] {
         picker->apply(ThemePreset::presets().constFirst());
     });

@@ -71,7 +71,7 @@ void paintRing(QPainter& painter, const QPointF& middle, const ThemePreset& them
 } // namespace
 
 ThemeTile::ThemeTile(const ThemePreset& theme, QWidget* parent)
-    : QAbstractButton(parent)
+    : Pressable(parent)
     , m_theme(theme)
 {
     setText(theme.name);

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncher/Look/Pressable.h>
 #include <TavikLauncher/Settings/ThemePreset.h>
-
-#include <QAbstractButton>
 
 namespace Tavik {
 
 /// A theme as a small ring with its name. One of several exclusive tiles of the same parent.
-class ThemeTile final : public QAbstractButton
+class ThemeTile final : public Pressable
 {
     Q_OBJECT
 

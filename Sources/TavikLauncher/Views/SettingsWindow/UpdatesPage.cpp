@@ -16,14 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The settings can be made in a build that is not updated by itself, too: they are the user's, and
-/// another build may follow them.
-QString subtitle(const SettingsDependencies& dependencies)
-{
-    return dependencies.whyNotUpdating
-        ? u"This build is not updated by itself. "_s + *dependencies.whyNotUpdating
-        : u"New versions are never installed without asking you."_s;
-}
+constexpr QStringView promise = u"New versions are never installed without asking you.";
 
 void addFrequency(SettingsPage& page, Card& card)
 {
@@ -49,9 +42,17 @@ void addFrequency(SettingsPage& page, Card& card)
 
 std::unique_ptr<SettingsPage> SettingsPages::makeUpdates(const SettingsDependencies& dependencies)
 {
-    auto page = std::make_unique<SettingsPage>(dependencies, u"Updates"_s, subtitle(dependencies));
+    auto page = std::make_unique<SettingsPage>(dependencies, u"Updates"_s, promise.toString());
     LauncherSettings& settings = page->settings();
 
+    if (dependencies.whyNotUpdating) {
+        Card& notice = page->addCard();
+        notice.addRow({.title = u"This build is not updated by itself."_s,
+                       .help = *dependencies.whyNotUpdating},
+                      nullptr);
+        notice.addRow({.title = u"This version"_s, .help = dependencies.version}, nullptr);
+        return page;
+    }
     Card& automatic = page->addCard();
     page->addSwitch(automatic,
                     {.title = u"Check for updates automatically"_s,

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Look/CrossFade.h>
-#include <TavikLauncher/Look/Look.h>
 #include <TavikLauncher/Look/SymbolView.h>
 #include <TavikLauncher/Look/WindowStyle.h>
 #include <TavikLauncher/Views/Windows/AccessibilityPermissionView.h>
@@ -8,11 +7,9 @@
 #include <TavikLauncherPlatform/DesktopAppearance.h>
 
 #include <QEvent>
-#include <QIconEngine>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
-#include <QPushButton>
 #include <QShowEvent>
 #include <QVBoxLayout>
 
@@ -30,47 +27,11 @@ constexpr int badgeSide = 72;
 constexpr double badgeSymbol = 38;
 constexpr double badgeOpacity = 0.12;
 constexpr int buttonIcon = 16;
-constexpr int iconGap = 5; // Between it and the button's text, more than the style leaves.
-constexpr int buttonHeight = 32;
 
 QColor warning(const QPalette& palette)
 {
     return WindowStyle::isDark(palette) ? QColor(0xFF, 0x9F, 0x0A) : QColor(0xC9, 0x6A, 0x00);
 }
-
-/// A symbol that is drawn for whatever size and scale it is asked for, in a square at the left.
-class SymbolIconEngine final : public QIconEngine
-{
-public:
-    SymbolIconEngine(Symbol symbol, const QColor& color)
-        : m_symbol(symbol)
-        , m_color(color)
-    { }
-
-    void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override
-    {
-        paintSymbol(*painter,
-                    m_symbol,
-                    QRectF(rect.topLeft(), QSizeF(rect.height(), rect.height())),
-                    m_color);
-    }
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
-    {
-        QPixmap pixmap(size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        paint(&painter, QRect(QPoint(), size), mode, state);
-        return pixmap;
-    }
-    [[nodiscard]] QIconEngine* clone() const override
-    {
-        return new SymbolIconEngine(m_symbol, m_color);
-    }
-
-private:
-    Symbol m_symbol;
-    QColor m_color;
-};
 
 } // namespace
 
@@ -236,28 +197,18 @@ QLayout* AccessibilityPermissionView::makeControls()
     tie(*m_done, &Session::done);
     tie(*m_skip, &Session::skip);
     m_skip->setFlat(true);
-    for (QPushButton* button : {m_enable, m_openSettings, m_done, m_skip}) {
+    for (Button* button : {m_enable, m_openSettings, m_done, m_skip}) {
         controls->addWidget(button);
     }
-    updateIcons();
+    m_enable->setSymbol(Symbol::keyboardBadge);
     return controls;
 }
 
-void AccessibilityPermissionView::tie(QPushButton& button,
+void AccessibilityPermissionView::tie(Button& button,
                                       void (AccessibilityPermissionSession::*action)())
 {
-    button.setMinimumHeight(buttonHeight);
-    button.setIconSize(QSize(buttonIcon + iconGap, buttonIcon));
-    button.setAutoDefault(true);
-    connect(&button, &QPushButton::clicked, &m_session, action);
-}
-
-void AccessibilityPermissionView::updateIcons()
-{
-    const QColor ink = palette().color(QPalette::ButtonText);
-    m_enable->setIcon(QIcon(new SymbolIconEngine(Symbol::keyboardBadge, Look::of(*this).onAccent)));
-    m_openSettings->setIcon(givesCommand() ? QIcon()
-                                           : QIcon(new SymbolIconEngine(Symbol::arrowSquare, ink)));
+    button.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    connect(&button, &Button::clicked, &m_session, action);
 }
 
 bool AccessibilityPermissionView::givesCommand() const
@@ -297,11 +248,11 @@ void AccessibilityPermissionView::showPhase()
     m_openSettings->setText(m_session.hasCopiedCommand() ? u"Command Copied"_s
                                 : givesCommand()         ? u"Copy the Command"_s
                                                          : u"Open Accessibility Settings"_s);
-    updateIcons();
+    m_openSettings->setSymbol(givesCommand() ? std::nullopt : std::optional(Symbol::arrowSquare));
     m_done->setVisible(phase == Phase::waitingForUser);
     m_skip->setVisible(phase == Phase::waitingForUser);
     m_hint->setVisible(phase == Phase::waitingForUser && m_session.showsNotEnabledHint());
-    if (QPushButton* button = defaultButton()) {
+    if (Button* button = defaultButton()) {
         button->setDefault(true);
         button->setFocus();
     } else {
@@ -310,7 +261,7 @@ void AccessibilityPermissionView::showPhase()
     WindowStyle::fitHeight(*this);
 }
 
-QPushButton* AccessibilityPermissionView::defaultButton() const
+Button* AccessibilityPermissionView::defaultButton() const
 {
     using Phase = AccessibilityPermissionSession::Phase;
     switch (m_session.phase()) {
@@ -327,7 +278,7 @@ QPushButton* AccessibilityPermissionView::defaultButton() const
 void AccessibilityPermissionView::keyPressEvent(QKeyEvent* event)
 {
     const bool isReturn = WindowStyle::isReturn(*event);
-    QPushButton* button = defaultButton();
+    Button* button = defaultButton();
     if (event->isAutoRepeat()) {
         QWidget::keyPressEvent(event);
     } else if (isReturn && button) {
@@ -352,14 +303,6 @@ void AccessibilityPermissionView::hideEvent(QHideEvent* event)
     QWidget::hideEvent(event);
     if (!event->spontaneous()) {
         m_session.disappear();
-    }
-}
-
-void AccessibilityPermissionView::changeEvent(QEvent* event)
-{
-    QWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && m_enable) {
-        updateIcons();
     }
 }
 

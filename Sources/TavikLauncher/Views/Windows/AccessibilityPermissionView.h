@@ -7,11 +7,11 @@
 #include <QWidget>
 
 class QLabel;
-class QPushButton;
 class QVBoxLayout;
 
 namespace Tavik {
 
+class Button;
 class DesktopAppearance;
 class SettingsDiagram;
 
@@ -39,7 +39,6 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
 private:
     class Badge;
@@ -47,13 +46,12 @@ private:
     QLayout* makeHead();
     QLayout* makeControls();
     QLabel* makeNote(const QString& text);
-    void tie(QPushButton& button, void (AccessibilityPermissionSession::*action)());
+    void tie(Button& button, void (AccessibilityPermissionSession::*action)());
     /// Goes over to what the session says now.
     void changePhase();
     void showPhase();
     /// What Return presses; null where there is nothing left to choose.
-    [[nodiscard]] QPushButton* defaultButton() const;
-    void updateIcons();
+    [[nodiscard]] Button* defaultButton() const;
     /// Whether the way to the settings is replaced by the command.
     [[nodiscard]] bool givesCommand() const;
 
@@ -68,10 +66,10 @@ private:
     Divider* m_divider = nullptr;
     QLabel* m_instruction = nullptr;
     QWidget* m_hint = nullptr;
-    QPushButton* m_enable = nullptr;
-    QPushButton* m_openSettings = nullptr;
-    QPushButton* m_done = nullptr;
-    QPushButton* m_skip = nullptr;
+    Button* m_enable = nullptr;
+    Button* m_openSettings = nullptr;
+    Button* m_done = nullptr;
+    Button* m_skip = nullptr;
 };
 
 } // namespace Tavik

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Look/AppIconView.h>
+#include <TavikLauncher/Look/Keycaps.h>
 #include <TavikLauncher/Look/SymbolView.h>
 #include <TavikLauncher/Look/WindowStyle.h>
 #include <TavikLauncher/Settings/HotKeyConfig.h>
+#include <TavikLauncher/Settings/ShortcutWords.h>
 #include <TavikLauncher/Views/Windows/OnboardingTour.h>
 #include <TavikLauncher/Views/Windows/OnboardingView.h>
 
@@ -28,6 +30,7 @@ constexpr int padding = 26;
 constexpr int iconSide = 60;
 constexpr int headerGap = 16;
 constexpr int rowSymbol = 24;
+constexpr int mostKeyText = 24; // A shortcut may have been given any name.
 
 /// The shortcut's name is the user's own text. A label breaks its lines between words only, and
 /// cuts off a longer word than it has room for.
@@ -48,10 +51,12 @@ OnboardingView::OnboardingView(const HotKeyConfig& hotKey, Actions actions, QWid
     layout->setContentsMargins(padding, padding - 4, padding, padding - 6);
     layout->setSpacing(0);
     layout->addLayout(makeHeader());
-    layout->addSpacing(18);
+    layout->addSpacing(14);
+    bool isFirst = true;
     for (const TourRow& row : tourRows(hotKey)) {
-        layout->addLayout(makeRow(row));
-        layout->addSpacing(12);
+        layout->addLayout(makeRow(row, isFirst ? ShortcutWords::keycaps(hotKey) : QStringList()));
+        layout->addSpacing(9);
+        isFirst = false;
     }
     layout->addStretch(1);
     layout->addSpacing(6);
@@ -77,12 +82,24 @@ QLayout* OnboardingView::makeHeader()
     return header;
 }
 
-QLayout* OnboardingView::makeRow(const TourRow& row)
+QLayout* OnboardingView::makeRow(const TourRow& row, const QStringList& keys)
 {
     auto* texts = new QVBoxLayout;
     texts->setSpacing(2);
-    texts->addWidget(makeLabel(row.title, {.size = 14, .weight = QFont::DemiBold}, this));
-    texts->addWidget(makeLabel(breakable(row.detail), {.role = TextRole::secondary}, this));
+    QLabel* title = makeLabel(row.title, {.size = 14, .weight = QFont::DemiBold}, this);
+    if (keys.isEmpty() || keys.join(QString()).size() > mostKeyText) {
+        texts->addWidget(title);
+    } else {
+        auto* head = new QHBoxLayout;
+        title->setWordWrap(false);
+        head->addWidget(title);
+        head->addSpacing(10);
+        head->addWidget(new Keycaps(keys, this));
+        head->addStretch(1);
+        texts->addLayout(head);
+    }
+    texts->addWidget(
+        makeLabel(breakable(row.detail), {.role = TextRole::secondary, .isBalanced = true}, this));
 
     auto* symbol = new SymbolView(row.symbol, rowSymbol, &WindowStyle::tint, this);
     auto* layout = new QHBoxLayout;

@@ -33,7 +33,7 @@ protected:
 
 private:
     [[nodiscard]] QLayout* makeHeader();
-    [[nodiscard]] QLayout* makeRow(const TourRow& row);
+    [[nodiscard]] QLayout* makeRow(const TourRow& row, const QStringList& keys);
     [[nodiscard]] QLayout* makeButtons();
 
     Actions m_actions;

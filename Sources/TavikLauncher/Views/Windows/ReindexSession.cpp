@@ -51,6 +51,8 @@ void ReindexSession::walkChanged()
     if (m_dependencies.catalog.isIndexing() || !m_startedByThisWindow) {
         return;
     }
+    // What others walk later is none of this window's successes.
+    m_startedByThisWindow = false;
     m_phase = Phase::success;
     Q_EMIT phaseChanged();
     // The success is laid out before it moves.

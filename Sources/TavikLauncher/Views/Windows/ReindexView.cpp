@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QStackedLayout>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -49,9 +50,11 @@ ReindexView::ReindexView(const ReindexSession::Dependencies& dependencies,
     layout->addLayout(makeHeader());
     m_explanation = makeExplanation();
     m_success = makeSuccess();
-    layout->addWidget(m_explanation);
-    layout->addWidget(m_success);
-    layout->addStretch(1);
+    // Both have the room of the larger one, so that the buttons below stay where they are.
+    m_body = new QStackedLayout;
+    m_body->addWidget(m_explanation);
+    m_body->addWidget(m_success);
+    layout->addLayout(m_body);
     layout->addLayout(makeButtons(dependencies.mainQueue));
 
     connect(&m_session, &ReindexSession::phaseChanged, this, &ReindexView::showPhase);
@@ -94,8 +97,10 @@ QWidget* ReindexView::makeSuccess()
     auto* layout = new QVBoxLayout(body);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(10);
+    layout->addStretch(1);
     auto* outcome = new QHBoxLayout;
-    outcome->setSpacing(12);
+    outcome->setSpacing(12 - static_cast<int>(successRoom));
+    outcome->setContentsMargins(-static_cast<int>(successRoom), 0, 0, 0);
     m_mark = new SymbolView(Symbol::checkmarkCircle, successSymbol, &WindowStyle::success, body);
     m_mark->setMargin(successRoom);
     m_mark->setScale(m_session.markScale());
@@ -107,6 +112,7 @@ QWidget* ReindexView::makeSuccess()
         u"All set. You can verify it worked by opening the ring and typing the name of a recently installed app."_s,
         {.role = TextRole::secondary},
         body));
+    layout->addStretch(1);
     return body;
 }
 
@@ -150,8 +156,7 @@ void ReindexView::showPhase()
     if (phase != Phase::info) {
         m_close->setFocus();
     }
-    m_explanation->setVisible(phase != Phase::success);
-    m_success->setVisible(phase == Phase::success);
+    m_body->setCurrentWidget(phase == Phase::success ? m_success : m_explanation);
     m_progress->setVisible(phase == Phase::running);
     m_reindex->setVisible(phase == Phase::info);
     m_reindex->setDefault(phase == Phase::info);

@@ -9,6 +9,7 @@
 
 class QLabel;
 class QPushButton;
+class QStackedLayout;
 
 namespace Tavik {
 
@@ -50,6 +51,7 @@ private:
 
     ReindexSession m_session;
     Actions m_actions;
+    QStackedLayout* m_body = nullptr; ///< The explanation or the success.
     QWidget* m_explanation = nullptr;
     QWidget* m_success = nullptr;
     SymbolView* m_mark = nullptr;

@@ -85,7 +85,7 @@ void openingStep(benchmark::State& state)
         scale = scale < 1.1 ? scale + 0.01 : 0.5;
         image.fill(Qt::transparent);
         QPainter painter(&image);
-        RingPainter::paintInFlight(painter, ring, {.scale = scale, .opacity = 0.9});
+        RingPainter::paintInFlight(painter, scene, ring, {.scale = scale, .opacity = 0.9});
     }
 }
 

@@ -293,6 +293,23 @@ private Q_SLOTS:
         fixture.mainQueue.advance(0.2);
         QVERIFY(!fixture.ring.launchHint());
 
+        // Using the ring ends it; and what was gone in a blink was not seen.
+        Interacting other;
+        other.settings.showsLaunchHints.set(true);
+        for (const bool isSeen : {false, false, true}) {
+            other.commands.prepareForShow(true);
+            QVERIFY(other.ring.launchHint());
+            other.mainQueue.advance(isSeen ? 2 : 0.2);
+            if (isSeen) {
+                other.commands.moveSelectionRight();
+            } else {
+                other.commands.prepareForShow(false);
+            }
+            QVERIFY(!other.ring.launchHint());
+        }
+        other.commands.prepareForShow(true);
+        QVERIFY(!other.ring.launchHint());
+
         // The next showing without a hint of its own ends it at once.
         for (const bool isUserSummon : {true, false}) {
             fixture.settings.launchHintInterval.set(1);

@@ -201,6 +201,12 @@ private Q_SLOTS:
         QCOMPARE(originOnScreen(QRectF(0, 0, 1920, 1040), panel, windows), origin);
     }
 
+    void onALowScreenThePanelStaysInside()
+    {
+        const QSizeF largest(605, 605);
+        QCOMPARE(originOnScreen(QRectF(0, 40, 1366, 700), largest, {}), QPointF(380.5, 135));
+    }
+
     void withNoFreePlaceTakesTheOneWithTheMostFreeArea()
     {
         // Everything is covered but a strip of 100 points at the left edge.
@@ -269,6 +275,8 @@ private Q_SLOTS:
         row("held Command+3 launches once", -1, u"3"_s, true, true, {}, true);
         row("Command+0 types", -1, u"0"_s, true, false, u"insert 0"_s, true);
         row("digit types", -1, u"3"_s, false, false, u"insert 3"_s, true);
+        row("a raised digit types, too", -1, u"²"_s, true, false, u"insert ²"_s, true);
+        row("and a circled one", -1, u"①"_s, true, false, u"insert ①"_s, true);
         row("Command+letter types", -1, u"q"_s, true, false, u"insert q"_s, true);
         row("accented letter", -1, u"é"_s, false, false, u"insert é"_s, true);
         row("letter with a combining mark",

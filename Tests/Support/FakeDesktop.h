@@ -5,6 +5,8 @@
 #include <TavikLauncherPlatform/IconDecoder.h>
 #include <TavikLauncherPlatform/Screens.h>
 
+#include <QPainter>
+
 namespace Tavik::Test {
 
 class FakeAppearance final : public DesktopAppearance
@@ -30,7 +32,8 @@ public:
     QList<Screen> screens{{QRectF(0, 0, 1920, 1080), QRectF(0, 0, 1920, 1040)}};
 };
 
-/// Every icon is a filled square in the colour that its source names.
+/// Every icon is a filled square in the colour that its source names; a letter after the colour is
+/// drawn upon it.
 class ColorIconDecoder final : public IconDecoder
 {
 public:
@@ -38,7 +41,16 @@ public:
     {
         ++decodes;
         QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
-        image.fill(icon.source.isEmpty() ? QColor(Qt::gray) : QColor(icon.source));
+        const QStringList parts = icon.source.split(u' ');
+        image.fill(icon.source.isEmpty() ? QColor(Qt::gray) : QColor(parts.front()));
+        if (parts.size() > 1) {
+            QPainter painter(&image);
+            QFont font;
+            font.setPixelSize(side * 3 / 5);
+            painter.setFont(font);
+            painter.setPen(Qt::white);
+            painter.drawText(image.rect(), Qt::AlignCenter, parts.back());
+        }
         return image;
     }
 

@@ -8,7 +8,8 @@ namespace Tavik {
 
 namespace {
 constexpr double shownSeconds = 6.0;
-}
+constexpr double leastSeconds = 1.0; // Nobody reads faster.
+} // namespace
 
 LaunchHintDisplay::LaunchHintDisplay(LauncherSettings& settings,
                                      MainQueue& mainQueue,
@@ -26,6 +27,7 @@ void LaunchHintDisplay::presentLaunchHintIfDue()
         return;
     }
     m_launchHint = hint;
+    m_shownSince = m_mainQueue.systemUptime();
     m_launchHintTask = m_mainQueue.after(shownSeconds, [this] { dismissLaunchHint(); });
     m_onChange();
 }
@@ -33,7 +35,10 @@ void LaunchHintDisplay::presentLaunchHintIfDue()
 void LaunchHintDisplay::dismissLaunchHint()
 {
     m_launchHintTask.cancel();
-    if (std::exchange(m_launchHint, std::nullopt)) {
+    if (const auto hint = std::exchange(m_launchHint, std::nullopt)) {
+        if (m_mainQueue.systemUptime() - m_shownSince < leastSeconds) {
+            m_settings.launchHintWasNotSeen(*hint);
+        }
         m_onChange();
     }
 }

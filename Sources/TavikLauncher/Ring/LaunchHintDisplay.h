@@ -34,6 +34,7 @@ private:
     MainQueue& m_mainQueue;
     std::function<void()> m_onChange;
     std::optional<QString> m_launchHint;
+    double m_shownSince = 0; ///< On the main queue's clock.
     Task m_launchHintTask;
 };
 

@@ -30,10 +30,11 @@ constexpr std::array<KeyCommand, 8> keyCommands{{
     {LauncherKeyCode::upArrow, &LauncherCommands::moveSelectionUp, true},
 }};
 
-/// The digit 1 to 9 that the characters spell, in any script's decimal digits.
+/// The digit 1 to 9 that the characters spell, in any script's decimal digits; a raised or circled
+/// one is a character of its own.
 std::optional<int> quickLaunchDigit(const QString& characters)
 {
-    if (characters.size() != 1) {
+    if (characters.size() != 1 || characters.front().category() != QChar::Number_DecimalDigit) {
         return std::nullopt;
     }
     const int digit = characters.front().digitValue();

@@ -23,6 +23,11 @@ public:
     [[nodiscard]] bool acceptsHover() const { return m_acceptsHover; }
     /// A smaller ring diameter in points, for the preview beside the settings window.
     [[nodiscard]] std::optional<double> diameterOverride() const { return m_diameterOverride; }
+    /// The diameter to draw a ring at whose user wants `diameter` points.
+    [[nodiscard]] double effectiveDiameter(double diameter) const
+    {
+        return m_diameterOverride.value_or(diameter);
+    }
 
     void setAppearance(double scale, double opacity);
     void setAcceptsHover(bool accepts) { m_acceptsHover = accepts; }

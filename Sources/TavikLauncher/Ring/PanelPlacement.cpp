@@ -100,7 +100,9 @@ QPointF originOnScreen(const QRectF& visibleFrame, QSizeF size, const QList<QRec
 {
     const QPointF proposed(visibleFrame.center().x() - size.width() / 2,
                            visibleFrame.center().y() + heightAboveCentreLine);
-    return avoidingWindows(proposed, size, visibleFrame, avoidedFrames);
+    // Above the centre line a large ring would leave a low screen.
+    return clamped(
+        avoidingWindows(proposed, size, visibleFrame, avoidedFrames), size, visibleFrame);
 }
 
 QPointF avoidingWindows(QPointF origin,

@@ -22,7 +22,7 @@ namespace Tavik::PanelPlacement {
 [[nodiscard]] QPointF originCenteredAt(QPointF point, QSizeF size, const QList<Screen>& screens);
 
 /// The origin where a panel without a point belongs on `visibleFrame`: in the middle, its lower
-/// edge a little above the centre line, clear of `avoidedFrames`.
+/// edge a little above the centre line, clear of `avoidedFrames` and inside the visible frame.
 [[nodiscard]] QPointF
 originOnScreen(const QRectF& visibleFrame, QSizeF size, const QList<QRectF>& avoidedFrames);
 

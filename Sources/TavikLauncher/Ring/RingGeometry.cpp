@@ -49,9 +49,25 @@ double RingGeometry::sectorDegrees() const
     return 360.0 / std::max(slotCount, 1);
 }
 
-double RingGeometry::slotAngle(int slot) const
+double RingGeometry::slotAngle(int slot, int count)
 {
-    return static_cast<double>(slot) / std::max(slotCount, 1) * 360.0 + topDegrees;
+    return static_cast<double>(slot) / std::max(count, 1) * 360.0 + topDegrees;
+}
+
+double RingGeometry::roomAroundIcon() const
+{
+    const double diameter = 2 * std::min(center.x(), center.y());
+    return std::max(panelSide(diameter) / 2 - iconRadius, 0.0);
+}
+
+double RingGeometry::drawnIconSize() const
+{
+    return std::min(effectiveIconSize, 2 * roomAroundIcon() / selectedScale);
+}
+
+double RingGeometry::drawnHaloSize() const
+{
+    return std::min(haloSize, 2 * roomAroundIcon());
 }
 
 QPointF RingGeometry::slotCenter(int slot) const

@@ -30,14 +30,24 @@ struct RingGeometry
     double haloSize = 0;
     int slotCount = 0;
 
+    /// How much larger the selected icon is.
+    static constexpr double selectedScale = 1.08;
+
     [[nodiscard]] static RingGeometry make(const Measures& measures);
     /// Side of the panel's square for a ring of `diameter`: room for shadow and overshoot.
     [[nodiscard]] static double panelSide(double diameter) { return diameter * 1.1; }
 
+    /// The angle of a slot's centre among `count` slots, −90 for slot 0.
+    [[nodiscard]] static double slotAngle(int slot, int count);
+
+    /// The side at which icons are drawn: the effective one, unless the panel's edge would cut off
+    /// a selected icon.
+    [[nodiscard]] double drawnIconSize() const;
+    /// The halo's diameter, likewise inside the panel.
+    [[nodiscard]] double drawnHaloSize() const;
     /// Degrees per slot; 360 for an empty ring.
     [[nodiscard]] double sectorDegrees() const;
-    /// The angle of the slot's centre, −90 for slot 0.
-    [[nodiscard]] double slotAngle(int slot) const;
+    [[nodiscard]] double slotAngle(int slot) const { return slotAngle(slot, slotCount); }
     [[nodiscard]] QPointF slotCenter(int slot) const;
     /// The slot whose wedge lies under `point`; absent in the hole, outside, or for an empty ring.
     /// A point on the boundary of two wedges belongs to the later one.
@@ -48,6 +58,10 @@ struct RingGeometry
     [[nodiscard]] QPainterPath wedgeShape(double centerDegrees) const;
 
     bool operator==(const RingGeometry&) const = default;
+
+private:
+    /// From an icon's centre to the panel's edge, where it is nearest.
+    [[nodiscard]] double roomAroundIcon() const;
 };
 
 /// The angle equivalent to `target` that lies within half a turn of `current`, so that a highlight

@@ -207,9 +207,7 @@ void RingInteraction::updateHighlightedAngle(int index, bool animated)
     if (m_ringApps.isEmpty()) {
         m_highlightedAngleDegrees = topDegrees;
     } else {
-        const double target
-            = static_cast<double>(index) / static_cast<double>(m_ringApps.size()) * 360.0
-            + topDegrees;
+        const double target = RingGeometry::slotAngle(index, static_cast<int>(m_ringApps.size()));
         m_highlightedAngleDegrees
             = animated ? nearestEquivalentAngle(target, m_highlightedAngleDegrees) : target;
     }
@@ -231,10 +229,7 @@ void RingInteraction::updateSelectedIndex(int index)
     if (index < 0 || index >= m_ringApps.size() || index == m_selectedIndex) {
         return;
     }
-    m_selectedIndex = index;
-    m_showsSelectionLabel = true;
-    updateHighlightedAngle(index, true);
-    Q_EMIT centerChanged();
+    select(index);
 }
 
 void RingInteraction::clickSlot(int index)
@@ -259,9 +254,16 @@ void RingInteraction::moveSelection(int step)
         return;
     }
     const int count = static_cast<int>(m_ringApps.size());
-    m_selectedIndex = (m_selectedIndex + step + count) % count;
+    select((m_selectedIndex + step + count) % count);
+}
+
+void RingInteraction::select(int index)
+{
+    m_selectedIndex = index;
     m_showsSelectionLabel = true;
-    updateHighlightedAngle(m_selectedIndex, true);
+    // Who uses the ring has read enough.
+    m_launchHint.dismissLaunchHint();
+    updateHighlightedAngle(index, true);
     Q_EMIT centerChanged();
 }
 
@@ -336,6 +338,7 @@ void RingInteraction::pinForSearch()
         m_dependencies.commands.pinForSearch();
     }
     m_isPinnedForSearch = true;
+    m_launchHint.dismissLaunchHint();
 }
 
 void RingInteraction::showPinnedIndicator()

@@ -106,6 +106,7 @@ private:
     void forgetStaleRecords();
     void updateHighlightedAngle(int index, bool animated);
     void moveSelection(int step);
+    void select(int index);
     void showPinnedIndicator();
     void pinForSearch();
     void filterNow(const QString& text);

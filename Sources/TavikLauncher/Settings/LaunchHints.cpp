@@ -72,4 +72,11 @@ std::optional<QString> nextHint(UserDefaults& userDefaults, const Preferences& p
     return allTips[static_cast<std::size_t>(position)].toString();
 }
 
+void takeBack(UserDefaults& userDefaults, const QString& hint)
+{
+    if (std::ranges::find(allTips, hint) == allTips.end()) {
+        userDefaults.setObject(hasShownIntroductionKey.toString(), false);
+    }
+}
+
 } // namespace Tavik::LaunchHints

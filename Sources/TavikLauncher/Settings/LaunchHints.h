@@ -28,6 +28,9 @@ struct Preferences
 [[nodiscard]] std::optional<QString> nextHint(UserDefaults& userDefaults,
                                               const Preferences& preferences);
 
+/// `hint` came and went unread. A tip comes round again; the introduction is shown anew.
+void takeBack(UserDefaults& userDefaults, const QString& hint);
+
 } // namespace LaunchHints
 
 } // namespace Tavik

@@ -155,6 +155,11 @@ std::optional<QString> LauncherSettings::launchHintForThisSummon()
                                   .interval = launchHintInterval()});
 }
 
+void LauncherSettings::launchHintWasNotSeen(const QString& hint)
+{
+    LaunchHints::takeBack(userDefaults(), hint);
+}
+
 QByteArray LauncherSettings::exportBackup() const
 {
     return SettingsBackup::exported(*this);

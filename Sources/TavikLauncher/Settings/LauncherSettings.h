@@ -61,6 +61,8 @@ public:
     void applyTheme(const ThemePreset& preset);
     /// Counts a summon; the tip to show at it, or nothing. Not to be called for previews.
     [[nodiscard]] std::optional<QString> launchHintForThisSummon();
+    /// The hint was gone before anybody could read it: the introduction comes once more.
+    void launchHintWasNotSeen(const QString& hint);
     void setLaunchesAtLogin(bool launches);
     /// The contents of a backup file.
     [[nodiscard]] QByteArray exportBackup() const;

@@ -5,6 +5,7 @@
 #include <TavikLauncher/Shell/TavikLauncherApp.h>
 #include <TavikLauncher/Views/Ring/LauncherPanel.h>
 #include <TavikLauncher/Views/Ring/RadialLauncherView.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsSection.h>
 #include <TavikLauncherPlatform/Platform.h>
 
 #include <QApplication>
@@ -156,6 +157,7 @@ std::unique_ptr<PanelSurface> AppDelegate::makePanel(std::function<void()> dismi
         .windowServer = *m_platform.windowServer,
         .appearance = *m_platform.appearance,
         .onClose = std::move(dismiss),
+        .onFillRing = [this] { showSettings(SettingsSection::permanentApps.toString()); },
     });
     auto panel = std::make_unique<LauncherPanel>(
         LauncherPanel::Dependencies{

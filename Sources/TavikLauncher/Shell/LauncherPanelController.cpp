@@ -60,8 +60,7 @@ void LauncherPanelController::makePanel()
 
 double LauncherPanelController::effectiveDiameter() const
 {
-    return m_dependencies.presentation.diameterOverride().value_or(
-        m_dependencies.settings.ringDiameter());
+    return m_dependencies.presentation.effectiveDiameter(m_dependencies.settings.ringDiameter());
 }
 
 QSizeF LauncherPanelController::panelSize() const

@@ -267,6 +267,148 @@ private Q_SLOTS:
         QCOMPARE(fixture.closes, 2);
     }
 
+    void aClickSelectsNothingThatTheRingHasNotReachedYet()
+    {
+        PanelFixture fixture;
+        fixture.showRing();
+        fixture.presentation.setAppearance(0.5, 0.5);
+        QTest::mouseClick(&fixture.ring(), Qt::LeftButton, {}, fixture.slotPoint(1));
+        QVERIFY(fixture.workspace.opened.isEmpty());
+        QCOMPARE(fixture.closes, 0);
+        QTest::mousePress(&fixture.ring(), Qt::LeftButton, {}, (fixture.slotPoint(1) + center) / 2);
+        fixture.presentation.setAppearance(1, 1);
+        QTest::mouseRelease(&fixture.ring(), Qt::LeftButton, {}, fixture.slotPoint(1));
+        QCOMPARE(fixture.workspace.opened, QStringList{fixture.path(u"B"_s)});
+    }
+
+    void theEmptyRingLeadsToWhereItIsFilled()
+    {
+        PanelFixture fixture;
+        fixture.workspace.running.clear();
+        fixture.showRing();
+        fixture.ring().interaction().refreshRing();
+        const RingCenter texts = fixture.ring().scene().center;
+        QVERIFY(texts.isInvitation && texts.launchHint.contains(u"Permanent Apps"_s));
+        QTest::mouseClick(&fixture.ring(), Qt::LeftButton, {}, center);
+        QCOMPARE(fixture.fills, 1);
+        QCOMPARE(fixture.closes, 1);
+        fixture.commands.insertText(u"q"_s);
+        QVERIFY(!fixture.ring().scene().center.isInvitation);
+    }
+
+    /// In the picture of a whole desktop, so that nothing is drawn over them by a neighbour.
+    void everyRunningApplicationHasItsMarkInItsWedge_data()
+    {
+        const Table<double, double, double, int> row; // Diameter, thickness, icon size, selected.
+        row("as installed", 320, 80, 50, -1);
+        row("one of them selected", 320, 80, 50, 3);
+        row("the smallest ring", 250, 60, 36, 0);
+        row("the largest icons", 550, 110, 92, 7);
+    }
+    void everyRunningApplicationHasItsMarkInItsWedge()
+    {
+        const auto [diameter, thickness, iconSize, selected] = fetch<double, double, double, int>();
+        PanelFixture fixture;
+        QStringList apps;
+        for (int i = 0; i < 15; ++i) {
+            const QString name = u"App%1"_s.arg(i);
+            fixture.install(fixture.path(name), name);
+            fixture.fileManager.bundles[fixture.path(name)].iconSource = u"red"_s;
+            apps << name;
+        }
+        fixture.walk();
+        fixture.workspace.running.clear();
+        fixture.settings.ringDiameter.set(diameter);
+        fixture.settings.ringThickness.set(thickness);
+        fixture.settings.iconSize.set(iconSize);
+        fixture.settings.runningDotColorHex.set(u"#00FF00"_s);
+        fixture.launch(apps.join(u' '));
+        fixture.showRing();
+        for (int step = 0; step <= selected; ++step) {
+            fixture.commands.moveSelectionRight();
+        }
+        fixture.settle();
+        const RingScene scene = fixture.ring().scene();
+        const QImage image = RingPainter::ringImage(scene, RingPainter::bandImage(scene));
+        const double aside = (RingGeometry::panelSide(diameter) - diameter) / 2;
+        QSet<int> marked;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (image.pixelColor(x, y) == QColor(Qt::green)) {
+                    const auto slot = scene.geometry.slotAt(QPointF(x - aside, y - aside));
+                    QVERIFY2(slot, "a mark outside the band");
+                    marked.insert(*slot);
+                }
+            }
+        }
+        QCOMPARE(marked.size(), 15);
+    }
+
+    void theSelectionHasAWedgeAndAHalo()
+    {
+        PanelFixture fixture;
+        fixture.settings.ringThickness.set(110);
+        fixture.settings.highlightColorHex.set(u"#00FF00"_s);
+        fixture.settings.highlightOpacity.set(1);
+        fixture.settings.showsRunningDot.set(false);
+        fixture.launch(u"B"_s);
+        fixture.showRing();
+        fixture.commands.moveSelectionRight();
+        fixture.settle();
+        const RingScene scene = fixture.ring().scene();
+        const double aside = (RingGeometry::panelSide(scene.diameter) - scene.diameter) / 2;
+        const QImage image = picture(fixture);
+        // Along the wedge's edge nothing but the wedge is to be seen, above as below.
+        const double edge
+            = (scene.geometry.slotAngle(1) + scene.geometry.sectorDegrees() / 2 - 2) * M_PI / 180;
+        const QPointF direction(std::cos(edge), std::sin(edge));
+        const QPointF outer = scene.geometry.center + direction * (scene.geometry.outerRadius - 4);
+        const QColor wedge = image.pixelColor((outer + QPointF(aside, aside)).toPoint());
+        QVERIFY(wedge.green() > wedge.red() + 60);
+        // Beside the icon, on the halo's rim, the accent lies over the wedge.
+        const RingIcon& icon = scene.icons.at(1);
+        QCOMPARE(icon.emphasis, 1.0);
+        const QPointF out = (icon.center - scene.geometry.center)
+            / QLineF(icon.center, scene.geometry.center).length();
+        const QPointF halo
+            = icon.center + QPointF(-out.y(), out.x()) * (scene.geometry.drawnHaloSize() / 2 - 1);
+        const QColor rim = image.pixelColor((halo + QPointF(aside, aside)).toPoint());
+        QVERIFY2(rim.blue() > 40, qPrintable(rim.name()));
+    }
+
+    void noIconLeavesThePanel_data()
+    {
+        const Table<double, double> row;
+        row("thick and small", 250, 220);
+        row("thick and large", 550, 220);
+        row("thin", 250, 60);
+    }
+    void noIconLeavesThePanel()
+    {
+        const auto [diameter, thickness] = fetch<double, double>();
+        const RingGeometry ring = RingGeometry::make({.area = QSizeF(diameter, diameter),
+                                                      .ringThickness = thickness,
+                                                      .iconSize = 92,
+                                                      .slotCount = 12});
+        const double reach = ring.drawnIconSize() * RingGeometry::selectedScale / 2;
+        QVERIFY(ring.iconRadius + reach <= RingGeometry::panelSide(diameter) / 2 + 0.001);
+        QVERIFY(ring.drawnIconSize() >= std::min(ring.effectiveIconSize, 60.0));
+    }
+
+    void theOvershootIsNotCutOffToASquare()
+    {
+        PanelFixture fixture;
+        fixture.showRing();
+        fixture.presentation.setAppearance(1.1, 1);
+        const QImage image = picture(fixture);
+        for (int at = 0; at < image.width(); at += 4) {
+            for (const QPoint& point :
+                 {QPoint(at, 0), QPoint(0, at), QPoint(at, image.height() - 1)}) {
+                QVERIFY(image.pixelColor(point).alpha() < 12);
+            }
+        }
+    }
+
     void wheelTurnsTheSelectionStepByStep()
     {
         PanelFixture fixture;

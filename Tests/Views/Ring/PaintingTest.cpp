@@ -3,10 +3,12 @@
 #include <TavikLauncher/Views/Ring/CenterLayout.h>
 #include <TavikLauncher/Views/Ring/IconSpriteDecoder.h>
 
+#include <QGuiApplication>
 #include <QTest>
 
 #include <Support/FakeDesktop.h>
 #include <Support/MemoryUserDefaults.h>
+#include <Support/Table.h>
 #include <cmath>
 
 using namespace Tavik;
@@ -65,9 +67,12 @@ private Q_SLOTS:
         for (int summon = 0; summon < 11; ++summon) {
             ring.center.launchHint = LaunchHints::nextHint(defaults, {.interval = 1}).value();
             const QList<CenterLayout::Label> pills = CenterLayout::visibleLabels(ring);
-            QCOMPARE(pills.size(), 1);
-            QVERIFY2(reach(ring, pills.front()) <= ring.geometry.innerRadius,
-                     qPrintable(ring.center.launchHint));
+            QCOMPARE(pills.size(), 2); // The field stays.
+            for (const CenterLayout::Label& pill : pills) {
+                QVERIFY2(reach(ring, pill) <= ring.geometry.innerRadius,
+                         qPrintable(ring.center.launchHint));
+            }
+            QVERIFY(pills.front().rect.bottom() < pills.back().rect.top());
         }
     }
 
@@ -94,6 +99,57 @@ private Q_SLOTS:
         RingScene faded = scene(320, 80);
         faded.center.fieldOpacity = 0;
         QVERIFY(CenterLayout::visibleLabels(faded).isEmpty());
+    }
+
+    void namesThatDifferStayApart_data()
+    {
+        const Table<QString, QString, int> row; // The second line; empty for one line.
+        row("fits", u"Files"_s, {}, 14);
+        row("shrinks a little", u"LibreOffice Writer"_s, {}, 13);
+        row("takes a second line", u"LibreOffice Database Tools"_s, u"Database Tools"_s, 12);
+    }
+    void namesThatDifferStayApart()
+    {
+        const auto [name, second, smallest] = fetch<QString, QString, int>();
+        RingScene ring = scene(320, 80);
+        ring.center.selectedName = name;
+        const CenterLayout::Label label = CenterLayout::labels(ring).front();
+        QCOMPARE(label.text.split(u'\n').value(1), second);
+        QVERIFY(!label.text.contains(u'…'));
+        QVERIFY(label.font.pixelSize() >= int(smallest * 0.85));
+    }
+
+    void aNameThatIsMuchTooLongLosesItsMiddle()
+    {
+        RingScene ring = scene(320, 80);
+        ring.center.selectedName
+            = u"Alderwood Collaborative Photograph Retouching Environment Enterprise"_s;
+        const QStringList lines = CenterLayout::labels(ring).front().text.split(u'\n');
+        QVERIFY(lines.front().startsWith(u"Alder") && lines.back().endsWith(u"Enterprise"));
+    }
+
+    void whatRemainsWhenTheFieldHasFadedIsCentred()
+    {
+        RingScene ring = scene(320, 80);
+        ring.center.indicator = u"Pinned"_s;
+        ring.center.fieldOpacity = 0;
+        QCOMPARE(CenterLayout::visibleLabels(ring).front().rect.center(), ring.geometry.center);
+    }
+
+    void labelsGrowWithTheDesktopsText()
+    {
+        const QFont before = QGuiApplication::font();
+        RingScene ring = scene(550, 60);
+        ring.center.selectedName = u"Files"_s;
+        QFont large = before;
+        double heights[2] = {};
+        for (const int i : {0, 1}) {
+            large.setPixelSize(i == 0 ? 12 : 18);
+            QGuiApplication::setFont(large);
+            heights[i] = CenterLayout::labels(ring).front().rect.height();
+        }
+        QGuiApplication::setFont(before);
+        QVERIFY(heights[1] > heights[0] + 5);
     }
 
     void spriteHasRoundedCornersAndAShadow()

@@ -36,6 +36,7 @@ struct PanelFixture : RingFixture
             .windowServer = windowServer,
             .appearance = appearance,
             .onClose = [this] { ++closes; },
+            .onFillRing = [this] { ++fills; },
         });
         panel = std::make_unique<LauncherPanel>(
             LauncherPanel::Dependencies{commands, windowServer, mainQueue, keyEvents},
@@ -71,6 +72,7 @@ struct PanelFixture : RingFixture
     FakeKeyEvents keyEvents;
     FakeAppearance appearance;
     int closes = 0;
+    int fills = 0; ///< Times that the way to fill an empty ring was taken.
     std::unique_ptr<LauncherPanel> panel;
 };
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/Look.h>
 #include <TavikLauncher/Views/Ring/CenterLayout.h>
 
 #include <QFontMetricsF>
@@ -12,15 +13,22 @@ namespace Tavik::CenterLayout {
 namespace {
 
 constexpr double gap = 7.0;
-constexpr QSizeF leastField(130.0, 30.0);
+constexpr double leastFieldWidth = 130.0;
 constexpr double clearance = 3.0; // Between a label and the band.
+constexpr double leastNameScale = 0.85;
+constexpr double leastPadding = 8.0;
 
-QFont textFont(int size, QFont::Weight weight = QFont::Normal)
+QFont textFont(double size, QFont::Weight weight = QFont::Normal)
 {
     QFont font = QGuiApplication::font();
-    font.setPixelSize(size);
+    font.setPixelSize(qRound(size * textScale()));
     font.setWeight(weight);
     return font;
+}
+
+double widthOf(const QFont& font, const QString& text)
+{
+    return std::ceil(QFontMetricsF(font).horizontalAdvance(text));
 }
 
 QList<Row> rows(const RingCenter& center)
@@ -29,8 +37,10 @@ QList<Row> rows(const RingCenter& center)
     if (!center.indicator.isEmpty()) {
         result << Row::indicator;
     }
-    // While a filter is typed the field stands first, else what is selected does.
-    if (center.query.isEmpty() && !center.selectedName.isEmpty()) {
+    if (!center.launchHint.isEmpty() && center.query.isEmpty()) {
+        result << Row::launchHint;
+    } else if (center.query.isEmpty() && !center.selectedName.isEmpty()) {
+        // While a filter is typed the field stands first, else what is selected does.
         result << Row::name;
     }
     result << Row::field;
@@ -48,120 +58,232 @@ QList<Row> rows(const RingCenter& center)
 Label wanted(Row row, const RingCenter& center)
 {
     Label label{.row = row, .text = {}, .font = textFont(13), .rect = {}};
-    QSizeF least;
+    double room = 15; // Above and below the text together.
+    double leastWidth = 0;
     switch (row) {
     case Row::indicator:
         label.text = center.indicator;
         label.font = textFont(11, QFont::DemiBold);
         label.padding = 16.5;
-        least.setHeight(19);
+        room = 6;
         break;
     case Row::name:
         label.text = center.selectedName;
         label.font = textFont(14, QFont::DemiBold);
         label.padding = 13;
         label.cornerRadius = 10;
-        least.setHeight(32);
         break;
     case Row::field:
         label.text = center.query;
         label.padding = 14;
-        least = leastField;
+        leastWidth
+            = std::max(leastFieldWidth, widthOf(label.font, center.hint) + 2 * label.padding);
         break;
     case Row::message:
         label.text = center.message;
         label.padding = 13;
         label.cornerRadius = 10;
-        least.setHeight(32);
         break;
     case Row::spinner:
     case Row::launchHint:
-        least = {24, 24};
+        leastWidth = 24;
+        room = 9;
         break;
     }
-    const double textWidth = std::ceil(QFontMetricsF(label.font).horizontalAdvance(label.text));
-    const double width = std::max(least.width(), textWidth + 2 * label.padding);
-    label.rect = QRectF(-width / 2, -least.height() / 2, width, least.height());
+    const double height = std::ceil(QFontMetricsF(label.font).height()) + room;
+    const double width = std::max(leastWidth, widthOf(label.font, label.text) + 2 * label.padding);
+    label.rect = QRectF(-width / 2, -height / 2, width, height);
     if (label.cornerRadius == 0) {
-        label.cornerRadius = least.height() / 2;
+        label.cornerRadius = height / 2;
     }
     return label;
 }
 
 /// The widest label that stays inside the hole at this height: its corners must not touch the band.
-double widthInHole(const RingGeometry& ring, const QRectF& rect, double cornerRadius)
+double widthInHole(const RingGeometry& ring, const Label& label)
 {
-    const double farthest = std::max(std::abs(rect.top() - ring.center.y()),
-                                     std::abs(rect.bottom() - ring.center.y()));
+    const double farthest = std::max(std::abs(label.rect.top() - ring.center.y()),
+                                     std::abs(label.rect.bottom() - ring.center.y()));
     // The rounding lets the corner's own circle touch instead of the corner.
-    const double y = std::max(farthest - cornerRadius, 0.0);
-    const double reach = ring.innerRadius - clearance - cornerRadius;
-    return 2 * (std::sqrt(std::max(reach * reach - y * y, 0.0)) + cornerRadius);
+    const double y = std::max(farthest - label.cornerRadius, 0.0);
+    const double reach = ring.innerRadius - clearance - label.cornerRadius;
+    return 2 * (std::sqrt(std::max(reach * reach - y * y, 0.0)) + label.cornerRadius);
 }
 
-/// The hint's label for one size of text and one width, as high as its text needs.
-Label hintLabel(const RingScene& scene, int textSize, double width)
+/// Puts the labels one below the other about the centre. A field that fades gives up its place.
+void stack(QList<Label>& labels, const RingScene& scene)
 {
-    Label label{.row = Row::launchHint,
-                .text = scene.center.launchHint,
-                .font = textFont(textSize),
-                .padding = 10,
-                .cornerRadius = 12,
-                .rect = {}};
-    const QRectF text = QFontMetricsF(label.font)
-                            .boundingRect(QRectF(0, 0, width - 2 * label.padding, 1000),
-                                          Qt::AlignCenter | Qt::TextWordWrap,
-                                          label.text);
-    label.rect.setSize(
-        {std::ceil(text.width()) + 2 * label.padding, std::ceil(text.height()) + label.padding});
-    label.rect.moveCenter(scene.geometry.center);
-    return label;
+    const auto shareOf = [&](const Label& label) {
+        return label.row == Row::field ? std::clamp(scene.center.fieldOpacity, 0.0, 1.0) : 1.0;
+    };
+    double height = -gap;
+    for (const Label& label : labels) {
+        height += shareOf(label) * (label.rect.height() + gap);
+    }
+    const QPointF center = scene.geometry.center;
+    double top = center.y() - std::max(height, 0.0) / 2;
+    for (Label& label : labels) {
+        const double share = shareOf(label);
+        label.rect.moveCenter({center.x(), top + share * label.rect.height() / 2});
+        top += share * (label.rect.height() + gap);
+    }
 }
 
-/// The largest text whose label fits into the hole and is wider than high.
-Label hintLabel(const RingScene& scene)
+Label* find(QList<Label>& labels, Row row)
 {
+    const auto found = std::ranges::find(labels, row, &Label::row);
+    return found == labels.end() ? nullptr : &*found;
+}
+
+void resize(Label& label, double width, double height)
+{
+    const QPointF center = label.rect.center();
+    label.rect.setSize({width, height});
+    label.rect.moveCenter(center);
+}
+
+/// Where `text` parts best into two lines of much the same width; 0 when it is a single word.
+qsizetype middleSpace(const QString& text, const QFont& font)
+{
+    qsizetype best = 0;
+    double least = 0;
+    for (qsizetype at = text.indexOf(u' '); at > 0; at = text.indexOf(u' ', at + 1)) {
+        const double width
+            = std::max(widthOf(font, text.left(at)), widthOf(font, text.mid(at + 1)));
+        if (best == 0 || width < least) {
+            best = at;
+            least = width;
+        }
+    }
+    return best;
+}
+
+/// Has a long name shrink a little, then take a second line, then lose its middle: what tells two
+/// applications of one maker apart is mostly the last word.
+void fitName(QList<Label>& labels, const RingScene& scene)
+{
+    Label* name = find(labels, Row::name);
+    if (!name) {
+        return;
+    }
+    const QFont full = name->font;
+    const QString text = name->text;
+    const double lineHeight = name->rect.height();
+    const auto room = [&] {
+        return widthInHole(scene.geometry, *name) - 2 * leastPadding;
+    };
+    for (int size = full.pixelSize(); size >= qRound(full.pixelSize() * leastNameScale); --size) {
+        name->font.setPixelSize(size);
+        const double width = widthOf(name->font, text);
+        if (width <= room()) {
+            resize(
+                *name, std::min(width + 2 * name->padding, room() + 2 * leastPadding), lineHeight);
+            name->padding = (name->rect.width() - width) / 2;
+            return;
+        }
+    }
+    const double smallLine = std::ceil(QFontMetricsF(name->font).height());
+    const qsizetype space = middleSpace(text, name->font);
+    const QFontMetricsF metrics(name->font);
+    if (space > 0) {
+        resize(*name, name->rect.width(), smallLine * 2 + 10);
+        stack(labels, scene);
+        name->text = metrics.elidedText(text.left(space), Qt::ElideRight, room()) + u'\n'
+            + metrics.elidedText(text.mid(space + 1), Qt::ElideLeft, room());
+    } else {
+        name->text = metrics.elidedText(text, Qt::ElideMiddle, room());
+    }
+    double widest = 0;
+    for (const QString& line : name->text.split(u'\n')) {
+        widest = std::max(widest, widthOf(name->font, line));
+    }
+    resize(*name,
+           std::min(widest + 2 * name->padding, room() + 2 * leastPadding),
+           name->rect.height());
+    name->padding = leastPadding;
+}
+
+bool fits(const Label& label, const RingScene& scene)
+{
+    const double room = widthInHole(scene.geometry, label);
+    if (label.row == Row::launchHint) {
+        return label.rect.width() <= room && label.rect.width() > label.rect.height();
+    }
+    const QString& text = label.row == Row::field ? scene.center.hint : label.text;
+    return widthOf(label.font, text) + 2 * leastPadding <= room;
+}
+
+/// Finds the largest text and the best width for the hint, beside whatever else is shown.
+void fitHint(QList<Label>& labels, const RingScene& scene)
+{
+    Label* hint = find(labels, Row::launchHint);
+    if (!hint) {
+        return;
+    }
     constexpr int largestText = 13;
     constexpr int smallestText = 9;
-    const RingGeometry& ring = scene.geometry;
-    Label label;
-    for (int size = largestText; size >= smallestText; --size) {
-        const double widest = 2 * ring.innerRadius - 8;
-        for (int narrower = 0; widest - narrower > ring.innerRadius; narrower += 4) {
-            label = hintLabel(scene, size, widest - narrower);
-            const QRectF& rect = label.rect;
-            if (rect.width() > rect.height()
-                && rect.width() <= widthInHole(ring, rect, label.cornerRadius)) {
-                return label;
+    hint->text = scene.center.launchHint;
+    hint->padding = 10;
+    hint->cornerRadius = 12;
+    const double widest = 2 * scene.geometry.innerRadius - 8;
+    for (int size = qRound(largestText * textScale()); size >= smallestText; --size) {
+        hint->font.setPixelSize(size);
+        const QFontMetricsF metrics(hint->font);
+        for (double width = widest; width > widest / 2; width -= 4) {
+            const QRectF text = metrics.boundingRect(QRectF(0, 0, width - 2 * hint->padding, 1000),
+                                                     Qt::AlignCenter | Qt::TextWordWrap,
+                                                     hint->text);
+            resize(*hint,
+                   std::ceil(text.width()) + 2 * hint->padding,
+                   std::ceil(text.height()) + hint->padding);
+            stack(labels, scene);
+            if (std::ranges::all_of(labels, [&](const Label& each) { return fits(each, scene); })) {
+                return;
             }
         }
     }
-    return label;
 }
+
+QList<Label> layOut(const RingScene& scene)
+{
+    QList<Label> placed;
+    for (const Row row : rows(scene.center)) {
+        placed << wanted(row, scene.center);
+    }
+    stack(placed, scene);
+    fitHint(placed, scene);
+    fitName(placed, scene);
+    for (Label& label : placed) {
+        resize(label,
+               std::min(label.rect.width(), widthInHole(scene.geometry, label)),
+               label.rect.height());
+    }
+    return placed;
+}
+
+/// What the last layout was made from. A frame asks for it several times, and the next frame mostly
+/// for the same again.
+struct Remembered
+{
+    RingCenter center;
+    RingGeometry geometry;
+    QFont font;
+    QList<Label> labels;
+};
 
 } // namespace
 
 QList<Label> labels(const RingScene& scene)
 {
-    if (!scene.center.launchHint.isEmpty() && scene.center.query.isEmpty()) {
-        return {hintLabel(scene)};
+    static Remembered last; // Painting is the main thread's.
+    const QFont font = QGuiApplication::font();
+    RingGeometry geometry = scene.geometry;
+    geometry.slotCount = 0;
+    if (last.labels.isEmpty() || !(last.center == scene.center) || !(last.geometry == geometry)
+        || last.font != font) {
+        last = {scene.center, geometry, font, layOut(scene)};
     }
-    QList<Label> placed;
-    double height = -gap;
-    for (const Row row : rows(scene.center)) {
-        placed << wanted(row, scene.center);
-        height += placed.last().rect.height() + gap;
-    }
-    const RingGeometry& ring = scene.geometry;
-    double top = ring.center.y() - height / 2;
-    for (Label& label : placed) {
-        label.rect.moveTop(top);
-        label.rect.setWidth(
-            std::min(label.rect.width(), widthInHole(ring, label.rect, label.cornerRadius)));
-        label.rect.moveLeft(ring.center.x() - label.rect.width() / 2);
-        top += label.rect.height() + gap;
-    }
-    return placed;
+    return last.labels;
 }
 
 QList<Label> visibleLabels(const RingScene& scene)
@@ -176,13 +298,7 @@ QList<Label> visibleLabels(const RingScene& scene)
 QRectF fieldRect(const RingScene& scene)
 {
     const QList<Label> placed = labels(scene);
-    const auto field = std::ranges::find(placed, Row::field, &Label::row);
-    if (field != placed.end()) {
-        return field->rect;
-    }
-    QRectF rect({}, leastField);
-    rect.moveCenter(scene.geometry.center);
-    return rect;
+    return std::ranges::find(placed, Row::field, &Label::row)->rect;
 }
 
 } // namespace Tavik::CenterLayout

@@ -23,7 +23,7 @@ enum class Row {
 struct Label
 {
     Row row = Row::field;
-    QString text;
+    QString text; ///< A name may have two lines.
     QFont font;
     double padding = 0; ///< Between the label's edge and its text, on either side.
     double cornerRadius = 0;
@@ -34,7 +34,7 @@ struct Label
 [[nodiscard]] QList<Label> labels(const RingScene& scene);
 /// Of the labels those that are seen.
 [[nodiscard]] QList<Label> visibleLabels(const RingScene& scene);
-/// Where the filter field's label is, or would be while a launch hint has its place.
+/// Where the filter field's label is, also once it has faded.
 [[nodiscard]] QRectF fieldRect(const RingScene& scene);
 
 } // namespace Tavik::CenterLayout

@@ -18,7 +18,7 @@ using CenterLayout::Row;
 
 namespace {
 
-constexpr QColor dimText(255, 255, 255, 150);
+constexpr QColor dimText(255, 255, 255, 178);
 
 void paintPill(QPainter& painter, const RingScene& scene, const Label& label)
 {
@@ -96,7 +96,8 @@ void paintLabel(QPainter& painter, const RingScene& scene, const Label& label)
         paintField(painter, scene, label);
         break;
     case Row::name:
-        drawText(painter, label.rect, elided(label, label.text, Qt::ElideRight), Qt::white);
+        painter.setPen(Qt::white);
+        painter.drawText(label.rect, Qt::AlignCenter, label.text);
         break;
     case Row::message:
         drawText(painter, label.rect, elided(label, label.text, Qt::ElideRight), dimText);

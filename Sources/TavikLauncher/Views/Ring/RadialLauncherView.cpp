@@ -15,6 +15,8 @@
 #include <QPainter>
 #include <QWheelEvent>
 
+#include <algorithm>
+
 namespace Tavik {
 
 using namespace Qt::StringLiterals;
@@ -41,6 +43,7 @@ RadialLauncherView::RadialLauncherView(const Dependencies& dependencies, QWidget
     setAccessibleName(u"Tavik Launcher"_s);
     connectInteraction();
     connectSurroundings();
+    refreshStyle();
     m_interaction.appear();
 }
 
@@ -70,6 +73,7 @@ void RadialLauncherView::connectSurroundings()
         refreshAppearance();
     });
     connect(&m_dependencies.ring.settings, &LauncherSettings::propertyChanged, this, [this] {
+        refreshStyle();
         refreshAppearance();
     });
     connect(
@@ -83,7 +87,7 @@ void RadialLauncherView::connectSurroundings()
 
 double RadialLauncherView::diameter() const
 {
-    return m_dependencies.ring.presentation.diameterOverride().value_or(
+    return m_dependencies.ring.presentation.effectiveDiameter(
         m_dependencies.ring.settings.ringDiameter());
 }
 
@@ -105,20 +109,30 @@ QPointF RadialLauncherView::inRingPlane(QPointF position) const
 
 RingIcons::Measures RadialLauncherView::iconMeasures() const
 {
-    return {.side = geometryInPoints().effectiveIconSize, .ratio = devicePixelRatioF()};
+    return {.side = geometryInPoints().drawnIconSize(), .ratio = devicePixelRatioF()};
 }
 
-RingScene RadialLauncherView::scene()
+const RingScene& RadialLauncherView::scene()
+{
+    if (!m_isSceneCurrent) {
+        m_scene = sceneNow();
+        m_isSceneCurrent = true;
+    }
+    return m_scene;
+}
+
+RingScene RadialLauncherView::sceneNow()
 {
     RingScene scene;
     scene.geometry = geometryInPoints();
-    scene.style = RingStyle::make(m_dependencies.ring.settings);
+    scene.style = m_style;
     scene.diameter = diameter();
     scene.devicePixelRatio = devicePixelRatioF();
     scene.wedgeDegrees = m_motion.highlightDegrees();
     scene.showsWedge = m_interaction.selectedIndex() < m_interaction.ringApps().size();
     scene.isOpaque = !m_dependencies.windowServer.isCompositing();
     scene.center = centerTexts();
+    scene.selectedSlot = m_interaction.hasActiveSelection() ? m_interaction.selectedIndex() : -1;
 
     const RingIcons::Measures measures = iconMeasures();
     const QList<IndexedApp>& apps = m_interaction.ringApps();
@@ -148,17 +162,23 @@ RingCenter RadialLauncherView::centerTexts() const
                             .spinnerStep = static_cast<int>(m_spinnerTurns * 12) % 12});
 }
 
+/// Parses the colours, which no frame is to do again.
+void RadialLauncherView::refreshStyle()
+{
+    m_style = RingStyle::make(m_dependencies.ring.settings);
+}
+
 QRect RadialLauncherView::slotRect(int slot)
 {
     const RingGeometry ring = geometryInPoints();
     const QPointF center = ring.slotCenter(slot) - inRingPlane({0, 0});
-    const double side = ring.effectiveIconSize;
+    const double side = ring.drawnIconSize();
     return QRectF(center.x() - side / 2, center.y() - side / 2, side, side).toAlignedRect();
 }
 
 void RadialLauncherView::paintEvent(QPaintEvent* event)
 {
-    const RingScene now = scene();
+    const RingScene& now = scene();
     QPainter painter(this);
     const LauncherPresentationState& presentation = m_dependencies.ring.presentation;
     const bool isInFlight = presentation.scale() != 1.0 || presentation.opacity() != 1.0;
@@ -166,10 +186,11 @@ void RadialLauncherView::paintEvent(QPaintEvent* event)
         RingPainter::paint(painter, now, m_images.band(now), event->rect());
     } else if (now.isOpaque) {
         // Without blending there is no fading and no shape in flight: the ring stands at once.
-        RingPainter::paintInFlight(painter, m_images.wholeRing(now), {});
+        RingPainter::paintInFlight(painter, now, m_images.wholeRing(now), {});
     } else {
         RingPainter::paintInFlight(
             painter,
+            now,
             m_images.wholeRing(now),
             {.scale = presentation.scale(), .opacity = presentation.opacity()});
     }
@@ -177,8 +198,8 @@ void RadialLauncherView::paintEvent(QPaintEvent* event)
 
 void RadialLauncherView::renderAhead()
 {
-    const RingScene next = scene();
-    static_cast<void>(m_images.wholeRing(next));
+    m_isSceneCurrent = false;
+    static_cast<void>(m_images.wholeRing(scene()));
     updateShape();
 }
 
@@ -196,7 +217,8 @@ void RadialLauncherView::scheduleRenderAhead()
 
 void RadialLauncherView::updateShape()
 {
-    const RingScene now = scene();
+    m_isSceneCurrent = false; // The compositor may have come or gone.
+    const RingScene& now = scene();
     if (now == m_shapedScene) {
         return;
     }
@@ -210,6 +232,7 @@ void RadialLauncherView::updateShape()
 
 void RadialLauncherView::refreshAppearance()
 {
+    m_isSceneCurrent = false;
     placeFilterField();
     if (isVisible()) {
         update();
@@ -232,8 +255,9 @@ void RadialLauncherView::ringChanged()
 void RadialLauncherView::highlightMoved(bool animated)
 {
     const bool moves = animated && isVisible() && !m_dependencies.appearance.reducesMotion();
-    const RingScene before = moves ? RingScene() : scene();
+    const RingScene before = m_scene;
     m_motion.follow(m_interaction, moves);
+    m_isSceneCurrent = false;
     if (moves) {
         startFrames();
     } else if (isVisible()) {
@@ -244,10 +268,12 @@ void RadialLauncherView::highlightMoved(bool animated)
 
 void RadialLauncherView::centerChanged()
 {
+    m_isSceneCurrent = false;
     if (m_filterField->text() != m_interaction.query()) {
         m_filterField->setText(m_interaction.query());
     }
     showField();
+    setCursor(scene().center.isInvitation ? Qt::PointingHandCursor : Qt::ArrowCursor);
     const bool spins = m_interaction.isFiltering() && m_interaction.isIndexing();
     if (spins && isVisible()) {
         startFrames();
@@ -286,8 +312,12 @@ void RadialLauncherView::stepFrame()
     if (before.isOpaque && m_fieldFade.opacity() != before.center.fieldOpacity) {
         updateShape();
     }
+    if (m_fieldFade.isFading()) {
+        placeFilterField();
+    }
     const bool spins = before.center.spinnerStep >= 0;
     m_spinnerTurns = spins ? m_spinnerTurns + seconds / spinnerTurnSeconds : 0;
+    m_isSceneCurrent = false;
 
     repaintHighlight(before);
     if (!isVisible() || (!turns && !spins && !m_fieldFade.isFading())) {
@@ -318,6 +348,8 @@ bool RadialLauncherView::event(QEvent* event)
 {
     switch (event->type()) {
     case QEvent::PaletteChange:
+        refreshStyle();
+        [[fallthrough]];
     case QEvent::FontChange:
     case QEvent::ScreenChangeInternal:
         prefetchIcons();
@@ -368,7 +400,25 @@ void RadialLauncherView::mouseMoveEvent(QMouseEvent* event)
 
 void RadialLauncherView::mousePressEvent(QMouseEvent* event)
 {
-    m_pointer.press(inRingPlane(event->position()), event->button(), geometryInPoints());
+    const QPointF position = inRingPlane(event->position());
+    if (event->button() == Qt::LeftButton && isOnInvitation(position)) {
+        m_dependencies.onClose();
+        if (m_dependencies.onFillRing) {
+            m_dependencies.onFillRing();
+        }
+        return;
+    }
+    // Without blending the ring is not seen to grow.
+    const double scale = scene().isOpaque ? 1 : m_dependencies.ring.presentation.scale();
+    m_pointer.press(position, event->button(), geometryInPoints(), scale);
+}
+
+bool RadialLauncherView::isOnInvitation(QPointF position)
+{
+    const QList<CenterLayout::Label> labels = CenterLayout::visibleLabels(scene());
+    return scene().center.isInvitation && std::ranges::any_of(labels, [&](const auto& label) {
+               return label.row == CenterLayout::Row::launchHint && label.rect.contains(position);
+           });
 }
 
 void RadialLauncherView::mouseReleaseEvent(QMouseEvent* event)

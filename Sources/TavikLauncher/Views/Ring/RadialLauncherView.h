@@ -37,6 +37,7 @@ public:
         WindowServer& windowServer;
         DesktopAppearance& appearance;
         std::function<void()> onClose;
+        std::function<void()> onFillRing = {}; ///< Leads to where an empty ring is filled.
     };
 
     explicit RadialLauncherView(const Dependencies& dependencies, QWidget* parent = nullptr);
@@ -44,8 +45,8 @@ public:
 
     [[nodiscard]] RingInteraction& interaction() { return m_interaction; }
     [[nodiscard]] const RingInteraction& interaction() const { return m_interaction; }
-    /// Everything as it is to be drawn now.
-    [[nodiscard]] RingScene scene();
+    /// Everything as it is to be drawn now; made once for a frame.
+    [[nodiscard]] const RingScene& scene();
     /// The slot's wedge as a rectangle around its icon, in this widget's plane.
     [[nodiscard]] QRect slotRect(int slot);
     [[nodiscard]] FilterField& filterField() { return *m_filterField; }
@@ -78,12 +79,15 @@ private:
     [[nodiscard]] QPointF inRingPlane(QPointF position) const;
     [[nodiscard]] RingIcons::Measures iconMeasures() const;
     [[nodiscard]] RingCenter centerTexts() const;
+    [[nodiscard]] RingScene sceneNow();
+    [[nodiscard]] bool isOnInvitation(QPointF position);
 
     void connectInteraction();
     void connectSurroundings();
     void ringChanged();
     void highlightMoved(bool animated);
     void centerChanged();
+    void refreshStyle();
     void refreshAppearance();
     void prefetchIcons();
     void startFrames();
@@ -100,6 +104,9 @@ private:
     RingMotion m_motion;
     FilterField* m_filterField;
 
+    RingStyle m_style;
+    RingScene m_scene; ///< As last made; see `m_isSceneCurrent`.
+    bool m_isSceneCurrent = false;
     RingImageCache m_images;
     RingScene m_shapedScene; ///< What the panel's shape was made from.
     FieldFade m_fieldFade;

@@ -34,6 +34,10 @@ RingCenter ringCenterTexts(const RingInteraction& ring, const RingCenterConditio
         }
     }
     center.launchHint = ring.launchHint().value_or(QString());
+    if (!ring.isFiltering() && apps.isEmpty()) {
+        center.launchHint = u"Nothing here yet. Click to add apps in Settings → Permanent Apps."_s;
+        center.isInvitation = true;
+    }
     return center;
 }
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Ring/RingGeometry.h>
 #include <TavikLauncher/Views/Ring/RingIcons.h>
 
 #include <QGuiApplication>
@@ -11,12 +12,11 @@ namespace Tavik {
 
 namespace {
 
-constexpr double selectedScale = 1.08;
 constexpr qsizetype catalogHead = 24;
 
 int pixels(RingIcons::Size size, const RingIcons::Measures& measures)
 {
-    const double scale = size == RingIcons::Size::selected ? selectedScale : 1;
+    const double scale = size == RingIcons::Size::selected ? RingGeometry::selectedScale : 1;
     return static_cast<int>(std::lround(measures.side * measures.ratio * scale));
 }
 

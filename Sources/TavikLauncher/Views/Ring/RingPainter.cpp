@@ -3,6 +3,7 @@
 #include <TavikLauncher/Views/Ring/CenterLayout.h>
 #include <TavikLauncher/Views/Ring/CenterPainter.h>
 #include <TavikLauncher/Views/Ring/RingPainter.h>
+#include <TavikLauncher/Views/Ring/SlotPainter.h>
 
 #include <QLinearGradient>
 #include <QPainter>
@@ -31,10 +32,6 @@ constexpr double materialOpacity = 0.45;
 constexpr QColor materialColor(40, 40, 42);
 constexpr QColor opaqueBase(28, 28, 30);
 constexpr double shadowReach = 0.05; // Of the diameter: all the room the panel leaves.
-constexpr double emphasisScale = 0.08;
-constexpr double dimmedOpacity = 0.72;
-constexpr double dotRadius = 3.0;
-constexpr double dotGap = 6.0;
 
 double margin(const RingScene& scene)
 {
@@ -52,11 +49,7 @@ QRectF wedgeBounds(const RingScene& scene)
 
 QRectF slotBounds(const RingScene& scene, const RingIcon& icon)
 {
-    const RingGeometry& ring = scene.geometry;
-    const double reach
-        = std::max(ring.haloSize, ring.effectiveIconSize * 1.2) / 2 + dotGap + 2 * dotRadius;
-    const QPointF center = icon.center + QPointF(margin(scene), margin(scene));
-    return {center.x() - reach, center.y() - reach, 2 * reach, 2 * reach};
+    return SlotPainter::bounds(scene, icon).translated(margin(scene), margin(scene));
 }
 
 /// A drawing surface of the panel's size, with its painter's plane moved to the ring's.
@@ -145,86 +138,12 @@ void paintWedge(QPainter& painter, const RingScene& scene)
     painter.drawPath(wedge);
 }
 
-void paintHalo(QPainter& painter, const RingScene& scene, const RingIcon& icon)
-{
-    const double strength = std::clamp(icon.emphasis, 0.0, 1.0);
-    if (strength <= 0) {
-        return;
-    }
-    constexpr double lineWidth = 2;
-    const double radius = scene.geometry.haloSize / 2 - lineWidth / 2;
-    painter.setPen(QPen(withOpacity(scene.style.accent, 0.35 * strength), lineWidth));
-    painter.setBrush(withOpacity(scene.style.accent, 0.22 * strength));
-    painter.drawEllipse(icon.center, radius, radius);
-}
-
-/// Puts an image that is already at its final size exactly on the device's pixels.
-void drawOnPixels(QPainter& painter, QPointF center, const QImage& image, double ratio)
-{
-    const QPointF origin = painter.transform().map(center) * ratio;
-    const QPointF corner(std::round(origin.x() - image.width() / 2.0),
-                         std::round(origin.y() - image.height() / 2.0));
-    const QTransform inverse = painter.transform().inverted();
-    painter.drawImage(inverse.map(corner / ratio), image);
-}
-
-void paintIcon(QPainter& painter, const RingScene& scene, const RingIcon& icon)
-{
-    const double strength = std::clamp(icon.emphasis, 0.0, 1.0);
-    const bool dims = !icon.isRunning && icon.dimsWhenNotRunning;
-    const double opacity = dims ? dimmedOpacity + (1 - dimmedOpacity) * strength : 1.0;
-    const double outerOpacity = painter.opacity();
-    painter.setOpacity(outerOpacity * opacity);
-
-    if (icon.icon.isNull()) {
-        const double side = scene.geometry.effectiveIconSize * 0.8;
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(withOpacity(Qt::white, 0.10));
-        painter.drawRoundedRect(
-            QRectF(icon.center.x() - side / 2, icon.center.y() - side / 2, side, side), 12, 12);
-    } else if (icon.emphasis == 0) {
-        drawOnPixels(painter, icon.center, icon.icon, scene.devicePixelRatio);
-    } else if (icon.emphasis == 1 && !icon.emphasizedIcon.isNull()) {
-        drawOnPixels(painter, icon.center, icon.emphasizedIcon, scene.devicePixelRatio);
-    } else {
-        const bool isSharp = !icon.emphasizedIcon.isNull();
-        const QImage& source = isSharp ? icon.emphasizedIcon : icon.icon;
-        const double scale
-            = (1 + emphasisScale * icon.emphasis) / (isSharp ? 1 + emphasisScale : 1.0);
-        const QSizeF size = source.deviceIndependentSize() * scale;
-        const QPointF corner = icon.center - QPointF(size.width(), size.height()) / 2;
-        painter.drawImage(QRectF(corner, size), source);
-    }
-    painter.setOpacity(outerOpacity);
-}
-
-/// Below the icon, on the band.
-void paintRunningDot(QPainter& painter, const RingScene& scene, const RingIcon& icon)
-{
-    if (!scene.style.showsRunningDot || !icon.isRunning) {
-        return;
-    }
-    const RingGeometry& ring = scene.geometry;
-    const double bandLimit = (ring.outerRadius - ring.innerRadius) / 2 - dotRadius - 1;
-    const double offset = std::min(ring.effectiveIconSize / 2 + dotGap, std::max(bandLimit, 0.0));
-    const QPointF place = icon.center + QPointF(0, offset);
-    painter.setPen(QPen(withOpacity(Qt::black, 0.25), 1));
-    painter.setBrush(scene.style.dot);
-    painter.drawEllipse(place, dotRadius, dotRadius);
-}
-
 void paintInRingPlane(QPainter& painter, const RingScene& scene, const QRectF& dirty)
 {
     if (scene.showsWedge) {
         paintWedge(painter, scene);
     }
-    for (const RingIcon& icon : scene.icons) {
-        if (slotBounds(scene, icon).intersects(dirty)) {
-            paintHalo(painter, scene, icon);
-            paintIcon(painter, scene, icon);
-            paintRunningDot(painter, scene, icon);
-        }
-    }
+    SlotPainter::paintSlots(painter, scene, dirty);
     CenterPainter::paint(painter, scene);
 }
 
@@ -262,18 +181,41 @@ void paint(QPainter& painter, const RingScene& scene, const QImage& band, const 
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform
                            | QPainter::TextAntialiasing);
     painter.translate(offset, offset);
-    paintInRingPlane(painter, scene, dirty);
+    paintInRingPlane(painter, scene, dirty.translated(-offset, -offset));
     painter.translate(-offset, -offset);
 }
 
-void paintInFlight(QPainter& painter, const QImage& ring, const Flight& flight)
+void paintInFlight(QPainter& painter,
+                   const RingScene& scene,
+                   const QImage& ring,
+                   const Flight& flight)
 {
     const QSizeF size = ring.deviceIndependentSize();
     const QSizeF scaled = size * flight.scale;
     const QPointF corner((size.width() - scaled.width()) / 2,
                          (size.height() - scaled.height()) / 2);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.setOpacity(flight.opacity);
+    if (flight.scale > 1 && !scene.isOpaque) {
+        // The panel leaves room for the ring's overshoot, but not for its shadow's, which would be
+        // cut off to a square. The shadow stays as it is at rest, and the ring grows over it.
+        const double reach = scene.geometry.outerRadius * flight.scale;
+        const QPointF center(size.width() / 2, size.height() / 2);
+        QPainterPath disc;
+        disc.addEllipse(center, reach, reach);
+        QPainterPath surroundings;
+        surroundings.addRect(QRectF(QPointF(), size));
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setClipPath(surroundings.subtracted(disc));
+        painter.drawImage(QPointF(), ring);
+        painter.restore();
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setClipPath(disc);
+    }
+    // Where pixels are this small nobody sees the difference in flight, and it costs most of a
+    // frame.
+    constexpr double fine = 2;
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, scene.devicePixelRatio < fine);
     painter.drawImage(QRectF(corner, scaled), ring);
 }
 
@@ -289,7 +231,9 @@ QRegion dirtyRegion(const RingScene& before, const RingScene& now)
         dirty += wedgeBounds(now).toAlignedRect();
     }
     for (qsizetype slot = 0; slot < now.icons.size(); ++slot) {
-        if (!(before.icons.at(slot) == now.icons.at(slot))) {
+        const bool changesPlace = before.selectedSlot != now.selectedSlot
+            && (slot == before.selectedSlot || slot == now.selectedSlot);
+        if (changesPlace || !(before.icons.at(slot) == now.icons.at(slot))) {
             dirty += slotBounds(now, now.icons.at(slot)).toAlignedRect();
         }
     }

@@ -25,8 +25,11 @@ struct Flight
     double scale = 1; ///< About the panel's centre.
     double opacity = 1;
 };
-/// Draws the whole ring's image at one moment of the opening animation.
-void paintInFlight(QPainter& painter, const QImage& ring, const Flight& flight);
+/// Draws the image of the whole scene at one moment of the opening animation.
+void paintInFlight(QPainter& painter,
+                   const RingScene& scene,
+                   const QImage& ring,
+                   const Flight& flight);
 /// What must be repainted when the highlight, a slot or the centre changes from `before` to `now`.
 [[nodiscard]] QRegion dirtyRegion(const RingScene& before, const RingScene& now);
 /// The visible part of the panel, for a desktop that does not blend windows.

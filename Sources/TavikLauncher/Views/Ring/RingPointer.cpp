@@ -17,10 +17,14 @@ RingPointer::RingPointer(RingInteraction& interaction, std::function<void()> onC
     , m_onClose(std::move(onClose))
 { }
 
-void RingPointer::press(QPointF position, Qt::MouseButton button, const RingGeometry& ring)
+void RingPointer::press(QPointF position,
+                        Qt::MouseButton button,
+                        const RingGeometry& ring,
+                        double scale)
 {
-    m_pressedSlot = button == Qt::LeftButton ? ring.slotAt(position) : std::nullopt;
     const QPointF offset = position - ring.center;
+    m_pressedSlot
+        = button == Qt::LeftButton ? ring.slotAt(ring.center + offset / scale) : std::nullopt;
     if (std::hypot(offset.x(), offset.y()) > ring.outerRadius) {
         // The panel's transparent corners look like what lies below: a click there is outside.
         m_onClose();

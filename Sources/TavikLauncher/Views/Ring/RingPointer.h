@@ -18,7 +18,9 @@ public:
     /// `onClose` dismisses the ring.
     RingPointer(RingInteraction& interaction, std::function<void()> onClose);
 
-    void press(QPointF position, Qt::MouseButton button, const RingGeometry& ring);
+    /// `scale` is the ring's in the opening animation: what it has not reached yet cannot be meant.
+    void
+    press(QPointF position, Qt::MouseButton button, const RingGeometry& ring, double scale = 1);
     /// Launches the slot on which the same button was pressed.
     void release(QPointF position, Qt::MouseButton button, const RingGeometry& ring);
     /// `angle` in eighths of a degree, positive away from the user.

@@ -34,6 +34,7 @@ struct RingCenter
     QString selectedName;
     QString message; ///< "No matches".
     QString launchHint;
+    bool isInvitation = false; ///< The hint says how to fill an empty ring, and can be clicked.
     int spinnerStep = -1; ///< 0 to 11 while the catalog is being indexed, else -1.
 
     bool operator==(const RingCenter&) const = default;
@@ -49,6 +50,7 @@ struct RingScene
     double devicePixelRatio = 1;
     double wedgeDegrees = -90;
     bool showsWedge = false;
+    int selectedSlot = -1; ///< Drawn above its neighbours.
     bool isOpaque = false; ///< No compositor blends the panel.
     QList<RingIcon> icons;
     RingCenter center;

@@ -12,7 +12,7 @@ namespace Tavik {
 struct ToastPill
 {
     bool isProminent = true; ///< A quieter grey when false.
-    double opacity = 1; ///< 0 to 1.
+    double opacity = 1; ///< 0 to 1; at 0 the text is still readable.
     double cornerRadius = 0; ///< Points.
 
     /// `isOpaque` ignores the opacity, where nothing would shine through anyway.

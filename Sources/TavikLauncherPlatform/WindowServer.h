@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QRegion>
 #include <QtGui/qwindowdefs.h>
 
 #include <functional>
@@ -29,6 +30,9 @@ public:
     virtual void preparePanel(WId window) = 0;
     /// Keeps a window of ours out of taskbar and pager, or brings it back.
     virtual void setSkipsTaskbar(WId window, bool skips) = 0;
+    /// Asks a compositor that can to blur what is seen through this part of the window, in device
+    /// pixels of the window; elsewhere nothing happens. An empty region asks for none.
+    virtual void setBlurBehind(WId, const QRegion&) { }
     /// Has the toolkit hear of every step in which the user moves the window, also where it would
     /// hear only of the last one. May be repeated.
     virtual void reportMoves(WId window) = 0;

@@ -6,8 +6,9 @@
 #include <QFile>
 #include <QPainter>
 #include <QProcess>
+#include <QRegularExpression>
 
-#include <array>
+#include <algorithm>
 #include <cstdio>
 
 using namespace Tavik;
@@ -60,38 +61,42 @@ bool drawIn(const Surroundings& surroundings, const QString& folder)
     return process.waitForFinished(longest) && process.exitCode() == 0;
 }
 
-/// Every picture of every desktop: a row for each desktop, a column for each picture.
-QImage contactSheet(const QList<QStringList>& rows)
+/// Every picture of every desktop, one desktop below the other.
+QImage contactSheet(const QList<QStringList>& desktops)
 {
     constexpr QSize cell(300, 240);
-    constexpr int gap = 8;
-    qsizetype columns = 0;
-    for (const QStringList& row : rows) {
-        columns = std::max(columns, row.size());
+    constexpr int gap = 10;
+    constexpr int columns = 7;
+    int rows = 0;
+    for (const QStringList& pictures : desktops) {
+        rows += int(pictures.size() + columns - 1) / columns;
     }
-    QImage sheet(int(columns) * (cell.width() + gap) + gap,
-                 int(rows.size()) * (cell.height() + gap) + gap,
+    QImage sheet(columns * (cell.width() + gap) + gap,
+                 rows * (cell.height() + gap) + gap,
                  QImage::Format_RGB32);
     sheet.fill(QColor(0x80, 0x82, 0x88));
     QPainter painter(&sheet);
-    for (int row = 0; row < rows.size(); ++row) {
-        for (int column = 0; column < rows.at(row).size(); ++column) {
-            const QImage picture = QImage(rows.at(row).at(column))
+    int above = 0;
+    for (const QStringList& pictures : desktops) {
+        for (int i = 0; i < pictures.size(); ++i) {
+            const QImage picture = QImage(pictures.at(i))
                                        .scaled(cell, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-            const QPoint corner(gap + column * (cell.width() + gap),
-                                gap + row * (cell.height() + gap));
-            painter.drawImage(corner
-                                  + QPoint((cell.width() - picture.width()) / 2,
-                                           (cell.height() - picture.height()) / 2),
-                              picture);
+            const QRect place(gap + i % columns * (cell.width() + gap),
+                              gap + (above + i / columns) * (cell.height() + gap),
+                              cell.width(),
+                              cell.height());
+            QRect frame(QPoint(), picture.size());
+            frame.moveCenter(place.center());
+            painter.drawImage(frame.topLeft(), picture);
         }
+        above += int(pictures.size() + columns - 1) / columns;
     }
     return sheet;
 }
 
-int drawAll(const QString& folder, const QString& only)
+int drawAll(const QString& folder, const QRegularExpression& only)
 {
-    QList<QStringList> rows;
+    QList<QStringList> desktops;
     for (const Surroundings& surroundings : allSurroundings()) {
         if (!surroundings.name().contains(only)) {
             continue;
@@ -101,13 +106,13 @@ int drawAll(const QString& folder, const QString& only)
             return 1;
         }
         const QDir made(QDir(folder).filePath(surroundings.name()));
-        QStringList row;
+        QStringList pictures;
         for (const QString& file : made.entryList({u"*.png"_s}, QDir::Files, QDir::Name)) {
-            row.append(made.filePath(file));
+            pictures.append(made.filePath(file));
         }
-        rows.append(row);
+        desktops.append(pictures);
     }
-    return contactSheet(rows).save(QDir(folder).filePath(u"sheet.png"_s)) ? 0 : 1;
+    return contactSheet(desktops).save(QDir(folder).filePath(u"sheet.png"_s)) ? 0 : 1;
 }
 
 int drawOne(const QString& scheme, double font, const QString& folder)
@@ -126,7 +131,7 @@ int drawOne(const QString& scheme, double font, const QString& folder)
 
 } // namespace
 
-/// tavik-gallery FOLDER [PART-OF-A-DESKTOP'S-NAME]
+/// tavik-gallery FOLDER [EXPRESSION]: those desktops only whose name has a part that matches.
 int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -136,8 +141,8 @@ int main(int argc, char** argv)
         return drawOne(arguments.at(2), arguments.at(3).toDouble(), arguments.at(4));
     }
     if (arguments.size() < 2) {
-        std::fputs("tavik-gallery FOLDER [PART], as light-1x or dark\n", stderr);
+        std::fputs("tavik-gallery FOLDER [EXPRESSION], as light-1x or dark\n", stderr);
         return 2;
     }
-    return drawAll(arguments.at(1), arguments.value(2));
+    return drawAll(arguments.at(1), QRegularExpression(arguments.value(2)));
 }

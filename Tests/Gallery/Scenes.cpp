@@ -4,6 +4,7 @@
 #include "../Views/Ring/PanelFixture.h"
 #include "../Views/SettingsWindow/SettingsWindowFixture.h"
 #include <TavikLauncher/Look/DesktopPalette.h>
+#include <TavikLauncher/Look/Look.h>
 #include <TavikLauncher/Settings/ThemePreset.h>
 #include <TavikLauncher/Views/Ring/RingPainter.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsSection.h>
@@ -91,8 +92,10 @@ QImage wallpaper(QSize size, double ratio, const QString& scheme)
     return image;
 }
 
+/// As it is in its window, whose colours these are.
 QImage pictureOf(QWidget& view)
 {
+    view.setPalette(Look::of(QApplication::palette()).palette());
     view.show();
     QCoreApplication::sendPostedEvents();
     QCoreApplication::processEvents();
@@ -235,6 +238,7 @@ void GalleryScenes::drawSmallWindows(const Keep& keep)
     FakeAppearance appearance;
     {
         OnboardingView tour(HotKeyConfig::defaultConfig(), {});
+        tour.resize(560, 420);
         keep(u"window-1-tour"_s, pictureOf(tour));
     }
     {
@@ -247,10 +251,10 @@ void GalleryScenes::drawSmallWindows(const Keep& keep)
         reindex.adjustSize();
         keep(u"window-4-reindexed"_s, pictureOf(reindex));
     }
+    appearance.reduced = true; // Nothing goes over into anything in a picture.
     FakeAccessibilityPermission permission;
     permission.trusted = false;
-    AccessibilityPermissionView view(permission,
-                                     desktop.mainQueue,
+    AccessibilityPermissionView view({permission, desktop.mainQueue, appearance},
                                      {.onDismiss = [] {},
                                       .onGranted =
                                           [] {

@@ -15,10 +15,12 @@ namespace {
 
 const QString appA = u"/Applications/A.app"_s;
 const QString appB = u"/usr/share/applications/b.desktop"_s;
+/// A file may be called by anything.
+const QString oddlyNamed = u"/Applications/odd\u0001\n.app"_s;
 
 struct Machine : SettingsStore
 {
-    Machine() { files.existing = {appA, appB, u"/usr/bin/tool"_s}; }
+    Machine() { files.existing = {appA, appB, oddlyNamed, u"/usr/bin/tool"_s}; }
 
     std::optional<ImportSummary> import(const QByteArray& contents)
     {
@@ -44,7 +46,7 @@ struct Machine : SettingsStore
                 row->restore(u"monthly"_s);
                 break;
             case QMetaType::QVariantList:
-                row->restore(QVariantList{appB, appA});
+                row->restore(QVariantList{appB, oddlyNamed});
                 break;
             default:
                 row->restore(HotKeyConfig::make(0x40000, 49).toJson());
@@ -205,7 +207,6 @@ void SettingsBackupTest::whatIsNoBackupChangesNothing_data()
         "\"ringColorHex\": \"\xff\xfe\"",
         R"("permanentAppPaths": "/Applications/A.app")",
         R"("permanentAppPaths": ["/Applications/A.app", 1])",
-        R"("permanentAppPaths": ["/Applications/A.app\n"])",
         R"("pinnedPermanentAppPaths": ["/Applications/\u0000A.app"])",
         R"("hotKeyConfig": "⌃⌥")",
         R"("hotKeyConfig": {"modifierFlagsRaw": 786432})",

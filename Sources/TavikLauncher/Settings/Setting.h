@@ -6,34 +6,48 @@
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
 #include <initializer_list>
+#include <optional>
 #include <type_traits>
 #include <utility>
 #include <vector>
 
 namespace Tavik {
 
-/// Brings a stored value into what the program can work with; also given the setting's default.
-template <typename T> using Repair = std::function<T(const T& value, const T& initial)>;
-
-template <typename T> [[nodiscard]] Repair<T> clamped(T low, T high)
+/// What a setting may be: a range, or one of a few values; without either it may be anything. Told
+/// once, in the setting's row, and read by what repairs stored values as by what offers them.
+template <typename T> struct Allowed
 {
-    return [low, high](const T& value, const T& initial) {
+    std::optional<std::pair<T, T>> range; ///< Both ends included.
+    std::vector<T> choices;
+
+    /// A stored value as the program can work with it.
+    [[nodiscard]] T repaired(const T& value, const T& initial) const
+    {
         if constexpr (std::is_floating_point_v<T>) {
-            if (std::isnan(value)) {
+            if (range && std::isnan(value)) {
                 return initial;
             }
         }
-        return std::clamp(value, low, high);
-    };
+        if constexpr (std::is_arithmetic_v<T>) {
+            if (range) {
+                return std::clamp(value, range->first, range->second);
+            }
+        }
+        const bool isAllowed
+            = choices.empty() || std::ranges::find(choices, value) != choices.end();
+        return isAllowed ? value : initial;
+    }
+};
+
+template <typename T> [[nodiscard]] Allowed<T> clamped(T low, T high)
+{
+    return {.range = std::pair(low, high), .choices = {}};
 }
 
-template <typename T> [[nodiscard]] Repair<T> oneOf(std::initializer_list<T> allowed)
+template <typename T> [[nodiscard]] Allowed<T> oneOf(std::initializer_list<T> choices)
 {
-    return [choices = std::vector<T>(allowed)](const T& value, const T& initial) {
-        return std::ranges::find(choices, value) != choices.end() ? value : initial;
-    };
+    return {.range = {}, .choices = choices};
 }
 
 /// A stored setting: `setting()` reads, `setting.set(value)` assigns. It is read from the user
@@ -46,16 +60,17 @@ public:
             QStringView name,
             T initial,
             QStringView notification = {},
-            Repair<T> repair = {})
+            Allowed<T> allowed = {})
         : SettingRow(table, name, notification)
         , m_initial(std::move(initial))
-        , m_repair(std::move(repair))
+        , m_allowed(std::move(allowed))
         , m_value(repaired(StoredValue::decoded<T>(read()).value_or(m_initial)))
     { }
 
     [[nodiscard]] const T& operator()() const { return m_value; }
     /// The value in force when nothing valid is stored.
     [[nodiscard]] const T& initialValue() const { return m_initial; }
+    [[nodiscard]] const Allowed<T>& allowed() const { return m_allowed; }
 
     /// Assigns, writes and tells, in this order, also when the value stays the same.
     void set(T value)
@@ -77,13 +92,10 @@ public:
     }
 
 private:
-    [[nodiscard]] T repaired(const T& value) const
-    {
-        return m_repair ? m_repair(value, m_initial) : value;
-    }
+    [[nodiscard]] T repaired(const T& value) const { return m_allowed.repaired(value, m_initial); }
 
     T m_initial;
-    Repair<T> m_repair;
+    Allowed<T> m_allowed;
     T m_value;
 };
 

@@ -116,11 +116,10 @@ QVariant decodedText(const QJsonValue& value)
                                                                : QVariant();
 }
 
+/// A file may be called by anything but the end of a text; what was exported has to come back.
 bool isPath(const QVariant& text)
 {
-    return text.isValid() && std::ranges::none_of(text.toString(), [](QChar character) {
-               return character.category() == QChar::Other_Control;
-           });
+    return text.isValid() && !text.toString().contains(QChar(u'\0'));
 }
 
 QVariant decodedPaths(const QJsonValue& value)

@@ -407,6 +407,12 @@ private Q_SLOTS:
                 QVERIFY(image.pixelColor(point).alpha() < 12);
             }
         }
+        // Between two slots the band itself has grown beyond where it rests.
+        const RingGeometry& rested = fixture.ring().scene().geometry;
+        const double between = (rested.slotAngle(0) + rested.sectorDegrees() / 2) * M_PI / 180;
+        const QPointF grown = QPointF(center)
+            + rested.outerRadius * 1.06 * QPointF(std::cos(between), std::sin(between));
+        QVERIFY(image.pixelColor(grown.toPoint()).alpha() > 150);
     }
 
     void wheelTurnsTheSelectionStepByStep()

@@ -18,10 +18,10 @@ constexpr double clearance = 3.0; // Between a label and the band.
 constexpr double leastNameScale = 0.85;
 constexpr double leastPadding = 8.0;
 
-QFont textFont(double size, QFont::Weight weight = QFont::Normal)
+QFont textFont(double size, double scale, QFont::Weight weight = QFont::Normal)
 {
     QFont font = QGuiApplication::font();
-    font.setPixelSize(qRound(size * textScale()));
+    font.setPixelSize(qRound(size * scale));
     font.setWeight(weight);
     return font;
 }
@@ -55,21 +55,21 @@ QList<Row> rows(const RingCenter& center)
 }
 
 /// A label of the size that its text asks for, about the origin.
-Label wanted(Row row, const RingCenter& center)
+Label wanted(Row row, const RingCenter& center, double scale)
 {
-    Label label{.row = row, .text = {}, .font = textFont(13), .rect = {}};
+    Label label{.row = row, .text = {}, .font = textFont(13, scale), .rect = {}};
     double room = 15; // Above and below the text together.
     double leastWidth = 0;
     switch (row) {
     case Row::indicator:
         label.text = center.indicator;
-        label.font = textFont(11, QFont::DemiBold);
+        label.font = textFont(11, scale, QFont::DemiBold);
         label.padding = 16.5;
         room = 6;
         break;
     case Row::name:
         label.text = center.selectedName;
-        label.font = textFont(14, QFont::DemiBold);
+        label.font = textFont(14, scale, QFont::DemiBold);
         label.padding = 13;
         label.cornerRadius = 10;
         break;
@@ -214,7 +214,7 @@ bool fits(const Label& label, const RingScene& scene)
 }
 
 /// Finds the largest text and the best width for the hint, beside whatever else is shown.
-void fitHint(QList<Label>& labels, const RingScene& scene)
+void fitHint(QList<Label>& labels, const RingScene& scene, double scale)
 {
     Label* hint = find(labels, Row::launchHint);
     if (!hint) {
@@ -226,7 +226,7 @@ void fitHint(QList<Label>& labels, const RingScene& scene)
     hint->padding = 10;
     hint->cornerRadius = 12;
     const double widest = 2 * scene.geometry.innerRadius - 8;
-    for (int size = qRound(largestText * textScale()); size >= smallestText; --size) {
+    for (int size = qRound(largestText * scale); size >= smallestText; --size) {
         hint->font.setPixelSize(size);
         const QFontMetricsF metrics(hint->font);
         for (double width = widest; width > widest / 2; width -= 4) {
@@ -244,19 +244,35 @@ void fitHint(QList<Label>& labels, const RingScene& scene)
     }
 }
 
-QList<Label> layOut(const RingScene& scene)
+/// With texts of one scale; whether all of them have room.
+bool layOut(QList<Label>& placed, const RingScene& scene, double scale)
 {
-    QList<Label> placed;
+    placed.clear();
     for (const Row row : rows(scene.center)) {
-        placed << wanted(row, scene.center);
+        placed << wanted(row, scene.center, scale);
     }
     stack(placed, scene);
-    fitHint(placed, scene);
+    fitHint(placed, scene, scale);
     fitName(placed, scene);
+    const bool haveRoom = std::ranges::all_of(
+        placed, [&](const Label& label) { return label.row == Row::name || fits(label, scene); });
     for (Label& label : placed) {
         resize(label,
                std::min(label.rect.width(), widthInHole(scene.geometry, label)),
                label.rect.height());
+    }
+    return haveRoom;
+}
+
+/// As large as the desktop's texts, unless the hole is too small for them.
+QList<Label> layOut(const RingScene& scene)
+{
+    constexpr double usualScale = 1;
+    constexpr double step = 0.1;
+    QList<Label> placed;
+    double scale = textScale();
+    while (!layOut(placed, scene, scale) && scale > usualScale) {
+        scale = std::max(scale - step, usualScale);
     }
     return placed;
 }

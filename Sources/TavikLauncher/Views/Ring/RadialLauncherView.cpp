@@ -223,10 +223,23 @@ void RadialLauncherView::updateShape()
         return;
     }
     m_shapedScene = now;
+    updateBlur();
     if (now.isOpaque) {
         window()->setMask(RingPainter::shape(now));
     } else if (!window()->mask().isEmpty()) {
         window()->clearMask();
+    }
+}
+
+/// Asked for where the panel has its place: the window system forgets nothing of it in between.
+void RadialLauncherView::updateBlur()
+{
+    const WId panel = window()->internalWinId();
+    const QRegion band = scene().isOpaque ? QRegion() : RingPainter::bandRegion(scene());
+    if (panel && (panel != m_blurredWindow || band != m_blurred)) {
+        m_blurredWindow = panel;
+        m_blurred = band;
+        m_dependencies.windowServer.setBlurBehind(panel, band);
     }
 }
 

@@ -88,6 +88,7 @@ private:
     void highlightMoved(bool animated);
     void centerChanged();
     void refreshStyle();
+    void updateBlur();
     void refreshAppearance();
     void prefetchIcons();
     void startFrames();
@@ -108,6 +109,8 @@ private:
     RingScene m_scene; ///< As last made; see `m_isSceneCurrent`.
     bool m_isSceneCurrent = false;
     RingImageCache m_images;
+    QRegion m_blurred; ///< What was last asked to be blurred, of this window.
+    WId m_blurredWindow = 0;
     RingScene m_shapedScene; ///< What the panel's shape was made from.
     FieldFade m_fieldFade;
 

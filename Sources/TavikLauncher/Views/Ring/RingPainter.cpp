@@ -246,6 +246,22 @@ QRegion dirtyRegion(const RingScene& before, const RingScene& now)
     return dirty;
 }
 
+QRegion bandRegion(const RingScene& scene)
+{
+    const RingGeometry& ring = scene.geometry;
+    const double ratio = scene.devicePixelRatio;
+    const QPointF center = ring.center + QPointF(margin(scene), margin(scene));
+    const auto circle = [&](double radius) {
+        const QRectF bounds(center.x() - radius, center.y() - radius, 2 * radius, 2 * radius);
+        const QRectF pixels(bounds.topLeft() * ratio, bounds.size() * ratio);
+        return QRegion(pixels.toAlignedRect(), QRegion::Ellipse);
+    };
+    // A little inside the outline, so that no unsmoothed edge shows.
+    return ring.outerRadius > ring.innerRadius
+        ? circle(ring.outerRadius - 1) - circle(ring.innerRadius + 1)
+        : QRegion();
+}
+
 QRegion shape(const RingScene& scene)
 {
     const RingGeometry& ring = scene.geometry;

@@ -32,6 +32,8 @@ void paintInFlight(QPainter& painter,
                    const Flight& flight);
 /// What must be repainted when the highlight, a slot or the centre changes from `before` to `now`.
 [[nodiscard]] QRegion dirtyRegion(const RingScene& before, const RingScene& now);
+/// Where the desktop shines through the band, in device pixels.
+[[nodiscard]] QRegion bandRegion(const RingScene& scene);
 /// The visible part of the panel, for a desktop that does not blend windows.
 [[nodiscard]] QRegion shape(const RingScene& scene);
 

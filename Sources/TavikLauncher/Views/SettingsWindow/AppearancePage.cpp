@@ -24,19 +24,19 @@ SettingsPages::makeAppearance(const SettingsDependencies& dependencies)
     page->addSlider(ring,
                     {.title = u"Diameter"_s, .help = u"The ring's outer size"_s},
                     settings.ringDiameter,
-                    {.low = 250, .high = 550, .unit = points});
+                    {.unit = points});
     page->addSlider(ring,
                     {.title = u"Thickness"_s, .help = u"Width of the band"_s},
                     settings.ringThickness,
-                    {.low = 60, .high = 220, .unit = points});
+                    {.unit = points});
     page->addSlider(ring,
                     {.title = u"Icon size"_s, .help = u"Limited by the thickness"_s},
                     settings.iconSize,
-                    {.low = 36, .high = 92, .leap = 4, .unit = points});
+                    {.leap = 4, .unit = points});
     page->addSlider(ring,
                     {.title = u"Maximum applications"_s, .help = u"Slots around the ring"_s},
                     settings.maxVisibleApps,
-                    {.low = 1, .high = 24, .leap = 4});
+                    {.leap = 4});
 
     Card& labels = page->addCard(u"Labels"_s);
     page->addSwitch(labels,

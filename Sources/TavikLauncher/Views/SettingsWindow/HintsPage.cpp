@@ -10,7 +10,7 @@
 #include <QHBoxLayout>
 
 #include <algorithm>
-#include <array>
+#include <vector>
 
 namespace Tavik {
 
@@ -18,11 +18,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::array intervals{5, 25, 50, 100, 200};
-
 void addInterval(SettingsPage& page, Card& card)
 {
     LauncherSettings& settings = page.settings();
+    const std::vector<int>& intervals = settings.launchHintInterval.allowed().choices;
     QStringList titles;
     for (const int interval : intervals) {
         titles.append(QString::number(interval));
@@ -33,13 +32,14 @@ void addInterval(SettingsPage& page, Card& card)
     card.addRow(text, choice);
     choice->setName(text.title);
     page.describe(*choice, text);
-    QObject::connect(choice, &SegmentedChoice::chosen, &page, [&settings](int position) {
-        settings.launchHintInterval.set(intervals.at(static_cast<std::size_t>(position)));
-    });
+    QObject::connect(
+        choice, &SegmentedChoice::chosen, &page, [&settings, &intervals](int position) {
+            settings.launchHintInterval.set(intervals.at(static_cast<std::size_t>(position)));
+        });
     page.follow({settings.launchHintInterval.name(),
                  settings.showsLaunchHints.name(),
                  settings.keepsCenterHintVisible.name()},
-                [&settings, choice] {
+                [&settings, &intervals, choice] {
                     const auto found = std::ranges::find(intervals, settings.launchHintInterval());
                     choice->setCurrent(static_cast<int>(found - intervals.begin()));
                     choice->setEnabled(settings.showsLaunchHints()

@@ -115,7 +115,12 @@ SettingsPage::tieSlider(Card& card, const RowText& text, Setting<T>& setting, co
     auto* slider = new Slider(control);
     auto* value = new Label(Label::Role::body, {}, control);
     slider->setObjectName(setting.name());
-    slider->setRange(scale.low, scale.high);
+    if (const auto& range = setting.allowed().range) {
+        const auto step = [&scale](T end) {
+            return qRound(static_cast<double>(end) * scale.stepsPerUnit);
+        };
+        slider->setRange(step(range->first), step(range->second));
+    }
     slider->setPageStep(scale.leap);
     value->setObjectName(setting.name() + "Value"_L1);
     value->setFont(font());

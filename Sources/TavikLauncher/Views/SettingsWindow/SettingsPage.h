@@ -25,11 +25,9 @@ class SettingsPage : public QScrollArea
     Q_OBJECT
 
 public:
-    /// What a slider's whole steps mean.
+    /// What a slider's whole steps mean; its ends are those of the setting.
     struct Scale
     {
-        int low = 0;
-        int high = 100;
         int stepsPerUnit = 1;
         int leap = 10;
         QString unit; ///< Follows the number, with its space.

@@ -136,8 +136,7 @@ private:
 void addColors(SettingsPage& page)
 {
     LauncherSettings& settings = page.settings();
-    const SettingsPage::Scale percent{
-        .low = 20, .high = 100, .stepsPerUnit = 100, .leap = 10, .unit = u" %"_s};
+    const SettingsPage::Scale percent{.stepsPerUnit = 100, .leap = 10, .unit = u" %"_s};
     Card& colors = page.addCard(u"Colors"_s);
     page.addColor(colors,
                   {.title = u"Ring color"_s,

@@ -50,6 +50,7 @@ enum class X11Atom : std::size_t {
     netWmWindowTypeNormal,
     gtkApplicationId,
     kdeDesktopFile,
+    kdeBlurBehindRegion,
     bamfDesktopFile,
     tavikClock,
     compositor, ///< The selection that a compositor of the screen owns.

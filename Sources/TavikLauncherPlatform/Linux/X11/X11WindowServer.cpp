@@ -4,11 +4,13 @@
 #include <TavikLauncherPlatform/Linux/X11/X11WindowServer.h>
 #include <TavikLauncherPlatform/Linux/X11/X11WindowTree.h>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <span>
 #include <thread>
 #include <utility>
+#include <vector>
 
 namespace Tavik {
 
@@ -68,6 +70,24 @@ void X11WindowServer::preparePanel(WId window)
     setNumbers(
         m_toolkit, panel, m_atoms[X11Atom::netWmDesktop], XCB_ATOM_CARDINAL, {&allDesktops, 1});
     xcb_flush(m_toolkit);
+}
+
+void X11WindowServer::setBlurBehind(WId window, const QRegion& region)
+{
+    const auto target = static_cast<xcb_window_t>(window);
+    std::vector<uint32_t> places;
+    for (const QRect& rect : region) {
+        for (const int number : {rect.x(), rect.y(), rect.width(), rect.height()}) {
+            places.push_back(static_cast<uint32_t>(std::max(number, 0)));
+        }
+    }
+    const xcb_atom_t hint = m_atoms[X11Atom::kdeBlurBehindRegion];
+    if (places.empty()) {
+        // An empty list would mean the whole window.
+        xcb_delete_property(m_toolkit, target, hint);
+    } else {
+        setNumbers(m_toolkit, target, hint, XCB_ATOM_CARDINAL, places);
+    }
 }
 
 void X11WindowServer::setSkipsTaskbar(WId window, bool skips)

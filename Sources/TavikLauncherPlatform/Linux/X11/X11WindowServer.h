@@ -22,6 +22,7 @@ public:
 
     void preparePanel(WId window) override;
     void setSkipsTaskbar(WId window, bool skips) override;
+    void setBlurBehind(WId window, const QRegion& region) override;
     void reportMoves(WId window) override;
     void takeKeyboardFocus(WId window) override;
     void returnKeyboardFocus(WId window) override;

@@ -70,6 +70,11 @@ void AuxiliaryWindow::applyLook()
 
 void AuxiliaryWindow::centerIn(const QRect& area)
 {
+    if (layout()->sizeConstraint() == QLayout::SetFixedSize) {
+        // Before it is first shown it is not yet as large as its content wants it to be.
+        ensurePolished();
+        layout()->activate();
+    }
     QRect frame = frameGeometry();
     frame.moveCenter(area.center());
     move(frame.topLeft());

@@ -127,8 +127,8 @@ QPainterPath ringPart(QPointF center, double outer, double inner, double start, 
 void paintStrokes(QPainter& painter, QPointF center, double radius, double width)
 {
     constexpr int strokes = 28;
-    // A little of each stroke lies under the next, so that no seam shines through.
-    constexpr double overlap = 0.004;
+    // A pixel or so of each stroke lies under the next, so that no seam shines through.
+    const double overlap = std::max(0.004, 1.2 / (2 * std::numbers::pi * radius));
     for (int i = 0; i < strokes; ++i) {
         const double start = static_cast<double>(i) / strokes;
         const double end = static_cast<double>(i + 1) / strokes;

@@ -11,7 +11,7 @@
 namespace Tavik {
 
 /// The work queue of the running program: a small pool of threads that end when they are idle.
-class QtWorkQueue final : public WorkQueue
+class QtWorkQueue final : public QObject, public WorkQueue
 {
 public:
     /// `releaseMemory` is called off the main thread after a long job: it may give what the job has
@@ -27,10 +27,12 @@ public:
     void schedule(WorkPriority priority, Job job) override;
     bool finish() override;
 
+protected:
+    bool event(QEvent* event) override;
+
 private:
     [[nodiscard]] QThreadPool& poolFor(WorkPriority priority);
 
-    QObject m_mainThread;
     std::function<void()> m_releaseMemory;
     std::chrono::milliseconds m_patience;
     bool m_isFinished = false;

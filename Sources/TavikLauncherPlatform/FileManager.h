@@ -33,6 +33,8 @@ struct Bundle
     std::optional<QString> name; ///< "CFBundleName", or the entry's localized `Name`.
     std::optional<QString>
         identifier; ///< Bundle identifier, or the desktop-file ID without ".desktop".
+    /// What people may call it besides: untranslated and generic name, keywords, program.
+    QStringList otherNames;
     QString iconSource; ///< Theme icon name or absolute image path; empty for the generic icon.
     /// Absolute path of the program that an `.app` folder starts; absent for desktop entries.
     std::optional<QString> executable;

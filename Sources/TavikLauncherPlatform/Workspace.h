@@ -5,6 +5,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <optional>
@@ -36,6 +37,9 @@ public:
     static constexpr QStringView didLaunchApplication = u"Workspace.didLaunchApplication";
     static constexpr QStringView didTerminateApplication = u"Workspace.didTerminateApplication";
     static constexpr QStringView didActivateApplication = u"Workspace.didActivateApplication";
+    /// No subject: `startingApplications` has changed.
+    static constexpr QStringView didChangeStartingApplications
+        = u"Workspace.didChangeStartingApplications";
     static constexpr QStringView willSleep = u"Workspace.willSleep";
 
     struct OpenConfiguration
@@ -51,6 +55,9 @@ public:
     [[nodiscard]] virtual QList<RunningApplication> runningApplications() const = 0;
     /// The application that has the focus, if one has.
     [[nodiscard]] virtual std::optional<RunningApplication> frontmostApplication() const = 0;
+    /// The paths of the applications that were asked to start and have shown no window yet. They
+    /// are not started again meanwhile.
+    [[nodiscard]] virtual QStringList startingApplications() const { return {}; }
     /// The path of the application that the system prefers for an identifier.
     [[nodiscard]] virtual std::optional<QString>
     pathForApplication(const QString& bundleIdentifier) const = 0;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Catalog/CatalogCache.h>
 #include <TavikLauncherPlatform/Linux/Applications/ApplicationFolder.h>
-#include <TavikLauncherPlatform/Linux/Applications/DesktopEntryFile.h>
+#include <TavikLauncherPlatform/Linux/Applications/DesktopEntry.h>
 #include <TavikLauncherPlatform/Linux/Applications/IconThemeIndex.h>
 
 #include <QFile>
@@ -85,7 +85,8 @@ private Q_SLOTS:
             if (damaged.size() > DesktopEntryFile::maxSize) {
                 return; // Is refused before it is read.
             }
-            const Bundle bundle = DesktopEntryFile::parse(damaged, u"x"_s);
+            const Bundle bundle
+                = DesktopEntryFile::bundle(DesktopEntryFile::parse(damaged, {}, u"x"_s));
             QCOMPARE(bundle.identifier, u"x"_s);
             QVERIFY(bundle.isHidden || bundle.name);
             const QString& icon = bundle.iconSource;

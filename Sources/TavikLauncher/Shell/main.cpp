@@ -122,7 +122,8 @@ int relaunch(const Ending& ending)
 {
     if (ending.programToRelaunch) {
         const QString& program = *ending.programToRelaunch;
-        const LaunchResult result = launchApplication({.path = program, .executable = program});
+        const LaunchResult result
+            = launchApplication({.path = program, .entry = {}, .program = program});
         if (result.error) {
             return complain(*result.error);
         }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Applications/ApplicationLaunch.h>
+#include <TavikLauncherPlatform/Linux/Applications/ApplicationWorkspace.h>
 #include <TavikLauncherPlatform/Linux/Applications/LinuxFileManager.h>
 #include <TavikLauncherPlatform/Linux/Applications/SessionIconTheme.h>
 #include <TavikLauncherPlatform/Linux/Applications/ThemeIconDecoder.h>
@@ -18,9 +19,8 @@
 #include <TavikLauncherPlatform/Linux/X11/X11KeyEvents.h>
 #include <TavikLauncherPlatform/Linux/X11/X11KeyboardLimit.h>
 #include <TavikLauncherPlatform/Linux/X11/X11WindowServer.h>
-#include <TavikLauncherPlatform/Linux/X11/X11Workspace.h>
+#include <TavikLauncherPlatform/Linux/X11/X11WindowTracker.h>
 #include <TavikLauncherPlatform/Null/NullServices.h>
-#include <TavikLauncherPlatform/Null/NullWorkspace.h>
 #include <TavikLauncherPlatform/Platform.h>
 #include <TavikLauncherPlatform/QtMainQueue.h>
 #include <TavikLauncherPlatform/QtWorkQueue.h>
@@ -64,12 +64,15 @@ void addPermission(Platform& platform,
     }
 }
 
-void addX11Services(Platform& platform, const PlatformOptions& options, xcb_connection_t* toolkit)
+void addX11Services(Platform& platform,
+                    LinuxFileManager& files,
+                    const PlatformOptions& options,
+                    xcb_connection_t* toolkit)
 {
-    auto workspace = std::make_unique<X11Workspace>(
-        *platform.mainQueue, *platform.workQueue, *platform.fileManager);
-    X11WindowTracker& windows = workspace->windows();
-    platform.workspace = std::move(workspace);
+    auto source = std::make_unique<X11WindowTracker>(*platform.mainQueue);
+    X11WindowTracker& windows = *source;
+    platform.workspace = std::make_unique<ApplicationWorkspace>(
+        *platform.mainQueue, *platform.workQueue, files, std::move(source));
     platform.screens = std::make_unique<QtScreens>(QtScreens::Hooks{
         .focusedPoint = [&windows] { return windows.focusedPoint(); },
         .availableArea = [&windows](const QRect& screen) { return windows.availableArea(screen); },
@@ -82,9 +85,11 @@ void addX11Services(Platform& platform, const PlatformOptions& options, xcb_conn
         *platform.workQueue, [grabs = X11InputGrabs(toolkit)] { return grabs.areHeldElsewhere(); });
 }
 
-void addNullServices(Platform& platform, const PlatformOptions& options)
+/// Where nobody tells of windows, applications can still be started.
+void addNullServices(Platform& platform, LinuxFileManager& files, const PlatformOptions& options)
 {
-    platform.workspace = std::make_unique<NullWorkspace>();
+    platform.workspace = std::make_unique<ApplicationWorkspace>(
+        *platform.mainQueue, *platform.workQueue, files, std::make_unique<NoWindows>());
     platform.screens = std::make_unique<QtScreens>();
     addPermission(platform, options, SessionAccessibilityPermission::waylandLimit());
     platform.keyEvents = std::make_unique<NullKeyEvents>();
@@ -137,15 +142,17 @@ std::unique_ptr<Platform> makePlatform(const PlatformOptions& options)
     platform->workQueue = std::make_unique<QtWorkQueue>([] { malloc_trim(0); });
     platform->userDefaults = std::make_unique<PropertyListDefaults>(
         PropertyListDefaults::defaultPath(), *platform->mainQueue, *platform->workQueue);
-    platform->fileManager
+    auto fileManager
         = std::make_unique<LinuxFileManager>(*platform->mainQueue, *platform->workQueue);
+    LinuxFileManager& files = *fileManager;
+    platform->fileManager = std::move(fileManager);
     platform->iconDecoder = std::make_unique<ThemeIconDecoder>(
         [] { return sessionIconTheme(QIcon::themeName(), IconFolders::ofSession()); });
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     if (x11 && x11->connection()) {
-        addX11Services(*platform, options, x11->connection());
+        addX11Services(*platform, files, options, x11->connection());
     } else {
-        addNullServices(*platform, options);
+        addNullServices(*platform, files, options);
     }
     platform->appearance = std::make_unique<PortalAppearance>(*platform->workQueue);
     platform->loginItem = std::make_unique<AutostartLoginItem>(AutostartLoginItem::Paths{

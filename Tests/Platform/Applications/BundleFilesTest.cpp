@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/FileManager.h>
 #include <TavikLauncherPlatform/Linux/Applications/ApplicationFolder.h>
-#include <TavikLauncherPlatform/Linux/Applications/DesktopEntryFile.h>
+#include <TavikLauncherPlatform/Linux/Applications/DesktopEntry.h>
 
 #include <QTest>
 
@@ -34,6 +35,11 @@ QByteArray entry(const QByteArray& lines)
         text += ('\n' + lines).contains(key) ? QByteArray() : line + '\n';
     }
     return text + lines + '\n';
+}
+
+Bundle bundleOf(const QByteArray& content, const QString& id = {})
+{
+    return DesktopEntryFile::bundle(DesktopEntryFile::parse(content, {}, id));
 }
 
 } // namespace
@@ -135,7 +141,7 @@ private Q_SLOTS:
     void anEntryIsShownOrHidden()
     {
         const auto [content, isHidden] = fetch<QByteArray, bool>();
-        const Bundle bundle = DesktopEntryFile::parse(content, u"org.example.viewer"_s);
+        const Bundle bundle = bundleOf(content, u"org.example.viewer"_s);
         QCOMPARE(bundle.isHidden, isHidden);
         QCOMPARE(bundle.kind, Bundle::Kind::desktopEntry);
         QCOMPARE(bundle.identifier, u"org.example.viewer"_s);
@@ -159,7 +165,7 @@ private Q_SLOTS:
     void nameAndIconAreTakenWhereTheyServe()
     {
         const auto [lines, name, icon] = fetch<QByteArray, QString, QString>();
-        const Bundle bundle = DesktopEntryFile::parse(entry(lines), {});
+        const Bundle bundle = bundleOf(entry(lines));
         QCOMPARE(bundle.name.value_or(QString()), name);
         QCOMPARE(bundle.iconSource, icon);
     }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "TestClient.h"
-#include <TavikLauncherPlatform/Linux/X11/X11Workspace.h>
+#include <TavikLauncherPlatform/Linux/Applications/ApplicationWorkspace.h>
+#include <TavikLauncherPlatform/Linux/Applications/LinuxFileManager.h>
+#include <TavikLauncherPlatform/Linux/X11/X11WindowTracker.h>
 #include <TavikLauncherPlatform/QtMainQueue.h>
 #include <TavikLauncherPlatform/QtWorkQueue.h>
 
@@ -9,7 +11,6 @@
 #include <QProcess>
 #include <QTest>
 
-#include <Support/FakeFileManager.h>
 #include <Support/FileTree.h>
 #include <Support/Table.h>
 #include <signal.h>
@@ -35,11 +36,13 @@ private:
     {
         explicit Desktop(const QList<std::pair<QString, QByteArray>>& entries)
         {
-            files.items = {{tree.path(u"applications"_qs), {}}};
             for (const auto& [name, text] : entries) {
                 write(name, text);
             }
-            workspace.emplace(mainQueue, workQueue, files);
+            auto source = std::make_unique<X11WindowTracker>(mainQueue);
+            windows = source.get();
+            files.emplace(mainQueue, workQueue, QStringList{tree.path(u"applications"_qs)});
+            workspace.emplace(mainQueue, workQueue, *files, std::move(source));
             for (const QStringView name : {Workspace::didLaunchApplication,
                                            Workspace::didTerminateApplication,
                                            Workspace::didActivateApplication}) {
@@ -99,9 +102,10 @@ private:
         FileTree tree;
         QtMainQueue mainQueue;
         QtWorkQueue workQueue;
-        FakeFileManager files;
+        std::optional<LinuxFileManager> files;
         QStringList told;
-        std::optional<X11Workspace> workspace;
+        std::optional<ApplicationWorkspace> workspace;
+        X11WindowTracker* windows = nullptr; ///< The workspace's.
         std::vector<ObserverToken> tokens;
     };
 
@@ -137,13 +141,13 @@ private Q_SLOTS:
         const xcb_window_t first = show(QByteArrayLiteral("x\0TwoClass\0"));
         QTRY_COMPARE(desktop.told, (QStringList{u"Launch org.two"_qs, u"Activate org.two"_qs}));
         const xcb_window_t second = show(QByteArrayLiteral("x\0TwoClass\0"));
-        QTRY_COMPARE(desktop.workspace->windows().activeWindow(), second);
+        QTRY_COMPARE(desktop.windows->activeWindow(), second);
         QCOMPARE(desktop.running(), (QStringList{u"one"_qs, u"org.two"_qs}));
         QCOMPARE(desktop.frontmost(), u"org.two"_qs);
 
         desktop.told.clear();
         m_client.destroy(first);
-        QTRY_COMPARE(desktop.workspace->windows().windows().size(), 2);
+        QTRY_COMPARE(desktop.windows->windows().size(), 2);
         m_client.focus(early);
         QTRY_COMPARE(desktop.told, QStringList{u"Activate one"_qs});
         QCOMPARE(desktop.running(), (QStringList{u"one"_qs, u"org.two"_qs}));
@@ -210,7 +214,7 @@ private Q_SLOTS:
             QCOMPARE(application.processId, 0);
         }
         const QRect screen(0, 0, 1280, 800);
-        QVERIFY(screen.contains(desktop.workspace->windows().availableArea(screen)));
+        QVERIFY(screen.contains(desktop.windows->availableArea(screen)));
     }
 
     void programOfAnApplicationFolderStandsOnItsOwn()
@@ -218,15 +222,16 @@ private Q_SLOTS:
         const FileTree out;
         const QString report = out.path(u"report"_qs);
         const QString script
-            = out.write(u"program.sh"_qs,
+            = out.write(u"Run.app/Contents/MacOS/program.sh"_qs,
                         "#!/bin/sh\ncd " + out.path().toUtf8()
                             + " && echo $$ $(ps -o sid= -p $$) $(readlink /proc/$$/fd/[012]) "
                               "$DESKTOP_STARTUP_ID > draft && mv draft report; exec sleep 30\n");
         QVERIFY(QFile::setPermissions(script, QFile::ReadOwner | QFile::ExeOwner));
         Desktop desktop({});
         const QString path = out.path(u"Run.app"_qs);
-        desktop.files.bundles.insert(path,
-                                     Bundle{.identifier = u"org.run"_qs, .executable = script});
+        out.write(u"Run.app/Contents/Info.plist"_qs,
+                  "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict>"
+                  "<key>CFBundleExecutable</key><string>program.sh</string></dict></plist>");
         QCOMPARE(desktop.open(path), QString());
         QTRY_VERIFY(QFile::exists(report));
         QFile file(report);
@@ -264,7 +269,7 @@ private Q_SLOTS:
         const xcb_window_t second = show(QByteArrayLiteral("one\0One\0"));
         QTRY_COMPARE(m_client.focused(), second);
         QTRY_VERIFY((m_client.focus(first), m_client.focused() == first));
-        QTRY_COMPARE(desktop.workspace->windows().activeWindow(), first);
+        QTRY_COMPARE(desktop.windows->activeWindow(), first);
         const xcb_window_t other = show(QByteArrayLiteral("two\0Two\0"));
         QTRY_COMPARE(m_client.focused(), other);
         QTRY_COMPARE(desktop.frontmost(), u"two"_qs);

@@ -1,177 +1,102 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Applications/ApplicationLaunch.h>
-#include <TavikLauncherPlatform/Linux/Applications/LaunchEnvironment.h>
+#include <TavikLauncherPlatform/Linux/Applications/CommandLine.h>
+#include <TavikLauncherPlatform/Linux/Applications/TerminalEmulator.h>
 
-#include <QByteArrayList>
 #include <QFile>
+#include <QFileInfo>
 
-#include <array>
 #include <gio/gdesktopappinfo.h>
 #include <gio/gio.h>
 #include <memory>
-#include <vector>
-
-#include <unistd.h>
 
 namespace Tavik {
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 struct ObjectDeleter
 {
     void operator()(gpointer object) const { g_object_unref(object); }
 };
-template <typename T> using Owned = std::unique_ptr<T, ObjectDeleter>;
+using OwnedApplication = std::unique_ptr<GAppInfo, ObjectDeleter>;
 
-/// Without G_SPAWN_DO_NOT_REAP_CHILD glib forks twice, so the child never becomes ours to wait for.
-constexpr GSpawnFlags spawnFlags
-    = GSpawnFlags(G_SPAWN_SEARCH_PATH | G_SPAWN_STDOUT_TO_DEV_NULL | G_SPAWN_STDERR_TO_DEV_NULL);
-
-/// Runs in the child between fork and exec.
-void startOwnSession(gpointer)
-{
-    setsid();
-}
-
-QString takeMessage(GError* error)
-{
-    const QString message = error ? QString::fromUtf8(error->message)
-                                  : QStringLiteral("The application cannot be started.");
-    g_clear_error(&error);
-    return message;
-}
-
-LaunchEnvironment::Variables environmentFor(const LaunchRequest& request)
+LaunchEnvironment::Variables environmentFor(const LaunchTokens& tokens)
 {
     LaunchEnvironment::Variables variables
         = LaunchEnvironment::forOthers(LaunchEnvironment::atStart());
-    if (!request.startupId.isEmpty()) {
-        variables.insert("DESKTOP_STARTUP_ID", request.startupId);
+    if (!tokens.startupId.isEmpty()) {
+        variables.insert("DESKTOP_STARTUP_ID", tokens.startupId);
+    }
+    if (!tokens.activationToken.isEmpty()) {
+        variables.insert("XDG_ACTIVATION_TOKEN", tokens.activationToken);
     }
     return variables;
 }
 
-Owned<GAppLaunchContext> launchContext(const LaunchRequest& request)
+LaunchResult
+launchEntry(const DesktopEntry& entry, const LaunchTokens& tokens, const QString& target = {})
 {
-    Owned<GAppLaunchContext> context(g_app_launch_context_new());
-    const LaunchEnvironment::Variables variables = environmentFor(request);
-    char** names = g_listenv();
-    for (char** name = names; *name; ++name) {
-        if (!variables.contains(*name)) {
-            g_app_launch_context_unsetenv(context.get(), *name);
+    if (!entry.isApplication || entry.isDeleted) {
+        return {.error = u"It is no application that can be started."_s};
+    }
+    std::optional<QStringList> words = CommandLine::expanded(entry, target);
+    if (!words) {
+        return {.error = u"It names no program to start."_s};
+    }
+    if (entry.runsInTerminal) {
+        words = TerminalEmulator::around(*words, TerminalEmulator::Surroundings::ofSession());
+        if (!words) {
+            return {.error = u"It needs a terminal, and none is installed."_s};
         }
     }
-    g_strfreev(names);
-    for (auto variable = variables.cbegin(); variable != variables.cend(); ++variable) {
-        g_app_launch_context_setenv(
-            context.get(), variable.key().constData(), variable.value().constData());
-    }
-    return context;
-}
-
-/// Why GIO would not even take the entry, which it does not tell itself.
-QString entryFault(const QByteArray& path)
-{
-    GKeyFile* file = g_key_file_new();
-    GError* error = nullptr;
-    g_key_file_load_from_file(file, path.constData(), G_KEY_FILE_NONE, &error);
-    g_key_file_unref(file);
-    return takeMessage(error);
-}
-
-void storeProcessId(GDesktopAppInfo*, GPid processId, gpointer result)
-{
-    static_cast<LaunchResult*>(result)->processId = processId;
-}
-
-LaunchResult launchEntry(const LaunchRequest& request)
-{
-    const QByteArray path = QFile::encodeName(request.path);
-    const Owned<GDesktopAppInfo> entry(g_desktop_app_info_new_from_filename(path.constData()));
-    LaunchResult result;
-    if (!entry) {
-        result.error = entryFault(path);
-        return result;
-    }
-    const Owned<GAppLaunchContext> context = launchContext(request);
-    GError* error = nullptr;
-    if (g_desktop_app_info_launch_uris_as_manager(entry.get(),
-                                                  nullptr,
-                                                  context.get(),
-                                                  spawnFlags,
-                                                  startOwnSession,
-                                                  nullptr,
-                                                  storeProcessId,
-                                                  &result,
-                                                  &error)
-        == FALSE) {
-        result.error = takeMessage(error);
-    }
-    return result;
-}
-
-LaunchResult launchProgram(const LaunchRequest& request)
-{
-    QByteArrayList lines;
-    const LaunchEnvironment::Variables variables = environmentFor(request);
-    for (auto variable = variables.cbegin(); variable != variables.cend(); ++variable) {
-        lines.append(variable.key() + '=' + variable.value());
-    }
-    std::vector<char*> environment;
-    for (QByteArray& line : lines) {
-        environment.push_back(line.data());
-    }
-    environment.push_back(nullptr);
-
-    QByteArray program = QFile::encodeName(*request.executable);
-    std::array<char*, 2> arguments{program.data(), nullptr};
-    LaunchResult result;
-    GPid processId = 0;
-    GError* error = nullptr;
-    if (g_spawn_async(g_get_home_dir(),
-                      arguments.data(),
-                      environment.data(),
-                      spawnFlags,
-                      startOwnSession,
-                      nullptr,
-                      &processId,
-                      &error)
-        == FALSE) {
-        result.error = takeMessage(error);
-        return result;
-    }
-    result.processId = processId;
-    return result;
+    return startProgram({.words = *words,
+                         .folder = entry.folder,
+                         .environment = environmentFor(tokens),
+                         .entry = entry.path,
+                         .name = entry.id});
 }
 
 } // namespace
 
-LaunchResult launchApplication(const LaunchRequest& request)
+LaunchResult launchApplication(const LaunchTarget& target, const LaunchTokens& tokens)
 {
-    if (request.path.endsWith(QLatin1String(".desktop"))) {
-        return launchEntry(request);
+    if (target.path.endsWith(".desktop"_L1)) {
+        return launchEntry(target.entry, tokens);
     }
-    if (!request.executable) {
-        return {.error = QStringLiteral("The application has no program to start.")};
+    if (!target.program) {
+        return {.error = u"The application has no program to start."_s};
     }
-    return launchProgram(request);
+    return startProgram({.words = {*target.program},
+                         .folder = {},
+                         .environment = environmentFor(tokens),
+                         .entry = {},
+                         .name = QFileInfo(target.path).completeBaseName()});
 }
 
 LaunchResult openWithDefault(const QUrl& url)
 {
-    const Owned<GAppLaunchContext> context = launchContext({});
-    GError* error = nullptr;
-    LaunchResult result;
-    if (g_app_info_launch_default_for_uri(url.toEncoded().constData(), context.get(), &error)
-        == FALSE) {
-        result.error = takeMessage(error);
+    OwnedApplication application;
+    if (url.isLocalFile()) {
+        const std::unique_ptr<GFile, ObjectDeleter> file(
+            g_file_new_for_path(QFile::encodeName(url.toLocalFile()).constData()));
+        application.reset(g_file_query_default_handler(file.get(), nullptr, nullptr));
+    } else {
+        application.reset(g_app_info_get_default_for_uri_scheme(url.scheme().toUtf8().constData()));
     }
-    return result;
+    if (!G_IS_DESKTOP_APP_INFO(application.get())) {
+        return {.error = u"no program is installed for it"_s};
+    }
+    const QString path
+        = QFile::decodeName(g_desktop_app_info_get_filename(G_DESKTOP_APP_INFO(application.get())));
+    const DesktopEntry entry = DesktopEntryFile::read(path, QFileInfo(path).completeBaseName());
+    return launchEntry(entry, {}, QString::fromUtf8(url.toEncoded()));
 }
 
 bool hasInstallerFor(const QString& mimeType)
 {
-    const Owned<GAppInfo> application(
+    const OwnedApplication application(
         g_app_info_get_default_for_type(mimeType.toUtf8().constData(), FALSE));
     if (!G_IS_DESKTOP_APP_INFO(application.get())) {
         return false;

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncherPlatform/Linux/Applications/DesktopEntry.h>
+#include <TavikLauncherPlatform/Linux/Applications/ProgramStart.h>
+
 #include <QString>
 #include <QUrl>
 
@@ -8,23 +11,25 @@
 
 namespace Tavik {
 
-/// What to start.
-struct LaunchRequest
+/// Where an application is started from.
+struct LaunchTarget
 {
-    QString path; ///< A desktop entry or an `.app` folder.
-    std::optional<QString> executable; ///< The program of an `.app` folder.
-    QByteArray startupId; ///< For start-up notification; empty for none.
+    QString path; ///< The entry's or the `.app` folder's; the program's own for an image.
+    DesktopEntry entry; ///< Of a desktop entry.
+    std::optional<QString> program; ///< Of everything else.
 };
 
-struct LaunchResult
+/// What lets the first window of a started program come to the front. Either may be empty.
+struct LaunchTokens
 {
-    std::optional<QString> error; ///< Nothing means done.
-    qint64 processId = 0; ///< 0 when another program (the session bus) did the starting.
+    QByteArray startupId;
+    QByteArray activationToken;
 };
 
-/// Starts an application that outlives this program: in a session of its own, without our standard
-/// streams, with the environment that the session gave us. Takes some 10 ms; any thread.
-[[nodiscard]] LaunchResult launchApplication(const LaunchRequest& request);
+/// Starts an application that outlives this program, with the environment that the session gave us.
+/// Takes some 10 ms; any thread.
+[[nodiscard]] LaunchResult launchApplication(const LaunchTarget& target,
+                                             const LaunchTokens& tokens = {});
 
 /// Opens a page or a file with the program that the desktop keeps for it, which outlives this one.
 /// Takes some 10 ms; any thread.

@@ -1,59 +1,58 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncherPlatform/Linux/Applications/DesktopEntry.h>
+
 #include <QHash>
 #include <QList>
 #include <QString>
-#include <QStringList>
 
 namespace Tavik {
 
-/// What tells a running program's desktop entry.
-struct DesktopEntry
-{
-    QString id; ///< The desktop-file ID without ".desktop".
-    QString path;
-    QString startupClass; ///< "StartupWMClass".
-    QString executable; ///< Base name of the program that "Exec" starts.
-    bool isHidden = false; ///< "NoDisplay": kept out of menus, but it can run.
-
-    bool operator==(const DesktopEntry&) const = default;
-};
-
-/// The installed desktop entries by what windows and processes say of themselves. A value.
+/// The installed desktop entries by what windows and processes say of themselves. A value. Every
+/// query answers null for what is not known, and for the empty text. Where several entries answer,
+/// one that menus show goes before a hidden one.
 class DesktopEntries
 {
 public:
     DesktopEntries() = default;
-    /// The first of several entries with the same ID wins.
+    /// The most important first: of several entries with the same ID the first one counts.
     explicit DesktopEntries(QList<DesktopEntry> entries);
 
-    /// Walks `folders`, the most important first, and reads every entry. Meant to run off the main
-    /// thread; bounded in files and bytes.
-    [[nodiscard]] static DesktopEntries read(const QStringList& folders);
-
     [[nodiscard]] qsizetype size() const { return m_entries.size(); }
-    /// All of them answer null for what is not known. IDs and classes compare without case when no
-    /// exact one exists.
-    [[nodiscard]] const DesktopEntry* withId(const QString& id) const;
     [[nodiscard]] const DesktopEntry* withPath(const QString& path) const;
+    [[nodiscard]] const DesktopEntry* withId(const QString& id) const;
+    /// Without regard to case, to blanks in place of dashes and to the domain before the name
+    /// (`org.example.Name` is similar to `name`), unless several entries are.
+    [[nodiscard]] const DesktopEntry* withSimilarId(const QString& id) const;
     [[nodiscard]] const DesktopEntry* withStartupClass(const QString& startupClass) const;
-    /// Null also when several entries start that program, or when it merely runs other programs.
-    [[nodiscard]] const DesktopEntry* withExecutable(const QString& executable) const;
+    /// Without regard to case.
+    [[nodiscard]] const DesktopEntry* withSimilarStartupClass(const QString& startupClass) const;
+    /// By the path of a program or script, else by its file name. Null when several entries start
+    /// it, unless just one of them starts it without arguments of its own.
+    [[nodiscard]] const DesktopEntry* withProgram(const QString& program) const;
 
     bool operator==(const DesktopEntries& other) const { return m_entries == other.m_entries; }
 
 private:
     using Index = QHash<QString, qsizetype>;
+    /// Who gets a name that several entries answer to.
+    enum class Rivals {
+        first, ///< The first one.
+        none,
+        plainest, ///< The one that takes no arguments, if there is just one.
+    };
     [[nodiscard]] const DesktopEntry* at(const Index& index, const QString& key) const;
-    [[nodiscard]] const DesktopEntry* withoutCase(const Index& index, const QString& key) const;
-    void addStartupClass(const QString& key, qsizetype position);
+    void add(Index& index, const QString& key, qsizetype position, Rivals rivals);
+    void addNames(qsizetype position);
 
     QList<DesktopEntry> m_entries;
-    Index m_ids; ///< Also under the folded ID.
     Index m_paths;
-    Index m_startupClasses; ///< Also under the folded class.
-    Index m_executables; ///< -1 where the program is not telling.
+    Index m_ids;
+    Index m_similarIds; ///< Here and below, a negative one for a name that tells nothing.
+    Index m_startupClasses;
+    Index m_similarClasses;
+    Index m_programs; ///< By path and by file name.
 };
 
 } // namespace Tavik

@@ -1,30 +1,26 @@
 // SPDX-License-Identifier: MIT
-#include <TavikLauncherPlatform/Linux/Applications/DesktopEntryFile.h>
+#include <TavikLauncherPlatform/FileManager.h>
+#include <TavikLauncherPlatform/Linux/Applications/CommandLine.h>
+#include <TavikLauncherPlatform/Linux/Applications/DesktopEntry.h>
 #include <TavikLauncherPlatform/Linux/Applications/IconTheme.h>
 #include <TavikLauncherPlatform/Linux/Disk/BoundedFile.h>
 #include <TavikLauncherPlatform/Linux/Disk/KeyFile.h>
 
-#include <gio/gdesktopappinfo.h>
-#include <memory>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QStandardPaths>
+
+#include <algorithm>
 
 namespace Tavik::DesktopEntryFile {
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
+constexpr auto group = "Desktop Entry";
 constexpr qsizetype maxNameLength = 512;
-
-struct Unref
-{
-    void operator()(GDesktopAppInfo* entry) const { g_object_unref(entry); }
-};
-using Entry = std::unique_ptr<GDesktopAppInfo, Unref>;
-
-QString localizedString(const Entry& entry, const char* key)
-{
-    const std::unique_ptr<char, decltype(&g_free)> value(
-        g_desktop_app_info_get_locale_string(entry.get(), key), &g_free);
-    return QString::fromUtf8(value.get());
-}
+constexpr qsizetype maxOtherNames = 32;
 
 /// A name that fits on one line.
 QString displayable(QString name)
@@ -38,50 +34,126 @@ QString displayable(QString name)
     return name.trimmed();
 }
 
-bool isStartable(const Entry& entry)
+/// Whether the running session's desktop is among those that the entry is for.
+bool isShownHere(const KeyFile& file)
 {
-    const std::unique_ptr<char, decltype(&g_free)> command(
-        g_desktop_app_info_get_string(entry.get(), G_KEY_FILE_DESKTOP_KEY_EXEC), &g_free);
-    return (command && *command.get())
-        || g_desktop_app_info_get_boolean(entry.get(), G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE);
+    const QStringList only = file.list(group, "OnlyShowIn");
+    const QStringList never = file.list(group, "NotShowIn");
+    if (only.isEmpty() && never.isEmpty()) {
+        return true;
+    }
+    const QStringList desktops
+        = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':', Qt::SkipEmptyParts);
+    // The first desktop that the entry knows decides.
+    for (const QString& desktop : desktops) {
+        if (only.contains(desktop)) {
+            return true;
+        }
+        if (never.contains(desktop)) {
+            return false;
+        }
+    }
+    return only.isEmpty();
 }
 
-bool isShown(const Entry& entry)
+/// What the windows of a game are called that a launcher of games starts by its number.
+QString gameClassOf(const QString& command)
 {
-    // The desktop is the running session's own, from $XDG_CURRENT_DESKTOP.
-    return !g_desktop_app_info_get_is_hidden(entry.get())
-        && !g_desktop_app_info_get_nodisplay(entry.get())
-        && g_desktop_app_info_get_show_in(entry.get(), nullptr) && isStartable(entry);
+    static const QRegularExpression game(u"\\bsteam://rungameid/(\\d{1,20})"_s);
+    const QRegularExpressionMatch match = game.match(command);
+    return match.hasMatch() ? u"steam_app_"_s + match.captured(1) : QString();
+}
+
+QStringList otherNames(const KeyFile& file, const DesktopEntry& entry)
+{
+    QStringList names{file.string(group, "Name").value_or(QString()),
+                      file.localizedString(group, "GenericName").value_or(QString())};
+    names += file.localizedList(group, "Keywords");
+    names.append(entry.program.section(u'/', -1));
+    for (QString& name : names) {
+        name = displayable(name);
+    }
+    names.removeDuplicates();
+    names.removeAll(QString());
+    names.removeAll(entry.name);
+    return names.first(std::min(names.size(), maxOtherNames));
+}
+
+DesktopEntry::Notification notification(const KeyFile& file)
+{
+    const std::optional<bool> wish = file.flag(group, "StartupNotify");
+    if (!wish) {
+        return DesktopEntry::Notification::unknown;
+    }
+    return *wish ? DesktopEntry::Notification::supported : DesktopEntry::Notification::refused;
 }
 
 } // namespace
 
-Bundle read(const QString& path, const QString& identifier)
+DesktopEntry read(const QString& path, const QString& id)
 {
-    return parse(BoundedFile::read(path, maxSize).value_or(QByteArray()), identifier);
+    return parse(BoundedFile::read(path, maxSize).value_or(QByteArray()), path, id);
 }
 
-Bundle parse(const QByteArray& content, const QString& identifier)
+DesktopEntry parse(const QByteArray& content, const QString& path, const QString& id)
+{
+    DesktopEntry entry{.id = id, .path = path};
+    const std::optional<KeyFile> file = KeyFile::parse(content);
+    if (!file || file->string(group, "Type") != u"Application"_s) {
+        return entry;
+    }
+    const auto text = [&file](const char* key) {
+        return file->string(group, key).value_or(QString());
+    };
+    const auto flag = [&file](const char* key) {
+        return file->flag(group, key).value_or(false);
+    };
+    entry.name = displayable(file->localizedString(group, "Name").value_or(QString()));
+    entry.icon = usableIconSource(file->localizedString(group, "Icon").value_or(QString()));
+    entry.command = text("Exec");
+    entry.requiredProgram = text("TryExec");
+    entry.folder = text("Path");
+    entry.startupClass = text("StartupWMClass");
+    entry.gameClass = gameClassOf(entry.command);
+    const CommandLine::Program program = CommandLine::programOf(entry.command);
+    entry.program = program.name;
+    entry.takesArguments = program.hasArguments;
+    entry.notification = notification(*file);
+    entry.isActivatable = flag("DBusActivatable");
+    entry.isApplication
+        = !entry.name.isEmpty() && (!entry.command.isEmpty() || entry.isActivatable);
+    entry.isDeleted = flag("Hidden");
+    entry.isHidden = flag("NoDisplay") || entry.isDeleted || !isShownHere(*file);
+    entry.runsInTerminal = flag("Terminal");
+    entry.isTerminalEmulator = file->list(group, "Categories").contains("TerminalEmulator"_L1);
+    entry.otherNames = otherNames(*file, entry);
+    return entry;
+}
+
+QString installedProgram(const QString& program)
+{
+    if (!program.contains(u'/')) {
+        return program.isEmpty() ? QString() : QStandardPaths::findExecutable(program);
+    }
+    const QFileInfo file(program);
+    return file.isAbsolute() && file.isFile() && file.isExecutable() ? program : QString();
+}
+
+Bundle bundle(const DesktopEntry& entry)
 {
     Bundle bundle;
     bundle.kind = Bundle::Kind::desktopEntry;
-    bundle.identifier = identifier;
-    bundle.isHidden = true;
-    const std::optional<KeyFile> keyFile = KeyFile::parse(content);
-    if (!keyFile) {
-        return bundle;
+    bundle.identifier = entry.id;
+    bundle.iconSource = entry.icon;
+    bundle.otherNames = entry.otherNames;
+    if (!entry.name.isEmpty()) {
+        bundle.name = entry.name;
     }
-    // Null for another type, a failing TryExec and a command that is not installed.
-    const Entry entry(g_desktop_app_info_new_from_keyfile(keyFile->handle()));
-    if (!entry) {
-        return bundle;
-    }
-    bundle.iconSource = usableIconSource(localizedString(entry, G_KEY_FILE_DESKTOP_KEY_ICON));
-    const QString name = displayable(localizedString(entry, G_KEY_FILE_DESKTOP_KEY_NAME));
-    if (!name.isEmpty()) {
-        bundle.name = name;
-        bundle.isHidden = !isShown(entry);
-    }
+    const auto isInstalled = [](const QString& program) {
+        return program.isEmpty() || !installedProgram(program).isEmpty();
+    };
+    bundle.isHidden = !entry.isApplication || entry.isHidden || !isInstalled(entry.requiredProgram)
+        || !(entry.isActivatable || isInstalled(CommandLine::firstWord(entry.command)));
     return bundle;
 }
 

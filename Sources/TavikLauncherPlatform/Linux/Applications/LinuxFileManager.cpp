@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Applications/ApplicationFolder.h>
-#include <TavikLauncherPlatform/Linux/Applications/DesktopEntryFile.h>
 #include <TavikLauncherPlatform/Linux/Applications/FolderWatcher.h>
 #include <TavikLauncherPlatform/Linux/Applications/LinuxFileManager.h>
 #include <TavikLauncherPlatform/Linux/Disk/BoundedFile.h>
@@ -132,7 +131,37 @@ std::optional<Bundle> LinuxFileManager::bundle(const QString& path) const
     if (!isEntry) {
         return std::nullopt;
     }
-    return DesktopEntryFile::read(path, desktopFileIdentifier(path));
+    return DesktopEntryFile::bundle(entry(path));
+}
+
+DesktopEntry LinuxFileManager::entry(const QString& path) const
+{
+    return m_entries.read(path, desktopFileIdentifier(path));
+}
+
+DesktopEntries LinuxFileManager::desktopEntries() const
+{
+    QList<DesktopEntry> entries;
+    QSet<QString> paths;
+    for (const QString& folder : m_applicationFolders) {
+        walk(folder, [&](const DirectoryItem& item) {
+            if (item.path.endsWith(".desktop"_L1) && !paths.contains(item.path)) {
+                paths.insert(item.path);
+                entries.append(entry(item.path));
+            }
+        });
+    }
+    m_entries.keepOnly(paths);
+    return DesktopEntries(std::move(entries));
+}
+
+LaunchTarget LinuxFileManager::launchTarget(const QString& path) const
+{
+    if (path.endsWith(".desktop"_L1)) {
+        return {.path = path, .entry = entry(path), .program = {}};
+    }
+    const std::optional<Bundle> found = bundle(path);
+    return {.path = path, .entry = {}, .program = found ? found->executable : std::nullopt};
 }
 
 unsigned LinuxFileManager::userId() const

@@ -2,6 +2,9 @@
 #pragma once
 
 #include <TavikLauncherPlatform/FileManager.h>
+#include <TavikLauncherPlatform/Linux/Applications/ApplicationLaunch.h>
+#include <TavikLauncherPlatform/Linux/Applications/DesktopEntries.h>
+#include <TavikLauncherPlatform/Linux/Applications/DesktopEntryCache.h>
 
 #include <map>
 
@@ -49,13 +52,20 @@ public:
     [[nodiscard]] std::unique_ptr<FolderWatch> watch(const QStringList& folders,
                                                      std::function<void()> changed) override;
 
+    /// Every entry below the application folders. May run on any thread.
+    [[nodiscard]] DesktopEntries desktopEntries() const;
+    /// What is started at `path`. May run on any thread.
+    [[nodiscard]] LaunchTarget launchTarget(const QString& path) const;
+
 private:
     [[nodiscard]] QString desktopFileIdentifier(const QString& path) const;
+    [[nodiscard]] DesktopEntry entry(const QString& path) const;
 
     MainQueue& m_mainQueue;
     WorkQueue& m_workQueue;
     QStringList m_applicationFolders;
     QString m_supportFolder;
+    mutable DesktopEntryCache m_entries;
     std::map<QStringList, std::unique_ptr<FolderWatcher>> m_watchers; ///< By what they watch.
 };
 

@@ -72,19 +72,19 @@ QList<RunningApplication> RunningApplicationList::applications() const
     return result;
 }
 
-std::optional<RunningApplication> RunningApplicationList::applicationOf(quint32 window) const
+std::optional<RunningApplication> RunningApplicationList::applicationOf(WindowId window) const
 {
     const auto found = std::ranges::find_if(
         m_entries, [window](const Entry& entry) { return entry.windows.contains(window); });
     return found == m_entries.end() ? std::nullopt : std::optional(found->application);
 }
 
-QList<quint32> RunningApplicationList::windowsOf(const QString& bundlePath) const
+QList<WindowId> RunningApplicationList::windowsOf(const QString& bundlePath) const
 {
     const auto found = std::ranges::find_if(m_entries, [&bundlePath](const Entry& entry) {
         return entry.application.bundlePath == bundlePath;
     });
-    return found == m_entries.end() ? QList<quint32>() : found->regularWindows;
+    return found == m_entries.end() ? QList<WindowId>() : found->regularWindows;
 }
 
 } // namespace Tavik

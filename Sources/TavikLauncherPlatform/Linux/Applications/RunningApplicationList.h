@@ -12,10 +12,13 @@
 
 namespace Tavik {
 
+/// A window of whatever window system; 0 is none.
+using WindowId = quint64;
+
 /// One window, once it is known whose it is.
 struct ApplicationWindow
 {
-    quint32 window = 0;
+    WindowId window = 0;
     bool isRegular = false; ///< A taskbar would show it.
     QString group; ///< Windows with the same text belong to one application; never empty.
     std::optional<QString> bundlePath;
@@ -42,17 +45,17 @@ public:
 
     [[nodiscard]] QList<RunningApplication> applications() const;
     /// The application that a window belongs to.
-    [[nodiscard]] std::optional<RunningApplication> applicationOf(quint32 window) const;
+    [[nodiscard]] std::optional<RunningApplication> applicationOf(WindowId window) const;
     /// The regular windows of the application at `bundlePath`.
-    [[nodiscard]] QList<quint32> windowsOf(const QString& bundlePath) const;
+    [[nodiscard]] QList<WindowId> windowsOf(const QString& bundlePath) const;
 
 private:
     struct Entry
     {
         QString group;
         RunningApplication application;
-        QList<quint32> regularWindows;
-        QList<quint32> windows;
+        QList<WindowId> regularWindows;
+        QList<WindowId> windows;
     };
     [[nodiscard]] Entry& entryFor(const ApplicationWindow& window);
 

@@ -1,43 +1,34 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Applications/CommandLine.h>
 #include <TavikLauncherPlatform/Linux/Applications/WindowMatching.h>
 
-#include <QFile>
-#include <QList>
 #include <QRegularExpression>
+
+#include <array>
 
 namespace Tavik {
 
 namespace {
 
-constexpr qint64 largestProcessFile = 256 * 1024;
+using namespace Qt::StringLiterals;
 
 /// The entry behind a hint that may be an ID, a file name or a path.
 const DesktopEntry* entryNamed(const QString& name, const DesktopEntries& entries)
 {
-    if (name.isEmpty()) {
-        return nullptr;
-    }
     if (const DesktopEntry* entry = entries.withPath(name)) {
         return entry;
     }
     QString id = name.section(u'/', -1);
-    if (id.endsWith(QLatin1String(".desktop"))) {
+    if (id.endsWith(".desktop"_L1)) {
         id.chop(8);
     }
     return entries.withId(id);
 }
 
-QByteArray processFile(qint64 processId, const char* name)
-{
-    QFile file(QStringLiteral("/proc/%1/%2").arg(processId).arg(QLatin1String(name)));
-    return file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) ? file.read(largestProcessFile)
-                                                                  : QByteArray();
-}
-
 /// Undoes systemd's escapes of unit names (`\x2d` for "-").
 QString unescaped(const QString& unit)
 {
-    static const QRegularExpression escape(QStringLiteral("\\\\x([0-9a-f]{2})"));
+    static const QRegularExpression escape(u"\\\\x([0-9a-f]{2})"_s);
     QString result = unit;
     for (auto match = escape.match(result); match.hasMatch();
          match = escape.match(result, match.capturedStart() + 1)) {
@@ -47,50 +38,128 @@ QString unescaped(const QString& unit)
     return result;
 }
 
-} // namespace
-
-const DesktopEntry* WindowMatching::entryFor(const WindowClues& window,
-                                             const DesktopEntries& entries)
+/// The entry that the window names itself, or null.
+const DesktopEntry* entryOf(const WindowClues& window, const DesktopEntries& entries)
 {
+    // One process may show windows of several applications; then the class is that of the process
+    // and only the instance tells them apart.
+    const std::array<const QString*, 2> names{&window.instanceName, &window.className};
+    using Lookup = const DesktopEntry* (DesktopEntries::*)(const QString&) const;
+    const auto first = [&](Lookup lookup) -> const DesktopEntry* {
+        for (const QString* name : names) {
+            if (const DesktopEntry* entry = (entries.*lookup)(*name)) {
+                return entry;
+            }
+        }
+        return nullptr;
+    };
+    if (const DesktopEntry* entry = first(&DesktopEntries::withStartupClass)) {
+        return entry;
+    }
     if (const DesktopEntry* entry = entryNamed(window.applicationId, entries)) {
         return entry;
     }
-    for (const QString& name : {window.className, window.instanceName}) {
-        const DesktopEntry* entry = name.isEmpty() ? nullptr : entries.withStartupClass(name);
-        if (entry) {
-            return entry;
-        }
-    }
-    for (const QString& name : {window.className, window.instanceName}) {
-        const DesktopEntry* entry = name.isEmpty() ? nullptr : entries.withId(name);
-        if (entry) {
+    for (const Lookup lookup : {&DesktopEntries::withId,
+                                &DesktopEntries::withSimilarStartupClass,
+                                &DesktopEntries::withSimilarId}) {
+        if (const DesktopEntry* entry = first(lookup)) {
             return entry;
         }
     }
     return nullptr;
 }
 
-const DesktopEntry* WindowMatching::entryFor(const ProcessClues& process,
-                                             const DesktopEntries& entries)
+QString pathOf(const DesktopEntry* entry)
 {
-    if (const DesktopEntry* entry = entryNamed(process.launchedEntry, entries)) {
-        return entry;
+    return entry ? entry->path : QString();
+}
+
+const DesktopEntry* entryOfProgram(const ProcessClues& process, const DesktopEntries& entries)
+{
+    // A script that an interpreter runs says more than the interpreter; a program started under
+    // another name wants to be known by that.
+    const QString script = CommandLine::programOf(process.words).name;
+    for (const QString& program : {process.executable, script}) {
+        if (const DesktopEntry* entry = entries.withProgram(program)) {
+            return entry;
+        }
     }
-    const QString unitId = applicationIdOfUnit(process.controlGroup);
-    if (const DesktopEntry* entry = entryNamed(unitId, entries)) {
-        return entry;
+    return nullptr;
+}
+
+const DesktopEntry* entryOfUnit(const ProcessClues& process,
+                                const QString& ownControlGroup,
+                                const DesktopEntries& entries)
+{
+    const QString& unit = process.controlGroup;
+    const QString id
+        = unit == ownControlGroup ? QString() : WindowMatching::applicationIdOfUnit(unit);
+    return id.isEmpty() ? nullptr : entryNamed(id, entries);
+}
+
+/// What a terminal was opened for, if it was opened for a terminal program.
+const DesktopEntry* entryInTerminal(const ProcessClues& process,
+                                    const LaunchClues& launch,
+                                    const DesktopEntries& entries)
+{
+    for (const DesktopEntry* entry : {entries.withPath(launch.program),
+                                      entries.withPath(process.launchedEntry),
+                                      entryOfUnit(process, launch.ownControlGroup, entries)}) {
+        if (entry && entry->runsInTerminal) {
+            return entry;
+        }
     }
-    const QString program = process.executable.section(u'/', -1);
-    if (const DesktopEntry* entry = program.isEmpty() ? nullptr : entries.withExecutable(program)) {
-        return entry;
+    return nullptr;
+}
+
+/// Everything that a terminal's shell starts inherits from the terminal.
+const DesktopEntry* unlessTerminal(const DesktopEntry* entry)
+{
+    return entry && !entry->isTerminalEmulator ? entry : nullptr;
+}
+
+} // namespace
+
+QString WindowMatching::pathFor(const WindowClues& window,
+                                const LaunchClues& launch,
+                                const DesktopEntries& entries,
+                                const std::function<ProcessClues()>& process)
+{
+    if (const DesktopEntry* own = entryOf(window, entries)) {
+        const DesktopEntry* opened
+            = own->isTerminalEmulator ? entryInTerminal(process(), launch, entries) : nullptr;
+        return pathOf(opened ? opened : own);
     }
-    // The weakest of all, because the children of a terminal inherit it.
-    return entryNamed(process.inheritedEntry, entries);
+    if (!launch.program.isEmpty()) {
+        return launch.program;
+    }
+    const ProcessClues clues = process();
+    if (const DesktopEntry* entry = entryNamed(clues.launchedEntry, entries)) {
+        return entry->path;
+    }
+    if (const auto folder = applicationFolderOf(clues.executable)) {
+        return *folder;
+    }
+    for (const DesktopEntry* entry :
+         {entryOfProgram(clues, entries), entryOfUnit(clues, launch.ownControlGroup, entries)}) {
+        if (entry) {
+            return entry->path;
+        }
+    }
+    if (!launch.session.isEmpty()) {
+        return launch.session;
+    }
+    for (const QString& inherited : {clues.sessionEntry, clues.inheritedEntry}) {
+        if (const DesktopEntry* entry = unlessTerminal(entryNamed(inherited, entries))) {
+            return entry->path;
+        }
+    }
+    return {};
 }
 
 std::optional<QString> WindowMatching::applicationFolderOf(const QString& executable)
 {
-    const qsizetype end = executable.indexOf(QLatin1String(".app/Contents/"));
+    const qsizetype end = executable.indexOf(".app/Contents/"_L1);
     if (end <= 0) {
         return std::nullopt;
     }
@@ -99,53 +168,31 @@ std::optional<QString> WindowMatching::applicationFolderOf(const QString& execut
 
 QString WindowMatching::applicationIdOfUnit(const QString& controlGroup)
 {
+    const QString unit = controlGroup.trimmed().section(u'/', -1);
     // app[-<launcher>]-<ApplicationID>-<RANDOM>.scope
     // app[-<launcher>]-<ApplicationID>[@<RANDOM>].service
-    static const QRegularExpression unit(
-        QStringLiteral("^app(?:-[^-@]+)*?-([^-@]+)(?:-[^-@]+\\.scope|(?:@[^/]*)?\\.service)$"));
-    const QRegularExpressionMatch match = unit.match(controlGroup.trimmed().section(u'/', -1));
-    return match.hasMatch() ? unescaped(match.captured(1)) : QString();
-}
-
-void WindowMatching::readEnvironment(const QByteArray& block, qint64 processId, ProcessClues& clues)
-{
-    QString launchedEntry;
-    bool isOwnLaunch = false;
-    for (const QByteArray& line : block.split('\0')) {
-        const qsizetype equals = line.indexOf('=');
-        const QByteArray name = line.left(equals);
-        const QByteArray value = line.mid(equals + 1);
-        if (name == "GIO_LAUNCHED_DESKTOP_FILE") {
-            launchedEntry = QFile::decodeName(value);
-        } else if (name == "GIO_LAUNCHED_DESKTOP_FILE_PID") {
-            isOwnLaunch = value.toLongLong() == processId;
-        } else if (name == "BAMF_DESKTOP_FILE_HINT") {
-            clues.inheritedEntry = QFile::decodeName(value);
-        }
+    static const QRegularExpression desktop(
+        u"^app(?:-[^-@]+)*?-([^-@]+)(?:-[^-@]+\\.scope|(?:@[^/]*)?\\.service)$"_s);
+    if (const auto match = desktop.match(unit); match.hasMatch()) {
+        return unescaped(match.captured(1));
     }
-    // Children of what was launched inherit the variable, but their number is another one.
-    if (isOwnLaunch) {
-        clues.launchedEntry = launchedEntry;
+    // What Flatpak named its scopes before it followed that form.
+    static const QRegularExpression flatpak(u"^flatpak-(.+)-\\d+\\.scope$"_s);
+    if (const auto match = flatpak.match(unit); match.hasMatch()) {
+        return unescaped(match.captured(1));
     }
-}
-
-ProcessClues processClues(qint64 processId)
-{
-    ProcessClues clues;
-    if (processId <= 0) {
-        return clues;
+    // A program that the session bus has started under its own name.
+    static const QRegularExpression service(u"^dbus-:[\\d.]+-([^@]+)@\\d+\\.service$"_s);
+    if (const auto match = service.match(unit); match.hasMatch()) {
+        return unescaped(match.captured(1));
     }
-    clues.executable = QFile::symLinkTarget(QStringLiteral("/proc/%1/exe").arg(processId));
-    WindowMatching::readEnvironment(processFile(processId, "environ"), processId, clues);
-    for (const QByteArray& line : processFile(processId, "cgroup").split('\n')) {
-        // "0::/path", or "1:name=systemd:/path" on a machine with the older hierarchy.
-        const QList<QByteArray> fields = line.split(':');
-        if (fields.size() >= 3 && (fields.at(0) == "0" || fields.at(1) == "name=systemd")) {
-            clues.controlGroup = QString::fromUtf8(fields.mid(2).join(':'));
-            break;
-        }
+    // snap.<package>.<program>, then a UUID behind a dot or a dash.
+    static const QRegularExpression snap(
+        u"^snap\\.([^.]+)\\.([^.]+?)(?:[.-][0-9a-f]{8}(?:-[0-9a-f]{4}){3}-[0-9a-f]{12})?\\.(?:scope|service)$"_s);
+    if (const auto match = snap.match(unit); match.hasMatch()) {
+        return unescaped(match.captured(1)) + u'_' + unescaped(match.captured(2));
     }
-    return clues;
+    return {};
 }
 
 } // namespace Tavik

@@ -5,6 +5,20 @@
 
 namespace Tavik {
 
+namespace {
+
+QStringList taken(char** values)
+{
+    QStringList result;
+    for (char** value = values; value && *value; ++value) {
+        result.append(QString::fromUtf8(*value));
+    }
+    g_strfreev(values);
+    return result;
+}
+
+} // namespace
+
 void KeyFile::Release::operator()(GKeyFile* keyFile) const
 {
     g_key_file_unref(keyFile);
@@ -41,6 +55,35 @@ std::optional<int> KeyFile::integer(const char* group, const char* key) const
         return std::nullopt;
     }
     return value;
+}
+
+std::optional<bool> KeyFile::flag(const char* group, const char* key) const
+{
+    GError* error = nullptr;
+    const gboolean value = g_key_file_get_boolean(handle(), group, key, &error);
+    if (error) {
+        g_error_free(error);
+        return std::nullopt;
+    }
+    return value != FALSE;
+}
+
+QStringList KeyFile::list(const char* group, const char* key) const
+{
+    return taken(g_key_file_get_string_list(handle(), group, key, nullptr, nullptr));
+}
+
+std::optional<QString> KeyFile::localizedString(const char* group, const char* key) const
+{
+    const std::unique_ptr<char, decltype(&g_free)> value(
+        g_key_file_get_locale_string(handle(), group, key, nullptr, nullptr), &g_free);
+    return value ? std::optional(QString::fromUtf8(value.get())) : std::nullopt;
+}
+
+QStringList KeyFile::localizedList(const char* group, const char* key) const
+{
+    return taken(
+        g_key_file_get_locale_string_list(handle(), group, key, nullptr, nullptr, nullptr));
 }
 
 QStringList KeyFile::commaSeparated(const char* group, const char* key) const

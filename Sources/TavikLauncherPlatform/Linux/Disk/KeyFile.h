@@ -23,6 +23,12 @@ public:
 
     [[nodiscard]] std::optional<QString> string(const char* group, const char* key) const;
     [[nodiscard]] std::optional<int> integer(const char* group, const char* key) const;
+    [[nodiscard]] std::optional<bool> flag(const char* group, const char* key) const;
+    /// Values separated by semicolons, as desktop entries write them.
+    [[nodiscard]] QStringList list(const char* group, const char* key) const;
+    /// The same in the user's language where the file has it.
+    [[nodiscard]] std::optional<QString> localizedString(const char* group, const char* key) const;
+    [[nodiscard]] QStringList localizedList(const char* group, const char* key) const;
     /// Values separated by commas, as icon themes write them.
     [[nodiscard]] QStringList commaSeparated(const char* group, const char* key) const;
     [[nodiscard]] GKeyFile* handle() const { return m_handle.get(); }

@@ -15,6 +15,8 @@ constexpr auto atomNames = std::to_array<const char*>({
     "_NET_ACTIVE_WINDOW",
     "_NET_CLIENT_LIST",
     "_NET_CLIENT_LIST_STACKING",
+    "_NET_CURRENT_DESKTOP",
+    "_NET_STARTUP_ID",
     "_NET_SUPPORTING_WM_CHECK",
     "_NET_WM_DESKTOP",
     "_NET_WM_PID",

@@ -34,6 +34,8 @@ enum class X11Atom : std::size_t {
     netActiveWindow,
     netClientList,
     netClientListStacking,
+    netCurrentDesktop,
+    netStartupId,
     netSupportingWmCheck,
     netWmDesktop,
     netWmPid,

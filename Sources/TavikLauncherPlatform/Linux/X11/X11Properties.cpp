@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/X11/X11ClientProcesses.h>
 #include <TavikLauncherPlatform/Linux/X11/X11Properties.h>
 
 #include <QSysInfo>
@@ -17,7 +18,7 @@ namespace {
 constexpr uint32_t longestText = 128; // In units of four bytes.
 constexpr uint32_t mostNumbers = 64;
 constexpr uint32_t mostWindows = 1024;
-constexpr std::size_t wantedCount = 10;
+constexpr std::size_t wantedCount = 11;
 
 enum class Form {
     text,
@@ -44,6 +45,7 @@ std::array<Wanted, wantedCount> wantedProperties(const X11Atoms& atoms)
         {atoms[X11Atom::netWmWindowType], Form::numbers},
         {atoms[X11Atom::netWmStrut], Form::numbers},
         {atoms[X11Atom::netWmStrutPartial], Form::numbers},
+        {atoms[X11Atom::netStartupId], Form::text},
     }};
 }
 
@@ -143,6 +145,7 @@ X11WindowFacts factsFrom(const X11Atoms& atoms, std::span<const PropertyReply> r
     const auto types = numbersOf(replies[7], XCB_ATOM_ATOM);
     facts.isOnTaskbar = isTaskbarType(atoms, types)
         && std::ranges::find(states, atoms[X11Atom::netWmStateSkipTaskbar]) == states.end();
+    facts.clues.startupId = cleanText(textOf(replies[10]) + '\0').toUtf8();
     takeStrut(
         numbersOf(replies[8], XCB_ATOM_CARDINAL), numbersOf(replies[9], XCB_ATOM_CARDINAL), facts);
     return facts;
@@ -160,6 +163,7 @@ QList<X11WindowFacts>
 facts(xcb_connection_t* connection, const X11Atoms& atoms, const QList<xcb_window_t>& windows)
 {
     const auto wanted = wantedProperties(atoms);
+    X11ClientProcesses processes(connection, windows);
     std::vector<xcb_get_property_cookie_t> cookies;
     cookies.reserve(static_cast<std::size_t>(windows.size()) * wanted.size());
     for (const xcb_window_t window : windows) {
@@ -179,6 +183,8 @@ facts(xcb_connection_t* connection, const X11Atoms& atoms, const QList<xcb_windo
         }
         // A window that has gone meanwhile answers with errors only and is no one's.
         result.append(replies[0] ? factsFrom(atoms, replies) : X11WindowFacts());
+        qint64& processId = result.last().processId;
+        processId = processIdOutside(processId, processes.next());
     }
     return result;
 }

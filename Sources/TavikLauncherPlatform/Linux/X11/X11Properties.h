@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <TavikLauncherPlatform/Linux/Applications/WindowMatching.h>
+#include <TavikLauncherPlatform/Linux/Applications/WindowSource.h>
 #include <TavikLauncherPlatform/Linux/X11/X11Connection.h>
 
 #include <QList>
@@ -13,11 +13,8 @@
 namespace Tavik {
 
 /// What a window's properties say, checked in type and bounded in length.
-struct X11WindowFacts
+struct X11WindowFacts : WindowSource::Facts
 {
-    WindowClues clues;
-    bool isOnTaskbar = false; ///< A taskbar would show the window.
-    qint64 processId = 0; ///< 0 when unknown or on another machine.
     QMargins strut; ///< What the window reserves at the edges of the desktop, as device pixels.
     QMargins strutStart; ///< Where along each edge the reserved part begins …
     QMargins strutEnd; ///< … and ends, inclusive.

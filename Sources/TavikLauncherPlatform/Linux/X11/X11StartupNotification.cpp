@@ -46,6 +46,18 @@ void broadcast(xcb_connection_t* connection, xcb_window_t root, const QByteArray
     xcb_flush(connection);
 }
 
+QByteArray quoted(const QByteArray& text)
+{
+    QByteArray result = "\"";
+    for (const char c : text) {
+        if (c == '"' || c == '\\') {
+            result += '\\';
+        }
+        result += c;
+    }
+    return result + '"';
+}
+
 } // namespace
 
 bool isValid(const QByteArray& startupId)
@@ -69,19 +81,27 @@ void mark(xcb_connection_t* connection, xcb_window_t window, const QByteArray& s
                         startupId.constData());
 }
 
+void tell(xcb_connection_t* connection,
+          xcb_window_t root,
+          const QByteArray& kind,
+          const QByteArray& startupId,
+          const Words& words)
+{
+    QByteArray text = kind + ": ID=" + quoted(startupId);
+    for (const auto& [key, value] : words) {
+        if (!value.isEmpty()) {
+            text += ' ' + key + '=' + quoted(value);
+        }
+    }
+    broadcast(connection, root, text);
+}
+
 void complete(xcb_connection_t* connection, xcb_window_t root, const QByteArray& startupId)
 {
     if (startupId.isEmpty()) {
         return;
     }
-    QByteArray quoted = "remove: ID=\"";
-    for (const char c : startupId) {
-        if (c == '"' || c == '\\') {
-            quoted += '\\';
-        }
-        quoted += c;
-    }
-    broadcast(connection, root, quoted + '"');
+    tell(connection, root, "remove", startupId, {});
 }
 
 } // namespace Tavik::X11StartupNotification

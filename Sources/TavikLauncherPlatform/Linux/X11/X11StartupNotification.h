@@ -2,6 +2,9 @@
 #pragma once
 
 #include <QByteArray>
+#include <QList>
+
+#include <utility>
 
 #include <xcb/xcb.h>
 
@@ -17,7 +20,18 @@ namespace Tavik::X11StartupNotification {
 /// asked for it. Nothing happens for an empty identifier; nor in the next.
 void mark(xcb_connection_t* connection, xcb_window_t window, const QByteArray& startupId);
 
-/// Tells everybody who listens on the root window that nothing more is to be waited for.
+/// The words that a message tells, by their keys.
+using Words = QList<std::pair<QByteArray, QByteArray>>;
+
+/// Tells everybody who listens on the root window that a program is about to be started ("new"),
+/// or more of it ("change").
+void tell(xcb_connection_t* connection,
+          xcb_window_t root,
+          const QByteArray& kind,
+          const QByteArray& startupId,
+          const Words& words);
+
+/// Tells them that nothing more is to be waited for.
 void complete(xcb_connection_t* connection, xcb_window_t root, const QByteArray& startupId);
 
 } // namespace Tavik::X11StartupNotification

@@ -1,5 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/X11/X11StartupNotification.h>
 #include <TavikLauncherPlatform/Linux/X11/X11WindowTracker.h>
+
+#include <QCoreApplication>
+#include <QSysInfo>
 
 #include <algorithm>
 #include <utility>
@@ -44,21 +48,20 @@ X11WindowTracker::X11WindowTracker(MainQueue& mainQueue)
     m_pump.drainSoon();
 }
 
-const X11WindowFacts& X11WindowTracker::facts(xcb_window_t window) const
+WindowSource::Facts X11WindowTracker::factsOf(WindowId window) const
 {
-    static const X11WindowFacts none;
-    const auto found = m_tracked.constFind(window);
-    return found == m_tracked.cend() ? none : found->facts;
+    const auto found = m_tracked.constFind(static_cast<xcb_window_t>(window));
+    return found == m_tracked.cend() ? Facts() : Facts(found->facts);
 }
 
-xcb_window_t X11WindowTracker::mostRecent(const QList<xcb_window_t>& windows) const
+WindowId X11WindowTracker::mostRecent(const QList<WindowId>& windows) const
 {
-    xcb_window_t best = XCB_NONE;
+    WindowId best = 0;
     quint64 bestActive = 0;
-    for (const xcb_window_t window : windows) {
-        const auto found = m_tracked.constFind(window);
+    for (const WindowId window : windows) {
+        const auto found = m_tracked.constFind(static_cast<xcb_window_t>(window));
         const quint64 active = found == m_tracked.cend() ? 0 : found->lastActive;
-        if (best == XCB_NONE || active >= bestActive) {
+        if (best == 0 || active >= bestActive) {
             best = window;
             bestActive = active;
         }
@@ -97,9 +100,76 @@ std::optional<QPoint> X11WindowTracker::focusedPoint()
     return QPoint(origin->dst_x + geometry->width / 2, origin->dst_y + geometry->height / 2);
 }
 
-void X11WindowTracker::activate(xcb_window_t window)
+void X11WindowTracker::activate(WindowId window)
 {
-    requestFocus(m_connection.get(), m_connection.root(), m_atoms, window, serverTime());
+    xcb_connection_t* connection = m_connection.get();
+    const xcb_window_t root = m_connection.root();
+    const auto target = static_cast<xcb_window_t>(window);
+    X11PropertyQuery wanted(connection, target, m_atoms[X11Atom::netWmDesktop]);
+    X11PropertyQuery current(connection, root, m_atoms[X11Atom::netCurrentDesktop]);
+    const QList<uint32_t> desktop = wanted.numbers();
+    const xcb_timestamp_t time = m_pump.serverTime();
+    // Several window managers only mark a window of another desktop as wanting attention.
+    constexpr uint32_t allDesktops = 0xffffffff;
+    if (!desktop.isEmpty() && desktop.first() != allDesktops && desktop != current.numbers()) {
+        sendToWindowManager(connection,
+                            root,
+                            root,
+                            m_atoms[X11Atom::netCurrentDesktop],
+                            {desktop.first(), time, 0, 0, 0});
+    }
+    requestFocus(connection, root, m_atoms, target, time);
+    m_pump.drainSoon();
+}
+
+LaunchTokens X11WindowTracker::beginStart(const DesktopEntry& entry)
+{
+    const xcb_timestamp_t time = m_pump.serverTime();
+    const QByteArray id = "tavik-launcher-" + QByteArray::number(QCoreApplication::applicationPid())
+        + '-' + QByteArray::number(++m_starts) + "_TIME" + QByteArray::number(time);
+    // Who cannot take part says so; everybody else may, or is told apart by the window's class.
+    if (entry.notification != DesktopEntry::Notification::refused) {
+        m_announced.insert(id);
+        const QString name = entry.name.isEmpty() ? entry.path.section(u'/', -1) : entry.name;
+        const QByteArray desktop = QByteArray::number(
+            X11PropertyQuery(
+                m_connection.get(), m_connection.root(), m_atoms[X11Atom::netCurrentDesktop])
+                .numbers()
+                .value(0));
+        X11StartupNotification::tell(m_connection.get(),
+                                     m_connection.root(),
+                                     "new",
+                                     id,
+                                     {{"NAME", name.toUtf8()},
+                                      {"SCREEN", QByteArray::number(m_connection.screenNumber())},
+                                      {"BIN", entry.program.section(u'/', -1).toUtf8()},
+                                      {"ICON", entry.icon.toUtf8()},
+                                      {"DESKTOP", desktop},
+                                      {"TIMESTAMP", QByteArray::number(time)},
+                                      {"WMCLASS", entry.startupClass.toUtf8()},
+                                      {"APPLICATION_ID", entry.path.toUtf8()}});
+        m_pump.drainSoon();
+    }
+    return {.startupId = id, .activationToken = id};
+}
+
+void X11WindowTracker::describeStart(const LaunchTokens& start, qint64 processId)
+{
+    if (m_announced.contains(start.startupId)) {
+        X11StartupNotification::tell(m_connection.get(),
+                                     m_connection.root(),
+                                     "change",
+                                     start.startupId,
+                                     {{"PID", QByteArray::number(processId)},
+                                      {"HOSTNAME", QSysInfo::machineHostName().toUtf8()}});
+    }
+}
+
+void X11WindowTracker::endStart(const LaunchTokens& start)
+{
+    if (m_announced.remove(start.startupId)) {
+        X11StartupNotification::complete(m_connection.get(), m_connection.root(), start.startupId);
+    }
 }
 
 void X11WindowTracker::handle(const xcb_generic_event_t& event)
@@ -151,7 +221,8 @@ void X11WindowTracker::readWindows()
     const QList<xcb_window_t> listed = X11Properties::windowList(
         m_connection.get(), m_connection.root(), m_atoms[X11Atom::netClientList]);
     const QSet<xcb_window_t> existing(listed.begin(), listed.end());
-    m_order.removeIf([&](xcb_window_t window) { return !existing.contains(window); });
+    m_order.removeIf(
+        [&](WindowId window) { return !existing.contains(static_cast<xcb_window_t>(window)); });
     m_tracked.removeIf([&](auto tracked) { return !existing.contains(tracked.key()); });
 
     QList<xcb_window_t> added;

@@ -1,42 +1,47 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <TavikLauncherPlatform/FileManager.h>
+#include <TavikLauncherPlatform/Linux/Applications/ApplicationStarter.h>
 #include <TavikLauncherPlatform/Linux/Applications/DesktopEntries.h>
 #include <TavikLauncherPlatform/Linux/Applications/RunningApplicationList.h>
+#include <TavikLauncherPlatform/Linux/Applications/WindowSource.h>
 #include <TavikLauncherPlatform/Linux/Session/SleepMonitor.h>
-#include <TavikLauncherPlatform/Linux/X11/X11WindowTracker.h>
 #include <TavikLauncherPlatform/Workspace.h>
 
 #include <QObject>
+#include <QSet>
 
 #include <memory>
 
 namespace Tavik {
 
+class FolderWatch;
+class LinuxFileManager;
 class WorkQueue;
-struct LaunchResult;
 
-/// The workspace on X11: an application is the windows of one desktop entry or `.app` folder. The
-/// desktop entries are read off the main thread, so for a moment after the start running
-/// applications have no bundle path; when they get one, they count as launched, but the one that
-/// has the focus then does not count as activated.
-class X11Workspace final : public QObject, public Workspace
+/// The workspace of a Linux desktop: an application is the windows of one desktop entry or `.app`
+/// folder, whatever window system tells of them. The desktop entries are read off the main thread,
+/// so for a moment after the start running applications have no bundle path; when they get one,
+/// they count as launched, but the one that has the focus then does not count as activated.
+class ApplicationWorkspace final : public QObject, public Workspace
 {
 public:
-    X11Workspace(MainQueue& mainQueue, WorkQueue& workQueue, FileManager& fileManager);
+    /// The three outlive the workspace.
+    ApplicationWorkspace(MainQueue& mainQueue,
+                         WorkQueue& workQueue,
+                         LinuxFileManager& fileManager,
+                         std::unique_ptr<WindowSource> windows);
+    ~ApplicationWorkspace() override;
 
     [[nodiscard]] QList<RunningApplication> runningApplications() const override;
     [[nodiscard]] std::optional<RunningApplication> frontmostApplication() const override;
+    [[nodiscard]] QStringList startingApplications() const override;
     [[nodiscard]] std::optional<QString>
     pathForApplication(const QString& bundleIdentifier) const override;
     void openApplication(const QString& path,
                          OpenConfiguration configuration,
                          OpenCompletion completion) override;
     [[nodiscard]] NotificationCenter& notificationCenter() override { return m_center; }
-
-    /// For the screens' sake.
-    [[nodiscard]] X11WindowTracker& windows() { return m_windows; }
 
 private:
     struct Process
@@ -54,18 +59,18 @@ private:
     void updateApplications();
     void updateFrontmost();
     [[nodiscard]] QString frontmostIdentity() const;
-    [[nodiscard]] ApplicationWindow describe(xcb_window_t window);
-    [[nodiscard]] Identity identify(xcb_window_t window, const X11WindowFacts& facts);
-    [[nodiscard]] Identity identityOf(const DesktopEntry& entry) const;
+    [[nodiscard]] ApplicationWindow describe(WindowId window, const WindowSource::Facts& facts);
+    [[nodiscard]] Identity identify(WindowId window, const WindowSource::Facts& facts);
+    [[nodiscard]] LaunchClues launchClues(WindowId window, const WindowSource::Facts& facts);
     [[nodiscard]] Identity identityAt(const QString& path);
-    [[nodiscard]] const ProcessClues& cluesOf(xcb_window_t window, qint64 processId);
-    void rememberLaunch(const QString& path, const LaunchResult& result);
+    [[nodiscard]] const ProcessClues& cluesOf(WindowId window, qint64 processId);
 
     MainQueue& m_mainQueue;
     WorkQueue& m_workQueue;
-    FileManager& m_fileManager;
+    LinuxFileManager& m_fileManager;
     NotificationCenter m_center;
-    X11WindowTracker m_windows;
+    std::unique_ptr<WindowSource> m_windows;
+    ApplicationStarter m_starter;
     SleepMonitor m_sleep;
     DesktopEntries m_entries;
     std::unique_ptr<FolderWatch> m_watch;
@@ -74,13 +79,13 @@ private:
     bool m_isReading = false;
     bool m_mustReadAgain = false;
     double m_lastRead = 0;
+    const QString m_ownControlGroup;
     RunningApplicationList m_applications;
-    QHash<xcb_window_t, Process> m_processes; ///< By window, asked for once.
-    QSet<xcb_window_t> m_seen; ///< Windows that were looked up among the entries.
-    QHash<qint64, QString> m_launched; ///< What we started, by process.
+    QHash<WindowId, Process> m_processes; ///< By window, asked for once.
+    QHash<WindowId, QString> m_started; ///< What we started, by its windows.
+    QSet<WindowId> m_seen; ///< Windows that were looked up among the entries.
     QHash<QString, Identity> m_folders; ///< `.app` folders met among the running programs.
     QString m_frontmost; ///< What the last activation was about.
-    quint64 m_launches = 0;
 };
 
 } // namespace Tavik

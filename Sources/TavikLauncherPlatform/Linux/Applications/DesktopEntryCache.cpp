@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Applications/DesktopEntryCache.h>
+
+#include <QFile>
+#include <QMutexLocker>
+
+#include <sys/stat.h>
+
+namespace Tavik {
+
+DesktopEntry DesktopEntryCache::read(const QString& path, const QString& id)
+{
+    // Before the reading: what is written in between has another stamp.
+    const Stamp stamp = stampOf(path);
+    {
+        const QMutexLocker lock(&m_mutex);
+        const auto known = m_known.constFind(path);
+        if (known != m_known.cend() && known->stamp == stamp && known->entry.id == id) {
+            return known->entry;
+        }
+    }
+    const DesktopEntry entry = DesktopEntryFile::read(path, id);
+    const QMutexLocker lock(&m_mutex);
+    ++m_reads;
+    m_known.insert(path, {.stamp = stamp, .entry = entry});
+    return entry;
+}
+
+void DesktopEntryCache::keepOnly(const QSet<QString>& paths)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_known.removeIf([&paths](auto known) { return !paths.contains(known.key()); });
+}
+
+quint64 DesktopEntryCache::reads() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_reads;
+}
+
+DesktopEntryCache::Stamp DesktopEntryCache::stampOf(const QString& path)
+{
+    struct stat status = {};
+    if (::stat(QFile::encodeName(path).constData(), &status) != 0) {
+        return {};
+    }
+    constexpr qint64 second = 1'000'000'000;
+    return {.device = status.st_dev,
+            .inode = status.st_ino,
+            .size = status.st_size,
+            .written = status.st_mtim.tv_sec * second + status.st_mtim.tv_nsec,
+            .changed = status.st_ctim.tv_sec * second + status.st_ctim.tv_nsec};
+}
+
+} // namespace Tavik

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncherPlatform/Linux/Applications/DesktopEntry.h>
+
+#include <QHash>
+#include <QMutex>
+#include <QSet>
+
+namespace Tavik {
+
+/// Reads desktop entries for all who need them: each once, and again when its file is another or
+/// has been written to. Any thread.
+class DesktopEntryCache
+{
+public:
+    /// The entry at `path`; `id` is its desktop-file ID without the ending. A look at the file
+    /// alone where nothing has changed.
+    [[nodiscard]] DesktopEntry read(const QString& path, const QString& id);
+    /// Forgets every entry but those at `paths`.
+    void keepOnly(const QSet<QString>& paths);
+    /// How often a file was read.
+    [[nodiscard]] quint64 reads() const;
+
+private:
+    /// Tells one state of a file from another.
+    struct Stamp
+    {
+        quint64 device = 0;
+        quint64 inode = 0;
+        qint64 size = 0;
+        qint64 written = 0; ///< In nanoseconds.
+        qint64 changed = 0; ///< Likewise.
+
+        bool operator==(const Stamp&) const = default;
+    };
+    struct Known
+    {
+        Stamp stamp;
+        DesktopEntry entry;
+    };
+    [[nodiscard]] static Stamp stampOf(const QString& path);
+
+    mutable QMutex m_mutex;
+    QHash<QString, Known> m_known; ///< By path.
+    quint64 m_reads = 0;
+};
+
+} // namespace Tavik

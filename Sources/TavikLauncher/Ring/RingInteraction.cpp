@@ -155,6 +155,12 @@ void RingInteraction::installWorkspaceObservers()
     };
     m_workspaceObservers.push_back(center.addObserver(Workspace::didLaunchApplication, refresh));
     m_workspaceObservers.push_back(center.addObserver(Workspace::didTerminateApplication, refresh));
+    m_workspaceObservers.push_back(
+        center.addObserver(Workspace::didChangeStartingApplications,
+                           [this](const NotificationCenter::Notification&) {
+                               m_starting = m_dependencies.workspace.startingApplications();
+                               Q_EMIT ringChanged();
+                           }));
 }
 
 void RingInteraction::prepareForShow(bool isUserSummon)
@@ -182,6 +188,7 @@ void RingInteraction::refreshRing()
         = m_composition.defaultRingApps(m_composition.baseList(m_query, m_debouncedQuery));
     const int last = static_cast<int>(apps.size()) - 1;
     m_running = running;
+    m_starting = m_dependencies.workspace.startingApplications();
     m_ringApps = apps;
     m_selectedIndex = std::max(std::min(last, m_selectedIndex), 0);
     updateHighlightedAngle(m_selectedIndex, false);

@@ -62,6 +62,11 @@ public:
     }
     [[nodiscard]] bool hasActiveSelection() const { return m_showsSelectionLabel || isFiltering(); }
     [[nodiscard]] bool isRunning(const IndexedApp& app) const { return m_running.contains(app); }
+    /// It has been asked to start and has shown no window yet.
+    [[nodiscard]] bool isStarting(const IndexedApp& app) const
+    {
+        return m_starting.contains(app.path()) && !isRunning(app);
+    }
     [[nodiscard]] bool isIndexing() const;
 
     /// The ring comes into being: fills the command table and starts to follow the workspace.
@@ -122,6 +127,7 @@ private:
     int m_selectedIndex = 0;
     QList<IndexedApp> m_ringApps;
     RingComposition::RunningSets m_running;
+    QStringList m_starting; ///< Paths.
     std::vector<ObserverToken> m_workspaceObservers;
     bool m_isShown = false;
     bool m_hasStaleRecords = false;

@@ -147,6 +147,7 @@ RingScene RadialLauncherView::sceneNow()
             icon.emphasizedIcon = m_icons.image(app, RingIcons::Size::selected, measures);
         }
         icon.isRunning = m_interaction.isRunning(app);
+        icon.isStarting = m_interaction.isStarting(app);
         icon.dimsWhenNotRunning = !m_interaction.isFiltering();
         scene.icons.append(icon);
     }

@@ -69,8 +69,13 @@ public:
         if (kind == QAccessible::Name) {
             return shown->name();
         }
-        const bool runs = view().interaction().isRunning(*shown);
-        return kind == QAccessible::Description && runs ? u"running"_s : QString();
+        if (kind != QAccessible::Description) {
+            return {};
+        }
+        const RingInteraction& ring = view().interaction();
+        return ring.isRunning(*shown) ? u"running"_s
+            : ring.isStarting(*shown) ? u"starting"_s
+                                      : QString();
     }
     [[nodiscard]] QAccessible::State state() const override
     {

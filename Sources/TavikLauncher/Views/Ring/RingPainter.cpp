@@ -19,7 +19,7 @@ bool RingIcon::operator==(const RingIcon& other) const
     return center == other.center && icon.cacheKey() == other.icon.cacheKey()
         && emphasizedIcon.cacheKey() == other.emphasizedIcon.cacheKey()
         && emphasis == other.emphasis && isRunning == other.isRunning
-        && dimsWhenNotRunning == other.dimsWhenNotRunning;
+        && isStarting == other.isStarting && dimsWhenNotRunning == other.dimsWhenNotRunning;
 }
 
 namespace RingPainter {

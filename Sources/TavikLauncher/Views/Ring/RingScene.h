@@ -18,6 +18,7 @@ struct RingIcon
     QImage emphasizedIcon; ///< The same, decoded for the size of a selected icon.
     double emphasis = 0; ///< 0 at rest, 1 selected; may overshoot.
     bool isRunning = false;
+    bool isStarting = false;
     bool dimsWhenNotRunning = true;
 
     /// Images are told apart by identity, not pixel by pixel.

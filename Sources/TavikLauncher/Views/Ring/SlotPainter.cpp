@@ -107,10 +107,11 @@ QColor groundOf(const RingScene& scene, const RingIcon& icon)
     return isHighlighted ? over(scene.style.highlightTop, band) : band;
 }
 
-/// A rim keeps the mark visible where its colour is that of the ground, as on the highlight.
+/// A rim keeps the mark visible where its colour is that of the ground, as on the highlight. It is
+/// hollow for what is still starting.
 void paintDot(QPainter& painter, const RingScene& scene, const RingIcon& icon)
 {
-    if (!scene.style.showsRunningDot || !icon.isRunning) {
+    if (!scene.style.showsRunningDot || !(icon.isRunning || icon.isStarting)) {
         return;
     }
     const double ground = luminance(groundOf(scene, icon)) + 0.05;
@@ -125,6 +126,10 @@ void paintDot(QPainter& painter, const RingScene& scene, const RingIcon& icon)
     painter.drawEllipse(place, rim, rim);
     painter.setBrush(scene.style.dot);
     painter.drawEllipse(place, dotRadius, dotRadius);
+    if (!icon.isRunning) {
+        painter.setBrush(groundOf(scene, icon));
+        painter.drawEllipse(place, dotRadius - 1, dotRadius - 1);
+    }
 }
 
 } // namespace

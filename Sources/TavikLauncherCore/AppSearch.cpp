@@ -104,6 +104,29 @@ std::optional<qint64> scoreOf(const SearchText& query, const QString& candidate)
     return tally.score();
 }
 
+/// The score of the name that answers best; absent when none does.
+std::optional<qint64> bestOf(const SearchText& query, const QStringList& names)
+{
+    std::optional<qint64> best;
+    for (const QString& name : names) {
+        best = std::max(best, scoreOf(query, name));
+    }
+    return best;
+}
+
+/// What was found by; the better first.
+enum class Rank {
+    name,
+    otherName,
+};
+
+struct Match
+{
+    qsizetype index = 0;
+    Rank rank = Rank::name;
+    qint64 score = 0;
+};
+
 /// Keeps the best `limit` of the matches it is given, in a heap with the last of them on top, so
 /// that most matches cost one comparison and names are collated only where scores tie.
 class BestMatches
@@ -114,9 +137,8 @@ public:
         , m_limit(static_cast<std::size_t>(std::min(limit, apps.size())))
     { }
 
-    void add(qsizetype index, qint64 score)
+    void add(const Match& match)
     {
-        const Match match{index, score};
         if (m_heap.size() < m_limit) {
             m_heap.push_back(match);
         } else if (m_before(match, m_heap.front())) {
@@ -140,12 +162,6 @@ public:
     }
 
 private:
-    struct Match
-    {
-        qsizetype index = 0;
-        qint64 score = 0;
-    };
-
     /// A total order, because no two matches have the same index.
     struct Order
     {
@@ -154,6 +170,9 @@ private:
 
         bool operator()(const Match& left, const Match& right) const
         {
+            if (left.rank != right.rank) {
+                return left.rank < right.rank;
+            }
             if (left.score != right.score) {
                 return left.score > right.score;
             }
@@ -180,7 +199,9 @@ QList<IndexedApp> results(const QString& query, const QList<IndexedApp>& apps, q
     BestMatches best(apps, effectiveLimit);
     for (qsizetype index = 0; index < apps.size(); ++index) {
         if (const auto score = scoreOf(wanted, apps[index].name())) {
-            best.add(index, *score);
+            best.add({index, Rank::name, *score});
+        } else if (const auto other = bestOf(wanted, apps[index].otherNames())) {
+            best.add({index, Rank::otherName, *other});
         }
     }
     return best.sorted();

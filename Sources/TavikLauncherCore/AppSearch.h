@@ -12,9 +12,10 @@
 namespace Tavik::AppSearch {
 
 /// The records of `apps` that match `query`, best first, at most max(`limit`, 1) of them. A blank
-/// query yields the first records in their given order. Only names are searched: every word of the
-/// query must start a word of the name, in the same order. Equal scores are ordered by name, equal
-/// names stay in their given order.
+/// query yields the first records in their given order. Every word of the query must start a word
+/// of the name, in the same order. Equal scores are ordered by name, equal names stay in their
+/// given order. Records that only one of their other names finds follow after all of these, ordered
+/// likewise.
 [[nodiscard]] QList<IndexedApp>
 results(const QString& query, const QList<IndexedApp>& apps, qsizetype limit);
 

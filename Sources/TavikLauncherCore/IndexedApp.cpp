@@ -27,6 +27,13 @@ IndexedApp::IndexedApp(QString name,
     , m_icon(std::move(icon))
 { }
 
+IndexedApp IndexedApp::withOtherNames(QStringList otherNames) const
+{
+    IndexedApp app = *this;
+    app.m_otherNames = std::move(otherNames);
+    return app;
+}
+
 bool IndexedApp::operator==(const IndexedApp& other) const
 {
     if (!areEquivalent(m_path, other.m_path) || !areEquivalent(m_name, other.m_name)) {

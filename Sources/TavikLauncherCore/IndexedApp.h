@@ -4,17 +4,20 @@
 #include <TavikLauncherCore/AppIcon.h>
 
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
 namespace Tavik {
 
 /// One installed application. Two records are equal when identity, name, bundle identifier and path
-/// are; the icon takes no part. Texts compare by Unicode canonical equivalence.
+/// are; icon and other names take no part. Texts compare by Unicode canonical equivalence.
 class IndexedApp
 {
 public:
     IndexedApp(QString name, std::optional<QString> bundleIdentifier, QString path, AppIcon icon);
+    /// The same record, also found by what people may call it besides.
+    [[nodiscard]] IndexedApp withOtherNames(QStringList otherNames) const;
 
     /// The record's identity: always its path.
     [[nodiscard]] const QString& id() const { return m_path; }
@@ -25,6 +28,7 @@ public:
     }
     [[nodiscard]] const QString& path() const { return m_path; }
     [[nodiscard]] const AppIcon& icon() const { return m_icon; }
+    [[nodiscard]] const QStringList& otherNames() const { return m_otherNames; }
 
     bool operator==(const IndexedApp& other) const;
 
@@ -33,6 +37,7 @@ private:
     std::optional<QString> m_bundleIdentifier;
     QString m_path;
     AppIcon m_icon;
+    QStringList m_otherNames;
 };
 
 } // namespace Tavik

@@ -60,6 +60,29 @@ class CoreTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void otherNamesFindAfterAllNames()
+    {
+        const auto app = [](const QString& name, const QStringList& otherNames = {}) {
+            return IndexedApp(name, {}, u"/"_s + name, {}).withOtherNames(otherNames);
+        };
+        const QList<IndexedApp> apps{app(u"Dateien"_s, {u"Files"_s, u"File Manager"_s}),
+                                     app(u"Archive"_s, {u"file-roller"_s}),
+                                     app(u"Open a File"_s),
+                                     app(u"Filer"_s, {u"File"_s})};
+        const auto names = [&apps](const QString& query) {
+            QStringList found;
+            for (const IndexedApp& record : AppSearch::results(query, apps, 9)) {
+                found.append(record.name());
+            }
+            return found;
+        };
+        QCOMPARE(names(u"file"_s),
+                 (QStringList{u"Filer"_s, u"Open a File"_s, u"Archive"_s, u"Dateien"_s}));
+        QCOMPARE(names(u"file man"_s), {u"Dateien"_s});
+        QCOMPARE(names(u"files manager"_s), {}); // Of two names.
+        QCOMPARE(app(u"A"_s), app(u"A"_s, {u"B"_s}));
+    }
+
     void scoreCountsWordPrefixes_data()
     {
         const Table<QString, QString, std::optional<qint64>> row;

@@ -184,7 +184,8 @@ QList<IndexedApp> loadCachedApplications(const FileManager& fileManager)
         apps.append(IndexedApp(cached.name,
                                cached.bundleIdentifier,
                                cached.path,
-                               AppIcon{bundle ? bundle->iconSource : QString()}));
+                               AppIcon{bundle ? bundle->iconSource : QString()})
+                        .withOtherNames(bundle ? bundle->otherNames : QStringList()));
     }
     return apps;
 }

@@ -112,7 +112,8 @@ IndexedApp record(const QString& path, const std::optional<Bundle>& bundle)
     return IndexedApp(displayName(path, bundle),
                       bundle ? bundle->identifier : std::nullopt,
                       path,
-                      AppIcon{bundle ? bundle->iconSource : QString()});
+                      AppIcon{bundle ? bundle->iconSource : QString()})
+        .withOtherNames(bundle ? bundle->otherNames : QStringList());
 }
 
 } // namespace Tavik::CatalogWalk

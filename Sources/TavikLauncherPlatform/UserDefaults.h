@@ -21,6 +21,9 @@ public:
     /// Stores `value`; an invalid variant removes the key. The write reaches the disk by the end of
     /// the main loop's turn.
     virtual void setObject(const QString& key, const QVariant& value) = 0;
+    /// The same for what changes often: the write waits until a second has passed without another
+    /// change of this kind, but not for ever.
+    virtual void setObjectSoon(const QString& key, const QVariant& value) { setObject(key, value); }
 
     [[nodiscard]] std::optional<bool> boolValue(const QString& key) const;
     [[nodiscard]] std::optional<qlonglong> integerValue(const QString& key) const;

@@ -23,6 +23,8 @@ struct RunningApplication
     std::optional<QString> bundleIdentifier;
     std::optional<QString> bundlePath;
     qint64 processId = 0;
+    /// Menus of this desktop show it: it is neither an agent nor meant for another desktop.
+    bool isListed = true;
 
     bool operator==(const RunningApplication&) const = default;
 };

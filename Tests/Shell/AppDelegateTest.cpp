@@ -300,6 +300,9 @@ private Q_SLOTS:
         changed = other;
         changed.bundlePath.reset();
         row("one without a path", changed, false);
+        changed = other;
+        changed.isListed = false;
+        row("one that no menu shows", changed, false);
     }
     void onlyWhatUsersLaunchIsRecorded()
     {

@@ -17,6 +17,7 @@ public:
     {
         return frontmost;
     }
+    [[nodiscard]] QStringList startingApplications() const override { return starting; }
     [[nodiscard]] std::optional<QString>
     pathForApplication(const QString& bundleIdentifier) const override
     {
@@ -43,6 +44,7 @@ public:
     }
 
     QList<RunningApplication> running;
+    QStringList starting;
     std::optional<RunningApplication> frontmost;
     QMap<QString, QString> paths;
     std::optional<QString> openError;

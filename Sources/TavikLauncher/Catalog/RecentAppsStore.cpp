@@ -17,7 +17,8 @@ QStringList RecentAppsStore::recentPaths() const
 
 void RecentAppsStore::recordLaunch(const QString& path)
 {
-    QStringList paths = recentPaths();
+    const QStringList before = recentPaths();
+    QStringList paths = before;
     // Texts are equal when they are canonically equivalent, as everywhere where records meet.
     const auto composed = [](const QString& text) {
         return text.normalized(QString::NormalizationForm_C);
@@ -27,12 +28,15 @@ void RecentAppsStore::recordLaunch(const QString& path)
         paths.erase(known);
     }
     paths.prepend(path);
+    if (paths == before) {
+        return;
+    }
 
     QVariantList stored;
     for (const QString& recent : paths.first(std::min(paths.size(), maxRecents))) {
         stored.append(recent);
     }
-    m_userDefaults.setObject(defaultsKey.toString(), stored);
+    m_userDefaults.setObjectSoon(defaultsKey.toString(), stored);
 }
 
 } // namespace Tavik

@@ -21,7 +21,7 @@ public:
     /// The stored paths, newest first; empty when what is stored is not a list of texts.
     [[nodiscard]] QStringList recentPaths() const;
 
-    /// Moves `path` to the front, or inserts it there, and stores the list.
+    /// Moves `path` to the front, or inserts it there, and stores the list if it is another then.
     void recordLaunch(const QString& path);
 
 private:

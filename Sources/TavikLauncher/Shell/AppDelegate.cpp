@@ -208,7 +208,7 @@ void AppDelegate::recordActivatedApplication()
 {
     const std::optional<RunningApplication> app = m_platform.workspace->frontmostApplication();
     if (!app || app->activationPolicy != RunningApplication::ActivationPolicy::regular
-        || app->bundleIdentifier == ownIdentifier() || !app->bundlePath) {
+        || !app->isListed || app->bundleIdentifier == ownIdentifier() || !app->bundlePath) {
         return;
     }
     m_recents.recordLaunch(*app->bundlePath);

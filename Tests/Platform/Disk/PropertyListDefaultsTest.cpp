@@ -92,6 +92,27 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(m_path));
     }
 
+    void whatChangesOftenIsWrittenOnceASecondLater()
+    {
+        const auto defaults = open();
+        for (qlonglong i = 0; i < 10; ++i) {
+            defaults->setObjectSoon(u"a"_s, i);
+            m_queue.advance(0.5);
+            QCOMPARE(m_work.waiting(), 0U);
+        }
+        QCOMPARE(defaults->integerValue(u"a"_s), 9);
+        m_queue.advance(0.6);
+        QCOMPARE(m_work.waiting(), 1U);
+        m_work.runAll();
+        QCOMPARE(open()->integerValue(u"a"_s), 9);
+        for (qlonglong i = 0; i < 21; ++i) {
+            defaults->setObjectSoon(u"a"_s, i);
+            m_queue.advance(0.5);
+        }
+        QCOMPARE(m_work.waiting(), 1U);
+        m_work.runAll();
+    }
+
     void changesDuringAWriteAreWrittenAfterIt()
     {
         auto defaults = open();

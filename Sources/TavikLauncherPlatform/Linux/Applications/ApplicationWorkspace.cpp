@@ -58,7 +58,8 @@ ApplicationWorkspace::ApplicationWorkspace(MainQueue& mainQueue,
     updateApplications();
     m_frontmost = frontmostIdentity();
     // Before the first reading, so that nothing changes unseen between the two.
-    m_watch = m_fileManager.watch(m_fileManager.applicationFolders(), [this] { readEntries(); });
+    m_watch = m_fileManager.watch(m_fileManager.applicationFolders(),
+                                  [this](const QStringList&) { readEntries(); });
     readEntries();
 }
 
@@ -210,6 +211,8 @@ ApplicationWindow ApplicationWorkspace::describe(WindowId window, const WindowSo
                                   .bundleIdentifier = identity.identifier,
                                   .processId = facts.processId};
     if (identity.path) {
+        const DesktopEntry* entry = m_entries.withPath(*identity.path);
+        description.isListed = !entry || !entry->isHidden;
         description.group = *identity.path;
     } else if (facts.processId > 0) {
         description.group = QStringLiteral("pid:%1").arg(facts.processId);

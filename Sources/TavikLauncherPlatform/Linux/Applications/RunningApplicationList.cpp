@@ -21,7 +21,8 @@ RunningApplicationList::Entry& RunningApplicationList::entryFor(const Applicatio
                              .application = {.activationPolicy = Policy::accessory,
                                              .bundleIdentifier = window.bundleIdentifier,
                                              .bundlePath = window.bundlePath,
-                                             .processId = window.processId},
+                                             .processId = window.processId,
+                                             .isListed = window.isListed},
                              .regularWindows = {},
                              .windows = {}});
         found = std::prev(m_entries.end());

@@ -24,6 +24,7 @@ struct ApplicationWindow
     std::optional<QString> bundlePath;
     std::optional<QString> bundleIdentifier;
     qint64 processId = 0;
+    bool isListed = true; ///< Of its application: menus show it.
 
     bool operator==(const ApplicationWindow&) const = default;
 };

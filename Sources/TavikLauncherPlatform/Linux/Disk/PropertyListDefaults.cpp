@@ -119,6 +119,21 @@ void PropertyListDefaults::setObject(const QString& key, const QVariant& value)
     }
 }
 
+void PropertyListDefaults::setObjectSoon(const QString& key, const QVariant& value)
+{
+    constexpr double patience = 1.0;
+    constexpr double longestPatience = 10.0;
+    m_values.setValue(key, value);
+    m_hasChanged = true;
+    const double now = m_mainQueue.systemUptime();
+    if (!m_soon.isActive()) {
+        m_waitingSince = now;
+    } else if (now - m_waitingSince > longestPatience - patience) {
+        return;
+    }
+    m_soon = m_mainQueue.after(patience, [this] { writeInBackground(); });
+}
+
 void PropertyListDefaults::flush()
 {
     if (!m_hasChanged) {

@@ -2,13 +2,13 @@
 #pragma once
 
 #include <TavikLauncherPlatform/Linux/Disk/PropertyList.h>
+#include <TavikLauncherPlatform/MainQueue.h>
 #include <TavikLauncherPlatform/UserDefaults.h>
 
 #include <QObject>
 
 namespace Tavik {
 
-class MainQueue;
 class WorkQueue;
 
 /// The user defaults in a property-list file that the user may read, edit and link to. Read once,
@@ -29,6 +29,7 @@ public:
 
     [[nodiscard]] QVariant object(const QString& key) const override;
     void setObject(const QString& key, const QVariant& value) override;
+    void setObjectSoon(const QString& key, const QVariant& value) override;
 
     /// Writes what has changed, before it returns. Not while a write is under way in the
     /// background.
@@ -51,6 +52,8 @@ private:
     bool m_isPosted = false;
     bool m_isWriting = false; ///< In the background.
     bool m_isFailing = false;
+    Task m_soon; ///< Writes what may wait.
+    double m_waitingSince = 0;
     QObject m_alive; ///< Watched by what has been posted.
 };
 

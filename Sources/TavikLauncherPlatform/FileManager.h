@@ -92,10 +92,12 @@ public:
     /// The user's Application Support folder, created if it does not exist.
     [[nodiscard]] virtual FolderResult applicationSupportFolder() const = 0;
 
-    /// Calls `changed` on the main thread when something below `folders` changes; bursts of changes
-    /// are reported once they have settled.
+    /// The paths of what has changed; none means that it may be anything.
+    using FoldersChanged = std::function<void(const QStringList& paths)>;
+    /// Calls `changed` on the main thread when something below `folders` changes, is written to or
+    /// goes; bursts of changes are reported once they have settled.
     [[nodiscard]] virtual std::unique_ptr<FolderWatch> watch(const QStringList& folders,
-                                                             std::function<void()> changed)
+                                                             FoldersChanged changed)
         = 0;
 };
 

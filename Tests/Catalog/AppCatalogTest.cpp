@@ -105,8 +105,8 @@ private Q_SLOTS:
         m_catalog->reindex();
         const WorkQueue::Done walk = m_work->startAt(1);
         installOnDisk({u"Walked"_s, u"New"_s});
-        m_files->folderChanged();
-        m_files->folderChanged();
+        m_files->folderChanged({});
+        m_files->folderChanged({});
         StepWorkQueue::finish(walk);
         QCOMPARE(names(), {u"Walked"_s});
         m_work->runAll();

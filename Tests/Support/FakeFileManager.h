@@ -57,7 +57,7 @@ public:
     [[nodiscard]] QStringList applicationFolders() const override { return items.keys(); }
     [[nodiscard]] FolderResult applicationSupportFolder() const override { return support; }
     [[nodiscard]] std::unique_ptr<FolderWatch> watch(const QStringList& folders,
-                                                     std::function<void()> changed) override
+                                                     FoldersChanged changed) override
     {
         watched = folders;
         folderChanged = std::move(changed);
@@ -72,7 +72,7 @@ public:
     unsigned user = 1000;
     mutable int bundleReads = 0;
     QStringList watched;
-    std::function<void()> folderChanged;
+    FoldersChanged folderChanged;
 };
 
 } // namespace Tavik::Test

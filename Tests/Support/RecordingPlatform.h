@@ -90,7 +90,7 @@ struct RecordingFileManager final : Recording<FakeFileManager>
 {
     using Recording::Recording;
     [[nodiscard]] std::unique_ptr<FolderWatch> watch(const QStringList& folders,
-                                                     std::function<void()> changed) override
+                                                     FoldersChanged changed) override
     {
         record(QStringLiteral("watch folders"));
         return FakeFileManager::watch(folders, std::move(changed));

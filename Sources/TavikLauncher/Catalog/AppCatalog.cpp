@@ -70,8 +70,8 @@ void AppCatalog::reindexIfStale(std::chrono::duration<double> maxAge)
 
 void AppCatalog::watchFolders()
 {
-    m_folderWatch
-        = m_dependencies.fileManager.watch(m_searchPaths, [this] { handleFolderChange(); });
+    m_folderWatch = m_dependencies.fileManager.watch(
+        m_searchPaths, [this](const QStringList&) { handleFolderChange(); });
 }
 
 void AppCatalog::loadCache()

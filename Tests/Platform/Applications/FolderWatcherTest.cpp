@@ -2,6 +2,7 @@
 #include <TavikLauncherPlatform/Linux/Applications/FolderWatcher.h>
 
 #include <QDir>
+#include <QFileSystemWatcher>
 #include <QTest>
 
 #include <Support/FileTree.h>
@@ -53,6 +54,22 @@ private Q_SLOTS:
         QCOMPARE(m_reports, 1);
         pass(2);
         QCOMPARE(m_reports, 2);
+    }
+
+    void writingIntoAFileIsReportedWithItsPath()
+    {
+        const QString path = m_tree->write(u"apps/a.desktop"_s);
+        watch(u"apps"_s);
+        m_tree->write(u"apps/a.desktop"_s, "written in place");
+        QVERIFY(settled());
+        QCOMPARE(m_reports, 1);
+        QCOMPARE(m_paths, QStringList{path});
+        m_tree->makeFolder(u"apps/new"_s);
+        QVERIFY(settled());
+        QCOMPARE(m_paths, QStringList{m_tree->path(u"apps/new"_s)});
+        QVERIFY(QFile::remove(path));
+        QVERIFY(settled());
+        QCOMPARE(m_paths, QStringList{path});
     }
 
     void foldersAddedLaterAreWatched()
@@ -149,7 +166,10 @@ private:
     {
         m_watcher
             = std::make_unique<FolderWatcher>(*m_queue, m_work, QStringList{m_tree->path(inner)});
-        connect(m_watcher.get(), &FolderWatcher::changed, this, [this] { ++m_reports; });
+        connect(m_watcher.get(), &FolderWatcher::changed, this, [this](const QStringList& paths) {
+            ++m_reports;
+            m_paths = paths;
+        });
     }
     void pass(double seconds)
     {
@@ -184,6 +204,7 @@ private:
     StepWorkQueue m_work;
     std::unique_ptr<FolderWatcher> m_watcher;
     int m_reports = 0;
+    QStringList m_paths; ///< Of the last report.
     int m_marks = 0;
 };
 

@@ -137,8 +137,8 @@ private Q_SLOTS:
         const FileTree tree;
         int first = 0;
         int second = 0;
-        auto early = m_files.watch({tree.path()}, [&first] { ++first; });
-        const auto late = m_files.watch({tree.path()}, [&second] { ++second; });
+        auto early = m_files.watch({tree.path()}, [&first](const QStringList&) { ++first; });
+        const auto late = m_files.watch({tree.path()}, [&second](const QStringList&) { ++second; });
         const auto change = [this, &tree](const QString& file) {
             tree.write(file);
             QVERIFY(QTest::qWaitFor([this] { return m_queue.pendingTasks() > 0; }, 3000));

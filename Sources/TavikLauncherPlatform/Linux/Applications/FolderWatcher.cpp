@@ -6,26 +6,12 @@
 
 #include <utility>
 
-#include <sys/inotify.h>
-#include <unistd.h>
-
 namespace Tavik {
 
 namespace {
 
 constexpr double settlingTime = 1.0;
 constexpr double longestSettling = 5.0;
-
-/// The toolkit would poll every second where the kernel grants no notifications.
-bool hasKernelNotifications()
-{
-    const int descriptor = ::inotify_init1(IN_CLOEXEC);
-    if (descriptor < 0) {
-        return false;
-    }
-    ::close(descriptor);
-    return true;
-}
 
 } // namespace
 
@@ -35,20 +21,20 @@ FolderWatcher::FolderWatcher(MainQueue& mainQueue, WorkQueue& workQueue, QString
     , m_folders(std::move(folders))
 {
     m_folders.removeIf([](const QString& folder) { return !folder.startsWith(u'/'); });
-    if (hasKernelNotifications()) {
-        m_watcher = std::make_unique<QFileSystemWatcher>();
-        connect(m_watcher.get(),
-                &QFileSystemWatcher::directoryChanged,
-                this,
-                &FolderWatcher::handleChange);
+    if (m_notifications.isWorking()) {
+        connect(
+            &m_notifications, &FolderNotifications::changed, this, &FolderWatcher::handleChange);
         take(FolderSurvey::of(m_folders));
     }
 }
 
-void FolderWatcher::handleChange(const QString& directory)
+void FolderWatcher::handleChange(const QString& folder, const QString& name)
 {
-    if (m_survey.watches.value(directory).isInside) {
-        m_sawChange = true;
+    if (folder.isEmpty() || m_survey.watches.value(folder).isInside) {
+        if (name.startsWith(u'.')) {
+            return; // No walk looks at it.
+        }
+        m_changed.insert(name.isEmpty() ? QString() : folder + u'/' + name);
     } else if (FolderSurvey::placesOf(m_folders) == m_survey.places) {
         // Something else in a parent folder, which may be as busy as the home folder.
         return;
@@ -72,7 +58,7 @@ void FolderWatcher::settle()
         WorkPriority::userInitiated,
         [folders = m_folders] { return FolderSurvey::of(folders); },
         [watcher = QPointer(this),
-         sawChange = std::exchange(m_sawChange, false)](const FolderSurvey& survey) {
+         changed = std::exchange(m_changed, {})](const FolderSurvey& survey) {
             if (!watcher) {
                 return;
             }
@@ -81,8 +67,10 @@ void FolderWatcher::settle()
             // The watches come first: what changes from here on is noticed, what came before is
             // found by whoever looks after this report.
             watcher->take(survey);
-            if (sawChange || areOthers) {
-                Q_EMIT watcher->changed();
+            if (areOthers || changed.contains(QString())) {
+                Q_EMIT watcher->changed({});
+            } else if (!changed.isEmpty()) {
+                Q_EMIT watcher->changed(changed.values());
             }
             if (std::exchange(watcher->m_mustSurveyAgain, false)) {
                 watcher->settle();
@@ -93,22 +81,24 @@ void FolderWatcher::settle()
 void FolderWatcher::take(const FolderSurvey& survey)
 {
     const auto& wanted = survey.watches;
-    QStringList missing = wanted.keys();
-    QStringList surplus;
-    for (const QString& path : m_watcher->directories()) {
+    QSet<QString> kept;
+    for (const QString& path : m_notifications.folders()) {
         // A watch holds on to the folder that was there when it was made.
         const auto found = wanted.constFind(path);
-        if (found != wanted.cend() && found->identity == m_survey.watches.value(path).identity) {
-            missing.removeOne(path);
+        const FolderSurvey::Watched known = m_survey.watches.value(path);
+        if (found != wanted.cend() && found->identity == known.identity
+            && found->isInside == known.isInside) {
+            kept.insert(path);
         } else {
-            surplus.append(path);
+            m_notifications.remove(path);
         }
     }
-    if (!surplus.isEmpty()) {
-        m_watcher->removePaths(surplus);
-    }
-    if (!missing.isEmpty()) {
-        m_watcher->addPaths(missing);
+    using Interest = FolderNotifications::Interest;
+    for (auto watched = wanted.cbegin(); watched != wanted.cend(); ++watched) {
+        if (!kept.contains(watched.key())) {
+            m_notifications.add(watched.key(),
+                                watched->isInside ? Interest::contents : Interest::names);
+        }
     }
     m_survey = survey;
 }

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncherPlatform/Linux/Applications/FolderNotifications.h>
 #include <TavikLauncherPlatform/Linux/Applications/FolderSurvey.h>
 #include <TavikLauncherPlatform/MainQueue.h>
 
-#include <QFileSystemWatcher>
 #include <QObject>
+#include <QSet>
 #include <QStringList>
 
-#include <memory>
 #include <optional>
 
 namespace Tavik {
@@ -17,8 +17,8 @@ class WorkQueue;
 
 /// Notices what comes and goes in folders and below them, through the kernel's notifications, and
 /// when another folder takes a folder's place: by its coming to exist, by a rename, or by a link on
-/// the way that leads elsewhere. Never polls: without notifications it stays silent. A file
-/// rewritten in place is not noticed.
+/// the way that leads elsewhere, and what is written to. Never polls: without notifications it
+/// stays silent.
 class FolderWatcher final : public QObject
 {
     Q_OBJECT
@@ -29,20 +29,21 @@ public:
     FolderWatcher(MainQueue& mainQueue, WorkQueue& workQueue, QStringList folders);
 
 Q_SIGNALS:
-    /// Changes have settled for a second, or have gone on for five.
-    void changed();
+    /// Changes have settled for a second, or have gone on for five. `paths` are what has changed;
+    /// none means that it may be anything.
+    void changed(const QStringList& paths);
 
 private:
-    void handleChange(const QString& directory);
+    void handleChange(const QString& folder, const QString& name);
     void settle();
     void take(const FolderSurvey& survey);
 
     MainQueue& m_mainQueue;
     WorkQueue& m_workQueue;
     QStringList m_folders;
-    std::unique_ptr<QFileSystemWatcher> m_watcher; ///< Null when the kernel has no room for it.
+    FolderNotifications m_notifications;
     FolderSurvey m_survey; ///< The last look.
-    bool m_sawChange = false;
+    QSet<QString> m_changed; ///< Paths; the empty one stands for anything.
     bool m_isSurveying = false;
     bool m_mustSurveyAgain = false;
     std::optional<double> m_unsettledSince;

@@ -202,7 +202,7 @@ FileManager::FolderResult LinuxFileManager::applicationSupportFolder() const
 }
 
 std::unique_ptr<FolderWatch> LinuxFileManager::watch(const QStringList& folders,
-                                                     std::function<void()> changed)
+                                                     FoldersChanged changed)
 {
     std::unique_ptr<FolderWatcher>& watcher = m_watchers[folders];
     if (!watcher) {

@@ -50,7 +50,7 @@ public:
     [[nodiscard]] FolderResult applicationSupportFolder() const override;
     /// Whoever watches the same folders shares the kernel's notifications.
     [[nodiscard]] std::unique_ptr<FolderWatch> watch(const QStringList& folders,
-                                                     std::function<void()> changed) override;
+                                                     FoldersChanged changed) override;
 
     /// Every entry below the application folders. May run on any thread.
     [[nodiscard]] DesktopEntries desktopEntries() const;

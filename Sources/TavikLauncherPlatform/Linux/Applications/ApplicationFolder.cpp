@@ -7,6 +7,7 @@
 #include <QImageReader>
 #include <QStringList>
 
+#include <cstddef>
 #include <memory>
 #include <plist/plist.h>
 #include <type_traits>
@@ -32,6 +33,17 @@ std::optional<QString> text(const Node& dictionary, const char* key)
     uint64_t length = 0;
     const char* bytes = plist_get_string_ptr(value, &length);
     return bytes ? QString::fromUtf8(bytes, static_cast<qsizetype>(length)) : QString();
+}
+
+/// Later releases of the library also tell which format it was.
+template <typename Parse> void parseWith(Parse parse, const QByteArray& bytes, plist_t* root)
+{
+    const auto size = static_cast<uint32_t>(bytes.size());
+    if constexpr (std::is_invocable_v<Parse, const char*, uint32_t, plist_t*, std::nullptr_t>) {
+        parse(bytes.constData(), size, root, nullptr);
+    } else {
+        parse(bytes.constData(), size, root);
+    }
 }
 
 /// `CFBundleIconFile` may leave the ending out, and may name a format that cannot be read here.
@@ -111,7 +123,7 @@ std::optional<InfoDictionary> parse(const QByteArray& propertyList)
         return std::nullopt;
     }
     plist_t root = nullptr;
-    plist_from_memory(propertyList.constData(), static_cast<uint32_t>(propertyList.size()), &root);
+    parseWith(plist_from_memory, propertyList, &root);
     const Node dictionary(root);
     if (!dictionary || plist_get_node_type(root) != PLIST_DICT) {
         return std::nullopt;

@@ -54,15 +54,24 @@ class Applications:
         for folder in (self.folder, self.icons, self.reports):
             folder.mkdir(parents=True)
 
-    def add(self, name, colour=None):
-        """Installs an application whose program opens a window titled as the name."""
+    def add(self, name, colour=None, arguments="", lines=None):
+        """Installs an application whose program opens a window titled as the name. More can be told to the
+        program, and other lines be written into the entry."""
         colour = colour or next(self._colours)
         slug = name.lower().replace(" ", "-")
         report = self.reports / f"{slug}.json"
-        command = f'{sys.executable} "{PROGRAM}" --title "{name}" --colour {bytes(PALETTE[colour]).hex()} --report "{report}"'
+        command = f'{sys.executable} "{PROGRAM}" --title "{name}" --colour {bytes(PALETTE[colour]).hex()} --report "{report}" {arguments}'
         entry = self.folder / f"org.example.{slug}.desktop"
-        self.write_entry(entry, name, command, self._icon(colour), f"StartupWMClass={name}\n")
+        if lines is None or "StartupWMClass" not in lines:
+            lines = f"StartupWMClass={name}\n{lines or ''}"
+        self.write_entry(entry, name, command, self._icon(colour), lines)
         return Application(name, PALETTE[colour], entry, report)
+
+    @staticmethod
+    def run_stray(desktop, name, *arguments):
+        """Opens a window of a program that has no entry; returns the window."""
+        desktop.spawn([sys.executable, str(PROGRAM), "--title", name, *arguments], log=name)
+        return desktop.display.wait_for(name)
 
     def add_many(self, count):
         """Installs `count` applications that start nothing of interest, with all icons among them."""

@@ -18,6 +18,8 @@ WINDOW_MANAGERS = {
     "openbox": ["openbox", "--sm-disable"],
     "xfwm4": ["xfwm4", "--compositor=off"],
     "metacity": ["metacity", "--no-composite"],
+    "marco": ["marco", "--no-composite"],
+    "awesome": ["awesome"],
     "none": None,
 }
 COMPOSITOR = ["picom", "--backend", "xrender", "--config", "/dev/null"]

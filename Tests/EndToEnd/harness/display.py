@@ -111,6 +111,32 @@ class Display:
             return None
         return Rect(-place.x, -place.y, geometry.width, geometry.height)
 
+    def switch_to_desktop(self, number):
+        self._ask_window_manager(self.root.id, "_NET_CURRENT_DESKTOP", [number, X.CurrentTime, 0, 0, 0])
+        wait_until(lambda: self.root_property("_NET_CURRENT_DESKTOP") == [number], f"desktop {number} is shown")
+
+    def listen_to_starts(self):
+        """Hears the messages of start-up notification from now on; the result returns them as kinds and texts."""
+        connection = Xlib.display.Display(self.connection.get_display_name())
+        self._grabbing.append(connection)
+        connection.screen().root.change_attributes(event_mask=X.PropertyChangeMask)
+        connection.sync()
+        parts, messages = {}, []
+
+        def heard():
+            while connection.pending_events():
+                message = connection.next_event()
+                if message.type != X.ClientMessage:
+                    continue
+                text = parts.get(message.window.id, b"") + bytes(message.data[1])
+                parts[message.window.id] = text
+                if b"\0" in text:
+                    whole = parts.pop(message.window.id).split(b"\0")[0].decode()
+                    messages.append(whole.split(": ", 1))
+            return messages
+
+        return heard
+
     def active_window(self):
         return (self.root_property("_NET_ACTIVE_WINDOW") or [0])[0]
 

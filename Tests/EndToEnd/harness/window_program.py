@@ -4,6 +4,7 @@
 import argparse
 import json
 import os
+import time
 
 import Xlib.display
 from Xlib import X, Xatom
@@ -28,7 +29,7 @@ def show_window(options):
     utf8 = display.intern_atom("UTF8_STRING")
     window.set_wm_name(options.title)
     window.change_property(display.intern_atom("_NET_WM_NAME"), utf8, 8, options.title.encode())
-    window.set_wm_class(options.title.lower(), options.title)
+    window.set_wm_class(*(options.window_class or (options.title.lower(), options.title)))
     window.change_property(display.intern_atom("_NET_WM_PID"), Xatom.CARDINAL, 32, [os.getpid()])
     window.set_wm_protocols([display.intern_atom("WM_DELETE_WINDOW")])
     window.set_wm_hints(flags=1, input=1)
@@ -49,7 +50,12 @@ parser.add_argument("--colour", default="f5f5f5")
 parser.add_argument("--report")
 parser.add_argument("--geometry", type=int, nargs=4, default=[300, 200, 40, 40])
 parser.add_argument("--full-screen", action="store_true")
+parser.add_argument("--class", dest="window_class", nargs=2)
+parser.add_argument("--delay", type=float, default=0)
+parser.add_argument("--report-only", action="store_true")
 arguments = parser.parse_args()
 if arguments.report:
     report(arguments.report)
-show_window(arguments)
+time.sleep(arguments.delay)
+if not arguments.report_only:
+    show_window(arguments)

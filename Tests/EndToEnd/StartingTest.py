@@ -1,0 +1,175 @@
+# SPDX-License-Identifier: MIT
+"""Every kind of entry starts, once, and is found again by its windows."""
+import os
+import pathlib
+
+import pytest
+
+from harness import processes, services
+from harness.waiting import stays, wait_until
+
+MANAGERS = [{"window_manager": name} for name in ("openbox", "xfwm4", "metacity", "marco", "awesome")]
+every_manager = pytest.mark.parametrize("desktop_options", MANAGERS, ids=lambda o: o["window_manager"])
+
+
+def launch(ring, display, slot=0):
+    ring.summon(640, 400)
+    display.press(f"ctrl+{slot + 1}")
+    ring.wait_hidden()
+
+
+def test_a_slow_starter_is_started_once_and_says_that_it_starts(launcher, applications, display):
+    slow = applications.add("Slow", arguments="--delay 2.5")
+    launcher.pin(slow)
+    heard = display.listen_to_starts()
+    launcher.start()
+    launch(launcher, display)
+    slow.wait_started()
+    launch(launcher, display)
+    display.wait_for("Slow")
+    launch(launcher, display)
+    stays(lambda: len(slow.starts()) == 1, "it was started once", seconds=1.0)
+    given = slow.starts()[0]["environment"]["DESKTOP_STARTUP_ID"]
+    told = [kind for kind, text in heard() if f'ID="{given}"' in text]
+    assert told == ["new", "change", "remove"]
+
+
+def test_what_exits_at_once_can_be_started_again(launcher, applications, display):
+    quick = applications.add("Quick", arguments="--report-only")
+    launcher.pin(quick)
+    launcher.start()
+    for times in (1, 2):
+        launch(launcher, display)
+        quick.wait_started(times)
+        wait_until(lambda: not processes.is_alive(quick.starts()[-1]["pid"]), "it has exited")
+
+
+def test_a_browser_and_its_web_application_are_two_though_one_process(launcher, applications, desktop, display):
+    browser = applications.add("Browser", arguments="--class browser Browser", lines="StartupWMClass=Browser\n")
+    page = applications.add("Page", arguments="--class crx_page Browser", lines="StartupWMClass=crx_page\n")
+    launcher.pin(browser, page)
+    launcher.start()
+    launch(launcher, display, 1)
+    window = display.wait_for("Page")
+    wait_until(lambda: display.has_focus(window), "the page has the focus")
+
+    launch(launcher, display, 0)
+    browser.wait_started()
+    other = display.wait_for("Browser")
+    wait_until(lambda: display.has_focus(other), "the browser has the focus")
+
+    launch(launcher, display, 1)
+    wait_until(lambda: display.has_focus(window), "the page has the focus again")
+    assert len(page.starts()) == 1 and len(browser.starts()) == 1
+
+
+@pytest.mark.parametrize("manner", ["answers", "refuses", "is silent", "missing"])
+def test_an_activatable_entry_is_asked_and_otherwise_started(launcher, applications, desktop, display, manner):
+    alder = applications.add("Alder", lines="DBusActivatable=true\n")
+    service = manner != "missing" and services.application(desktop, "org.example.alder", manner)
+    launcher.pin(alder)
+    launcher.start()
+    launch(launcher, display)
+    if service:
+        [platform_data] = service.wait_called()
+        assert "_TIME" in platform_data["desktop-startup-id"]
+        assert platform_data["activation-token"] == platform_data["desktop-startup-id"]
+    if manner == "answers":
+        stays(lambda: not alder.has_run(), "no program was started")
+    else:
+        alder.wait_started()
+
+
+@pytest.mark.parametrize("terminal, words", [
+    ("xdg-terminal-exec", []), ("x-terminal-emulator", ["-e"]), ("xfce4-terminal", ["-x"]), ("kitty", [])])
+def test_a_terminal_program_starts_in_a_terminal(launcher, applications, desktop, display, terminal, words):
+    alder = applications.add("Alder", lines=f"Terminal=true\nPath={desktop.home / 'share'}\n")
+    folder, seen = desktop.home / "bin", desktop.home / "terminal"
+    folder.mkdir()
+    program = folder / terminal
+    program.write_text(f'#!/bin/sh\nprintf "%s\\n" "$@" > {seen}\nshift {len(words)}\nexec "$@"\n')
+    program.chmod(0o755)
+    (folder / "python3").symlink_to("/usr/bin/python3")
+    launcher.pin(alder)
+    launcher.start(environment={"PATH": str(folder)})
+    launch(launcher, display)
+    assert alder.wait_started()["folder"] == str(desktop.home / "share")
+    assert seen.read_text().splitlines()[:len(words)] == words
+
+
+def test_what_cannot_start_is_one_line_and_a_word(launcher, applications, desktop, display):
+    broken = applications.add("Broken", lines="Terminal=true\n")
+    notices = services.notifications(desktop)
+    (desktop.home / "empty").mkdir()
+    launcher.pin(broken)
+    launcher.start(environment={"PATH": str(desktop.home / "empty")})
+    launch(launcher, display)
+    assert "Broken" in notices.wait_called()[3]
+    lines = [line for line in launcher.log_lines() if "failed to open" in line]
+    assert len(lines) == 1 and broken.path in lines[0], lines
+
+
+def test_each_program_gets_a_scope_of_its_own(launcher, applications, desktop, display):
+    alder = applications.add("Alder")
+    manager = services.unit_manager(desktop)
+    launcher.pin(alder)
+    launcher.start()
+    launch(launcher, display)
+    start = alder.wait_started()
+    name, mode, properties, _ = manager.wait_called()
+    assert name.startswith("app-tavik-org.example.alder-") and name.endswith(".scope") and mode == "fail"
+    values = dict(properties)
+    assert values["PIDs"] == [start["pid"]] and values["Slice"] == "app.slice"
+
+
+def test_launching_leaves_nothing_behind(launcher, applications, display):
+    quick = applications.add("Quick", arguments="--report-only")
+    launcher.pin(quick)
+    launcher.start()
+
+    def descriptors():
+        return len(os.listdir(f"/proc/{launcher.process.pid}/fd"))
+
+    def start(times):
+        launch(launcher, display)
+        quick.wait_started(times)
+        wait_until(lambda: not processes.is_alive(quick.starts()[-1]["pid"]), "it has exited")
+
+    for times in range(1, 4):
+        start(times)
+    before = descriptors()
+    for times in range(4, 16):
+        start(times)
+    wait_until(lambda: descriptors() <= before, f"no more than {before} files are open")
+
+
+@every_manager
+def test_an_application_on_another_desktop_comes_up(launcher, applications, desktop, display, desktop_options):
+    alder, birch = applications.add("Alder"), applications.add("Birch")
+    launcher.pin(alder, birch)
+    launcher.start()
+    launch(launcher, display, 0)
+    window = display.wait_for("Alder")
+    wait_until(lambda: display.has_focus(window), "it has the focus")
+    display.switch_to_desktop(1)
+    wait_until(lambda: not display.has_focus(window), "the desktop is left")
+    launch(launcher, display, 0)
+    wait_until(lambda: display.has_focus(window) and display.is_viewable(window), "it is up again")
+    assert len(alder.starts()) == 1
+
+
+def test_windows_join_their_entries_whatever_started_them(launcher, applications, desktop, display):
+    """A program that the desktop has started by a script, and an entry that changes while it runs."""
+    alder = applications.add("Alder", arguments="--class odd Odd")
+    launcher.pin(alder)
+    launcher.start()
+    launcher.wait_indexed()
+    stray = applications.run_stray(desktop, "Stray", "--class", "late", "Late")
+    text = pathlib.Path(alder.path).read_text()
+    pathlib.Path(alder.path).write_text(text.replace("StartupWMClass=Alder", "StartupWMClass=Late"))
+
+    def is_raised():
+        launch(launcher, display)
+        return display.has_focus(stray)
+
+    wait_until(is_raised, "the entry, edited in place, has the window", timeout=6)

@@ -155,12 +155,11 @@ void RingInteraction::installWorkspaceObservers()
     };
     m_workspaceObservers.push_back(center.addObserver(Workspace::didLaunchApplication, refresh));
     m_workspaceObservers.push_back(center.addObserver(Workspace::didTerminateApplication, refresh));
-    m_workspaceObservers.push_back(
-        center.addObserver(Workspace::didChangeStartingApplications,
-                           [this](const NotificationCenter::Notification&) {
-                               m_starting = m_dependencies.workspace.startingApplications();
-                               Q_EMIT ringChanged();
-                           }));
+    m_workspaceObservers.push_back(center.addObserver(
+        Workspace::didChangeStartingApplications, [this](const NotificationCenter::Notification&) {
+            m_starting = m_dependencies.workspace.startingApplications();
+            Q_EMIT ringChanged();
+        }));
 }
 
 void RingInteraction::prepareForShow(bool isUserSummon)

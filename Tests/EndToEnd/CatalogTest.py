@@ -22,3 +22,15 @@ def test_a_new_application_can_be_found_and_a_removed_one_not(launcher, applicat
     display.type("mul")
     launcher.wait_shows(comes, remains)
     look("search")
+
+
+def test_an_entry_written_in_place_shows_within_two_seconds(launcher, applications, desktop):
+    old = applications.add("Mulberry")
+    launcher.start().wait_indexed()
+    text = old.entry.read_text()
+    empty = old.entry.with_name("org.example.filled.desktop")
+    empty.touch()
+    wait_until(lambda: "Mulberry" in names(launcher), "the entry is known")
+    old.entry.write_text(text.replace("Name=Mulberry", "Name=Medlar"))
+    empty.write_text(text.replace("Name=Mulberry", "Name=Sorb"))
+    wait_until(lambda: {"Medlar", "Sorb"} <= set(names(launcher)), "both are known anew", timeout=2)

@@ -221,7 +221,9 @@ void X11WindowServer::finishReturn()
     const Desktop now = desktop();
     if (now.hasManager && m_previousActive != XCB_NONE) {
         requestFocus(m_connection.get(), m_connection.root(), m_atoms, m_previousActive, now.time);
-    } else {
+    } else if (!now.hasManager || !isFree(m_previousFocus, XCB_NONE)) {
+        // Not back to nobody where windows are managed: it would bear a later time than the
+        // manager's own word for the next new window, which the server would then not heed.
         xcb_set_input_focus(
             m_connection.get(), XCB_INPUT_FOCUS_POINTER_ROOT, m_previousFocus, now.time);
         xcb_flush(m_connection.get());

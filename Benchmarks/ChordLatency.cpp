@@ -118,7 +118,10 @@ int main(int argc, char** argv)
     }
     QtMainQueue mainQueue;
     Granted permission;
-    X11KeyEvents keyEvents(x11->connection(), mainQueue, permission);
+    X11KeyEvents keyEvents({.toolkit = x11->connection(),
+                            .mainQueue = mainQueue,
+                            .permission = permission,
+                            .ringGotKey = [](xcb_keycode_t, xcb_timestamp_t) { return false; }});
     Hand hand;
     const auto hear = [&hand](const KeyEvents::Event& event) {
         if (event.modifierFlags == chordFlags) {

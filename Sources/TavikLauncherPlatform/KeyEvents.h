@@ -61,16 +61,29 @@ public:
     enum class Kind {
         modifiersChanged, ///< A modifier key went down or up.
         keyDown, ///< Any other key went down.
+        /// Any other key went down with modifiers held, and it was not the ring that got it: the
+        /// desktop or another program has asked for it. Tells not which. Only from a tap.
+        takenElsewhere,
     };
     struct Event
     {
         Kind kind = Kind::modifiersChanged;
         quint16 keyCode = 0; ///< Of a key that went down: virtual key code of the standard layout.
-        quint64 modifierFlags = 0; ///< What is held after the event, in bits of ModifierFlags.
+        /// What is in effect after the event, in bits of ModifierFlags.
+        quint64 modifierFlags = 0;
         bool isRepeat = false;
         double time = 0; ///< Seconds of system uptime; sources may differ by a few milliseconds.
     };
     using Observer = std::function<void(const Event&)>;
+    struct HotKeyHandlers
+    {
+        /// Receives the time of the press in seconds of system uptime, once per press: auto-repeat
+        /// is not reported. Keys that follow are held back until it returns, so that a window which
+        /// it shows gets them.
+        std::function<void(double)> pressed;
+        /// The key had to be given up when the keyboard changed; receives the system's error code.
+        std::function<void(int)> lost;
+    };
     /// Returns whether the event ends here.
     using Filter = std::function<bool(const Event&)>;
 
@@ -90,10 +103,8 @@ public:
 
     virtual ~KeyEvents() = default;
 
-    /// Asks for `hotKey` system-wide. `pressed` receives the time of the press in seconds of system
-    /// uptime, once per press: auto-repeat is not reported.
-    [[nodiscard]] virtual HotKeyResult registerHotKey(const HotKey& hotKey,
-                                                      std::function<void(double)> pressed)
+    /// Asks for `hotKey` system-wide.
+    [[nodiscard]] virtual HotKeyResult registerHotKey(const HotKey& hotKey, HotKeyHandlers handlers)
         = 0;
     /// The status with which `registerHotKey` would end now; what we hold ourselves can be had.
     [[nodiscard]] virtual int hotKeyStatus(const HotKey& hotKey) = 0;
@@ -101,7 +112,9 @@ public:
     [[nodiscard]] virtual bool hasKeys(quint64 modifierFlags,
                                        std::optional<quint16> keyCode) const = 0;
 
-    // Each of these three is null where the system has no such source.
+    // Each of these three is null where the system has no such source. What they tell of the
+    // modifiers is the keyboard's true state, and all of them together tell it in the order in
+    // which it changed: the same state may come several times, an old one never after a newer.
 
     /// Events in our own windows, before they are handled there.
     [[nodiscard]] virtual std::unique_ptr<KeyMonitor> addLocalMonitor(Kind kind, Filter filter) = 0;
@@ -112,12 +125,8 @@ public:
     [[nodiscard]] virtual std::unique_ptr<EventTap>
     createEventTap(Kind kind, Observer observer, std::function<void()> disabled) = 0;
 
-    /// Told when one of our windows takes or loses the keyboard: what was released meanwhile may
-    /// have been told to somebody else. Null where that cannot be known.
-    [[nodiscard]] virtual std::unique_ptr<KeyMonitor> addFocusMonitor(std::function<void()> changed)
-        = 0;
-    /// The modifiers held right now, asked from the system; absent when it cannot say.
-    [[nodiscard]] virtual std::optional<quint64> heldModifiers() const = 0;
+    /// The modifiers in effect right now, asked from the system; absent when it cannot say.
+    [[nodiscard]] virtual std::optional<quint64> heldModifiers() = 0;
 
     /// The virtual key code of the standard layout for the place of a key; absent without one.
     [[nodiscard]] virtual std::optional<quint16> keyCode(const NativeKey& key) const = 0;

@@ -25,9 +25,14 @@ class WindowServer
 public:
     virtual ~WindowServer() = default;
 
-    /// Marks the not yet shown window as a panel: above others, on every desktop, in no taskbar or
-    /// pager. Must be repeated before each showing. Also remembers who has the keyboard now.
+    /// Whether the panel is a window like others to the desktop. Where it is not, nothing but this
+    /// gives it the keyboard and keeps it there.
+    [[nodiscard]] virtual bool isPanelManaged() const = 0;
+    /// Makes ready for showing the panel: above others, on every desktop, in no taskbar or pager.
+    /// Must be repeated before each showing. Also remembers who has the keyboard now.
     virtual void preparePanel(WId window) = 0;
+    /// Lets the pointer reach a window only there; device pixels, y growing downwards.
+    virtual void setInputRegion(WId window, const QRegion& region) = 0;
     /// Keeps a window of ours out of taskbar and pager, or brings it back.
     virtual void setSkipsTaskbar(WId window, bool skips) = 0;
     /// Asks a compositor that can to blur what is seen through this part of the window, in device
@@ -38,9 +43,11 @@ public:
     virtual void reportMoves(WId window) = 0;
     /// Gives the keyboard to the shown window, also against focus-stealing prevention.
     virtual void takeKeyboardFocus(WId window) = 0;
+    /// Gives the keyboard to the shown panel and watches over it; see `onPanelLeft`.
+    virtual void takeKeyboardFocusForPanel() = 0;
     /// Gives the keyboard back to the window that had it when the panel was prepared, unless
-    /// another window has taken it since.
-    virtual void returnKeyboardFocus(WId window) = 0;
+    /// another window has taken it since. To be called before the panel is hidden.
+    virtual void returnKeyboardFocus() = 0;
     /// True while the keyboard belongs to the window. A grab by another program (a volume key held
     /// down) does not change that, though the toolkit reports a deactivation.
     [[nodiscard]] virtual bool hasKeyboardFocus(WId window) const = 0;
@@ -55,6 +62,9 @@ public:
     /// Tells the desktop that the action has been carried out, so that nobody waits for a window.
     virtual void endActivation() = 0;
 
+    /// Called while the panel has taken the keyboard, when the user has turned to something else: has
+    /// clicked elsewhere or given the keyboard to another window. Also when it could not be had.
+    std::function<void()> onPanelLeft;
     /// Called when a compositor comes or goes.
     std::function<void()> onCompositingChanged;
 };

@@ -36,14 +36,17 @@ class FakeKeyEvents : public KeyEvents
 {
 public:
     [[nodiscard]] HotKeyResult registerHotKey(const HotKey& hotKey,
-                                              std::function<void(double)> pressed) override
+                                              HotKeyHandlers handlers) override
     {
         requests.append(hotKey);
         if (hotKeyError != 0) {
             return {.registration = nullptr, .status = hotKeyError};
         }
-        return {.registration = std::make_unique<Registration>(hotKeyPressed, std::move(pressed)),
-                .status = 0};
+        hotKeyLost = std::move(handlers.lost);
+        return {
+            .registration
+            = std::make_unique<Registration>(hotKeyPressed, std::move(handlers.pressed)),
+            .status = 0};
     }
     [[nodiscard]] int hotKeyStatus(const HotKey&) override { return hotKeyError; }
     [[nodiscard]] bool hasKeys(quint64 modifierFlags, std::optional<quint16> keyCode) const override
@@ -67,12 +70,7 @@ public:
         tapEnabled = hasTap;
         return hasTap ? std::make_unique<Tap>(*this, std::move(observer)) : nullptr;
     }
-    [[nodiscard]] std::unique_ptr<KeyMonitor>
-    addFocusMonitor(std::function<void()> changed) override
-    {
-        return std::make_unique<Source<std::function<void()>>>(focusChanged, std::move(changed));
-    }
-    [[nodiscard]] std::optional<quint64> heldModifiers() const override { return held; }
+    [[nodiscard]] std::optional<quint64> heldModifiers() override { return held; }
     [[nodiscard]] std::optional<quint16> keyCode(const NativeKey&) const override
     {
         return std::nullopt;
@@ -86,8 +84,8 @@ public:
     Filter local; ///< Each is empty while nobody listens.
     Observer tap;
     Observer global;
-    std::function<void()> focusChanged;
     std::function<void(double)> hotKeyPressed;
+    std::function<void(int)> hotKeyLost;
     std::function<void()> tapDisabled;
     bool hasLocal = true;
     bool hasTap = true;

@@ -11,6 +11,8 @@ namespace Tavik::Test {
 class FakeWindowServer : public WindowServer
 {
 public:
+    [[nodiscard]] bool isPanelManaged() const override { return isManaged; }
+    void setInputRegion(WId, const QRegion& region) override { inputRegion = region; }
     void preparePanel(WId) override { calls << QStringLiteral("prepare"); }
     void setSkipsTaskbar(WId, bool skips) override
     {
@@ -18,7 +20,8 @@ public:
     }
     void reportMoves(WId) override { }
     void takeKeyboardFocus(WId) override { calls << QStringLiteral("take focus"); }
-    void returnKeyboardFocus(WId) override { calls << QStringLiteral("return focus"); }
+    void takeKeyboardFocusForPanel() override { calls << QStringLiteral("take focus"); }
+    void returnKeyboardFocus() override { calls << QStringLiteral("return focus"); }
     [[nodiscard]] bool hasKeyboardFocus(WId) const override { return hasFocus; }
     [[nodiscard]] bool isOnScreen(WId) const override { return true; }
     [[nodiscard]] bool isCompositing() const override { return compositing; }
@@ -29,6 +32,8 @@ public:
     void endActivation() override { calls << QStringLiteral("end"); }
 
     QStringList calls;
+    QRegion inputRegion;
+    bool isManaged = false;
     bool hasFocus = true;
     bool compositing = true;
 };

@@ -121,10 +121,10 @@ struct RecordingKeyEvents final : Recording<FakeKeyEvents>
 {
     using Recording::Recording;
     [[nodiscard]] HotKeyResult registerHotKey(const HotKey& hotKey,
-                                              std::function<void(double)> pressed) override
+                                              HotKeyHandlers handlers) override
     {
         record(QStringLiteral("take the key"));
-        return FakeKeyEvents::registerHotKey(hotKey, std::move(pressed));
+        return FakeKeyEvents::registerHotKey(hotKey, std::move(handlers));
     }
 };
 

@@ -27,7 +27,8 @@ struct Gestured
     }};
 
     /// Plays "P10.0 R10.2 …": press, release, U = release by unregistering, S = sleep, of a chord;
-    /// K = press and k = release of a shortcut with a key; n and y = the user's wish to pin.
+    /// K = press and k = release of a shortcut with a key; n and y = the user's wish to pin; O =
+    /// somebody else gets a key, M = a modifier joins, L = all is let go.
     void play(const QString& script)
     {
         using enum TriggerGestures::Shortcut;
@@ -48,6 +49,15 @@ struct Gestured
                 break;
             case u'k':
                 gestures.release(keyed, ReleaseReason::unregistered, time);
+                break;
+            case u'O':
+                gestures.otherKey(OtherKey::takenElsewhere);
+                break;
+            case u'M':
+                gestures.otherKey(OtherKey::modifier);
+                break;
+            case u'L':
+                gestures.letGo();
                 break;
             case u'S':
                 gestures.systemWillSleep();
@@ -88,6 +98,15 @@ private Q_SLOTS:
         row("sleep between", u"P10 R10.2 S P10.7"_s, true, false);
         row("sleep during the tap", u"P10 S R10.2 P10.7"_s, true, false);
         row("times of a long uptime", u"P4000000.123 R4000000.473 P4000001.473"_s, true, true);
+        row("a shortcut hides at once", u"P10 O"_s, false, false);
+        row("two quick shortcuts", u"P10 O R10.1 L P10.3 O R10.4 L"_s, false, false);
+        row("a shortcut is no tap", u"P10 O R10.1 L P10.5"_s, true, false);
+        row("a shortcut is no second tap", u"P10 R10.1 P10.3 O R10.4 L"_s, false, false);
+        row("told late", u"P10 R10.1 O L P10.5"_s, true, false);
+        row("a third modifier let go first", u"P10 M R10.1 P10.2"_s, false, false);
+        row("a third modifier pins nothing", u"P10 R10.1 P10.3 M R10.31 P10.32 R10.4 L"_s, false, false);
+        row("a third modifier in a pinned ring", u"P10 R10.1 P10.3 R10.4 P12 M R12.1 L"_s, true, true);
+        row("the desktop's key in a pinned ring", u"P10 R10.1 P10.3 R10.4 P12 O"_s, false, false);
         row("pinning is not wanted", u"n P10 R10.2 P10.7"_s, true, false);
         row("nor does the tap of before count later", u"n P10 R10.2 P11 y P11.1"_s, true, false);
         row("a chord never toggles", u"K9 P10"_s, true, false);

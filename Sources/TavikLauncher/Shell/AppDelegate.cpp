@@ -217,6 +217,7 @@ void AppDelegate::recordActivatedApplication()
 void AppDelegate::setupHotKey()
 {
     m_hotKey.reset();
+    m_gestures.letGo();
     if (m_isRecordingShortcut) {
         // The ring would take the keyboard from who records, in the middle of the gesture.
         return;
@@ -229,16 +230,19 @@ void AppDelegate::setupHotKey()
             *m_platform.keyEvents, *m_platform.accessibility, *m_platform.mainQueue},
         config,
         [this, shortcut](double time) {
-            if (!m_screenGuard.isFree()) {
-                return;
+            if (m_screenGuard.isFree()) {
+                m_gestures.press(shortcut, time);
             }
-            m_gestures.press(shortcut, time);
-            launcherPanel().setHoldsKeyboard(shortcut == TriggerGestures::Shortcut::modifierOnly);
         },
         [this, shortcut](ReleaseReason reason, double time) {
-            launcherPanel().setHoldsKeyboard(false);
             m_gestures.release(shortcut, reason, time);
         });
+    hotKey->onOtherKey = [this](OtherKey key) {
+        m_gestures.otherKey(key);
+    };
+    hotKey->onLetGo = [this] {
+        m_gestures.letGo();
+    };
     hotKey->onAccessibilityRevoked = [this] {
         m_windows.checkAccessibilityPermission();
     };

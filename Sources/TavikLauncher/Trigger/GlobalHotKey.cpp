@@ -21,8 +21,8 @@ constexpr double staleTapSeconds = 0.25;
 constexpr double tapHealthSeconds = 1.0;
 /// How long a release that nobody told of can keep a chord alive.
 constexpr double heldModifiersSeconds = 0.25;
-/// A press that another source tells so soon after a release may be the one before it.
-constexpr double lateReportSeconds = 0.05;
+/// So far apart two sources may tell of one moment.
+constexpr double sourcesApartSeconds = 0.05;
 
 const char* nameOf(KeySource source)
 {
@@ -112,7 +112,6 @@ void GlobalHotKey::registerChord()
         = keys.addGlobalMonitor(modifiersChanged, [this](const KeyEvents::Event& event) {
               handleModifiers(KeySource::globalMonitor, event);
           });
-    m_focusMonitor = keys.addFocusMonitor([this] { checkHeldModifiers(); });
     qCInfo(log,
            "Tavik Launcher hotkey registered (modifier-only): local=%d tap=%d global=%d "
            "AXTrusted=%d",
@@ -126,23 +125,38 @@ void GlobalHotKey::registerKey()
 {
     const KeyEvents::HotKey hotKey{.keyCode = *m_config.keyCode,
                                    .modifierFlags = modifiersOf(m_config)};
-    KeyEvents::HotKeyResult result
-        = m_dependencies.keyEvents.registerHotKey(hotKey, [this](double time) { press(time); });
+    KeyEvents::HotKeyResult result = m_dependencies.keyEvents.registerHotKey(
+        hotKey,
+        {.pressed = [this](double time) { press(time); },
+         .lost = [this](int status) { hotKeyLost(status); }});
     m_hotKey = std::move(result.registration);
-    if (!m_hotKey) {
-        qCWarning(log, "Tavik Launcher: RegisterEventHotKey status %d", result.status);
-        qCWarning(log,
-                  "Tavik Launcher: Carbon RegisterEventHotKey failed, falling back to NSEvent "
-                  "monitors");
-    }
     m_localMonitor = m_dependencies.keyEvents.addLocalMonitor(
         KeyEvents::Kind::keyDown,
         [this](const KeyEvents::Event& event) { return handleLocalKeyDown(event); });
     if (!m_hotKey) {
-        installEventTap(KeyEvents::Kind::keyDown);
-        m_globalMonitor = m_dependencies.keyEvents.addGlobalMonitor(
-            KeyEvents::Kind::keyDown,
-            [this](const KeyEvents::Event& event) { handleGlobalKeyDown(event); });
+        qCWarning(log, "Tavik Launcher: RegisterEventHotKey status %d", result.status);
+        watchForKey();
+    }
+}
+
+void GlobalHotKey::watchForKey()
+{
+    qCWarning(log,
+              "Tavik Launcher: Carbon RegisterEventHotKey failed, falling back to NSEvent "
+              "monitors");
+    installEventTap(KeyEvents::Kind::keyDown);
+    m_globalMonitor = m_dependencies.keyEvents.addGlobalMonitor(
+        KeyEvents::Kind::keyDown,
+        [this](const KeyEvents::Event& event) { handleGlobalKeyDown(event); });
+}
+
+void GlobalHotKey::hotKeyLost(int status)
+{
+    m_hotKey.reset();
+    watchForKey();
+    // Copied, because the owner may answer by replacing this.
+    if (const std::function<void(int)> lost = onHotKeyLost) {
+        lost(status);
     }
 }
 
@@ -197,32 +211,34 @@ void GlobalHotKey::handleEventTapEvent(const KeyEvents::Event& event)
     if (now - m_lastTapReenableUptime <= staleTapSeconds) {
         return;
     }
-    if (event.kind == KeyEvents::Kind::modifiersChanged) {
+    switch (event.kind) {
+    case KeyEvents::Kind::modifiersChanged:
         if (m_config.isModifierOnly()) {
             handleModifiers(KeySource::eventTap, event);
         }
-    } else if (!m_config.isModifierOnly()) {
-        handleGlobalKeyDown(event);
+        break;
+    case KeyEvents::Kind::keyDown:
+        if (!m_config.isModifierOnly()) {
+            handleGlobalKeyDown(event);
+        }
+        break;
+    case KeyEvents::Kind::takenElsewhere:
+        handleOtherKey(event);
+        break;
     }
 }
 
 void GlobalHotKey::handleModifiers(KeySource source, const KeyEvents::Event& event)
 {
-    const bool isNews = m_order.accepts(source, event.time);
-    const bool isHeld = isChord(event.modifierFlags);
-    const bool isRelease = isNews && !isHeld && m_isChordActive;
-    Told& told = toldBy(source);
-    if (isRelease || (told.isHeld && !isHeld)) {
-        told.releaseTime = event.time;
-    }
-    told.isHeld = isHeld;
-    if (!isNews || (isHeld && isToldLate(told, event.time))) {
-        return;
-    }
-    if (isRelease) {
-        m_chordReleaseTime = event.time;
-    }
+    noteDelivery(source);
     handleModifierFlags(event.modifierFlags, event.time);
+}
+
+void GlobalHotKey::noteDelivery(KeySource source)
+{
+    if (m_sourcesSeen.insert(source).second) {
+        qCInfo(log, "Tavik Launcher hotkey: first event from %s", nameOf(source));
+    }
 }
 
 bool GlobalHotKey::isChord(quint64 flags) const
@@ -230,56 +246,87 @@ bool GlobalHotKey::isChord(quint64 flags) const
     return ((flags ^ m_config.modifierFlagsRaw) & ModifierFlags::all) == 0;
 }
 
-bool GlobalHotKey::isToldLate(const Told& told, double time) const
+bool GlobalHotKey::holdsChord(quint64 flags) const
 {
-    if (m_isChordActive || !m_chordReleaseTime || time - *m_chordReleaseTime > lateReportSeconds) {
-        return false;
-    }
-    // Who has told the end of the last chord is at the next one, even if that is over as well by
-    // the time we hear of it.
-    if (told.releaseTime >= m_chordPressTime && told.releaseTime < time) {
-        return false;
-    }
-    // Sources stamp the same event with times that differ by what the system was busy for, so the
-    // order alone cannot tell. The keyboard itself can, and this is rare enough to ask it.
-    const std::optional<quint64> held = m_dependencies.keyEvents.heldModifiers();
-    return held && !isChord(*held);
+    return (modifiersOf(m_config) & ~flags) == 0;
 }
 
 void GlobalHotKey::handleModifierFlags(quint64 flags, double time)
 {
-    if (isChord(flags) == m_isChordActive) {
+    const bool holds = holdsChord(flags);
+    News news{.time = time};
+    if (holds && !isChord(flags) && !m_isJoined) {
+        m_isJoined = true;
+        news.joinedBy = OtherKey::modifier;
+    }
+    if (isChord(flags) && !m_isChordActive) {
+        m_isChordActive = true;
+        news.isPress = true;
+        if (isRecent(m_lastOtherKeyUptime)) {
+            m_isJoined = true;
+            news.joinedBy = OtherKey::takenElsewhere;
+        }
+        m_heldModifiersTimer = m_dependencies.mainQueue.every(heldModifiersSeconds,
+                                                              [this] { checkHeldModifiers(); });
+    } else if (!isChord(flags) && m_isChordActive) {
+        m_isChordActive = false;
+        m_lastReleaseUptime = m_dependencies.mainQueue.systemUptime();
+        m_heldModifiersTimer.cancel();
+        news.isRelease = true;
+    }
+    news.isLetGo = m_isJoined && !holds;
+    m_isJoined = m_isJoined && holds;
+    tell(news);
+}
+
+void GlobalHotKey::handleOtherKey(const KeyEvents::Event& event)
+{
+    if (!m_config.isModifierOnly() || !holdsChord(event.modifierFlags)) {
         return;
     }
-    if (m_isChordActive) {
-        release(ReleaseReason::chordReleased, time);
+    if (!m_isChordActive && !isRecent(m_lastReleaseUptime)) {
+        // The press of the chord is still to be told.
+        m_lastOtherKeyUptime = m_dependencies.mainQueue.systemUptime();
         return;
     }
-    m_isChordActive = true;
-    m_chordPressTime = time;
-    m_heldModifiersTimer
-        = m_dependencies.mainQueue.every(heldModifiersSeconds, [this] { checkHeldModifiers(); });
-    press(time);
+    m_isJoined = m_isChordActive;
+    tell({.time = event.time,
+          .joinedBy = OtherKey::takenElsewhere,
+          .isLetGo = !m_isChordActive});
+}
+
+bool GlobalHotKey::isRecent(std::optional<double> uptime) const
+{
+    return uptime && m_dependencies.mainQueue.systemUptime() - *uptime <= sourcesApartSeconds;
+}
+
+void GlobalHotKey::tell(const News& news)
+{
+    // Copied, because the owner may answer by replacing this.
+    const PressHandler press = m_onPress;
+    const ReleaseHandler release = m_onRelease;
+    const std::function<void(OtherKey)> otherKey = onOtherKey;
+    const std::function<void()> letGo = onLetGo;
+    if (news.joinedBy && otherKey) {
+        otherKey(*news.joinedBy);
+    }
+    if (news.isPress) {
+        press(news.time);
+    }
+    if (news.isRelease) {
+        release(ReleaseReason::chordReleased, news.time);
+    }
+    if (news.isLetGo && letGo) {
+        letGo();
+    }
 }
 
 void GlobalHotKey::checkHeldModifiers()
 {
-    if (!m_isChordActive) {
-        return;
-    }
     const std::optional<quint64> held = m_dependencies.keyEvents.heldModifiers();
     if (held) {
         handleModifierFlags(*held, m_dependencies.mainQueue.systemUptime());
     }
-}
-
-GlobalHotKey::Told& GlobalHotKey::toldBy(KeySource source)
-{
-    const auto [told, isFirst] = m_told.try_emplace(source);
-    if (isFirst) {
-        qCInfo(log, "Tavik Launcher hotkey: first event from %s", nameOf(source));
-    }
-    return told->second;
 }
 
 void GlobalHotKey::checkTapHealth()
@@ -311,27 +358,19 @@ void GlobalHotKey::unregister()
     m_tapHealthTimer.cancel();
     m_localMonitor.reset();
     m_globalMonitor.reset();
-    m_focusMonitor.reset();
     m_eventTap.reset();
     m_hotKey.reset();
-    if (m_isChordActive) {
+    m_heldModifiersTimer.cancel();
+    if (std::exchange(m_isChordActive, false)) {
+        const ReleaseHandler release = m_onRelease;
         release(ReleaseReason::unregistered, m_dependencies.mainQueue.systemUptime());
     }
 }
 
 void GlobalHotKey::press(double time)
 {
-    // Copied, because the owner may answer by replacing this.
     const PressHandler handler = m_onPress;
     handler(time);
-}
-
-void GlobalHotKey::release(ReleaseReason reason, double time)
-{
-    m_isChordActive = false;
-    m_heldModifiersTimer.cancel();
-    const ReleaseHandler handler = m_onRelease;
-    handler(reason, time);
 }
 
 } // namespace Tavik

@@ -2,21 +2,33 @@
 #pragma once
 
 #include <TavikLauncher/Settings/HotKeyConfig.h>
-#include <TavikLauncher/Trigger/ModifierEventOrder.h>
 #include <TavikLauncherPlatform/KeyEvents.h>
 #include <TavikLauncherPlatform/MainQueue.h>
 
-#include <map>
 #include <optional>
+#include <set>
 
 namespace Tavik {
 
 class AccessibilityPermission;
 
+/// The sources that tell of key events, each of its own accord.
+enum class KeySource {
+    localMonitor,
+    eventTap,
+    globalMonitor
+};
+
 /// Why a chord is no longer held.
 enum class ReleaseReason {
     chordReleased,
     unregistered
+};
+
+/// A key that joins a chord and is not meant for us. The chord is a shortcut of somebody else's then.
+enum class OtherKey {
+    modifier,
+    takenElsewhere ///< An ordinary key that the desktop or another program has asked for.
 };
 
 /// Turns the trigger shortcut into presses and releases, whichever application is frontmost. A
@@ -58,13 +70,25 @@ public:
 
     /// Called after the permission was withdrawn and this has unregistered itself; may destroy it.
     std::function<void()> onAccessibilityRevoked;
+    /// Called when another key has joined the chord: before the press if it did so from the start,
+    /// before the release if that ends the chord, and after it if the news is late.
+    std::function<void(OtherKey)> onOtherKey;
+    /// Called when the modifiers of a chord that another key had joined are no longer all held.
+    /// Until then every press is the same one, come back.
+    std::function<void()> onLetGo;
+    /// Called when the key was taken from us later on, with the system's error code; this watches
+    /// for it as far as it can.
+    std::function<void(int)> onHotKeyLost;
 
 private:
-    /// How far one source has come in what it tells of the chord.
-    struct Told
+    /// What one change of the keyboard means to the owner, in the order in which it is told.
+    struct News
     {
-        bool isHeld = false;
-        double releaseTime = 0;
+        double time = 0;
+        std::optional<OtherKey> joinedBy;
+        bool isPress = false;
+        bool isRelease = false;
+        bool isLetGo = false;
     };
     void registerChord();
     void registerKey();
@@ -76,15 +100,19 @@ private:
     void handleGlobalKeyDown(const KeyEvents::Event& event);
     void handleModifiers(KeySource source, const KeyEvents::Event& event);
     void handleModifierFlags(quint64 flags, double time);
+    void handleOtherKey(const KeyEvents::Event& event);
+    void noteDelivery(KeySource source);
     [[nodiscard]] bool isChord(quint64 flags) const;
-    /// Whether a press is the one that has been released already.
-    [[nodiscard]] bool isToldLate(const Told& told, double time) const;
+    /// True also with modifiers that do not belong to the chord.
+    [[nodiscard]] bool holdsChord(quint64 flags) const;
+    [[nodiscard]] bool isRecent(std::optional<double> uptime) const;
+    void tell(const News& news);
     void checkHeldModifiers();
-    Told& toldBy(KeySource source);
+    void hotKeyLost(int status);
+    void watchForKey();
     void checkTapHealth();
     void reenableTap();
     void press(double time);
-    void release(ReleaseReason reason, double time);
 
     Dependencies m_dependencies;
     HotKeyConfig m_config;
@@ -92,14 +120,13 @@ private:
     ReleaseHandler m_onRelease;
     std::unique_ptr<KeyMonitor> m_localMonitor;
     std::unique_ptr<KeyMonitor> m_globalMonitor;
-    std::unique_ptr<KeyMonitor> m_focusMonitor;
     std::unique_ptr<EventTap> m_eventTap;
     std::unique_ptr<HotKeyRegistration> m_hotKey;
-    ModifierEventOrder m_order;
     bool m_isChordActive = false;
-    std::map<KeySource, Told> m_told; ///< Of the sources that have told anything.
-    double m_chordPressTime = 0;
-    std::optional<double> m_chordReleaseTime;
+    bool m_isJoined = false; ///< Another key is down, or was, since the chord's were all held.
+    std::set<KeySource> m_sourcesSeen;
+    std::optional<double> m_lastReleaseUptime; ///< When the end of the last chord was told.
+    std::optional<double> m_lastOtherKeyUptime; ///< Of one that was told before its chord.
     double m_lastPressTime = 0; ///< Of the key, by its event.
     double m_lastGlobalPressUptime = 0;
     double m_lastTapReenableUptime = 0;

@@ -37,6 +37,9 @@ void TriggerGestures::press(Shortcut shortcut, double time)
         }
         return;
     }
+    if (m_isShortcut) {
+        return;
+    }
     m_panel.showAtPointer();
     pinIfDoubleTapped(time);
     m_lastPressTime = time;
@@ -47,10 +50,27 @@ void TriggerGestures::release(Shortcut shortcut, ReleaseReason reason, double ti
     if (shortcut == Shortcut::keyed) {
         return;
     }
+    m_hasPinned = false;
     recordRelease(reason, time);
     if (!m_panel.isPinned()) {
         m_panel.hide();
     }
+}
+
+void TriggerGestures::otherKey(OtherKey key)
+{
+    m_isShortcut = true;
+    m_lastPressTime.reset();
+    m_lastReleaseTime.reset();
+    // A modifier that is pressed in a ring pinned before is typed into it.
+    if (key == OtherKey::takenElsewhere || std::exchange(m_hasPinned, false)) {
+        m_panel.hide();
+    }
+}
+
+void TriggerGestures::letGo()
+{
+    m_isShortcut = false;
 }
 
 void TriggerGestures::systemWillSleep()
@@ -66,6 +86,7 @@ void TriggerGestures::pinIfDoubleTapped(double pressedAt)
     if (released && m_panel.doubleTapPins()
         && isWithin(pressedAt - *released, doubleTapFloor, modifierDoubleTapInterval)) {
         m_panel.pin();
+        m_hasPinned = true;
     }
 }
 

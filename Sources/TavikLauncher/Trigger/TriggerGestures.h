@@ -33,6 +33,10 @@ public:
 
     void press(Shortcut shortcut, double time);
     void release(Shortcut shortcut, ReleaseReason reason, double time);
+    /// The chord turns out to be part of somebody else's shortcut: until it is let go it shows
+    /// nothing more, and it is no tap.
+    void otherKey(OtherKey key);
+    void letGo();
     /// A tap before the system sleeps pairs with nothing after it.
     void systemWillSleep();
 
@@ -41,6 +45,8 @@ private:
     void recordRelease(ReleaseReason reason, double time);
 
     Panel m_panel;
+    bool m_isShortcut = false; ///< The chord that is held has been joined by another key.
+    bool m_hasPinned = false; ///< The press that is not released yet was the second of a double tap.
     std::optional<double> m_lastPressTime; ///< Of a press whose release is still to come.
     std::optional<double> m_lastReleaseTime; ///< Of a short tap: half of a double tap.
 };

@@ -30,8 +30,9 @@
 #include <QIcon>
 #include <QRandomGenerator>
 
-#include <malloc.h>
 #include <utility>
+
+#include <malloc.h>
 
 namespace Tavik {
 
@@ -78,11 +79,24 @@ void addX11Services(Platform& platform,
         .availableArea = [&windows](const QRect& screen) { return windows.availableArea(screen); },
     });
     addPermission(platform, options, x11KeyboardLimit(toolkit));
-    platform.keyEvents
-        = std::make_unique<X11KeyEvents>(toolkit, *platform.mainQueue, *platform.accessibility);
-    platform.windowServer = std::make_unique<X11WindowServer>(toolkit, *platform.mainQueue);
+    const bool isXwayland = x11IsXwayland(toolkit);
+    auto windowServer = std::make_unique<X11WindowServer>(toolkit, *platform.mainQueue, isXwayland);
+    auto keyEvents = std::make_unique<X11KeyEvents>(X11KeyEvents::Dependencies{
+        .toolkit = toolkit,
+        .mainQueue = *platform.mainQueue,
+        .permission = *platform.accessibility,
+        .ringGotKey = [&server = *windowServer](
+                          xcb_keycode_t key,
+                          xcb_timestamp_t time) { return server.panelGotKey(key, time); },
+        .isXwayland = isXwayland,
+    });
     platform.sessionLock = std::make_unique<SessionLockMonitor>(
-        *platform.workQueue, [grabs = X11InputGrabs(toolkit)] { return grabs.areHeldElsewhere(); });
+        *platform.workQueue, [&keys = *keyEvents, grabs = X11InputGrabs(toolkit)] {
+            // A hot key is a grab of our own, and proves that nobody else has one.
+            return !keys.isAnsweringHotKey() && grabs.areHeldElsewhere();
+        });
+    platform.windowServer = std::move(windowServer);
+    platform.keyEvents = std::move(keyEvents);
 }
 
 /// Where nobody tells of windows, applications can still be started.

@@ -21,7 +21,7 @@ const QWindow* windowWithId(WId id)
 
 } // namespace
 
-KeyEvents::HotKeyResult NullKeyEvents::registerHotKey(const HotKey&, std::function<void(double)>)
+KeyEvents::HotKeyResult NullKeyEvents::registerHotKey(const HotKey&, HotKeyHandlers)
 {
     return {.registration = nullptr, .status = statusUnsupported};
 }
@@ -41,12 +41,9 @@ std::unique_ptr<EventTap> NullKeyEvents::createEventTap(Kind, Observer, std::fun
     return nullptr;
 }
 
-std::unique_ptr<KeyMonitor> NullKeyEvents::addFocusMonitor(std::function<void()>)
-{
-    return nullptr;
-}
-
 void NullWindowServer::preparePanel(WId) { }
+
+void NullWindowServer::setInputRegion(WId, const QRegion&) { }
 
 void NullWindowServer::setSkipsTaskbar(WId, bool) { }
 
@@ -54,7 +51,9 @@ void NullWindowServer::reportMoves(WId) { }
 
 void NullWindowServer::takeKeyboardFocus(WId) { }
 
-void NullWindowServer::returnKeyboardFocus(WId) { }
+void NullWindowServer::takeKeyboardFocusForPanel() { }
+
+void NullWindowServer::returnKeyboardFocus() { }
 
 bool NullWindowServer::hasKeyboardFocus(WId window) const
 {

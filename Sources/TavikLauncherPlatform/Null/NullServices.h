@@ -18,7 +18,7 @@ public:
     static constexpr int statusUnsupported = -1;
 
     [[nodiscard]] HotKeyResult registerHotKey(const HotKey& hotKey,
-                                              std::function<void(double)> pressed) override;
+                                              HotKeyHandlers handlers) override;
     [[nodiscard]] int hotKeyStatus(const HotKey&) override { return statusUnsupported; }
     [[nodiscard]] bool hasKeys(quint64, std::optional<quint16>) const override { return true; }
     [[nodiscard]] std::unique_ptr<KeyMonitor> addLocalMonitor(Kind kind, Filter filter) override;
@@ -26,9 +26,7 @@ public:
                                                                Observer observer) override;
     [[nodiscard]] std::unique_ptr<EventTap>
     createEventTap(Kind kind, Observer observer, std::function<void()> disabled) override;
-    [[nodiscard]] std::unique_ptr<KeyMonitor>
-    addFocusMonitor(std::function<void()> changed) override;
-    [[nodiscard]] std::optional<quint64> heldModifiers() const override { return std::nullopt; }
+    [[nodiscard]] std::optional<quint64> heldModifiers() override { return std::nullopt; }
     [[nodiscard]] std::optional<quint16> keyCode(const NativeKey&) const override
     {
         return std::nullopt;
@@ -44,11 +42,14 @@ public:
 class NullWindowServer final : public WindowServer
 {
 public:
+    [[nodiscard]] bool isPanelManaged() const override { return true; }
     void preparePanel(WId window) override;
+    void setInputRegion(WId window, const QRegion& region) override;
     void setSkipsTaskbar(WId window, bool skips) override;
     void reportMoves(WId window) override;
     void takeKeyboardFocus(WId window) override;
-    void returnKeyboardFocus(WId window) override;
+    void takeKeyboardFocusForPanel() override;
+    void returnKeyboardFocus() override;
     [[nodiscard]] bool hasKeyboardFocus(WId window) const override;
     [[nodiscard]] bool isOnScreen(WId window) const override;
     /// True: where it cannot be asked, windows are always blended.

@@ -20,8 +20,18 @@ WINDOW_MANAGERS = {
     "metacity": ["metacity", "--no-composite"],
     "marco": ["marco", "--no-composite"],
     "awesome": ["awesome"],
+    "i3": ["i3", "-c", str(pathlib.Path(__file__).with_name("i3.config"))],
+    "kwin": ["kwin_x11"],
+    "mutter": ["mutter", "--x11"],
     "none": None,
 }
+COMPOSITING_MANAGERS = ("kwin", "mutter")
+
+
+def window_managers():
+    """Those that every run is made under, and with all desktops installed the heavy ones, too."""
+    names = ["openbox", "xfwm4", "metacity", "marco", "i3"]
+    return names + [name for name in COMPOSITING_MANAGERS if os.environ.get("TAVIK_ALL_DESKTOPS")]
 COMPOSITOR = ["picom", "--backend", "xrender", "--config", "/dev/null"]
 BACKGROUND = "#3060a0"
 
@@ -91,7 +101,7 @@ class Desktop:
         for monitor, output in zip(self.options.monitors, ("screen", "none", "none")):
             self.run(monitor.command(output))
         self.start_window_manager()
-        if self.options.has_compositor:
+        if self.options.has_compositor and self.options.window_manager not in COMPOSITING_MANAGERS:
             self.start_compositor()
         self.run(["hsetroot", *self.options.background])
 

@@ -7,7 +7,7 @@ import os
 import time
 
 import Xlib.display
-from Xlib import X, Xatom
+from Xlib import X, XK, Xatom
 
 
 def report(path):
@@ -42,6 +42,10 @@ def show_window(options):
         event = display.next_event()
         if event.type == X.ClientMessage:
             return
+        if event.type == X.KeyPress:
+            print("key", XK.keysym_to_string(display.keycode_to_keysym(event.detail, 0)), flush=True)
+        elif event.type == X.ButtonPress:
+            print("click", event.detail, flush=True)
 
 
 parser = argparse.ArgumentParser()

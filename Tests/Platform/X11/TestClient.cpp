@@ -2,6 +2,7 @@
 #include "TestClient.h"
 
 #include <TavikLauncherPlatform/Linux/X11/X11Properties.h>
+#include <TavikLauncherPlatform/Linux/X11/XkbProtocol.h>
 
 #include <array>
 
@@ -159,6 +160,25 @@ void TestClient::tapKey(xcb_keycode_t key)
 void TestClient::movePointer(QPoint place)
 {
     fake(XCB_MOTION_NOTIFY, 0, place);
+    sync();
+}
+
+void TestClient::lockModifiers(quint8 mask, quint8 locked)
+{
+    const auto use = xcb_xkb_use_extension(
+        connection(), XCB_XKB_MAJOR_VERSION, XCB_XKB_MINOR_VERSION);
+    const X11Reply<xcb_xkb_use_extension_reply_t> used(
+        xcb_xkb_use_extension_reply(connection(), use, nullptr));
+    xcb_xkb_latch_lock_state(
+        connection(), XCB_XKB_ID_USE_CORE_KBD, mask, locked, 0, 0, 0, 0, 0);
+    sync();
+}
+
+void TestClient::click(QPoint place, quint8 button)
+{
+    movePointer(place);
+    fake(XCB_BUTTON_PRESS, button);
+    fake(XCB_BUTTON_RELEASE, button);
     sync();
 }
 

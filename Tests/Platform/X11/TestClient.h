@@ -64,6 +64,9 @@ public:
     /// A press and a release by hand: not in the same millisecond as the event before.
     void tapKey(xcb_keycode_t key);
     void movePointer(QPoint place);
+    /// Locks modifiers among those of `mask` without a key.
+    void lockModifiers(quint8 mask, quint8 locked);
+    void click(QPoint place, quint8 button);
     [[nodiscard]] bool isRecording(xcb_record_context_t context) const;
     /// Until the server has done everything so far.
     void sync() const { static_cast<void>(focused()); }

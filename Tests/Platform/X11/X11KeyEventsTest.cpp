@@ -3,8 +3,13 @@
 #include <TavikLauncherPlatform/Linux/X11/X11KeyEvents.h>
 #include <TavikLauncherPlatform/QtMainQueue.h>
 
+#include <QKeyEvent>
 #include <QProcess>
 #include <QTest>
+#include <QThread>
+#include <QWindow>
+
+#include <array>
 
 #include <Support/FakeKeyEvents.h>
 
@@ -16,6 +21,25 @@ using namespace Test;
 
 constexpr xcb_keycode_t super = 133;
 constexpr xcb_keycode_t numLock = 77;
+constexpr xcb_keycode_t letterA = 38;
+
+/// A window that nobody manages, and what is typed into it.
+class Typed final : public QWindow
+{
+public:
+    Typed()
+    {
+        setFlag(Qt::BypassWindowManagerHint);
+        resize(100, 100);
+        create();
+    }
+    [[nodiscard]] xcb_window_t id() const { return static_cast<xcb_window_t>(winId()); }
+
+    QList<int> keys;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override { keys << event->key(); }
+};
 
 } // namespace
 
@@ -27,12 +51,25 @@ private:
     TestClient m_client;
     QtMainQueue m_queue;
     FakeAccessibilityPermission m_permission;
-    X11KeyEvents m_events{toolkitConnection(), m_queue, m_permission};
+    X11KeyEvents m_events{{.toolkit = toolkitConnection(),
+                           .mainQueue = m_queue,
+                           .permission = m_permission}};
 
     KeyEvents::HotKeyResult registerKey(quint64 flags, QList<double>& presses)
     {
         return m_events.registerHotKey({.keyCode = f9, .modifierFlags = flags},
-                                       [&presses](double time) { presses.append(time); });
+                                       {.pressed = [&presses](double time) {
+                                           presses.append(time);
+                                       }});
+    }
+
+    /// "+38 -38": a key goes down and up, as fast as the server takes it.
+    void play(const QString& script)
+    {
+        for (const QString& step : script.split(u' ')) {
+            const auto key = static_cast<xcb_keycode_t>(step.mid(1).toInt());
+            step.startsWith(u'+') ? m_client.pressKey(key) : m_client.releaseKey(key);
+        }
     }
 
 private Q_SLOTS:
@@ -59,6 +96,28 @@ private Q_SLOTS:
         m_client.tapKey(numLock);
     }
 
+    void latchedAndLockedLevelsMakeNoDifference()
+    {
+        QCOMPARE(QProcess::execute(u"xmodmap"_qs, {u"-e"_qs, u"add mod3 = Scroll_Lock"_qs}), 0);
+        QTest::qWait(400); // The map settles.
+        QList<double> presses;
+        const auto result = registerKey(ModifierFlags::control, presses);
+        // Every set of what is neither Shift, Control, Alt nor Super.
+        constexpr quint8 others = XCB_MOD_MASK_LOCK | XCB_MOD_MASK_2 | XCB_MOD_MASK_3 | XCB_MOD_MASK_5;
+        quint8 locked = 0;
+        int expected = 0;
+        do {
+            m_client.lockModifiers(others, locked);
+            m_client.pressKey(control);
+            m_client.tapKey(f9Key);
+            m_client.releaseKey(control);
+            ++expected;
+            QTRY_COMPARE(presses.size(), expected);
+            locked = static_cast<quint8>((locked - others) & others);
+        } while (locked != 0);
+        m_client.lockModifiers(others, 0);
+    }
+
     void onlyTheExactModifiersCount()
     {
         QList<double> plain;
@@ -78,6 +137,89 @@ private Q_SLOTS:
         QCOMPARE(plain.size(), 0);
         m_client.tapKey(f9Key);
         QTRY_COMPARE(plain.size(), 1);
+    }
+
+    void keysThatFollowWaitForThePressToBeAnswered()
+    {
+        Typed window;
+        const auto result
+            = m_events.registerHotKey({.keyCode = f9, .modifierFlags = 0}, {.pressed = [&](double) {
+                                          window.show();
+                                          xcb_set_input_focus(toolkitConnection(),
+                                                              XCB_INPUT_FOCUS_POINTER_ROOT,
+                                                              window.id(),
+                                                              XCB_CURRENT_TIME);
+                                          xcb_flush(toolkitConnection());
+                                      }});
+        QVERIFY(result.registration);
+        // With no pause, and with the hot key still down when the next key comes.
+        for (const QString& script : {u"+75 -75 +38 -38 +56 -56"_qs,
+                                      u"+75 +38 -38 +56 -56 -75"_qs,
+                                      u"+75 -75 +38 +56 -38 -56"_qs}) {
+            window.keys.clear();
+            play(script);
+            QTRY_COMPARE(window.keys, QList<int>({Qt::Key_A, Qt::Key_B}));
+            window.hide();
+        }
+    }
+
+    void keysGoOnWhenNobodyAnswers()
+    {
+        const X11Connection other;
+        const xcb_window_t window = xcb_generate_id(other.get());
+        const std::array<uint32_t, 2> values{1, XCB_EVENT_MASK_KEY_PRESS};
+        xcb_create_window(other.get(),
+                          XCB_COPY_FROM_PARENT,
+                          window,
+                          other.root(),
+                          0,
+                          0,
+                          100,
+                          100,
+                          0,
+                          XCB_WINDOW_CLASS_INPUT_OUTPUT,
+                          XCB_COPY_FROM_PARENT,
+                          XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK,
+                          values.data());
+        xcb_map_window(other.get(), window);
+        xcb_set_input_focus(
+            other.get(), XCB_INPUT_FOCUS_POINTER_ROOT, window, XCB_CURRENT_TIME);
+        xcb_flush(other.get());
+        const auto hasKey = [&other] {
+            return X11Reply<xcb_generic_event_t>(xcb_poll_for_event(other.get())) != nullptr;
+        };
+        bool wasHeld = false;
+        bool wentOn = false;
+        const auto result
+            = m_events.registerHotKey({.keyCode = f9, .modifierFlags = 0}, {.pressed = [&](double) {
+                                          QThread::msleep(100);
+                                          wasHeld = !hasKey();
+                                          QThread::msleep(250);
+                                          wentOn = hasKey();
+                                      }});
+        play(u"+75 -75 +38 -38"_qs);
+        QTRY_VERIFY(wentOn);
+        QVERIFY(wasHeld);
+        QVERIFY2(m_client.grabKey(0, letterA), "and nothing of it is left");
+        m_client.ungrabKey(0, letterA);
+    }
+
+    void whatAnotherProgramMakesUpPressesNothing()
+    {
+        QList<double> presses;
+        const auto result = registerKey(0, presses);
+        xcb_key_press_event_t event{};
+        event.response_type = XCB_KEY_PRESS;
+        event.detail = f9Key;
+        event.root = event.event = m_client.root();
+        xcb_send_event(m_client.connection(),
+                       0,
+                       m_client.root(),
+                       XCB_EVENT_MASK_NO_EVENT,
+                       reinterpret_cast<const char*>(&event));
+        m_client.sync();
+        settle();
+        QCOMPARE(presses.size(), 0);
     }
 
     void heldKeyIsReportedOnce()
@@ -110,14 +252,15 @@ private Q_SLOTS:
 
     void registrationGivesTheKeyBackEvenInsideItsOwnPress()
     {
-        auto events = std::make_unique<X11KeyEvents>(toolkitConnection(), m_queue, m_permission);
+        auto events = std::make_unique<X11KeyEvents>(X11KeyEvents::Dependencies{
+            .toolkit = toolkitConnection(), .mainQueue = m_queue, .permission = m_permission});
         const KeyEvents::HotKey hotKey{.keyCode = f9, .modifierFlags = 0};
         KeyEvents::HotKeyResult result;
         int presses = 0;
-        result = events->registerHotKey(hotKey, [&](double) {
-            ++presses;
-            result.registration.reset();
-        });
+        result = events->registerHotKey(hotKey, {.pressed = [&](double) {
+                                            ++presses;
+                                            result.registration.reset();
+                                        }});
         m_client.tapKey(f9Key);
         m_client.tapKey(f9Key);
         QTRY_COMPARE(presses, 1);
@@ -125,7 +268,7 @@ private Q_SLOTS:
         m_client.ungrabKey(0, f9Key);
         settle();
         QCOMPARE(presses, 1);
-        result = events->registerHotKey(hotKey, [&presses](double) { ++presses; });
+        result = events->registerHotKey(hotKey, {.pressed = [&presses](double) { ++presses; }});
         m_client.tapKey(f9Key);
         QTRY_COMPARE(presses, 2);
         events.reset();
@@ -140,7 +283,7 @@ private Q_SLOTS:
         QTRY_VERIFY(m_client.grabKey(XCB_MOD_MASK_CONTROL, f9Key));
         QCOMPARE(m_events.hotKeyStatus(hotKey), int{XCB_ACCESS});
         m_client.ungrabKey(XCB_MOD_MASK_CONTROL, f9Key);
-        const auto held = m_events.registerHotKey(hotKey, [](double) {});
+        const auto held = m_events.registerHotKey(hotKey, {.pressed = [](double) {}});
         QCOMPARE(m_events.hotKeyStatus(hotKey), 0);
         QVERIFY2(!m_client.grabKey(XCB_MOD_MASK_CONTROL, f9Key), "it is still ours");
     }

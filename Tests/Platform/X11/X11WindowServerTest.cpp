@@ -19,18 +19,24 @@ constexpr xcb_keycode_t keyA = 38;
 class Panel final : public QRasterWindow
 {
 public:
-    Panel()
+    explicit Panel(bool isManaged = false)
     {
         setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+        setFlag(Qt::BypassWindowManagerHint, !isManaged);
         setGeometry(300, 200, 240, 240);
         create();
     }
     [[nodiscard]] xcb_window_t id() const { return static_cast<xcb_window_t>(winId()); }
 
     int keys = 0;
+    xcb_timestamp_t lastKeyTime = 0;
 
 protected:
-    void keyPressEvent(QKeyEvent*) override { ++keys; }
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        ++keys;
+        lastKeyTime = static_cast<xcb_timestamp_t>(event->timestamp());
+    }
 };
 
 } // namespace
@@ -52,14 +58,15 @@ private:
             m_client.focus(victim);
             return m_client.focused() == victim;
         });
+        settle(); // The manager carries out what it was asked for last.
         return hasFocus ? victim : XCB_NONE;
     }
 
 private Q_SLOTS:
     void panelIsMarkedAtEachShowing()
     {
-        X11WindowServer server(toolkitConnection(), m_queue);
-        Panel panel;
+        X11WindowServer server(toolkitConnection(), m_queue, true);
+        Panel panel(true);
         for (int showing = 0; showing < 2; ++showing) {
             server.preparePanel(panel.winId());
             panel.show();
@@ -83,7 +90,7 @@ private Q_SLOTS:
             QSKIP("The test puts the frame around the window itself.");
         }
         X11WindowServer server(toolkitConnection(), m_queue);
-        Panel window;
+        Panel window(true);
         server.reportMoves(window.winId());
         window.show();
         QTRY_VERIFY(server.isOnScreen(window.winId()));
@@ -107,16 +114,29 @@ private Q_SLOTS:
         m_client.destroy(frame);
     }
 
+    void keyboardComesAndGoesToWhomItBelongs_data()
+    {
+        QTest::addColumn<bool>("isManaged");
+        QTest::newRow("placed by ourselves") << false;
+        if (qgetenv("TAVIK_TEST_MANAGER") != "none") {
+            QTest::newRow("managed") << true;
+        }
+    }
     void keyboardComesAndGoesToWhomItBelongs()
     {
+        QFETCH(const bool, isManaged);
         enum class Owner {
             previous,
             other,
             nobody,
         };
-        X11WindowServer server(toolkitConnection(), m_queue);
-        Panel panel;
+        X11WindowServer server(toolkitConnection(), m_queue, isManaged);
+        Panel panel(isManaged);
         int keys = 0;
+        int lefts = 0;
+        server.onPanelLeft = [&] {
+            ++lefts;
+        };
         for (const Owner owner : {Owner::previous, Owner::previous, Owner::other, Owner::nobody}) {
             const xcb_window_t victim = showVictim();
             QVERIFY(victim != XCB_NONE);
@@ -124,17 +144,21 @@ private Q_SLOTS:
             // The other window is typed into meanwhile.
             m_client.setNumbers(victim, "_NET_WM_USER_TIME", {m_client.time()}, "CARDINAL");
             panel.show();
-            server.takeKeyboardFocus(panel.winId());
+            server.takeKeyboardFocusForPanel();
             QTRY_VERIFY(server.hasKeyboardFocus(panel.winId()));
             m_client.tapKey(keyA);
             ++keys;
             QTRY_COMPARE(panel.keys, keys);
+            QVERIFY(server.panelGotKey(keyA, panel.lastKeyTime));
+            QVERIFY(!server.panelGotKey(keyA, panel.lastKeyTime + 1));
+            lefts = 0;
             const xcb_window_t other = owner == Owner::other ? showVictim() : victim;
+            QTRY_VERIFY(owner != Owner::other || lefts > 0);
             if (owner == Owner::nobody) {
                 m_client.destroy(victim);
             }
+            server.returnKeyboardFocus();
             panel.hide();
-            server.returnKeyboardFocus(panel.winId());
             if (owner != Owner::previous) {
                 QTest::qWait(250); // Longer than a return takes.
             }
@@ -143,6 +167,36 @@ private Q_SLOTS:
             m_client.destroy(other);
             m_client.destroy(victim);
         }
+    }
+
+    void aClickOutsideThePanelIsToldAndTheWheelIsNot()
+    {
+        X11WindowServer server(toolkitConnection(), m_queue);
+        Panel panel;
+        int lefts = 0;
+        server.onPanelLeft = [&] {
+            ++lefts;
+        };
+        const QPoint inside = QRect(300, 200, 240, 240).center();
+        const QPoint corner(304, 204);
+        server.setInputRegion(panel.winId(), QRegion(0, 0, 240, 240, QRegion::Ellipse));
+        server.preparePanel(panel.winId());
+        panel.show();
+        server.takeKeyboardFocusForPanel();
+        QTRY_VERIFY(server.hasKeyboardFocus(panel.winId()));
+        m_client.click(inside, 1);
+        settle();
+        QCOMPARE(lefts, 0);
+        m_client.click(corner, 5);
+        settle();
+        QCOMPARE(lefts, 0);
+        m_client.click(corner, 1);
+        QTRY_COMPARE(lefts, 1);
+        server.returnKeyboardFocus();
+        panel.hide();
+        m_client.click(corner, 1);
+        settle();
+        QCOMPARE(lefts, 1);
     }
 
     void coveredWindowIsNotOnScreen()
@@ -171,7 +225,7 @@ private Q_SLOTS:
         QVERIFY(!server.hasKeyboardFocus(0x12345678));
         QVERIFY(!server.isOnScreen(0x12345678));
         server.takeKeyboardFocus(0x12345678);
-        server.returnKeyboardFocus(0x12345678);
+        server.returnKeyboardFocus();
     }
 };
 

@@ -81,55 +81,53 @@ private Q_SLOTS:
         QCOMPARE(seen, effect);
     }
 
-    void onlyTheRealLossOfTheKeyboardIsReported()
+    void theKeyboardIsGivenBackBeforeThePanelGoes()
     {
         PanelFixture fixture;
         int resigned = 0;
-        fixture.panel->onResignKey = [&resigned] {
+        fixture.panel->onResignKey = [&] {
             ++resigned;
+            fixture.panel->orderOut();
         };
         fixture.showRing();
-        QEvent deactivate(QEvent::WindowDeactivate);
-
-        // Another program's grab: the focus stays, and goes only later.
-        QCoreApplication::sendEvent(fixture.panel.get(), &deactivate);
-        fixture.mainQueue.advance(1);
-        QCOMPARE(resigned, 0);
-
-        fixture.windowServer.hasFocus = false;
-        QCoreApplication::sendEvent(fixture.panel.get(), &deactivate);
+        QCOMPARE(fixture.windowServer.calls.last(), u"take focus"_s);
+        fixture.windowServer.onPanelLeft();
         QCOMPARE(resigned, 1);
+        QCOMPARE(fixture.windowServer.calls.last(), u"return focus"_s);
         fixture.panel->orderOut();
-        QCOMPARE(resigned, 1);
+        QCOMPARE(fixture.windowServer.calls.count(u"return focus"_s), 1);
+    }
+
+    void thePointerReachesTheDiscAndNotItsCorners()
+    {
+        PanelFixture fixture;
+        fixture.showRing();
+        const QRegion reached = fixture.windowServer.inputRegion;
+        const int margin = qRound(fixture.panel->width() * (1 - 1 / 1.1) / 2);
+        QVERIFY(reached.contains(center));
+        QVERIFY(reached.contains(QPoint(center.x(), margin + 1)));
+        QVERIFY(!reached.contains(QPoint(center.x(), margin - 2)));
+        QVERIFY(!reached.contains(QPoint(margin + 10, margin + 10)));
     }
 
     void previewNeitherTakesTheKeyboardNorLosesIt()
     {
         PanelFixture fixture;
-        int resigned = 0;
-        fixture.panel->onResignKey = [&resigned] {
-            ++resigned;
-        };
         const auto acceptsKeyboard = [&] {
             const QWindow* window = fixture.panel->windowHandle();
             return !window->flags().testFlag(Qt::WindowDoesNotAcceptFocus);
         };
         fixture.panel->orderFrontRegardless();
         QVERIFY(!acceptsKeyboard());
-        fixture.windowServer.hasFocus = false;
-        for (const QEvent::Type type : {QEvent::WindowActivate, QEvent::WindowDeactivate}) {
-            QEvent event(type);
-            QCoreApplication::sendEvent(fixture.panel.get(), &event);
-        }
-        QCOMPARE(resigned, 0);
+        fixture.panel->orderOut();
+        QCOMPARE(fixture.windowServer.calls.join(u' '), u"prepare"_s);
+        fixture.panel->orderFrontRegardless();
 
         // A summon while the preview is shown.
         fixture.panel->makeKeyAndOrderFront();
         QVERIFY(acceptsKeyboard());
         fixture.panel->orderOut();
-        fixture.panel->orderFrontRegardless();
-        fixture.panel->orderOut();
-        QVERIFY(acceptsKeyboard());
+        QCOMPARE(fixture.windowServer.calls.last(), u"return focus"_s);
     }
 
     void coloursFollowTheTheme_data()

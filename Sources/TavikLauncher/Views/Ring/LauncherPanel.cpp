@@ -2,6 +2,7 @@
 #include <TavikLauncher/Look/KeyTranslation.h>
 #include <TavikLauncher/Ring/LauncherCommands.h>
 #include <TavikLauncher/Ring/LauncherKeys.h>
+#include <TavikLauncher/Ring/RingGeometry.h>
 #include <TavikLauncher/Views/Ring/LauncherPanel.h>
 #include <TavikLauncher/Views/Ring/RadialLauncherView.h>
 #include <TavikLauncherPlatform/ScreenPlane.h>
@@ -22,8 +23,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double focusWatchSeconds = 0.2;
-constexpr double grabRetrySeconds = 0.02;
+/// A window that no window manager places is the toolkit's word for one it does not manage.
+Qt::WindowFlags panelFlags(bool isManaged)
+{
+    const Qt::WindowFlags flags
+        = Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
+    return isManaged ? flags : flags | Qt::BypassWindowManagerHint;
+}
 
 struct CommandKey
 {
@@ -69,7 +75,7 @@ LauncherKey launcherKey(const QKeyEvent& event, const KeyEvents& keys)
 
 LauncherPanel::LauncherPanel(const Dependencies& dependencies,
                              std::unique_ptr<RadialLauncherView> ring)
-    : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
+    : QWidget(nullptr, panelFlags(dependencies.windowServer.isPanelManaged()))
     , m_dependencies(dependencies)
     , m_ring(ring.release())
     , m_heldKeys(*this)
@@ -83,10 +89,16 @@ LauncherPanel::LauncherPanel(const Dependencies& dependencies,
         m_ring->updateShape();
         m_ring->update();
     };
+    m_dependencies.windowServer.onPanelLeft = [this] {
+        if (onResignKey) {
+            onResignKey();
+        }
+    };
 }
 
 LauncherPanel::~LauncherPanel()
 {
+    m_dependencies.windowServer.onPanelLeft = nullptr;
     m_dependencies.windowServer.onCompositingChanged = nullptr;
 }
 
@@ -148,8 +160,11 @@ void LauncherPanel::makeKeyAndOrderFront()
         orderFrontRegardless();
     }
     setAcceptsKeyboard(true);
-    activateWindow();
-    m_dependencies.windowServer.takeKeyboardFocus(winId());
+    if (m_dependencies.windowServer.isPanelManaged()) {
+        activateWindow();
+    }
+    m_isKey = true;
+    m_dependencies.windowServer.takeKeyboardFocusForPanel();
 }
 
 void LauncherPanel::setAcceptsKeyboard(bool accepts)
@@ -164,88 +179,14 @@ void LauncherPanel::setAcceptsKeyboard(bool accepts)
 
 void LauncherPanel::orderOut()
 {
-    // Hiding reports a deactivation on its own.
-    if (m_isOrderingOut || !isVisible()) {
+    if (!isVisible()) {
         return;
     }
-    m_isOrderingOut = true;
-    m_focusWatch.cancel();
-    setHoldsKeyboard(false);
+    if (std::exchange(m_isKey, false)) {
+        m_dependencies.windowServer.returnKeyboardFocus();
+    }
     hide();
-    if (m_activates) {
-        m_dependencies.windowServer.returnKeyboardFocus(winId());
-    }
-    setAcceptsKeyboard(true);
     m_activates = false;
-    m_isKey = false;
-    m_isOrderingOut = false;
-}
-
-void LauncherPanel::setHoldsKeyboard(bool holds)
-{
-    m_holdsKeyboard = holds;
-    updateKeyboardGrab();
-}
-
-void LauncherPanel::updateKeyboardGrab()
-{
-    QWindow* window = windowHandle();
-    const bool wanted = m_holdsKeyboard && isVisible();
-    if (window && wanted != m_grabsKeyboard) {
-        m_grabsKeyboard = window->setKeyboardGrabEnabled(wanted) && wanted;
-    }
-    if (wanted == m_grabsKeyboard) {
-        m_grabRetry.cancel();
-    } else if (!m_grabRetry.isActive()) {
-        // The window is not on the screen yet, or another program has the keyboard for a moment.
-        m_grabRetry
-            = m_dependencies.mainQueue.every(grabRetrySeconds, [this] { updateKeyboardGrab(); });
-    }
-}
-
-bool LauncherPanel::event(QEvent* event)
-{
-    if (event->type() == QEvent::WindowDeactivate) {
-        deactivated();
-    } else if (event->type() == QEvent::WindowActivate) {
-        // The toolkit counts every window of the program as active while one of them is.
-        m_isKey = m_activates || !hasLostKeyboard();
-        m_focusWatch.cancel();
-        updateKeyboardGrab();
-    }
-    return QWidget::event(event);
-}
-
-bool LauncherPanel::hasLostKeyboard() const
-{
-    return !m_dependencies.windowServer.hasKeyboardFocus(internalWinId());
-}
-
-void LauncherPanel::deactivated()
-{
-    // What never had the keyboard, as a preview, cannot lose it.
-    if (m_isOrderingOut || !isVisible() || (!m_activates && !m_isKey)) {
-        return;
-    }
-    if (hasLostKeyboard()) {
-        if (onResignKey) {
-            onResignKey();
-        }
-        return;
-    }
-    // Another program's grab looks like a deactivation but leaves the focus here. The toolkit
-    // reports nothing more if the focus really goes while the grab lasts, so it has to be asked
-    // for.
-    m_focusWatch = m_dependencies.mainQueue.every(focusWatchSeconds, [this] {
-        if (isActiveWindow()) {
-            m_focusWatch.cancel();
-        } else if (hasLostKeyboard()) {
-            m_focusWatch.cancel();
-            if (onResignKey) {
-                onResignKey();
-            }
-        }
-    });
 }
 
 void LauncherPanel::keyPressEvent(QKeyEvent* event)
@@ -259,6 +200,14 @@ void LauncherPanel::keyPressEvent(QKeyEvent* event)
 void LauncherPanel::resizeEvent(QResizeEvent*)
 {
     m_ring->setGeometry(rect());
+    // What is clicked in the empty corners is what lies below.
+    const double scale = devicePixelRatioF();
+    const double side = width() * scale;
+    const double diameter = side / RingGeometry::panelSide(1.0);
+    const int margin = static_cast<int>(std::floor((side - diameter) / 2));
+    const QRect whole(0, 0, static_cast<int>(side), static_cast<int>(side));
+    m_dependencies.windowServer.setInputRegion(
+        winId(), QRegion(whole.adjusted(margin, margin, -margin, -margin), QRegion::Ellipse));
 }
 
 } // namespace Tavik

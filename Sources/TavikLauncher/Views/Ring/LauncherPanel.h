@@ -35,10 +35,6 @@ public:
 
     [[nodiscard]] RadialLauncherView& ring() { return *m_ring; }
 
-    /// While a chord is held its modifiers would turn what is typed into the desktop's own
-    /// shortcuts; this keeps every key here, until the panel goes or it is called again.
-    void setHoldsKeyboard(bool holds);
-
     /// Makes the native window and everything that a first showing would be slow for.
     void warmUp();
 
@@ -52,26 +48,17 @@ public:
     void orderOut() override;
 
 protected:
-    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void deactivated();
     void setAcceptsKeyboard(bool accepts);
-    void updateKeyboardGrab();
-    [[nodiscard]] bool hasLostKeyboard() const;
 
     Dependencies m_dependencies;
     RadialLauncherView* m_ring;
     HeldKeyGuard m_heldKeys;
-    Task m_focusWatch; ///< Runs while the toolkit's word on the focus is in doubt.
     bool m_activates = false;
-    bool m_isKey = false; ///< Has had the keyboard since it was shown.
-    bool m_isOrderingOut = false;
-    bool m_holdsKeyboard = false;
-    bool m_grabsKeyboard = false;
-    Task m_grabRetry; ///< Runs while the keyboard is wanted and cannot be had.
+    bool m_isKey = false; ///< Has taken the keyboard since it was shown.
 };
 
 } // namespace Tavik

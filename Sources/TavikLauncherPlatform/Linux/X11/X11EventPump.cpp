@@ -61,6 +61,13 @@ xcb_timestamp_t X11EventPump::serverTime()
     return XCB_CURRENT_TIME;
 }
 
+void X11EventPump::catchUp()
+{
+    const X11Reply<xcb_get_input_focus_reply_t> answer(xcb_get_input_focus_reply(
+        m_connection.get(), xcb_get_input_focus(m_connection.get()), nullptr));
+    drain();
+}
+
 void X11EventPump::drainSoon()
 {
     if (!std::exchange(m_willDrain, true)) {

@@ -27,6 +27,8 @@ public:
     /// The server's time now, which window managers take for the newest act of the user; one round
     /// trip. XCB_CURRENT_TIME when the connection is broken.
     [[nodiscard]] xcb_timestamp_t serverTime();
+    /// Hands over, before it returns, all that the server has written by now; one round trip.
+    void catchUp();
     /// Must follow a request whose answer was waited for: events that arrived with the answer no
     /// longer wake the main loop.
     void drainSoon();

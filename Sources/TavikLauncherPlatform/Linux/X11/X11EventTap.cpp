@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/X11/X11EventTap.h>
+#include <TavikLauncherPlatform/Linux/X11/X11ModifierState.h>
 
 #include <QPointer>
 
+#include <bit>
 #include <cstring>
 #include <utility>
 
@@ -188,16 +190,35 @@ void X11EventTap::handleKey(const xcb_key_press_event_t& event)
     if (type != XCB_KEY_PRESS && type != XCB_KEY_RELEASE) {
         return;
     }
-    const std::optional<KeyEvents::Event> meaning = m_reader.read({.isPress = type == XCB_KEY_PRESS,
-                                                                   .key = event.detail,
-                                                                   .stateBefore = event.state,
-                                                                   .time = event.time},
-                                                                  m_dependencies.map(),
-                                                                  m_dependencies.uptime());
-    if (meaning && meaning->kind == m_kind) {
+    if (m_kind == KeyEvents::Kind::modifiersChanged) {
+        handleModifiers(event);
+        return;
+    }
+    const std::optional<KeyEvents::Event> meaning
+        = m_reader.read(event, m_dependencies.map(), m_dependencies.uptime());
+    if (meaning) {
         // A copy, because the observer may end its own tap.
         const KeyEvents::Observer observer = m_observer;
         observer(*meaning);
+    }
+}
+
+void X11EventTap::handleModifiers(const xcb_key_press_event_t& event)
+{
+    const X11KeyboardMap& map = m_dependencies.map();
+    const double time = uptimeOfServerTime(event.time, m_dependencies.uptime());
+    const KeyEvents::Observer observer = m_observer;
+    if (map.modifiersOfKey.at(event.detail) != 0) {
+        m_dependencies.modifiers.ask(
+            this, time, [observer](quint64 flags, double eventTime) {
+                observer({.modifierFlags = flags, .time = eventTime});
+            });
+        return;
+    }
+    const bool isPress = x11EventType(event.response_type) == XCB_KEY_PRESS;
+    const quint64 held = map.modifiers.flagsFor(event.state);
+    if (isPress && std::popcount(held) > 1 && !m_dependencies.isOurs(event.detail, event.time)) {
+        observer({.kind = KeyEvents::Kind::takenElsewhere, .modifierFlags = held, .time = time});
     }
 }
 

@@ -11,6 +11,8 @@
 
 namespace Tavik {
 
+class X11ModifierState;
+
 /// The key events of the whole session through the server's recording of device events, which no
 /// grab keeps from us. It needs two connections of its own: one holds the recording, and the other
 /// can do nothing but receive it.
@@ -21,6 +23,9 @@ public:
     {
         std::function<const X11KeyboardMap&()> map;
         std::function<double()> uptime; ///< The main queue's clock.
+        X11ModifierState& modifiers;
+        /// Whether the ring got the key press of that time; asked only with modifiers held.
+        std::function<bool(xcb_keycode_t, xcb_timestamp_t)> isOurs;
     };
 
     X11EventTap(Dependencies dependencies,
@@ -40,6 +45,7 @@ private:
     /// Returns false when this has been destroyed.
     bool handle(const xcb_record_enable_context_reply_t& reply);
     void handleKey(const xcb_key_press_event_t& event);
+    void handleModifiers(const xcb_key_press_event_t& event);
     void ended();
 
     Dependencies m_dependencies;

@@ -6,20 +6,11 @@
 #include <initializer_list>
 
 #include <xcb/xproto.h>
+#include <xkbcommon/xkbcommon-keysyms.h>
 
 namespace Tavik {
 
 namespace {
-
-// The key symbols of the X protocol that matter here.
-constexpr quint32 numLock = 0xff7f;
-constexpr quint32 scrollLock = 0xff14;
-constexpr quint32 metaLeft = 0xffe7;
-constexpr quint32 metaRight = 0xffe8;
-constexpr quint32 altLeft = 0xffe9;
-constexpr quint32 altRight = 0xffea;
-constexpr quint32 superLeft = 0xffeb;
-constexpr quint32 superRight = 0xffec;
 
 constexpr std::size_t firstFreeModifier = 3; // After shift, lock and control.
 
@@ -46,15 +37,18 @@ X11GrabModifiers X11GrabModifiers::fromMap(const std::array<QList<quint8>, 8>& k
         return 0;
     };
     X11GrabModifiers result;
-    result.option = modifierWith({altLeft, altRight});
+    result.option = modifierWith({XKB_KEY_Alt_L, XKB_KEY_Alt_R});
     if (result.option == 0) {
-        result.option = modifierWith({metaLeft, metaRight});
+        result.option = modifierWith({XKB_KEY_Meta_L, XKB_KEY_Meta_R});
     }
-    result.command = modifierWith({superLeft, superRight});
-    result.locks = static_cast<quint16>(XCB_MOD_MASK_LOCK | modifierWith({numLock})
-                                        | modifierWith({scrollLock}));
-    // A keyboard may put a lock on a modifier that is wanted for itself.
-    result.locks &= static_cast<quint16>(~(result.option | result.command));
+    result.command = modifierWith({XKB_KEY_Super_L, XKB_KEY_Super_R});
+    result.others = XCB_MOD_MASK_LOCK;
+    for (std::size_t i = firstFreeModifier; i < keysOf.size(); ++i) {
+        if (!keysOf.at(i).isEmpty()) {
+            result.others |= static_cast<quint16>(1U << i);
+        }
+    }
+    result.others &= static_cast<quint16>(~(result.option | result.command));
     return result;
 }
 
@@ -92,16 +86,16 @@ quint64 X11GrabModifiers::flagsFor(quint16 mask) const
     return flags;
 }
 
-QList<quint16> X11GrabModifiers::lockVariants() const
+QList<quint16> X11GrabModifiers::variants() const
 {
-    QList<quint16> variants;
-    quint16 variant = 0;
-    // Counts through the subsets of the bits in `locks`.
+    QList<quint16> sets;
+    quint16 set = 0;
+    // Counts through the subsets of the bits in `others`.
     do {
-        variants.append(variant);
-        variant = static_cast<quint16>((variant - locks) & locks);
-    } while (variant != 0);
-    return variants;
+        sets.append(set);
+        set = static_cast<quint16>((set - others) & others);
+    } while (set != 0);
+    return sets;
 }
 
 double uptimeOfServerTime(quint32 time, double now)

@@ -15,7 +15,9 @@ struct X11GrabModifiers
 {
     quint16 option = 0; ///< 0 when no key of the keyboard has it.
     quint16 command = 0;
-    quint16 locks = 0; ///< Caps Lock, Num Lock and Scroll Lock together.
+    /// All others together: the lock keys, and what is latched or locked to reach further levels
+    /// of the layout.
+    quint16 others = 0;
 
     /// Reads the modifier map: `keysOf[i]` are the X key codes behind modifier i, `symbolsOf` tells
     /// the key symbols of a key.
@@ -27,8 +29,8 @@ struct X11GrabModifiers
     [[nodiscard]] std::optional<quint16> maskFor(quint64 modifierFlags) const;
     /// Bits of ModifierFlags for what the server says is held.
     [[nodiscard]] quint64 flagsFor(quint16 mask) const;
-    /// Every combination of the lock keys, none of them first.
-    [[nodiscard]] QList<quint16> lockVariants() const;
+    /// Every set of the others, the empty one first.
+    [[nodiscard]] QList<quint16> variants() const;
 
     bool operator==(const X11GrabModifiers&) const = default;
 };

@@ -53,77 +53,69 @@ private:
     quint64 m_id;
 };
 
-X11KeyEvents::X11KeyEvents(xcb_connection_t* connection,
-                           MainQueue& mainQueue,
-                           const AccessibilityPermission& permission)
-    : m_connection(connection)
-    , m_mainQueue(mainQueue)
-    , m_permission(permission)
-    , m_root(x11RootWindow(connection, 0))
-    , m_map(X11KeyboardMap::read(connection))
+X11KeyEvents::X11KeyEvents(Dependencies dependencies)
+    : m_dependencies(std::move(dependencies))
+    , m_map(X11KeyboardMap::read(m_dependencies.toolkit))
+    , m_modifiers({.mainQueue = m_dependencies.mainQueue,
+                   .map = [this]() -> const X11KeyboardMap& { return m_map; },
+                   .retellsKeys = m_dependencies.isXwayland})
+    , m_grabs([this](const xcb_key_press_event_t& event) { pressed(event); })
 {
-    const xcb_query_extension_reply_t* xkb = xcb_get_extension_data(connection, &xcb_xkb_id);
+    const xcb_query_extension_reply_t* xkb
+        = xcb_get_extension_data(m_dependencies.toolkit, &xcb_xkb_id);
     if (xkb && xkb->present) {
         m_xkbEvent = xkb->first_event;
     }
     QCoreApplication::instance()->installNativeEventFilter(this);
 }
 
-X11KeyEvents::~X11KeyEvents()
-{
-    for (const Grab& grab : m_grabs) {
-        ungrab(grab);
-    }
-    xcb_flush(m_connection);
-}
+X11KeyEvents::~X11KeyEvents() = default;
 
-KeyEvents::HotKeyResult X11KeyEvents::registerHotKey(const HotKey& hotKey,
-                                                     std::function<void(double)> pressed)
+KeyEvents::HotKeyResult X11KeyEvents::registerHotKey(const HotKey& hotKey, HotKeyHandlers handlers)
 {
-    std::optional<Grab> wanted = grabFor(hotKey);
+    const std::optional<X11HotKeyGrabs::Grab> wanted = grabFor(hotKey);
     if (!wanted) {
         return {.registration = nullptr, .status = badValue};
     }
-    const int status = isHeld(*wanted) ? badAccess : grab(*wanted);
+    const int status = isHeld(*wanted) ? badAccess : m_grabs.grab(*wanted);
     if (status != 0) {
         return {.registration = nullptr, .status = status};
     }
-    wanted->id = m_nextId++;
-    wanted->pressed = std::move(pressed);
-    m_grabs.push_back(std::move(*wanted));
-    return {.registration = std::make_unique<Registration>(this, m_grabs.back().id), .status = 0};
+    m_held.push_back({m_nextId++, hotKey, *wanted, std::move(handlers)});
+    return {.registration = std::make_unique<Registration>(this, m_held.back().id), .status = 0};
 }
 
 int X11KeyEvents::hotKeyStatus(const HotKey& hotKey)
 {
-    const std::optional<Grab> wanted = grabFor(hotKey);
+    const std::optional<X11HotKeyGrabs::Grab> wanted = grabFor(hotKey);
     if (!wanted) {
         return badValue;
     }
     if (isHeld(*wanted)) {
         return 0;
     }
-    const int status = grab(*wanted);
+    const int status = m_grabs.grab(*wanted);
     if (status == 0) {
-        ungrab(*wanted);
+        m_grabs.ungrab(*wanted);
     }
     return status;
 }
 
-std::optional<X11KeyEvents::Grab> X11KeyEvents::grabFor(const HotKey& hotKey) const
+std::optional<X11HotKeyGrabs::Grab> X11KeyEvents::grabFor(const HotKey& hotKey) const
 {
     const std::optional<xcb_keycode_t> key = m_map.keyFor(hotKey.keyCode);
     const std::optional<quint16> mask = m_map.modifiers.maskFor(hotKey.modifierFlags);
     if (!key || !mask) {
         return std::nullopt;
     }
-    return Grab{.hotKey = hotKey, .key = *key, .mask = *mask};
+    return X11HotKeyGrabs::Grab{
+        .key = *key, .mask = *mask, .variants = m_map.modifiers.variants()};
 }
 
-bool X11KeyEvents::isHeld(const Grab& grab) const
+bool X11KeyEvents::isHeld(const X11HotKeyGrabs::Grab& grab) const
 {
-    return std::ranges::any_of(m_grabs, [&grab](const Grab& other) {
-        return other.key == grab.key && other.mask == grab.mask;
+    return std::ranges::any_of(m_held, [&grab](const Held& other) {
+        return other.grab.key == grab.key && other.grab.mask == grab.mask;
     });
 }
 
@@ -132,14 +124,12 @@ bool X11KeyEvents::hasKeys(quint64 modifierFlags, std::optional<quint16> keyCode
     return m_map.modifiers.maskFor(modifierFlags) && (!keyCode || m_map.keyFor(*keyCode));
 }
 
-X11KeyMonitorDependencies X11KeyEvents::monitorDependencies() const
+X11KeyMonitorDependencies X11KeyEvents::monitorDependencies()
 {
     return {.map = [this]() -> const X11KeyboardMap& { return m_map; },
-            .uptime = [this] { return m_mainQueue.systemUptime(); },
-            .isTrusted =
-                [this] {
-                    return m_permission.isTrusted();
-                }};
+            .uptime = [this] { return m_dependencies.mainQueue.systemUptime(); },
+            .isTrusted = [this] { return m_dependencies.permission.isTrusted(); },
+            .modifiers = m_modifiers};
 }
 
 std::unique_ptr<KeyMonitor> X11KeyEvents::addLocalMonitor(Kind kind, Filter filter)
@@ -149,35 +139,28 @@ std::unique_ptr<KeyMonitor> X11KeyEvents::addLocalMonitor(Kind kind, Filter filt
 
 std::unique_ptr<KeyMonitor> X11KeyEvents::addGlobalMonitor(Kind kind, Observer observer)
 {
-    if (kind != Kind::modifiersChanged || m_xkbEvent < 0) {
+    if (kind != Kind::modifiersChanged || !m_modifiers.isNotified()) {
         return nullptr;
     }
-    return std::make_unique<X11ModifierMonitor>(
-        monitorDependencies(), m_xkbEvent, std::move(observer));
+    return std::make_unique<X11ModifierMonitor>(monitorDependencies(), std::move(observer));
 }
 
 std::unique_ptr<EventTap>
 X11KeyEvents::createEventTap(Kind kind, Observer observer, std::function<void()> disabled)
 {
     const X11KeyMonitorDependencies shared = monitorDependencies();
-    auto tap = std::make_unique<X11EventTap>(X11EventTap::Dependencies{shared.map, shared.uptime},
-                                             kind,
-                                             std::move(observer),
-                                             std::move(disabled));
+    auto tap = std::make_unique<X11EventTap>(
+        X11EventTap::Dependencies{
+            shared.map, shared.uptime, shared.modifiers, m_dependencies.ringGotKey},
+        kind,
+        std::move(observer),
+        std::move(disabled));
     return tap->isEnabled() ? std::move(tap) : nullptr;
 }
 
-std::unique_ptr<KeyMonitor> X11KeyEvents::addFocusMonitor(std::function<void()> changed)
+std::optional<quint64> X11KeyEvents::heldModifiers()
 {
-    return std::make_unique<X11FocusMonitor>(std::move(changed));
-}
-
-std::optional<quint64> X11KeyEvents::heldModifiers() const
-{
-    // The pointer's query answers with the keyboard's state too, and needs no extension.
-    const X11Reply<xcb_query_pointer_reply_t> reply(
-        xcb_query_pointer_reply(m_connection, xcb_query_pointer(m_connection, m_root), nullptr));
-    return reply ? std::optional(m_map.modifiers.flagsFor(reply->mask)) : std::nullopt;
+    return m_modifiers.now();
 }
 
 std::optional<quint16> X11KeyEvents::keyCode(const NativeKey& key) const
@@ -214,9 +197,7 @@ bool X11KeyEvents::nativeEventFilter(const QByteArray& eventType, void* message,
     }
     const auto* event = static_cast<const xcb_generic_event_t*>(message);
     const int type = x11EventType(event->response_type);
-    if (type == XCB_KEY_PRESS || type == XCB_KEY_RELEASE) {
-        handleKey(*reinterpret_cast<const xcb_key_press_event_t*>(event), type == XCB_KEY_PRESS);
-    } else if (type == XCB_MAPPING_NOTIFY) {
+    if (type == XCB_MAPPING_NOTIFY) {
         mappingChanged();
     } else if (type == m_xkbEvent) {
         // To a client that knows the keyboard extension the server tells these instead.
@@ -228,106 +209,84 @@ bool X11KeyEvents::nativeEventFilter(const QByteArray& eventType, void* message,
     return false;
 }
 
-int X11KeyEvents::grab(const Grab& grab)
-{
-    // Each combination with the lock keys by itself: "any modifier" would fail as soon as another
-    // program holds a single one.
-    std::vector<xcb_void_cookie_t> cookies;
-    for (const quint16 locks : m_map.modifiers.lockVariants()) {
-        // The owner's windows get nothing themselves, or the release would reach the panel.
-        cookies.push_back(xcb_grab_key_checked(m_connection,
-                                               0,
-                                               m_root,
-                                               grab.mask | locks,
-                                               grab.key,
-                                               XCB_GRAB_MODE_ASYNC,
-                                               XCB_GRAB_MODE_ASYNC));
-    }
-    int status = 0;
-    for (const xcb_void_cookie_t cookie : cookies) {
-        const X11Reply<xcb_generic_error_t> error(xcb_request_check(m_connection, cookie));
-        if (error && status == 0) {
-            status = error->error_code;
-        }
-    }
-    if (status != 0) {
-        ungrab(grab);
-    }
-    return status;
-}
-
-void X11KeyEvents::ungrab(const Grab& grab)
-{
-    for (const quint16 locks : m_map.modifiers.lockVariants()) {
-        xcb_ungrab_key(m_connection, grab.key, m_root, grab.mask | locks);
-    }
-    xcb_flush(m_connection);
-}
-
 void X11KeyEvents::release(quint64 id)
 {
-    const auto found = std::ranges::find(m_grabs, id, &Grab::id);
-    if (found != m_grabs.end()) {
-        ungrab(*found);
-        m_grabs.erase(found);
+    const auto found = std::ranges::find(m_held, id, &Held::id);
+    if (found != m_held.end()) {
+        m_grabs.ungrab(found->grab);
+        m_held.erase(found);
     }
 }
 
-void X11KeyEvents::handleKey(const xcb_key_press_event_t& event, bool isPress)
+void X11KeyEvents::pressed(const xcb_key_press_event_t& event)
 {
-    if (event.event != m_root) {
-        return;
-    }
-    if (!isPress) {
-        m_keys.release(event.detail, event.time);
-        return;
-    }
-    if (m_keys.press(event.detail, event.time)) {
-        return;
-    }
-    const auto mask = static_cast<quint16>(event.state & realModifiers & ~m_map.modifiers.locks);
-    const auto found = std::ranges::find_if(
-        m_grabs, [&](const Grab& grab) { return grab.key == event.detail && grab.mask == mask; });
-    if (found != m_grabs.end()) {
+    const auto mask = static_cast<quint16>(event.state & realModifiers & ~m_map.modifiers.others);
+    const auto found = std::ranges::find_if(m_held, [&](const Held& held) {
+        return held.grab.key == event.detail && held.grab.mask == mask;
+    });
+    const QPointer<X11KeyEvents> self(this);
+    if (found != m_held.end()) {
         // A copy, because the press may end its own registration.
-        const std::function<void(double)> pressed = found->pressed;
-        pressed(uptimeOfServerTime(event.time, m_mainQueue.systemUptime()));
+        const std::function<void(double)> handler = found->handlers.pressed;
+        m_isAnswering = true;
+        handler(uptimeOfServerTime(event.time, m_dependencies.mainQueue.systemUptime()));
     }
+    if (!self) {
+        return;
+    }
+    m_isAnswering = false;
+    // The keys wait on another connection: what has just been asked for on the toolkit's, such as
+    // the focus for the ring, must have been done before they go on.
+    const X11Reply<xcb_get_input_focus_reply_t> done(xcb_get_input_focus_reply(
+        m_dependencies.toolkit, xcb_get_input_focus(m_dependencies.toolkit), nullptr));
+    m_grabs.answer();
 }
 
 void X11KeyEvents::mappingChanged()
 {
     if (!m_mappingTask.isActive()) {
-        m_mappingTask = m_mainQueue.after(mappingSettleSeconds, [this] { grabAgain(); });
+        m_mappingTask
+            = m_dependencies.mainQueue.after(mappingSettleSeconds, [this] { readMap(); });
+    }
+}
+
+void X11KeyEvents::readMap()
+{
+    const X11KeyboardMap map = X11KeyboardMap::read(m_dependencies.toolkit);
+    if (map == m_map) {
+        return;
+    }
+    const bool hasMoved = map.modifiers != m_map.modifiers;
+    m_map = map;
+    if (hasMoved) {
+        grabAgain();
+    }
+    if (onKeyboardChanged) {
+        onKeyboardChanged();
     }
 }
 
 void X11KeyEvents::grabAgain()
 {
-    const X11KeyboardMap map = X11KeyboardMap::read(m_connection);
-    if (map == m_map) {
-        return;
+    for (const Held& held : m_held) {
+        m_grabs.ungrab(held.grab);
     }
-    const bool hasMoved = map.modifiers != m_map.modifiers;
-    if (hasMoved) {
-        for (const Grab& held : m_grabs) {
-            ungrab(held);
-        }
-    }
-    m_map = map;
-    for (Grab& wanted : m_grabs) {
-        if (!hasMoved) {
-            break;
-        }
-        const std::optional<quint16> mask = m_map.modifiers.maskFor(wanted.hotKey.modifierFlags);
-        wanted.mask = mask.value_or(wanted.mask);
-        const int status = mask ? grab(wanted) : badValue;
-        if (status != 0) {
+    std::vector<std::pair<std::function<void(int)>, int>> lost;
+    for (Held& held : std::exchange(m_held, {})) {
+        const std::optional<X11HotKeyGrabs::Grab> wanted = grabFor(held.hotKey);
+        const int status = wanted ? m_grabs.grab(*wanted) : badValue;
+        if (status == 0) {
+            held.grab = *wanted;
+            m_held.push_back(std::move(held));
+        } else {
             qCWarning(log, "The hot key was lost when the keyboard map changed: status %d", status);
+            lost.emplace_back(held.handlers.lost, status);
         }
     }
-    if (onKeyboardChanged) {
-        onKeyboardChanged();
+    for (const auto& [tell, status] : lost) {
+        if (tell) {
+            tell(status);
+        }
     }
 }
 

@@ -2,7 +2,8 @@
 #pragma once
 
 #include <TavikLauncherPlatform/KeyEvents.h>
-#include <TavikLauncherPlatform/Linux/X11/X11KeyReader.h>
+#include <TavikLauncherPlatform/Linux/X11/X11HotKeyGrabs.h>
+#include <TavikLauncherPlatform/Linux/X11/X11ModifierState.h>
 #include <TavikLauncherPlatform/MainQueue.h>
 
 #include <QAbstractNativeEventFilter>
@@ -19,21 +20,25 @@ struct X11KeyMonitorDependencies;
 
 /// Hot keys as passive grabs on the root window; monitors and taps through the facilities that suit
 /// each.
-///
-/// They are grabbed on the toolkit's connection, not on one of our own: the press that comes back
-/// there also refreshes the toolkit's idea of when the user last acted, which window managers with
-/// focus-stealing prevention compare when the panel is shown.
 class X11KeyEvents final : public QObject, public KeyEvents, public QAbstractNativeEventFilter
 {
 public:
-    /// `connection` is the toolkit's and must outlive this.
-    X11KeyEvents(xcb_connection_t* connection,
-                 MainQueue& mainQueue,
-                 const AccessibilityPermission& permission);
+    struct Dependencies
+    {
+        xcb_connection_t* toolkit; ///< The toolkit's connection; outlives this.
+        MainQueue& mainQueue;
+        const AccessibilityPermission& permission;
+        /// Whether the ring got the press of a key at a time of the server.
+        std::function<bool(xcb_keycode_t, xcb_timestamp_t)> ringGotKey;
+        /// Whether the server speaks for another window system.
+        bool isXwayland = false;
+    };
+
+    explicit X11KeyEvents(Dependencies dependencies);
     ~X11KeyEvents() override;
 
     [[nodiscard]] HotKeyResult registerHotKey(const HotKey& hotKey,
-                                              std::function<void(double)> pressed) override;
+                                              HotKeyHandlers handlers) override;
     [[nodiscard]] int hotKeyStatus(const HotKey& hotKey) override;
     [[nodiscard]] bool hasKeys(quint64 modifierFlags,
                                std::optional<quint16> keyCode) const override;
@@ -43,46 +48,44 @@ public:
                                                                Observer observer) override;
     [[nodiscard]] std::unique_ptr<EventTap>
     createEventTap(Kind kind, Observer observer, std::function<void()> disabled) override;
-    [[nodiscard]] std::unique_ptr<KeyMonitor>
-    addFocusMonitor(std::function<void()> changed) override;
-    [[nodiscard]] std::optional<quint64> heldModifiers() const override;
+    [[nodiscard]] std::optional<quint64> heldModifiers() override;
     [[nodiscard]] std::optional<quint16> keyCode(const NativeKey& key) const override;
     [[nodiscard]] std::optional<QString> characters(const NativeKey& key) const override;
     [[nodiscard]] LevelUse levelUse(const NativeKey& key) const override;
+
+    /// True inside a hot key's `pressed`: then the keyboard is grabbed, by ourselves.
+    [[nodiscard]] bool isAnsweringHotKey() const { return m_isAnswering; }
 
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 
 private:
     class Registration;
-    struct Grab
+    struct Held
     {
         quint64 id = 0;
         HotKey hotKey;
-        xcb_keycode_t key = 0;
-        quint16 mask = 0;
-        std::function<void(double)> pressed;
+        X11HotKeyGrabs::Grab grab;
+        HotKeyHandlers handlers;
     };
-    /// A grab with nothing missing but its number; absent when the keyboard lacks a key for it.
-    [[nodiscard]] std::optional<Grab> grabFor(const HotKey& hotKey) const;
-    [[nodiscard]] bool isHeld(const Grab& grab) const;
-    [[nodiscard]] int grab(const Grab& grab);
-    void ungrab(const Grab& grab);
+    /// Absent when the keyboard lacks a key for it.
+    [[nodiscard]] std::optional<X11HotKeyGrabs::Grab> grabFor(const HotKey& hotKey) const;
+    [[nodiscard]] bool isHeld(const X11HotKeyGrabs::Grab& grab) const;
     void release(quint64 id);
-    void handleKey(const xcb_key_press_event_t& event, bool isPress);
+    void pressed(const xcb_key_press_event_t& event);
     void mappingChanged();
+    void readMap();
     void grabAgain();
-    [[nodiscard]] X11KeyMonitorDependencies monitorDependencies() const;
+    [[nodiscard]] X11KeyMonitorDependencies monitorDependencies();
 
-    xcb_connection_t* m_connection;
-    MainQueue& m_mainQueue;
-    const AccessibilityPermission& m_permission;
-    xcb_window_t m_root;
+    Dependencies m_dependencies;
     int m_xkbEvent = -1; ///< The number of the keyboard extension's events.
     X11KeyboardMap m_map;
-    std::vector<Grab> m_grabs;
-    X11KeyRepeat m_keys;
+    X11ModifierState m_modifiers;
+    X11HotKeyGrabs m_grabs;
+    std::vector<Held> m_held;
     Task m_mappingTask;
     quint64 m_nextId = 1;
+    bool m_isAnswering = false;
 };
 
 } // namespace Tavik

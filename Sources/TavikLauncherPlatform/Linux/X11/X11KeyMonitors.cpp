@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/X11/X11Connection.h>
 #include <TavikLauncherPlatform/Linux/X11/X11KeyMonitors.h>
-#include <TavikLauncherPlatform/Linux/X11/XkbProtocol.h>
+#include <TavikLauncherPlatform/Linux/X11/X11ModifierState.h>
 
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -33,57 +33,43 @@ bool X11LocalKeyMonitor::eventFilter(QObject* watched, QEvent* event)
     if (key.nativeScanCode() == 0 || key.nativeScanCode() >= X11KeyboardMap::keyCount) {
         return false; // Not from the server: an input method wrote it.
     }
-    const std::optional<KeyEvents::Event> meaning
-        = m_reader.read({.isPress = isPress,
-                         .key = static_cast<xcb_keycode_t>(key.nativeScanCode()),
-                         .stateBefore = static_cast<quint16>(key.nativeModifiers()),
-                         .time = static_cast<quint32>(key.timestamp())},
-                        m_dependencies.map(),
-                        m_dependencies.uptime());
-    if (!meaning || meaning->kind != m_kind) {
-        return false;
-    }
+    const xcb_key_press_event_t told{
+        .response_type = static_cast<uint8_t>(isPress ? XCB_KEY_PRESS : XCB_KEY_RELEASE),
+        .detail = static_cast<xcb_keycode_t>(key.nativeScanCode()),
+        .time = static_cast<xcb_timestamp_t>(key.timestamp()),
+        .state = static_cast<uint16_t>(key.nativeModifiers())};
+    const double now = m_dependencies.uptime();
     // A copy, because the filter may end its own monitor.
     const KeyEvents::Filter filter = m_filter;
-    return filter(*meaning);
+    if (m_kind == KeyEvents::Kind::modifiersChanged) {
+        if (m_dependencies.map().modifiersOfKey.at(told.detail) != 0) {
+            m_dependencies.modifiers.ask(
+                this,
+                uptimeOfServerTime(told.time, now),
+                [filter](quint64 flags, double time) {
+                    filter({.modifierFlags = flags, .time = time});
+                });
+        }
+        return false;
+    }
+    const std::optional<KeyEvents::Event> meaning
+        = m_reader.read(told, m_dependencies.map(), now);
+    return meaning && filter(*meaning);
 }
 
-X11ModifierMonitor::X11ModifierMonitor(X11KeyMonitorDependencies dependencies,
-                                       int keyboardEvent,
+X11ModifierMonitor::X11ModifierMonitor(const X11KeyMonitorDependencies& dependencies,
                                        KeyEvents::Observer observer)
-    : m_dependencies(std::move(dependencies))
-    , m_keyboardEvent(keyboardEvent)
-    , m_observer(std::move(observer))
 {
-    QCoreApplication::instance()->installNativeEventFilter(this);
-}
-
-bool X11ModifierMonitor::nativeEventFilter(const QByteArray& eventType, void* message, qintptr*)
-{
-    if (eventType != "xcb_generic_event_t") {
-        return false;
-    }
-    const auto* event = static_cast<const xcb_generic_event_t*>(message);
-    if (x11EventType(event->response_type) != m_keyboardEvent || event->pad0 != XCB_XKB_STATE_NOTIFY
-        || !m_dependencies.isTrusted()) {
-        return false;
-    }
-    const auto* state = reinterpret_cast<const xcb_xkb_state_notify_event_t*>(event);
-    const KeyEvents::Event change{
-        .modifierFlags = m_dependencies.map().modifiers.flagsFor(state->mods),
-        .time = uptimeOfServerTime(state->time, m_dependencies.uptime()),
-    };
-    const KeyEvents::Observer observer = m_observer;
-    observer(change);
-    return false;
-}
-
-X11FocusMonitor::X11FocusMonitor(std::function<void()> changed)
-{
-    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [changed = std::move(changed)] {
-        const std::function<void()> tell = changed;
-        tell();
-    });
+    dependencies.modifiers.follow(
+        this,
+        [isTrusted = dependencies.isTrusted, observer = std::move(observer)](quint64 flags,
+                                                                             double time) {
+            if (isTrusted()) {
+                // A copy, because the observer may end its own monitor.
+                const KeyEvents::Observer tell = observer;
+                tell({.modifierFlags = flags, .time = time});
+            }
+        });
 }
 
 } // namespace Tavik

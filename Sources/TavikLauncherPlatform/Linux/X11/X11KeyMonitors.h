@@ -3,10 +3,11 @@
 
 #include <TavikLauncherPlatform/Linux/X11/X11KeyReader.h>
 
-#include <QAbstractNativeEventFilter>
 #include <QObject>
 
 namespace Tavik {
+
+class X11ModifierState;
 
 /// What the monitors need to read an event; valid as long as they are.
 struct X11KeyMonitorDependencies
@@ -14,9 +15,11 @@ struct X11KeyMonitorDependencies
     std::function<const X11KeyboardMap&()> map;
     std::function<double()> uptime; ///< The main queue's clock.
     std::function<bool()> isTrusted; ///< Whether other programs' keys may be looked at.
+    X11ModifierState& modifiers;
 };
 
-/// The key events of our own windows, as the toolkit is about to hand them out.
+/// The key events of our own windows, as the toolkit is about to hand them out. Changes of the
+/// modifiers are only told, never swallowed.
 class X11LocalKeyMonitor final : public QObject, public KeyMonitor
 {
 public:
@@ -33,29 +36,12 @@ private:
     X11KeyReader m_reader;
 };
 
-/// Changes of the modifiers as the keyboard extension tells them to the toolkit's connection,
-/// whoever has the keyboard. Unlike key events these carry the state after the change.
-class X11ModifierMonitor final : public KeyMonitor, public QAbstractNativeEventFilter
+/// Changes of the modifiers as the keyboard extension tells them, whoever has the keyboard.
+class X11ModifierMonitor final : public QObject, public KeyMonitor
 {
 public:
-    /// `keyboardEvent` is the number of the keyboard extension's events.
-    X11ModifierMonitor(X11KeyMonitorDependencies dependencies,
-                       int keyboardEvent,
+    X11ModifierMonitor(const X11KeyMonitorDependencies& dependencies,
                        KeyEvents::Observer observer);
-
-    bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
-
-private:
-    X11KeyMonitorDependencies m_dependencies;
-    int m_keyboardEvent;
-    KeyEvents::Observer m_observer;
-};
-
-/// Tells that one of our windows has taken or lost the keyboard.
-class X11FocusMonitor final : public QObject, public KeyMonitor
-{
-public:
-    explicit X11FocusMonitor(std::function<void()> changed);
 };
 
 } // namespace Tavik

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Session/KeyCodes.h>
+#include <TavikLauncherPlatform/Linux/X11/X11Connection.h>
 #include <TavikLauncherPlatform/Linux/X11/X11KeyReader.h>
 
 namespace Tavik {
@@ -31,44 +32,23 @@ void X11KeyRepeat::release(xcb_keycode_t key, quint32 time)
 }
 
 std::optional<KeyEvents::Event>
-X11KeyReader::read(const X11KeyEvent& event, const X11KeyboardMap& map, double now)
+X11KeyReader::read(const xcb_key_press_event_t& event, const X11KeyboardMap& map, double now)
 {
-    bool isRepeat = false;
-    if (event.isPress) {
-        isRepeat = m_keys.press(event.key, event.time);
-    } else {
-        m_keys.release(event.key, event.time);
-    }
-    const quint8 ownModifiers = map.modifiersOfKey.at(event.key);
-    KeyEvents::Event result{.modifierFlags = map.modifiers.flagsFor(stateAfter(event, map)),
-                            .isRepeat = isRepeat,
-                            .time = uptimeOfServerTime(event.time, now)};
-    if (ownModifiers != 0) {
-        return map.modifiers.flagsFor(ownModifiers) != 0 ? std::optional(result) : std::nullopt;
-    }
-    const std::optional<quint16> code
-        = KeyCodes::virtualKeyCode(static_cast<quint16>(event.key - KeyCodes::x11Offset));
-    if (!event.isPress || !code) {
+    if (x11EventType(event.response_type) == XCB_KEY_RELEASE) {
+        m_keys.release(event.detail, event.time);
         return std::nullopt;
     }
-    result.kind = KeyEvents::Kind::keyDown;
-    result.keyCode = *code;
-    return result;
-}
-
-quint16 X11KeyReader::stateAfter(const X11KeyEvent& event, const X11KeyboardMap& map) const
-{
-    quint8 changed = map.modifiersOfKey.at(event.key);
-    if (event.isPress) {
-        return event.stateBefore | changed;
+    const bool isRepeat = m_keys.press(event.detail, event.time);
+    const std::optional<quint16> code
+        = KeyCodes::virtualKeyCode(static_cast<quint16>(event.detail - KeyCodes::x11Offset));
+    if (map.modifiersOfKey.at(event.detail) != 0 || !code) {
+        return std::nullopt;
     }
-    // The other key of a pair may still hold the modifier.
-    for (std::size_t key = 0; changed != 0 && key < X11KeyboardMap::keyCount; ++key) {
-        if (m_keys.isDown(key)) {
-            changed &= static_cast<quint8>(~map.modifiersOfKey.at(key));
-        }
-    }
-    return event.stateBefore & static_cast<quint16>(~changed);
+    return KeyEvents::Event{.kind = KeyEvents::Kind::keyDown,
+                            .keyCode = *code,
+                            .modifierFlags = map.modifiers.flagsFor(event.state),
+                            .isRepeat = isRepeat,
+                            .time = uptimeOfServerTime(event.time, now)};
 }
 
 } // namespace Tavik

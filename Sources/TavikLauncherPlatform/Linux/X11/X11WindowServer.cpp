@@ -4,6 +4,8 @@
 #include <TavikLauncherPlatform/Linux/X11/X11WindowServer.h>
 #include <TavikLauncherPlatform/Linux/X11/X11WindowTree.h>
 
+#include <QRegion>
+
 #include <algorithm>
 #include <array>
 #include <chrono>
@@ -12,13 +14,14 @@
 #include <utility>
 #include <vector>
 
+#include <xcb/shape.h>
+#include <xcb/xfixes.h>
+
 namespace Tavik {
 
 namespace {
 
 constexpr uint32_t allDesktops = 0xffffffff;
-/// How long a window manager may take to focus another window after ours has gone.
-constexpr double returnSeconds = 0.1;
 constexpr int withdrawalAttempts = 40;
 constexpr std::chrono::milliseconds withdrawalInterval{1};
 constexpr uint32_t withdrawnState = 0;
@@ -41,24 +44,39 @@ void setNumbers(xcb_connection_t* connection,
 
 } // namespace
 
-X11WindowServer::X11WindowServer(xcb_connection_t* toolkit, MainQueue& mainQueue)
+X11WindowServer::X11WindowServer(xcb_connection_t* toolkit, MainQueue& mainQueue, bool isXwayland)
     : m_toolkit(toolkit)
-    , m_mainQueue(mainQueue)
+    , m_isPanelManaged(isXwayland)
     , m_atoms(m_connection.get(), m_connection.screenNumber())
     , m_compositor(m_connection, m_atoms[X11Atom::compositor])
     , m_moves(m_connection)
     , m_pump(m_connection, m_atoms[X11Atom::tavikClock], [this](const xcb_generic_event_t& event) {
         handle(event);
     })
+    , m_focus({.toolkit = toolkit,
+               .connection = m_connection,
+               .atoms = m_atoms,
+               .pump = m_pump,
+               .mainQueue = mainQueue,
+               .isPanelManaged = isXwayland,
+               .panelLeft =
+                   [this] {
+                       if (onPanelLeft) {
+                           onPanelLeft();
+                       }
+                   }})
 {
     m_pump.drainSoon();
 }
 
 void X11WindowServer::preparePanel(WId window)
 {
-    const auto panel = static_cast<xcb_window_t>(window);
-    awaitWithdrawal(panel);
-    m_returnTask.cancel();
+    m_panel = static_cast<xcb_window_t>(window);
+    m_focus.preparePanel(m_panel);
+    if (!m_isPanelManaged) {
+        return;
+    }
+    awaitWithdrawal(m_panel);
     // The window manager forgets all this when the window goes, and the toolkit adds its own states
     // to what it finds. "Sticky" says the same as the desktop number, which some take for the last
     // desktop.
@@ -66,9 +84,9 @@ void X11WindowServer::preparePanel(WId window)
                             m_atoms[X11Atom::netWmStateSkipTaskbar],
                             m_atoms[X11Atom::netWmStateSkipPager],
                             m_atoms[X11Atom::netWmStateSticky]};
-    setNumbers(m_toolkit, panel, m_atoms[X11Atom::netWmState], XCB_ATOM_ATOM, states);
+    setNumbers(m_toolkit, m_panel, m_atoms[X11Atom::netWmState], XCB_ATOM_ATOM, states);
     setNumbers(
-        m_toolkit, panel, m_atoms[X11Atom::netWmDesktop], XCB_ATOM_CARDINAL, {&allDesktops, 1});
+        m_toolkit, m_panel, m_atoms[X11Atom::netWmDesktop], XCB_ATOM_CARDINAL, {&allDesktops, 1});
     xcb_flush(m_toolkit);
 }
 
@@ -135,107 +153,58 @@ void X11WindowServer::awaitWithdrawal(xcb_window_t panel)
 
 bool X11WindowServer::isWithdrawn(xcb_window_t panel)
 {
-    // Over the toolkit's connection, so that the answers come after a hiding that is still on its
-    // way; who has the keyboard is asked in the same round trip.
-    X11PropertyQuery panelState(m_toolkit, panel, m_atoms[X11Atom::wmState]);
-    X11PropertyQuery active(m_toolkit, m_connection.root(), m_atoms[X11Atom::netActiveWindow]);
-    const xcb_window_t focus = focusedWindow(m_toolkit);
-    const QList<uint32_t> state = panelState.numbers();
-    // A keyboard on its way back from the last showing is to get there in the end.
-    if (!m_returnTask.isActive() || !X11WindowTree::isNowhere(m_connection, focus)) {
-        m_previousFocus = focus;
-        m_previousActive = active.firstWindow();
-    }
+    // Over the toolkit's connection, so that the answer comes after a hiding that is still on its
+    // way.
+    const QList<uint32_t> state
+        = X11PropertyQuery(m_toolkit, panel, m_atoms[X11Atom::wmState]).numbers();
     return state.isEmpty() || state.constFirst() == withdrawnState;
 }
 
-X11WindowServer::Desktop X11WindowServer::desktop()
+void X11WindowServer::setInputRegion(WId window, const QRegion& region)
 {
-    // A manager that has died leaves its mark on the root window, but not on its own. It is nearly
-    // always the one of the last time, so both are asked at once, and with the time.
-    const xcb_atom_t check = m_atoms[X11Atom::netSupportingWmCheck];
-    X11PropertyQuery onRoot(m_connection.get(), m_connection.root(), check);
-    X11PropertyQuery onManager(m_connection.get(), m_manager, check);
-    // The server's own time of now is newer than whatever was typed elsewhere, and older than
-    // nothing: a time from our clock could lie in the server's future and be refused.
-    const xcb_timestamp_t now = m_pump.serverTime();
-    const xcb_window_t manager = onRoot.firstWindow();
-    const xcb_window_t mark = manager == m_manager
-        ? onManager.firstWindow()
-        : X11Properties::firstWindow(m_connection.get(), manager, check);
-    m_manager = manager;
-    return {.time = now, .hasManager = manager != XCB_NONE && mark == manager};
+    std::vector<xcb_rectangle_t> rectangles;
+    rectangles.reserve(static_cast<std::size_t>(region.rectCount()));
+    for (const QRect& part : region) {
+        rectangles.push_back({static_cast<int16_t>(part.x()),
+                              static_cast<int16_t>(part.y()),
+                              static_cast<uint16_t>(part.width()),
+                              static_cast<uint16_t>(part.height())});
+    }
+    xcb_connection_t* connection = m_connection.get();
+    const xcb_xfixes_region_t made = xcb_generate_id(connection);
+    xcb_xfixes_create_region(
+        connection, made, static_cast<uint32_t>(rectangles.size()), rectangles.data());
+    xcb_xfixes_set_window_shape_region(
+        connection, static_cast<xcb_window_t>(window), XCB_SHAPE_SK_INPUT, 0, 0, made);
+    xcb_xfixes_destroy_region(connection, made);
+    xcb_flush(connection);
 }
 
 void X11WindowServer::takeKeyboardFocus(WId window)
 {
-    const auto panel = static_cast<xcb_window_t>(window);
-    m_returnTask.cancel();
-    const Desktop now = desktop();
-    X11StartupNotification::mark(m_toolkit, panel, m_startupId);
-    setNumbers(
-        m_toolkit, panel, m_atoms[X11Atom::netWmUserTime], XCB_ATOM_CARDINAL, {&now.time, 1});
-    if (now.hasManager) {
-        requestFocus(m_toolkit, m_connection.root(), m_atoms, panel, now.time);
-    } else {
-        xcb_set_input_focus(m_toolkit, XCB_INPUT_FOCUS_POINTER_ROOT, panel, now.time);
-    }
-    xcb_flush(m_toolkit);
+    X11StartupNotification::mark(m_toolkit, static_cast<xcb_window_t>(window), m_startupId);
+    m_focus.take(static_cast<xcb_window_t>(window));
 }
 
-void X11WindowServer::returnKeyboardFocus(WId window)
+void X11WindowServer::takeKeyboardFocusForPanel()
 {
-    const auto panel = static_cast<xcb_window_t>(window);
-    if (m_previousFocus == XCB_NONE && m_previousActive == XCB_NONE) {
-        return;
-    }
-    // Asked over the toolkit's connection, because the answer must come after the hiding.
-    const xcb_window_t focus = focusedWindow(m_toolkit);
-    if (!isFree(focus, panel)) {
-        return;
-    }
-    if (!desktop().hasManager) {
-        finishReturn();
-        return;
-    }
-    // A window manager focuses the next window by itself as soon as it learns that ours has gone.
-    m_returnTask = m_mainQueue.after(returnSeconds, [this, panel] {
-        const xcb_window_t current = focusedWindow(m_connection.get());
-        if (isFree(current, panel)) {
-            finishReturn();
-        }
-        m_pump.drainSoon();
-    });
+    X11StartupNotification::mark(m_toolkit, m_panel, m_startupId);
+    m_focus.takeForPanel();
 }
 
-/// True when nobody has the keyboard but a window that is going. Some window managers keep it
-/// themselves rather than give it to a window that is in no taskbar.
-bool X11WindowServer::isFree(xcb_window_t focus, xcb_window_t going) const
+void X11WindowServer::returnKeyboardFocus()
 {
-    return X11WindowTree::isNowhere(m_connection, focus) || focus == m_manager
-        || X11WindowTree::isWithin(m_connection, focus, going);
+    m_focus.giveBack();
 }
 
-void X11WindowServer::finishReturn()
+bool X11WindowServer::panelGotKey(xcb_keycode_t key, xcb_timestamp_t time)
 {
-    const Desktop now = desktop();
-    if (now.hasManager && m_previousActive != XCB_NONE) {
-        requestFocus(m_connection.get(), m_connection.root(), m_atoms, m_previousActive, now.time);
-    } else if (!now.hasManager || !isFree(m_previousFocus, XCB_NONE)) {
-        // Not back to nobody where windows are managed: it would bear a later time than the
-        // manager's own word for the next new window, which the server would then not heed.
-        xcb_set_input_focus(
-            m_connection.get(), XCB_INPUT_FOCUS_POINTER_ROOT, m_previousFocus, now.time);
-        xcb_flush(m_connection.get());
-    }
+    return m_focus.panelGotKey(key, time);
 }
 
 bool X11WindowServer::hasKeyboardFocus(WId window) const
 {
-    const bool hasFocus = X11WindowTree::isWithin(
-        m_connection, focusedWindow(m_connection.get()), static_cast<xcb_window_t>(window));
-    m_pump.drainSoon();
-    return hasFocus;
+    return m_focus.has(static_cast<xcb_window_t>(window));
 }
 
 bool X11WindowServer::isOnScreen(WId window) const
@@ -268,18 +237,12 @@ void X11WindowServer::endActivation()
 void X11WindowServer::handle(const xcb_generic_event_t& event)
 {
     m_moves.handle(event);
+    m_focus.handle(event);
     const bool wasCompositing = isCompositing();
     m_compositor.handle(event);
     if (isCompositing() != wasCompositing && onCompositingChanged) {
         onCompositingChanged();
     }
-}
-
-xcb_window_t X11WindowServer::focusedWindow(xcb_connection_t* connection) const
-{
-    const X11Reply<xcb_get_input_focus_reply_t> reply(
-        xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
-    return reply ? reply->focus : xcb_window_t{XCB_NONE};
 }
 
 } // namespace Tavik

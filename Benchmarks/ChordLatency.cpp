@@ -121,7 +121,9 @@ int main(int argc, char** argv)
     X11KeyEvents keyEvents({.toolkit = x11->connection(),
                             .mainQueue = mainQueue,
                             .permission = permission,
-                            .ringGotKey = [](xcb_keycode_t, xcb_timestamp_t) { return false; }});
+                            .ringGotKey = [](xcb_keycode_t, xcb_timestamp_t) {
+                                return false;
+                            }});
     Hand hand;
     const auto hear = [&hand](const KeyEvents::Event& event) {
         if (event.modifierFlags == chordFlags) {

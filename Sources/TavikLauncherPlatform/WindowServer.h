@@ -62,8 +62,9 @@ public:
     /// Tells the desktop that the action has been carried out, so that nobody waits for a window.
     virtual void endActivation() = 0;
 
-    /// Called while the panel has taken the keyboard, when the user has turned to something else: has
-    /// clicked elsewhere or given the keyboard to another window. Also when it could not be had.
+    /// Called while the panel has taken the keyboard, when the user has turned to something else:
+    /// has clicked elsewhere or given the keyboard to another window. Also when it could not be
+    /// had.
     std::function<void()> onPanelLeft;
     /// Called when a compositor comes or goes.
     std::function<void()> onCompositingChanged;

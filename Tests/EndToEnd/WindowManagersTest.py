@@ -1,13 +1,14 @@
 # SPDX-License-Identifier: MIT
 """The ring among other windows, under each window manager and under none."""
-import sys
+import time
 
 import pytest
 
-from harness.applications import PROGRAM
+from harness.applications import open_window
+from harness.desktop import window_managers
 from harness.waiting import stays, wait_until
 
-MANAGERS = [{"window_manager": name} for name in ("openbox", "xfwm4", "metacity")]
+MANAGERS = [{"window_manager": name} for name in window_managers()]
 every_manager = pytest.mark.parametrize("desktop_options", MANAGERS, ids=lambda o: o["window_manager"])
 
 
@@ -17,20 +18,19 @@ def ring(launcher, applications):
     return launcher.start()
 
 
-def open_window(desktop, title, *arguments):
-    desktop.spawn([sys.executable, str(PROGRAM), "--title", title, *arguments], log=title)
-    window = desktop.display.wait_for(title)
-    desktop.display.activate(window)
-    wait_until(lambda: desktop.display.has_focus(window), f"{title} has the focus")
-    return window
+def letters(desktop, title):
+    return [line for line in desktop.log(title).splitlines() if line in ("key d", "key o", "key g", "key w")]
 
 
 @every_manager
 def test_the_ring_takes_the_focus_at_once_and_gives_it_back(ring, desktop, display, look, desktop_options):
     editor = open_window(desktop, "Editor", "--geometry", "400", "300", "60", "60")
+    # Where the focus follows the pointer, it must not leave the editor before the ring is there.
+    display.move_pointer(*display.geometry(editor).centre)
+    time.sleep(0.2)
     for _ in range(2):
         display.type("typing into the editor")  # Newer user time than the ring's last showing.
-        window = ring.summon(700, 450)
+        window = ring.summon()
         look("open")
         assert display.is_above(window, editor)
         display.type("b")
@@ -60,3 +60,70 @@ def test_another_programs_held_grab_does_not_hide_the_ring(ring, desktop, displa
     with display.held("F8"):
         stays(ring.is_shown, "the ring is shown", seconds=0.8)
     stays(ring.is_shown, "the ring is shown")
+
+
+@every_manager
+def test_what_is_typed_at_once_is_typed_into_the_ring(ring, applications, desktop, display, desktop_options):
+    birch = applications.add("Dogwood")
+    ring.stop()
+    ring.pin(birch, applications.add("Elder"))
+    ring.start()
+    editor = open_window(desktop, "Editor", "--geometry", "400", "300", "60", "60")
+    display.move_pointer(*display.geometry(editor).centre)
+    time.sleep(0.2)
+    for count in range(50):
+        if count % 2:  # Rolled over: the hot key is still down when the next one comes.
+            with display.held("ctrl", "alt", "space"):
+                display.type("dog")
+            display.press("w")
+        else:
+            display.press(ring.hot_key)
+            display.type("dogw")
+        ring.wait_shows(birch)
+        display.press("Escape")
+        if ring.is_shown():
+            display.press("Escape")
+        ring.wait_hidden()
+        wait_until(lambda: display.has_focus(editor), "the editor has the keyboard again")
+    assert not letters(desktop, "Editor")
+
+
+@every_manager
+def test_a_click_elsewhere_ends_the_ring_and_arrives(ring, desktop, display, desktop_options):
+    editor = open_window(desktop, "Editor", "--geometry", "400", "300", "60", "60")
+    place = display.geometry(editor)
+    window = ring.summon(900, 500)
+    corner = display.geometry(window)
+    display.click(corner.x + 6, corner.y + 6)
+    ring.wait_hidden()
+    ring.summon(900, 500)
+    display.click(1270, 790)  # The bare desktop, where the manager leaves some of it.
+    ring.wait_hidden()
+    ring.summon(900, 500)
+    clicks = desktop.log("Editor").count("click")
+    display.click(place.x + 20, place.y + 40)
+    ring.wait_hidden()
+    wait_until(lambda: desktop.log("Editor").count("click") > clicks, "the click has reached the editor")
+    wait_until(lambda: display.has_focus(editor), "the editor has the focus")
+
+
+@pytest.mark.desktop(window_manager="i3", has_compositor=False)
+def test_a_pointer_that_crosses_other_windows_takes_nothing_from_the_ring(ring, desktop, display):
+    open_window(desktop, "Editor")
+    open_window(desktop, "Other")
+    ring.summon(640, 400)
+    for x in (640, 560, 640, 40, 1240, 640, 200):
+        display.move_pointer(x, 400)
+        time.sleep(0.1)
+        wait_until(lambda: ring.is_shown() and display.has_focus(ring.window()), "the ring has the keyboard")
+    display.press("Escape")
+    ring.wait_hidden()
+
+
+@pytest.mark.desktop(window_manager="i3")
+def test_a_full_screen_window_stays_so(ring, desktop, display):
+    film = open_window(desktop, "Film", "--full-screen", "--colour", "28c83c")
+    ring.summon(640, 400)
+    display.press("Escape")
+    ring.wait_hidden()
+    stays(lambda: display.geometry(film)[2:] == display.size, "the film fills the screen")

@@ -43,10 +43,9 @@ public:
             return {.registration = nullptr, .status = hotKeyError};
         }
         hotKeyLost = std::move(handlers.lost);
-        return {
-            .registration
-            = std::make_unique<Registration>(hotKeyPressed, std::move(handlers.pressed)),
-            .status = 0};
+        return {.registration
+                = std::make_unique<Registration>(hotKeyPressed, std::move(handlers.pressed)),
+                .status = 0};
     }
     [[nodiscard]] int hotKeyStatus(const HotKey&) override { return hotKeyError; }
     [[nodiscard]] bool hasKeys(quint64 modifierFlags, std::optional<quint16> keyCode) const override

@@ -4,11 +4,10 @@
 #include <QRandomGenerator>
 #include <QTest>
 
-#include <algorithm>
-
 #include <Support/FakeKeyEvents.h>
 #include <Support/Table.h>
 #include <Support/VirtualMainQueue.h>
+#include <algorithm>
 
 using namespace Tavik;
 using namespace Tavik::Test;
@@ -159,9 +158,7 @@ private Q_SLOTS:
             u"T10:chord O10.1:chord T10.2:ctrl T10.3:"_s,
             u"P10 other R10.2 let go"_s);
         row("told before its chord", u"O10.1:chord T10:chord T11:"_s, u"other P10 R11 let go"_s);
-        row("told after its chord",
-            u"T10:chord T10.2: O10.1:chord"_s,
-            u"P10 R10.2 other let go"_s);
+        row("told after its chord", u"T10:chord T10.2: O10.1:chord"_s, u"P10 R10.2 other let go"_s);
         row("the key of an earlier shortcut", u"O9:chord W0.06 T10:chord T11:"_s, u"P10 R11"_s);
         row("a key with other modifiers", u"T10:chord O10.1:ctrl T11:"_s, u"P10 R11"_s);
         row("a lost release is found by asking",
@@ -192,9 +189,8 @@ private Q_SLOTS:
         quint64 held = 0;
         qsizetype chords = 0;
         const auto count = [&](QChar what) {
-            return std::ranges::count_if(triggered.story, [what](const QString& told) {
-                return told.startsWith(what);
-            });
+            return std::ranges::count_if(
+                triggered.story, [what](const QString& told) { return told.startsWith(what); });
         };
         for (int step = 1; step <= 10'000; ++step) {
             const bool ends = step % 8 == 0;

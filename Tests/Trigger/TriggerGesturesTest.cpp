@@ -104,8 +104,14 @@ private Q_SLOTS:
         row("a shortcut is no second tap", u"P10 R10.1 P10.3 O R10.4 L"_s, false, false);
         row("told late", u"P10 R10.1 O L P10.5"_s, true, false);
         row("a third modifier let go first", u"P10 M R10.1 P10.2"_s, false, false);
-        row("a third modifier pins nothing", u"P10 R10.1 P10.3 M R10.31 P10.32 R10.4 L"_s, false, false);
-        row("a third modifier in a pinned ring", u"P10 R10.1 P10.3 R10.4 P12 M R12.1 L"_s, true, true);
+        row("a third modifier pins nothing",
+            u"P10 R10.1 P10.3 M R10.31 P10.32 R10.4 L"_s,
+            false,
+            false);
+        row("a third modifier in a pinned ring",
+            u"P10 R10.1 P10.3 R10.4 P12 M R12.1 L"_s,
+            true,
+            true);
         row("the desktop's key in a pinned ring", u"P10 R10.1 P10.3 R10.4 P12 O"_s, false, false);
         row("pinning is not wanted", u"n P10 R10.2 P10.7"_s, true, false);
         row("nor does the tap of before count later", u"n P10 R10.2 P11 y P11.1"_s, true, false);

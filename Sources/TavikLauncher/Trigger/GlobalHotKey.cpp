@@ -125,10 +125,13 @@ void GlobalHotKey::registerKey()
 {
     const KeyEvents::HotKey hotKey{.keyCode = *m_config.keyCode,
                                    .modifierFlags = modifiersOf(m_config)};
-    KeyEvents::HotKeyResult result = m_dependencies.keyEvents.registerHotKey(
-        hotKey,
-        {.pressed = [this](double time) { press(time); },
-         .lost = [this](int status) { hotKeyLost(status); }});
+    KeyEvents::HotKeyResult result
+        = m_dependencies.keyEvents.registerHotKey(hotKey,
+                                                  {.pressed = [this](double time) { press(time); },
+                                                   .lost =
+                                                       [this](int status) {
+                                                           hotKeyLost(status);
+                                                       }});
     m_hotKey = std::move(result.registration);
     m_localMonitor = m_dependencies.keyEvents.addLocalMonitor(
         KeyEvents::Kind::keyDown,
@@ -290,9 +293,7 @@ void GlobalHotKey::handleOtherKey(const KeyEvents::Event& event)
         return;
     }
     m_isJoined = m_isChordActive;
-    tell({.time = event.time,
-          .joinedBy = OtherKey::takenElsewhere,
-          .isLetGo = !m_isChordActive});
+    tell({.time = event.time, .joinedBy = OtherKey::takenElsewhere, .isLetGo = !m_isChordActive});
 }
 
 bool GlobalHotKey::isRecent(std::optional<double> uptime) const

@@ -25,7 +25,8 @@ enum class ReleaseReason {
     unregistered
 };
 
-/// A key that joins a chord and is not meant for us. The chord is a shortcut of somebody else's then.
+/// A key that joins a chord and is not meant for us. The chord is a shortcut of somebody else's
+/// then.
 enum class OtherKey {
     modifier,
     takenElsewhere ///< An ordinary key that the desktop or another program has asked for.

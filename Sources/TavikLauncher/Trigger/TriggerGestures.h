@@ -46,7 +46,8 @@ private:
 
     Panel m_panel;
     bool m_isShortcut = false; ///< The chord that is held has been joined by another key.
-    bool m_hasPinned = false; ///< The press that is not released yet was the second of a double tap.
+    bool m_hasPinned
+        = false; ///< The press that is not released yet was the second of a double tap.
     std::optional<double> m_lastPressTime; ///< Of a press whose release is still to come.
     std::optional<double> m_lastReleaseTime; ///< Of a short tap: half of a double tap.
 };

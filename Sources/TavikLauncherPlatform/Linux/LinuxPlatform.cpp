@@ -30,9 +30,8 @@
 #include <QIcon>
 #include <QRandomGenerator>
 
-#include <utility>
-
 #include <malloc.h>
+#include <utility>
 
 namespace Tavik {
 
@@ -85,9 +84,9 @@ void addX11Services(Platform& platform,
         .toolkit = toolkit,
         .mainQueue = *platform.mainQueue,
         .permission = *platform.accessibility,
-        .ringGotKey = [&server = *windowServer](
-                          xcb_keycode_t key,
-                          xcb_timestamp_t time) { return server.panelGotKey(key, time); },
+        .ringGotKey
+        = [&server = *windowServer](xcb_keycode_t key,
+                                    xcb_timestamp_t time) { return server.panelGotKey(key, time); },
         .isXwayland = isXwayland,
     });
     platform.sessionLock = std::make_unique<SessionLockMonitor>(

@@ -18,6 +18,15 @@ PALETTE = {
 }
 
 
+def open_window(desktop, title, *arguments):
+    """Another program's window, which has the focus; what it gets is in the log of that title."""
+    desktop.spawn([sys.executable, str(PROGRAM), "--title", title, *arguments], log=title)
+    window = desktop.display.wait_for(title)
+    desktop.display.activate(window)
+    wait_until(lambda: desktop.display.has_focus(window), f"{title} has the focus")
+    return window
+
+
 @dataclasses.dataclass(frozen=True)
 class Application:
     name: str

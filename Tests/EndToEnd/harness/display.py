@@ -275,3 +275,9 @@ class Display:
         """Takes a chord until the connection is closed, as a program of its own would."""
         self._grabbing.append(Xlib.display.Display(self.connection.get_display_name()))
         assert self._grab_key(self._grabbing[-1], chord), f"{chord} is taken"
+
+    def grabbed_events(self):
+        """The key events of the chord that was taken last, since they were asked for the last time."""
+        client = self._grabbing[-1]
+        events = [client.next_event() for _ in range(client.pending_events())]
+        return [event for event in events if event.type in (X.KeyPress, X.KeyRelease)]

@@ -165,12 +165,11 @@ void TestClient::movePointer(QPoint place)
 
 void TestClient::lockModifiers(quint8 mask, quint8 locked)
 {
-    const auto use = xcb_xkb_use_extension(
-        connection(), XCB_XKB_MAJOR_VERSION, XCB_XKB_MINOR_VERSION);
+    const auto use
+        = xcb_xkb_use_extension(connection(), XCB_XKB_MAJOR_VERSION, XCB_XKB_MINOR_VERSION);
     const X11Reply<xcb_xkb_use_extension_reply_t> used(
         xcb_xkb_use_extension_reply(connection(), use, nullptr));
-    xcb_xkb_latch_lock_state(
-        connection(), XCB_XKB_ID_USE_CORE_KBD, mask, locked, 0, 0, 0, 0, 0);
+    xcb_xkb_latch_lock_state(connection(), XCB_XKB_ID_USE_CORE_KBD, mask, locked, 0, 0, 0, 0, 0);
     sync();
 }
 

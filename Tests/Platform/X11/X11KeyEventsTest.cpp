@@ -9,9 +9,8 @@
 #include <QThread>
 #include <QWindow>
 
-#include <array>
-
 #include <Support/FakeKeyEvents.h>
+#include <array>
 
 namespace Tavik {
 
@@ -51,9 +50,8 @@ private:
     TestClient m_client;
     QtMainQueue m_queue;
     FakeAccessibilityPermission m_permission;
-    X11KeyEvents m_events{{.toolkit = toolkitConnection(),
-                           .mainQueue = m_queue,
-                           .permission = m_permission}};
+    X11KeyEvents m_events{
+        {.toolkit = toolkitConnection(), .mainQueue = m_queue, .permission = m_permission}};
 
     KeyEvents::HotKeyResult registerKey(quint64 flags, QList<double>& presses)
     {
@@ -103,7 +101,8 @@ private Q_SLOTS:
         QList<double> presses;
         const auto result = registerKey(ModifierFlags::control, presses);
         // Every set of what is neither Shift, Control, Alt nor Super.
-        constexpr quint8 others = XCB_MOD_MASK_LOCK | XCB_MOD_MASK_2 | XCB_MOD_MASK_3 | XCB_MOD_MASK_5;
+        constexpr quint8 others
+            = XCB_MOD_MASK_LOCK | XCB_MOD_MASK_2 | XCB_MOD_MASK_3 | XCB_MOD_MASK_5;
         quint8 locked = 0;
         int expected = 0;
         do {
@@ -182,8 +181,7 @@ private Q_SLOTS:
                           XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK,
                           values.data());
         xcb_map_window(other.get(), window);
-        xcb_set_input_focus(
-            other.get(), XCB_INPUT_FOCUS_POINTER_ROOT, window, XCB_CURRENT_TIME);
+        xcb_set_input_focus(other.get(), XCB_INPUT_FOCUS_POINTER_ROOT, window, XCB_CURRENT_TIME);
         xcb_flush(other.get());
         const auto hasKey = [&other] {
             return X11Reply<xcb_generic_event_t>(xcb_poll_for_event(other.get())) != nullptr;
@@ -268,7 +266,9 @@ private Q_SLOTS:
         m_client.ungrabKey(0, f9Key);
         settle();
         QCOMPARE(presses, 1);
-        result = events->registerHotKey(hotKey, {.pressed = [&presses](double) { ++presses; }});
+        result = events->registerHotKey(hotKey, {.pressed = [&presses](double) {
+                                            ++presses;
+                                        }});
         m_client.tapKey(f9Key);
         QTRY_COMPARE(presses, 2);
         events.reset();
@@ -283,7 +283,8 @@ private Q_SLOTS:
         QTRY_VERIFY(m_client.grabKey(XCB_MOD_MASK_CONTROL, f9Key));
         QCOMPARE(m_events.hotKeyStatus(hotKey), int{XCB_ACCESS});
         m_client.ungrabKey(XCB_MOD_MASK_CONTROL, f9Key);
-        const auto held = m_events.registerHotKey(hotKey, {.pressed = [](double) {}});
+        const auto held = m_events.registerHotKey(hotKey, {.pressed = [](double) {
+                                                  }});
         QCOMPARE(m_events.hotKeyStatus(hotKey), 0);
         QVERIFY2(!m_client.grabKey(XCB_MOD_MASK_CONTROL, f9Key), "it is still ours");
     }

@@ -140,7 +140,8 @@ private Q_SLOTS:
 
     void whatTheServerCountsIsTold_data()
     {
-        const Table<QString, QString, QList<quint64>> row; // Options of the layout, keys, and flags.
+        const Table<QString, QString, QList<quint64>>
+            row; // Options of the layout, keys, and flags.
         const quint64 both = chordFlags;
         const quint64 option = ModifierFlags::option;
         row("one key of a pair let go", {}, u"+37 +105 -37 -105"_s, {controlFlag, 0});
@@ -156,10 +157,7 @@ private Q_SLOTS:
             {option, 0});
         row("the left pair", u"grp:lctrl_lalt_toggle"_s, u"+37 +64 -64 -37"_s, {controlFlag, 0});
         row("the left Alt", u"grp:lalt_toggle"_s, u"+37 +64 -64 -37"_s, {controlFlag, 0});
-        row("the third level",
-            u"lv3:ralt_switch"_s,
-            u"+37 +108 -108 -37"_s,
-            {controlFlag, 0});
+        row("the third level", u"lv3:ralt_switch"_s, u"+37 +108 -108 -37"_s, {controlFlag, 0});
     }
     void whatTheServerCountsIsTold()
     {

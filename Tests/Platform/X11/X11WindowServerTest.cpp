@@ -187,9 +187,11 @@ private Q_SLOTS:
         m_client.click(inside, 1);
         settle();
         QCOMPARE(lefts, 0);
-        m_client.click(corner, 5);
-        settle();
-        QCOMPARE(lefts, 0);
+        if (qgetenv("TAVIK_TEST_MANAGER") == "none") { // Others turn to the next desktop.
+            m_client.click(corner, 5);
+            settle();
+            QCOMPARE(lefts, 0);
+        }
         m_client.click(corner, 1);
         QTRY_COMPARE(lefts, 1);
         server.returnKeyboardFocus();

@@ -26,8 +26,7 @@ namespace {
 /// A window that no window manager places is the toolkit's word for one it does not manage.
 Qt::WindowFlags panelFlags(bool isManaged)
 {
-    const Qt::WindowFlags flags
-        = Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
+    const Qt::WindowFlags flags = Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
     return isManaged ? flags : flags | Qt::BypassWindowManagerHint;
 }
 

@@ -209,10 +209,9 @@ void X11EventTap::handleModifiers(const xcb_key_press_event_t& event)
     const double time = uptimeOfServerTime(event.time, m_dependencies.uptime());
     const KeyEvents::Observer observer = m_observer;
     if (map.modifiersOfKey.at(event.detail) != 0) {
-        m_dependencies.modifiers.ask(
-            this, time, [observer](quint64 flags, double eventTime) {
-                observer({.modifierFlags = flags, .time = eventTime});
-            });
+        m_dependencies.modifiers.ask(this, time, [observer](quint64 flags, double eventTime) {
+            observer({.modifierFlags = flags, .time = eventTime});
+        });
         return;
     }
     const bool isPress = x11EventType(event.response_type) == XCB_KEY_PRESS;

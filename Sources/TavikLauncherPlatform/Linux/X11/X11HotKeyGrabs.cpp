@@ -27,8 +27,8 @@ void askForTrueReleases(xcb_connection_t* connection)
     }
     const auto use
         = xcb_xkb_use_extension(connection, XCB_XKB_MAJOR_VERSION, XCB_XKB_MINOR_VERSION);
-    const auto flags = xcb_xkb_per_client_flags(
-        connection, XCB_XKB_ID_USE_CORE_KBD, flag, flag, 0, 0, 0);
+    const auto flags
+        = xcb_xkb_per_client_flags(connection, XCB_XKB_ID_USE_CORE_KBD, flag, flag, 0, 0, 0);
     const X11Reply<xcb_xkb_use_extension_reply_t> used(
         xcb_xkb_use_extension_reply(connection, use, nullptr));
     const X11Reply<xcb_xkb_per_client_flags_reply_t> set(
@@ -56,8 +56,7 @@ public:
 
     void drain()
     {
-        while (const X11Reply<xcb_generic_event_t> event{
-            xcb_poll_for_event(m_connection.get())}) {
+        while (const X11Reply<xcb_generic_event_t> event{xcb_poll_for_event(m_connection.get())}) {
             // What another client has made up has the highest bit set, and presses nothing.
             if (event->response_type == XCB_KEY_PRESS || event->response_type == XCB_KEY_RELEASE) {
                 handle(*reinterpret_cast<const xcb_key_press_event_t*>(event.get()));

@@ -33,7 +33,8 @@ public:
     explicit X11HotKeyGrabs(Pressed pressed);
     ~X11HotKeyGrabs() override;
 
-    /// 0, or the X error with which one of the variants was refused; then none is kept. A round trip.
+    /// 0, or the X error with which one of the variants was refused; then none is kept. A round
+    /// trip.
     [[nodiscard]] int grab(const Grab& grab);
     void ungrab(const Grab& grab);
     /// Lets the keys go on to whoever has the focus.

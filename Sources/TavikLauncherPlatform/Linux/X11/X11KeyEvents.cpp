@@ -108,8 +108,7 @@ std::optional<X11HotKeyGrabs::Grab> X11KeyEvents::grabFor(const HotKey& hotKey) 
     if (!key || !mask) {
         return std::nullopt;
     }
-    return X11HotKeyGrabs::Grab{
-        .key = *key, .mask = *mask, .variants = m_map.modifiers.variants()};
+    return X11HotKeyGrabs::Grab{.key = *key, .mask = *mask, .variants = m_map.modifiers.variants()};
 }
 
 bool X11KeyEvents::isHeld(const X11HotKeyGrabs::Grab& grab) const
@@ -245,8 +244,7 @@ void X11KeyEvents::pressed(const xcb_key_press_event_t& event)
 void X11KeyEvents::mappingChanged()
 {
     if (!m_mappingTask.isActive()) {
-        m_mappingTask
-            = m_dependencies.mainQueue.after(mappingSettleSeconds, [this] { readMap(); });
+        m_mappingTask = m_dependencies.mainQueue.after(mappingSettleSeconds, [this] { readMap(); });
     }
 }
 

@@ -44,32 +44,28 @@ bool X11LocalKeyMonitor::eventFilter(QObject* watched, QEvent* event)
     if (m_kind == KeyEvents::Kind::modifiersChanged) {
         if (m_dependencies.map().modifiersOfKey.at(told.detail) != 0) {
             m_dependencies.modifiers.ask(
-                this,
-                uptimeOfServerTime(told.time, now),
-                [filter](quint64 flags, double time) {
+                this, uptimeOfServerTime(told.time, now), [filter](quint64 flags, double time) {
                     filter({.modifierFlags = flags, .time = time});
                 });
         }
         return false;
     }
-    const std::optional<KeyEvents::Event> meaning
-        = m_reader.read(told, m_dependencies.map(), now);
+    const std::optional<KeyEvents::Event> meaning = m_reader.read(told, m_dependencies.map(), now);
     return meaning && filter(*meaning);
 }
 
 X11ModifierMonitor::X11ModifierMonitor(const X11KeyMonitorDependencies& dependencies,
                                        KeyEvents::Observer observer)
 {
-    dependencies.modifiers.follow(
-        this,
-        [isTrusted = dependencies.isTrusted, observer = std::move(observer)](quint64 flags,
-                                                                             double time) {
-            if (isTrusted()) {
-                // A copy, because the observer may end its own monitor.
-                const KeyEvents::Observer tell = observer;
-                tell({.modifierFlags = flags, .time = time});
-            }
-        });
+    dependencies.modifiers.follow(this,
+                                  [isTrusted = dependencies.isTrusted,
+                                   observer = std::move(observer)](quint64 flags, double time) {
+                                      if (isTrusted()) {
+                                          // A copy, because the observer may end its own monitor.
+                                          const KeyEvents::Observer tell = observer;
+                                          tell({.modifierFlags = flags, .time = time});
+                                      }
+                                  });
 }
 
 } // namespace Tavik

@@ -40,8 +40,7 @@ private:
 class X11ModifierMonitor final : public QObject, public KeyMonitor
 {
 public:
-    X11ModifierMonitor(const X11KeyMonitorDependencies& dependencies,
-                       KeyEvents::Observer observer);
+    X11ModifierMonitor(const X11KeyMonitorDependencies& dependencies, KeyEvents::Observer observer);
 };
 
 } // namespace Tavik

@@ -85,8 +85,7 @@ void X11KeyboardFocus::take(xcb_window_t window)
                      window,
                      now.time);
     } else {
-        xcb_set_input_focus(
-            m_dependencies.toolkit, XCB_INPUT_FOCUS_POINTER_ROOT, window, now.time);
+        xcb_set_input_focus(m_dependencies.toolkit, XCB_INPUT_FOCUS_POINTER_ROOT, window, now.time);
     }
     xcb_flush(m_dependencies.toolkit);
 }
@@ -125,14 +124,14 @@ void X11KeyboardFocus::takeForPanel()
     }
     m_pointerPlace = pointer().place;
     m_takenAt = m_dependencies.pump.serverTime();
-    xcb_set_input_focus(
-        m_dependencies.toolkit, XCB_INPUT_FOCUS_POINTER_ROOT, m_panel, m_takenAt);
+    xcb_set_input_focus(m_dependencies.toolkit, XCB_INPUT_FOCUS_POINTER_ROOT, m_panel, m_takenAt);
     tellManagerTime();
     xcb_flush(m_dependencies.toolkit);
 }
 
-/// The server ignores a focus request that is older than the last. Some window managers stamp theirs
-/// with the last time that an event has told them, which may be before ours; this is an event.
+/// The server ignores a focus request that is older than the last. Some window managers stamp
+/// theirs with the last time that an event has told them, which may be before ours; this is an
+/// event.
 void X11KeyboardFocus::tellManagerTime()
 {
     xcb_change_property(m_dependencies.toolkit,
@@ -159,8 +158,7 @@ void X11KeyboardFocus::watchPanel(bool watches)
             uint32_t bits;
         } const clicks{{XCB_INPUT_DEVICE_ALL_MASTER, 1},
                        watches ? uint32_t{XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS} : 0};
-        xcb_input_xi_select_events(
-            connection, m_dependencies.connection.root(), 1, &clicks.head);
+        xcb_input_xi_select_events(connection, m_dependencies.connection.root(), 1, &clicks.head);
     }
     xcb_flush(connection);
 }
@@ -195,8 +193,9 @@ void X11KeyboardFocus::giveToPrevious()
     tellManagerTime();
 }
 
-/// Where the focus follows the pointer, a window that appears under the pointer without any movement
-/// would take it. What happens during a grab is marked as its doing, and window managers pass it over.
+/// Where the focus follows the pointer, a window that appears under the pointer without any
+/// movement would take it. What happens during a grab is marked as its doing, and window managers
+/// pass it over.
 void X11KeyboardFocus::unmapUnnoticed()
 {
     xcb_connection_t* toolkit = m_dependencies.toolkit;
@@ -234,8 +233,9 @@ void X11KeyboardFocus::giveToSomebody()
     } else if (!now.hasManager) {
         xcb_set_input_focus(m_dependencies.connection.get(),
                             XCB_INPUT_FOCUS_POINTER_ROOT,
-                            isViewable(m_previousFocus) ? m_previousFocus
-                                                        : xcb_window_t{XCB_INPUT_FOCUS_POINTER_ROOT},
+                            isViewable(m_previousFocus)
+                                ? m_previousFocus
+                                : xcb_window_t{XCB_INPUT_FOCUS_POINTER_ROOT},
                             now.time);
         xcb_flush(m_dependencies.connection.get());
     }
@@ -337,15 +337,18 @@ void X11KeyboardFocus::checkPanelFocus(bool isFinal)
     }
     if (isNobodys(focus) && !isFinal) {
         // On its way from one window to another.
-        m_lossTask = m_dependencies.mainQueue.after(passingSeconds, [this] { checkPanelFocus(true); });
+        m_lossTask
+            = m_dependencies.mainQueue.after(passingSeconds, [this] { checkPanelFocus(true); });
         return;
     }
     const Pointer pointer = this->pointer();
     const bool hasCrossed = pointer.place != m_pointerPlace && pointer.window != m_panel
         && pointer.window != XCB_NONE
         && X11WindowTree::isWithin(m_dependencies.connection, focus, pointer.window);
-    const bool followsPointer = isNobodys(focus) || hasCrossed;
-    if (m_dependencies.isPanelManaged || !followsPointer || m_retakes >= mostRetakes) {
+    // A window manager that knows nothing of the panel may give the keyboard anew to the window
+    // that it believes to have it, as i3 does at every grab of a key.
+    const bool isMistaken = isNobodys(focus) || hasCrossed || focus == m_previousFocus;
+    if (m_dependencies.isPanelManaged || !isMistaken || m_retakes >= mostRetakes) {
         m_dependencies.panelLeft();
         return;
     }
@@ -361,7 +364,8 @@ X11KeyboardFocus::Pointer X11KeyboardFocus::pointer() const
     const X11Reply<xcb_query_pointer_reply_t> reply(xcb_query_pointer_reply(
         connection, xcb_query_pointer(connection, m_dependencies.connection.root()), nullptr));
     m_dependencies.pump.drainSoon();
-    return reply ? Pointer{.place = {reply->root_x, reply->root_y}, .window = reply->child} : Pointer{};
+    return reply ? Pointer{.place = {reply->root_x, reply->root_y}, .window = reply->child}
+                 : Pointer{};
 }
 
 bool X11KeyboardFocus::isViewable(xcb_window_t window) const

@@ -11,13 +11,14 @@
 
 namespace Tavik {
 
-/// Who has the keyboard: gives it to our windows, and takes care of the panel's while that is shown.
+/// Who has the keyboard: gives it to our windows, and takes care of the panel's while that is
+/// shown.
 ///
-/// The panel is a window that no window manager manages, so that none can frame, move, tile or delay
-/// it. Its focus is set by ourselves and watched by ourselves: a click elsewhere and another window
-/// that takes the keyboard end it, a focus that merely follows the pointer is taken back. Under a
-/// server that speaks for another window system the focus is not ours to give; there the panel is
-/// managed, and the focus is asked for.
+/// The panel is a window that no window manager manages, so that none can frame, move, tile or
+/// delay it. Its focus is set by ourselves and watched by ourselves: a click elsewhere and another
+/// window that takes the keyboard end it, a focus that merely follows the pointer is taken back.
+/// Under a server that speaks for another window system the focus is not ours to give; there the
+/// panel is managed, and the focus is asked for.
 class X11KeyboardFocus
 {
 public:

@@ -90,8 +90,8 @@ std::optional<quint64> X11ModifierState::now()
     }
     const quint64 flags = flagsFor(reply->mask);
     const bool isLoss = (flags & m_believed) != m_believed;
-    if (m_dependencies.retellsKeys && isLoss) {
-        tell(flags, m_dependencies.mainQueue.systemUptime(), {});
+    if ((m_dependencies.retellsKeys || m_settling.isActive()) && isLoss) {
+        tell(flags, m_dependencies.mainQueue.systemUptime(), {}, false);
         return m_believed;
     }
     return flags;
@@ -162,7 +162,7 @@ bool X11ModifierState::answerNext()
     const Question question = std::move(m_questions.front());
     m_questions.pop_front();
     if (reply) {
-        tell(flagsFor(reply->mask), question.time, question.listener);
+        tell(flagsFor(reply->mask), question.time, question.listener, false);
     }
     return true;
 }
@@ -175,27 +175,29 @@ void X11ModifierState::handle(const xcb_generic_event_t& event)
     }
     const auto& state = reinterpret_cast<const xcb_xkb_state_notify_event_t&>(event);
     const quint64 flags = flagsFor(state.mods);
-    const double time
-        = uptimeOfServerTime(state.time, m_dependencies.mainQueue.systemUptime());
+    const double time = uptimeOfServerTime(state.time, m_dependencies.mainQueue.systemUptime());
+    // What an ordinary key lets go of had been latched for it. Whoever gets the key is to have it
+    // before that is told.
+    const bool isUsedUp
+        = state.keycode != 0 && m_dependencies.map().modifiersOfKey.at(state.keycode) == 0;
     // A copy, because a listener may add another.
     const std::vector<Listener> followers = m_followers;
     if (followers.empty()) {
-        tell(flags, time, {});
+        tell(flags, time, {}, isUsedUp);
     }
     for (const Listener& follower : followers) {
-        tell(flags, time, follower);
+        tell(flags, time, follower, isUsedUp);
     }
 }
 
-void X11ModifierState::tell(quint64 flags, double time, const Listener& listener)
+void X11ModifierState::tell(quint64 flags, double time, const Listener& listener, bool isUsedUp)
 {
     const bool isLoss = (flags & m_believed) != m_believed;
-    if (m_dependencies.retellsKeys && isLoss) {
+    if ((m_dependencies.retellsKeys || isUsedUp || m_settling.isActive()) && isLoss) {
         m_doubted = flags;
         m_losses.push_back({time, listener});
         if (!m_settling.isActive()) {
-            m_settling
-                = m_dependencies.mainQueue.after(settlingSeconds, [this] { believeLoss(); });
+            m_settling = m_dependencies.mainQueue.after(settlingSeconds, [this] { believeLoss(); });
         }
         return;
     }

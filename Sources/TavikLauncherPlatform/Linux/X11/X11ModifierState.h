@@ -15,12 +15,12 @@
 
 namespace Tavik {
 
-/// The modifiers in effect as the server itself counts them: what is held, latched and locked, after
-/// the user's layout, sticky keys and slow keys have had their say.
+/// The modifiers in effect as the server itself counts them: what is held, latched and locked,
+/// after the user's layout, sticky keys and slow keys have had their say.
 ///
-/// Who hears of a key event does not work out what it means, but asks here. Answers and the server's
-/// own notifications come over one connection and are told in the order in which the server wrote
-/// them, so that whoever listens sees one history, however many sources have woken it.
+/// Who hears of a key event does not work out what it means, but asks here. Answers and the
+/// server's own notifications come over one connection and are told in the order in which the
+/// server wrote them, so that whoever listens sees one history, however many sources have woken it.
 class X11ModifierState final : public QObject
 {
 public:
@@ -75,7 +75,8 @@ private:
     void handle(const xcb_generic_event_t& event);
     /// Returns false when the answer has not arrived.
     bool answerNext();
-    void tell(quint64 flags, double time, const Listener& listener);
+    /// `isUsedUp` says that a latch has been used up by a key.
+    void tell(quint64 flags, double time, const Listener& listener, bool isUsedUp);
     void believeLoss();
     [[nodiscard]] quint64 flagsFor(quint16 mask) const;
 

@@ -50,21 +50,20 @@ X11WindowServer::X11WindowServer(xcb_connection_t* toolkit, MainQueue& mainQueue
     , m_atoms(m_connection.get(), m_connection.screenNumber())
     , m_compositor(m_connection, m_atoms[X11Atom::compositor])
     , m_moves(m_connection)
-    , m_pump(m_connection, m_atoms[X11Atom::tavikClock], [this](const xcb_generic_event_t& event) {
-        handle(event);
-    })
+    , m_pump(m_connection,
+             m_atoms[X11Atom::tavikClock],
+             [this](const xcb_generic_event_t& event) { handle(event); })
     , m_focus({.toolkit = toolkit,
                .connection = m_connection,
                .atoms = m_atoms,
                .pump = m_pump,
                .mainQueue = mainQueue,
                .isPanelManaged = isXwayland,
-               .panelLeft =
-                   [this] {
-                       if (onPanelLeft) {
-                           onPanelLeft();
-                       }
-                   }})
+               .panelLeft = [this] {
+                   if (onPanelLeft) {
+                       onPanelLeft();
+                   }
+               }})
 {
     m_pump.drainSoon();
 }

@@ -18,8 +18,8 @@ namespace Tavik {
 class X11WindowServer final : public WindowServer
 {
 public:
-    /// `toolkit` is the toolkit's connection and must outlive this. `isXwayland` says that the server
-    /// speaks for another window system.
+    /// `toolkit` is the toolkit's connection and must outlive this. `isXwayland` says that the
+    /// server speaks for another window system.
     X11WindowServer(xcb_connection_t* toolkit, MainQueue& mainQueue, bool isXwayland = false);
 
     [[nodiscard]] bool isPanelManaged() const override { return m_isPanelManaged; }

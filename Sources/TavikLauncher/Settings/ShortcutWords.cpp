@@ -137,6 +137,14 @@ std::optional<QString> warning(const HotKeyConfig& config)
         .arg(keys, purpose);
 }
 
+QString coexistence(const HotKeyConfig& config)
+{
+    if (config.isModifierOnly()) {
+        return u"Shortcuts of the desktop that begin with %1 go on working."_s.arg(spoken(config));
+    }
+    return u"Shortcuts that the desktop or another program has taken stay theirs."_s;
+}
+
 QString levelRefusal()
 {
     return u"AltGr only chooses which character a key types and cannot be part of a shortcut. Try one without it."_s;

@@ -21,6 +21,8 @@ namespace ShortcutWords {
 /// What the user loses by it, as programs everywhere use it themselves or it types something;
 /// absent for one that costs nobody anything.
 [[nodiscard]] std::optional<QString> warning(const HotKeyConfig& config);
+/// How it gets along with the shortcuts that the desktop and other programs have asked for.
+[[nodiscard]] QString coexistence(const HotKeyConfig& config);
 /// Why a gesture with AltGr becomes no shortcut.
 [[nodiscard]] QString levelRefusal();
 

@@ -334,7 +334,7 @@ private Q_SLOTS:
         view.resize(560, 420);
         view.show();
         QVERIFY(view.height() <= 420);
-        QCOMPARE(view.findChildren<QLabel*>().size(), 10);
+        QCOMPARE(view.findChildren<QLabel*>().size(), 11);
         verifyEveryParagraphIsShownWhole(view);
         // Escape dismisses the ring that is being tried out, not the tour.
         QTest::keyClick(view.focusWidget(), Qt::Key_Escape);

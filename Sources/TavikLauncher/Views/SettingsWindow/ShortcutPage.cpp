@@ -55,6 +55,10 @@ public:
         card.addWidget(m_message);
         m_question = makeQuestion();
         card.addWidget(m_question);
+        m_coexistence = new Label(Label::Role::help);
+        m_coexistence->setObjectName(u"coexistence"_s);
+        m_coexistence->setContentsMargins(16, 10, 16, 10);
+        card.addWidget(m_coexistence);
 
         auto* reset = new Button(u"Use Default Shortcut"_s);
         reset->setObjectName(u"defaultShortcut"_s);
@@ -162,6 +166,7 @@ private:
         constexpr qsizetype mostKeyText = 24; // A shortcut may have been given any name.
         m_keys->setVisible(!isRecording && keys.join(QString()).size() <= mostKeyText);
         m_prompt->setVisible(isRecording);
+        m_coexistence->setText(ShortcutWords::coexistence(config));
     }
 
     HotKeyRecorder m_recorder;
@@ -172,6 +177,7 @@ private:
     Label* m_prompt = nullptr;
     OutcomeMessage* m_message = nullptr;
     QWidget* m_question = nullptr; ///< Whether `m_doubtful` is to be used all the same.
+    Label* m_coexistence = nullptr;
     HotKeyConfig m_doubtful;
 };
 

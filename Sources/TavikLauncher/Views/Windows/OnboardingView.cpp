@@ -60,7 +60,7 @@ OnboardingView::OnboardingView(const HotKeyConfig& hotKey, Actions actions, QWid
     }
     layout->addStretch(1);
     layout->addSpacing(6);
-    layout->addLayout(makeButtons());
+    layout->addLayout(makeButtons(hotKey));
     WindowStyle::fitHeight(*this);
 }
 
@@ -112,7 +112,7 @@ QLayout* OnboardingView::makeRow(const TourRow& row, const QStringList& keys)
     return layout;
 }
 
-QLayout* OnboardingView::makeButtons()
+QLayout* OnboardingView::makeButtons(const HotKeyConfig& hotKey)
 {
     auto* openSettings = WindowStyle::makeButton(u"Open Settings"_s, this);
     m_start = WindowStyle::makeButton(u"Start Using Tavik"_s, this);
@@ -129,7 +129,10 @@ QLayout* OnboardingView::makeButtons()
     });
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(8);
-    buttons->addStretch(1);
+    buttons->addWidget(makeLabel(ShortcutWords::coexistence(hotKey),
+                                 {.size = 11, .role = TextRole::secondary},
+                                 this),
+                       1);
     buttons->addWidget(openSettings);
     buttons->addWidget(m_start);
     return buttons;

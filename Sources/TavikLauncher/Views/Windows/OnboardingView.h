@@ -34,7 +34,7 @@ protected:
 private:
     [[nodiscard]] QLayout* makeHeader();
     [[nodiscard]] QLayout* makeRow(const TourRow& row, const QStringList& keys);
-    [[nodiscard]] QLayout* makeButtons();
+    [[nodiscard]] QLayout* makeButtons(const HotKeyConfig& hotKey);
 
     Actions m_actions;
     QPushButton* m_start = nullptr;

@@ -29,7 +29,7 @@ public:
     /// gives it the keyboard and keeps it there.
     [[nodiscard]] virtual bool isPanelManaged() const = 0;
     /// Makes ready for showing the panel: above others, on every desktop, in no taskbar or pager.
-    /// Must be repeated before each showing. Also remembers who has the keyboard now.
+    /// Must be repeated before each showing.
     virtual void preparePanel(WId window) = 0;
     /// Lets the pointer reach a window only there; device pixels, y growing downwards.
     virtual void setInputRegion(WId window, const QRegion& region) = 0;
@@ -43,9 +43,10 @@ public:
     virtual void reportMoves(WId window) = 0;
     /// Gives the keyboard to the shown window, also against focus-stealing prevention.
     virtual void takeKeyboardFocus(WId window) = 0;
-    /// Gives the keyboard to the shown panel and watches over it; see `onPanelLeft`.
+    /// Remembers who has the keyboard, gives it to the shown panel and watches over it; see
+    /// `onPanelLeft`.
     virtual void takeKeyboardFocusForPanel() = 0;
-    /// Gives the keyboard back to the window that had it when the panel was prepared, unless
+    /// Gives the keyboard back to the window that had it before the panel, unless
     /// another window has taken it since. To be called before the panel is hidden.
     virtual void returnKeyboardFocus() = 0;
     /// True while the keyboard belongs to the window. A grab by another program (a volume key held

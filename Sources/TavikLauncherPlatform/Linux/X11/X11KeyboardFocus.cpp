@@ -92,22 +92,40 @@ void X11KeyboardFocus::take(xcb_window_t window)
 
 void X11KeyboardFocus::preparePanel(xcb_window_t panel)
 {
-    X11PropertyQuery active(m_dependencies.toolkit,
-                            m_dependencies.connection.root(),
-                            m_dependencies.atoms[X11Atom::netActiveWindow]);
-    const xcb_window_t focus = focusedWindow(m_dependencies.toolkit);
+    m_preparedPanel = panel;
+    if (m_dependencies.isPanelManaged) {
+        // Whoever maps such a window may give it the keyboard.
+        rememberPrevious();
+    }
+}
+
+void X11KeyboardFocus::rememberPrevious()
+{
+    // Over the toolkit's connection, so that the answers come after what has been done to the
+    // panel.
+    xcb_connection_t* toolkit = m_dependencies.toolkit;
+    const xcb_window_t root = m_dependencies.connection.root();
+    const auto pointerCookie = xcb_query_pointer(toolkit, root);
+    X11PropertyQuery active(toolkit, root, m_dependencies.atoms[X11Atom::netActiveWindow]);
+    const xcb_window_t focus = focusedWindow(toolkit);
+    const X11Reply<xcb_query_pointer_reply_t> pointer(
+        xcb_query_pointer_reply(toolkit, pointerCookie, nullptr));
+    m_pointerPlace
+        = pointer ? std::pair<int, int>(pointer->root_x, pointer->root_y) : std::pair<int, int>();
     // A keyboard on its way back from the last showing is to get there in the end.
     if (!m_returnTask.isActive() || !isNobodys(focus)) {
         m_previousFocus = focus;
         m_previousActive = active.firstWindow();
     }
     m_returnTask.cancel();
-    m_preparedPanel = panel;
 }
 
 void X11KeyboardFocus::takeForPanel()
 {
     if (m_panel == XCB_NONE) {
+        if (!m_dependencies.isPanelManaged) {
+            rememberPrevious();
+        }
         m_panel = m_preparedPanel;
         m_retakes = 0;
         watchPanel(true);
@@ -122,7 +140,6 @@ void X11KeyboardFocus::takeForPanel()
         take(m_panel);
         return;
     }
-    m_pointerPlace = pointer().place;
     m_takenAt = m_dependencies.pump.serverTime();
     xcb_set_input_focus(m_dependencies.toolkit, XCB_INPUT_FOCUS_POINTER_ROOT, m_panel, m_takenAt);
     tellManagerTime();

@@ -38,8 +38,9 @@ public:
     /// Gives the keyboard to a shown window, also against focus-stealing prevention.
     void take(xcb_window_t window);
 
-    /// Remembers who has the keyboard. The panel is not mapped yet.
+    /// The panel is not mapped yet.
     void preparePanel(xcb_window_t panel);
+    /// Remembers who has the keyboard, and gives it to the panel that was prepared last.
     void takeForPanel();
     /// Gives the keyboard back, unless another window has taken it since. The panel is still mapped
     /// and, unless it is managed, no longer so afterwards.
@@ -67,6 +68,7 @@ private:
         xcb_window_t window = XCB_NONE; ///< The window right below the root that it is in.
     };
     [[nodiscard]] Pointer pointer() const;
+    void rememberPrevious();
     void tellManagerTime();
     void watchPanel(bool watches);
     void checkPanelFocus(bool isFinal);

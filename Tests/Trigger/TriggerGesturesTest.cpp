@@ -21,7 +21,11 @@ struct Gestured
         .isVisible = [this] { return isVisible; },
         .isPinned = [this] { return isPinned; },
         .doubleTapPins = [this] { return pins; },
-        .showAtPointer = [this] { isVisible = true; },
+        .showAtPointer =
+            [this] {
+                isPinned = isPinned && isVisible;
+                isVisible = true;
+            },
         .hide = [this] { isVisible = isPinned = false; },
         .pin = [this] { isPinned = true; },
     }};

@@ -243,6 +243,11 @@ void AppDelegate::setupHotKey()
     hotKey->onLetGo = [this] {
         m_gestures.letGo();
     };
+    hotKey->onHotKeyLost = [this, name = config.displayName](int) {
+        m_statusItem->tell(
+            u"The keyboard has changed, and %1 cannot be had on it as it is: another application may use it. Choose another shortcut in the settings."_s
+                .arg(name));
+    };
     hotKey->onAccessibilityRevoked = [this] {
         m_windows.checkAccessibilityPermission();
     };

@@ -111,6 +111,13 @@ void StatusItem::clearUpdateReminder()
     refreshIcon();
 }
 
+void StatusItem::tell(const QString& message)
+{
+    if (m_icon) {
+        m_icon->showMessage(u"Tavik Launcher"_s, message, m_icon->icon());
+    }
+}
+
 void StatusItem::addKeyEquivalents(QWidget& window)
 {
     addSettingsKeyEquivalent(window);

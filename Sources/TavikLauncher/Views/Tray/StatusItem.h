@@ -48,6 +48,9 @@ public:
     /// Says in the icon and in the menu that this version can be had.
     void showUpdateReminder(const QString& version);
     void clearUpdateReminder();
+    /// Tells the user something that nobody has asked for, beside the status item; nothing where
+    /// there is none.
+    void tell(const QString& message);
     /// Makes the menu's key equivalents work while `window` has the keyboard.
     void addKeyEquivalents(QWidget& window);
     /// Only the one that opens the settings, for a window in which keys are typed in haste.

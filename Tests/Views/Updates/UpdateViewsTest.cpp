@@ -17,12 +17,6 @@ ReleaseNotesView* notes()
     return UpdatesFixture::window()->findChild<ReleaseNotesView*>();
 }
 
-void pressHeld(QWidget* widget, Qt::Key key)
-{
-    QKeyEvent held(QEvent::KeyPress, key, Qt::NoModifier, u"\r"_s, true);
-    QCoreApplication::sendEvent(widget, &held);
-}
-
 } // namespace
 
 class UpdateViewsTest final : public QObject
@@ -66,9 +60,12 @@ private Q_SLOTS:
     void aKeyThatIsHeldDownInstallsNothing()
     {
         UpdatesFixture fixture;
-        fixture.find(UpdatesFixture::item(), true);
-        pressHeld(fixture.buttons().constLast(), Qt::Key_Return);
-        pressHeld(&fixture.window()->view(), Qt::Key_Return);
+        fixture.find();
+        for (QWidget* widget : {qobject_cast<QWidget*>(fixture.buttons().constLast()),
+                                qobject_cast<QWidget*>(&fixture.window()->view())}) {
+            QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, u"\r"_s, true);
+            QCoreApplication::sendEvent(widget, &held);
+        }
         QCOMPARE(fixture.replies.size(), 0);
     }
 
@@ -77,15 +74,13 @@ private Q_SLOTS:
         for (const auto& [key, choice] : {std::pair(Qt::Key_Escape, UpdateChoice::remindLater),
                                           std::pair(Qt::Key_Return, UpdateChoice::install)}) {
             UpdatesFixture fixture;
-            UpdateItem item = UpdatesFixture::item();
-            item.releaseNotes = ReleaseNotes{.text = u"Faster."_s};
-            fixture.find(item, true);
+            fixture.find(UpdatesFixture::item(u"Faster."_s));
             notes()->setFocus();
             fixture.press(key);
             QCOMPARE(fixture.replies, QList{choice});
         }
         UpdatesFixture fixture;
-        fixture.find(UpdatesFixture::item(), true);
+        fixture.find();
         fixture.buttons().constFirst()->setFocus();
         fixture.press(Qt::Key_Return);
         QCOMPARE(fixture.replies, QList{UpdateChoice::skip});
@@ -94,15 +89,9 @@ private Q_SLOTS:
     void notesAreInlineOrComeLaterOrNot()
     {
         UpdatesFixture fixture;
-        UpdateItem item = UpdatesFixture::item();
-        fixture.find(item, true);
+        fixture.find();
         QCOMPARE(notes(), nullptr);
-
-        item.releaseNotes = ReleaseNotes{.text = u"Faster."_s};
-        fixture.find(item, true);
-        QCOMPARE(notes()->toPlainText(), u"Faster."_s);
-
-        item.releaseNotes.reset();
+        UpdateItem item = UpdatesFixture::item();
         item.releaseNotesUrl = QUrl(u"https://example.org/notes"_s);
         fixture.find(item, true);
         QCOMPARE(notes()->toPlainText(), u"Fetching the release notes…"_s);
@@ -116,20 +105,16 @@ private Q_SLOTS:
     void notesLoadNothingAndLinksAreLookedAtAgain()
     {
         UpdatesFixture fixture;
-        UpdateItem item = UpdatesFixture::item();
-        item.releaseNotes = ReleaseNotes{.text = u"Faster."_s};
-        fixture.find(item, true);
+        fixture.find(UpdatesFixture::item(u"Faster."_s));
         QCOMPARE(notes()->accessibleName(), u"Release notes"_s);
-        for (const QUrl& url :
-             {QUrl(u"file:///etc/hostname"_s), QUrl(u"https://example.org/x"_s)}) {
-            QCOMPARE(notes()->loadResource(QTextDocument::ImageResource, url), QVariant());
-            QCOMPARE(notes()->loadResource(QTextDocument::HtmlResource, url), QVariant());
+        QCOMPARE(notes()->toPlainText(), u"Faster."_s);
+        for (const auto type : {QTextDocument::ImageResource, QTextDocument::HtmlResource}) {
+            QVERIFY(!notes()->loadResource(type, QUrl(u"file:///etc/hostname"_s)).isValid());
         }
         for (const char* link : {"file:///etc/passwd", "javascript:1", "https://example.org/a"}) {
             Q_EMIT notes()->anchorClicked(QUrl(QString::fromLatin1(link)));
         }
         QCOMPARE(fixture.opened, QStringList{u"https://example.org/a"_s});
-        QCOMPARE(notes()->toPlainText(), u"Faster."_s);
     }
 
     void aDownloadTellsItsSizeAndSpeed()
@@ -146,8 +131,7 @@ private Q_SLOTS:
             fixture.mainQueue.advance(0.1);
         }
         QCOMPARE(text(), u"2.0 MB of 10.0 MB — 950.0 kB per second"_s);
-        auto* bar = fixture.window()->findChild<UpdateProgressBar*>();
-        QCOMPARE(bar->accessibleName(), u"Progress"_s);
+        const auto* bar = fixture.window()->findChild<UpdateProgressBar*>();
         QCOMPARE(bar->value() * 100 / bar->maximum(), 20);
         // Then nothing comes any more.
         fixture.mainQueue.advance(10);
@@ -174,11 +158,9 @@ private Q_SLOTS:
         font.setPixelSize(QFontInfo(usual).pixelSize() * 2);
         QApplication::setFont(font);
         UpdatesFixture fixture;
-        UpdateItem item = UpdatesFixture::item();
+        UpdateItem item = UpdatesFixture::item(u"Faster.\n"_s.repeated(100));
         item.isCritical = true;
-        item.isInformationOnly = true;
-        item.releaseNotes = ReleaseNotes{.text = u"Faster.\n"_s.repeated(100)};
-        fixture.find(item, true);
+        fixture.find(item);
         fixture.window()->resize(1, 1);
         verifyNothingIsCutOff();
         fixture.driver.showUpdaterError(u"A long reason. "_s.repeated(20), nullptr);

@@ -46,47 +46,44 @@ public:
 /// A user driver, what it calls back, and eyes and hands for its windows.
 struct UpdatesFixture
 {
-    [[nodiscard]] static UpdateItem item()
+    [[nodiscard]] static UpdateItem item(const QString& notes = {})
     {
         UpdateItem item;
+        if (!notes.isEmpty()) {
+            item.releaseNotes = ReleaseNotes{.text = notes};
+        }
         item.versionString = u"210"_s;
         item.displayVersionString = u"2.1"_s;
         return item;
     }
 
-    void find(const UpdateItem& update, bool userInitiated)
+    void find(const UpdateItem& update = item(), bool userInitiated = true)
     {
         driver.showUpdateFound(
             update, {userInitiated}, [this](UpdateChoice choice) { replies.append(choice); });
     }
 
-    /// What comes up from now on is looked at.
-    void begin()
-    {
-        replies.clear();
-        windowServer.calls.clear();
-    }
-
-    /// The update window that is shown, or null.
-    [[nodiscard]] static UpdateWindow* window()
-    {
-        for (QWidget* widget : QApplication::topLevelWidgets()) {
-            auto* window = qobject_cast<UpdateWindow*>(widget);
-            if (window && window->isVisible()) {
-                return window;
-            }
-        }
-        return nullptr;
-    }
     /// The update windows that exist, shown or not.
+    [[nodiscard]] static QList<UpdateWindow*> windows()
+    {
+        QList<UpdateWindow*> windows;
+        for (QWidget* widget : QApplication::topLevelWidgets()) {
+            windows << qobject_cast<UpdateWindow*>(widget);
+        }
+        windows.removeAll(nullptr);
+        return windows;
+    }
     [[nodiscard]] static int windowCount()
     {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        int count = 0;
-        for (QWidget* widget : QApplication::topLevelWidgets()) {
-            count += qobject_cast<UpdateWindow*>(widget) ? 1 : 0;
-        }
-        return count;
+        return static_cast<int>(windows().size());
+    }
+    /// The update window that is shown, or null.
+    [[nodiscard]] static UpdateWindow* window()
+    {
+        const QList<UpdateWindow*> all = windows();
+        const auto shown = std::ranges::find_if(all, &UpdateWindow::isVisible);
+        return shown == all.end() ? nullptr : *shown;
     }
     /// What the visible labels say, from top to bottom.
     [[nodiscard]] static QStringList texts()
@@ -124,10 +121,7 @@ struct UpdatesFixture
     static void press(Qt::Key key)
     {
         QWidget* focused = window()->focusWidget();
-        if (!focused) {
-            focused = &window()->view();
-        }
-        QTest::keyClick(focused, key);
+        QTest::keyClick(focused ? focused : &window()->view(), key);
     }
 
     /// By the key or the button of that name, or else "close".
@@ -135,8 +129,8 @@ struct UpdatesFixture
     {
         if (way == u"close"_s) {
             window()->close();
-        } else if (way == u"Escape"_s || way == u"Return"_s) {
-            press(way == u"Escape"_s ? Qt::Key_Escape : Qt::Key_Return);
+        } else if (way == u"Escape"_s) {
+            press(Qt::Key_Escape);
         } else {
             click(way);
         }

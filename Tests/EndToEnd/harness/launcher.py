@@ -94,6 +94,9 @@ class Launcher:
         assert not self.exited(), f"the launcher ended at start: {self.log_lines()}"
         if self.hot_key:
             wait_until(lambda: self.display.is_grabbed(self.hot_key), "the hot key is taken")
+        else:
+            told = ("hotkey registered (modifier-only)", "failed to install hotkey monitors")
+            wait_until(lambda: any(line in self.desktop.log("launcher") for line in told), "the chord is watched for")
 
     def wait_indexed(self):
         """Waits until the first walk of the application folders has been written to the cache."""

@@ -199,8 +199,11 @@ private Q_SLOTS:
         };
         for (int step = 1; step <= 10'000; ++step) {
             const bool ends = step % 8 == 0;
-            held = ends ? 0 : held ^ (ModifierFlags::shift << random.bounded(4));
-            chords += held == chord ? 1 : 0;
+            const quint64 before = held;
+            held = ends               ? 0
+                : (step + 1) % 8 == 0 ? chord
+                                      : held ^ (ModifierFlags::shift << random.bounded(4));
+            chords += held == chord && before != chord ? 1 : 0;
             triggered.keys.held = held;
             for (const QChar source : u"LTG"_s) {
                 for (int times = random.bounded(3); times > 0; --times) {

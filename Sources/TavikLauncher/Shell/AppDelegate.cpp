@@ -160,8 +160,7 @@ std::unique_ptr<PanelSurface> AppDelegate::makePanel(std::function<void()> dismi
         .onFillRing = [this] { showSettings(SettingsSection::permanentApps.toString()); },
     });
     auto panel = std::make_unique<LauncherPanel>(
-        LauncherPanel::Dependencies{
-            m_commands, *m_platform.windowServer, *m_platform.mainQueue, *m_platform.keyEvents},
+        LauncherPanel::Dependencies{m_commands, *m_platform.windowServer, *m_platform.keyEvents},
         std::move(ring));
     m_statusItem->addSettingsKeyEquivalent(*panel);
     return panel;

@@ -39,8 +39,7 @@ struct PanelFixture : RingFixture
             .onFillRing = [this] { ++fills; },
         });
         panel = std::make_unique<LauncherPanel>(
-            LauncherPanel::Dependencies{commands, windowServer, mainQueue, keyEvents},
-            std::move(view));
+            LauncherPanel::Dependencies{commands, windowServer, keyEvents}, std::move(view));
         commands.close = [this] {
             ++closes;
         };

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <TavikLauncher/Look/HeldKeyGuard.h>
-#include <TavikLauncherPlatform/MainQueue.h>
 #include <TavikLauncherPlatform/PanelSurface.h>
 
 #include <QWidget>
@@ -25,7 +24,6 @@ public:
     {
         LauncherCommands& commands;
         WindowServer& windowServer;
-        MainQueue& mainQueue;
         const KeyEvents& keyEvents;
     };
 

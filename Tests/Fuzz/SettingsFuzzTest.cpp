@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Settings/LauncherSettings.h>
 #include <TavikLauncher/Settings/SettingsBackup.h>
+#include <TavikLauncherPlatform/Linux/Disk/PropertyListBounds.h>
 #include <TavikLauncherPlatform/Linux/Disk/PropertyListDefaults.h>
 #include <TavikLauncherPlatform/NotificationCenter.h>
 
@@ -74,7 +75,7 @@ private Q_SLOTS:
         FakeLoginItem loginItem;
         NotificationCenter notifications;
         tryDamaged(1, wellFormedDefaults(), 600, [&](const QByteArray& damaged, int& understood) {
-            auto list = PropertyList::fromXml(damaged);
+            auto list = PropertyList::fromBytes(damaged);
             if (!list) {
                 return;
             }
@@ -88,7 +89,7 @@ private Q_SLOTS:
             (void)settings.launchHintForThisSummon();
             // What the program has read and written it can read again; it does not write more.
             const QByteArray written = defaults.values.toXml();
-            QVERIFY2(!PropertyList::isModest(written) || PropertyList::fromXml(written),
+            QVERIFY2(!PropertyListBounds::areKept(written) || PropertyList::fromBytes(written),
                      written.constData());
         });
     }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Disk/PropertyListBounds.h>
 #include <TavikLauncherPlatform/Linux/Disk/PropertyListDefaults.h>
 
 #include <QRegularExpression>
@@ -142,8 +143,9 @@ private Q_SLOTS:
 
     void damagedFilesAreSetAside()
     {
-        const QByteArrayList damaged{
-            {}, QByteArray(PropertyList::mostBytes + 100, '<'), "<plist><dict><key>a</key><true/>"};
+        const QByteArrayList damaged{{},
+                                     QByteArray(PropertyListBounds::mostBytes + 100, '<'),
+                                     "<plist><dict><key>a</key><true/>"};
         for (const QByteArray& contents : damaged) {
             m_tree->write(u"Defaults.plist"_s, contents);
             QTest::ignoreMessage(
@@ -237,7 +239,7 @@ private Q_SLOTS:
         open()->setObject(u"a"_s, u"old"_s);
         QTest::ignoreMessage(QtWarningMsg,
                              QRegularExpression(u"failed to save settings: .*too many"_s));
-        open()->setObject(u"b"_s, QString(PropertyList::mostBytes, u'x'));
+        open()->setObject(u"b"_s, QString(PropertyListBounds::mostBytes, u'x'));
         QCOMPARE(open()->stringValue(u"a"_s), u"old"_s);
     }
 

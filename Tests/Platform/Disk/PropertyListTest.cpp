@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Disk/PropertyList.h>
+#include <TavikLauncherPlatform/Linux/Disk/PropertyListBounds.h>
 
 #include <QTest>
 
@@ -47,7 +48,7 @@ private Q_SLOTS:
         PropertyList list;
         list.setValue(u"k < é"_s, u"before"_s);
         list.setValue(u"k < é"_s, value);
-        auto read = PropertyList::fromXml(list.toXml());
+        auto read = PropertyList::fromBytes(list.toXml());
         QVERIFY(read);
         for (const PropertyList* each : {&list, &*read}) {
             QCOMPARE(each->value(u"k < é"_s).typeId(), value.typeId());
@@ -70,7 +71,7 @@ private Q_SLOTS:
     void valuesAreReadInTheirType()
     {
         const auto [xml, value] = fetch<QByteArray, QVariant>();
-        const auto list = PropertyList::fromXml(document("<dict><key>k</key>" + xml + "</dict>"));
+        const auto list = PropertyList::fromBytes(document("<dict><key>k</key>" + xml + "</dict>"));
         QVERIFY(list);
         QCOMPARE(list->value(u"k"_s).typeId(), value.typeId());
         QCOMPARE(list->value(u"k"_s), value);
@@ -78,7 +79,7 @@ private Q_SLOTS:
 
     void unknownValuesAreWrittenAgain()
     {
-        auto list = PropertyList::fromXml(
+        auto list = PropertyList::fromBytes(
             document("<dict><key>d</key><date>2024-02-29T12:00:00Z</date>"
                      "<key>u</key><integer>18446744073709551615</integer>"
                      "<key>m</key><dict><key>CF$UID</key><integer>7</integer></dict>"
@@ -110,14 +111,14 @@ private Q_SLOTS:
             document("<dict><key>a</key><string>" + QByteArray("&amp;").repeated(400'000)
                      + "</string></dict>"));
         row("too long",
-            document("<dict><key>a</key><string>" + QByteArray(PropertyList::mostBytes, 'x')
+            document("<dict><key>a</key><string>" + QByteArray(PropertyListBounds::mostBytes, 'x')
                      + "</string></dict>"));
     }
 
     void badTextIsRefused()
     {
         const auto [xml] = fetch<QByteArray>();
-        QVERIFY(!PropertyList::fromXml(xml));
+        QVERIFY(!PropertyList::fromBytes(xml));
     }
 
     void numbersDoNotDependOnTheLocale()
@@ -127,11 +128,11 @@ private Q_SLOTS:
             QSKIP("no locale with a decimal comma is installed");
         }
         const auto list
-            = PropertyList::fromXml(document("<dict><key>k</key><real>0.82</real></dict>"));
+            = PropertyList::fromBytes(document("<dict><key>k</key><real>0.82</real></dict>"));
         const QByteArray xml = list->toXml();
         std::setlocale(LC_NUMERIC, "C");
         QCOMPARE(list->value(u"k"_s), QVariant(0.82));
-        QCOMPARE(PropertyList::fromXml(xml)->value(u"k"_s), QVariant(0.82));
+        QCOMPARE(PropertyList::fromBytes(xml)->value(u"k"_s), QVariant(0.82));
     }
 };
 

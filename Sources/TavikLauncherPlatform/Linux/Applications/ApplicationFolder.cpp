@@ -1,16 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Applications/ApplicationFolder.h>
 #include <TavikLauncherPlatform/Linux/Disk/BoundedFile.h>
-#include <TavikLauncherPlatform/Linux/Disk/PropertyListBounds.h>
+#include <TavikLauncherPlatform/Linux/Disk/PropertyList.h>
 
 #include <QFileInfo>
 #include <QImageReader>
 #include <QStringList>
-
-#include <cstddef>
-#include <memory>
-#include <plist/plist.h>
-#include <type_traits>
 
 namespace Tavik::ApplicationFolder {
 
@@ -18,32 +13,10 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-struct FreeNode
+std::optional<QString> text(const PropertyList& list, const QString& key)
 {
-    void operator()(plist_t node) const { plist_free(node); }
-};
-using Node = std::unique_ptr<std::remove_pointer_t<plist_t>, FreeNode>;
-
-std::optional<QString> text(const Node& dictionary, const char* key)
-{
-    const plist_t value = plist_dict_get_item(dictionary.get(), key);
-    if (!value || plist_get_node_type(value) != PLIST_STRING) {
-        return std::nullopt;
-    }
-    uint64_t length = 0;
-    const char* bytes = plist_get_string_ptr(value, &length);
-    return bytes ? QString::fromUtf8(bytes, static_cast<qsizetype>(length)) : QString();
-}
-
-/// Later releases of the library also tell which format it was.
-template <typename Parse> void parseWith(Parse parse, const QByteArray& bytes, plist_t* root)
-{
-    const auto size = static_cast<uint32_t>(bytes.size());
-    if constexpr (std::is_invocable_v<Parse, const char*, uint32_t, plist_t*, std::nullptr_t>) {
-        parse(bytes.constData(), size, root, nullptr);
-    } else {
-        parse(bytes.constData(), size, root);
-    }
+    const QVariant value = list.value(key);
+    return value.typeId() == QMetaType::QString ? std::optional(value.toString()) : std::nullopt;
 }
 
 /// `CFBundleIconFile` may leave the ending out, and may name a format that cannot be read here.
@@ -119,20 +92,15 @@ std::optional<Bundle> read(const QString& path)
 
 std::optional<InfoDictionary> parse(const QByteArray& propertyList)
 {
-    if (!PropertyListBounds::areKept(propertyList)) {
+    const std::optional<PropertyList> list = PropertyList::fromBytes(propertyList);
+    if (!list) {
         return std::nullopt;
     }
-    plist_t root = nullptr;
-    parseWith(plist_from_memory, propertyList, &root);
-    const Node dictionary(root);
-    if (!dictionary || plist_get_node_type(root) != PLIST_DICT) {
-        return std::nullopt;
-    }
-    return InfoDictionary{.displayName = text(dictionary, "CFBundleDisplayName"),
-                          .name = text(dictionary, "CFBundleName"),
-                          .identifier = text(dictionary, "CFBundleIdentifier"),
-                          .iconFile = text(dictionary, "CFBundleIconFile"),
-                          .executable = text(dictionary, "CFBundleExecutable")};
+    return InfoDictionary{.displayName = text(*list, u"CFBundleDisplayName"_s),
+                          .name = text(*list, u"CFBundleName"_s),
+                          .identifier = text(*list, u"CFBundleIdentifier"_s),
+                          .iconFile = text(*list, u"CFBundleIconFile"_s),
+                          .executable = text(*list, u"CFBundleExecutable"_s)};
 }
 
 } // namespace Tavik::ApplicationFolder

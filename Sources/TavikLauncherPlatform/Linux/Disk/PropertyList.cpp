@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Disk/PropertyList.h>
+#include <TavikLauncherPlatform/Linux/Disk/PropertyListBounds.h>
 
-#include <QByteArrayMatcher>
 #include <QStringList>
 
 #include <cstdlib>
@@ -52,45 +52,6 @@ QByteArray xmlOf(plist_t node)
     plist_to_xml(node, &xml, &length);
     const Text text(xml);
     return xml ? QByteArray(xml, static_cast<qsizetype>(length)) : QByteArray();
-}
-
-/// The library recurses into containers when it writes and frees, so a deep nesting would exhaust
-/// the stack. It cannot be deeper than there are opening tags.
-bool isNestedSafely(const QByteArray& xml)
-{
-    constexpr int mostContainers = 2000;
-    int containers = 0;
-    for (const auto* tag : {"<dict", "<array"}) {
-        const QByteArrayMatcher matcher(tag);
-        for (auto at = matcher.indexIn(xml); at >= 0; at = matcher.indexIn(xml, at + 1)) {
-            if (++containers > mostContainers) {
-                return false;
-            }
-        }
-    }
-    return true;
-}
-
-/// The library takes quadratic time for the entities of one text: 0.3 s for 512 KiB that are full
-/// of them, 12 s for 4 MiB. Of one such text this is room for 512 KiB, of ordinary ones for
-/// millions.
-bool isReadSwiftly(const QByteArray& xml)
-{
-    constexpr double mostWork = 5.5e10;
-    double work = 0;
-    double length = 0;
-    double entities = 0;
-    for (const char byte : xml) {
-        if (byte == '<') {
-            work += length * entities;
-            length = 0;
-            entities = 0;
-        } else {
-            length += 1;
-            entities += byte == '&' ? 1 : 0;
-        }
-    }
-    return work + length * entities <= mostWork;
 }
 
 /// The library hands out both -1 and the largest unsigned integer as the same number, and tells
@@ -174,6 +135,16 @@ QVariant valueOf(plist_t node)
     }
 }
 
+/// Later releases of the library tell apart what is signed and what is not.
+template <typename Number> plist_t newInteger(Number number)
+{
+    if constexpr (requires { plist_new_int(number); }) {
+        return plist_new_int(number);
+    } else {
+        return plist_new_uint(static_cast<uint64_t>(number));
+    }
+}
+
 /// A node for `value`, or null when a property list has no place for its type.
 plist_t newNode(const QVariant& value)
 {
@@ -182,7 +153,7 @@ plist_t newNode(const QVariant& value)
         return plist_new_bool(value.toBool() ? 1 : 0);
     case QMetaType::Int:
     case QMetaType::LongLong:
-        return plist_new_uint(static_cast<uint64_t>(value.toLongLong()));
+        return newInteger(int64_t{value.toLongLong()});
     case QMetaType::Double:
         return plist_new_real(value.toDouble());
     case QMetaType::QString:
@@ -235,19 +206,16 @@ PropertyList::~PropertyList() = default;
 PropertyList::PropertyList(PropertyList&&) noexcept = default;
 PropertyList& PropertyList::operator=(PropertyList&&) noexcept = default;
 
-bool PropertyList::isModest(const QByteArray& xml)
+std::optional<PropertyList> PropertyList::fromBytes(const QByteArray& bytes)
 {
-    return xml.size() <= mostBytes && isNestedSafely(xml) && isReadSwiftly(xml);
-}
-
-std::optional<PropertyList> PropertyList::fromXml(const QByteArray& xml)
-{
-    if (!isModest(xml)) {
+    if (!PropertyListBounds::areKept(bytes)) {
         return std::nullopt;
     }
     const DecimalPoint decimalPoint;
     plist_t parsed = nullptr;
-    plist_from_xml(xml.constData(), static_cast<uint32_t>(xml.size()), &parsed);
+    // Each by its name: what tells them apart takes other formats too in later releases.
+    const auto parse = PropertyListBounds::isBinary(bytes) ? plist_from_bin : plist_from_xml;
+    parse(bytes.constData(), static_cast<uint32_t>(bytes.size()), &parsed);
     Node root(parsed);
     if (!root || plist_get_node_type(parsed) != PLIST_DICT) {
         return std::nullopt;

@@ -20,14 +20,9 @@ public:
     PropertyList(PropertyList&&) noexcept;
     PropertyList& operator=(PropertyList&&) noexcept;
 
-    /// Absent unless `xml` is a property list in XML with a dictionary at its root, and not of
-    /// outlandish size or nesting.
-    [[nodiscard]] static std::optional<PropertyList> fromXml(const QByteArray& xml);
-    /// The largest text that `fromXml` takes, in bytes: room for tens of thousands of paths.
-    static constexpr qsizetype mostBytes = 8 * 1024 * 1024;
-    /// Whether `fromXml` takes a text for what it is, if it is well formed: not too large, nor
-    /// nested too deep, nor with too many entities in one place.
-    [[nodiscard]] static bool isModest(const QByteArray& xml);
+    /// Absent unless `bytes` are a property list, XML or binary, with a dictionary at its root, and
+    /// within PropertyListBounds.
+    [[nodiscard]] static std::optional<PropertyList> fromBytes(const QByteArray& bytes);
 
     [[nodiscard]] QByteArray toXml() const;
 

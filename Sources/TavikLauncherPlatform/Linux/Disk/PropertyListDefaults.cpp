@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Disk/BoundedFile.h>
+#include <TavikLauncherPlatform/Linux/Disk/PropertyListBounds.h>
 #include <TavikLauncherPlatform/Linux/Disk/PropertyListDefaults.h>
 #include <TavikLauncherPlatform/Linux/Disk/ReplaceFile.h>
 #include <TavikLauncherPlatform/Linux/Disk/StorageLog.h>
@@ -11,7 +13,6 @@
 #include <QPointer>
 #include <QStandardPaths>
 
-#include <algorithm>
 #include <utility>
 
 namespace Tavik {
@@ -27,13 +28,8 @@ std::optional<QString> writeFile(const QString& path, const QByteArray& content)
 
 std::optional<PropertyList> readPropertyList(const QString& path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return std::nullopt;
-    }
-    // One byte too many is refused there.
-    return PropertyList::fromXml(
-        file.read(std::min<qint64>(file.size(), PropertyList::mostBytes + 1)));
+    const auto bytes = BoundedFile::read(path, PropertyListBounds::mostBytes);
+    return bytes ? PropertyList::fromBytes(*bytes) : std::nullopt;
 }
 
 } // namespace
@@ -194,7 +190,7 @@ std::optional<QByteArray> PropertyListDefaults::content(QString& error)
         return std::nullopt;
     }
     const QByteArray xml = m_values.toXml();
-    if (!PropertyList::isModest(xml)) {
+    if (!PropertyListBounds::areKept(xml)) {
         // The next start would refuse it, so the file that can still be read stays.
         error = u"%1 bytes are too many to be read again"_s.arg(xml.size());
         return std::nullopt;

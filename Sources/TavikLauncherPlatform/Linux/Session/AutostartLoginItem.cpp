@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Disk/BoundedFile.h>
 #include <TavikLauncherPlatform/Linux/Disk/ReplaceFile.h>
 #include <TavikLauncherPlatform/Linux/Disk/StorageLog.h>
 #include <TavikLauncherPlatform/Linux/Session/AutostartLoginItem.h>
@@ -31,17 +32,16 @@ using KeyFile = std::unique_ptr<GKeyFile, FreeKeyFile>;
 KeyFile readEntry(const QString& path)
 {
     constexpr qint64 mostBytes = 64 * 1024;
-    QFile file(path);
-    if (!QFileInfo(path).isFile() || file.size() > mostBytes || !file.open(QIODevice::ReadOnly)) {
+    const auto text = BoundedFile::read(path, mostBytes);
+    if (!text) {
         return nullptr;
     }
-    const QByteArray text = file.read(mostBytes);
     KeyFile entry(g_key_file_new());
     constexpr auto keepAll
         = static_cast<GKeyFileFlags>(G_KEY_FILE_KEEP_COMMENTS | G_KEY_FILE_KEEP_TRANSLATIONS);
     const bool isRead
         = g_key_file_load_from_data(
-              entry.get(), text.constData(), static_cast<gsize>(text.size()), keepAll, nullptr)
+              entry.get(), text->constData(), static_cast<gsize>(text->size()), keepAll, nullptr)
         && g_key_file_has_group(entry.get(), group);
     return isRead ? std::move(entry) : nullptr;
 }

@@ -35,10 +35,12 @@ struct Bundle
         identifier; ///< Bundle identifier, or the desktop-file ID without ".desktop".
     /// What people may call it besides: untranslated and generic name, keywords, program.
     QStringList otherNames;
-    QString iconSource; ///< Theme icon name or absolute image path; empty for the generic icon.
+    QString iconSource; ///< As in AppIcon.
     /// Absolute path of the program that an `.app` folder starts; absent for desktop entries.
     std::optional<QString> executable;
     bool isHidden = false; ///< The entry asks not to be shown here (NoDisplay, Hidden, TryExec, …).
+    /// What it starts is not installed; with nothing written to the entry, it may be later.
+    bool lacksProgram = false;
 };
 
 /// Watches folders, also ones that do not exist yet, and everything below them. Stops when
@@ -58,14 +60,19 @@ public:
     [[nodiscard]] virtual bool fileExists(const QString& path) const = 0;
     /// True for an existing directory that ends in ".app" and for an existing ".desktop" file.
     [[nodiscard]] virtual bool isApplicationBundle(const QString& path) const = 0;
-    /// Visits every item below `folder`, depth first, skipping hidden entries, unreadable
-    /// sub-folders and the inside of packages. A cycle of links is visited at most once.
-    virtual void enumerate(const QString& folder,
-                           const std::function<void(const DirectoryItem&)>& visit) const = 0;
+    using Visit = std::function<void(const DirectoryItem&)>;
+    /// Visits every item below `folder`, depth first and sorted by name, skipping hidden entries,
+    /// unreadable sub-folders and the inside of packages. A cycle of links is visited at most once.
+    virtual void enumerate(const QString& folder, const Visit& visit) const = 0;
+    /// Visits the item at `path`, if there is one, then what is below it as `enumerate` does. The
+    /// walk that meets `path` is the caller's to know.
+    virtual void enumerateFrom(const QString& path, const Visit& visit) const = 0;
     /// Opens the bundle at `path`; absent when it cannot be read or is damaged.
     [[nodiscard]] virtual std::optional<Bundle> bundle(const QString& path) const = 0;
     [[nodiscard]] virtual unsigned userId() const = 0;
 
+    /// In bytes, as the file system has it; absent when nothing is at `path`.
+    [[nodiscard]] virtual std::optional<qint64> fileSize(const QString& path) const = 0;
     /// The content of the regular file at `path`; absent when there is none, when it cannot be read
     /// or when it is larger than `maxBytes`.
     [[nodiscard]] virtual std::optional<QByteArray> readFile(const QString& path,

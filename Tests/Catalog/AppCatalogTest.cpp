@@ -115,6 +115,29 @@ private Q_SLOTS:
         QCOMPARE(foldersChanged.count(), 2);
     }
 
+    void whatHasChangedIsLookedAtAloneAndNeverOverWhatAWalkHasFound()
+    {
+        m_catalog->watchFolders();
+        m_catalog->reindex();
+        const WorkQueue::Done walk = m_work->startAt(1);
+        installOnDisk({u"New"_s, u"Walked"_s});
+        m_files->folderChanged({u"/A/New.app"_s});
+        StepWorkQueue::finish(walk);
+        m_files->bundleReads = 0;
+        m_work->runAll();
+        QCOMPARE(names(), QStringList({u"New"_s, u"Walked"_s}));
+        QCOMPARE(m_files->bundleReads, 1);
+
+        installOnDisk({u"New"_s});
+        m_files->folderChanged({u"/A/Walked.app"_s});
+        const WorkQueue::Done update = m_work->startAt(0);
+        installOnDisk({u"Last"_s});
+        m_catalog->reindex();
+        m_work->runAll();
+        StepWorkQueue::finish(update);
+        QCOMPARE(names(), {u"Last"_s});
+    }
+
     void resultsOutliveTheCatalog()
     {
         m_catalog->reindex();

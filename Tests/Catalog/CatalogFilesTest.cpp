@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Catalog/CatalogCache.h>
-#include <TavikLauncher/Catalog/CatalogWalk.h>
+#include <TavikLauncher/Catalog/CatalogIndex.h>
 
 #include <QRegularExpression>
 #include <QTest>
@@ -90,6 +90,45 @@ private Q_SLOTS:
                 {u"/system/viewer.desktop"_s, u"/user/edited.desktop"_s, u"/user/viewer.app"_s}));
     }
 
+    void whatIsFollowedIsWhatAWalkWouldFind()
+    {
+        const QStringList folders{u"/user"_s, u"/system"_s};
+        addEntry(u"/system/a.desktop"_s, u"same"_s);
+        addEntry(u"/system/b.desktop"_s, u"hidden"_s, true);
+        addEntry(u"/system/c.desktop"_s, u"later"_s, true);
+        m_files->bundles[u"/system/c.desktop"_s].lacksProgram = true;
+        addEntry(u"/system/d.desktop"_s, u"d"_s);
+        m_files->items[u"/user"_s] = {};
+        CatalogIndex index = CatalogIndex::loadApplications(*m_files, folders);
+        // What is changed, and whether that changes what is shown.
+        const auto isFollowed = [&](const QString& path, bool isOther) {
+            const int before = m_files->bundleReads;
+            const bool said = index.update(*m_files, {path});
+            const bool isCheap = m_files->bundleReads - before <= 3;
+            const CatalogIndex walked = CatalogIndex::loadApplications(*m_files, folders);
+            const IndexedApp* app = index.withPath(path);
+            return said == isOther && isCheap && index.apps() == walked.apps()
+                && (!app || app->path() == path) && !app == !walked.withPath(path);
+        };
+        addEntry(u"/user/a.desktop"_s, u"same"_s);
+        QVERIFY(isFollowed(u"/user/a.desktop"_s, true));
+        QVERIFY(isFollowed(u"/user/a.desktop"_s, false)); // Touched only.
+        m_files->items[u"/user"_s].clear();
+        QVERIFY(isFollowed(u"/user/a.desktop"_s, true));
+        m_files->bundles[u"/system/b.desktop"_s].isHidden = false;
+        QVERIFY(isFollowed(u"/system/b.desktop"_s, true));
+        m_files->bundles[u"/system/b.desktop"_s].iconSource = u"other"_s;
+        QVERIFY(isFollowed(u"/system/b.desktop"_s, true));
+        m_files->bundles[u"/system/b.desktop"_s].name
+            = u"d"_s; // Before the other one of that name.
+        QVERIFY(isFollowed(u"/system/b.desktop"_s, true));
+        m_files->bundles[u"/system/c.desktop"_s] = m_files->bundles[u"/system/b.desktop"_s];
+        m_files->bundles[u"/system/c.desktop"_s].identifier = u"later"_s;
+        QVERIFY(isFollowed(u"/system/mimeinfo.cache"_s, true)); // Its program has come.
+        addEntry(u"/elsewhere/x.desktop"_s, u"x"_s);
+        QVERIFY(isFollowed(u"/elsewhere/x.desktop"_s, false));
+    }
+
     void recordsCarryWhatTheBundleSaysAndAreSortedWithoutCase()
     {
         Bundle bundle;
@@ -100,7 +139,7 @@ private Q_SLOTS:
         add(u"/A/Told.app"_s, bundle);
         add(u"/A/Gamma.app"_s, {});
         add(u"/A/Alpha.app"_s, {});
-        const auto apps = CatalogWalk::loadApplications(*m_files, {u"/missing"_s, u"/A"_s});
+        const auto apps = CatalogIndex::loadApplications(*m_files, {u"/missing"_s, u"/A"_s}).apps();
         const QList<IndexedApp> expected{
             {u"Alpha"_s, std::nullopt, u"/A/Alpha.app"_s, {}},
             {u"beta"_s, u"org.example.told"_s, u"/A/Told.app"_s, {}},
@@ -157,16 +196,16 @@ private Q_SLOTS:
         QCOMPARE(CatalogCache::loadCachedApplications(*m_files), {});
     }
 
-    void onlyApplicationsThatStillExistAreLoadedWithTheirIconsOfToday()
+    void onlyApplicationsThatStillExistAreLoadedAndNoneIsOpened()
     {
-        m_files->bundles[m_safe.path()].iconSource = u"safe-icon"_s;
         m_files->existing.insert(u"Safe.app"_s);
         write(R"([{"name":"Gone","path":"/A/Gone.app"},)"
               R"({"name":"Safe","path":"/A/Safe.app","future":[1,2]},)"
               R"({"name":"Here","path":"Safe.app"}])");
         const auto apps = CatalogCache::loadCachedApplications(*m_files);
         QCOMPARE(apps, {IndexedApp(u"Safe"_s, std::nullopt, u"/A/Safe.app"_s, {})});
-        QCOMPARE(apps.first().icon().source, u"safe-icon"_s);
+        QCOMPARE(apps.first().icon().source, u"/A/Safe.app"_s);
+        QCOMPARE(m_files->bundleReads, 0);
     }
 
     void aFolderThatCannotBeHadIsLogged()
@@ -198,24 +237,21 @@ private:
     [[nodiscard]] QStringList walk(const QStringList& folders) const
     {
         QStringList paths;
-        for (const IndexedApp& app : CatalogWalk::loadApplications(*m_files, folders)) {
+        const CatalogIndex index = CatalogIndex::loadApplications(*m_files, folders);
+        for (const IndexedApp& app : index.apps()) {
             paths.append(app.path());
         }
         return paths;
     }
 
     using Owner = std::optional<unsigned>;
-    void write(const QByteArray& bytes) const { m_tree->write(m_file, bytes); }
+    void write(const QByteArray& bytes) const { m_files->contents[m_tree->path(m_file)] = bytes; }
     void save(const QList<IndexedApp>& apps)
     {
         CatalogCache::saveCachedApplications(*m_files, m_queue, apps);
         m_queue.runAll();
     }
-    [[nodiscard]] QByteArray content() const
-    {
-        QFile file(m_tree->path(m_file));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    [[nodiscard]] QByteArray content() const { return m_files->contents[m_tree->path(m_file)]; }
 
     std::unique_ptr<FileTree> m_tree;
     std::unique_ptr<FakeFileManager> m_files;

@@ -21,11 +21,18 @@ public:
         return fileExists(path)
             && (path.endsWith(QLatin1String(".app")) || path.endsWith(QLatin1String(".desktop")));
     }
-    void enumerate(const QString& folder,
-                   const std::function<void(const DirectoryItem&)>& visit) const override
+    void enumerate(const QString& folder, const Visit& visit) const override
     {
         for (const DirectoryItem& item : items.value(folder)) {
             visit(item);
+        }
+    }
+    void enumerateFrom(const QString& path, const Visit& visit) const override
+    {
+        for (const DirectoryItem& item : items.value(path.left(path.lastIndexOf(u'/')))) {
+            if (item.path == path) {
+                visit(item);
+            }
         }
     }
     [[nodiscard]] std::optional<Bundle> bundle(const QString& path) const override
@@ -35,6 +42,11 @@ public:
         return found == bundles.end() ? std::nullopt : std::optional(*found);
     }
     [[nodiscard]] unsigned userId() const override { return user; }
+    [[nodiscard]] std::optional<qint64> fileSize(const QString& path) const override
+    {
+        const auto found = contents.find(path);
+        return found == contents.end() ? std::nullopt : std::optional(found->size());
+    }
     [[nodiscard]] std::optional<QByteArray> readFile(const QString& path,
                                                      qint64 maxBytes) const override
     {

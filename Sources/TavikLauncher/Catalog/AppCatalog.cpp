@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Catalog/AppCatalog.h>
 #include <TavikLauncher/Catalog/CatalogCache.h>
-#include <TavikLauncher/Catalog/CatalogWalk.h>
+#include <TavikLauncher/Catalog/CatalogRecord.h>
 #include <TavikLauncherPlatform/FileManager.h>
 #include <TavikLauncherPlatform/MainQueue.h>
 #include <TavikLauncherPlatform/WorkQueue.h>
@@ -25,19 +25,13 @@ AppCatalog::AppCatalog(const Dependencies& dependencies, QStringList searchPaths
 
 AppCatalog::~AppCatalog() = default;
 
-const IndexedApp* AppCatalog::recordForPath(const QString& path) const
-{
-    const auto position = m_positions.constFind(path);
-    return position == m_positions.cend() ? nullptr : &m_apps.at(*position);
-}
-
 std::optional<IndexedApp> AppCatalog::indexedApp(const FileManager& fileManager,
                                                  const QString& path)
 {
     if (!fileManager.fileExists(path)) {
         return std::nullopt;
     }
-    return CatalogWalk::record(path, fileManager.bundle(path));
+    return CatalogRecord::record(path, fileManager.bundle(path));
 }
 
 void AppCatalog::reindex()
@@ -49,11 +43,11 @@ void AppCatalog::reindex()
     m_dependencies.workQueue.run(
         WorkPriority::userInitiated,
         [&fileManager = m_dependencies.fileManager, searchPaths = m_searchPaths] {
-            return CatalogWalk::loadApplications(fileManager, searchPaths);
+            return CatalogIndex::loadApplications(fileManager, searchPaths);
         },
-        [catalog = QPointer(this)](const QList<IndexedApp>& apps) {
+        [catalog = QPointer(this)](const CatalogIndex& index) {
             if (catalog) {
-                catalog->finishWalk(apps);
+                catalog->finishWalk(index);
             }
         });
     Q_EMIT isIndexingChanged();
@@ -71,7 +65,7 @@ void AppCatalog::reindexIfStale(std::chrono::duration<double> maxAge)
 void AppCatalog::watchFolders()
 {
     m_folderWatch = m_dependencies.fileManager.watch(
-        m_searchPaths, [this](const QStringList&) { handleFolderChange(); });
+        m_searchPaths, [this](const QStringList& paths) { handleFolderChange(paths); });
 }
 
 void AppCatalog::loadCache()
@@ -82,47 +76,82 @@ void AppCatalog::loadCache()
         [catalog = QPointer(this)](const QList<IndexedApp>& cached) {
             // A walk that finished first knows better, also when it found nothing.
             const bool isWanted = catalog && !catalog->m_lastIndexCompletion;
-            if (isWanted && catalog->m_apps.isEmpty() && !cached.isEmpty()) {
-                catalog->publish(cached);
+            if (isWanted && catalog->apps().isEmpty() && !cached.isEmpty()) {
+                catalog->m_index = CatalogIndex(cached);
                 Q_EMIT catalog->appsChanged();
             }
         });
 }
 
-void AppCatalog::finishWalk(const QList<IndexedApp>& apps)
+void AppCatalog::finishWalk(const CatalogIndex& index)
 {
-    publish(apps);
+    ++m_walks;
     m_isIndexing = false;
     m_lastIndexCompletion = m_dependencies.mainQueue.systemUptime();
-    CatalogCache::saveCachedApplications(
-        m_dependencies.fileManager, m_dependencies.workQueue, apps);
-    Q_EMIT appsChanged();
+    publish(index);
     Q_EMIT isIndexingChanged();
 
-    if (std::exchange(m_foldersChangedDuringWalk, false)) {
+    if (std::exchange(m_mustWalkAgain, false)) {
+        m_changedPaths.clear();
         reindex();
+    } else {
+        followChanges();
     }
 }
 
-void AppCatalog::handleFolderChange()
+void AppCatalog::handleFolderChange(const QStringList& paths)
 {
-    // A folder that the running walk has left behind already may be the one that changed.
-    m_foldersChangedDuringWalk = m_isIndexing;
-    reindex();
+    if (paths.isEmpty() || (!m_lastIndexCompletion && !m_isIndexing)) {
+        // A folder that the running walk has left behind already may be the one that changed.
+        m_mustWalkAgain = m_isIndexing;
+        reindex();
+    } else {
+        m_changedPaths += paths;
+        followChanges();
+    }
     Q_EMIT foldersChanged();
 }
 
-void AppCatalog::publish(const QList<IndexedApp>& apps)
+/// Looks at what has changed, unless a walk or another look has yet to end: then after that.
+void AppCatalog::followChanges()
 {
-    m_apps = apps;
-    m_positions.clear();
-    m_positions.reserve(m_apps.size());
-    for (qsizetype position = 0; position < m_apps.size(); ++position) {
-        const QString& path = m_apps.at(position).path();
-        if (!m_positions.contains(path)) {
-            m_positions.insert(path, position);
-        }
+    if (m_isIndexing || m_isFollowing || m_changedPaths.isEmpty()) {
+        return;
     }
+    struct Update
+    {
+        CatalogIndex index;
+        bool isOther = false;
+    };
+    m_isFollowing = true;
+    m_dependencies.workQueue.run(
+        WorkPriority::userInitiated,
+        [&fileManager = m_dependencies.fileManager,
+         index = m_index,
+         paths = std::exchange(m_changedPaths, {})] {
+            Update update{.index = index};
+            update.isOther = update.index.update(fileManager, paths);
+            return update;
+        },
+        [catalog = QPointer(this), walks = m_walks](const Update& update) {
+            if (!catalog) {
+                return;
+            }
+            catalog->m_isFollowing = false;
+            // A walk that has finished meanwhile knows better.
+            if (update.isOther && catalog->m_walks == walks) {
+                catalog->publish(update.index);
+            }
+            catalog->followChanges();
+        });
+}
+
+void AppCatalog::publish(const CatalogIndex& index)
+{
+    m_index = index;
+    CatalogCache::saveCachedApplications(
+        m_dependencies.fileManager, m_dependencies.workQueue, apps());
+    Q_EMIT appsChanged();
 }
 
 } // namespace Tavik

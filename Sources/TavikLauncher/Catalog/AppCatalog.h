@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncher/Catalog/CatalogIndex.h>
 #include <TavikLauncherCore/IndexedApp.h>
 
-#include <QHash>
 #include <QList>
 #include <QObject>
 #include <QStringList>
@@ -41,11 +41,14 @@ public:
                         QObject* parent = nullptr);
     ~AppCatalog() override;
 
-    [[nodiscard]] const QList<IndexedApp>& apps() const { return m_apps; }
+    [[nodiscard]] const QList<IndexedApp>& apps() const { return m_index.apps(); }
     /// True while a walk is running.
     [[nodiscard]] bool isIndexing() const { return m_isIndexing; }
     /// The first record with that path; valid until `appsChanged`. Null when there is none.
-    [[nodiscard]] const IndexedApp* recordForPath(const QString& path) const;
+    [[nodiscard]] const IndexedApp* recordForPath(const QString& path) const
+    {
+        return m_index.withPath(path);
+    }
     /// The record of an application that need not be in the catalog; absent when no file exists at
     /// `path`.
     [[nodiscard]] static std::optional<IndexedApp> indexedApp(const FileManager& fileManager,
@@ -55,7 +58,7 @@ public:
     void reindex();
     /// Starts a walk, unless one is running or the last one finished less than `maxAge` ago.
     void reindexIfStale(std::chrono::duration<double> maxAge);
-    /// From now on walks again whenever an application is installed or removed.
+    /// From now on follows what is installed, changed and removed.
     void watchFolders();
 
 Q_SIGNALS:
@@ -66,16 +69,19 @@ Q_SIGNALS:
 
 private:
     void loadCache();
-    void finishWalk(const QList<IndexedApp>& apps);
-    void handleFolderChange();
-    void publish(const QList<IndexedApp>& apps);
+    void finishWalk(const CatalogIndex& index);
+    void handleFolderChange(const QStringList& paths);
+    void followChanges();
+    void publish(const CatalogIndex& index);
 
     Dependencies m_dependencies;
     QStringList m_searchPaths;
-    QList<IndexedApp> m_apps;
-    QHash<QString, qsizetype> m_positions; ///< By path.
+    CatalogIndex m_index;
     bool m_isIndexing = false;
-    bool m_foldersChangedDuringWalk = false;
+    bool m_mustWalkAgain = false;
+    int m_walks = 0; ///< How many have finished.
+    bool m_isFollowing = false;
+    QStringList m_changedPaths; ///< Still to be looked at.
     std::optional<double> m_lastIndexCompletion; ///< In seconds of system uptime.
     std::unique_ptr<FolderWatch> m_folderWatch;
 };

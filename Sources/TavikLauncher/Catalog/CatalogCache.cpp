@@ -1,18 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Catalog/CatalogCache.h>
 #include <TavikLauncher/Catalog/CatalogLog.h>
-#include <TavikLauncher/Catalog/CatalogWalk.h>
 #include <TavikLauncherPlatform/FileManager.h>
 #include <TavikLauncherPlatform/WorkQueue.h>
 
-#include <QFile>
-#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
 
-#include <algorithm>
 #include <filesystem>
 #include <utility>
 
@@ -101,14 +96,8 @@ void save(const FileManager& fileManager, const QList<IndexedApp>& apps)
     if (!path) {
         return;
     }
-    QSaveFile file(*path);
-    const QByteArray bytes = encoded(apps);
-    // In Qt 6.4 the commit overlooks that the last of the buffer found no room on the disk, and
-    // would put a shortened file in place.
-    const bool isWritten = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size()
-        && file.flush() && file.commit();
-    if (!isWritten) {
-        logFailure("failed to save cache", file.errorString());
+    if (const auto error = fileManager.writeFileAtomically(*path, encoded(apps))) {
+        logFailure("failed to save cache", *error);
     }
 }
 
@@ -159,17 +148,17 @@ QList<IndexedApp> loadCachedApplications(const FileManager& fileManager)
     if (!path) {
         return {};
     }
-    const QFileInfo info(*path);
-    if (!info.exists() || info.size() < 1 || info.size() > maxReadableSize) {
+    const qint64 size = fileManager.fileSize(*path).value_or(0);
+    if (size < 1 || size > maxReadableSize) {
         return {};
     }
-    QFile file(*path);
     constexpr const char* failure = "failed to load cache";
-    if (!info.isFile() || !file.open(QIODevice::ReadOnly)) {
-        logFailure(failure, info.isFile() ? file.errorString() : u"it is not a file"_s);
+    const std::optional<QByteArray> bytes = fileManager.readFile(*path, maxReadableSize);
+    if (!bytes) {
+        logFailure(failure, u"it is no file that can be read"_s);
         return {};
     }
-    const DecodeResult content = decoded(file.read(std::min<qint64>(file.size(), maxReadableSize)));
+    const DecodeResult content = decoded(*bytes);
     if (!content.error.isEmpty()) {
         logFailure(failure, content.error);
         return {};
@@ -180,12 +169,10 @@ QList<IndexedApp> loadCachedApplications(const FileManager& fileManager)
         if (!cached.path.startsWith(u'/') || !fileManager.fileExists(cached.path)) {
             continue;
         }
-        const std::optional<Bundle> bundle = fileManager.bundle(cached.path);
-        apps.append(IndexedApp(cached.name,
-                               cached.bundleIdentifier,
-                               cached.path,
-                               AppIcon{bundle ? bundle->iconSource : QString()})
-                        .withOtherNames(bundle ? bundle->otherNames : QStringList()));
+        // Nothing is opened: the icon is looked for when it is drawn, other names come with the
+        // walk.
+        apps.append(
+            IndexedApp(cached.name, cached.bundleIdentifier, cached.path, AppIcon{cached.path}));
     }
     return apps;
 }

@@ -160,7 +160,8 @@ std::unique_ptr<Platform> makePlatform(const PlatformOptions& options)
     LinuxFileManager& files = *fileManager;
     platform->fileManager = std::move(fileManager);
     platform->iconDecoder = std::make_unique<ThemeIconDecoder>(
-        [] { return sessionIconTheme(QIcon::themeName(), IconFolders::ofSession()); });
+        [] { return sessionIconTheme(QIcon::themeName(), IconFolders::ofSession()); },
+        [&files](const QString& source) { return files.iconSource(source); });
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     if (x11 && x11->connection()) {
         addX11Services(*platform, files, options, x11->connection());

@@ -72,6 +72,15 @@ private Q_SLOTS:
         QCOMPARE(m_paths, QStringList{path});
     }
 
+    void aFolderOfTwoNamesIsReportedUnderBoth()
+    {
+        m_tree->link(m_tree->path(u"apps"_s), u"link"_s);
+        watch(u"apps"_s, u"link"_s);
+        const QString path = m_tree->write(u"apps/a.desktop"_s);
+        QVERIFY(settled());
+        QCOMPARE(m_paths, QStringList({path, m_tree->path(u"link/a.desktop"_s)}));
+    }
+
     void foldersAddedLaterAreWatched()
     {
         watch(u"apps"_s);
@@ -152,7 +161,7 @@ private Q_SLOTS:
     void nothingIsReportedAfterItsEnd()
     {
         watch(u"apps"_s);
-        m_tree->write(u"apps/a.desktop"_s);
+        m_tree->makeFolder(u"apps/new"_s);
         QVERIFY(noticed());
         m_queue->advance(1.1);
         QCOMPARE(m_work.waiting(), 1U);
@@ -162,10 +171,13 @@ private Q_SLOTS:
     }
 
 private:
-    void watch(const QString& inner)
+    void watch(const QString& inner, const QString& second = {})
     {
-        m_watcher
-            = std::make_unique<FolderWatcher>(*m_queue, m_work, QStringList{m_tree->path(inner)});
+        QStringList folders{m_tree->path(inner)};
+        if (!second.isEmpty()) {
+            folders.append(m_tree->path(second));
+        }
+        m_watcher = std::make_unique<FolderWatcher>(*m_queue, m_work, folders);
         connect(m_watcher.get(), &FolderWatcher::changed, this, [this](const QStringList& paths) {
             ++m_reports;
             m_paths = paths;

@@ -8,6 +8,7 @@
 #include <Support/VirtualMainQueue.h>
 #include <filesystem>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 using namespace Tavik;
@@ -27,6 +28,9 @@ private Q_SLOTS:
         tree.write(u"Foo.app/Contents/Inner.app/x"_s);
         tree.write(u".hidden/d.desktop"_s);
         tree.write(u".e.desktop"_s);
+        tree.write(u"File.app"_s);
+        tree.link(u"/dev/zero"_s, u"Device.app"_s);
+        QCOMPARE(::mkfifo(QFile::encodeName(tree.path(u"Pipe.app"_s)).constData(), 0600), 0);
         const QStringList expected{u"Foo.app"_s,
                                    u"Utilities"_s,
                                    u"Utilities/Deep"_s,
@@ -57,13 +61,13 @@ private Q_SLOTS:
     void namesThatAreNoTextAreLeftOut()
     {
         const FileTree tree;
-        for (const QByteArray& name : {QByteArray("bad\xFF.app"),
-                                       QByteArray("two\nlines.app"),
-                                       QByteArray("fine \xC3\xBC.app")}) {
+        for (const QByteArray& name : {QByteArray("bad\xFF.desktop"),
+                                       QByteArray("two\nlines.desktop"),
+                                       QByteArray("fine \xC3\xBC.desktop")}) {
             const QByteArray path = QFile::encodeName(tree.path()) + '/' + name;
             QCOMPARE(::symlink("/nowhere", path.constData()), 0);
         }
-        QCOMPARE(walk(tree.path()), {u"fine \u00fc.app"_s});
+        QCOMPARE(walk(tree.path()), {u"fine \u00fc.desktop"_s});
     }
 
     void bundlesAreRecognised()
@@ -92,6 +96,45 @@ private Q_SLOTS:
         QCOMPARE(identifier(u"applications/org.example.x.desktop"_s), u"org.example.x"_s);
         QCOMPARE(identifier(u"applications/kde/sub/x.desktop"_s), u"kde-sub-x"_s);
         QCOMPARE(identifier(u"elsewhere/deep/x.desktop"_s), u"x"_s);
+    }
+
+    void anIconIsAskedForByTheApplicationsPath()
+    {
+        const FileTree tree;
+        const QString path = tree.write(
+            u"x.desktop"_s, "[Desktop Entry]\nType=Application\nName=X\nExec=sh\nIcon=viewer\n");
+        QCOMPARE(m_files.bundle(path)->iconSource, path);
+        QCOMPARE(m_files.iconSource(path), u"viewer"_s);
+        for (const QString& other : {u"viewer"_s, tree.write(u"icon.png"_s), QString()}) {
+            QCOMPARE(m_files.iconSource(other), other);
+        }
+    }
+
+    void changesOfEntriesAreFollowedAsAWalkWouldFindThem()
+    {
+        const FileTree tree;
+        const auto entry = [&tree](const QString& inner, const QByteArray& name) {
+            return tree.write(inner,
+                              "[Desktop Entry]\nType=Application\nExec=sh\nName=" + name + '\n');
+        };
+        const LinuxFileManager files(
+            m_queue, m_work, {tree.makeFolder(u"user"_s), tree.path(u"system"_s)});
+        entry(u"system/a.desktop"_s, "A");
+        entry(u"system/sub-b.desktop"_s, "B");
+        entry(u"system/sub/c.desktop"_s, "C");
+        DesktopEntries followed = files.desktopEntries();
+        const auto isFollowed = [&](const QString& path) {
+            followed = files.desktopEntries(followed, {path});
+            return followed == files.desktopEntries();
+        };
+        QVERIFY(isFollowed(entry(u"system/sub-d.desktop"_s, "D")));
+        QVERIFY(isFollowed(entry(u"user/a.desktop"_s, "Another A")));
+        QVERIFY(isFollowed(entry(u"user/a.desktop"_s, "Written in place")));
+        const QString moved = tree.path(u"user/sub"_s);
+        QVERIFY(QDir().rename(tree.path(u"system/sub"_s), moved));
+        QVERIFY(isFollowed(moved) == false && isFollowed(tree.path(u"system/sub"_s)));
+        QVERIFY(QDir(moved).removeRecursively() && isFollowed(moved));
+        QCOMPARE(followed.withId(u"a"_s)->name, u"Written in place"_s);
     }
 
     void hidingLinksStillHaveAnIdentifier()

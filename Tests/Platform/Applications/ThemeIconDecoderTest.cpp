@@ -218,7 +218,9 @@ private:
                                       = {m_tree->path(u"user"_s), m_tree->path(u"system"_s)},
                                       .pixmaps = {m_tree->path(u"pixmaps"_s)}};
             m_decoder = std::make_unique<ThemeIconDecoder>(
-                [folders] { return sessionIconTheme({}, folders); }, folders);
+                [folders] { return sessionIconTheme({}, folders); },
+                [](const QString& name) { return name; },
+                folders);
         }
         return m_decoder->decode(AppIcon{source}, side, scale);
     }

@@ -59,7 +59,7 @@ ApplicationWorkspace::ApplicationWorkspace(MainQueue& mainQueue,
     m_frontmost = frontmostIdentity();
     // Before the first reading, so that nothing changes unseen between the two.
     m_watch = m_fileManager.watch(m_fileManager.applicationFolders(),
-                                  [this](const QStringList&) { readEntries(); });
+                                  [this](const QStringList& paths) { followChanges(paths); });
     readEntries();
 }
 
@@ -104,15 +104,37 @@ void ApplicationWorkspace::openApplication(const QString& path,
 
 void ApplicationWorkspace::readEntries()
 {
-    if (m_isReading) {
-        m_mustReadAgain = true;
+    m_mustReadAll = true;
+    read();
+}
+
+void ApplicationWorkspace::followChanges(const QStringList& paths)
+{
+    m_mustReadAll |= paths.isEmpty();
+    m_changedPaths += paths;
+    read();
+}
+
+/// What has to be read, unless something is being read: then after that.
+void ApplicationWorkspace::read()
+{
+    if (m_isReading || !(m_mustReadAll || !m_changedPaths.isEmpty())) {
         return;
     }
     m_isReading = true;
-    m_lastRead = m_mainQueue.systemUptime();
+    const bool isAll = std::exchange(m_mustReadAll, false);
+    if (isAll) {
+        m_lastRead = m_mainQueue.systemUptime();
+    }
     m_workQueue.run(
         WorkPriority::userInitiated,
-        [&fileManager = m_fileManager] { return fileManager.desktopEntries(); },
+        [isAll,
+         &fileManager = m_fileManager,
+         entries = m_entries,
+         paths = std::exchange(m_changedPaths, {})] {
+            return isAll ? fileManager.desktopEntries()
+                         : fileManager.desktopEntries(entries, paths);
+        },
         [self = QPointer<ApplicationWorkspace>(this)](const DesktopEntries& entries) {
             if (self) {
                 self->takeEntries(entries);
@@ -136,9 +158,7 @@ void ApplicationWorkspace::takeEntries(const DesktopEntries& entries)
         }
         updateFrontmost();
     }
-    if (std::exchange(m_mustReadAgain, false)) {
-        readEntries();
-    }
+    read();
 }
 
 void ApplicationWorkspace::updateApplications()

@@ -55,6 +55,8 @@ private:
         std::optional<QString> identifier;
     };
     void readEntries();
+    void followChanges(const QStringList& paths);
+    void read();
     void takeEntries(const DesktopEntries& entries);
     void updateApplications();
     void updateFrontmost();
@@ -77,7 +79,8 @@ private:
     Task m_unknownWindowTask;
     bool m_hasEntries = false;
     bool m_isReading = false;
-    bool m_mustReadAgain = false;
+    bool m_mustReadAll = false;
+    QStringList m_changedPaths; ///< Still to be read.
     double m_lastRead = 0;
     const QString m_ownControlGroup;
     RunningApplicationList m_applications;

@@ -21,23 +21,22 @@ QString similar(QString name)
 } // namespace
 
 DesktopEntries::DesktopEntries(QList<DesktopEntry> entries)
+    : m_entries(std::move(entries))
 {
     QSet<QString> seen;
-    for (DesktopEntry& entry : entries) {
-        if (seen.contains(entry.id)) {
-            continue;
-        }
-        // One that is deleted or damaged still stands in the way of those behind it.
-        seen.insert(entry.id);
-        if (entry.isApplication && !entry.isDeleted) {
-            m_entries.append(std::move(entry));
-        }
-    }
+    QList<qsizetype> standing;
     for (qsizetype position = 0; position < m_entries.size(); ++position) {
-        addNames(position);
+        const DesktopEntry& entry = m_entries.at(position);
+        const qsizetype before = seen.size();
+        seen.insert(entry.id);
+        // One that is deleted or damaged still stands in the way of those behind it.
+        if (seen.size() > before && entry.isApplication && !entry.isDeleted) {
+            standing.append(position);
+            addNames(position);
+        }
     }
     // The whole of an ID is more than the end of another, so the ends come last.
-    for (qsizetype position = 0; position < m_entries.size(); ++position) {
+    for (const qsizetype position : std::as_const(standing)) {
         const QString id = similar(m_entries.at(position).id);
         if (id.contains(u'.')) {
             add(m_similarIds, id.section(u'.', -1), position, Rivals::none);

@@ -19,7 +19,8 @@ public:
     /// The most important first: of several entries with the same ID the first one counts.
     explicit DesktopEntries(QList<DesktopEntry> entries);
 
-    [[nodiscard]] qsizetype size() const { return m_entries.size(); }
+    /// Also those that do not count.
+    [[nodiscard]] const QList<DesktopEntry>& all() const { return m_entries; }
     [[nodiscard]] const DesktopEntry* withPath(const QString& path) const;
     [[nodiscard]] const DesktopEntry* withId(const QString& id) const;
     /// Without regard to case, to blanks in place of dashes and to the domain before the name

@@ -12,18 +12,28 @@ DesktopEntry DesktopEntryCache::read(const QString& path, const QString& id)
 {
     // Before the reading: what is written in between has another stamp.
     const Stamp stamp = stampOf(path);
-    {
-        const QMutexLocker lock(&m_mutex);
-        const auto known = m_known.constFind(path);
-        if (known != m_known.cend() && known->stamp == stamp && known->entry.id == id) {
-            return known->entry;
-        }
+    if (std::optional<DesktopEntry> entry = known(path, id, stamp)) {
+        return *std::move(entry);
+    }
+    const QMutexLocker reading(&m_reading.at(qHash(path) % m_reading.size()));
+    if (std::optional<DesktopEntry> entry = known(path, id, stamp)) {
+        return *std::move(entry);
     }
     const DesktopEntry entry = DesktopEntryFile::read(path, id);
     const QMutexLocker lock(&m_mutex);
     ++m_reads;
     m_known.insert(path, {.stamp = stamp, .entry = entry});
     return entry;
+}
+
+std::optional<DesktopEntry>
+DesktopEntryCache::known(const QString& path, const QString& id, const Stamp& stamp) const
+{
+    const QMutexLocker lock(&m_mutex);
+    const auto found = m_known.constFind(path);
+    const bool isCurrent
+        = found != m_known.cend() && found->stamp == stamp && found->entry.id == id;
+    return isCurrent ? std::optional(found->entry) : std::nullopt;
 }
 
 void DesktopEntryCache::keepOnly(const QSet<QString>& paths)

@@ -7,6 +7,9 @@
 #include <QMutex>
 #include <QSet>
 
+#include <array>
+#include <optional>
+
 namespace Tavik {
 
 /// Reads desktop entries for all who need them: each once, and again when its file is another or
@@ -41,6 +44,11 @@ private:
     };
     [[nodiscard]] static Stamp stampOf(const QString& path);
 
+    [[nodiscard]] std::optional<DesktopEntry>
+    known(const QString& path, const QString& id, const Stamp& stamp) const;
+
+    /// Each is held while one of its paths is read: whoever comes second waits for the first.
+    std::array<QMutex, 16> m_reading;
     mutable QMutex m_mutex;
     QHash<QString, Known> m_known; ///< By path.
     quint64 m_reads = 0;

@@ -152,8 +152,13 @@ Bundle bundle(const DesktopEntry& entry)
     const auto isInstalled = [](const QString& program) {
         return program.isEmpty() || !installedProgram(program).isEmpty();
     };
-    bundle.isHidden = !entry.isApplication || entry.isHidden || !isInstalled(entry.requiredProgram)
-        || !(entry.isActivatable || isInstalled(CommandLine::firstWord(entry.command)));
+    const bool isWanted = entry.isApplication && !entry.isHidden;
+    const QString program = entry.isActivatable ? QString() : CommandLine::firstWord(entry.command);
+    // Mostly the two are the same, and looking along the whole path takes its time.
+    bundle.lacksProgram = isWanted
+        && !(isInstalled(entry.requiredProgram)
+             && (program == entry.requiredProgram || isInstalled(program)));
+    bundle.isHidden = !isWanted || bundle.lacksProgram;
     return bundle;
 }
 

@@ -70,7 +70,7 @@ void FolderNotifications::read()
                 m_numbers.remove(folder);
                 m_paths.remove(event.wd);
             } else if (!folder.isEmpty() || (event.mask & IN_Q_OVERFLOW) != 0) {
-                Q_EMIT changed(folder, name);
+                Q_EMIT changed(folder, name, name.isEmpty() || (event.mask & IN_ISDIR) != 0);
             }
         }
     }

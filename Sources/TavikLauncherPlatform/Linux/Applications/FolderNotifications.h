@@ -32,7 +32,7 @@ public:
 Q_SIGNALS:
     /// `name` is empty when it is the folder itself, and both are when too much has happened to be
     /// told one by one.
-    void changed(const QString& folder, const QString& name);
+    void changed(const QString& folder, const QString& name, bool isFolder);
 
 private:
     void read();

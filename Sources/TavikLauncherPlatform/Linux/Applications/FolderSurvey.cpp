@@ -4,7 +4,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSet>
 
 #include <sys/stat.h>
 
@@ -85,14 +84,20 @@ FolderSurvey FolderSurvey::of(const QStringList& folders)
 {
     FolderSurvey survey{.places = placesOf(folders), .watches = {}};
     auto& watches = survey.watches;
-    QSet<Identity> known{Identity()};
-    const auto add = [&watches, &known](const QString& path, bool isInside) {
-        // Under two paths the kernel would still report a folder's changes under one only.
+    QHash<Identity, QString> known;
+    const auto add = [&survey, &watches, &known](const QString& path, bool isInside) {
         const Identity identity = identityOf(path);
-        if (known.contains(identity)) {
+        if (identity == Identity()) {
             return false;
         }
-        known.insert(identity);
+        if (known.contains(identity)) {
+            // Under two paths the kernel would still report a folder's changes under one only.
+            if (isInside && known.value(identity) != path) {
+                survey.doubles.append({known.value(identity), path});
+            }
+            return false;
+        }
+        known.insert(identity, path);
         watches.insert(path, {.identity = identity, .isInside = isInside});
         return true;
     };
@@ -109,6 +114,17 @@ FolderSurvey FolderSurvey::of(const QStringList& folders)
         add(folder, false);
     }
     return survey;
+}
+
+QStringList FolderSurvey::otherPathsOf(const QString& path) const
+{
+    QStringList others;
+    for (const auto& [watched, other] : doubles) {
+        if (path.startsWith(watched + u'/')) {
+            others.append(other + path.sliced(watched.size()));
+        }
+    }
+    return others;
 }
 
 } // namespace Tavik

@@ -31,8 +31,12 @@ struct FolderSurvey
     [[nodiscard]] static FolderSurvey of(const QStringList& folders);
     [[nodiscard]] static Places placesOf(const QStringList& folders);
 
+    /// Where else a walk meets what is at `path`, which is in a folder that is watched.
+    [[nodiscard]] QStringList otherPathsOf(const QString& path) const;
+
     Places places;
     QHash<QString, Watched> watches; ///< By path, each folder once.
+    QList<std::pair<QString, QString>> doubles; ///< A folder that is watched, and its other path.
 };
 
 } // namespace Tavik

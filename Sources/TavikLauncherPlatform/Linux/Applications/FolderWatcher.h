@@ -29,14 +29,16 @@ public:
     FolderWatcher(MainQueue& mainQueue, WorkQueue& workQueue, QStringList folders);
 
 Q_SIGNALS:
-    /// Changes have settled for a second, or have gone on for five. `paths` are what has changed;
-    /// none means that it may be anything.
+    /// Changes have settled for a second, or have gone on for five. `paths` are what has changed,
+    /// a folder's with all that is below it; none means that it may be anything.
     void changed(const QStringList& paths);
 
 private:
-    void handleChange(const QString& folder, const QString& name);
-    void settle();
+    void handleChange(const QString& folder, const QString& name, bool isFolder);
+    void handleSettled();
+    void survey();
     void take(const FolderSurvey& survey);
+    void report(const QSet<QString>& changed);
 
     MainQueue& m_mainQueue;
     WorkQueue& m_workQueue;
@@ -44,8 +46,8 @@ private:
     FolderNotifications m_notifications;
     FolderSurvey m_survey; ///< The last look.
     QSet<QString> m_changed; ///< Paths; the empty one stands for anything.
+    bool m_mustSurvey = false; ///< Folders may have come or gone.
     bool m_isSurveying = false;
-    bool m_mustSurveyAgain = false;
     std::optional<double> m_unsettledSince;
     Task m_settling;
 };

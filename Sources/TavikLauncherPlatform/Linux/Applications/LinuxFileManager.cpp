@@ -5,6 +5,7 @@
 #include <TavikLauncherPlatform/Linux/Disk/BoundedFile.h>
 #include <TavikLauncherPlatform/Linux/Disk/LogFile.h>
 #include <TavikLauncherPlatform/Linux/Disk/ReplaceFile.h>
+#include <TavikLauncherPlatform/WalkOrder.h>
 
 #include <QDir>
 #include <QFile>
@@ -12,6 +13,7 @@
 #include <QStandardPaths>
 
 #include <algorithm>
+#include <cerrno>
 #include <dirent.h>
 #include <filesystem>
 #include <utility>
@@ -57,22 +59,33 @@ QStringList visibleNames(const QByteArray& folder)
     return names;
 }
 
-void walk(const QString& folder, const std::function<void(const DirectoryItem&)>& visit)
+void walkFrom(const QString& path, const FileManager::Visit& visit);
+
+void walk(const QString& folder, const FileManager::Visit& visit)
 {
     for (const QString& name : visibleNames(QFile::encodeName(folder))) {
-        DirectoryItem item{.path = folder + u'/' + name, .isSymbolicLink = false, .ownerId = {}};
-        struct stat status = {};
-        bool isFolder = false;
-        if (::lstat(QFile::encodeName(item.path).constData(), &status) == 0) {
-            item.isSymbolicLink = S_ISLNK(status.st_mode);
-            item.ownerId = status.st_uid;
-            isFolder = S_ISDIR(status.st_mode);
+        walkFrom(folder + u'/' + name, visit);
+    }
+}
+
+void walkFrom(const QString& path, const FileManager::Visit& visit)
+{
+    struct stat status = {};
+    if (::lstat(QFile::encodeName(path).constData(), &status) != 0) {
+        if (errno != ENOENT && errno != ENOTDIR) {
+            visit({.path = path, .isSymbolicLink = false, .ownerId = {}});
         }
-        visit(item);
-        // Links are never descended into, so no cycle can form.
-        if (isFolder && !name.endsWith(".app"_L1)) {
-            walk(item.path, visit);
-        }
+        return;
+    }
+    const bool isPackage = path.endsWith(".app"_L1);
+    // What is called a package, but is a pipe, a device or an ordinary file, is none.
+    if (isPackage && !QFileInfo(path).isDir()) {
+        return;
+    }
+    visit({.path = path, .isSymbolicLink = S_ISLNK(status.st_mode), .ownerId = status.st_uid});
+    // Links are never descended into, so no cycle can form.
+    if (S_ISDIR(status.st_mode) && !isPackage) {
+        walk(path, visit);
     }
 }
 
@@ -113,13 +126,38 @@ bool LinuxFileManager::isApplicationBundle(const QString& path) const
         || (path.endsWith(".desktop"_L1) && info.isFile());
 }
 
-void LinuxFileManager::enumerate(const QString& folder,
-                                 const std::function<void(const DirectoryItem&)>& visit) const
+void LinuxFileManager::enumerate(const QString& folder, const Visit& visit) const
 {
     walk(folder, visit);
 }
 
+void LinuxFileManager::enumerateFrom(const QString& path, const Visit& visit) const
+{
+    walkFrom(path, visit);
+}
+
 std::optional<Bundle> LinuxFileManager::bundle(const QString& path) const
+{
+    std::optional<Bundle> bundle = contentOfBundle(path);
+    if (bundle) {
+        bundle->iconSource = path;
+    }
+    return bundle;
+}
+
+QString LinuxFileManager::iconSource(const QString& path) const
+{
+    if (!path.startsWith(u'/') || !isApplicationBundle(path)) {
+        return path;
+    }
+    if (path.endsWith(".desktop"_L1)) {
+        return entry(path).icon;
+    }
+    const std::optional<Bundle> found = contentOfBundle(path);
+    return found ? found->iconSource : QString();
+}
+
+std::optional<Bundle> LinuxFileManager::contentOfBundle(const QString& path) const
 {
     if (path.endsWith(".app"_L1)) {
         return ApplicationFolder::read(path);
@@ -155,6 +193,28 @@ DesktopEntries LinuxFileManager::desktopEntries() const
     return DesktopEntries(std::move(entries));
 }
 
+DesktopEntries LinuxFileManager::desktopEntries(const DesktopEntries& entries,
+                                                const QStringList& paths) const
+{
+    const WalkOrder order(m_applicationFolders);
+    const auto pathOf = [](const DesktopEntry& entry) -> const QString& {
+        return entry.path;
+    };
+    QList<DesktopEntry> all = entries.all();
+    for (const QString& path : paths) {
+        if (!order.folderOf(path)) {
+            continue;
+        }
+        order.takeBelow(all, path, pathOf);
+        walkFrom(path, [&](const DirectoryItem& item) {
+            if (item.path.endsWith(".desktop"_L1)) {
+                order.insert(all, entry(item.path), pathOf);
+            }
+        });
+    }
+    return DesktopEntries(std::move(all));
+}
+
 LaunchTarget LinuxFileManager::launchTarget(const QString& path) const
 {
     if (path.endsWith(".desktop"_L1)) {
@@ -167,6 +227,12 @@ LaunchTarget LinuxFileManager::launchTarget(const QString& path) const
 unsigned LinuxFileManager::userId() const
 {
     return ::getuid();
+}
+
+std::optional<qint64> LinuxFileManager::fileSize(const QString& path) const
+{
+    const QFileInfo info(path);
+    return info.exists() ? std::optional(info.size()) : std::nullopt;
 }
 
 std::optional<QByteArray> LinuxFileManager::readFile(const QString& path, qint64 maxBytes) const

@@ -32,12 +32,15 @@ public:
     [[nodiscard]] bool fileExists(const QString& path) const override;
     [[nodiscard]] bool isApplicationBundle(const QString& path) const override;
     /// Follows a link only when it is `folder` itself. Items come sorted by name, folder by folder.
-    void enumerate(const QString& folder,
-                   const std::function<void(const DirectoryItem&)>& visit) const override;
+    void enumerate(const QString& folder, const Visit& visit) const override;
+    void enumerateFrom(const QString& path, const Visit& visit) const override;
     /// A desktop entry that is there but damaged yields a hidden bundle, because it still hides
     /// the entries of the same identifier in less important folders.
+    /// As its icon it names itself, so that an icon has the same name before and after a bundle was
+    /// first read.
     [[nodiscard]] std::optional<Bundle> bundle(const QString& path) const override;
     [[nodiscard]] unsigned userId() const override;
+    [[nodiscard]] std::optional<qint64> fileSize(const QString& path) const override;
     [[nodiscard]] std::optional<QByteArray> readFile(const QString& path,
                                                      qint64 maxBytes) const override;
     /// A new file is for the user alone; an existing one keeps its permissions.
@@ -54,12 +57,19 @@ public:
 
     /// Every entry below the application folders. May run on any thread.
     [[nodiscard]] DesktopEntries desktopEntries() const;
+    /// `entries` as they are after changes at `paths` and below. May run on any thread.
+    [[nodiscard]] DesktopEntries desktopEntries(const DesktopEntries& entries,
+                                                const QStringList& paths) const;
+    /// The icon of the application at `path`: a theme icon's name or an image's path; for any other
+    /// text that text. May run on any thread.
+    [[nodiscard]] QString iconSource(const QString& path) const;
     /// What is started at `path`. May run on any thread.
     [[nodiscard]] LaunchTarget launchTarget(const QString& path) const;
 
 private:
     [[nodiscard]] QString desktopFileIdentifier(const QString& path) const;
     [[nodiscard]] DesktopEntry entry(const QString& path) const;
+    [[nodiscard]] std::optional<Bundle> contentOfBundle(const QString& path) const;
 
     MainQueue& m_mainQueue;
     WorkQueue& m_workQueue;

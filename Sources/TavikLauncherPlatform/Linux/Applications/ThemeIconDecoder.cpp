@@ -20,8 +20,11 @@ constexpr double maxScale = 8;
 
 } // namespace
 
-ThemeIconDecoder::ThemeIconDecoder(std::function<QString()> themeName, IconFolders folders)
+ThemeIconDecoder::ThemeIconDecoder(std::function<QString()> themeName,
+                                   std::function<QString(const QString&)> iconOf,
+                                   IconFolders folders)
     : m_askThemeName(std::move(themeName))
+    , m_iconOf(std::move(iconOf))
     , m_folders(std::move(folders))
     , m_themeName(m_askThemeName())
 { }
@@ -34,7 +37,7 @@ QImage ThemeIconDecoder::decode(const AppIcon& icon, int side, double scale) con
         image = IconImage::read(path, pixels);
         return !image.isNull();
     };
-    const QString source = usableIconSource(icon.source);
+    const QString source = usableIconSource(m_iconOf(icon.source));
     if (source.startsWith(u'/') && accept(source)) {
         return image;
     }

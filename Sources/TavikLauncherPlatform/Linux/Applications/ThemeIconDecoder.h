@@ -20,8 +20,11 @@ class ThemeIconDecoder final : public IconDecoder
 public:
     /// `themeName` answers with the name of the theme to draw with: now, and at each reload on the
     /// thread that reloads.
-    explicit ThemeIconDecoder(std::function<QString()> themeName,
-                              IconFolders folders = IconFolders::ofSession());
+    /// `iconOf` tells the icon of the application at a path, and any other text as it is; it is
+    /// asked on the threads that decode.
+    ThemeIconDecoder(std::function<QString()> themeName,
+                     std::function<QString(const QString&)> iconOf,
+                     IconFolders folders = IconFolders::ofSession());
 
     [[nodiscard]] QImage decode(const AppIcon& icon, int side, double scale) const override;
     /// Asks for the theme's name again and reads its index anew.
@@ -31,6 +34,7 @@ private:
     [[nodiscard]] IconTheme theme() const;
 
     const std::function<QString()> m_askThemeName;
+    const std::function<QString(const QString&)> m_iconOf;
     const IconFolders m_folders;
     mutable QMutex m_mutex; ///< Guards what follows.
     QString m_themeName;

@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Catalog/CatalogIndex.h>
+#include <TavikLauncher/Catalog/CatalogRecord.h>
+#include <TavikLauncherCore/AppSearch.h>
+#include <TavikLauncherPlatform/FileManager.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace Tavik {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// True for a link that the user made: the system's links are installed applications, the user's
+/// are shortcuts to ones that are listed already.
+bool isUsersOwnLink(const DirectoryItem& item, unsigned userId)
+{
+    return item.isSymbolicLink && userId != 0 && item.ownerId == userId;
+}
+
+/// Adds `text` to `set`; false when it was there already.
+bool isNew(QSet<QString>& set, const QString& text)
+{
+    const qsizetype before = set.size();
+    set.insert(text);
+    return set.size() > before;
+}
+
+bool isSameInAll(const IndexedApp& left, const IndexedApp& right)
+{
+    return left == right && left.icon().source == right.icon().source
+        && left.otherNames() == right.otherNames();
+}
+
+} // namespace
+
+CatalogIndex::CatalogIndex(QList<IndexedApp> apps)
+    : m_apps(std::move(apps))
+{
+    notePositions();
+}
+
+CatalogIndex CatalogIndex::loadApplications(const FileManager& fileManager,
+                                            const QStringList& searchPaths)
+{
+    CatalogIndex index;
+    index.m_order = WalkOrder(searchPaths);
+    QSet<QString> seen;
+    for (const QString& folder : searchPaths) {
+        if (!fileManager.fileExists(folder)) {
+            continue;
+        }
+        fileManager.enumerate(folder, [&](const DirectoryItem& found) {
+            if (std::optional<Item> item = CatalogIndex::item(fileManager, found);
+                item && isNew(seen, found.path)) {
+                index.m_items.append(*std::move(item));
+            }
+        });
+    }
+    Difference difference;
+    index.decideWhatIsShown(difference);
+    for (const Item& item : std::as_const(index.m_items)) {
+        if (item.isShown) {
+            index.m_apps.append(item.app);
+        }
+    }
+    index.m_apps = AppSearch::sortedByName(index.m_apps);
+    index.notePositions();
+    return index;
+}
+
+const IndexedApp* CatalogIndex::withPath(const QString& path) const
+{
+    const auto position = m_positions.constFind(path);
+    return position == m_positions.cend() ? nullptr : &m_apps.at(*position);
+}
+
+bool CatalogIndex::update(const FileManager& fileManager, const QStringList& paths)
+{
+    Difference difference;
+    QStringList installed;
+    for (const Item& item : std::as_const(m_items)) {
+        if (item.lacksProgram) {
+            const std::optional<Bundle> today = fileManager.bundle(item.app.path());
+            if (!today || !today->lacksProgram) {
+                installed.append(item.app.path());
+            }
+        }
+    }
+    for (const QString& path : paths + installed) {
+        if (m_order.folderOf(path)) {
+            lookAt(fileManager, path, difference);
+        }
+    }
+    decideWhatIsShown(difference);
+    return apply(difference);
+}
+
+std::optional<CatalogIndex::Item> CatalogIndex::item(const FileManager& fileManager,
+                                                     const DirectoryItem& found)
+{
+    if (found.path.endsWith(".app"_L1)) {
+        if (isUsersOwnLink(found, fileManager.userId())) {
+            return std::nullopt;
+        }
+        return Item{.app = CatalogRecord::record(found.path, fileManager.bundle(found.path)),
+                    .entryIdentifier = {}};
+    }
+    if (found.path.endsWith(".desktop"_L1)) {
+        if (const std::optional<Bundle> entry = fileManager.bundle(found.path)) {
+            return Item{.app = CatalogRecord::record(found.path, entry),
+                        .entryIdentifier = entry->identifier.value_or(QString()),
+                        .isHidden = entry->isHidden,
+                        .lacksProgram = entry->lacksProgram};
+        }
+    }
+    return std::nullopt;
+}
+
+void CatalogIndex::lookAt(const FileManager& fileManager,
+                          const QString& path,
+                          Difference& difference)
+{
+    for (const Item& item : m_order.takeBelow(m_items, path, pathOf)) {
+        if (item.isShown) {
+            difference.gone.insert(item.app.path(), item.app);
+        }
+    }
+    fileManager.enumerateFrom(path, [&](const DirectoryItem& found) {
+        if (const std::optional<Item> item = CatalogIndex::item(fileManager, found)) {
+            m_order.insert(m_items, *item, pathOf);
+        }
+    });
+}
+
+void CatalogIndex::decideWhatIsShown(Difference& difference)
+{
+    QSet<QString> identifiers;
+    for (Item& item : m_items) {
+        const bool isMasked
+            = !item.entryIdentifier.isEmpty() && !isNew(identifiers, item.entryIdentifier);
+        const bool isShown = !isMasked && !item.isHidden;
+        if (std::exchange(item.isShown, isShown) != isShown) {
+            auto& side = isShown ? difference.come : difference.gone;
+            side.insert(item.app.path(), item.app);
+        }
+    }
+}
+
+bool CatalogIndex::apply(Difference& difference)
+{
+    difference.come.removeIf([&difference](auto app) {
+        const auto old = difference.gone.constFind(app.key());
+        const bool isSame = old != difference.gone.cend() && isSameInAll(*old, *app);
+        if (isSame) {
+            difference.gone.erase(old);
+        }
+        return isSame;
+    });
+    if (difference.gone.isEmpty() && difference.come.isEmpty()) {
+        return false;
+    }
+    m_apps.removeIf(
+        [&difference](const IndexedApp& app) { return difference.gone.contains(app.path()); });
+    const auto isBefore = [this](const IndexedApp& left, const IndexedApp& right) {
+        return AppSearch::localizedCaseInsensitiveLess(left.name(), right.name())
+            || (!AppSearch::localizedCaseInsensitiveLess(right.name(), left.name())
+                && m_order.isBefore(left.path(), right.path()));
+    };
+    for (const IndexedApp& app : std::as_const(difference.come)) {
+        m_apps.insert(std::upper_bound(m_apps.begin(), m_apps.end(), app, isBefore), app);
+    }
+    notePositions();
+    return true;
+}
+
+void CatalogIndex::notePositions()
+{
+    m_positions.clear();
+    m_positions.reserve(m_apps.size());
+    for (qsizetype position = 0; position < m_apps.size(); ++position) {
+        const QString& path = m_apps.at(position).path();
+        if (!m_positions.contains(path)) {
+            m_positions.insert(path, position);
+        }
+    }
+}
+
+} // namespace Tavik

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncherCore/IndexedApp.h>
+#include <TavikLauncherPlatform/WalkOrder.h>
+
+#include <QHash>
+#include <QList>
+#include <QSet>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+namespace Tavik {
+
+class FileManager;
+struct DirectoryItem;
+
+/// What a walk over the application folders has met, and the applications among it. A value, cheap
+/// to copy. Its walk and its updates read the disk, so they run off the main thread.
+class CatalogIndex
+{
+public:
+    CatalogIndex() = default;
+    /// Everything below `searchPaths`. Missing and unreadable folders are skipped silently.
+    [[nodiscard]] static CatalogIndex loadApplications(const FileManager& fileManager,
+                                                       const QStringList& searchPaths);
+    /// Holds `apps` as they are, and has met nothing.
+    explicit CatalogIndex(QList<IndexedApp> apps);
+
+    /// The applications, sorted by name as the user's language orders names. A desktop entry hides
+    /// those that come after it with the same identifier, even when it is not to be shown itself.
+    [[nodiscard]] const QList<IndexedApp>& apps() const { return m_apps; }
+    /// The first application with that path; null when there is none.
+    [[nodiscard]] const IndexedApp* withPath(const QString& path) const;
+
+    /// Looks anew at what is at `paths` and below, and at what may have been installed since. False
+    /// when all is as it was.
+    bool update(const FileManager& fileManager, const QStringList& paths);
+
+private:
+    /// Something that may be an application, whether it is shown or not.
+    struct Item
+    {
+        IndexedApp app;
+        QString entryIdentifier; ///< Empty for what hides nothing and cannot be hidden by others.
+        bool isHidden = false;
+        bool lacksProgram = false;
+        bool isShown = false;
+    };
+    [[nodiscard]] static const QString& pathOf(const Item& item) { return item.app.path(); }
+    [[nodiscard]] static std::optional<Item> item(const FileManager& fileManager,
+                                                  const DirectoryItem& found);
+    /// Both sides of a change of what is shown.
+    struct Difference
+    {
+        QHash<QString, IndexedApp> gone; ///< By path.
+        QHash<QString, IndexedApp> come;
+    };
+    void lookAt(const FileManager& fileManager, const QString& path, Difference& difference);
+    void decideWhatIsShown(Difference& difference);
+    bool apply(Difference& difference);
+    void notePositions();
+
+    WalkOrder m_order;
+    QList<Item> m_items; ///< In the order of the walk.
+    QList<IndexedApp> m_apps;
+    QHash<QString, qsizetype> m_positions; ///< Among the applications, by path.
+};
+
+} // namespace Tavik

@@ -11,6 +11,7 @@ from Xlib import display as xlib_display
 from harness.accessibility import find
 from harness.applications import open_window
 from harness.waiting import stays, wait_until
+from harness.window_managers import under
 
 CONTROL_SHIFT = 0x60000
 NAMES = ("Alder", "Birch", "Dog Rose", "Dogwood")
@@ -206,8 +207,7 @@ def test_the_keyboard_stays_free_for_everybody(ring, display):
     ring.wait_hidden()
 
 
-@pytest.mark.parametrize("desktop_options", [{"window_manager": name} for name in ("metacity", "xfwm4")],
-                         ids=lambda options: options["window_manager"])
+@under("metacity", "xfwm4", "mutter", "gnome-shell")
 def test_a_blink_of_the_chord_leaves_nothing_behind(launcher, apps, desktop, display, desktop_options):
     launcher.pin(*apps)
     launcher.settings(doubleTapModifiersPinsLauncher=False)

@@ -5,16 +5,20 @@ import time
 import pytest
 
 from harness.applications import open_window
-from harness.desktop import window_managers
 from harness.waiting import stays, wait_until
+from harness.window_managers import under, window_managers
 
-MANAGERS = [{"window_manager": name} for name in window_managers()]
-every_manager = pytest.mark.parametrize("desktop_options", MANAGERS, ids=lambda o: o["window_manager"])
+every_manager = under()
 
 
 @pytest.fixture
-def ring(launcher, applications):
-    launcher.pin(*(applications.add(name) for name in ("Alder", "Birch")))
+def apps(applications):
+    return [applications.add(name) for name in ("Alder", "Birch")]
+
+
+@pytest.fixture
+def ring(launcher, apps):
+    launcher.pin(*apps)
     return launcher.start()
 
 
@@ -22,21 +26,55 @@ def letters(desktop, title):
     return [line for line in desktop.log(title).splitlines() if line in ("key d", "key o", "key g", "key w")]
 
 
+def close(ring, display):
+    display.press("Escape")
+    if ring.is_shown():
+        display.press("Escape")  # The first one emptied the filter.
+    ring.wait_hidden()
+
+
 @every_manager
 def test_the_ring_takes_the_focus_at_once_and_gives_it_back(ring, desktop, display, look, desktop_options):
+    for _ in range(2):  # Nothing is there yet that could have the focus.
+        window = ring.summon(640, 400)
+        display.type("b")
+        close(ring, display)
     editor = open_window(desktop, "Editor", "--geometry", "400", "300", "60", "60")
     # Where the focus follows the pointer, it must not leave the editor before the ring is there.
-    display.move_pointer(*display.geometry(editor).centre)
+    middle = display.geometry(editor).centre
+    display.move_pointer(*middle)
     time.sleep(0.2)
     for _ in range(2):
         display.type("typing into the editor")  # Newer user time than the ring's last showing.
         window = ring.summon()
         look("open")
         assert display.is_above(window, editor)
+        centre = display.geometry(window).centre
+        assert max(abs(centre[0] - middle[0]), abs(centre[1] - middle[1])) <= 1, "no frame moves it"
         display.type("b")
         display.press("Escape")
         ring.wait_hidden()
         wait_until(lambda: display.has_focus(editor), "the editor has the focus again")
+
+
+@under(*(name for name in window_managers() if name != "dwm"))  # Nobody else can tell dwm what to show.
+def test_applications_come_up_from_everywhere(ring, apps, desktop, display, look, desktop_options):
+    ring.summon(640, 400)
+    display.press("ctrl+1")
+    ring.wait_hidden()
+    window = display.wait_for("Alder")
+    wait_until(lambda: display.has_focus(window), "what was started has the focus")
+    if desktop.window_manager.leave_key:
+        display.press(desktop.window_manager.leave_key)
+    else:
+        display.switch_to_desktop(1)
+    wait_until(lambda: not display.has_focus(window), "its desktop is left")
+    ring.summon(640, 400)
+    display.press("ctrl+1")
+    ring.wait_hidden()
+    wait_until(lambda: display.has_focus(window) and display.is_viewable(window), "it is up again")
+    look("up again")
+    assert len(apps[0].starts()) == 1
 
 
 @every_manager
@@ -64,9 +102,9 @@ def test_another_programs_held_grab_does_not_hide_the_ring(ring, desktop, displa
 
 @every_manager
 def test_what_is_typed_at_once_is_typed_into_the_ring(ring, applications, desktop, display, desktop_options):
-    birch = applications.add("Dogwood")
+    dogwood = applications.add("Dogwood")
     ring.stop()
-    ring.pin(birch, applications.add("Elder"))
+    ring.pin(applications.add("Elder"), dogwood)
     ring.start()
     editor = open_window(desktop, "Editor", "--geometry", "400", "300", "60", "60")
     display.move_pointer(*display.geometry(editor).centre)
@@ -79,11 +117,8 @@ def test_what_is_typed_at_once_is_typed_into_the_ring(ring, applications, deskto
         else:
             display.press(ring.hot_key)
             display.type("dogw")
-        ring.wait_shows(birch)
-        display.press("Escape")
-        if ring.is_shown():
-            display.press("Escape")
-        ring.wait_hidden()
+        ring.wait_shows(dogwood)
+        close(ring, display)
         wait_until(lambda: display.has_focus(editor), "the editor has the keyboard again")
     assert not letters(desktop, "Editor")
 
@@ -107,10 +142,28 @@ def test_a_click_elsewhere_ends_the_ring_and_arrives(ring, desktop, display, des
     wait_until(lambda: display.has_focus(editor), "the editor has the focus")
 
 
-@pytest.mark.desktop(window_manager="i3", has_compositor=False)
-def test_a_pointer_that_crosses_other_windows_takes_nothing_from_the_ring(ring, desktop, display):
-    open_window(desktop, "Editor")
-    open_window(desktop, "Other")
+@every_manager
+def test_a_ring_shown_again_at_once_goes_with_a_click_elsewhere(ring, desktop, display, desktop_options):
+    editor = open_window(desktop, "Editor", "--geometry", "400", "300", "60", "60")
+    place = display.geometry(editor)
+    for count in range(6):
+        display.move_pointer(900, 500)
+        for _ in range(3):  # Shown, hidden, and shown again within a tenth of a second.
+            display.press(ring.hot_key)
+            time.sleep(0.03)
+        wait_until(ring.is_shown, "the ring is shown")
+        display.click(place.x + 20, place.y + 40)
+        ring.wait_hidden()
+        wait_until(lambda: display.has_focus(editor), "the editor has the focus")
+
+
+@pytest.mark.parametrize("desktop_options", [
+    {"window_manager": name, "has_compositor": has_compositor}
+    for name in window_managers("i3", "openbox-follow", "dwm") for has_compositor in (False, True)],
+    ids=lambda options: f"{options['window_manager']}-{'composited' if options['has_compositor'] else 'bare'}")
+def test_a_pointer_that_crosses_other_windows_takes_nothing_from_the_ring(ring, desktop, display, desktop_options):
+    open_window(desktop, "Editor", "--geometry", "600", "700", "20", "20")
+    open_window(desktop, "Other", "--geometry", "600", "700", "660", "20")
     ring.summon(640, 400)
     for x in (640, 560, 640, 40, 1240, 640, 200):
         display.move_pointer(x, 400)
@@ -121,9 +174,20 @@ def test_a_pointer_that_crosses_other_windows_takes_nothing_from_the_ring(ring, 
 
 
 @pytest.mark.desktop(window_manager="i3")
-def test_a_full_screen_window_stays_so(ring, desktop, display):
+def test_tiling_leaves_windows_and_workspaces_as_they_are(ring, desktop, display):
+    def workspace():
+        return display.root_property("_NET_CURRENT_DESKTOP")
+
     film = open_window(desktop, "Film", "--full-screen", "--colour", "28c83c")
     ring.summon(640, 400)
     display.press("Escape")
     ring.wait_hidden()
     stays(lambda: display.geometry(film)[2:] == display.size, "the film fills the screen")
+
+    before = workspace()
+    for _ in range(2):  # From the film, then from the empty workspace.
+        ring.summon(640, 400)
+        display.press("super+2")
+        wait_until(lambda: workspace() != before, "the other workspace is shown")
+        close(ring, display)
+        stays(lambda: workspace() != before and not display.has_focus(film), "the user is not thrown back")

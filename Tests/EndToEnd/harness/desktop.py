@@ -13,25 +13,8 @@ from harness import processes
 from harness.applications import Applications
 from harness.display import Display
 from harness.waiting import wait_until
+from harness.window_managers import WINDOW_MANAGERS
 
-WINDOW_MANAGERS = {
-    "openbox": ["openbox", "--sm-disable"],
-    "xfwm4": ["xfwm4", "--compositor=off"],
-    "metacity": ["metacity", "--no-composite"],
-    "marco": ["marco", "--no-composite"],
-    "awesome": ["awesome"],
-    "i3": ["i3", "-c", str(pathlib.Path(__file__).with_name("i3.config"))],
-    "kwin": ["kwin_x11"],
-    "mutter": ["mutter", "--x11"],
-    "none": None,
-}
-COMPOSITING_MANAGERS = ("kwin", "mutter")
-
-
-def window_managers():
-    """Those that every run is made under, and with all desktops installed the heavy ones, too."""
-    names = ["openbox", "xfwm4", "metacity", "marco", "i3"]
-    return names + [name for name in COMPOSITING_MANAGERS if os.environ.get("TAVIK_ALL_DESKTOPS")]
 COMPOSITOR = ["picom", "--backend", "xrender", "--config", "/dev/null"]
 BACKGROUND = "#3060a0"
 
@@ -101,7 +84,7 @@ class Desktop:
         for monitor, output in zip(self.options.monitors, ("screen", "none", "none")):
             self.run(monitor.command(output))
         self.start_window_manager()
-        if self.options.has_compositor and self.options.window_manager not in COMPOSITING_MANAGERS:
+        if self.options.has_compositor and not (self.window_manager and self.window_manager.composites):
             self.start_compositor()
         self.run(["hsetroot", *self.options.background])
 
@@ -141,12 +124,19 @@ class Desktop:
         """Ends the session bus under everybody who is on it."""
         processes.end(self._buses[0])
 
+    @property
+    def window_manager(self):
+        return WINDOW_MANAGERS.get(self.options.window_manager)
+
     def start_window_manager(self):
-        command = WINDOW_MANAGERS[self.options.window_manager]
-        if not command:
+        if not (manager := self.window_manager):
+            assert self.options.window_manager == "none"
             return
-        self.spawn(command, log="window-manager")
-        wait_until(self._window_manager_answers, "the window manager has taken the screen")
+        environment = manager.prepare(self) if manager.prepare else None
+        self.spawn(manager.command, environment, log="window-manager")
+        wait_until(self._window_manager_answers, "the window manager has taken the screen", timeout=30)
+        if manager.settle:
+            manager.settle(self)
 
     def _window_manager_answers(self):
         check = self.display.root_property("_NET_SUPPORTING_WM_CHECK")
@@ -223,6 +213,7 @@ class Desktop:
         finally:
             bus.close_sync(None)
 
-    def name_has_owner(self, name):
+    def name_has_owner(self, name, address=None):
         return self.call(
-            "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus.NameHasOwner", "(s)", (name,))[0]
+            "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus.NameHasOwner", "(s)", (name,),
+            address)[0]

@@ -15,6 +15,7 @@ from harness.waiting import wait_until
 KEYS = {"ctrl": "Control_L", "alt": "Alt_L", "super": "Super_L", "shift": "Shift_L"}
 MODIFIER_MASKS = {"ctrl": X.ControlMask, "alt": X.Mod1Mask, "super": X.Mod4Mask, "shift": X.ShiftMask}
 GONE = (Xlib.error.BadWindow, Xlib.error.BadDrawable, Xlib.error.BadMatch)
+LARGEST_ICON = 64  # Pixels.
 
 
 class Rect(typing.NamedTuple):
@@ -92,8 +93,12 @@ class Display:
             return False
 
     def find(self, title):
-        """The viewable window with that title, or None."""
-        return next((w for w in self.all_windows() if self.title(w) == title and self.is_viewable(w)), None)
+        """The viewable window with that title, or None. An icon in a tray bears its program's name, too."""
+        def is_it(window):
+            return (self.title(window) == title and self.is_viewable(window)
+                    and (place := self.geometry(window)) and place.width > LARGEST_ICON)
+
+        return next(filter(is_it, self.all_windows()), None)
 
     def wait_for(self, title, timeout=10.0):
         return wait_until(lambda: self.find(title), f"a window titled {title!r} is shown", timeout)
@@ -186,20 +191,25 @@ class Display:
 
     # --- pixels
 
-    def picture(self, rect=None):
-        """What the screen shows there, the compositor's work included."""
+    def picture(self, rect=None, window_id=None):
+        """What the screen shows there, the compositor's work included; or what this window has drawn there."""
         rect = rect or Rect(0, 0, *self.size)
         width, height = self.size
         left, top = max(0, rect.x), max(0, rect.y)
         right, bottom = min(width, rect.x + rect.width), min(height, rect.y + rect.height)
-        image = self.root.get_image(left, top, right - left, bottom - top, X.ZPixmap, 0xFFFFFFFF)
+        place = self.geometry(window_id) if window_id else Rect(0, 0, *self.size)
+        source = self.window(window_id) if window_id else self.root
+        image = source.get_image(
+            left - place.x, top - place.y, right - left, bottom - top, X.ZPixmap, 0xFFFFFFFF)
         return Picture(right - left, bottom - top, image.data)
 
     # --- hands
 
     def move_pointer(self, x, y):
+        """Returns when the pointer is there: it waits for a window manager that is thinking about a click."""
         xtest.fake_input(self.connection, X.MotionNotify, x=int(x), y=int(y))
         self.connection.sync()
+        wait_until(lambda: self.pointer() == (int(x), int(y)), f"the pointer is at {int(x)}, {int(y)}")
 
     def pointer(self):
         answer = self.root.query_pointer()

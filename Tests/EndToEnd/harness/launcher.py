@@ -178,7 +178,9 @@ class Launcher:
 
     def icon_colour(self, slot, count, scale=1.0):
         x, y = self.slot_place(slot, count, scale)
-        return self.display.picture(Rect(int(x) - 2, int(y) - 2, 5, 5)).mean(2, 2)
+        manager = self.desktop.window_manager
+        window = self.window() if manager and manager.loses_frames else None
+        return self.display.picture(Rect(int(x) - 2, int(y) - 2, 5, 5), window).mean(2, 2)
 
     def shows(self, *applications, scale=1.0):
         """True when the ring's icons are those of these applications, slot by slot."""

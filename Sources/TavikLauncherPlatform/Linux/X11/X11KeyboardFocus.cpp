@@ -202,6 +202,10 @@ void X11KeyboardFocus::giveToPrevious()
             m_dependencies.connection, focusedWindow(m_dependencies.toolkit), m_panel)) {
         return;
     }
+    // Where the user has turned to another desktop meanwhile, the window manager decides.
+    if (!isHere(m_previousFocus) || !isHere(m_previousActive)) {
+        return;
+    }
     // As of the time when we took it, so that whoever takes it just now keeps it.
     const xcb_void_cookie_t cookie = xcb_set_input_focus_checked(
         m_dependencies.toolkit, XCB_INPUT_FOCUS_POINTER_ROOT, m_previousFocus, m_takenAt);
@@ -263,23 +267,29 @@ void X11KeyboardFocus::giveToSomebody()
 xcb_window_t X11KeyboardFocus::visibleWindow() const
 {
     xcb_connection_t* connection = m_dependencies.connection.get();
-    const xcb_window_t root = m_dependencies.connection.root();
-    const X11Atoms& atoms = m_dependencies.atoms;
     QList<xcb_window_t> candidates{m_previousActive};
     const QList<xcb_window_t> stacking
-        = X11Properties::windowList(connection, root, atoms[X11Atom::netClientListStacking]);
+        = X11Properties::windowList(connection,
+                                    m_dependencies.connection.root(),
+                                    m_dependencies.atoms[X11Atom::netClientListStacking]);
     std::ranges::copy(std::ranges::reverse_view(stacking), std::back_inserter(candidates));
-    const QList<uint32_t> here
-        = X11Properties::numbers(connection, root, atoms[X11Atom::netCurrentDesktop]);
-    // Some window managers keep the windows of other desktops mapped.
-    const auto found = std::ranges::find_if(candidates, [&](xcb_window_t window) {
-        const QList<uint32_t> desktop
-            = X11Properties::numbers(connection, window, atoms[X11Atom::netWmDesktop]);
-        return isViewable(window)
-            && (here.isEmpty() || desktop.isEmpty() || desktop.constFirst() == here.constFirst()
-                || desktop.constFirst() == allDesktops);
-    });
+    const auto found = std::ranges::find_if(
+        candidates, [this](xcb_window_t window) { return isViewable(window) && isHere(window); });
     return found == candidates.end() ? xcb_window_t{XCB_NONE} : *found;
+}
+
+/// Whether a window is not on another desktop, where some window managers keep windows mapped.
+bool X11KeyboardFocus::isHere(xcb_window_t window) const
+{
+    xcb_connection_t* connection = m_dependencies.connection.get();
+    const X11Atoms& atoms = m_dependencies.atoms;
+    X11PropertyQuery current(
+        connection, m_dependencies.connection.root(), atoms[X11Atom::netCurrentDesktop]);
+    X11PropertyQuery own(connection, window, atoms[X11Atom::netWmDesktop]);
+    const QList<uint32_t> here = current.numbers();
+    const QList<uint32_t> desktop = own.numbers();
+    return here.isEmpty() || desktop.isEmpty() || desktop.constFirst() == here.constFirst()
+        || desktop.constFirst() == allDesktops;
 }
 
 bool X11KeyboardFocus::has(xcb_window_t window) const
@@ -371,7 +381,9 @@ void X11KeyboardFocus::checkPanelFocus(bool isFinal)
     }
     ++m_retakes;
     // The window manager takes that window for the focused one now.
-    m_previousFocus = isNobodys(focus) ? m_previousFocus : focus;
+    if (!isNobodys(focus)) {
+        m_previousFocus = m_previousActive = focus;
+    }
     takeForPanel();
 }
 

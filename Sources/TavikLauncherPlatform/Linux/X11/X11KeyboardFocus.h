@@ -62,6 +62,7 @@ private:
     [[nodiscard]] xcb_window_t focusedWindow(xcb_connection_t* connection) const;
     [[nodiscard]] bool isNobodys(xcb_window_t focus) const;
     [[nodiscard]] bool isViewable(xcb_window_t window) const;
+    [[nodiscard]] bool isHere(xcb_window_t window) const;
     struct Pointer
     {
         std::pair<int, int> place; ///< Device pixels on the root window.

@@ -60,6 +60,11 @@ struct PlatformOptions
 /// Implemented by the one system that the build contains.
 [[nodiscard]] std::unique_ptr<Platform> makePlatform(const PlatformOptions& options);
 
+/// What this program does when the platform has started it as a process of its own, to the end;
+/// absent when it is meant to be the launcher. To be asked before anything else. Implemented beside
+/// `makePlatform`.
+[[nodiscard]] std::optional<int> runAsHelper(int argc, char** argv);
+
 /// Why no window can be shown in this session, as a clause for people; absent when one can. Needs
 /// no application object. Implemented beside `makePlatform`.
 [[nodiscard]] std::optional<QString> whyNoDisplay();

@@ -4,6 +4,7 @@ the place of the old one."""
 import os
 import pathlib
 import re
+import signal
 import subprocess
 import time
 
@@ -12,6 +13,7 @@ import pytest
 from harness import accessibility
 from harness.desktop import Monitor
 from harness.launcher import BUS_NAME, Launcher
+from harness.processes import descendants, is_alive
 from harness.update_feed import UpdateFeed
 from harness.waiting import stays, wait_front, wait_until
 
@@ -197,6 +199,26 @@ def test_who_types_into_the_settings_skips_nothing_that_the_schedule_finds(
     look("found")
     assert display.find(TITLE) and feed.requests == ["/feed.xml"]
     assert "Updater.skippedVersion" not in launcher.defaults()
+
+
+@pytest.mark.parametrize("ending", [signal.SIGKILL, signal.SIGTERM, None], ids=["killed", "ended", "cancelled"])
+def test_what_fetches_ends_with_whoever_wants_it(launcher, feed, image, desktop, display, ending):
+    feed.offer("2.1", image)
+    feed.goes_on.clear()
+    launcher.start("--background")
+    launcher.command("--check-for-updates")
+    fetching, = wait_until(lambda: descendants(launcher.process.pid), "a process fetches")
+    wait_until(lambda: feed.requests, "and has asked")
+    opened = [os.readlink(entry) for entry in pathlib.Path(f"/proc/{fetching}/fd").iterdir()]
+    assert not [name for name in opened if "inotify" in name or "tavik-launcher" in name], "nothing of ours is open there"
+    os.kill(fetching, signal.SIGSTOP)  # Whatever it is busy with.
+    if ending:
+        launcher.process.send_signal(ending)
+        launcher.process.wait(5)
+    else:
+        wait_front(display, TITLE)
+        display.press("Escape")
+    wait_until(lambda: not is_alive(fetching), "it is gone", 1)
 
 
 def test_a_build_without_a_feed_says_so(desktop, launcher, display, look):

@@ -15,6 +15,7 @@
 #include <QLoggingCategory>
 #include <QTextStream>
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -180,6 +181,11 @@ Ending run(int argc, char** argv, const CommandLine& commandLine, InstanceClaim&
 
 int main(int argc, char** argv)
 {
+    if (const std::optional<int> exitCode = runAsHelper(argc, argv)) {
+        return *exitCode;
+    }
+    // Processes of ours are waited for, whatever we were started to ignore.
+    std::signal(SIGCHLD, SIG_DFL);
     CommandLine commandLine = CommandLine::parse(argumentList(argc, argv));
     if (commandLine.answer) {
         print(commandLine.exitCode == 0 ? stdout : stderr, *commandLine.answer);

@@ -13,6 +13,7 @@
 #include <TavikLauncherPlatform/Linux/Session/SessionLockMonitor.h>
 #include <TavikLauncherPlatform/Linux/Updates/AppImage.h>
 #include <TavikLauncherPlatform/Linux/Updates/AppcastUpdater.h>
+#include <TavikLauncherPlatform/Linux/Updates/FetchProgram.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateFolder.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateSignature.h>
 #include <TavikLauncherPlatform/Linux/X11/X11InputGrabs.h>
@@ -146,6 +147,11 @@ std::unique_ptr<Updater> makeUpdater(const UpdateSource& source, Platform& platf
 }
 
 } // namespace
+
+std::optional<int> runAsHelper(int argc, char** argv)
+{
+    return FetchProgram::run(argc, argv);
+}
 
 std::unique_ptr<Platform> makePlatform(const PlatformOptions& options)
 {

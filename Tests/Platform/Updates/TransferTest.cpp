@@ -129,7 +129,7 @@ private Q_SLOTS:
         bench.start().setAutomaticallyChecksForUpdates(true);
         const bool isWaitedFor
             = fault.reason.contains(u"stopped") || fault.reason.contains(u"too slow");
-        QVERIFY(bench.checkToTheEnd(isWaitedFor ? 0.5 : 0.02));
+        QVERIFY(bench.checkToTheEnd(isWaitedFor ? 0.2 : 0.02));
         QCOMPARE(bench.driver.calls.count(u"error"_s), 1);
         QVERIFY2(bench.driver.reason.contains(fault.reason), qPrintable(bench.driver.reason));
         QVERIFY(bench.isClean(Test::UpdaterBench::image("old")));
@@ -171,8 +171,8 @@ private Q_SLOTS:
 
     void aTrustedServerServesAndLeadsNobodyToThisMachine()
     {
-        Test::UpdateServer::setTrusted(true);
-        const auto untrust = qScopeGuard([] { Test::UpdateServer::setTrusted(false); });
+        qputenv(Test::UpdateServer::trustVariable, "1");
+        const auto untrust = qScopeGuard([] { qunsetenv(Test::UpdateServer::trustVariable); });
         Test::UpdaterBench bench;
         Test::UpdateServer trusted(Test::UpdateServer::Protection::selfSigned);
         bench.offer({});
@@ -334,6 +334,7 @@ private:
         m_reason.reset();
         return std::make_unique<UpdateDownload>(
             m_fixture->transfer(),
+            m_fixture->workQueue,
             UpdateDownload::Request{.url = server().url("/package"),
                                     .length = length > 0 ? length : m_package.size(),
                                     .path = m_fixture->tree.path(name)},
@@ -359,5 +360,5 @@ private:
     QList<qint64> m_progress;
 };
 
-QTEST_GUILESS_MAIN(TransferTest)
+TAVIK_UPDATES_TEST_MAIN(TransferTest)
 #include "TransferTest.moc"

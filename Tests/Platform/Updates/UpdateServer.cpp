@@ -75,16 +75,13 @@ UpdateServer::UpdateServer(Protection protection)
     }
 }
 
-void UpdateServer::setTrusted(bool isTrusted)
+void UpdateServer::trustAsTold()
 {
-    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
-    QList<QSslCertificate> trusted = configuration.caCertificates();
-    trusted.removeAll(ownCertificate());
-    if (isTrusted) {
-        trusted << ownCertificate();
+    if (qEnvironmentVariableIsSet(trustVariable)) {
+        QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
+        configuration.addCaCertificate(ownCertificate());
+        QSslConfiguration::setDefaultConfiguration(configuration);
     }
-    configuration.setCaCertificates(trusted);
-    QSslConfiguration::setDefaultConfiguration(configuration);
 }
 
 QUrl UpdateServer::url(const QByteArray& path) const

@@ -3,6 +3,7 @@
 
 #include "UpdateServer.h"
 #include <TavikLauncherPlatform/Linux/Updates/AppcastUpdater.h>
+#include <TavikLauncherPlatform/Linux/Updates/FetchProgram.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateStatement.h>
 
 #include <QCryptographicHash>
@@ -15,6 +16,8 @@
 #include <Support/StepWorkQueue.h>
 #include <Support/VirtualMainQueue.h>
 #include <sodium.h>
+
+#include <sys/wait.h>
 
 namespace Tavik::Test {
 
@@ -79,14 +82,23 @@ struct UpdateFixture
             }
             QTest::qWait(1);
             workQueue.runAll();
-            mainQueue.advance(secondsPerTurn);
+            // A process that is still starting does not know of the clock that is turned.
+            const bool isStarting = isFetching() && server.requests.size() == m_requestsBefore;
+            m_requestsBefore = isFetching() ? m_requestsBefore : server.requests.size();
+            mainQueue.advance(isStarting ? qMin(secondsPerTurn, 0.002) : secondsPerTurn);
         }
         return true;
+    }
+    /// Whether there is a process that fetches.
+    [[nodiscard]] static bool isFetching()
+    {
+        siginfo_t information{};
+        return ::waitid(P_ALL, 0, &information, WEXITED | WNOHANG | WNOWAIT) == 0;
     }
 
     [[nodiscard]] UpdateTransfer::Dependencies transfer()
     {
-        return {.mainQueue = mainQueue, .workQueue = workQueue, .userAgent = "TavikLauncher/2.0"};
+        return {.mainQueue = mainQueue, .userAgent = "TavikLauncher/2.0"};
     }
 
     /// What lies in a folder, hidden files included.
@@ -106,6 +118,9 @@ struct UpdateFixture
     FileTree tree;
     VirtualMainQueue mainQueue;
     StepWorkQueue workQueue;
+
+private:
+    qsizetype m_requestsBefore = 0; ///< The present process.
 };
 
 /// An updater of version 2.0 with everything around it.
@@ -250,3 +265,16 @@ struct UpdaterBench : UpdateFixture
 };
 
 } // namespace Tavik::Test
+
+/// The test is also the program that fetches, as the launcher is.
+#define TAVIK_UPDATES_TEST_MAIN(TestClass)                                                         \
+    int main(int argc, char** argv)                                                                \
+    {                                                                                              \
+        Tavik::Test::UpdateServer::trustAsTold();                                                  \
+        if (const std::optional<int> code = Tavik::FetchProgram::run(argc, argv)) {                \
+            return *code;                                                                          \
+        }                                                                                          \
+        const QCoreApplication application(argc, argv);                                            \
+        TestClass test;                                                                            \
+        return QTest::qExec(&test, argc, argv);                                                    \
+    }

@@ -34,9 +34,11 @@ TransferFault wrongLength()
 } // namespace
 
 UpdateDownload::UpdateDownload(const UpdateTransfer::Dependencies& dependencies,
+                               WorkQueue& workQueue,
                                Request request,
                                Hooks hooks)
     : m_dependencies(dependencies)
+    , m_workQueue(workQueue)
     , m_request(std::move(request))
     , m_hooks(std::move(hooks))
     , m_file(std::make_shared<PartFile>(m_request.path))
@@ -48,14 +50,14 @@ UpdateDownload::UpdateDownload(const UpdateTransfer::Dependencies& dependencies,
 
 UpdateDownload::~UpdateDownload()
 {
-    discard(m_dependencies.workQueue, std::move(m_file));
+    discard(m_workQueue, std::move(m_file));
 }
 
 void UpdateDownload::onDisk(std::function<std::optional<QString>(PartFile&)> action, qint64 bytes)
 {
     m_waiting += bytes;
     ++m_actions;
-    m_dependencies.workQueue.run(
+    m_workQueue.run(
         WorkPriority::utility,
         [file = m_file, action = std::move(action)] { return action(*file); },
         [this, alive = QPointer<QObject>(&m_alive), bytes](const std::optional<QString>& reason) {
@@ -175,7 +177,7 @@ void UpdateDownload::finish(const QString& reason)
     if (reason.isEmpty()) {
         file->close();
     } else {
-        discard(m_dependencies.workQueue, std::move(file));
+        discard(m_workQueue, std::move(file));
     }
     const auto finished = m_hooks.finish;
     finished(std::move(file), reason);

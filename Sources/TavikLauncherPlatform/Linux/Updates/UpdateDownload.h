@@ -4,11 +4,15 @@
 #include <TavikLauncherPlatform/Linux/Updates/PartFile.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateTransfer.h>
 
+#include <QObject>
+
 #include <functional>
 #include <memory>
 #include <optional>
 
 namespace Tavik {
+
+class WorkQueue;
 
 /// Brings a file of known length to the disk. A connection that breaks off is made again, and the
 /// file continued where it was if the server still has the same one. Main thread only; the file is
@@ -30,8 +34,11 @@ public:
         std::function<void(std::shared_ptr<PartFile> file, const QString& reason)> finish;
     };
 
-    /// Begins. Destroying the download cancels it and removes the file.
-    UpdateDownload(const UpdateTransfer::Dependencies& dependencies, Request request, Hooks hooks);
+    /// Begins. Destroying the download cancels it and removes the file. The queue writes it.
+    UpdateDownload(const UpdateTransfer::Dependencies& dependencies,
+                   WorkQueue& workQueue,
+                   Request request,
+                   Hooks hooks);
     ~UpdateDownload();
     UpdateDownload(const UpdateDownload&) = delete;
     UpdateDownload& operator=(const UpdateDownload&) = delete;
@@ -49,6 +56,7 @@ private:
     void reportProgress();
 
     UpdateTransfer::Dependencies m_dependencies;
+    WorkQueue& m_workQueue;
     Request m_request;
     Hooks m_hooks;
     std::shared_ptr<PartFile> m_file;

@@ -11,6 +11,8 @@
 
 namespace Tavik {
 
+class WorkQueue;
+
 /// What a session of the updater works with.
 struct UpdateEnvironment
 {
@@ -31,9 +33,7 @@ struct UpdateEnvironment
 
     [[nodiscard]] UpdateTransfer::Dependencies transfer() const
     {
-        return {.mainQueue = mainQueue,
-                .workQueue = workQueue,
-                .userAgent = "TavikLauncher/" + version.toLatin1()};
+        return {.mainQueue = mainQueue, .userAgent = "TavikLauncher/" + version.toLatin1()};
     }
 };
 

@@ -49,6 +49,7 @@ void UpdateInstallation::download()
 {
     m_download = std::make_unique<UpdateDownload>(
         m_environment.transfer(),
+        m_environment.workQueue,
         UpdateDownload::Request{.url = m_enclosure.url,
                                 .length = m_enclosure.length,
                                 .path = replacesImage()

@@ -1,10 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Updates/UpdateReply.h>
 
-#include <QNetworkReply>
-#include <QNetworkRequest>
-#include <QUrl>
-
 namespace Tavik::UpdateReply {
 
 using namespace Qt::StringLiterals;
@@ -19,10 +15,9 @@ constexpr int statusRangeNotSatisfiable = 416;
 constexpr int firstServerError = 500;
 
 /// Only what stands for one exact sequence of bytes; weak tags do not.
-QByteArray validatorOf(const QNetworkReply& reply)
+QByteArray validatorOf(const FetchAnswer& answer)
 {
-    const QByteArray tag = reply.rawHeader("ETag");
-    return tag.startsWith('"') ? tag : reply.rawHeader("Last-Modified");
+    return answer.tag.startsWith('"') ? answer.tag : answer.lastModified;
 }
 
 struct ContentRange
@@ -55,35 +50,25 @@ std::optional<ContentRange> contentRange(const QByteArray& header)
 
 } // namespace
 
-int status(const QNetworkReply& reply)
+TransferHead head(const FetchAnswer& answer)
 {
-    return reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-}
-
-TransferHead head(const QNetworkReply& reply)
-{
-    TransferHead head{.validator = validatorOf(reply)};
-    const QString type = reply.header(QNetworkRequest::ContentTypeHeader).toString();
+    TransferHead head{.length = answer.length, .validator = validatorOf(answer)};
+    const QString type = QString::fromLatin1(answer.contentType);
     head.mimeType = type.section(u';', 0, 0).trimmed().toLower();
-    if (status(reply) == statusPartialContent) {
+    if (answer.status == statusPartialContent) {
         // A range that cannot be read begins where nobody asked.
         const ContentRange range
-            = contentRange(reply.rawHeader("Content-Range")).value_or(ContentRange{.first = -1});
+            = contentRange(answer.contentRange).value_or(ContentRange{.first = -1});
         head.startsAt = range.first;
         head.length = range.length;
-        return head;
-    }
-    const QVariant announced = reply.header(QNetworkRequest::ContentLengthHeader);
-    if (announced.isValid()) {
-        head.length = announced.toLongLong();
     }
     return head;
 }
 
 std::optional<TransferFault>
-refusal(const QNetworkReply& reply, const QString& subject, bool asksForPiece)
+refusal(const FetchAnswer& answer, const QString& subject, bool asksForPiece)
 {
-    const int code = status(reply);
+    const int code = answer.status;
     if (code == statusNotFound || code == statusGone) {
         return TransferFault{.reason = u"%1 is not on the server."_s.arg(subject)};
     }
@@ -93,17 +78,16 @@ refusal(const QNetworkReply& reply, const QString& subject, bool asksForPiece)
                              .mayPass
                              = code >= firstServerError || code == statusRangeNotSatisfiable};
     }
-    const QByteArray encoding = reply.rawHeader("Content-Encoding").trimmed().toLower();
+    const QByteArray encoding = answer.contentEncoding.trimmed().toLower();
     if (!encoding.isEmpty() && encoding != "identity") {
         return TransferFault{.reason = u"The server sent something packed, which was refused."_s};
     }
     return std::nullopt;
 }
 
-TransferFault networkFault(const QNetworkReply& reply, bool hasBadCertificate)
+TransferFault networkFault(const FetchEnd& end, const QString& host)
 {
-    const QString host = reply.url().host();
-    switch (reply.error()) {
+    switch (end.error) {
     case QNetworkReply::HostNotFoundError:
         return {.reason = u"The server “%1” was not found. Perhaps this computer is not connected "
                           u"to the internet."_s.arg(host),
@@ -111,7 +95,7 @@ TransferFault networkFault(const QNetworkReply& reply, bool hasBadCertificate)
     case QNetworkReply::ConnectionRefusedError:
         return {.reason = u"The server “%1” cannot be reached."_s.arg(host), .mayPass = true};
     case QNetworkReply::SslHandshakeFailedError:
-        return {.reason = hasBadCertificate
+        return {.reason = end.hasBadCertificate
                     ? u"The server “%1” could not prove who it is: its certificate is not valid "
                       u"here."_s.arg(host)
                     : u"No protected connection to the server “%1” could be made."_s.arg(host)};

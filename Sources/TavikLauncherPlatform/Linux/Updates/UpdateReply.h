@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncherPlatform/Linux/Updates/FetchMessages.h>
+
 #include <QByteArray>
 #include <QString>
 
 #include <optional>
-
-class QNetworkReply;
 
 namespace Tavik {
 
@@ -30,22 +30,19 @@ struct TransferHead
 
 } // namespace Tavik
 
-/// What the toolkit tells of an answer, in our terms.
+/// What an answer means, in our terms.
 namespace Tavik::UpdateReply {
 
-/// The number that stands for what the server makes of the request; 0 before it is there.
-[[nodiscard]] int status(const QNetworkReply& reply);
-
 /// Of an answer with the file, or with a piece of it.
-[[nodiscard]] TransferHead head(const QNetworkReply& reply);
+[[nodiscard]] TransferHead head(const FetchAnswer& answer);
 
 /// Why the answer has not what was asked for; `subject` begins the sentence, `asksForPiece` when
 /// not the whole was wanted.
 [[nodiscard]] std::optional<TransferFault>
-refusal(const QNetworkReply& reply, const QString& subject, bool asksForPiece);
+refusal(const FetchAnswer& answer, const QString& subject, bool asksForPiece);
 
-/// Why there was no answer, or no end of it.
-[[nodiscard]] TransferFault networkFault(const QNetworkReply& reply, bool hasBadCertificate);
+/// Why there was no answer of that host, or no end of it.
+[[nodiscard]] TransferFault networkFault(const FetchEnd& end, const QString& host);
 [[nodiscard]] TransferFault brokenOff();
 
 } // namespace Tavik::UpdateReply

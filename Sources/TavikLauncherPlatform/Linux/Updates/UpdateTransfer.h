@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncherPlatform/Linux/Updates/FetchProcess.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateReply.h>
 #include <TavikLauncherPlatform/MainQueue.h>
 
 #include <QByteArray>
-#include <QNetworkAccessManager>
-#include <QNetworkReply>
-#include <QObject>
 #include <QString>
 #include <QUrl>
 
@@ -17,12 +15,10 @@
 
 namespace Tavik {
 
-class WorkQueue;
-
 /// One file from a server, piece by piece. Fetches only where `mayFetch` allows, asks it again of
 /// every redirect, follows none from HTTPS to HTTP, trusts no certificate that the system does not,
 /// and gives up on servers that stall. Nothing is sent but the request: no cookies, no credentials,
-/// no language, no system. Main thread only.
+/// no language, no system. Every address is asked by a process of its own. Main thread only.
 class UpdateTransfer
 {
 public:
@@ -52,7 +48,6 @@ public:
     struct Dependencies
     {
         MainQueue& mainQueue;
-        WorkQueue& workQueue;
         QByteArray userAgent;
     };
 
@@ -69,37 +64,31 @@ public:
 
 private:
     void open(const QUrl& url);
-    void send(const QUrl& url);
-    void readHead();
-    void readBody();
-    void readEnd();
-    void redirect();
+    void answered(const FetchAnswer& answer);
+    void take(const QByteArray& bytes);
+    void fetched(const FetchEnd& fetchEnd);
+    void lost(FetchProcess::Loss loss);
+    void redirect(const QUrl& redirection);
     void end(std::optional<TransferFault> fault);
     [[nodiscard]] std::optional<TransferFault> begin(const TransferHead& head);
     [[nodiscard]] TransferFault tooLarge() const;
 
     MainQueue& m_mainQueue;
-    WorkQueue& m_workQueue;
     QByteArray m_userAgent;
     Request m_request;
     Hooks m_hooks;
     QUrl m_url; ///< Where the last redirect led.
     int m_redirects = 0;
+    qint64 m_announced = 0; ///< Bytes that are to come at least.
     qint64 m_received = 0;
     qint64 m_receivedInWindow = 0;
-    bool m_hasHead = false;
-    bool m_isDeaf = false; ///< To the reply that is there.
+    bool m_hasAnswer = false;
     bool m_isEnding = false;
     bool m_isPaused = false;
-    bool m_isComplete = false; ///< The reply ended while we were paused.
-    bool m_hasBadCertificate = false;
-    std::unique_ptr<QNetworkAccessManager> m_manager;
-    QNetworkReply* m_reply = nullptr; ///< The manager's.
+    std::unique_ptr<FetchProcess> m_fetch;
     Task m_window;
     Task m_deadline;
-    Task m_hoard; ///< Watches what the toolkit gathers.
-    Task m_next; ///< What must not happen inside a signal of the reply.
-    QObject m_alive; ///< Watched by what runs elsewhere.
+    Task m_next; ///< What must not happen inside a call of the process.
 };
 
 } // namespace Tavik

@@ -17,6 +17,10 @@ public:
     TerminationSignals(const TerminationSignals&) = delete;
     TerminationSignals& operator=(const TerminationSignals&) = delete;
 
+    /// Until there is one, each of them ends the process on the spot, with success: nothing has
+    /// been begun that would have to be undone. Needs no application object.
+    static void endAtOnce();
+
 private:
     class Pipe;
     std::unique_ptr<Pipe> m_pipe;

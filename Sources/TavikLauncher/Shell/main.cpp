@@ -192,6 +192,10 @@ int main(int argc, char** argv)
         return commandLine.exitCode;
     }
     AppRequest& request = commandLine.request;
+    // Whoever only asks another launcher for something has not got it when a signal comes.
+    if (!needsRunningInstance(request.action)) {
+        TerminationSignals::endAtOnce();
+    }
     request.activation = givenActivation();
     // What the running instance is to do needs neither windows nor fonts here: it is on its way
     // before the toolkit would have started.

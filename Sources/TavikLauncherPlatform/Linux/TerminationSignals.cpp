@@ -29,6 +29,30 @@ void writeByte(int)
     errno = error;
 }
 
+void exitNow(int)
+{
+    ::_exit(0);
+}
+
+using Actions = std::array<struct sigaction, handledSignals.size()>;
+
+/// Returns what was done on each before.
+Actions handle(void (*handler)(int))
+{
+    Actions before{};
+    struct sigaction action = {};
+    action.sa_handler = handler;
+    action.sa_flags = SA_RESTART;
+    for (std::size_t i = 0; i < handledSignals.size(); ++i) {
+        sigaction(handledSignals[i], nullptr, &before[i]);
+        // Whoever started the program with a signal ignored wants it to outlive that.
+        if (before[i].sa_handler != SIG_IGN) {
+            sigaction(handledSignals[i], &action, nullptr);
+        }
+    }
+    return before;
+}
+
 } // namespace
 
 class TerminationSignals::Pipe
@@ -48,19 +72,13 @@ public:
                              static_cast<void>(!read(pipeEnds[0], &byte, 1));
                              onTerminate();
                          });
-        struct sigaction action = {};
-        action.sa_handler = writeByte;
-        action.sa_flags = SA_RESTART;
-        for (std::size_t i = 0; i < handledSignals.size(); ++i) {
-            sigaction(handledSignals[i], nullptr, &m_before[i]);
-            // Whoever started the program with a signal ignored wants it to outlive that.
-            if (m_before[i].sa_handler != SIG_IGN) {
-                sigaction(handledSignals[i], &action, nullptr);
-            }
-        }
+        m_before = handle(writeByte);
     }
     ~Pipe()
     {
+        if (!m_notifier) {
+            return;
+        }
         for (std::size_t i = 0; i < handledSignals.size(); ++i) {
             sigaction(handledSignals[i], &m_before[i], nullptr);
         }
@@ -74,7 +92,7 @@ public:
 
 private:
     std::unique_ptr<QSocketNotifier> m_notifier;
-    std::array<struct sigaction, handledSignals.size()> m_before{};
+    Actions m_before{};
 };
 
 TerminationSignals::TerminationSignals(std::function<void()> onTerminate)
@@ -82,5 +100,10 @@ TerminationSignals::TerminationSignals(std::function<void()> onTerminate)
 { }
 
 TerminationSignals::~TerminationSignals() = default;
+
+void TerminationSignals::endAtOnce()
+{
+    static_cast<void>(handle(exitNow));
+}
 
 } // namespace Tavik

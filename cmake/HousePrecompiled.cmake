@@ -34,4 +34,8 @@ tavik_precompiled(tavik_precompiled_tests ${TAVIK_TEST_OPTIONS})
 # KIND is "rooms" or "tests", after the options that `target` is compiled with.
 function(tavik_read_precompiled target kind)
   target_precompile_headers(${target} REUSE_FROM tavik_precompiled_${kind})
+  # The headers' inline functions use classes of widgets, and sanitizers ask for the types of all that is used.
+  if(TAVIK_SANITIZE)
+    target_link_libraries(${target} PRIVATE $<TARGET_FILE:Qt6::Widgets> $<TARGET_FILE:Qt6::Gui>)
+  endif()
 endfunction()

@@ -15,6 +15,10 @@ constexpr qsizetype mostSpans = 8;
 constexpr qsizetype mostExtent = 40'000;
 /// A text document looks through the whole list for each of its items.
 constexpr qsizetype charactersPerItem = 200;
+/// Each stretch of another look is laid out by itself.
+constexpr qsizetype charactersPerSpan = 30;
+/// From here on, letters are put together from several characters, or come from other fonts.
+constexpr char16_t firstCostly = 0x300;
 /// One block is one text layout, which takes more than its share of time when it is long.
 constexpr qsizetype mostInBlock = 4000;
 constexpr qsizetype charactersPerLine = 80; ///< What a line break counts as.
@@ -86,6 +90,8 @@ void NotesWriter::text(QStringView text)
         m_hasText = m_hasText || !piece.trimmed().isEmpty();
         m_output += piece.toHtmlEscaped();
         m_inBlock += length;
+        m_extent += std::ranges::count_if(
+            piece, [](QChar character) { return character.unicode() >= firstCostly; });
         text = text.sliced(length);
     }
 }
@@ -140,6 +146,8 @@ void NotesWriter::push(const Element& element)
     }
     if (element.name == u"li"_s) {
         m_extent += charactersPerItem;
+    } else if (element.kind == Kind::span) {
+        m_extent += charactersPerSpan;
     }
     m_open.append(element);
 }

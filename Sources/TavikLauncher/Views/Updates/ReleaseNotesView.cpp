@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QScrollBar>
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 #include <utility>
@@ -13,6 +14,12 @@
 namespace Tavik {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype surelyHigh = 8000; ///< Characters, with the elements.
+
+} // namespace
 
 ReleaseNotesView::ReleaseNotesView(std::function<void(const QUrl&)> openLink, QWidget* parent)
     : QTextBrowser(parent)
@@ -55,12 +62,16 @@ void ReleaseNotesView::setContent(const QString& html)
     verticalScrollBar()->setValue(position);
 }
 
-int ReleaseNotesView::fullHeight(int width) const
+int ReleaseNotesView::fullHeight(int width, int enough) const
 {
+    // Laying out long ones twice would be seen.
+    if (m_html.size() > surelyHigh) {
+        return enough;
+    }
     const int frame = 2 * frameWidth();
     const std::unique_ptr<QTextDocument> copy(document()->clone());
     copy->setTextWidth(width - frame);
-    return static_cast<int>(std::ceil(copy->size().height())) + frame;
+    return std::min(static_cast<int>(std::ceil(copy->size().height())) + frame, enough);
 }
 
 QVariant ReleaseNotesView::loadResource(int, const QUrl&)

@@ -23,8 +23,8 @@ public:
     /// Says something of our own in the notes' place.
     void say(const QString& text);
 
-    /// How high the notes are at a width, all of them; in points.
-    [[nodiscard]] int fullHeight(int width) const;
+    /// How high the notes are at a width, all of them; in points, and `enough` at most.
+    [[nodiscard]] int fullHeight(int width, int enough) const;
 
     QVariant loadResource(int type, const QUrl& name) override;
 

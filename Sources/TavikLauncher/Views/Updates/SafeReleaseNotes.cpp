@@ -23,6 +23,7 @@ constexpr qsizetype mostNotes = 1'000'000; ///< Characters that are looked at.
 /// Qt's reader of Markdown needs four times as long for twice the text: half a second for this
 /// much emphasis. A longer text is shown as it was written, which reads well enough.
 constexpr qsizetype mostMarkdown = 10'000;
+constexpr qsizetype mostMarkdownLines = 600; ///< Of which each may be an item of one list.
 
 /// A document that reads, and never fetches anything.
 class UnlinkedDocument final : public QTextDocument
@@ -171,7 +172,8 @@ QString safeReleaseNotesHtml(const ReleaseNotes& notes)
     const QStringView text = QStringView(notes.text).left(mostNotes);
     if (notes.format == ReleaseNotes::Format::html) {
         writeNotesHtml(text, writer);
-    } else if (notes.format == ReleaseNotes::Format::markdown && text.size() <= mostMarkdown) {
+    } else if (notes.format == ReleaseNotes::Format::markdown && text.size() <= mostMarkdown
+               && text.count(u'\n') <= mostMarkdownLines) {
         writeMarkdown(notes.text, writer);
     } else {
         writePlainText(text, writer);

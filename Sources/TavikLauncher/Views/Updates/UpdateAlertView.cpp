@@ -135,8 +135,9 @@ QSize UpdateAlertView::preferredSize()
     }
     resize(width, height);
     layout()->activate();
-    const int surplus = m_notes->height() - m_notes->fullHeight(m_notes->width());
-    return {width, std::max(smallest.height(), height - std::max(surplus, 0))};
+    const int surplus
+        = m_notes->height() - m_notes->fullHeight(m_notes->width(), m_notes->height());
+    return {width, std::max(smallest.height(), height - surplus)};
 }
 
 } // namespace Tavik

@@ -160,9 +160,12 @@ def test_with_the_bus_gone_a_second_start_finds_the_first(launcher, applications
 
 
 def test_questions_and_mistakes_are_answered_without_a_running_program(launcher, desktop):
-    for argument, code, expected in (
-            ("--version", 0, "tavik-launcher 0."), ("--help", 0, "--toggle"), ("--no-such-thing", 2, "--no-such-thing")):
-        answer = launcher.command(argument)
+    for arguments, code, expected in (
+            (("--version",), 0, "tavik-launcher 0."), (("--help",), 0, "--toggle"), (("",), 2, "unknown option \n"),
+            (("%1",), 2, "unknown option %1\nUsage:"), (("--show", "--quit"), 2, "one option at a time"),
+            (("--quit=now",), 2, "--quit takes no value"), (("--fetch-update",), 2, ""),
+            (("--settings=%1",), 2, 'no section "%1"; there are general, shortcut, appearance, ')):
+        answer = launcher.command(*arguments)
         assert answer.returncode == code and expected in (answer.stderr if code else answer.stdout)
         assert not desktop.name_has_owner(BUS_NAME)
 

@@ -68,23 +68,6 @@ public:
 
 struct SoftwareUpdatesFixture
 {
-    void find(bool userInitiated)
-    {
-        UpdateItem item;
-        item.versionString = u"210"_s;
-        item.displayVersionString = u"2.1"_s;
-        updater.driver->showUpdateFound(item, {userInitiated}, [](UpdateChoice) {});
-    }
-    [[nodiscard]] static QWidget* window()
-    {
-        for (QWidget* widget : QApplication::topLevelWidgets()) {
-            if (widget->isVisible() && qobject_cast<UpdateWindow*>(widget)) {
-                return widget;
-            }
-        }
-        return nullptr;
-    }
-
     VirtualMainQueue mainQueue;
     FakeWindowServer windowServer;
     FakeAppearance appearance;
@@ -95,8 +78,6 @@ struct SoftwareUpdatesFixture
     FakeLoginItem loginItem;
     NotificationCenter notifications;
     LauncherSettings settings{defaults, loginItem, notifications};
-    QStringList reminders;
-    bool isFocused = false;
     std::optional<SoftwareUpdates> updates{
         std::in_place,
         SoftwareUpdates::Dependencies{.updater = updater,
@@ -107,15 +88,7 @@ struct SoftwareUpdatesFixture
                                       .fileManager = fileManager,
                                       .application = application,
                                       .version = u"2.0"_s},
-        SoftwareUpdates::Actions{
-            .showUpdateReminder
-            = [this](const QString& version) { reminders << u"remind of "_s + version; },
-            .clearUpdateReminder = [this] { reminders << u"clear"_s; },
-            .windowMade = [](AuxiliaryWindow&) {},
-            .isInImmediateFocus =
-                [this] {
-                    return isFocused;
-                }}};
+        SoftwareUpdates::Actions{}};
 };
 
 constexpr int never = -1;
@@ -171,35 +144,6 @@ private Q_SLOTS:
         QCOMPARE(fixture.updater.calls.join(u'|'),
                  u"start updater|check by itself|every 86400 s|check when asked|every 604800 s|"
                  "check by itself|every 2592000 s|check|stop updater"_s);
-    }
-
-    void aScheduledUpdateIsShownWhereTheUserIsAnyway()
-    {
-        for (const bool isFocused : {true, false}) {
-            SoftwareUpdatesFixture fixture;
-            fixture.isFocused = isFocused;
-            fixture.find(false);
-            QCOMPARE(fixture.window() != nullptr, isFocused);
-            QCOMPARE(fixture.reminders.contains(u"remind of 2.1"_s), !isFocused);
-            QCOMPARE(fixture.application.activations, 0);
-            fixture.updater.driver->dismissUpdateInstallation();
-            QCOMPARE(fixture.reminders.constLast(), u"clear"_s);
-        }
-    }
-
-    void whatTheUserAskedForIsBroughtToTheFront()
-    {
-        SoftwareUpdatesFixture fixture;
-        fixture.find(true);
-        QVERIFY(fixture.window());
-        fixture.application.windows = {FakeUpdaterApplication::window(3, {0, 0, 100, 70})};
-        fixture.mainQueue.advance(0.1);
-        QCOMPARE(fixture.application.calls.value(0), u"move 3 to 1150,250"_s);
-
-        fixture.application.calls.clear();
-        fixture.application.active = true;
-        fixture.updater.driver->showUpdaterError(u"No answer."_s, nullptr);
-        QCOMPARE(fixture.application.calls, QStringList{u"key front"_s});
     }
 
     void stepsEndInTime_data()

@@ -229,7 +229,6 @@ private Q_SLOTS:
         const Table<QByteArray, QString> row;
         const QByteArray good = feed("<item>" + version(file()) + "</item>");
         const QString damaged = u"damaged in line"_s;
-        const QString type = u"declares a document type"_s;
         QByteArray attributes;
         for (int number = 0; number < 300'000; ++number) {
             attributes += " a" + QByteArray::number(number) + "=''";
@@ -243,9 +242,9 @@ private Q_SLOTS:
         row("other bytes", "\xFF\xFE<\0", u"not valid text"_s);
         row("cut off", good.chopped(20), damaged);
         row("a file",
-            "<!DOCTYPE rss [<!ENTITY a SYSTEM 'file:///etc/passwd'>]><rss>&a;</rss>",
-            type);
-        row("a type behind a comment", "<!-- > --><?a > ?><!DOCTYPE rss><rss/>", type);
+            "<!-- > --><?a > ?><!DOCTYPE rss [<!ENTITY a SYSTEM "
+            "'file:///etc/passwd'>]><rss>&a;</rss>",
+            u"declares a document type"_s);
         row("very many attributes", "<rss" + attributes + "/>", u"too long"_s);
         row("one level too many", feed(QByteArray("<a>").repeated(31)), u"nested too deep"_s);
         row("as many as may be", feed("<b/><b></b>" + QByteArray("<a>").repeated(30)), damaged);

@@ -108,7 +108,6 @@ private Q_SLOTS:
         row("older and narrow", imageMadeAt(9, false), imageMadeAt(8, false), older);
         row("rebuilt", imageMadeAt(4'000'000'000), imageMadeAt(4'000'000'000), {});
         row("without a time", imageMadeAt(9), imageMadeAt(0), undated);
-        row("both without", imageMadeAt(0), imageMadeAt(0), undated);
         row("the first with one", imageMadeAt(0), imageMadeAt(1), {});
         row("without a file system", imageMadeAt(9), image("").left(64), undated);
         row("present is another thing", "my letter", image("new"), u"no longer there"_s);
@@ -263,22 +262,6 @@ private Q_SLOTS:
         change(file);
         const QString why = UpdateSignature::whyNotGenuine(file).value_or(QString());
         QVERIFY2(why.contains(expected), qPrintable(why));
-    }
-
-    void onlyWholeKeysAreRead()
-    {
-        const auto read = [](const QString& text) {
-            return UpdateSignature::fromBase64(text, UpdateSignature::publicKeySize);
-        };
-        const QString key = QString::fromLatin1(QByteArray(32, 'k').toBase64());
-        QCOMPARE(read(u" %1\n"_s.arg(key)), QByteArray(32, 'k'));
-        for (const QString& other : {key.chopped(4), // Too short.
-                                     key.chopped(1),
-                                     key.chopped(2) + u"1="_s, // More bits than bytes.
-                                     key.left(10) + u' ' + key.mid(10),
-                                     QString(10'000'000, u'A')}) {
-            QVERIFY2(!read(other), qPrintable(other.left(99)));
-        }
     }
 
 private:

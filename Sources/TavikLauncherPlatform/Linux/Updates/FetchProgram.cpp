@@ -194,7 +194,9 @@ std::optional<int> run(int argc, char** argv)
     }
     // The other kind of event loop ends the process in its own way where there is no memory.
     qputenv("QT_NO_GLIB", "1");
-    limitMemory();
+    if (isLimited) {
+        limitMemory();
+    }
     const QCoreApplication application(argc, argv);
     QNetworkAccessManager manager;
     manager.setProxy(proxyFor(request->url));

@@ -11,6 +11,11 @@ namespace Tavik::FetchProgram {
 inline constexpr const char* argument = "--fetch-update";
 inline constexpr int connection = 0; ///< The open file over which it speaks to whoever started it.
 inline constexpr int outOfMemory = 3; ///< The exit code that says so.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+inline constexpr bool isLimited = false; ///< A sanitizer needs far more than what it watches.
+#else
+inline constexpr bool isLimited = true;
+#endif
 
 /// Does the whole work and returns the exit code, where the arguments ask for it; otherwise
 /// nothing. There is no application object yet.

@@ -15,7 +15,6 @@ from harness.waiting import wait_until
 KEYS = {"ctrl": "Control_L", "alt": "Alt_L", "super": "Super_L", "shift": "Shift_L"}
 MODIFIER_MASKS = {"ctrl": X.ControlMask, "alt": X.Mod1Mask, "super": X.Mod4Mask, "shift": X.ShiftMask}
 GONE = (Xlib.error.BadWindow, Xlib.error.BadDrawable, Xlib.error.BadMatch)
-LARGEST_ICON = 64  # Pixels.
 
 
 class Rect(typing.NamedTuple):
@@ -92,19 +91,19 @@ class Display:
         except GONE:
             return False
 
-    def find(self, title):
-        """The viewable window with that title, or None. An icon in a tray bears its program's name, too."""
+    def find(self, title, wider_than=0):
+        """The viewable window with that title, or None."""
         def is_it(window):
             return (self.title(window) == title and self.is_viewable(window)
-                    and (place := self.geometry(window)) and place.width > LARGEST_ICON)
+                    and (place := self.geometry(window)) and place.width > wider_than)
 
         return next(filter(is_it, self.all_windows()), None)
 
-    def wait_for(self, title, timeout=10.0):
-        return wait_until(lambda: self.find(title), f"a window titled {title!r} is shown", timeout)
+    def wait_for(self, title, timeout=10.0, **which):
+        return wait_until(lambda: self.find(title, **which), f"a window titled {title!r} is shown", timeout)
 
-    def wait_gone(self, title, timeout=10.0):
-        wait_until(lambda: self.find(title) is None, f"no window titled {title!r} is shown", timeout)
+    def wait_gone(self, title, timeout=10.0, **which):
+        wait_until(lambda: self.find(title, **which) is None, f"no window titled {title!r} is shown", timeout)
 
     def geometry(self, window_id):
         """The place of a window on the root, or None when it is gone."""

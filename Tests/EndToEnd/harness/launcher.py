@@ -13,6 +13,7 @@ from harness.picture import colour_distance
 from harness.waiting import wait_until
 
 TITLE = "Tavik Launcher"
+LARGEST_ICON = 64  # Pixels. In a tray an icon bears its program's name, too.
 BUS_NAME = "org.tavik.Launcher"
 HOT_KEY = "ctrl+alt+space"
 IN_BACKGROUND = ("--background",)
@@ -131,7 +132,7 @@ class Launcher:
     # --- the ring
 
     def window(self):
-        return self.display.find(TITLE)
+        return self.display.find(TITLE, wider_than=LARGEST_ICON)
 
     def is_shown(self):
         return self.window() is not None
@@ -145,7 +146,7 @@ class Launcher:
 
     def wait_open(self):
         """Waits until the ring is shown, has the keyboard, and its opening animation has ended."""
-        window = self.display.wait_for(TITLE)
+        window = self.display.wait_for(TITLE, wider_than=LARGEST_ICON)
         wait_until(lambda: self.display.has_focus(window), "the ring has the keyboard")
         self.wait_still()
         return window
@@ -164,7 +165,7 @@ class Launcher:
         wait_until(is_still, "the ring stands still", interval=0.04)
 
     def wait_hidden(self):
-        self.display.wait_gone(TITLE)
+        self.display.wait_gone(TITLE, wider_than=LARGEST_ICON)
 
     def slot_place(self, slot, count, scale=1.0, diameter=320, thickness=80):
         """The centre of a slot's icon on the screen, in pixels."""

@@ -4,11 +4,12 @@
 // changed pixel in the middle of the screen. Several programs are measured in turn within each
 // round, so that other work on the machine burdens all alike.
 //
-//   SummonLatency [--rounds N] [--type KEY] NAME=CHORD...
+//   SummonLatency [--rounds N] [--warm-up N] [--type KEY] NAME=CHORD...
 //
 // Each chord must show a window over the middle of the screen, and hide it again. With --type, what
-// is measured is that key in the window that is shown. Prints NAME, median, 95th percentile and
-// maximum in milliseconds, and the number of rounds without an answer, separated by tabs.
+// is measured is that key in the window that is shown. Rounds to warm up (3) are not counted.
+// Prints NAME, median, 95th percentile and maximum in milliseconds, and the number of rounds
+// without an answer, separated by tabs.
 
 #include "KeyPresser.h"
 #include "ScreenWatch.h"
@@ -36,7 +37,6 @@ constexpr std::uint16_t ringSide = 352;
 // Longer than the opening animation, after which a second press hides the window.
 constexpr auto settlingTime = 600ms;
 constexpr auto patience = 2000ms;
-constexpr int warmUpRounds = 3;
 
 struct Target
 {
@@ -49,6 +49,7 @@ struct Target
 struct Options
 {
     int rounds = 30;
+    int warmUpRounds = 3;
     std::optional<KeyPresser::Chord> typedKey;
     std::vector<Target> targets;
 };
@@ -60,9 +61,10 @@ std::optional<Options> parse(const std::vector<std::string_view>& arguments,
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         const auto argument = arguments[i];
         const bool hasValue = i + 1 < arguments.size();
-        if (argument == "--rounds" && hasValue) {
+        if ((argument == "--rounds" || argument == "--warm-up") && hasValue) {
+            int& count = argument == "--rounds" ? options.rounds : options.warmUpRounds;
             const auto value = arguments[++i];
-            std::from_chars(value.data(), value.data() + value.size(), options.rounds);
+            std::from_chars(value.data(), value.data() + value.size(), count);
         } else if (argument == "--type" && hasValue) {
             options.typedKey = presser.chord(arguments[++i]);
             if (!options.typedKey) {
@@ -176,7 +178,8 @@ int main(int argc, char** argv)
     KeyPresser presser(connection.get());
     auto options = parse({argv + 1, argv + argc}, presser);
     if (!options) {
-        std::fputs("usage: SummonLatency [--rounds N] [--type KEY] NAME=CHORD...\n", stderr);
+        std::fputs("usage: SummonLatency [--rounds N] [--warm-up N] [--type KEY] NAME=CHORD...\n",
+                   stderr);
         return 2;
     }
 
@@ -186,7 +189,7 @@ int main(int argc, char** argv)
         connection.get(), XCB_MOTION_NOTIFY, 0, XCB_CURRENT_TIME, XCB_NONE, middle.x, middle.y, 0);
     xcb_flush(connection.get());
 
-    for (int round = -warmUpRounds; round < options->rounds; ++round) {
+    for (int round = -options->warmUpRounds; round < options->rounds; ++round) {
         for (auto& target : options->targets) {
             measureOnce(target, *options, presser, screen, round < 0);
         }

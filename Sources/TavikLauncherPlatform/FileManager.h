@@ -20,13 +20,14 @@ struct DirectoryItem
     std::optional<unsigned> ownerId;
 };
 
-/// What an application bundle says of itself. Two kinds exist: an `.app` folder with its
-/// `Info.plist`, and a desktop entry.
+/// What an application bundle says of itself. Three kinds exist: an `.app` folder with its
+/// `Info.plist`, a desktop entry, and an AppImage, a program of one file.
 struct Bundle
 {
     enum class Kind {
         applicationFolder,
         desktopEntry,
+        image,
     };
     Kind kind = Kind::applicationFolder;
     std::optional<QString> displayName; ///< "CFBundleDisplayName"; absent for desktop entries.
@@ -36,7 +37,8 @@ struct Bundle
     /// What people may call it besides: untranslated and generic name, keywords, program.
     QStringList otherNames;
     QString iconSource; ///< As in AppIcon.
-    /// Absolute path of the program that an `.app` folder starts; absent for desktop entries.
+    /// Absolute path of the program that an `.app` folder starts; of the AppImage that a desktop
+    /// entry starts, if it does.
     std::optional<QString> executable;
     bool isHidden = false; ///< The entry asks not to be shown here (NoDisplay, Hidden, TryExec, …).
     /// What it starts is not installed; with nothing written to the entry, it may be later.
@@ -58,7 +60,8 @@ public:
     virtual ~FileManager() = default;
 
     [[nodiscard]] virtual bool fileExists(const QString& path) const = 0;
-    /// True for an existing directory that ends in ".app" and for an existing ".desktop" file.
+    /// True for an existing directory that ends in ".app" and for an existing file that ends in
+    /// ".desktop" or, whatever the case, in ".AppImage".
     [[nodiscard]] virtual bool isApplicationBundle(const QString& path) const = 0;
     using Visit = std::function<void(const DirectoryItem&)>;
     /// Visits every item below `folder`, depth first and sorted by name, skipping hidden entries,

@@ -25,15 +25,20 @@ def launch(ring, display, slot):
     ring.wait_hidden()
 
 
-def test_a_launched_program_shows_its_window_and_outlives_the_launcher(ring, apps, display, look):
+@pytest.mark.parametrize("end", ["quit", "kill"])
+def test_a_launched_program_shows_its_window_and_outlives_the_launcher(ring, apps, display, look, end):
     launch(ring, display, 0)
     start = apps[0].wait_started()
     window = display.wait_for("Alder")
     wait_until(lambda: display.has_focus(window), "the new window has the focus")
     look("started")
     assert start["session"] != os.getsid(ring.process.pid), "it has a session of its own"
-    ring.command("--quit")
-    assert ring.wait_exit() == 0
+    if end == "quit":
+        ring.command("--quit")
+        assert ring.wait_exit() == 0
+    else:
+        ring.process.kill()
+        ring.wait_exit()
     stays(lambda: processes.is_alive(start["pid"]) and display.is_viewable(window), "the program lives on")
 
 

@@ -6,6 +6,7 @@ import pathlib
 import pytest
 
 from harness import processes, services
+from harness.launcher import IN_BACKGROUND
 from harness.waiting import stays, wait_until
 
 MANAGERS = [{"window_manager": name} for name in ("openbox", "xfwm4", "metacity", "marco", "awesome")]
@@ -63,6 +64,20 @@ def test_a_browser_and_its_web_application_are_two_though_one_process(launcher, 
     assert len(page.starts()) == 1 and len(browser.starts()) == 1
 
 
+def test_an_image_is_started_once_and_shows_what_is_inside(launcher, applications, desktop, display):
+    alder = applications.add_image("Alder", desktop.home / "Applications")
+    launcher.pin(alder)
+    launcher.start().wait_indexed()
+    assert [entry["name"] for entry in launcher.cache()] == ["Alder"]
+    for _ in range(2):
+        launcher.summon(640, 400)
+        launcher.wait_shows(alder)
+        display.press("ctrl+1")
+        window = display.wait_for("Alder")
+        wait_until(lambda: display.has_focus(window), "it has the focus")
+    assert len(alder.starts()) == 1
+
+
 @pytest.mark.parametrize("manner", ["answers", "refuses", "is silent", "missing"])
 def test_an_activatable_entry_is_asked_and_otherwise_started(launcher, applications, desktop, display, manner):
     alder = applications.add("Alder", lines="DBusActivatable=true\n")
@@ -107,6 +122,22 @@ def test_what_cannot_start_is_one_line_and_a_word(launcher, applications, deskto
     assert "Broken" in notices.wait_called()[3]
     lines = [line for line in launcher.log_lines() if "failed to open" in line]
     assert len(lines) == 1 and broken.path in lines[0], lines
+
+
+def test_no_bus_is_started_where_there_is_none(launcher, applications, desktop, display):
+    alder = applications.add("Alder", lines="DBusActivatable=true\n")
+    folder, called = desktop.home / "bin", desktop.home / "called"
+    folder.mkdir()
+    program = folder / "dbus-launch"
+    program.write_text(f"#!/bin/sh\necho >> {called}\n")
+    program.chmod(0o755)
+    launcher.pin(alder)
+    launcher.environment.update(DBUS_SESSION_BUS_ADDRESS="", PATH=f"{folder}:{os.environ['PATH']}")
+    launcher.process = desktop.spawn([launcher.program, *IN_BACKGROUND], launcher.environment, log="launcher")
+    wait_until(lambda: display.is_grabbed(launcher.hot_key), "the hot key is taken")
+    launch(launcher, display)
+    given = alder.wait_started()["environment"]
+    assert not given["DBUS_SESSION_BUS_ADDRESS"] and not called.exists()
 
 
 def test_each_program_gets_a_scope_of_its_own(launcher, applications, desktop, display):

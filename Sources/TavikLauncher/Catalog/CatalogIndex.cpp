@@ -108,10 +108,16 @@ std::optional<CatalogIndex::Item> CatalogIndex::item(const FileManager& fileMana
         return Item{.app = CatalogRecord::record(found.path, fileManager.bundle(found.path)),
                     .entryIdentifier = {}};
     }
-    if (found.path.endsWith(".desktop"_L1)) {
+    const bool isImage = found.path.endsWith(".AppImage"_L1, Qt::CaseInsensitive);
+    if (isImage && isUsersOwnLink(found, fileManager.userId())) {
+        return std::nullopt;
+    }
+    if (isImage || found.path.endsWith(".desktop"_L1)) {
         if (const std::optional<Bundle> entry = fileManager.bundle(found.path)) {
             return Item{.app = CatalogRecord::record(found.path, entry),
-                        .entryIdentifier = entry->identifier.value_or(QString()),
+                        .entryIdentifier
+                        = isImage ? QString() : entry->identifier.value_or(QString()),
+                        .image = entry->executable.value_or(QString()),
                         .isHidden = entry->isHidden,
                         .lacksProgram = entry->lacksProgram};
         }
@@ -138,9 +144,16 @@ void CatalogIndex::lookAt(const FileManager& fileManager,
 void CatalogIndex::decideWhatIsShown(Difference& difference)
 {
     QSet<QString> identifiers;
+    QSet<QString> images; // What the desktop has given an entry of its own.
+    for (const Item& item : std::as_const(m_items)) {
+        if (!item.image.isEmpty() && item.image != item.app.path() && !item.isHidden) {
+            images.insert(item.image);
+        }
+    }
     for (Item& item : m_items) {
         const bool isMasked
-            = !item.entryIdentifier.isEmpty() && !isNew(identifiers, item.entryIdentifier);
+            = (!item.entryIdentifier.isEmpty() && !isNew(identifiers, item.entryIdentifier))
+            || (item.image == item.app.path() && images.contains(item.image));
         const bool isShown = !isMasked && !item.isHidden;
         if (std::exchange(item.isShown, isShown) != isShown) {
             auto& side = isShown ? difference.come : difference.gone;

@@ -45,6 +45,7 @@ private:
     {
         IndexedApp app;
         QString entryIdentifier; ///< Empty for what hides nothing and cannot be hidden by others.
+        QString image; ///< The AppImage that it is or starts.
         bool isHidden = false;
         bool lacksProgram = false;
         bool isShown = false;

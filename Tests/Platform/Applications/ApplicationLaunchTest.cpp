@@ -54,6 +54,11 @@ private Q_SLOTS:
         QVERIFY(file.open(QIODevice::ReadOnly));
         QCOMPARE(file.readAll(), page.toEncoded());
 
+        const QString image = tree.write(u"X.AppImage"_s);
+        const DesktopEntry entry{.path = image, .command = image, .isApplication = true};
+        const LaunchResult result = launchApplication({.path = image, .entry = entry}, {});
+        QVERIFY(result.error.value_or(QString()).contains(image)); // It may not be executed.
+
         QVERIFY(openWithDefault(QUrl(u"nobody-knows:this"_s)).error);
         QVERIFY(hasInstallerFor(u"application/x-rpm"_s));
         QVERIFY(!hasInstallerFor(u"application/vnd.debian.binary-package"_s));

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Applications/CommandLine.h>
 #include <TavikLauncherPlatform/Linux/Applications/LinuxFileManager.h>
 
+#include <QProcess>
 #include <QTest>
 
 #include <Support/FileTree.h>
 #include <Support/StepWorkQueue.h>
+#include <Support/Table.h>
 #include <Support/VirtualMainQueue.h>
 #include <filesystem>
 
@@ -137,6 +140,81 @@ private Q_SLOTS:
         QCOMPARE(followed.withId(u"a"_s)->name, u"Written in place"_s);
     }
 
+    void imagesAreKnownByWhatIsInsideAndHarmNobody_data()
+    {
+        // What lies at the top; the name; the icon's content, null for the entry's word.
+        const Table<Links, QString, QByteArray> row;
+        const auto entry = u"share/inside.desktop"_s;
+        row("all", {{u"a.desktop"_s, entry}, {u".DirIcon"_s, u"share/icon"_s}}, u"Inside"_s, "I");
+        row("links of links",
+            {{u"a.desktop"_s, entry}, {u".DirIcon"_s, u"b"_s}, {u"b"_s, u"share/icon"_s}},
+            u"Inside"_s,
+            "I");
+        row("icon by the entry",
+            {{u"a.desktop"_s, entry}, {u"x.png"_s, u"share/icon"_s}},
+            u"Inside"_s,
+            "I");
+        row("nothing", {}, u"It"_s, {});
+        row("links out",
+            {{u"a.desktop"_s, u"/etc/passwd"_s}, {u".DirIcon"_s, u"../../x"_s}},
+            u"It"_s,
+            {});
+        row("a ring of links", {{u"a.desktop"_s, u"b"_s}, {u"b"_s, u"a.desktop"_s}}, u"It"_s, {});
+        row("too much",
+            {{u"a.desktop"_s, u"share/large"_s}, {u".DirIcon"_s, u"share/large"_s}},
+            u"It"_s,
+            {});
+    }
+
+    void imagesAreKnownByWhatIsInsideAndHarmNobody()
+    {
+        const auto [links, name, icon] = fetch<Links, QString, QByteArray>();
+        const FileTree tree;
+        tree.write(
+            u"in/share/inside.desktop"_s,
+            "[Desktop Entry]\nType=Application\nName=Inside\nIcon=x\nTryExec=none\nNoDisplay=true\n"
+            "Path=/none\nExec=env A=b inside --flag %U\n");
+        tree.write(u"in/share/icon"_s, "I");
+        tree.write(u"in/share/large"_s, QByteArray(5'000'000, 'x'));
+        for (const auto& [link, target] : links) {
+            QVERIFY(QFile::link(target, tree.path(u"in/"_s) + link));
+        }
+        const QString path = tree.write(u"It.AppImage"_s, image(tree));
+        const auto bundle = m_files.bundle(path);
+        QVERIFY(bundle && !bundle->isHidden && bundle->kind == Bundle::Kind::image);
+        QCOMPARE(bundle->name.value_or(QString()), name);
+        QFile file(m_files.iconSource(path));
+        QCOMPARE(file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray(), icon);
+        const DesktopEntry entry = m_files.launchTarget(path).entry;
+        const QStringList words = CommandLine::expanded(entry).value_or(QStringList());
+        QCOMPARE(words, name == u"It"_s ? QStringList{path} : QStringList({path, u"--flag"_s}));
+        QVERIFY(entry.requiredProgram.isEmpty() && entry.folder.isEmpty());
+    }
+
+    void whatIsOnlyCalledAnImageIsNone()
+    {
+        const FileTree tree;
+        const QByteArray good = image(tree);
+        const QString pipe = tree.path(u"Pipe.AppImage"_s);
+        QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+        for (const QString& path :
+             {pipe,
+              tree.link(u"/dev/zero"_s, u"Device.AppImage"_s),
+              tree.write(u"Text.AppImage"_s, "#!/bin/sh\n"),
+              tree.write(u"Head.AppImage"_s, good.first(40)),
+              tree.write(u"Program.AppImage"_s, program()),
+              tree.write(u"Unmarked.AppImage"_s, QByteArray(good).replace(8, 3, "abc"))}) {
+            QVERIFY2(!m_files.bundle(path), qPrintable(path));
+            QVERIFY(!m_files.launchTarget(path).entry.isApplication);
+        }
+        // Damaged behind the program: it may yet run, so it keeps its name.
+        QByteArray damaged = good;
+        const QByteArray garbage(200, '\x7f');
+        damaged.replace(damaged.size() - 600, garbage.size(), garbage);
+        const auto bundle = m_files.bundle(tree.write(u"Damaged.AppImage"_s, damaged));
+        QVERIFY(bundle && bundle->name);
+    }
+
     void hidingLinksStillHaveAnIdentifier()
     {
         const FileTree tree;
@@ -157,7 +235,9 @@ private Q_SLOTS:
                                    u"/home/test/Applications"_s,
                                    u"/home/test/.data/applications"_s,
                                    u"/exports/share/applications"_s,
-                                   u"/usr/share/applications"_s};
+                                   u"/usr/share/applications"_s,
+                                   u"/home/test/AppImages"_s,
+                                   u"/home/test/.local/bin"_s};
         QCOMPARE(LinuxFileManager::sessionApplicationFolders(), expected);
     }
 
@@ -261,6 +341,25 @@ private Q_SLOTS:
     }
 
 private:
+    using Links = QList<std::pair<QString, QString>>;
+    /// A program as images have it in front.
+    static QByteArray program()
+    {
+        QFile file(u"/bin/true"_s);
+        QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        return bytes.replace(8, 3, "AI\2");
+    }
+    /// With what is in the folder "in".
+    static QByteArray image(const FileTree& tree)
+    {
+        tree.makeFolder(u"in"_s);
+        QProcess maker;
+        maker.start(u"mksquashfs"_s,
+                    {tree.path(u"in"_s), tree.path(u"out"_s), u"-quiet"_s, u"-no-progress"_s});
+        maker.waitForFinished();
+        QFile out(tree.path(u"out"_s));
+        return out.open(QIODevice::ReadOnly) ? program() + out.readAll() : QByteArray();
+    }
     [[nodiscard]] QStringList walk(const QString& folder) const
     {
         QStringList found;

@@ -74,6 +74,7 @@ constexpr std::pair<const char*, const char*> installed[] = {
     {"org.kde.dolphin", "Exec=dolphin %u"},
     {"hidden-viewer", "Exec=viewer\nNoDisplay=true\nStartupWMClass=Viewer"},
     {"viewer", "Exec=viewer\nStartupWMClass=Viewer"},
+    {"draw", "Exec=/home/u/Draw.AppImage %F"},
     {"org.tavik.Launcher", "Exec=tavik-launcher"},
 };
 
@@ -108,6 +109,7 @@ struct Clues
     const char* launched = ""; ///< The entry that this process, or its session, was started from.
     bool isLeader = true;
     const char* bamf = "";
+    const char* image = ""; ///< That the process, or an ancestor of it, lies in.
     const char* unit = "";
     const char* started = ""; ///< By us, as this process.
     const char* session = ""; ///< By us, as the leader of its session.
@@ -129,7 +131,8 @@ QString identify(const Clues& clues)
                                  .controlGroup = text(clues.unit)};
             const QByteArray block = "A=1" + QByteArray(1, '\0') + "GIO_LAUNCHED_DESKTOP_FILE="
                 + clues.launched + '\0' + "GIO_LAUNCHED_DESKTOP_FILE_PID="
-                + (clues.isLeader ? "42" : "40") + '\0' + "BAMF_DESKTOP_FILE_HINT=" + clues.bamf;
+                + (clues.isLeader ? "42" : "40") + '\0' + "BAMF_DESKTOP_FILE_HINT=" + clues.bamf
+                + '\0' + "APPDIR=/tmp/.mount" + '\0' + "APPIMAGE=" + clues.image;
             WindowMatching::readEnvironment(block, 42, 40, process);
             return process;
         });
@@ -147,6 +150,9 @@ private Q_SLOTS:
     {
         const Table<Clues, QString> row;
         // clang-format off
+        // Programs of one file.
+        row("image", {.executable = "/tmp/.mount/usr/bin/viewer", .image = "/home/u/Draw.AppImage"}, u"draw"_s);
+        row("what an image has started", {.executable = "/usr/bin/painter", .image = "/home/u/Draw.AppImage"}, u"org.tool.Painter"_s);
         // Two applications of one process.
         row("browser", {.instance = "google-chrome", .className = "Google-chrome", .executable = "/opt/google/chrome/chrome"}, u"google-chrome"_s);
         row("its web application", {.instance = "crx_aghbi", .className = "Google-chrome", .executable = "/opt/google/chrome/chrome"}, u"chrome-aghbi-Default"_s);

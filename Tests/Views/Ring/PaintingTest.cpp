@@ -2,8 +2,10 @@
 #include <TavikLauncher/Settings/LaunchHints.h>
 #include <TavikLauncher/Views/Ring/CenterLayout.h>
 #include <TavikLauncher/Views/Ring/IconSpriteDecoder.h>
+#include <TavikLauncher/Views/Ring/SlotPainter.h>
 
 #include <QGuiApplication>
+#include <QPainter>
 #include <QTest>
 
 #include <Support/FakeDesktop.h>
@@ -150,6 +152,41 @@ private Q_SLOTS:
         }
         QGuiApplication::setFont(before);
         QVERIFY(heights[1] > heights[0] + 5);
+    }
+
+    void theMarkIsFullForWhatRunsAndHollowForWhatStarts_data()
+    {
+        // Whether it runs and whether it starts; whether the mark's rim and its middle are painted.
+        const Table<bool, bool, bool, bool> row;
+        row("neither", false, false, false, false);
+        row("starts", false, true, true, false);
+        row("runs", true, false, true, true);
+        row("runs and starts another", true, true, true, true);
+    }
+
+    void theMarkIsFullForWhatRunsAndHollowForWhatStarts()
+    {
+        const auto [isRunning, isStarting, hasRim, hasMiddle] = fetch<bool, bool, bool, bool>();
+        RingScene ring = scene(320, 80);
+        ring.style.dot = Qt::green;
+        ring.style.bandTop = Qt::black;
+        ring.icons.append({.center = ring.geometry.center - QPointF(0, 110),
+                           .isRunning = isRunning,
+                           .isStarting = isStarting});
+        constexpr int scale = 8;
+        QImage image(QSize(320, 320) * scale, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::black);
+        {
+            QPainter painter(&image);
+            painter.scale(scale, scale);
+            SlotPainter::paintSlots(painter, ring, QRectF(0, 0, 320, 320));
+        }
+        const QPointF middle = SlotPainter::dotCenter(ring, ring.icons.first());
+        const auto isPainted = [&](QPointF place) {
+            return image.pixelColor((place * scale).toPoint()) == QColor(Qt::green);
+        };
+        QCOMPARE(isPainted(middle + QPointF(2.5, 0)), hasRim);
+        QCOMPARE(isPainted(middle), hasMiddle);
     }
 
     void spriteHasRoundedCornersAndAShadow()

@@ -2,6 +2,7 @@
 #include <TavikLauncherPlatform/Linux/Applications/ApplicationLaunch.h>
 #include <TavikLauncherPlatform/Linux/Applications/CommandLine.h>
 #include <TavikLauncherPlatform/Linux/Applications/TerminalEmulator.h>
+#include <TavikLauncherPlatform/Linux/Disk/AppImageFile.h>
 
 #include <QFile>
 #include <QFileInfo>
@@ -41,6 +42,12 @@ launchEntry(const DesktopEntry& entry, const LaunchTokens& tokens, const QString
     if (!entry.isApplication || entry.isDeleted) {
         return {.error = u"It is no application that can be started."_s};
     }
+    const bool isImage = AppImageFile::isNamedSo(entry.path);
+    if (isImage && !QFileInfo(entry.path).isExecutable()) {
+        return {.error
+                = u"The file “%1” may not be executed. Allow that in its properties first."_s.arg(
+                    entry.path)};
+    }
     std::optional<QStringList> words = CommandLine::expanded(entry, target);
     if (!words) {
         return {.error = u"It names no program to start."_s};
@@ -54,7 +61,7 @@ launchEntry(const DesktopEntry& entry, const LaunchTokens& tokens, const QString
     return startProgram({.words = *words,
                          .folder = entry.folder,
                          .environment = environmentFor(tokens),
-                         .entry = entry.path,
+                         .entry = isImage ? QString() : entry.path,
                          .name = entry.id});
 }
 
@@ -62,7 +69,7 @@ launchEntry(const DesktopEntry& entry, const LaunchTokens& tokens, const QString
 
 LaunchResult launchApplication(const LaunchTarget& target, const LaunchTokens& tokens)
 {
-    if (target.path.endsWith(".desktop"_L1)) {
+    if (!target.entry.path.isEmpty()) {
         return launchEntry(target.entry, tokens);
     }
     if (!target.program) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Applications/DesktopEntries.h>
+#include <TavikLauncherPlatform/Linux/Disk/AppImageFile.h>
 
 #include <QSet>
 
@@ -25,12 +26,23 @@ DesktopEntries::DesktopEntries(QList<DesktopEntry> entries)
 {
     QSet<QString> seen;
     QList<qsizetype> standing;
+    QList<qsizetype> images;
     for (qsizetype position = 0; position < m_entries.size(); ++position) {
         const DesktopEntry& entry = m_entries.at(position);
         const qsizetype before = seen.size();
         seen.insert(entry.id);
-        // One that is deleted or damaged still stands in the way of those behind it.
-        if (seen.size() > before && entry.isApplication && !entry.isDeleted) {
+        if (AppImageFile::isNamedSo(entry.path)) {
+            images.append(position);
+        } else if (seen.size() > before && entry.isApplication && !entry.isDeleted) {
+            // One that is deleted or damaged still stands in the way of those behind it.
+            standing.append(position);
+            addNames(position);
+        }
+    }
+    // An image that the desktop has given an entry is that entry.
+    for (const qsizetype position : std::as_const(images)) {
+        const DesktopEntry& image = m_entries.at(position);
+        if (image.isApplication && !m_programs.contains(image.path)) {
             standing.append(position);
             addNames(position);
         }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Applications/DesktopEntryCache.h>
+#include <TavikLauncherPlatform/Linux/Disk/AppImageFile.h>
 
 #include <QFile>
 #include <QMutexLocker>
@@ -19,7 +20,8 @@ DesktopEntry DesktopEntryCache::read(const QString& path, const QString& id)
     if (std::optional<DesktopEntry> entry = known(path, id, stamp)) {
         return *std::move(entry);
     }
-    const DesktopEntry entry = DesktopEntryFile::read(path, id);
+    const DesktopEntry entry
+        = AppImageFile::isNamedSo(path) ? m_images.entry(path) : DesktopEntryFile::read(path, id);
     const QMutexLocker lock(&m_mutex);
     ++m_reads;
     m_known.insert(path, {.stamp = stamp, .entry = entry});

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncherPlatform/Linux/Applications/AppImageContent.h>
 #include <TavikLauncherPlatform/Linux/Applications/DesktopEntry.h>
 
 #include <QHash>
@@ -12,14 +13,15 @@
 
 namespace Tavik {
 
-/// Reads desktop entries for all who need them: each once, and again when its file is another or
-/// has been written to. Any thread.
+/// Reads desktop entries, those inside of AppImages too, for all who need them: each once, and
+/// again when its file is another or has been written to. Any thread.
 class DesktopEntryCache
 {
 public:
     /// The entry at `path`; `id` is its desktop-file ID without the ending. A look at the file
     /// alone where nothing has changed.
     [[nodiscard]] DesktopEntry read(const QString& path, const QString& id);
+    [[nodiscard]] const AppImageContent& images() const { return m_images; }
     /// Forgets every entry but those at `paths`.
     void keepOnly(const QSet<QString>& paths);
     /// How often a file was read.
@@ -47,6 +49,7 @@ private:
     [[nodiscard]] std::optional<DesktopEntry>
     known(const QString& path, const QString& id, const Stamp& stamp) const;
 
+    const AppImageContent m_images;
     /// Each is held while one of its paths is read: whoever comes second waits for the first.
     std::array<QMutex, 16> m_reading;
     mutable QMutex m_mutex;

@@ -3,6 +3,7 @@
 #include <TavikLauncherPlatform/Linux/Applications/CommandLine.h>
 #include <TavikLauncherPlatform/Linux/Applications/DesktopEntry.h>
 #include <TavikLauncherPlatform/Linux/Applications/IconTheme.h>
+#include <TavikLauncherPlatform/Linux/Disk/AppImageFile.h>
 #include <TavikLauncherPlatform/Linux/Disk/BoundedFile.h>
 #include <TavikLauncherPlatform/Linux/Disk/KeyFile.h>
 
@@ -159,6 +160,9 @@ Bundle bundle(const DesktopEntry& entry)
         && !(isInstalled(entry.requiredProgram)
              && (program == entry.requiredProgram || isInstalled(program)));
     bundle.isHidden = !isWanted || bundle.lacksProgram;
+    if (AppImageFile::isNamedSo(entry.program)) {
+        bundle.executable = entry.program;
+    }
     return bundle;
 }
 

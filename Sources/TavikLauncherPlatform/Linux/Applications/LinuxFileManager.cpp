@@ -2,6 +2,7 @@
 #include <TavikLauncherPlatform/Linux/Applications/ApplicationFolder.h>
 #include <TavikLauncherPlatform/Linux/Applications/FolderWatcher.h>
 #include <TavikLauncherPlatform/Linux/Applications/LinuxFileManager.h>
+#include <TavikLauncherPlatform/Linux/Disk/AppImageFile.h>
 #include <TavikLauncherPlatform/Linux/Disk/BoundedFile.h>
 #include <TavikLauncherPlatform/Linux/Disk/LogFile.h>
 #include <TavikLauncherPlatform/Linux/Disk/ReplaceFile.h>
@@ -59,6 +60,12 @@ QStringList visibleNames(const QByteArray& folder)
     return names;
 }
 
+/// What becomes a desktop entry; looks at the name alone.
+bool isEntry(const QString& path)
+{
+    return path.endsWith(".desktop"_L1) || AppImageFile::isNamedSo(path);
+}
+
 void walkFrom(const QString& path, const FileManager::Visit& visit);
 
 void walk(const QString& folder, const FileManager::Visit& visit)
@@ -89,6 +96,29 @@ void walkFrom(const QString& path, const FileManager::Visit& visit)
     }
 }
 
+/// Where programs of one file are kept among much else.
+QStringList imageFolders()
+{
+    return {QDir::homePath() + "/AppImages"_L1, QDir::homePath() + "/.local/bin"_L1};
+}
+
+/// `visit`, but below the folders for images for nothing else.
+FileManager::Visit onlyImages(const QString& path, const FileManager::Visit& visit)
+{
+    const QStringList folders = imageFolders();
+    const bool isAmongThem = std::ranges::any_of(folders, [&path](const QString& folder) {
+        return path == folder || path.startsWith(folder + u'/');
+    });
+    if (!isAmongThem) {
+        return visit;
+    }
+    return [visit](const DirectoryItem& item) {
+        if (AppImageFile::isNamedSo(item.path)) {
+            visit(item);
+        }
+    };
+}
+
 } // namespace
 
 LinuxFileManager::LinuxFileManager(MainQueue& mainQueue,
@@ -110,6 +140,7 @@ QStringList LinuxFileManager::sessionApplicationFolders()
          QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation)) {
         folders.append(data + "/applications"_L1);
     }
+    folders += imageFolders();
     folders.removeDuplicates();
     return folders;
 }
@@ -122,18 +153,17 @@ bool LinuxFileManager::fileExists(const QString& path) const
 bool LinuxFileManager::isApplicationBundle(const QString& path) const
 {
     const QFileInfo info(path);
-    return (path.endsWith(".app"_L1) && info.isDir())
-        || (path.endsWith(".desktop"_L1) && info.isFile());
+    return (path.endsWith(".app"_L1) && info.isDir()) || (isEntry(path) && info.isFile());
 }
 
 void LinuxFileManager::enumerate(const QString& folder, const Visit& visit) const
 {
-    walk(folder, visit);
+    walk(folder, onlyImages(folder, visit));
 }
 
 void LinuxFileManager::enumerateFrom(const QString& path, const Visit& visit) const
 {
-    walkFrom(path, visit);
+    walkFrom(path, onlyImages(path, visit));
 }
 
 std::optional<Bundle> LinuxFileManager::bundle(const QString& path) const
@@ -153,6 +183,10 @@ QString LinuxFileManager::iconSource(const QString& path) const
     if (path.endsWith(".desktop"_L1)) {
         return entry(path).icon;
     }
+    if (AppImageFile::isNamedSo(path)) {
+        const QString file = m_entries.images().iconFile(path);
+        return file.isEmpty() ? entry(path).icon : file;
+    }
     const std::optional<Bundle> found = contentOfBundle(path);
     return found ? found->iconSource : QString();
 }
@@ -163,10 +197,22 @@ std::optional<Bundle> LinuxFileManager::contentOfBundle(const QString& path) con
         return ApplicationFolder::read(path);
     }
     const QFileInfo info(path);
+    if (AppImageFile::isNamedSo(path)) {
+        const DesktopEntry image = info.isFile() ? entry(path) : DesktopEntry();
+        if (!image.isApplication) {
+            return std::nullopt;
+        }
+        Bundle bundle = DesktopEntryFile::bundle(image);
+        bundle.kind = Bundle::Kind::image;
+        // That it may not be executed is said to who starts it.
+        bundle.isHidden = false;
+        bundle.lacksProgram = false;
+        return bundle;
+    }
     // A link to the null device or to nothing is a usual way of hiding an entry.
-    const bool isEntry
+    const bool isThere
         = path.endsWith(".desktop"_L1) && !info.isDir() && (info.exists() || info.isSymLink());
-    if (!isEntry) {
+    if (!isThere) {
         return std::nullopt;
     }
     return DesktopEntryFile::bundle(entry(path));
@@ -182,8 +228,8 @@ DesktopEntries LinuxFileManager::desktopEntries() const
     QList<DesktopEntry> entries;
     QSet<QString> paths;
     for (const QString& folder : m_applicationFolders) {
-        walk(folder, [&](const DirectoryItem& item) {
-            if (item.path.endsWith(".desktop"_L1) && !paths.contains(item.path)) {
+        enumerate(folder, [&](const DirectoryItem& item) {
+            if (isEntry(item.path) && !paths.contains(item.path)) {
                 paths.insert(item.path);
                 entries.append(entry(item.path));
             }
@@ -206,8 +252,8 @@ DesktopEntries LinuxFileManager::desktopEntries(const DesktopEntries& entries,
             continue;
         }
         order.takeBelow(all, path, pathOf);
-        walkFrom(path, [&](const DirectoryItem& item) {
-            if (item.path.endsWith(".desktop"_L1)) {
+        enumerateFrom(path, [&](const DirectoryItem& item) {
+            if (isEntry(item.path)) {
                 order.insert(all, entry(item.path), pathOf);
             }
         });
@@ -217,7 +263,7 @@ DesktopEntries LinuxFileManager::desktopEntries(const DesktopEntries& entries,
 
 LaunchTarget LinuxFileManager::launchTarget(const QString& path) const
 {
-    if (path.endsWith(".desktop"_L1)) {
+    if (isEntry(path)) {
         return {.path = path, .entry = entry(path), .program = {}};
     }
     const std::optional<Bundle> found = bundle(path);
@@ -288,6 +334,9 @@ QString LinuxFileManager::desktopFileIdentifier(const QString& path) const
             folder = candidate;
             break;
         }
+    }
+    if (AppImageFile::isNamedSo(path)) {
+        return QFileInfo(path).fileName();
     }
     constexpr qsizetype endingLength = ".desktop"_L1.size();
     return path.mid(folder.size() + 1).chopped(endingLength).replace(u'/', u'-');

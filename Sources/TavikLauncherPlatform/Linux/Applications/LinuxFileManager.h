@@ -26,7 +26,8 @@ public:
     ~LinuxFileManager() override;
 
     /// The `.app` folders' three places, then `applications` in the user's and the system's data
-    /// folders, the most important first.
+    /// folders, the most important first; last where else people keep AppImages, and only these
+    /// are met there.
     [[nodiscard]] static QStringList sessionApplicationFolders();
 
     [[nodiscard]] bool fileExists(const QString& path) const override;

@@ -30,6 +30,8 @@ void WindowMatching::readEnvironment(const QByteArray& block,
                                      ProcessClues& clues)
 {
     QString launchedEntry;
+    QString image;
+    QString imageRoot;
     qint64 launchedProcess = 0;
     for (const QByteArray& line : block.split('\0')) {
         const qsizetype equals = line.indexOf('=');
@@ -41,7 +43,15 @@ void WindowMatching::readEnvironment(const QByteArray& block,
             launchedProcess = value.toLongLong();
         } else if (name == "BAMF_DESKTOP_FILE_HINT") {
             clues.inheritedEntry = QFile::decodeName(value);
+        } else if (name == "APPIMAGE") {
+            image = QFile::decodeName(value);
+        } else if (name == "APPDIR") {
+            imageRoot = QFile::decodeName(value);
         }
+    }
+    // Whatever an image starts inherits the variables, too.
+    if (imageRoot.startsWith(u'/') && clues.executable.startsWith(imageRoot + u'/')) {
+        clues.image = image;
     }
     // Children of what was launched inherit the variable, but their number is another one.
     if (launchedProcess == processId) {

@@ -79,7 +79,7 @@ const DesktopEntry* entryOfProgram(const ProcessClues& process, const DesktopEnt
     // A script that an interpreter runs says more than the interpreter; a program started under
     // another name wants to be known by that.
     const QString script = CommandLine::programOf(process.words).name;
-    for (const QString& program : {process.executable, script}) {
+    for (const QString& program : {process.image, process.executable, script}) {
         if (const DesktopEntry* entry = entries.withProgram(program)) {
             return entry;
         }

@@ -27,6 +27,7 @@ struct WindowClues
 struct ProcessClues
 {
     QString executable; ///< Resolved path of the running program.
+    QString image; ///< The AppImage that this program lies in.
     QStringList words; ///< The first words of its command line.
     QString launchedEntry; ///< The desktop entry that this very process was started from.
     QString sessionEntry; ///< The one that the leader of its session was started from.

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Disk/AppImageFile.h>
 #include <TavikLauncherPlatform/Linux/Disk/ReplaceFile.h>
 #include <TavikLauncherPlatform/Linux/Updates/AppImage.h>
 #include <TavikLauncherPlatform/Linux/Updates/FileDescriptor.h>
@@ -56,35 +57,24 @@ std::optional<Header> imageHeader(const QString& path)
     return isProgram && isImage ? std::optional(header) : std::nullopt;
 }
 
-/// When the file system was made that lies behind the program, as the program's header has it.
-template <typename ProgramHeader>
-std::optional<quint32> fileSystemMadeAt(const FileDescriptor& file)
+/// When the file system was made that lies behind the program, in seconds since 1970; absent when
+/// the image does not say.
+std::optional<quint32> madeAt(const QString& path)
 {
     constexpr std::array<char, 4> squashfs{'h', 's', 'q', 's'};
     struct
     {
         std::array<char, 4> magic;
         quint32 inodes;
-        quint32 made; ///< Seconds since 1970.
+        quint32 made;
     } start{};
-    ProgramHeader header{};
-    if (::pread(file.get(), &header, sizeof header, 0) != ssize_t{sizeof header}) {
-        return std::nullopt;
-    }
-    const quint64 end = header.e_shoff + quint64{header.e_shentsize} * header.e_shnum;
-    if (::pread(file.get(), &start, sizeof start, static_cast<off_t>(end)) != ssize_t{sizeof start}
+    const std::optional<qint64> offset = AppImageFile::fileSystemOffset(path);
+    const FileDescriptor file = openedFile(path);
+    if (!offset || ::pread(file.get(), &start, sizeof start, *offset) != ssize_t{sizeof start}
         || start.magic != squashfs || start.made == 0) {
         return std::nullopt;
     }
     return start.made;
-}
-
-/// In seconds since 1970; absent when the image does not say.
-std::optional<quint32> madeAt(const QString& path, const Header& header)
-{
-    const FileDescriptor file = openedFile(path);
-    return header[EI_CLASS] == ELFCLASS64 ? fileSystemMadeAt<Elf64_Ehdr>(file)
-                                          : fileSystemMadeAt<Elf32_Ehdr>(file);
 }
 
 /// The kind of computer, and of its words.
@@ -163,11 +153,11 @@ std::optional<QString> whyNoSuccessor(const QString& file, const QString& image)
     if (!present || !isForSameComputer(*present, *successor)) {
         return u"The update is made for another kind of computer."_s;
     }
-    const std::optional<quint32> made = madeAt(file, *successor);
+    const std::optional<quint32> made = madeAt(file);
     if (!made) {
         return u"The update does not say when it was made."_s;
     }
-    if (made < madeAt(target, *present)) {
+    if (made < madeAt(target)) {
         return u"The update is older than this program, whatever its number says."_s;
     }
     return std::nullopt;

@@ -12,7 +12,7 @@ namespace Tavik::Test {
 inline QByteArray binaryPropertyList(const QByteArray& xml)
 {
     plist_t node = nullptr;
-    plist_from_memory(xml.constData(), static_cast<uint32_t>(xml.size()), &node);
+    plist_from_xml(xml.constData(), static_cast<uint32_t>(xml.size()), &node);
     char* bytes = nullptr;
     uint32_t length = 0;
     plist_to_bin(node, &bytes, &length);

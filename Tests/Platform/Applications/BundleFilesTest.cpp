@@ -67,17 +67,6 @@ private Q_SLOTS:
         QVERIFY(odd && !odd->name);
     }
 
-    void damagedListsAreAbsent()
-    {
-        for (const QByteArray& bytes :
-             {xml("<array/>"),
-              xml("<dict><key>CFBundleName</key><str"),
-              binaryPropertyList(info("<key>a</key><string>b</string>")).chopped(9),
-              xml(QByteArray("<array>").repeated(100'000))}) {
-            QVERIFY(!ApplicationFolder::parse(bytes));
-        }
-    }
-
     void iconAndProgramStayInsideTheBundle_data()
     {
         // What the list names, and what is found below "Contents/Resources"; null when nothing is.

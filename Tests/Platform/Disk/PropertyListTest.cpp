@@ -4,6 +4,7 @@
 
 #include <QTest>
 
+#include <Support/BinaryPropertyList.h>
 #include <Support/Table.h>
 #include <clocale>
 #include <limits>
@@ -100,7 +101,8 @@ private Q_SLOTS:
         const Table<QByteArray> row;
         row("another root", document("<array/>"));
         row("cut off", document("<dict><key>a</key><true/></dict>").chopped(12));
-        row("binary", QByteArray("bplist00\xd0\x08\0\0\0\0\0\0\x01\x01\0", 19));
+        row("binary and cut off",
+            binaryPropertyList(document("<dict><key>a</key><string>b</string></dict>")).chopped(9));
         row("deep lists",
             document("<dict><key>a</key>" + QByteArray("<array>").repeated(30'000)
                      + QByteArray("</array>").repeated(30'000) + "</dict>"));

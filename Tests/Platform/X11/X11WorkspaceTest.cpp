@@ -121,6 +121,14 @@ private:
     }
 
 private Q_SLOTS:
+    /// A window manager says that it is there before it is: its first window may take it seconds.
+    void initTestCase()
+    {
+        const xcb_window_t first = show(QByteArrayLiteral("first\0First\0"));
+        QTRY_COMPARE_WITH_TIMEOUT(
+            m_client.numbers(m_client.root(), "_NET_ACTIVE_WINDOW").value(0), first, 20'000);
+        cleanup();
+    }
     void cleanup()
     {
         for (const xcb_window_t window : std::exchange(m_windows, {})) {

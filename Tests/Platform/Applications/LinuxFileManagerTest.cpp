@@ -4,6 +4,7 @@
 
 #include <QProcess>
 #include <QTest>
+#include <QThread>
 
 #include <Support/FileTree.h>
 #include <Support/StepWorkQueue.h>
@@ -213,6 +214,29 @@ private Q_SLOTS:
         damaged.replace(damaged.size() - 600, garbage.size(), garbage);
         const auto bundle = m_files.bundle(tree.write(u"Damaged.AppImage"_s, damaged));
         QVERIFY(bundle && bundle->name);
+    }
+
+    void eachEntryIsReadOnceWhoeverAsks()
+    {
+        const FileTree tree;
+        QStringList paths;
+        for (int number = 0; number < 300; ++number) {
+            paths.append(tree.write(u"%1.desktop"_s.arg(number), "[Desktop Entry]\n"));
+        }
+        DesktopEntryCache cache;
+        const auto readAll = [&cache, &paths] {
+            for (const QString& path : paths) {
+                std::ignore = cache.read(path, u"x"_s);
+            }
+        };
+        const std::unique_ptr<QThread> other(QThread::create(readAll));
+        other->start();
+        readAll();
+        QVERIFY(other->wait());
+        QCOMPARE(cache.reads(), 300U);
+        tree.write(u"7.desktop"_s, "[Desktop Entry]\nType=Application\n");
+        readAll();
+        QCOMPARE(cache.reads(), 301U);
     }
 
     void hidingLinksStillHaveAnIdentifier()

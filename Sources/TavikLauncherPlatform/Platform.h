@@ -65,8 +65,9 @@ struct PlatformOptions
 /// `makePlatform`.
 [[nodiscard]] std::optional<int> runAsHelper(int argc, char** argv);
 
-/// Why no window can be shown in this session, as a clause for people; absent when one can. Needs
-/// no application object. Implemented beside `makePlatform`.
-[[nodiscard]] std::optional<QString> whyNoDisplay();
+/// Chooses the window system for the toolkit, unless the user has. To be called before the
+/// application object exists. The result tells why no window can be shown in this session, as a
+/// clause for people; absent when one can. Implemented beside `makePlatform`.
+[[nodiscard]] std::optional<QString> chooseDisplay();
 
 } // namespace Tavik

@@ -3,6 +3,7 @@
 import fcntl
 import os
 import signal
+import socket
 import stat
 import time
 
@@ -324,7 +325,18 @@ def test_when_the_display_goes_it_ends_with_everything_saved(ring, desktop, disp
 
 
 def test_without_a_display_it_says_so(launcher, desktop):
-    for display_name, word in (("", "DISPLAY"), (":4711", ":4711")):
-        launcher.environment["DISPLAY"] = display_name
+    for display_name, compositor, word in (
+            ("", "", "DISPLAY"), (":4711", "", ":4711"), ("", "wayland-4711", "wayland-4711")):
+        launcher.environment.update(DISPLAY=display_name, WAYLAND_DISPLAY=compositor)
         answer = launcher.command()
         assert answer.returncode == 1 and word in answer.stderr and len(answer.stderr.splitlines()) == 1, answer
+
+
+def test_a_compositor_that_never_answers_leaves_the_x_server(launcher, desktop, display):
+    with socket.socket(socket.AF_UNIX) as silent:
+        silent.bind(str(desktop.home / "runtime" / "wayland-0"))
+        silent.listen()
+        launcher.environment.update(WAYLAND_DISPLAY="wayland-0", XDG_SESSION_TYPE="wayland")
+        launcher.start().summon(640, 400)
+        display.press("Escape")
+        launcher.wait_hidden()

@@ -204,7 +204,7 @@ int main(int argc, char** argv)
     if (outcome != InstanceClaim::Outcome::first) {
         return conclude(claim, outcome, request);
     }
-    if (const std::optional<QString> fault = whyNoDisplay()) {
+    if (const std::optional<QString> fault = chooseDisplay()) {
         return complain(*fault);
     }
     const Ending ending = run(argc, argv, commandLine, claim);

@@ -2,25 +2,85 @@
 #include <TavikLauncherPlatform/Linux/X11/X11Connection.h>
 #include <TavikLauncherPlatform/Platform.h>
 
+#include <QDir>
+#include <QFile>
+#include <QLibraryInfo>
+
+#include <cstring>
+
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
 namespace Tavik {
 
 using namespace Qt::StringLiterals;
 
-std::optional<QString> whyNoDisplay()
+namespace {
+
+constexpr const char* toolkitsChoice = "QT_QPA_PLATFORM";
+
+/// Whether somebody takes connections where the session says that its compositor does.
+bool compositorAnswers()
+{
+    if (!qEnvironmentVariableIsEmpty("WAYLAND_SOCKET")) {
+        return true; // A connection was handed over.
+    }
+    const QString name = qEnvironmentVariable("WAYLAND_DISPLAY");
+    const QByteArray path
+        = QFile::encodeName(QDir(qEnvironmentVariable("XDG_RUNTIME_DIR")).absoluteFilePath(name));
+    sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
+    if (name.isEmpty() || path.size() >= qsizetype{sizeof address.sun_path}) {
+        return false;
+    }
+    std::memcpy(address.sun_path, path.constData(), static_cast<std::size_t>(path.size()));
+    // One that does not take it at once hangs.
+    const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+    if (socket < 0) {
+        return false;
+    }
+    const bool isTaken
+        = connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+    close(socket);
+    return isTaken;
+}
+
+/// Without its plugin the toolkit would end the program by a signal.
+bool toolkitSpeaksWayland()
+{
+    const QDir plugins(QLibraryInfo::path(QLibraryInfo::PluginsPath) + u"/platforms"_s);
+    return !plugins.entryList({u"libqwayland*.so"_s}, QDir::Files).isEmpty()
+        || !qEnvironmentVariableIsEmpty("QT_PLUGIN_PATH")
+        || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM_PLUGIN_PATH");
+}
+
+} // namespace
+
+std::optional<QString> chooseDisplay()
 {
     // Who names the toolkit's platform knows what there is.
-    if (!qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")
-        || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) {
+    if (!qEnvironmentVariableIsEmpty(toolkitsChoice)) {
         return std::nullopt;
     }
     const QString display = qEnvironmentVariable("DISPLAY");
-    if (display.isEmpty()) {
+    const QString compositor = qEnvironmentVariable("WAYLAND_DISPLAY");
+    // In a Wayland session, too: only an X server lets a window choose its place.
+    if (!display.isEmpty() && !X11Connection().isBroken()) {
+        qputenv(toolkitsChoice, "xcb");
+        return std::nullopt;
+    }
+    if (compositorAnswers()) {
+        if (!toolkitSpeaksWayland()) {
+            return u"this Wayland session has no X server, and Qt's plugin for Wayland "
+                   "(Debian: qt6-wayland) is not installed"_s;
+        }
+        qputenv(toolkitsChoice, "wayland");
+        return std::nullopt;
+    }
+    if (display.isEmpty() && compositor.isEmpty()) {
         return u"there is no display; neither DISPLAY nor WAYLAND_DISPLAY is set"_s;
     }
-    if (X11Connection().isBroken()) {
-        return u"the display %1 cannot be opened"_s.arg(display);
-    }
-    return std::nullopt;
+    return u"the display %1 cannot be opened"_s.arg(display.isEmpty() ? compositor : display);
 }
 
 } // namespace Tavik

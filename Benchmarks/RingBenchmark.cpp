@@ -68,7 +68,29 @@ void wholeFrame(benchmark::State& state)
         scene.wedgeDegrees += 1;
         image.fill(Qt::transparent);
         QPainter painter(&image);
-        RingPainter::paint(painter, scene, images.band(scene), QRectF(0, 0, 605, 605));
+        RingPainter::paint(painter, scene, images.band(scene), QRect(0, 0, 605, 605));
+    }
+}
+
+/// A step of the highlight on its way to the next slot: what it covers, at the top of the ring.
+void highlightStep(benchmark::State& state)
+{
+    const auto ratio = static_cast<double>(state.range(0));
+    RingScene before = largestRing(ratio);
+    before.selectedSlot = 1;
+    RingScene now = before;
+    now.wedgeDegrees += 7;
+    now.icons[0].emphasis = 0.5;
+    now.icons[1].emphasis = 0.5;
+    RingImageCache images;
+    const QImage& band = images.band(now);
+    QImage image = canvas(ratio);
+    for (auto _ : state) {
+        std::swap(before, now);
+        const QRegion dirty = RingPainter::dirtyRegion(before, now);
+        QPainter painter(&image);
+        painter.setClipRegion(dirty);
+        RingPainter::paint(painter, now, band, dirty);
     }
 }
 
@@ -119,8 +141,8 @@ struct LargeCatalog : Test::RingFixture
         settings.pinnedPermanentAppPaths.set(pinned);
         settings.searchesAllApps.set(true);
     }
-    RingComposition composition{{catalog, settings, recents, workspace, fileManager},
-                                ownIdentifier};
+    OutsideApps outside{fileManager, workQueue};
+    RingComposition composition{{catalog, settings, recents, workspace, outside}, ownIdentifier};
 };
 
 void composition(benchmark::State& state)
@@ -140,6 +162,7 @@ void compositionOfASearch(benchmark::State& state)
 }
 
 BENCHMARK(wholeFrame)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
+BENCHMARK(highlightStep)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
 BENCHMARK(openingStep)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
 BENCHMARK(drawAhead)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
 BENCHMARK(composition)->Unit(benchmark::kMicrosecond);

@@ -22,6 +22,8 @@ public:
     [[nodiscard]] virtual bool reducesMotion() const = 0;
     /// Whether the desktop asks for light or dark windows.
     [[nodiscard]] virtual ColorScheme colorScheme() const = 0;
+    /// True when the desktop asks for what poor eyesight can read.
+    [[nodiscard]] virtual bool wantsHighContrast() const = 0;
 
     /// Called when an answer has changed.
     std::function<void()> onChanged;

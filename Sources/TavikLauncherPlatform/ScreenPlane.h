@@ -8,6 +8,20 @@
 
 namespace Tavik::ScreenPlane {
 
+/// A point of the toolkit's plane in device pixels, and back: the toolkit scales what is on a
+/// screen and leaves the screen's origin alone.
+[[nodiscard]] inline QPointF toDevice(QPointF point, const QScreen& screen)
+{
+    const QPointF origin = screen.geometry().topLeft();
+    return origin + (point - origin) * screen.devicePixelRatio();
+}
+
+[[nodiscard]] inline QPointF fromDevice(QPointF pixel, const QScreen& screen)
+{
+    const QPointF origin = screen.geometry().topLeft();
+    return origin + (pixel - origin) / screen.devicePixelRatio();
+}
+
 /// Between the toolkit's desktop plane (y down from the primary screen's top) and the plane of
 /// `Screens` (y up from its bottom). `primaryBottom` is the primary screen's lower edge in the
 /// toolkit's plane, in points. Each function is its own inverse.

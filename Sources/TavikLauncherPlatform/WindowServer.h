@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QByteArray>
+#include <QImage>
+#include <QPoint>
 #include <QRegion>
 #include <QtGui/qwindowdefs.h>
 
@@ -31,16 +33,25 @@ public:
     /// Makes ready for showing the panel: above others, on every desktop, in no taskbar or pager.
     /// Must be repeated before each showing.
     virtual void preparePanel(WId window) = 0;
+    /// Moves the panel's corner to a pixel of the desktop, which the toolkit's whole points may not
+    /// name. Not for a panel that is managed.
+    virtual void movePanel(WId, QPoint) { }
     /// Lets the pointer reach a window only there; device pixels, y growing downwards.
     virtual void setInputRegion(WId window, const QRegion& region) = 0;
+    /// Cuts away all else of the window, likewise; an empty region cuts away nothing. The toolkit's
+    /// own masks cut its painting too, and not by quite the same pixels.
+    virtual void setShape(WId, const QRegion&) { }
     /// Keeps a window of ours out of taskbar and pager, or brings it back.
     virtual void setSkipsTaskbar(WId window, bool skips) = 0;
     /// Asks a compositor that can to blur what is seen through this part of the window, in device
     /// pixels of the window; elsewhere nothing happens. An empty region asks for none.
     virtual void setBlurBehind(WId, const QRegion&) { }
     /// Has the toolkit hear of every step in which the user moves the window, also where it would
-    /// hear only of the last one. May be repeated.
+    /// hear only of the last one, and us of its virtual desktop; see `onDesktopChanged`. May be
+    /// repeated.
     virtual void reportMoves(WId window) = 0;
+    /// False while the window is on a virtual desktop that the user has turned away from.
+    [[nodiscard]] virtual bool isOnCurrentDesktop(WId) const { return true; }
     /// Gives the keyboard to the shown window, also against focus-stealing prevention.
     virtual void takeKeyboardFocus(WId window) = 0;
     /// Remembers who has the keyboard, gives it to the shown panel and watches over it; see
@@ -54,6 +65,9 @@ public:
     [[nodiscard]] virtual bool hasKeyboardFocus(WId window) const = 0;
     /// True while the window is mapped and not wholly covered.
     [[nodiscard]] virtual bool isOnScreen(WId window) const = 0;
+    /// What the screen shows at the window's place, in device pixels; null where that cannot be
+    /// had.
+    [[nodiscard]] virtual QImage pictureAt(WId) const { return {}; }
     /// True while translucent windows are blended.
     [[nodiscard]] virtual bool isCompositing() const = 0;
 
@@ -67,6 +81,9 @@ public:
     /// has clicked elsewhere or given the keyboard to another window. Also when it could not be
     /// had.
     std::function<void()> onPanelLeft;
+    /// Called when the user turns to another virtual desktop, or takes a window there whose moves
+    /// are reported.
+    std::function<void()> onDesktopChanged;
     /// Called when a compositor comes or goes.
     std::function<void()> onCompositingChanged;
 };

@@ -1,8 +1,11 @@
 # SPDX-License-Identifier: MIT
 """The ring with a compositor, without one, and when one comes or goes."""
+import math
+
 import pytest
 
 from harness import processes
+from harness.display import Rect
 from harness.picture import colour_distance
 from harness.waiting import wait_until
 
@@ -23,6 +26,13 @@ def assert_see_through(display, ring):
     assert all(colour_distance(colour, BACKGROUND) <= 12 for colour in colours), colours
 
 
+def has_smooth_edge(display):
+    """Whether pixels on the ring's outline are between its colour and the desktop's."""
+    picture = display.picture(Rect(640 - 176, 400 - 176, 352, 352))
+    outline = [picture.pixel(176 + 157.5 * math.cos(angle / 50), 176 + 157.5 * math.sin(angle / 50)) for angle in range(314)]
+    return sum(30 < colour_distance(pixel, BACKGROUND) < 110 for pixel in outline) > 60
+
+
 def assert_texts_have_no_black_corners(display, ring):
     """What is transparent but not cut away is purely black. A hard edge has some such pixels, a
     corner of a rectangle around a pill has dozens."""
@@ -40,6 +50,7 @@ def test_without_a_compositor_the_ring_is_shaped_and_nothing_is_black(ring, disp
     for _ in range(2):
         ring.summon(640, 400)
         assert_see_through(display, ring)
+        wait_until(lambda: has_smooth_edge(display), "the ring's edge is neither ring nor desktop")
         display.type("al")
         ring.wait_still()
         look("filtered")

@@ -28,15 +28,16 @@ def test_the_ring_opens_whole_on_the_monitor_with_the_pointer(launcher, apps, di
 
 @pytest.mark.desktop(width=1600, height=1000)
 @pytest.mark.parametrize("scale, pointer, corner", [
-    ("2", (800, 500), (800 - SIDE, 500 - SIDE)), ("2", (1599, 999), (1600 - 2 * SIDE, 1000 - 2 * SIDE)),
-], ids=["middle", "corner"])
-def test_at_scale_factor_two_the_ring_has_twice_the_pixels(
+    (2, (800, 500), (800 - SIDE, 500 - SIDE)), (2, (801, 499), (801 - SIDE, 499 - SIDE)),
+    (2, (1599, 999), (1600 - 2 * SIDE, 1000 - 2 * SIDE)), (1.5, (640, 401), (640 - SIDE * 3 // 4, 401 - SIDE * 3 // 4)),
+], ids=["even", "odd", "corner", "one-and-a-half"])
+def test_a_dense_screen_has_the_ring_around_the_pointers_own_pixel(
         launcher, apps, display, look, scale, pointer, corner):
     launcher.pin(*apps)
-    launcher.start(environment={"QT_SCALE_FACTOR": scale})
+    launcher.start(environment={"QT_SCALE_FACTOR": str(scale)})
     window = launcher.summon(*pointer)
-    launcher.wait_shows(*apps, scale=2)
+    launcher.wait_shows(*apps, scale=scale)
     look("open")
-    assert display.geometry(window) == Rect(*corner, 2 * SIDE, 2 * SIDE)
-    display.click(*launcher.slot_place(1, 3, scale=2))
+    assert display.geometry(window) == Rect(*corner, int(scale * SIDE), int(scale * SIDE))
+    display.click(*launcher.slot_place(1, 3, scale=scale))
     apps[1].wait_started()

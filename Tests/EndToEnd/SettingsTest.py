@@ -330,6 +330,10 @@ def test_the_ring_moves_with_the_window_and_goes_with_it(launcher, window, apps,
     assert not any(overlap(*pair) for pair in places)
     look("moved")
 
+    display.switch_to_desktop(1)
+    wait_until(lambda: preview(display) is None, "the ring stays on its window's desktop")
+    display.switch_to_desktop(0)
+    wait_preview(display, lambda f: not overlap(f, window.frame()), "the ring is back with its window")
     ask_for_state(display, window.window(), ICONIC)
     wait_until(lambda: preview(display) is None, "the ring goes with the minimised window")
     minimised = next(w for w in display.root_property("_NET_CLIENT_LIST") if display.title(w) == SETTINGS_TITLE)
@@ -425,6 +429,8 @@ def test_the_window_is_light_and_dark_as_the_desktop_asks(launcher, window, apps
     portal.prefer("dark")
     window.open("about")
     wait_ground((0x1E, 0x1F, 0x22), "dark when opened anew")
+    portal.prefer("contrast")
+    wait_ground((0, 0, 0), "nothing but black and white")
 
 
 # --- backups

@@ -102,19 +102,6 @@ QImage pictureOf(QWidget& view)
     return view.grab().toImage();
 }
 
-/// Black on white with hard edges, as a desktop's theme for poor eyesight has it.
-QPalette contrastPalette()
-{
-    QPalette palette(Qt::white, Qt::black);
-    palette.setColor(QPalette::Base, Qt::black);
-    palette.setColor(QPalette::Highlight, QColor(0xFF, 0xD7, 0x00));
-    palette.setColor(QPalette::HighlightedText, Qt::black);
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        palette.setColor(role, Qt::white);
-    }
-    return palette;
-}
-
 struct RingPicture : PanelFixture
 {
     explicit RingPicture(QString scheme)
@@ -146,10 +133,10 @@ private:
 GalleryScenes::GalleryScenes(const QString& scheme)
     : m_scheme(scheme)
 {
-    const auto wanted = scheme == u"light" ? ColorScheme::light : ColorScheme::dark;
-    if (scheme == u"contrast") {
-        QApplication::setPalette(contrastPalette());
-    } else if (const auto palette = DesktopPalette::replacing(QApplication::palette(), wanted)) {
+    const DesktopPalette::Wanted wanted{.scheme = scheme == u"light" ? ColorScheme::light
+                                                                     : ColorScheme::dark,
+                                        .highContrast = scheme == u"contrast"};
+    if (const auto palette = DesktopPalette::replacing(QApplication::palette(), wanted)) {
         QApplication::setPalette(*palette);
     }
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Look/DesktopPalette.h>
-#include <TavikLauncher/Look/WindowStyle.h>
+#include <TavikLauncher/Look/Look.h>
 
 #include <QApplication>
 #include <QStyle>
@@ -48,12 +48,22 @@ private Q_SLOTS:
         const DesktopPalette palette(appearance);
         using enum ColorScheme;
         // Asked twice for the same, another answer of the desktop's has changed.
-        for (const ColorScheme scheme : {dark, dark, light, dark, noPreference, light}) {
+        for (const auto& [scheme, contrast] : {std::pair(dark, false),
+                                               {dark, false},
+                                               {light, false},
+                                               {light, true},
+                                               {dark, true},
+                                               {dark, false},
+                                               {noPreference, true},
+                                               {noPreference, false}}) {
             appearance.scheme = scheme;
+            appearance.contrast = contrast;
             appearance.onChanged();
             QCoreApplication::processEvents();
-            QCOMPARE(WindowStyle::isDark(window.palette()), scheme == dark);
-            QCOMPARE(QApplication::palette() == toolkits, scheme != dark);
+            const Look look = Look::of(window);
+            QCOMPARE(look.isDark, scheme == dark);
+            QCOMPARE(look.isContrast, contrast);
+            QCOMPARE(QApplication::palette() == toolkits, scheme != dark && !contrast);
         }
     }
 
@@ -70,16 +80,20 @@ private Q_SLOTS:
     void textsCanBeReadInTheDarkAndInTheLight()
     {
         using enum QPalette::ColorRole;
-        const QPalette dark
-            = DesktopPalette::replacing(QPalette(Qt::white), ColorScheme::dark).value();
-        const QPalette light = DesktopPalette::replacing(dark, ColorScheme::light).value();
+        const auto asked = [](const QPalette& from, const DesktopPalette::Wanted& wanted) {
+            return DesktopPalette::replacing(from, wanted).value();
+        };
+        const QPalette dark = asked(QPalette(Qt::white), {ColorScheme::dark});
+        const QPalette light = asked(dark, {ColorScheme::light});
+        const QPalette pureDark = asked(light, {ColorScheme::dark, true});
+        const QPalette pureLight = asked(dark, {ColorScheme::light, true});
         struct Pair
         {
             QPalette::ColorRole text;
             QPalette::ColorRole ground;
             double least;
         };
-        for (const QPalette& palette : {dark, light}) {
+        for (const QPalette& palette : {dark, light, pureDark, pureLight}) {
             for (const auto& [text, ground, least] : {Pair{WindowText, Window, 12},
                                                       Pair{Text, Base, 12},
                                                       Pair{Text, AlternateBase, 11},

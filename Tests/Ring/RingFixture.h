@@ -86,7 +86,8 @@ struct RingFixture
                 fileManager,
                 commands,
                 presentation,
-                mainQueue};
+                mainQueue,
+                workQueue};
     }
 
     const QString all = u"A B C D E"_s;

@@ -13,8 +13,8 @@ namespace {
 
 struct Composed : RingFixture
 {
-    RingComposition composition{{catalog, settings, recents, workspace, fileManager},
-                                ownIdentifier};
+    OutsideApps outside{fileManager, workQueue};
+    RingComposition composition{{catalog, settings, recents, workspace, outside}, ownIdentifier};
 
     [[nodiscard]] QString ring(const QString& query = {}, const QString& debounced = {}) const
     {
@@ -106,22 +106,33 @@ private Q_SLOTS:
         QCOMPARE(ring.ring(), u"Own"_s);
     }
 
-    void applicationsOutsideTheCatalogAreReadOnceUntilInvalidated()
+    void drivesComeAndGoWithoutBeingWaitedFor()
     {
-        Composed ring;
+        Interacting it;
+        const QString path = u"/drive/x.desktop"_s;
+        const auto shown = [&it](bool isSummon) {
+            it.commands.prepareForShow(isSummon);
+            const int reads = it.fileManager.bundleReads;
+            it.ring.refreshRing();
+            return it.fileManager.bundleReads == reads && it.workQueue.waiting() == 1;
+        };
+        it.pin({path});
+        QCOMPARE(names(it.ring.ringApps()), it.all);
         Bundle bundle;
         bundle.name = u"Outside"_s;
         bundle.isHidden = true; // The user asked for it by name.
-        ring.fileManager.bundles.insert(u"/elsewhere/x.desktop"_s, bundle);
-        ring.pin({u"/elsewhere/x.desktop"_s});
-        QCOMPARE(ring.ring(), u"Outside"_s);
-        const int reads = ring.fileManager.bundleReads;
-        QCOMPARE(ring.ring(), u"Outside"_s);
-        QCOMPARE(ring.fileManager.bundleReads, reads);
+        it.fileManager.bundles.insert(path, bundle);
+        QVERIFY(shown(true));
+        it.workQueue.runAll();
+        QCOMPARE(names(it.ring.ringApps()), u"Outside "_s + it.all);
 
-        ring.fileManager.bundles.remove(u"/elsewhere/x.desktop"_s);
-        ring.composition.invalidateOutsideRecords();
-        QCOMPARE(ring.ring(), QString());
+        it.fileManager.bundles.remove(path);
+        QVERIFY(shown(true));
+        it.commands.moveSelectionRight();
+        it.workQueue.runAll();
+        QCOMPARE(names(it.ring.ringApps()), u"Outside "_s + it.all); // It is being chosen from.
+        QVERIFY(shown(false));
+        QCOMPARE(names(it.ring.ringApps()), it.all);
     }
 
     void capacityIsAtLeastOne()

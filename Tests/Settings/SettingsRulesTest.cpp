@@ -2,6 +2,7 @@
 #include <TavikLauncher/Settings/ColorText.h>
 #include <TavikLauncher/Settings/LaunchHints.h>
 #include <TavikLauncher/Settings/SettingsPreviewLayout.h>
+#include <TavikLauncher/Settings/ThemePreset.h>
 
 #include <QMap>
 #include <QTest>
@@ -55,6 +56,25 @@ private Q_SLOTS:
         for (const auto& text : bad.split(u'|')) {
             QCOMPARE(ColorText::color(text, fallback), fallback);
         }
+    }
+
+    void themesHaveTheirNumbers()
+    {
+        QStringList themes;
+        for (const ThemePreset& preset : ThemePreset::presets()) {
+            themes << u"%1 %2 %3 %4 %5 %6"_s.arg(preset.id, preset.ringColorHex)
+                          .arg(preset.ringOpacity)
+                          .arg(preset.highlightColorHex)
+                          .arg(preset.highlightOpacity)
+                          .arg(preset.pillOpacity);
+        }
+        QCOMPARE(themes.join(u'\n'),
+                 u"tavik-classic #000000 0.82 #0A84FF 0.72 0.94\n"
+                 "midnight-cyan #050A12 0.88 #00C7D9 0.76 0.94\n"
+                 "graphite-ember #151515 0.84 #FF6A3D 0.78 0.95\n"
+                 "forest-signal #07150F 0.84 #34C759 0.72 0.93\n"
+                 "plum-neon #16091E 0.86 #BF5AF2 0.74 0.94\n"
+                 "glass-graphite #202124 0.56 #64D2FF 0.62 0.9"_s);
     }
 
     void colorTextComesFromEveryColor()

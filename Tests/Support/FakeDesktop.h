@@ -14,8 +14,10 @@ class FakeAppearance final : public DesktopAppearance
 public:
     [[nodiscard]] bool reducesMotion() const override { return reduced; }
     [[nodiscard]] ColorScheme colorScheme() const override { return scheme; }
+    [[nodiscard]] bool wantsHighContrast() const override { return contrast; }
 
     bool reduced = false;
+    bool contrast = false;
     ColorScheme scheme = ColorScheme::noPreference;
 };
 

@@ -24,6 +24,7 @@ public:
     void returnKeyboardFocus() override { calls << QStringLiteral("return focus"); }
     [[nodiscard]] bool hasKeyboardFocus(WId) const override { return hasFocus; }
     [[nodiscard]] bool isOnScreen(WId) const override { return true; }
+    [[nodiscard]] bool isOnCurrentDesktop(WId) const override { return onCurrentDesktop; }
     [[nodiscard]] bool isCompositing() const override { return compositing; }
     void beginActivation(const Activation& activation) override
     {
@@ -35,6 +36,7 @@ public:
     QRegion inputRegion;
     bool isManaged = false;
     bool hasFocus = true;
+    bool onCurrentDesktop = true;
     bool compositing = true;
 };
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Look/DesktopPalette.h>
-#include <TavikLauncher/Look/WindowStyle.h>
+#include <TavikLauncher/Look/Look.h>
 
 #include <QApplication>
 #include <QStyle>
@@ -64,6 +64,29 @@ QPalette made(bool isDark)
     return palette;
 }
 
+/// Two pure colours, which tells every window of ours to draw with them alone. The accent is strong
+/// enough to be read on either.
+QPalette pure(bool isDark)
+{
+    const QColor paper = isDark ? Qt::black : Qt::white;
+    const QColor ink = isDark ? Qt::white : Qt::black;
+    QPalette palette(paper, paper);
+    using enum QPalette::ColorRole;
+    for (const auto role :
+         {WindowText, Text, ButtonText, BrightText, ToolTipText, PlaceholderText, Mid, Dark}) {
+        palette.setColor(role, ink);
+    }
+    for (const auto role : {Base, AlternateBase, ToolTipBase, Light, Midlight}) {
+        palette.setColor(role, paper);
+    }
+    const QColor accent = QColor::fromRgb(isDark ? 0xFFFFD700 : 0xFF0043B8);
+    for (const auto role : {Highlight, Link, LinkVisited}) {
+        palette.setColor(role, accent);
+    }
+    palette.setColor(HighlightedText, paper);
+    return palette;
+}
+
 } // namespace
 
 DesktopPalette::DesktopPalette(DesktopAppearance& appearance)
@@ -80,18 +103,21 @@ DesktopPalette::~DesktopPalette()
     m_appearance.onChanged = nullptr;
 }
 
-std::optional<QPalette> DesktopPalette::replacing(const QPalette& toolkits, ColorScheme wanted)
+std::optional<QPalette> DesktopPalette::replacing(const QPalette& toolkits, Wanted wanted)
 {
-    const bool wantsDark = wanted == ColorScheme::dark;
-    if (wanted == ColorScheme::noPreference || WindowStyle::isDark(toolkits) == wantsDark) {
-        return std::nullopt;
+    const Look shown = Look::of(toolkits);
+    const bool isFree = wanted.scheme == ColorScheme::noPreference;
+    const bool isDark = isFree ? shown.isDark : wanted.scheme == ColorScheme::dark;
+    if (wanted.highContrast && !shown.isContrast) {
+        return pure(isDark);
     }
-    return made(wantsDark);
+    return isDark == shown.isDark ? std::nullopt : std::optional(made(isDark));
 }
 
 void DesktopPalette::apply()
 {
-    const ColorScheme wanted = m_appearance.colorScheme();
+    const Wanted wanted{.scheme = m_appearance.colorScheme(),
+                        .highContrast = m_appearance.wantsHighContrast()};
     if (wanted == m_applied) {
         return;
     }

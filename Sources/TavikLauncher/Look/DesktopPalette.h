@@ -9,7 +9,8 @@
 
 namespace Tavik {
 
-/// Gives all windows light or dark colours as the desktop asks, at once when it changes its mind.
+/// Gives all windows light, dark or pure colours as the desktop asks, at once when it changes its
+/// mind.
 /// Where the toolkit already takes its colours from the desktop, those stay. The one listener of
 /// the appearance it is given. Main thread only.
 class DesktopPalette final
@@ -20,15 +21,22 @@ public:
     DesktopPalette(const DesktopPalette&) = delete;
     DesktopPalette& operator=(const DesktopPalette&) = delete;
 
+    /// What a desktop may ask for.
+    struct Wanted
+    {
+        ColorScheme scheme = ColorScheme::noPreference;
+        bool highContrast = false;
+
+        bool operator==(const Wanted&) const = default;
+    };
     /// The colours to show in place of the toolkit's own; absent when those are what is asked for.
-    [[nodiscard]] static std::optional<QPalette> replacing(const QPalette& toolkits,
-                                                           ColorScheme wanted);
+    [[nodiscard]] static std::optional<QPalette> replacing(const QPalette& toolkits, Wanted wanted);
 
 private:
     void apply();
 
     DesktopAppearance& m_appearance;
-    ColorScheme m_applied = ColorScheme::noPreference;
+    Wanted m_applied;
     bool m_replaces = false; ///< Colours of ours are shown.
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Catalog/AppCatalog.h>
 #include <TavikLauncher/Catalog/RecentAppsStore.h>
+#include <TavikLauncher/Ring/OutsideApps.h>
 #include <TavikLauncher/Ring/RingComposition.h>
 #include <TavikLauncher/Settings/LauncherSettings.h>
 #include <TavikLauncherCore/AppSearch.h>
@@ -94,11 +95,7 @@ const IndexedApp* RingComposition::record(const QString& path) const
     if (const IndexedApp* catalogued = m_sources.catalog.recordForPath(path)) {
         return catalogued;
     }
-    auto found = m_outside.find(path);
-    if (found == m_outside.end()) {
-        found = m_outside.insert(path, AppCatalog::indexedApp(m_sources.fileManager, path));
-    }
-    return *found ? &**found : nullptr;
+    return m_sources.outside.record(path);
 }
 
 void RingComposition::append(Collector& collector, const QString& path, Own own) const

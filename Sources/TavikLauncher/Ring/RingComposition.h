@@ -3,25 +3,21 @@
 
 #include <TavikLauncherCore/IndexedApp.h>
 
-#include <QHash>
 #include <QList>
 #include <QSet>
 #include <QString>
 
-#include <optional>
-
 namespace Tavik {
 
 class AppCatalog;
-class FileManager;
 class LauncherSettings;
+class OutsideApps;
 class RecentAppsStore;
 class Workspace;
 
 /// Which applications fill the ring, and in what order: pinned, then running, then (if the user
-/// wishes) recent ones, or the best matches of a typed text. Holds nothing of the ring's state;
-/// only the records of applications outside the catalog are remembered, so that composing the ring
-/// for a summon reads no file. Main thread only.
+/// wishes) recent ones, or the best matches of a typed text. Holds nothing of the ring's state.
+/// Main thread only.
 class RingComposition
 {
 public:
@@ -31,7 +27,7 @@ public:
         LauncherSettings& settings;
         RecentAppsStore& recents;
         Workspace& workspace;
-        FileManager& fileManager;
+        OutsideApps& outside;
     };
     /// The regular applications that run, as the drawing marks them.
     struct RunningSets
@@ -56,9 +52,6 @@ public:
                                              const QString& debouncedQuery) const;
     [[nodiscard]] RunningSets runningApplications() const;
 
-    /// Forgets what was read about applications outside the catalog.
-    void invalidateOutsideRecords() { m_outside.clear(); }
-
 private:
     enum class Own {
         kept,
@@ -72,7 +65,6 @@ private:
 
     Sources m_sources;
     QString m_ownIdentifier;
-    mutable QHash<QString, std::optional<IndexedApp>> m_outside;
 };
 
 } // namespace Tavik

@@ -13,6 +13,8 @@ namespace {
 
 constexpr double smallestInnerRadius = 84.0;
 constexpr double outerInset = 2.0;
+constexpr double leastIconSize = 28.0;
+constexpr double mostHaloRoom = 18.0;
 constexpr double topDegrees = -90.0;
 
 double radians(double degrees)
@@ -37,10 +39,12 @@ RingGeometry RingGeometry::make(const Measures& measures)
     geometry.innerRadius = std::max(radius - thickness, smallestInnerRadius);
     geometry.outerRadius = radius - outerInset;
     geometry.iconRadius = (geometry.innerRadius + geometry.outerRadius) / 2;
-    geometry.effectiveIconSize = std::min(std::max(thickness - 18, 28.0), measures.iconSize);
+    geometry.effectiveIconSize
+        = std::min(std::max(thickness - 18, leastIconSize), measures.iconSize);
     geometry.haloSize = std::min(std::max(geometry.effectiveIconSize, thickness - 10),
-                                 geometry.effectiveIconSize + 18);
+                                 geometry.effectiveIconSize + mostHaloRoom);
     geometry.slotCount = std::max(measures.slotCount, 0);
+    geometry.fullCount = std::max(measures.fullCount, geometry.slotCount);
     return geometry;
 }
 
@@ -60,14 +64,21 @@ double RingGeometry::roomAroundIcon() const
     return std::max(panelSide(diameter) / 2 - iconRadius, 0.0);
 }
 
+double RingGeometry::iconDistance() const
+{
+    // Two icons are as far apart as they can be.
+    return 2 * iconRadius * std::sin(std::numbers::pi / std::max(fullCount, 2));
+}
+
 double RingGeometry::drawnIconSize() const
 {
-    return std::min(effectiveIconSize, 2 * roomAroundIcon() / selectedScale);
+    const double beside = std::max(iconDistance(), leastIconSize);
+    return std::min({effectiveIconSize, 2 * roomAroundIcon() / selectedScale, beside});
 }
 
 double RingGeometry::drawnHaloSize() const
 {
-    return std::min(haloSize, 2 * roomAroundIcon());
+    return std::min({haloSize, 2 * roomAroundIcon(), drawnIconSize() + mostHaloRoom});
 }
 
 QPointF RingGeometry::slotCenter(int slot) const

@@ -20,6 +20,7 @@ struct RingGeometry
         double ringThickness = 0;
         double iconSize = 0;
         int slotCount = 0;
+        int fullCount = 0; ///< Slots that the icons leave room for while fewer are shown.
     };
 
     QPointF center;
@@ -29,6 +30,7 @@ struct RingGeometry
     double effectiveIconSize = 0;
     double haloSize = 0;
     int slotCount = 0;
+    int fullCount = 0;
 
     /// How much larger the selected icon is.
     static constexpr double selectedScale = 1.08;
@@ -41,7 +43,7 @@ struct RingGeometry
     [[nodiscard]] static double slotAngle(int slot, int count);
 
     /// The side at which icons are drawn: the effective one, unless the panel's edge would cut off
-    /// a selected icon.
+    /// a selected icon, or neighbours would cover each other.
     [[nodiscard]] double drawnIconSize() const;
     /// The halo's diameter, likewise inside the panel.
     [[nodiscard]] double drawnHaloSize() const;
@@ -62,6 +64,8 @@ struct RingGeometry
 private:
     /// From an icon's centre to the panel's edge, where it is nearest.
     [[nodiscard]] double roomAroundIcon() const;
+    /// From an icon's centre to its neighbour's in a full ring.
+    [[nodiscard]] double iconDistance() const;
 };
 
 /// The angle equivalent to `target` that lies within half a turn of `current`, so that a highlight

@@ -52,11 +52,12 @@ RingInteraction::RingInteraction(const Dependencies& dependencies,
                                  QString ownIdentifier,
                                  std::function<void()> onClose)
     : m_dependencies(dependencies)
+    , m_outside(dependencies.fileManager, dependencies.workQueue)
     , m_composition({dependencies.catalog,
                      dependencies.settings,
                      dependencies.recents,
                      dependencies.workspace,
-                     dependencies.fileManager},
+                     m_outside},
                     std::move(ownIdentifier))
     , m_onClose(std::move(onClose))
     , m_launchHint(
@@ -78,10 +79,10 @@ bool RingInteraction::isIndexing() const
 void RingInteraction::installObservers()
 {
     connect(&m_dependencies.catalog, &AppCatalog::appsChanged, this, [this] {
-        m_hasStaleRecords = true;
-        forgetStaleRecords();
         refreshRing();
+        m_outside.check();
     });
+    connect(&m_outside, &OutsideApps::changed, this, &RingInteraction::outsideChanged);
     connect(&m_dependencies.catalog,
             &AppCatalog::isIndexingChanged,
             this,
@@ -178,6 +179,7 @@ void RingInteraction::prepareForShow(bool isUserSummon)
     }
     refreshRing();
     Q_EMIT centerChanged();
+    m_outside.check();
 }
 
 void RingInteraction::refreshRing()
@@ -189,22 +191,19 @@ void RingInteraction::refreshRing()
     m_running = running;
     m_starting = m_dependencies.workspace.startingApplications();
     m_ringApps = apps;
+    if (!isFiltering()) {
+        m_unfilteredCount = static_cast<int>(apps.size());
+    }
     m_selectedIndex = std::max(std::min(last, m_selectedIndex), 0);
     updateHighlightedAngle(m_selectedIndex, false);
     Q_EMIT ringChanged();
 }
 
-void RingInteraction::setShown(bool isShown)
+void RingInteraction::outsideChanged()
 {
-    m_isShown = isShown;
-    forgetStaleRecords();
-}
-
-void RingInteraction::forgetStaleRecords()
-{
-    // Reading them anew takes the disk, which an animation cannot wait for.
-    if (!m_isShown && std::exchange(m_hasStaleRecords, false)) {
-        m_composition.invalidateOutsideRecords();
+    // A slow drive answers late, and nothing may move under the hand of who is choosing.
+    if (!hasActiveSelection()) {
+        refreshRing();
     }
 }
 

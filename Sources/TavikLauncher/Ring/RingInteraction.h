@@ -3,12 +3,14 @@
 
 #include <TavikLauncher/Ring/HoverEngagement.h>
 #include <TavikLauncher/Ring/LaunchHintDisplay.h>
+#include <TavikLauncher/Ring/OutsideApps.h>
 #include <TavikLauncher/Ring/RingComposition.h>
 #include <TavikLauncherPlatform/MainQueue.h>
 #include <TavikLauncherPlatform/NotificationCenter.h>
 
 #include <QObject>
 
+#include <algorithm>
 #include <functional>
 #include <optional>
 #include <vector>
@@ -16,7 +18,9 @@
 namespace Tavik {
 
 class AppLauncher;
+class FileManager;
 class LauncherPresentationState;
+class WorkQueue;
 struct LauncherCommands;
 struct RingGeometry;
 
@@ -38,6 +42,7 @@ public:
         LauncherCommands& commands;
         LauncherPresentationState& presentation;
         MainQueue& mainQueue;
+        WorkQueue& workQueue;
     };
 
     RingInteraction(const Dependencies& dependencies,
@@ -47,6 +52,11 @@ public:
 
     /// Current ring, slot 0 first.
     [[nodiscard]] const QList<IndexedApp>& ringApps() const { return m_ringApps; }
+    /// How many slots the ring has without the filter, or with it when those are more.
+    [[nodiscard]] int fullCount() const
+    {
+        return std::max(m_unfilteredCount, static_cast<int>(m_ringApps.size()));
+    }
     [[nodiscard]] int selectedIndex() const { return m_selectedIndex; }
     [[nodiscard]] const QString& query() const { return m_query; }
     [[nodiscard]] const QString& debouncedQuery() const { return m_debouncedQuery; }
@@ -77,8 +87,6 @@ public:
     /// hint, anything else dismisses the one shown.
     void prepareForShow(bool isUserSummon);
     void refreshRing();
-    /// While the ring is shown, applications outside the catalog are not read anew.
-    void setShown(bool isShown);
 
     /// The pointer is at `point` of the ring's drawing area, laid out as `geometry`.
     void hoverAt(QPointF point, const RingGeometry& geometry);
@@ -108,7 +116,7 @@ private:
     void fillCommands();
     void installObservers();
     void installWorkspaceObservers();
-    void forgetStaleRecords();
+    void outsideChanged();
     void updateHighlightedAngle(int index, bool animated);
     void moveSelection(int step);
     void select(int index);
@@ -118,6 +126,7 @@ private:
     void showMatches(const QString& text);
 
     Dependencies m_dependencies;
+    OutsideApps m_outside;
     RingComposition m_composition;
     std::function<void()> m_onClose;
 
@@ -126,11 +135,10 @@ private:
     Task m_debounceTask;
     int m_selectedIndex = 0;
     QList<IndexedApp> m_ringApps;
+    int m_unfilteredCount = 0;
     RingComposition::RunningSets m_running;
     QStringList m_starting; ///< Paths.
     std::vector<ObserverToken> m_workspaceObservers;
-    bool m_isShown = false;
-    bool m_hasStaleRecords = false;
     bool m_isPinnedForSearch = false;
     bool m_showsSelectionLabel = false;
     HoverEngagement m_hover;

@@ -11,7 +11,6 @@
 #include <QApplication>
 #include <QUrl>
 
-#include <algorithm>
 #include <utility>
 
 namespace Tavik {
@@ -21,8 +20,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int appIconSize = 256;
-/// By then a desktop that has a tray has said so, if it was there before us.
-constexpr double trayPatienceSeconds = 3;
 
 /// Our own application id, and the identifier of our desktop entry.
 const QString& ownIdentifier()
@@ -87,6 +84,18 @@ AppDelegate::AppDelegate(Platform& platform, NotificationCenter& notifications)
               .settingsChangedPlace = [this] { m_panelController->followSettingsWindow(); },
               .windowMade = [this](QWidget& window) { m_statusItem->addKeyEquivalents(window); },
           })
+    , m_requests({*platform.windowServer, m_screenGuard},
+                 {
+                     .isRingVisible = [this] { return m_panelController->isVisible(); },
+                     .showRing = [this] { showAtPointer(); },
+                     .hideRing = [this] { m_panelController->hide(); },
+                     .showSettings = [this](const QString& section) { showSettings(section); },
+                     .showReindex = [this] { m_windows.showReindex(); },
+                     .showTour = [this] { m_windows.showOnboarding(true); },
+                     .checkForUpdates = [this] { m_softwareUpdates->checkForUpdates(); },
+                     .quit = &TavikLauncherApp::end,
+                 })
+    , m_settingsOffer(*platform.statusTray, *platform.mainQueue, [this] { showSettings(); })
     , m_updaterApplication({.windowServer = *platform.windowServer, .activeScreen = [this] {
                                 return m_windows.activeScreen();
                             }})
@@ -150,10 +159,10 @@ std::unique_ptr<PanelSurface> AppDelegate::makePanel(std::function<void()> dismi
                  .fileManager = *m_platform.fileManager,
                  .commands = m_commands,
                  .presentation = m_presentation,
-                 .mainQueue = *m_platform.mainQueue},
+                 .mainQueue = *m_platform.mainQueue,
+                 .workQueue = *m_platform.workQueue},
         .ownIdentifier = ownIdentifier(),
         .iconDecoder = *m_platform.iconDecoder,
-        .workQueue = *m_platform.workQueue,
         .windowServer = *m_platform.windowServer,
         .appearance = *m_platform.appearance,
         .onClose = std::move(dismiss),
@@ -360,21 +369,7 @@ void AppDelegate::startedByUser(const Activation& activation, std::function<bool
 {
     m_platform.windowServer->beginActivation(activation);
     m_platform.windowServer->endActivation();
-    m_offerSettings = m_platform.mainQueue->after(
-        trayPatienceSeconds, [this, isFirstOfLogin = std::move(isFirstOfLogin)] {
-            if (isFirstOfLogin()) {
-                offerSettings();
-            }
-        });
-}
-
-void AppDelegate::offerSettings()
-{
-    const bool isSeen = m_platform.statusTray->host() != StatusTray::Host::none
-        || std::ranges::any_of(QApplication::topLevelWidgets(), &QWidget::isVisible);
-    if (!isSeen) {
-        showSettings();
-    }
+    m_settingsOffer.makeSoon(std::move(isFirstOfLogin));
 }
 
 void AppDelegate::performSoon(const AppRequest& request)
@@ -384,54 +379,8 @@ void AppDelegate::performSoon(const AppRequest& request)
 
 void AppDelegate::perform(const AppRequest& request)
 {
-    m_offerSettings.cancel();
-    const auto act = [this, request] {
-        m_platform.windowServer->beginActivation(request.activation);
-        carryOut(request);
-        m_platform.windowServer->endActivation();
-    };
-    if (bringsUpRing(request.action)) {
-        m_screenGuard.whenFree(act);
-    } else {
-        act();
-    }
-}
-
-bool AppDelegate::bringsUpRing(AppAction action) const
-{
-    return action == AppAction::activate || action == AppAction::showLauncher
-        || (action == AppAction::toggleLauncher && !m_panelController->isVisible());
-}
-
-void AppDelegate::carryOut(const AppRequest& request)
-{
-    switch (request.action) {
-    case AppAction::activate:
-    case AppAction::showLauncher:
-        showAtPointer();
-        break;
-    case AppAction::toggleLauncher:
-        togglePanel();
-        break;
-    case AppAction::hideLauncher:
-        m_panelController->hide();
-        break;
-    case AppAction::settings:
-        showSettings(request.argument);
-        break;
-    case AppAction::reindex:
-        m_windows.showReindex();
-        break;
-    case AppAction::tour:
-        m_windows.showOnboarding(true);
-        break;
-    case AppAction::checkForUpdates:
-        m_softwareUpdates->checkForUpdates();
-        break;
-    case AppAction::quit:
-        TavikLauncherApp::end();
-        break;
-    }
+    m_settingsOffer.withdraw();
+    m_requests.perform(request);
 }
 
 void AppDelegate::showAtPointer()
@@ -446,15 +395,6 @@ void AppDelegate::pinPanel()
     m_panelController->setPinnedForSearch(true);
     if (m_commands.showPinnedIndicator) {
         m_commands.showPinnedIndicator();
-    }
-}
-
-void AppDelegate::togglePanel()
-{
-    if (m_panelController->isVisible()) {
-        m_panelController->hide();
-    } else {
-        showAtPointer();
     }
 }
 

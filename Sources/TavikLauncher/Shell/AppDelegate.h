@@ -8,10 +8,11 @@
 #include <TavikLauncher/Ring/LauncherCommands.h>
 #include <TavikLauncher/Ring/LauncherPresentationState.h>
 #include <TavikLauncher/Settings/LauncherSettings.h>
-#include <TavikLauncher/Shell/AppRequest.h>
 #include <TavikLauncher/Shell/AuxiliaryWindows.h>
 #include <TavikLauncher/Shell/LauncherPanelController.h>
+#include <TavikLauncher/Shell/RequestPerformer.h>
 #include <TavikLauncher/Shell/ScreenGuard.h>
+#include <TavikLauncher/Shell/SettingsOffer.h>
 #include <TavikLauncher/Shell/SoftwareUpdates.h>
 #include <TavikLauncher/Shell/UpdaterApplication.h>
 #include <TavikLauncher/Trigger/TriggerGestures.h>
@@ -60,14 +61,10 @@ private:
     void installUpdateSettingsObserver();
     void installStatusItem();
     void chooseFirstRunWindow();
-    [[nodiscard]] bool bringsUpRing(AppAction action) const;
-    void carryOut(const AppRequest& request);
-    void offerSettings();
     void showLauncher();
     void showPreview();
     void showSettings(const QString& section = {});
     void showAtPointer();
-    void togglePanel();
     void pinPanel();
     void recordActivatedApplication();
 
@@ -86,6 +83,8 @@ private:
     std::unique_ptr<GlobalHotKey> m_hotKey; ///< Null while there is none, or it rests.
     bool m_isRecordingShortcut = false;
     AuxiliaryWindows m_windows;
+    RequestPerformer m_requests;
+    SettingsOffer m_settingsOffer;
     std::optional<StatusItem> m_statusItem;
     UpdaterApplication m_updaterApplication;
     std::optional<SoftwareUpdates> m_softwareUpdates;
@@ -97,7 +96,6 @@ private:
     ObserverToken m_willSleepObserver;
     ObserverToken m_recentAppActivationObserver;
     Task m_warmUp;
-    Task m_offerSettings;
 };
 
 } // namespace Tavik

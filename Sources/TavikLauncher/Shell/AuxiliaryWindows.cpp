@@ -43,10 +43,15 @@ std::function<void()> closing(const AuxiliaryWindowPointer& window)
 AuxiliaryWindows::AuxiliaryWindows(const Dependencies& dependencies, Actions actions)
     : m_dependencies(dependencies)
     , m_actions(std::move(actions))
-{ }
+{
+    m_dependencies.platform.windowServer->onDesktopChanged = [this] {
+        desktopChanged();
+    };
+}
 
 AuxiliaryWindows::~AuxiliaryWindows()
 {
+    m_dependencies.platform.windowServer->onDesktopChanged = nullptr;
     // The end of the program is no closing by the user; and a deletion that is put off would come
     // after the end of what the windows refer to.
     m_isEnding = true;
@@ -217,6 +222,7 @@ void AuxiliaryWindows::showSettings()
     if (const std::optional<Screen> screen = activeScreen()) {
         m_settingsPlace->place(*screen);
     }
+    m_isSettingsElsewhere = false; // Its window manager brings it here, or the user there.
     m_settingsWindow->activate();
     // Closing may have taken the native window along.
     m_dependencies.platform.windowServer->reportMoves(m_settingsWindow->winId());
@@ -260,7 +266,21 @@ void AuxiliaryWindows::applyDockVisibility()
 
 bool AuxiliaryWindows::isSettingsVisible() const
 {
-    return m_settingsWindow && m_settingsWindow->isVisible() && !m_settingsWindow->isMinimized();
+    return m_settingsWindow && m_settingsWindow->isVisible() && !m_settingsWindow->isMinimized()
+        && !m_isSettingsElsewhere;
+}
+
+/// The preview is on every desktop, as the ring is; it stays with its window all the same.
+void AuxiliaryWindows::desktopChanged()
+{
+    if (!m_settingsWindow || !m_settingsWindow->isVisible()) {
+        return;
+    }
+    const bool isElsewhere = !m_dependencies.platform.windowServer->isOnCurrentDesktop(
+        m_settingsWindow->internalWinId());
+    if (std::exchange(m_isSettingsElsewhere, isElsewhere) != isElsewhere) {
+        m_actions.settingsChangedPlace();
+    }
 }
 
 QRectF AuxiliaryWindows::settingsFrame() const

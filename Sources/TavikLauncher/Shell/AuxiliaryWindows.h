@@ -81,6 +81,7 @@ private:
                                                     std::function<void()> onClose);
     [[nodiscard]] AuxiliaryWindowPointer makeSettingsWindow();
     void centerOnActiveScreen(AuxiliaryWindow& window) const;
+    void desktopChanged();
 
     Dependencies m_dependencies;
     Actions m_actions;
@@ -89,6 +90,7 @@ private:
     AuxiliaryWindowPointer m_reindexWindow;
     AuxiliaryWindowPointer m_onboardingWindow;
     AuxiliaryWindowPointer m_accessibilityPermissionWindow;
+    bool m_isSettingsElsewhere = false; ///< On a virtual desktop that is not seen now.
     bool m_isEnding = false;
 };
 

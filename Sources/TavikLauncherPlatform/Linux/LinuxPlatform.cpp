@@ -75,6 +75,7 @@ void addX11Services(Platform& platform,
     platform.workspace = std::make_unique<ApplicationWorkspace>(
         *platform.mainQueue, *platform.workQueue, files, std::move(source));
     platform.screens = std::make_unique<QtScreens>(QtScreens::Hooks{
+        .pointer = [&windows] { return windows.pointer(); },
         .focusedPoint = [&windows] { return windows.focusedPoint(); },
         .availableArea = [&windows](const QRect& screen) { return windows.availableArea(screen); },
     });

@@ -64,6 +64,7 @@ class NullDesktopAppearance final : public DesktopAppearance
 public:
     [[nodiscard]] bool reducesMotion() const override { return false; }
     [[nodiscard]] ColorScheme colorScheme() const override { return ColorScheme::noPreference; }
+    [[nodiscard]] bool wantsHighContrast() const override { return false; }
 };
 
 /// A system that starts nothing at login.

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""A desktop's settings portal with one setting, the colour scheme, in a process of its own."""
+"""A desktop's settings portal, with colour scheme and contrast, in a process of its own."""
 import pathlib
 import subprocess
 import sys
@@ -10,8 +10,8 @@ from gi.repository import Gio, GLib
 BUS_NAME = "org.freedesktop.portal.Desktop"
 PATH = "/org/freedesktop/portal/desktop"
 INTERFACE = "org.freedesktop.portal.Settings"
-GROUP, KEY = "org.freedesktop.appearance", "color-scheme"
-SCHEMES = {"none": 0, "dark": 1, "light": 2}
+GROUP = "org.freedesktop.appearance"
+WISHES = {"none": ("color-scheme", 0), "dark": ("color-scheme", 1), "light": ("color-scheme", 2), "contrast": ("contrast", 1)}
 DESCRIPTION = f"""<node><interface name="{INTERFACE}">
   <method name="Read"><arg type="s" direction="in"/><arg type="s" direction="in"/><arg type="v" direction="out"/></method>
   <signal name="SettingChanged"><arg type="s"/><arg type="s"/><arg type="v"/></signal>
@@ -28,19 +28,20 @@ class Portal:
         assert self._process.stdout.readline() == "ready\n", desktop.log("portal")
 
     def prefer(self, scheme):
-        """Changes the setting to "none", "dark" or "light", and says so to whoever listens."""
+        """Changes one setting to what a word of `WISHES` says, and tells whoever listens."""
         self._process.stdin.write(f"{scheme}\n")
         self._process.stdin.flush()
 
 
 def _serve(scheme):
     loop, bus = GLib.MainLoop(), Gio.bus_get_sync(Gio.BusType.SESSION)
-    value = [SCHEMES[scheme]]
+    values = {"contrast": 0, **dict([WISHES[scheme]])}
 
     def call(_connection, _sender, _path, _interface, _method, arguments, invocation):
-        if arguments.unpack() == (GROUP, KEY):
+        group, key = arguments.unpack()
+        if group == GROUP and key in values:
             # Twice wrapped, as this old call has always answered.
-            inner = GLib.Variant("v", GLib.Variant("u", value[0]))
+            inner = GLib.Variant("v", GLib.Variant("u", values[key]))
             invocation.return_value(GLib.Variant("(v)", (inner,)))
         else:
             invocation.return_dbus_error("org.freedesktop.portal.Error.NotFound", "no such setting")
@@ -50,10 +51,11 @@ def _serve(scheme):
         if not line:
             loop.quit()
             return False
-        value[0] = SCHEMES[line]
+        key, value = WISHES[line]
+        values[key] = value
         bus.emit_signal(
             None, PATH, INTERFACE, "SettingChanged",
-            GLib.Variant("(ssv)", (GROUP, KEY, GLib.Variant("u", value[0]))))
+            GLib.Variant("(ssv)", (GROUP, key, GLib.Variant("u", value))))
         return True
 
     bus.register_object(PATH, Gio.DBusNodeInfo.new_for_xml(DESCRIPTION).interfaces[0], call, None, None)

@@ -261,6 +261,24 @@ private Q_SLOTS:
         }
     }
 
+    void aFileThatCannotBeReadIsNotCalledDamaged()
+    {
+        // A regular file whose first byte nobody can read, not even an administrator.
+        m_tree->link(u"/proc/self/mem"_s, u"Defaults.plist"_s);
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression(u"could not be opened, settings start .*: .+"_s));
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression(u"failed to save settings: .*left as it is"_s));
+        const auto defaults = open();
+        defaults->setObject(u"a"_s, 1LL);
+        endTurn();
+        QVERIFY(QFileInfo(m_path).isSymLink());
+        QVERIFY(QFile::remove(m_path));
+        defaults->setObject(u"b"_s, 1LL);
+        endTurn();
+        QCOMPARE(open()->integerValue(u"a"_s), 1);
+    }
+
 private:
     [[nodiscard]] std::unique_ptr<PropertyListDefaults> open()
     {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/KeyEvents.h>
 #include <TavikLauncherPlatform/Linux/Session/KeyCodes.h>
-#include <TavikLauncherPlatform/Linux/Session/PortalAppearance.h>
+#include <TavikLauncherPlatform/Linux/Session/PortalWishes.h>
 #include <TavikLauncherPlatform/Linux/X11/X11GrabModifiers.h>
 
 #include <QDBusVariant>
@@ -29,16 +29,21 @@ private Q_SLOTS:
     void settingsOfThePortalAreUnderstood()
     {
         const auto asks = [](const char* group, const char* key, const QVariant& value) {
-            return PortalAppearance::asksForLessMotion(
+            PortalWishes wishes;
+            wishes.take(
                 QLatin1String(group), QLatin1String(key), QVariant::fromValue(QDBusVariant(value)));
+            return (wishes.reduceMotion() ? u"calm"_qs : QString())
+                + (wishes.wantHighContrast() ? u"strong"_qs : QString());
         };
-        QVERIFY(asks("org.gnome.desktop.interface", "enable-animations", false));
-        QVERIFY(!asks("org.gnome.desktop.interface", "enable-animations", true));
-        QVERIFY(asks("org.freedesktop.appearance", "reduced-motion", 1U));
-        QVERIFY(!asks("org.freedesktop.appearance", "reduced-motion", 0U));
-        QVERIFY(asks("org.kde.kdeglobals.KDE", "AnimationDurationFactor", u"0"_qs));
-        QVERIFY(!asks("org.kde.kdeglobals.KDE", "AnimationDurationFactor", u"odd"_qs));
-        QVERIFY(!asks("org.freedesktop.appearance", "color-scheme", 1U));
+        QCOMPARE(asks("org.gnome.desktop.interface", "enable-animations", false), u"calm"_qs);
+        QCOMPARE(asks("org.gnome.desktop.interface", "enable-animations", true), QString());
+        QCOMPARE(asks("org.freedesktop.appearance", "reduced-motion", 1U), u"calm"_qs);
+        QCOMPARE(asks("org.freedesktop.appearance", "reduced-motion", 0U), QString());
+        QCOMPARE(asks("org.kde.kdeglobals.KDE", "AnimationDurationFactor", u"0"_qs), u"calm"_qs);
+        QCOMPARE(asks("org.kde.kdeglobals.KDE", "AnimationDurationFactor", u"odd"_qs), QString());
+        QCOMPARE(asks("org.freedesktop.appearance", "contrast", 1U), u"strong"_qs);
+        QCOMPARE(asks("org.gnome.desktop.a11y.interface", "high-contrast", true), u"strong"_qs);
+        QCOMPARE(asks("org.freedesktop.appearance", "color-scheme", 1U), QString());
     }
 
     void serverTimeBecomesUptime()

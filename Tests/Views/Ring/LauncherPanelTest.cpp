@@ -374,23 +374,29 @@ private Q_SLOTS:
         QVERIFY2(rim.blue() > 40, qPrintable(rim.name()));
     }
 
-    void noIconLeavesThePanel_data()
+    void iconsStayInThePanelAndApart_data()
     {
-        const Table<double, double> row;
-        row("thick and small", 250, 220);
-        row("thick and large", 550, 220);
-        row("thin", 250, 60);
+        const Table<double, double, double, int, double> row; // Last the side they are drawn with.
+        row("as it comes", 320, 80, 50, 15, 50);
+        row("more than there is room for", 320, 80, 50, 24, 31.59);
+        row("thick and small", 250, 220, 92, 4, 62.96);
+        row("thick, small and full", 250, 220, 92, 24, 28);
+        row("thick and large", 550, 220, 92, 12, 92);
+        row("thin", 250, 60, 92, 12, 42);
     }
-    void noIconLeavesThePanel()
+    void iconsStayInThePanelAndApart()
     {
-        const auto [diameter, thickness] = fetch<double, double>();
+        const auto [diameter, thickness, icon, count, side]
+            = fetch<double, double, double, int, double>();
         const RingGeometry ring = RingGeometry::make({.area = QSizeF(diameter, diameter),
                                                       .ringThickness = thickness,
-                                                      .iconSize = 92,
-                                                      .slotCount = 12});
+                                                      .iconSize = icon,
+                                                      .slotCount = 1,
+                                                      .fullCount = count});
+        QVERIFY2(std::abs(ring.drawnIconSize() - side) < 0.01,
+                 qPrintable(QString::number(ring.drawnIconSize())));
         const double reach = ring.drawnIconSize() * RingGeometry::selectedScale / 2;
         QVERIFY(ring.iconRadius + reach <= RingGeometry::panelSide(diameter) / 2 + 0.001);
-        QVERIFY(ring.drawnIconSize() >= std::min(ring.effectiveIconSize, 60.0));
     }
 
     void theOvershootIsNotCutOffToASquare()

@@ -32,7 +32,6 @@ struct PanelFixture : RingFixture
             .ring = ringDependencies(),
             .ownIdentifier = ownIdentifier,
             .iconDecoder = icons,
-            .workQueue = workQueue,
             .windowServer = windowServer,
             .appearance = appearance,
             .onClose = [this] { ++closes; },

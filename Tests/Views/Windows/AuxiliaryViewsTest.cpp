@@ -318,11 +318,9 @@ private Q_SLOTS:
     {
         HotKeyConfig shortcut = HotKeyConfig::defaultConfig();
         shortcut.displayName = u"⌃ (hold)%1⌥ (hold)"_s;
-        QCOMPARE(tourRows(shortcut).size(), 4);
         QCOMPARE(tourRows(shortcut).front().detail,
                  u"Press and hold ⌃%1⌥ to open the ring at the pointer. Release to dismiss unless "
-                 u"search "
-                 u"mode is active. Go ahead — try it right now!"_s);
+                 u"search mode is active. Go ahead — try it right now!"_s);
     }
 
     void theTourIsShownWholeAndKeysLeadOn()
@@ -334,7 +332,14 @@ private Q_SLOTS:
         view.resize(560, 420);
         view.show();
         QVERIFY(view.height() <= 420);
-        QCOMPARE(view.findChildren<QLabel*>().size(), 11);
+        const QList<QLabel*> labels = view.findChildren<QLabel*>();
+        QCOMPARE(labels.size(), 11);
+        const auto says = [&labels](const QString& text) {
+            return std::ranges::any_of(labels, [&](QLabel* each) { return each->text() == text; });
+        };
+        QVERIFY(says(u"Move or type"_s));
+        QVERIFY(says(u"Hover an app slice to select it, or type to filter. Typing pins the ring "
+                     "until you launch, press Esc, or click away."_s));
         verifyEveryParagraphIsShownWhole(view);
         // Escape dismisses the ring that is being tried out, not the tour.
         QTest::keyClick(view.focusWidget(), Qt::Key_Escape);

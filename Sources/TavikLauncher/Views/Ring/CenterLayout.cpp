@@ -294,7 +294,7 @@ QList<Label> labels(const RingScene& scene)
     static Remembered last; // Painting is the main thread's.
     const QFont font = QGuiApplication::font();
     RingGeometry geometry = scene.geometry;
-    geometry.slotCount = 0;
+    geometry.slotCount = geometry.fullCount = 0;
     if (last.labels.isEmpty() || !(last.center == scene.center) || !(last.geometry == geometry)
         || last.font != font) {
         last = {scene.center, geometry, font, layOut(scene)};

@@ -25,9 +25,11 @@ void paintPill(QPainter& painter, const RingScene& scene, const Label& label)
     const ToastPill pill{
         .isProminent = label.row != Row::indicator && label.row != Row::spinner,
         .opacity = scene.style.pillOpacity,
+        .isOpaque = scene.isOpaque,
+        .hasHardEdge = scene.hasHardEdge(),
         .cornerRadius = label.cornerRadius,
     };
-    pill.paint(painter, label.rect, scene.isOpaque);
+    pill.paint(painter, label.rect);
 }
 
 QString elided(const Label& label, const QString& text, Qt::TextElideMode mode)
@@ -115,10 +117,13 @@ void paintLabel(QPainter& painter, const RingScene& scene, const Label& label)
 
 } // namespace
 
-void paint(QPainter& painter, const RingScene& scene)
+void paint(QPainter& painter, const RingScene& scene, const IsDirty& isDirty)
 {
     const double opacity = painter.opacity();
     for (const Label& label : CenterLayout::visibleLabels(scene)) {
+        if (!isDirty(label.rect.adjusted(-1, -1, 1, 1))) {
+            continue; // Text is not cheap, even where it is clipped away.
+        }
         painter.setOpacity(label.row == Row::field ? opacity * scene.center.fieldOpacity : opacity);
         paintLabel(painter, scene, label);
     }

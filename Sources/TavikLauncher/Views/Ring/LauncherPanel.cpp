@@ -8,7 +8,9 @@
 #include <TavikLauncherPlatform/ScreenPlane.h>
 #include <TavikLauncherPlatform/WindowServer.h>
 
+#include <QGuiApplication>
 #include <QKeyEvent>
+#include <QScreen>
 #include <QWindow>
 
 #include <array>
@@ -125,9 +127,21 @@ void LauncherPanel::setFrame(const QRectF& frame)
     const QSize size(static_cast<int>(std::lround(flipped.width())),
                      static_cast<int>(std::lround(flipped.height())));
     const QRect target(flipped.topLeft().toPoint(), size);
-    if (target != geometry()) {
+    const QScreen* on = QGuiApplication::screenAt(flipped.center().toPoint());
+    const bool isExact
+        = m_dependencies.windowServer.isPanelManaged() || !on || on->devicePixelRatio() == 1.0;
+    if (isExact && target != geometry()) {
         setGeometry(target);
+    } else if (!isExact && (frame != m_frame || size != this->size())) {
+        // The toolkit rounds to points. The native window gets its place here, or the showing would
+        // give it once more.
+        setGeometry(target);
+        winId();
+        windowHandle()->setGeometry(target);
+        m_dependencies.windowServer.movePanel(
+            winId(), ScreenPlane::toDevice(flipped.topLeft(), *on).toPoint());
     }
+    m_frame = frame;
 }
 
 bool LauncherPanel::isComposited() const
@@ -196,9 +210,15 @@ void LauncherPanel::keyPressEvent(QKeyEvent* event)
     }
 }
 
+void LauncherPanel::moveEvent(QMoveEvent*)
+{
+    m_ring->panelMoved();
+}
+
 void LauncherPanel::resizeEvent(QResizeEvent*)
 {
     m_ring->setGeometry(rect());
+    m_ring->panelMoved();
     // What is clicked in the empty corners is what lies below.
     const double scale = devicePixelRatioF();
     const double side = width() * scale;

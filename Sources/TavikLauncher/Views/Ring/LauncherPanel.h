@@ -47,6 +47,7 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
@@ -54,6 +55,7 @@ private:
 
     Dependencies m_dependencies;
     RadialLauncherView* m_ring;
+    QRectF m_frame; ///< As it was last asked for.
     HeldKeyGuard m_heldKeys;
     bool m_activates = false;
     bool m_isKey = false; ///< Has taken the keyboard since it was shown.

@@ -32,10 +32,14 @@ constexpr double renderAheadDelay = 0.03;
 RadialLauncherView::RadialLauncherView(const Dependencies& dependencies, QWidget* parent)
     : QWidget(parent)
     , m_dependencies(dependencies)
-    , m_icons(dependencies.iconDecoder, dependencies.workQueue)
+    , m_icons(dependencies.iconDecoder, dependencies.ring.workQueue)
     , m_interaction(dependencies.ring, dependencies.ownIdentifier, dependencies.onClose)
     , m_pointer(m_interaction, dependencies.onClose)
     , m_filterField(new FilterField(this))
+    , m_shape(*this,
+              dependencies.windowServer,
+              dependencies.ring.mainQueue,
+              [this] { refreshAppearance(); })
     , m_fieldFade(dependencies.ring.mainQueue, [this] { startFrames(); })
 {
     setMouseTracking(true);
@@ -98,6 +102,7 @@ RingGeometry RadialLauncherView::geometryInPoints() const
         .ringThickness = m_dependencies.ring.settings.ringThickness(),
         .iconSize = m_dependencies.ring.settings.iconSize(),
         .slotCount = static_cast<int>(m_interaction.ringApps().size()),
+        .fullCount = m_interaction.fullCount(),
     });
 }
 
@@ -131,6 +136,7 @@ RingScene RadialLauncherView::sceneNow()
     scene.wedgeDegrees = m_motion.highlightDegrees();
     scene.showsWedge = m_interaction.selectedIndex() < m_interaction.ringApps().size();
     scene.isOpaque = !m_dependencies.windowServer.isCompositing();
+    scene.behind = scene.isOpaque ? m_shape.behind() : QImage();
     scene.center = centerTexts();
     scene.selectedSlot = m_interaction.hasActiveSelection() ? m_interaction.selectedIndex() : -1;
 
@@ -184,7 +190,7 @@ void RadialLauncherView::paintEvent(QPaintEvent* event)
     const LauncherPresentationState& presentation = m_dependencies.ring.presentation;
     const bool isInFlight = presentation.scale() != 1.0 || presentation.opacity() != 1.0;
     if (!isInFlight) {
-        RingPainter::paint(painter, now, m_images.band(now), event->rect());
+        RingPainter::paint(painter, now, m_images.band(now), event->region());
     } else if (now.isOpaque) {
         // Without blending there is no fading and no shape in flight: the ring stands at once.
         RingPainter::paintInFlight(painter, now, m_images.wholeRing(now), {});
@@ -219,29 +225,7 @@ void RadialLauncherView::scheduleRenderAhead()
 void RadialLauncherView::updateShape()
 {
     m_isSceneCurrent = false; // The compositor may have come or gone.
-    const RingScene& now = scene();
-    if (now == m_shapedScene) {
-        return;
-    }
-    m_shapedScene = now;
-    updateBlur();
-    if (now.isOpaque) {
-        window()->setMask(RingPainter::shape(now));
-    } else if (!window()->mask().isEmpty()) {
-        window()->clearMask();
-    }
-}
-
-/// Asked for where the panel has its place: the window system forgets nothing of it in between.
-void RadialLauncherView::updateBlur()
-{
-    const WId panel = window()->internalWinId();
-    const QRegion band = scene().isOpaque ? QRegion() : RingPainter::bandRegion(scene());
-    if (panel && (panel != m_blurredWindow || band != m_blurred)) {
-        m_blurredWindow = panel;
-        m_blurred = band;
-        m_dependencies.windowServer.setBlurBehind(panel, band);
-    }
+    m_shape.fit(scene());
 }
 
 void RadialLauncherView::refreshAppearance()
@@ -249,10 +233,10 @@ void RadialLauncherView::refreshAppearance()
     m_isSceneCurrent = false;
     placeFilterField();
     if (isVisible()) {
-        update();
         if (!m_dependencies.windowServer.isCompositing()) {
             updateShape();
         }
+        update();
     } else {
         scheduleRenderAhead();
     }
@@ -385,7 +369,7 @@ void RadialLauncherView::showEvent(QShowEvent*)
     m_renderAhead.cancel();
     // What this summon says may differ from what was drawn ahead.
     updateShape();
-    m_interaction.setShown(true);
+    m_shape.placed();
     m_filterField->setFocus(Qt::OtherFocusReason);
     showField();
 }
@@ -395,7 +379,7 @@ void RadialLauncherView::hideEvent(QHideEvent*)
     m_frames.cancel();
     m_fieldFade.cancel();
     m_pointer.reset();
-    m_interaction.setShown(false);
+    m_shape.forget();
     // Resets what this summon left behind, so that the ring drawn ahead is the next summon's.
     m_interaction.prepareForShow(false);
     m_motion.follow(m_interaction, false);

@@ -4,6 +4,7 @@
 #include <TavikLauncher/Ring/RingInteraction.h>
 #include <TavikLauncher/Ring/RingMotion.h>
 #include <TavikLauncher/Views/Ring/FieldFade.h>
+#include <TavikLauncher/Views/Ring/PanelShape.h>
 #include <TavikLauncher/Views/Ring/RingIcons.h>
 #include <TavikLauncher/Views/Ring/RingImageCache.h>
 #include <TavikLauncher/Views/Ring/RingPointer.h>
@@ -18,7 +19,6 @@ namespace Tavik {
 class DesktopAppearance;
 class FilterField;
 class WindowServer;
-class WorkQueue;
 
 /// The ring on the screen: paints the interaction's state and forwards the pointer to it. While the
 /// panel is hidden it draws the next summon's ring ahead, so that a summon decodes nothing and
@@ -33,7 +33,6 @@ public:
         RingInteraction::Dependencies ring;
         QString ownIdentifier;
         IconDecoder& iconDecoder;
-        WorkQueue& workQueue;
         WindowServer& windowServer;
         DesktopAppearance& appearance;
         std::function<void()> onClose;
@@ -55,6 +54,8 @@ public:
     void renderAhead();
     /// The panel's shape where no compositor blends it; the whole rectangle otherwise.
     void updateShape();
+    /// The panel stands somewhere else.
+    void panelMoved() { m_shape.placed(); }
 
 Q_SIGNALS:
     void selectionChanged();
@@ -88,7 +89,6 @@ private:
     void highlightMoved(bool animated);
     void centerChanged();
     void refreshStyle();
-    void updateBlur();
     void refreshAppearance();
     void prefetchIcons();
     void startFrames();
@@ -109,9 +109,7 @@ private:
     RingScene m_scene; ///< As last made; see `m_isSceneCurrent`.
     bool m_isSceneCurrent = false;
     RingImageCache m_images;
-    QRegion m_blurred; ///< What was last asked to be blurred, of this window.
-    WId m_blurredWindow = 0;
-    RingScene m_shapedScene; ///< What the panel's shape was made from.
+    PanelShape m_shape;
     FieldFade m_fieldFade;
 
     Task m_frames;

@@ -52,6 +52,16 @@ QRectF slotBounds(const RingScene& scene, const RingIcon& icon)
     return SlotPainter::bounds(scene, icon).translated(margin(scene), margin(scene));
 }
 
+/// In device pixels of the panel.
+QRegion circleRegion(const RingScene& scene, double radius)
+{
+    const QPointF center = scene.geometry.center + QPointF(margin(scene), margin(scene));
+    const QRectF bounds(center.x() - radius, center.y() - radius, 2 * radius, 2 * radius);
+    const double ratio = scene.devicePixelRatio;
+    return {QRectF(bounds.topLeft() * ratio, bounds.size() * ratio).toAlignedRect(),
+            QRegion::Ellipse};
+}
+
 /// A drawing surface of the panel's size, with its painter's plane moved to the ring's.
 QImage transparentImage(const RingScene& scene)
 {
@@ -104,10 +114,12 @@ void paintBand(QPainter& painter, const RingScene& scene)
     const RingGeometry& ring = scene.geometry;
     const QPainterPath donut = ring.donutShape();
     if (scene.isOpaque) {
-        // Past the smooth edges: a pixel that is only half the ring's would turn black.
+        // Past the smooth edges: a pixel that is only half the ring's would turn black, unless it
+        // is known what its other half is.
+        const double past = scene.hasHardEdge() ? 2 : 0;
         QPainterPath base;
-        base.addEllipse(ring.center, ring.outerRadius + 2, ring.outerRadius + 2);
-        base.addEllipse(ring.center, ring.innerRadius - 2, ring.innerRadius - 2);
+        base.addEllipse(ring.center, ring.outerRadius + past, ring.outerRadius + past);
+        base.addEllipse(ring.center, ring.innerRadius - past, ring.innerRadius - past);
         painter.fillPath(base, opaqueBase);
     }
     painter.fillPath(donut, withOpacity(materialColor, materialOpacity));
@@ -138,15 +150,6 @@ void paintWedge(QPainter& painter, const RingScene& scene)
     painter.drawPath(wedge);
 }
 
-void paintInRingPlane(QPainter& painter, const RingScene& scene, const QRectF& dirty)
-{
-    if (scene.showsWedge) {
-        paintWedge(painter, scene);
-    }
-    SlotPainter::paintSlots(painter, scene, dirty);
-    CenterPainter::paint(painter, scene);
-}
-
 } // namespace
 
 QImage bandImage(const RingScene& scene)
@@ -154,6 +157,7 @@ QImage bandImage(const RingScene& scene)
     QImage image = transparentImage(scene);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.drawImage(QPointF(), scene.behind);
     painter.translate(margin(scene), margin(scene));
     if (scene.geometry.outerRadius <= scene.geometry.innerRadius) {
         return image; // A preview without room.
@@ -170,18 +174,25 @@ QImage ringImage(const RingScene& scene, const QImage& band)
     QImage image = transparentImage(scene);
     QPainter painter(&image);
     const double side = RingGeometry::panelSide(scene.diameter);
-    paint(painter, scene, band, QRectF(0, 0, side, side));
+    paint(painter, scene, band, QRectF(0, 0, side, side).toAlignedRect());
     return image;
 }
 
-void paint(QPainter& painter, const RingScene& scene, const QImage& band, const QRectF& dirty)
+void paint(QPainter& painter, const RingScene& scene, const QImage& band, const QRegion& dirty)
 {
     const double offset = margin(scene);
     painter.drawImage(QPointF(0, 0), band);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform
                            | QPainter::TextAntialiasing);
     painter.translate(offset, offset);
-    paintInRingPlane(painter, scene, dirty.translated(-offset, -offset));
+    const IsDirty isDirty = [&](const QRectF& rect) {
+        return dirty.intersects(rect.translated(offset, offset).toAlignedRect());
+    };
+    if (scene.showsWedge && dirty.intersects(wedgeBounds(scene).toAlignedRect())) {
+        paintWedge(painter, scene);
+    }
+    SlotPainter::paintSlots(painter, scene, isDirty);
+    CenterPainter::paint(painter, scene, isDirty);
     painter.translate(-offset, -offset);
 }
 
@@ -247,33 +258,27 @@ QRegion dirtyRegion(const RingScene& before, const RingScene& now)
 QRegion bandRegion(const RingScene& scene)
 {
     const RingGeometry& ring = scene.geometry;
-    const double ratio = scene.devicePixelRatio;
-    const QPointF center = ring.center + QPointF(margin(scene), margin(scene));
-    const auto circle = [&](double radius) {
-        const QRectF bounds(center.x() - radius, center.y() - radius, 2 * radius, 2 * radius);
-        const QRectF pixels(bounds.topLeft() * ratio, bounds.size() * ratio);
-        return QRegion(pixels.toAlignedRect(), QRegion::Ellipse);
-    };
     // A little inside the outline, so that no unsmoothed edge shows.
     return ring.outerRadius > ring.innerRadius
-        ? circle(ring.outerRadius - 1) - circle(ring.innerRadius + 1)
+        ? circleRegion(scene, ring.outerRadius - 1) - circleRegion(scene, ring.innerRadius + 1)
         : QRegion();
 }
 
 QRegion shape(const RingScene& scene)
 {
     const RingGeometry& ring = scene.geometry;
-    const QPointF center = ring.center + QPointF(margin(scene), margin(scene));
-    const auto circle = [center](double radius) {
-        const QRectF bounds(center.x() - radius, center.y() - radius, 2 * radius, 2 * radius);
-        return QRegion(bounds.toAlignedRect(), QRegion::Ellipse);
-    };
-    QRegion region = circle(ring.outerRadius) - circle(ring.innerRadius - 1);
+    // With all pixels that are partly the ring's once their other part is known, and before that
+    // without them, so that it can be seen.
+    const double past = scene.hasHardEdge() ? -1.5 : 1.5;
+    QRegion region = circleRegion(scene, ring.outerRadius + past)
+        - circleRegion(scene, ring.innerRadius - past);
+    const double ratio = scene.devicePixelRatio;
     for (const CenterLayout::Label& label : CenterLayout::visibleLabels(scene)) {
+        const double corner = std::max(label.cornerRadius + past, 0.0) * ratio;
+        const QRectF rect = label.rect.translated(margin(scene), margin(scene))
+                                .adjusted(-past, -past, past, past);
         QPainterPath outline;
-        outline.addRoundedRect(label.rect.translated(margin(scene), margin(scene)),
-                               label.cornerRadius,
-                               label.cornerRadius);
+        outline.addRoundedRect(QRectF(rect.topLeft() * ratio, rect.size() * ratio), corner, corner);
         region += QRegion(outline.toFillPolygon().toPolygon());
     }
     return region;

@@ -4,7 +4,6 @@
 #include <TavikLauncher/Views/Ring/RingScene.h>
 
 #include <QImage>
-#include <QRectF>
 #include <QRegion>
 
 class QPainter;
@@ -19,7 +18,7 @@ namespace Tavik::RingPainter {
 /// The whole scene at rest, at device resolution, for the opening animation to scale.
 [[nodiscard]] QImage ringImage(const RingScene& scene, const QImage& band);
 /// Draws the scene over a transparent background; what lies outside `dirty` may be left out.
-void paint(QPainter& painter, const RingScene& scene, const QImage& band, const QRectF& dirty);
+void paint(QPainter& painter, const RingScene& scene, const QImage& band, const QRegion& dirty);
 struct Flight
 {
     double scale = 1; ///< About the panel's centre.
@@ -34,7 +33,7 @@ void paintInFlight(QPainter& painter,
 [[nodiscard]] QRegion dirtyRegion(const RingScene& before, const RingScene& now);
 /// Where the desktop shines through the band, in device pixels.
 [[nodiscard]] QRegion bandRegion(const RingScene& scene);
-/// The visible part of the panel, for a desktop that does not blend windows.
+/// The visible part of the panel, for a desktop that does not blend windows; device pixels.
 [[nodiscard]] QRegion shape(const RingScene& scene);
 
 } // namespace Tavik::RingPainter

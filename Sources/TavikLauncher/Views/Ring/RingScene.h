@@ -8,6 +8,8 @@
 #include <QList>
 #include <QString>
 
+#include <functional>
+
 namespace Tavik {
 
 /// One slot as it is drawn at this moment.
@@ -53,10 +55,17 @@ struct RingScene
     bool showsWedge = false;
     int selectedSlot = -1; ///< Drawn above its neighbours.
     bool isOpaque = false; ///< No compositor blends the panel.
+    QImage behind; ///< Then: what lies behind the panel; null while that is not known.
     QList<RingIcon> icons;
     RingCenter center;
 
+    /// The panel's edge is cut without smoothing.
+    [[nodiscard]] bool hasHardEdge() const { return isOpaque && behind.isNull(); }
+
     bool operator==(const RingScene&) const = default;
 };
+
+/// Whether a rectangle of the ring's own plane is to be painted.
+using IsDirty = std::function<bool(const QRectF&)>;
 
 } // namespace Tavik

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Look/Look.h>
-#include <TavikLauncher/Views/Ring/RingScene.h>
 #include <TavikLauncher/Views/Ring/SlotPainter.h>
 
 #include <QPainter>
@@ -160,13 +159,13 @@ QRectF bounds(const RingScene& scene, const RingIcon& icon)
     return square.united(QRectF(dot.x() - rim, dot.y() - rim, 2 * rim, 2 * rim));
 }
 
-void paintSlots(QPainter& painter, const RingScene& scene, const QRectF& dirty)
+void paintSlots(QPainter& painter, const RingScene& scene, const IsDirty& isDirty)
 {
     const RingIcon* selected = nullptr;
     QList<const RingIcon*> others;
     for (qsizetype slot = 0; slot < scene.icons.size(); ++slot) {
         const RingIcon& icon = scene.icons.at(slot);
-        if (!bounds(scene, icon).intersects(dirty)) {
+        if (!isDirty(bounds(scene, icon))) {
             continue;
         }
         if (slot == scene.selectedSlot) {

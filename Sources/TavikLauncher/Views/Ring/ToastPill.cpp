@@ -7,14 +7,14 @@
 
 namespace Tavik {
 
-void ToastPill::paint(QPainter& painter, const QRectF& rect, bool isOpaque) const
+void ToastPill::paint(QPainter& painter, const QRectF& rect) const
 {
     constexpr QColor prominentFill(28, 28, 30);
     constexpr QColor quietFill(44, 44, 46);
     // At less than this white text is lost on a white desktop.
     constexpr double leastOpacity = 0.66;
     const QColor fill = isProminent ? prominentFill : quietFill;
-    if (isOpaque) {
+    if (hasHardEdge) {
         // Past the smooth edge: a pixel that is only half the label's would turn black.
         painter.fillRect(rect.adjusted(-1, -1, 1, 1), fill);
     }

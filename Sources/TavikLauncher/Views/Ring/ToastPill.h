@@ -13,10 +13,11 @@ struct ToastPill
 {
     bool isProminent = true; ///< A quieter grey when false.
     double opacity = 1; ///< 0 to 1; at 0 the text is still readable.
+    bool isOpaque = false; ///< Nothing would shine through, and the opacity does not count.
+    bool hasHardEdge = false; ///< Its shape is cut out of what is painted.
     double cornerRadius = 0; ///< Points.
 
-    /// `isOpaque` ignores the opacity, where nothing would shine through anyway.
-    void paint(QPainter& painter, const QRectF& rect, bool isOpaque) const;
+    void paint(QPainter& painter, const QRectF& rect) const;
 };
 
 } // namespace Tavik

@@ -30,7 +30,7 @@ SettingsPages::makeAppearance(const SettingsDependencies& dependencies)
                     settings.ringThickness,
                     {.unit = points});
     page->addSlider(ring,
-                    {.title = u"Icon size"_s, .help = u"Limited by the thickness"_s},
+                    {.title = u"Icon size"_s, .help = u"Limited by thickness and slots"_s},
                     settings.iconSize,
                     {.leap = 4, .unit = points});
     page->addSlider(ring,

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <TavikLauncherPlatform/Linux/Disk/BoundedFile.h>
 #include <TavikLauncherPlatform/Linux/Disk/PropertyListBounds.h>
 #include <TavikLauncherPlatform/Linux/Disk/PropertyListDefaults.h>
 #include <TavikLauncherPlatform/Linux/Disk/ReplaceFile.h>
@@ -26,10 +25,17 @@ std::optional<QString> writeFile(const QString& path, const QByteArray& content)
     return replaceFile(path, content, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
 }
 
-std::optional<PropertyList> readPropertyList(const QString& path)
+/// The file's content, or what the system says against reading it.
+std::optional<QByteArray> contentOf(const QString& path, QString& error)
 {
-    const auto bytes = BoundedFile::read(path, PropertyListBounds::mostBytes);
-    return bytes ? PropertyList::fromBytes(*bytes) : std::nullopt;
+    QFile file(path);
+    QByteArray content;
+    if (file.open(QIODevice::ReadOnly)) {
+        // One byte too many is refused later, and an empty file may be one that cannot be read.
+        content = file.read(std::clamp<qint64>(file.size(), 1, PropertyListBounds::mostBytes + 1));
+    }
+    error = file.errorString();
+    return file.error() == QFileDevice::NoError ? std::optional(content) : std::nullopt;
 }
 
 } // namespace
@@ -67,7 +73,17 @@ void PropertyListDefaults::load()
             << u"TavikLauncher: %1 is not a regular file, settings start on defaults"_s.arg(m_path);
         return;
     }
-    if (auto values = readPropertyList(m_path)) {
+    QString error;
+    const auto content = contentOf(m_path, error);
+    if (!content) {
+        // There may be nothing wrong with it.
+        m_isClosed = true;
+        qCWarning(storageLog).noquote()
+            << u"TavikLauncher: %1 could not be opened, settings start on defaults: %2"_s.arg(
+                   m_path, error);
+        return;
+    }
+    if (auto values = PropertyList::fromBytes(*content)) {
         m_values = *std::move(values);
         return;
     }
@@ -182,6 +198,11 @@ void PropertyListDefaults::finishWrite(const std::optional<QString>& error)
 
 std::optional<QByteArray> PropertyListDefaults::content(QString& error)
 {
+    m_isClosed = m_isClosed && QFileInfo::exists(m_path);
+    if (m_isClosed) {
+        error = u"%1 could not be opened at the start and is left as it is"_s.arg(m_path);
+        return std::nullopt;
+    }
     if (m_isInTheWay) {
         m_isInTheWay = QFileInfo::exists(m_path) && !setAside();
     }

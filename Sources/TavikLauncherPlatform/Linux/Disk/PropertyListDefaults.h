@@ -15,7 +15,7 @@ class WorkQueue;
 /// at construction; written as a whole, in the background, from the end of the main loop's turn in
 /// which something changed, and at the latest on destruction. What cannot be written stays in
 /// memory and is tried again at the next change; a file that cannot be understood is set aside,
-/// never overwritten.
+/// one that cannot be opened is left where it is, and neither is overwritten.
 class PropertyListDefaults final : public UserDefaults
 {
 public:
@@ -47,6 +47,7 @@ private:
     MainQueue& m_mainQueue;
     WorkQueue& m_workQueue;
     PropertyList m_values;
+    bool m_isClosed = false; ///< The file could not be opened, and may be the user's good one.
     bool m_isInTheWay = false; ///< The file could be neither understood nor set aside.
     bool m_hasChanged = false;
     bool m_isPosted = false;

@@ -2,12 +2,11 @@
 #pragma once
 
 #include <TavikLauncherPlatform/DesktopAppearance.h>
+#include <TavikLauncherPlatform/Linux/Session/PortalWishes.h>
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QObject>
-
-#include <array>
 
 namespace Tavik {
 
@@ -22,25 +21,18 @@ class PortalAppearance final : public QObject, public DesktopAppearance
 public:
     explicit PortalAppearance(WorkQueue& workQueue);
 
-    /// What one setting of the portal says about motion; for the tests.
-    [[nodiscard]] static bool
-    asksForLessMotion(const QString& group, const QString& key, const QVariant& value);
-
-    /// What a value of the portal's colour scheme means; for the tests.
-    [[nodiscard]] static ColorScheme colorScheme(const QVariant& value);
-
-    [[nodiscard]] bool reducesMotion() const override;
-    [[nodiscard]] ColorScheme colorScheme() const override { return m_colorScheme; }
+    [[nodiscard]] bool reducesMotion() const override { return m_wishes.reduceMotion(); }
+    [[nodiscard]] ColorScheme colorScheme() const override { return m_wishes.colorScheme(); }
+    [[nodiscard]] bool wantsHighContrast() const override { return m_wishes.wantHighContrast(); }
 
 private Q_SLOTS:
     void settingChanged(const QDBusMessage& message);
 
 private:
     void listen(const QDBusConnection& bus);
-    void take(std::size_t setting, const QVariant& value);
+    void take(const QString& group, const QString& key, const QVariant& value);
 
-    std::array<bool, 3> m_asks{}; ///< One for each setting that may ask for less motion.
-    ColorScheme m_colorScheme = ColorScheme::noPreference;
+    PortalWishes m_wishes;
 };
 
 } // namespace Tavik

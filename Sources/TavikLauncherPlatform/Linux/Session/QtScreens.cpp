@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 
+#include <algorithm>
 #include <utility>
 
 namespace Tavik {
@@ -22,9 +23,17 @@ QRect deviceGeometry(const QScreen& screen)
 /// The toolkit's rectangle for one in the device pixels of `screen`.
 QRectF scaled(const QRect& device, const QScreen& screen)
 {
-    const QPointF origin = screen.geometry().topLeft();
-    const double ratio = screen.devicePixelRatio();
-    return {origin + (QPointF(device.topLeft()) - origin) / ratio, QSizeF(device.size()) / ratio};
+    return {ScreenPlane::fromDevice(device.topLeft(), screen),
+            QSizeF(device.size()) / screen.devicePixelRatio()};
+}
+
+const QScreen* screenAt(QPoint devicePixel)
+{
+    const QList<QScreen*> screens = QGuiApplication::screens();
+    const auto found = std::ranges::find_if(screens, [devicePixel](const QScreen* screen) {
+        return deviceGeometry(*screen).contains(devicePixel);
+    });
+    return found == screens.end() ? nullptr : *found;
 }
 
 } // namespace
@@ -56,8 +65,11 @@ std::optional<Screen> QtScreens::main() const
 
 QPointF QtScreens::mouseLocation() const
 {
-    // On X11 this asks the server, so it is true also when no window of ours sees the pointer.
-    return ScreenPlane::flipped(QCursor::pos(), ScreenPlane::primaryBottom());
+    // The toolkit tells whole points only, which are several pixels on a dense screen.
+    const std::optional<QPoint> pixel = m_hooks.pointer ? m_hooks.pointer() : std::nullopt;
+    const QScreen* screen = pixel ? screenAt(*pixel) : nullptr;
+    const QPointF place = screen ? ScreenPlane::fromDevice(*pixel, *screen) : QCursor::pos();
+    return ScreenPlane::flipped(place, ScreenPlane::primaryBottom());
 }
 
 Screen QtScreens::described(const QScreen& screen) const
@@ -83,15 +95,7 @@ const QScreen* QtScreens::focusedScreen() const
 {
     const std::optional<QPoint> point
         = m_hooks.focusedPoint ? m_hooks.focusedPoint() : std::nullopt;
-    if (!point) {
-        return nullptr;
-    }
-    for (const QScreen* screen : QGuiApplication::screens()) {
-        if (deviceGeometry(*screen).contains(*point)) {
-            return screen;
-        }
-    }
-    return nullptr;
+    return point ? screenAt(*point) : nullptr;
 }
 
 } // namespace Tavik

@@ -16,9 +16,11 @@ namespace Tavik {
 class QtScreens final : public Screens
 {
 public:
-    /// What the window system knows beyond the toolkit, in device pixels. Both may be empty.
+    /// What the window system knows beyond the toolkit, in device pixels. Each may be empty.
     struct Hooks
     {
+        /// Where the pointer is, also while no window of ours sees it.
+        std::function<std::optional<QPoint>()> pointer;
         /// A point of the window that has the focus.
         std::function<std::optional<QPoint>()> focusedPoint;
         /// What is left of a screen of this geometry beside panels and docks.

@@ -9,9 +9,11 @@ namespace Tavik {
 
 namespace {
 
+/// The window's properties too, which the window server reads: a window has one mask for each
+/// connection.
 void listen(xcb_connection_t* connection, xcb_window_t window)
 {
-    const uint32_t mask = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+    const uint32_t mask = XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
     xcb_change_window_attributes(connection, window, XCB_CW_EVENT_MASK, &mask);
 }
 

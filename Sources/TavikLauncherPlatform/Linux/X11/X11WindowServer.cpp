@@ -42,6 +42,26 @@ void setNumbers(xcb_connection_t* connection,
                         numbers.data());
 }
 
+void cutOut(xcb_connection_t* connection,
+            xcb_window_t window,
+            xcb_shape_kind_t kind,
+            const QRegion& region)
+{
+    std::vector<xcb_rectangle_t> rectangles;
+    rectangles.reserve(static_cast<std::size_t>(region.rectCount()));
+    for (const QRect& part : region) {
+        rectangles.push_back({static_cast<int16_t>(part.x()),
+                              static_cast<int16_t>(part.y()),
+                              static_cast<uint16_t>(part.width()),
+                              static_cast<uint16_t>(part.height())});
+    }
+    const xcb_xfixes_region_t made = xcb_generate_id(connection);
+    xcb_xfixes_create_region(
+        connection, made, static_cast<uint32_t>(rectangles.size()), rectangles.data());
+    xcb_xfixes_set_window_shape_region(connection, window, kind, 0, 0, made);
+    xcb_xfixes_destroy_region(connection, made);
+}
+
 } // namespace
 
 X11WindowServer::X11WindowServer(xcb_connection_t* toolkit, MainQueue& mainQueue, bool isXwayland)
@@ -87,6 +107,15 @@ void X11WindowServer::preparePanel(WId window)
     setNumbers(
         m_toolkit, m_panel, m_atoms[X11Atom::netWmDesktop], XCB_ATOM_CARDINAL, {&allDesktops, 1});
     xcb_flush(m_toolkit);
+}
+
+void X11WindowServer::movePanel(WId window, QPoint pixel)
+{
+    const std::array place{static_cast<uint32_t>(pixel.x()), static_cast<uint32_t>(pixel.y())};
+    xcb_configure_window(m_toolkit,
+                         static_cast<xcb_window_t>(window),
+                         XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y,
+                         place.data());
 }
 
 void X11WindowServer::setBlurBehind(WId window, const QRegion& region)
@@ -138,7 +167,23 @@ void X11WindowServer::setSkipsTaskbar(WId window, bool skips)
 void X11WindowServer::reportMoves(WId window)
 {
     m_moves.follow(static_cast<xcb_window_t>(window));
+    constexpr uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_change_window_attributes(m_connection.get(), m_connection.root(), XCB_CW_EVENT_MASK, &mask);
     m_pump.drainSoon();
+}
+
+bool X11WindowServer::isOnCurrentDesktop(WId window) const
+{
+    xcb_connection_t* connection = m_connection.get();
+    X11PropertyQuery own(
+        connection, static_cast<xcb_window_t>(window), m_atoms[X11Atom::netWmDesktop]);
+    X11PropertyQuery current(connection, m_connection.root(), m_atoms[X11Atom::netCurrentDesktop]);
+    const QList<uint32_t> desktop = own.numbers();
+    const QList<uint32_t> here = current.numbers();
+    m_pump.drainSoon();
+    // Where nobody tells there is one desktop.
+    return desktop.isEmpty() || here.isEmpty() || desktop.first() == allDesktops
+        || desktop.first() == here.first();
 }
 
 void X11WindowServer::awaitWithdrawal(xcb_window_t panel)
@@ -161,22 +206,19 @@ bool X11WindowServer::isWithdrawn(xcb_window_t panel)
 
 void X11WindowServer::setInputRegion(WId window, const QRegion& region)
 {
-    std::vector<xcb_rectangle_t> rectangles;
-    rectangles.reserve(static_cast<std::size_t>(region.rectCount()));
-    for (const QRect& part : region) {
-        rectangles.push_back({static_cast<int16_t>(part.x()),
-                              static_cast<int16_t>(part.y()),
-                              static_cast<uint16_t>(part.width()),
-                              static_cast<uint16_t>(part.height())});
+    cutOut(m_connection.get(), static_cast<xcb_window_t>(window), XCB_SHAPE_SK_INPUT, region);
+    xcb_flush(m_connection.get());
+}
+
+void X11WindowServer::setShape(WId window, const QRegion& region)
+{
+    const auto target = static_cast<xcb_window_t>(window);
+    if (region.isEmpty()) {
+        xcb_xfixes_set_window_shape_region(
+            m_toolkit, target, XCB_SHAPE_SK_BOUNDING, 0, 0, XCB_XFIXES_REGION_NONE);
+    } else {
+        cutOut(m_toolkit, target, XCB_SHAPE_SK_BOUNDING, region);
     }
-    xcb_connection_t* connection = m_connection.get();
-    const xcb_xfixes_region_t made = xcb_generate_id(connection);
-    xcb_xfixes_create_region(
-        connection, made, static_cast<uint32_t>(rectangles.size()), rectangles.data());
-    xcb_xfixes_set_window_shape_region(
-        connection, static_cast<xcb_window_t>(window), XCB_SHAPE_SK_INPUT, 0, 0, made);
-    xcb_xfixes_destroy_region(connection, made);
-    xcb_flush(connection);
 }
 
 void X11WindowServer::takeKeyboardFocus(WId window)
@@ -219,6 +261,53 @@ bool X11WindowServer::isOnScreen(WId window) const
     return isShown;
 }
 
+QImage X11WindowServer::pictureAt(WId window) const
+{
+    // Over the toolkit's connection: after what has just been done to the window.
+    const auto target = static_cast<xcb_window_t>(window);
+    const auto sizeCookie = xcb_get_geometry(m_toolkit, target);
+    const auto rootCookie = xcb_get_geometry(m_toolkit, m_connection.root());
+    const auto placeCookie
+        = xcb_translate_coordinates(m_toolkit, target, m_connection.root(), 0, 0);
+    const X11Reply<xcb_get_geometry_reply_t> size(
+        xcb_get_geometry_reply(m_toolkit, sizeCookie, nullptr));
+    const X11Reply<xcb_get_geometry_reply_t> root(
+        xcb_get_geometry_reply(m_toolkit, rootCookie, nullptr));
+    const X11Reply<xcb_translate_coordinates_reply_t> place(
+        xcb_translate_coordinates_reply(m_toolkit, placeCookie, nullptr));
+    if (!size || !root || !place) {
+        return {};
+    }
+    const QRect whole(place->dst_x, place->dst_y, size->width, size->height);
+    const QRect seen = whole & QRect(0, 0, root->width, root->height);
+    if (seen.isEmpty()) {
+        return {};
+    }
+    const auto imageCookie = xcb_get_image(m_toolkit,
+                                           XCB_IMAGE_FORMAT_Z_PIXMAP,
+                                           m_connection.root(),
+                                           static_cast<int16_t>(seen.x()),
+                                           static_cast<int16_t>(seen.y()),
+                                           static_cast<uint16_t>(seen.width()),
+                                           static_cast<uint16_t>(seen.height()),
+                                           ~uint32_t{0});
+    const X11Reply<xcb_get_image_reply_t> image(
+        xcb_get_image_reply(m_toolkit, imageCookie, nullptr));
+    constexpr int bytesPerPixel = 4;
+    if (!image || xcb_get_setup(m_toolkit)->image_byte_order != XCB_IMAGE_ORDER_LSB_FIRST
+        || xcb_get_image_data_length(image.get()) != seen.width() * seen.height() * bytesPerPixel) {
+        return {};
+    }
+    const QImage pixels(xcb_get_image_data(image.get()),
+                        seen.width(),
+                        seen.height(),
+                        seen.width() * bytesPerPixel,
+                        QImage::Format_RGB32);
+    // The server leaves the fourth byte empty, which the conversion fills.
+    return pixels.copy(QRect(whole.topLeft() - seen.topLeft(), whole.size()))
+        .convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
 void X11WindowServer::beginActivation(const Activation& activation)
 {
     // Some desktops hand out the newer kind only, with the same text.
@@ -237,6 +326,14 @@ void X11WindowServer::handle(const xcb_generic_event_t& event)
 {
     m_moves.handle(event);
     m_focus.handle(event);
+    if (event.response_type == XCB_PROPERTY_NOTIFY) {
+        const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+        const bool isDesktop = change.atom == m_atoms[X11Atom::netCurrentDesktop]
+            || change.atom == m_atoms[X11Atom::netWmDesktop];
+        if (isDesktop && onDesktopChanged) {
+            onDesktopChanged();
+        }
+    }
     const bool wasCompositing = isCompositing();
     m_compositor.handle(event);
     if (isCompositing() != wasCompositing && onCompositingChanged) {

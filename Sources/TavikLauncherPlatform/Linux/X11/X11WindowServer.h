@@ -24,15 +24,19 @@ public:
 
     [[nodiscard]] bool isPanelManaged() const override { return m_isPanelManaged; }
     void preparePanel(WId window) override;
+    void movePanel(WId window, QPoint pixel) override;
     void setInputRegion(WId window, const QRegion& region) override;
+    void setShape(WId window, const QRegion& region) override;
     void setSkipsTaskbar(WId window, bool skips) override;
     void setBlurBehind(WId window, const QRegion& region) override;
     void reportMoves(WId window) override;
+    [[nodiscard]] bool isOnCurrentDesktop(WId window) const override;
     void takeKeyboardFocus(WId window) override;
     void takeKeyboardFocusForPanel() override;
     void returnKeyboardFocus() override;
     [[nodiscard]] bool hasKeyboardFocus(WId window) const override;
     [[nodiscard]] bool isOnScreen(WId window) const override;
+    [[nodiscard]] QImage pictureAt(WId window) const override;
     [[nodiscard]] bool isCompositing() const override { return m_compositor.window() != XCB_NONE; }
     void beginActivation(const Activation& activation) override;
     void endActivation() override;

@@ -203,14 +203,25 @@ void fitName(QList<Label>& labels, const RingScene& scene)
     name->padding = leastPadding;
 }
 
+/// What the label is to show uncut; a query may be of any length.
+const QString& textIn(const Label& label, const RingScene& scene)
+{
+    return label.row == Row::field ? scene.center.hint : label.text;
+}
+
+/// The pin stands where others have nothing.
+double leastPaddingOf(const Label& label)
+{
+    return label.row == Row::indicator ? label.padding : leastPadding;
+}
+
 bool fits(const Label& label, const RingScene& scene)
 {
     const double room = widthInHole(scene.geometry, label);
     if (label.row == Row::launchHint) {
         return label.rect.width() <= room && label.rect.width() > label.rect.height();
     }
-    const QString& text = label.row == Row::field ? scene.center.hint : label.text;
-    return widthOf(label.font, text) + 2 * leastPadding <= room;
+    return widthOf(label.font, textIn(label, scene)) + 2 * leastPaddingOf(label) <= room;
 }
 
 /// Finds the largest text and the best width for the hint, beside whatever else is shown.
@@ -257,11 +268,17 @@ bool layOut(QList<Label>& placed, const RingScene& scene, double scale)
     const bool haveRoom = std::ranges::all_of(
         placed, [&](const Label& label) { return label.row == Row::name || fits(label, scene); });
     for (Label& label : placed) {
-        resize(label,
-               std::min(label.rect.width(), widthInHole(scene.geometry, label)),
-               label.rect.height());
+        const double width = std::min(label.rect.width(), widthInHole(scene.geometry, label));
+        resize(label, width, label.rect.height());
+        if (label.row == Row::field || label.row == Row::message) {
+            const double spare = (width - widthOf(label.font, textIn(label, scene))) / 2;
+            label.padding = std::clamp(spare, leastPadding, label.padding);
+        }
     }
-    return haveRoom;
+    // Better all texts a little smaller than this one tiny beside large ones.
+    constexpr int readable = 11;
+    const Label* hint = find(placed, Row::launchHint);
+    return haveRoom && (!hint || hint->font.pixelSize() >= readable);
 }
 
 /// As large as the desktop's texts, unless the hole is too small for them.

@@ -70,7 +70,7 @@ void UpdateAlertView::addNotes(const UpdateItem& item)
     }
     m_notes = new ReleaseNotesView(m_actions.openLink, this);
     m_notes->setMinimumHeight(scaled(smallestNotes));
-    m_notes->setFont(WindowStyle::font(scaled(notesSize)));
+    m_notes->setFont(WindowStyle::font(notesSize));
     column().addSpacing(6);
     column().addWidget(m_notes, 1);
     if (!item.releaseNotes) {

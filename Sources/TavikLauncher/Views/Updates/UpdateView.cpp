@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Look/AppIconView.h>
+#include <TavikLauncher/Look/Look.h>
 #include <TavikLauncher/Look/WindowStyle.h>
 #include <TavikLauncher/Views/Updates/UpdateView.h>
 
-#include <QFontInfo>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
@@ -26,14 +26,6 @@ constexpr int iconGap = 18;
 constexpr double titleSize = 15;
 constexpr double textSize = 13;
 constexpr double quietTextSize = 12;
-constexpr double usualFontSize = 12; // Of a desktop that nobody has set up, in points.
-constexpr double largestScale = 3;
-
-double textScale()
-{
-    const double size = QFontInfo(QGuiApplication::font()).pixelSize();
-    return std::clamp(size / usualFontSize, 1.0, largestScale);
-}
 
 } // namespace
 
@@ -50,7 +42,7 @@ UpdateView::UpdateView()
     m_column = new QVBoxLayout;
     m_column->setContentsMargins(0, 2, 0, 0);
     m_column->setSpacing(6);
-    m_title = makeLabel({}, {.size = titleSize * textScale(), .weight = QFont::DemiBold}, this);
+    m_title = makeLabel({}, {.size = titleSize, .weight = QFont::DemiBold}, this);
     m_column->addWidget(m_title);
     head->addLayout(m_column, 1);
     layout->addLayout(head, 1);
@@ -73,7 +65,7 @@ void UpdateView::setTitle(const QString& title)
 
 QLabel* UpdateView::addText(const QString& text)
 {
-    QLabel* label = makeLabel(text, {.size = textSize * textScale()}, this);
+    QLabel* label = makeLabel(text, {.size = textSize}, this);
     m_column->addWidget(label);
     return label;
 }
@@ -81,9 +73,7 @@ QLabel* UpdateView::addText(const QString& text)
 QLabel* UpdateView::addQuietText(const QString& text)
 {
     QLabel* label
-        = makeLabel(text,
-                    {.size = quietTextSize * textScale(), .role = WindowStyle::TextRole::secondary},
-                    this);
+        = makeLabel(text, {.size = quietTextSize, .role = WindowStyle::TextRole::secondary}, this);
     m_column->addWidget(label);
     return label;
 }

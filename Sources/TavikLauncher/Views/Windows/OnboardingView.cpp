@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Look/AppIconView.h>
 #include <TavikLauncher/Look/Keycaps.h>
+#include <TavikLauncher/Look/Look.h>
 #include <TavikLauncher/Look/SymbolView.h>
 #include <TavikLauncher/Look/WindowStyle.h>
 #include <TavikLauncher/Settings/HotKeyConfig.h>
@@ -129,13 +130,23 @@ QLayout* OnboardingView::makeButtons(const HotKeyConfig& hotKey)
     });
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(8);
-    buttons->addWidget(makeLabel(ShortcutWords::coexistence(hotKey),
-                                 {.size = 11, .role = TextRole::secondary},
-                                 this),
-                       1);
+    QLabel* note = makeLabel(ShortcutWords::coexistence(hotKey),
+                             {.size = 11, .role = TextRole::secondary, .isBalanced = true},
+                             this);
+    auto* foot = new QVBoxLayout;
+    foot->setSpacing(8);
+    // Beside the buttons, where large texts leave room for more than a word in a line.
+    constexpr double largest = 1.2;
+    if (textScale() > largest) {
+        foot->addWidget(note);
+        buttons->addStretch(1);
+    } else {
+        buttons->addWidget(note, 1);
+    }
     buttons->addWidget(openSettings);
     buttons->addWidget(m_start);
-    return buttons;
+    foot->addLayout(buttons);
+    return foot;
 }
 
 void OnboardingView::keyPressEvent(QKeyEvent* event)

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/Look.h>
 #include <TavikLauncher/Look/WindowStyle.h>
 #include <TavikLauncher/Views/Windows/SettingsDiagram.h>
 
 #include <QFontMetricsF>
 #include <QPainter>
 
+#include <algorithm>
 #include <array>
 
 namespace Tavik {
@@ -13,7 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int diagramWidth = 300;
+constexpr double diagramWidth = 300;
+constexpr double largestGrowth = 4.0 / 3; // More than that has no room in the window.
 constexpr double headHeight = 30;
 constexpr double rowHeight = 30;
 constexpr double inset = 12;
@@ -31,6 +34,11 @@ QColor faded(QColor color, double opacity)
     return color;
 }
 
+double growth()
+{
+    return std::clamp(textScale(), 1.0, largestGrowth);
+}
+
 } // namespace
 
 SettingsDiagram::SettingsDiagram(QWidget* parent)
@@ -41,7 +49,8 @@ SettingsDiagram::SettingsDiagram(QWidget* parent)
 
 QSize SettingsDiagram::sizeHint() const
 {
-    return {diagramWidth, static_cast<int>(headHeight + 3 * rowHeight + bottomRoom)};
+    return {static_cast<int>(diagramWidth * growth()),
+            static_cast<int>(headHeight + 3 * rowHeight + bottomRoom)};
 }
 
 void SettingsDiagram::paintEvent(QPaintEvent*)
@@ -111,7 +120,7 @@ void SettingsDiagram::paintCallout(QPainter& painter, const QRectF& row) const
     const QFont font = WindowStyle::font(calloutText, QFont::DemiBold);
     const double textWidth = QFontMetricsF(font).horizontalAdvance(text);
     // Above the row, near its chevron, where the neighbours' labels have ended.
-    constexpr double height = 17;
+    const double height = 17 * growth();
     constexpr double pointer = 8;
     QRectF pill(0, 0, textWidth + 16, height);
     pill.moveBottomRight(QPointF(row.right() - 26, row.top() - pointer + 3));

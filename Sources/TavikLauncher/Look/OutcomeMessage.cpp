@@ -7,6 +7,7 @@
 #include <QAccessible>
 #include <QHBoxLayout>
 #include <QPainter>
+#include <QScrollArea>
 
 namespace Tavik {
 
@@ -40,6 +41,17 @@ void OutcomeMessage::say(Kind kind, const QString& text)
     setAccessibleName(text);
     show();
     update();
+    // Wherever the page has been scrolled to. Its place is known once the page is laid out anew.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            for (QWidget* above = parentWidget(); above; above = above->parentWidget()) {
+                if (auto* page = qobject_cast<QScrollArea*>(above)) {
+                    page->ensureWidgetVisible(this);
+                }
+            }
+        },
+        Qt::QueuedConnection);
     QAccessibleEvent event(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&event);
 }

@@ -227,13 +227,6 @@ private Q_SLOTS:
         QCOMPARE(open()->integerValue(u"b"_s), 1);
     }
 
-    void thousandsOfPathsAreKept()
-    {
-        const QStringList paths(10'000, u"/home/me & you/applications/org.example.x.desktop"_s);
-        open()->setObject(u"pinned"_s, paths);
-        QCOMPARE(open()->stringArrayValue(u"pinned"_s), paths);
-    }
-
     void whatCouldNotBeReadAgainIsNotWritten()
     {
         open()->setObject(u"a"_s, u"old"_s);

@@ -199,15 +199,6 @@ private Q_SLOTS:
         QCOMPARE(picture(fixture).pixelColor(fixture.slotPoint(0)), QColor(Qt::red));
     }
 
-    void ringInFlightIsScaledAndFaded()
-    {
-        PanelFixture fixture;
-        fixture.showRing();
-        fixture.presentation.setAppearance(0.5, 0.5);
-        const QColor icon = picture(fixture).pixelColor((fixture.slotPoint(2) + center) / 2);
-        QVERIFY(icon.red() > 200 && std::abs(icon.alpha() - 128) < 4);
-    }
-
     void nextSummonIsDrawnAheadAndItsIconsDecoded()
     {
         PanelFixture fixture;

@@ -4,6 +4,7 @@
 #include <TavikLauncher/Views/Ring/IconSpriteDecoder.h>
 #include <TavikLauncher/Views/Ring/SlotPainter.h>
 
+#include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QTest>
@@ -101,6 +102,31 @@ private Q_SLOTS:
         RingScene faded = scene(320, 80);
         faded.center.fieldOpacity = 0;
         QVERIFY(CenterLayout::visibleLabels(faded).isEmpty());
+        faded.center.indicator = u"Pinned"_s;
+        QCOMPARE(CenterLayout::visibleLabels(faded).front().rect.center(), faded.geometry.center);
+    }
+
+    void labelsGrowWithTheDesktopsTextUntilItWouldBeCut()
+    {
+        const QFont before = QGuiApplication::font();
+        RingScene wide = scene(550, 60);
+        RingScene narrow = scene(320, 80);
+        narrow.center.indicator = u"Search mode"_s;
+        narrow.center.message = u"No matches"_s;
+        const double usual = CenterLayout::labels(wide).front().rect.height();
+        QFont large = before;
+        large.setPixelSize(18);
+        QGuiApplication::setFont(large);
+        const double grown = CenterLayout::labels(wide).front().rect.height();
+        const QList<CenterLayout::Label> labels = CenterLayout::labels(narrow);
+        QGuiApplication::setFont(before);
+        QVERIFY(grown > usual + 5);
+        for (const CenterLayout::Label& label : labels) {
+            const QString text = label.text.isEmpty() ? narrow.center.hint : label.text;
+            QVERIFY2(QFontMetricsF(label.font).horizontalAdvance(text)
+                         <= label.rect.width() - 2 * label.padding + 1,
+                     qPrintable(text));
+        }
     }
 
     void namesThatDifferStayApart_data()
@@ -130,30 +156,6 @@ private Q_SLOTS:
         QVERIFY(lines.front().startsWith(u"Alder") && lines.back().endsWith(u"Enterprise"));
     }
 
-    void whatRemainsWhenTheFieldHasFadedIsCentred()
-    {
-        RingScene ring = scene(320, 80);
-        ring.center.indicator = u"Pinned"_s;
-        ring.center.fieldOpacity = 0;
-        QCOMPARE(CenterLayout::visibleLabels(ring).front().rect.center(), ring.geometry.center);
-    }
-
-    void labelsGrowWithTheDesktopsText()
-    {
-        const QFont before = QGuiApplication::font();
-        RingScene ring = scene(550, 60);
-        ring.center.selectedName = u"Files"_s;
-        QFont large = before;
-        double heights[2] = {};
-        for (const int i : {0, 1}) {
-            large.setPixelSize(i == 0 ? 12 : 18);
-            QGuiApplication::setFont(large);
-            heights[i] = CenterLayout::labels(ring).front().rect.height();
-        }
-        QGuiApplication::setFont(before);
-        QVERIFY(heights[1] > heights[0] + 5);
-    }
-
     void theMarkIsFullForWhatRunsAndHollowForWhatStarts_data()
     {
         // Whether it runs and whether it starts; whether the mark's rim and its middle are painted.
@@ -179,7 +181,7 @@ private Q_SLOTS:
         {
             QPainter painter(&image);
             painter.scale(scale, scale);
-            SlotPainter::paintSlots(painter, ring, QRectF(0, 0, 320, 320));
+            SlotPainter::paintSlots(painter, ring, [](const QRectF&) { return true; });
         }
         const QPointF middle = SlotPainter::dotCenter(ring, ring.icons.first());
         const auto isPainted = [&](QPointF place) {

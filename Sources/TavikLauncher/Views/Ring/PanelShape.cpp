@@ -29,14 +29,11 @@ PanelShape::PanelShape(QWidget& view,
 
 void PanelShape::fit(const RingScene& scene)
 {
-    if (scene == m_scene) {
+    const WId panel = m_view.window()->internalWinId();
+    if (!panel || (scene == m_scene && panel == m_window)) {
         return;
     }
     m_scene = scene;
-    const WId panel = m_view.window()->internalWinId();
-    if (!panel) {
-        return;
-    }
     const bool isAnother = std::exchange(m_window, panel) != panel;
     const QRegion shape = scene.isOpaque ? RingPainter::shape(scene) : QRegion();
     if (std::exchange(m_shape, shape) != shape || isAnother) {

@@ -12,6 +12,7 @@
 #include <QPointer>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <utility>
 
 namespace Tavik {

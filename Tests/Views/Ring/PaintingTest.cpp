@@ -110,7 +110,8 @@ private Q_SLOTS:
     {
         const QFont before = QGuiApplication::font();
         RingScene wide = scene(550, 60);
-        RingScene narrow = scene(320, 80);
+        const RingScene plain = scene(320, 80);
+        RingScene narrow = plain;
         narrow.center.indicator = u"Search mode"_s;
         narrow.center.message = u"No matches"_s;
         const double usual = CenterLayout::labels(wide).front().rect.height();
@@ -118,7 +119,8 @@ private Q_SLOTS:
         large.setPixelSize(18);
         QGuiApplication::setFont(large);
         const double grown = CenterLayout::labels(wide).front().rect.height();
-        const QList<CenterLayout::Label> labels = CenterLayout::labels(narrow);
+        const QList<CenterLayout::Label> labels
+            = CenterLayout::labels(narrow) + CenterLayout::labels(plain);
         QGuiApplication::setFont(before);
         QVERIFY(grown > usual + 5);
         for (const CenterLayout::Label& label : labels) {

@@ -80,11 +80,15 @@ WINDOW_MANAGERS = {
 }
 
 
+def wants_all():
+    """Whether this run is made under all desktops."""
+    return bool(os.environ.get("TAVIK_ALL_DESKTOPS"))
+
+
 def window_managers(*names):
     """Those of these names, or all, that this run is made under: with all desktops installed the heavy ones, too."""
-    wants_all = bool(os.environ.get("TAVIK_ALL_DESKTOPS"))
     return [name for name, manager in WINDOW_MANAGERS.items()
-            if (name in names if names else not manager.is_variant) and (wants_all or not manager.is_heavy)]
+            if (name in names if names else not manager.is_variant) and (wants_all() or not manager.is_heavy)]
 
 
 def under(*names):

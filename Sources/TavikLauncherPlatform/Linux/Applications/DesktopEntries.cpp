@@ -25,6 +25,10 @@ DesktopEntries::DesktopEntries(QList<DesktopEntry> entries)
     : m_entries(std::move(entries))
 {
     QSet<QString> seen;
+    seen.reserve(m_entries.size());
+    for (Index* index : {&m_paths, &m_ids, &m_similarIds, &m_programs}) {
+        index->reserve(m_entries.size());
+    }
     QList<qsizetype> standing;
     QList<qsizetype> images;
     for (qsizetype position = 0; position < m_entries.size(); ++position) {

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Errand.h>
 #include <TavikLauncherPlatform/QtWorkQueue.h>
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QEvent>
 #include <QRunnable>
 
 #include <utility>
@@ -15,43 +14,6 @@ constexpr int idleThreadLifetimeMilliseconds = 200;
 constexpr qint64 longJobMilliseconds = 40;
 constexpr int readThreads = 2;
 
-/// The toolkit's own locks are not seen by the thread sanitizer, which is told here what they do:
-/// what was written before one thread's `handOver` is there after another's `takeOver`.
-#ifdef __SANITIZE_THREAD__
-extern "C" void __tsan_acquire(void* address);
-extern "C" void __tsan_release(void* address);
-void handOver(void* baton)
-{
-    __tsan_release(baton);
-}
-void takeOver(void* baton)
-{
-    __tsan_acquire(baton);
-}
-#else
-void handOver(void*) { }
-void takeOver(void*) { }
-#endif
-
-/// On its way to the main thread.
-class DoneEvent final : public QEvent
-{
-public:
-    explicit DoneEvent(WorkQueue::Done done)
-        : QEvent(User)
-        , m_done(std::move(done))
-    { }
-    void run()
-    {
-        if (const WorkQueue::Done done = std::move(m_done)) {
-            done();
-        }
-    }
-
-private:
-    WorkQueue::Done m_done;
-};
-
 /// Made, and so written, before it is handed over.
 class Work final : public QRunnable
 {
@@ -59,7 +21,11 @@ public:
     explicit Work(std::function<void()> work)
         : m_work(std::move(work))
     { }
-    void run() override { m_work(); }
+    void run() override
+    {
+        takeOver(this);
+        m_work();
+    }
 
 private:
     std::function<void()> m_work;
@@ -95,8 +61,9 @@ bool QtWorkQueue::finish()
     const int milliseconds = static_cast<int>(m_patience.count());
     const bool isLaunched = m_launches.waitForDone(milliseconds);
     m_writes.waitForDone();
+    const bool isRead = m_reads.waitForDone(milliseconds);
     takeOver(this);
-    return m_reads.waitForDone(milliseconds) && isLaunched;
+    return isRead && isLaunched;
 }
 
 void QtWorkQueue::schedule(WorkPriority priority, Job job)
@@ -105,29 +72,23 @@ void QtWorkQueue::schedule(WorkPriority priority, Job job)
         return;
     }
     auto* work = new Work([this, job = std::move(job)]() mutable {
-        takeOver(this);
         QElapsedTimer timer;
         timer.start();
-        auto* done = new DoneEvent(job());
+        Done done = job();
         job = nullptr; // Here, with all that it holds.
         handOver(this);
-        QCoreApplication::postEvent(this, done);
+        Errand::send(*this, std::move(done));
         if (m_releaseMemory && timer.elapsed() > longJobMilliseconds) {
             m_releaseMemory();
         }
     });
-    handOver(this);
+    handOver(work);
     poolFor(priority).start(work); // Which deletes it.
 }
 
 bool QtWorkQueue::event(QEvent* event)
 {
-    if (event->type() != QEvent::User) {
-        return QObject::event(event);
-    }
-    takeOver(this);
-    static_cast<DoneEvent*>(event)->run();
-    return true;
+    return Errand::run(*event) || QObject::event(event);
 }
 
 QThreadPool& QtWorkQueue::poolFor(WorkPriority priority)

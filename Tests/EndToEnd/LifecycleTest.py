@@ -198,7 +198,8 @@ def test_a_flood_of_calls_is_survived(ring, desktop):
     finally:
         bus.close_sync(None)
     ring.wait_hidden()
-    assert memory(ring) - size < 30, "megabytes"
+    if not any(name.endswith("SAN_OPTIONS") for name in os.environ):  # Sanitizers keep much for themselves.
+        assert memory(ring) - size < 30, "megabytes"
     ring.summon(640, 400)
 
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Errand.h>
 #include <TavikLauncherPlatform/Linux/X11/X11HotKeyGrabs.h>
 #include <TavikLauncherPlatform/Linux/X11/X11KeyReader.h>
 #include <TavikLauncherPlatform/Linux/X11/XkbProtocol.h>
@@ -76,6 +77,8 @@ public:
         }
     }
 
+    bool event(QEvent* event) override { return Errand::run(*event) || QObject::event(event); }
+
 private:
     void handle(const xcb_key_press_event_t& event)
     {
@@ -136,10 +139,11 @@ X11HotKeyGrabs::X11HotKeyGrabs(Pressed pressed)
     }
     askForTrueReleases(m_connection.get());
     m_keeper = std::make_unique<Keeper>(m_connection, [this](const xcb_key_press_event_t& event) {
-        QMetaObject::invokeMethod(
-            this, [this, event] { m_pressed(event); }, Qt::QueuedConnection);
+        Errand::send(*this, [this, event] { m_pressed(event); });
     });
     m_keeper->moveToThread(&m_thread);
+    connect(
+        &m_thread, &QThread::finished, this, [this] { handOver(this); }, Qt::DirectConnection);
     m_thread.setObjectName(QStringLiteral("hot keys"));
     m_thread.start();
 }
@@ -148,6 +152,12 @@ X11HotKeyGrabs::~X11HotKeyGrabs()
 {
     m_thread.quit();
     m_thread.wait();
+    takeOver(this);
+}
+
+bool X11HotKeyGrabs::event(QEvent* event)
+{
+    return Errand::run(*event) || QObject::event(event);
 }
 
 int X11HotKeyGrabs::grab(const Grab& grab)
@@ -189,16 +199,14 @@ void X11HotKeyGrabs::ungrab(const Grab& grab)
 void X11HotKeyGrabs::answer()
 {
     if (m_keeper) {
-        QMetaObject::invokeMethod(
-            m_keeper.get(), [keeper = m_keeper.get()] { keeper->answer(); }, Qt::QueuedConnection);
+        Errand::send(*m_keeper, [keeper = m_keeper.get()] { keeper->answer(); });
     }
 }
 
 void X11HotKeyGrabs::wakeKeeper()
 {
     if (m_keeper) {
-        QMetaObject::invokeMethod(
-            m_keeper.get(), [keeper = m_keeper.get()] { keeper->drain(); }, Qt::QueuedConnection);
+        Errand::send(*m_keeper, [keeper = m_keeper.get()] { keeper->drain(); });
     }
 }
 

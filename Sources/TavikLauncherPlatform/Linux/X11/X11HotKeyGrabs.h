@@ -40,6 +40,8 @@ public:
     /// Lets the keys go on to whoever has the focus.
     void answer();
 
+    bool event(QEvent* event) override;
+
 private:
     class Keeper;
     /// What arrived along with an answer no longer wakes the thread.

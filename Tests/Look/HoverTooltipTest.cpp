@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Look/HoverTooltip.h>
+#include <TavikLauncher/Look/Look.h>
 
 #include <QPushButton>
 #include <QTest>
@@ -47,7 +48,12 @@ private Q_SLOTS:
         hovered.mainQueue.advance(0.49);
         QVERIFY(!hovered.tooltip.isShowing());
         hovered.mainQueue.advance(0.01);
-        QVERIFY(hovered.tooltip.label()->isVisible());
+        const QWidget* label = hovered.tooltip.label();
+        QVERIFY(label->isVisible());
+        QCOMPARE(label->font().pixelSize(), qRound(12 * textScale()));
+        const QRect text = QFontMetrics(label->font())
+                               .boundingRect(QRect(0, 0, 280, 99), Qt::AlignLeading, u"Explains"_s);
+        QCOMPARE(label->size(), text.size() + QSize(2 * 10, 2 * 7));
         hovered.send(QEvent::Leave);
         QVERIFY(!hovered.tooltip.isShowing() && !hovered.tooltip.label());
         // Every hover starts the delay anew.

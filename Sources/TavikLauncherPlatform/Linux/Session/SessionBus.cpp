@@ -96,14 +96,12 @@ bool isOffered()
 
 void forgetIfMute()
 {
-    if (!isOffered()) {
-        return;
-    }
     QByteArray address = qgetenv(addressVariable);
     if (address.isEmpty()) {
         address = "unix:path=" + QFile::encodeName(defaultSocket());
     }
-    if (isMute(address)) {
+    // Where there is none the toolkit's library would start one that nobody ends.
+    if (!isOffered() || isMute(address)) {
         // Programs that are started from here have the session's own environment.
         qputenv(addressVariable, "disabled:");
     }

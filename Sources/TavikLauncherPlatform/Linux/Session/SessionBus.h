@@ -21,7 +21,8 @@ using Opened = std::function<void(const QDBusConnection&)>;
 
 /// Greets the session bus and waits a second for its answer. One that takes connections and says
 /// nothing would hold up everything that asks it: for this process and from here on there is none
-/// then. To be called before anything else uses the bus.
+/// then. Where there is none to begin with, nobody here tries to start one. To be called before
+/// anything else uses the bus.
 void forgetIfMute();
 
 /// Calls `opened` on the main thread unless there is no session bus or `context` is gone by then.

@@ -10,9 +10,6 @@ from harness import processes, services
 from harness.launcher import IN_BACKGROUND
 from harness.waiting import stays, wait_until
 
-MANAGERS = [{"window_manager": name} for name in ("openbox", "xfwm4", "metacity", "marco", "awesome")]
-every_manager = pytest.mark.parametrize("desktop_options", MANAGERS, ids=lambda o: o["window_manager"])
-
 
 def launch(ring, display, slot=0):
     ring.summon(640, 400)
@@ -170,21 +167,6 @@ def test_launching_leaves_nothing_behind(launcher, applications, display):
     for times in range(4, 16):
         start(times)
     wait_until(lambda: descriptors() <= before, f"no more than {before} files are open")
-
-
-@every_manager
-def test_an_application_on_another_desktop_comes_up(launcher, applications, desktop, display, desktop_options):
-    alder, birch = applications.add("Alder"), applications.add("Birch")
-    launcher.pin(alder, birch)
-    launcher.start()
-    launch(launcher, display, 0)
-    window = display.wait_for("Alder")
-    wait_until(lambda: display.has_focus(window), "it has the focus")
-    display.switch_to_desktop(1)
-    wait_until(lambda: not display.has_focus(window), "the desktop is left")
-    launch(launcher, display, 0)
-    wait_until(lambda: display.has_focus(window) and display.is_viewable(window), "it is up again")
-    assert len(alder.starts()) == 1
 
 
 def test_windows_join_their_entries_whatever_started_them(launcher, applications, desktop, display):

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Errand.h>
 #include <TavikLauncherPlatform/Linux/X11/X11HotKeyGrabs.h>
-#include <TavikLauncherPlatform/Linux/X11/X11KeyReader.h>
 #include <TavikLauncherPlatform/Linux/X11/XkbProtocol.h>
 
 #include <QSocketNotifier>
@@ -80,41 +79,37 @@ public:
     bool event(QEvent* event) override { return Errand::run(*event) || QObject::event(event); }
 
 private:
+    /// From the press of a hot key to its release all keys are told here, each stopping the
+    /// keyboard until it is answered.
     void handle(const xcb_key_press_event_t& event)
     {
+        const bool isHotKey = m_hotKey == 0 || event.detail == m_hotKey;
         if (event.response_type == XCB_KEY_RELEASE) {
-            m_keys.release(event.detail, event.time);
-            allow(XCB_ALLOW_SYNC_KEYBOARD);
-            return;
-        }
-        const bool isHotKey = m_hotKey == 0 || event.detail == m_hotKey || !m_keys.isDown(m_hotKey);
-        if (!isHotKey) {
+            if (isHotKey) {
+                // It has ended the grab: an answer would be taken for that of the next press.
+                m_hotKey = 0;
+            } else {
+                allow(XCB_ALLOW_SYNC_KEYBOARD);
+            }
+        } else if (!isHotKey) {
             // Typed while the hot key is still down: it is for the window that has the focus. With
             // that the grab ends, and the release of the hot key will not be told to us.
-            forget();
+            m_hotKey = 0;
             allow(XCB_ALLOW_REPLAY_KEYBOARD);
-            return;
+        } else if (m_hotKey != 0) {
+            allow(XCB_ALLOW_SYNC_KEYBOARD); // It repeats.
+        } else {
+            m_hotKey = event.detail;
+            m_longestHold.start();
+            m_pressed(event);
         }
-        m_hotKey = event.detail;
-        if (m_keys.press(event.detail, event.time)) {
-            allow(XCB_ALLOW_SYNC_KEYBOARD);
-            return;
-        }
-        m_longestHold.start();
-        m_pressed(event);
     }
 
     void giveUp()
     {
-        forget();
+        m_hotKey = 0;
         xcb_ungrab_keyboard(m_connection.get(), XCB_CURRENT_TIME);
         xcb_flush(m_connection.get());
-    }
-
-    void forget()
-    {
-        m_keys.forget();
-        m_hotKey = 0;
     }
 
     void allow(uint8_t mode)
@@ -127,8 +122,7 @@ private:
     std::function<void(const xcb_key_press_event_t&)> m_pressed;
     QSocketNotifier m_notifier;
     QTimer m_longestHold; ///< Runs while a press waits for its answer.
-    X11KeyRepeat m_keys;
-    xcb_keycode_t m_hotKey = 0; ///< The one that was pressed last, while its grab lasts.
+    xcb_keycode_t m_hotKey = 0; ///< The one that is down, while its grab lasts.
 };
 
 X11HotKeyGrabs::X11HotKeyGrabs(Pressed pressed)

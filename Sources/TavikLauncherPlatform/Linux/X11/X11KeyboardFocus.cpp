@@ -15,7 +15,6 @@ namespace {
 
 /// How long a window manager may take to focus another window after ours has gone.
 constexpr double returnSeconds = 0.1;
-constexpr uint32_t allDesktops = 0xffffffff;
 /// What has not got the keyboard by then does not get it.
 constexpr double takeSeconds = 0.25;
 /// How long a focus may be nobody's between two windows.
@@ -278,18 +277,12 @@ xcb_window_t X11KeyboardFocus::visibleWindow() const
     return found == candidates.end() ? xcb_window_t{XCB_NONE} : *found;
 }
 
-/// Whether a window is not on another desktop, where some window managers keep windows mapped.
 bool X11KeyboardFocus::isHere(xcb_window_t window) const
 {
-    xcb_connection_t* connection = m_dependencies.connection.get();
-    const X11Atoms& atoms = m_dependencies.atoms;
-    X11PropertyQuery current(
-        connection, m_dependencies.connection.root(), atoms[X11Atom::netCurrentDesktop]);
-    X11PropertyQuery own(connection, window, atoms[X11Atom::netWmDesktop]);
-    const QList<uint32_t> here = current.numbers();
-    const QList<uint32_t> desktop = own.numbers();
-    return here.isEmpty() || desktop.isEmpty() || desktop.constFirst() == here.constFirst()
-        || desktop.constFirst() == allDesktops;
+    return X11Properties::isOnCurrentDesktop(m_dependencies.connection.get(),
+                                             m_dependencies.connection.root(),
+                                             m_dependencies.atoms,
+                                             window);
 }
 
 bool X11KeyboardFocus::has(xcb_window_t window) const

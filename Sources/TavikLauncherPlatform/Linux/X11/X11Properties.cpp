@@ -210,6 +210,20 @@ xcb_window_t firstWindow(xcb_connection_t* connection, xcb_window_t window, xcb_
     return X11PropertyQuery(connection, window, property).firstWindow();
 }
 
+bool isOnCurrentDesktop(xcb_connection_t* connection,
+                        xcb_window_t root,
+                        const X11Atoms& atoms,
+                        xcb_window_t window)
+{
+    X11PropertyQuery current(connection, root, atoms[X11Atom::netCurrentDesktop]);
+    X11PropertyQuery own(connection, window, atoms[X11Atom::netWmDesktop]);
+    const QList<uint32_t> here = current.numbers();
+    const QList<uint32_t> desktop = own.numbers();
+    // Where nobody tells there is one desktop.
+    return here.isEmpty() || desktop.isEmpty() || desktop.constFirst() == here.constFirst()
+        || desktop.constFirst() == allDesktops;
+}
+
 QRect availableArea(const QRect& screen, const QSize& desktop, const QList<X11WindowFacts>& windows)
 {
     QRect area = screen;

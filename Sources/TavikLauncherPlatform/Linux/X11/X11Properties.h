@@ -64,6 +64,16 @@ windowList(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t propert
 [[nodiscard]] xcb_window_t
 firstWindow(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property);
 
+/// The desktop of a window that is on all of them.
+constexpr uint32_t allDesktops = 0xffffffff;
+
+/// Whether `window` is on the desktop that is shown, or on all. Some window managers keep windows
+/// of other desktops mapped. One round trip.
+[[nodiscard]] bool isOnCurrentDesktop(xcb_connection_t* connection,
+                                      xcb_window_t root,
+                                      const X11Atoms& atoms,
+                                      xcb_window_t window);
+
 /// `screen` without what the struts of panels and docks reserve in it, on a desktop of this size.
 [[nodiscard]] QRect
 availableArea(const QRect& screen, const QSize& desktop, const QList<X11WindowFacts>& windows);

@@ -21,7 +21,6 @@ namespace Tavik {
 
 namespace {
 
-constexpr uint32_t allDesktops = 0xffffffff;
 constexpr int withdrawalAttempts = 40;
 constexpr std::chrono::milliseconds withdrawalInterval{1};
 constexpr uint32_t withdrawnState = 0;
@@ -104,8 +103,11 @@ void X11WindowServer::preparePanel(WId window)
                             m_atoms[X11Atom::netWmStateSkipPager],
                             m_atoms[X11Atom::netWmStateSticky]};
     setNumbers(m_toolkit, m_panel, m_atoms[X11Atom::netWmState], XCB_ATOM_ATOM, states);
-    setNumbers(
-        m_toolkit, m_panel, m_atoms[X11Atom::netWmDesktop], XCB_ATOM_CARDINAL, {&allDesktops, 1});
+    setNumbers(m_toolkit,
+               m_panel,
+               m_atoms[X11Atom::netWmDesktop],
+               XCB_ATOM_CARDINAL,
+               {&X11Properties::allDesktops, 1});
     xcb_flush(m_toolkit);
 }
 
@@ -174,16 +176,10 @@ void X11WindowServer::reportMoves(WId window)
 
 bool X11WindowServer::isOnCurrentDesktop(WId window) const
 {
-    xcb_connection_t* connection = m_connection.get();
-    X11PropertyQuery own(
-        connection, static_cast<xcb_window_t>(window), m_atoms[X11Atom::netWmDesktop]);
-    X11PropertyQuery current(connection, m_connection.root(), m_atoms[X11Atom::netCurrentDesktop]);
-    const QList<uint32_t> desktop = own.numbers();
-    const QList<uint32_t> here = current.numbers();
+    const bool isHere = X11Properties::isOnCurrentDesktop(
+        m_connection.get(), m_connection.root(), m_atoms, static_cast<xcb_window_t>(window));
     m_pump.drainSoon();
-    // Where nobody tells there is one desktop.
-    return desktop.isEmpty() || here.isEmpty() || desktop.first() == allDesktops
-        || desktop.first() == here.first();
+    return isHere;
 }
 
 void X11WindowServer::awaitWithdrawal(xcb_window_t panel)

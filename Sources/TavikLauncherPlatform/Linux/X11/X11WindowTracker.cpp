@@ -119,8 +119,8 @@ void X11WindowTracker::activate(WindowId window)
     const QList<uint32_t> desktop = wanted.numbers();
     const xcb_timestamp_t time = m_pump.serverTime();
     // Several window managers only mark a window of another desktop as wanting attention.
-    constexpr uint32_t allDesktops = 0xffffffff;
-    if (!desktop.isEmpty() && desktop.first() != allDesktops && desktop != current.numbers()) {
+    if (!desktop.isEmpty() && desktop.first() != X11Properties::allDesktops
+        && desktop != current.numbers()) {
         sendToWindowManager(connection,
                             root,
                             root,

@@ -208,7 +208,7 @@ def test_the_keyboard_stays_free_for_everybody(ring, display):
     ring.wait_hidden()
 
 
-@under("metacity", "xfwm4", "mutter", "gnome-shell")
+@under("metacity", "xfwm4", "kwin", "mutter", "gnome-shell")
 def test_a_blink_of_the_chord_leaves_nothing_behind(launcher, apps, desktop, display, desktop_options):
     launcher.pin(*apps)
     launcher.settings(doubleTapModifiersPinsLauncher=False)

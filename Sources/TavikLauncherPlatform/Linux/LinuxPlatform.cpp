@@ -89,6 +89,8 @@ void addX11Services(Platform& platform,
         .ringGotKey
         = [&server = *windowServer](xcb_keycode_t key,
                                     xcb_timestamp_t time) { return server.panelGotKey(key, time); },
+        .whenSettled = [&server = *windowServer](
+                           const std::function<void()>& done) { server.whenSettled(done); },
         .isXwayland = isXwayland,
     });
     platform.sessionLock = std::make_unique<SessionLockMonitor>(

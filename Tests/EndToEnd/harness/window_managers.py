@@ -55,8 +55,11 @@ def _close_gnome_overview(desktop):
     wait_until(lambda: is_open() is False, "the overview is closed")
 
 
-def _two_desktops_for_kwin(desktop):
-    (desktop.home / "config" / "kwinrc").write_text("[Desktops]\nNumber=2\nRows=1\n")
+def _kwin(settings=""):
+    def prepare(desktop):
+        (desktop.home / "config" / "kwinrc").write_text(f"[Desktops]\nNumber=2\nRows=1\n{settings}")
+
+    return {"command": ("kwin_x11",), "composites": True, "is_heavy": True, "prepare": prepare}
 
 
 WINDOW_MANAGERS = {
@@ -72,7 +75,8 @@ WINDOW_MANAGERS = {
         ("bspwm", "-c", "/dev/null"), is_heavy=True,
         settle=lambda desktop: desktop.run(["bspc", "monitor", "--reset-desktops", "one", "two"])),
     "dwm": WindowManager(("dwm",), is_heavy=True),
-    "kwin": WindowManager(("kwin_x11",), composites=True, is_heavy=True, prepare=_two_desktops_for_kwin),
+    "kwin": WindowManager(**_kwin()),
+    "kwin-follow": WindowManager(**_kwin("[Windows]\nFocusPolicy=FocusFollowsMouse\nDelayFocusInterval=0\n"), is_variant=True),
     "mutter": WindowManager(("mutter", "--x11"), composites=True, is_heavy=True),
     "gnome-shell": WindowManager(
         ("gnome-shell", "--x11"), composites=True, is_heavy=True, loses_frames=True, prepare=_gnome_login_manager,

@@ -19,6 +19,7 @@ constexpr auto atomNames = std::to_array<const char*>({
     "_NET_STARTUP_ID",
     "_NET_SUPPORTING_WM_CHECK",
     "_NET_WM_DESKTOP",
+    "_NET_WM_NAME",
     "_NET_WM_PID",
     "_NET_WM_STATE",
     "_NET_WM_STATE_ABOVE",

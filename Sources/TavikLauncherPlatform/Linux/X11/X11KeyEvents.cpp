@@ -238,7 +238,11 @@ void X11KeyEvents::pressed(const xcb_key_press_event_t& event)
     // the focus for the ring, must have been done before they go on.
     const X11Reply<xcb_get_input_focus_reply_t> done(xcb_get_input_focus_reply(
         m_dependencies.toolkit, xcb_get_input_focus(m_dependencies.toolkit), nullptr));
-    m_grabs.answer();
+    m_dependencies.whenSettled([self] {
+        if (self) {
+            self->m_grabs.answer();
+        }
+    });
 }
 
 void X11KeyEvents::mappingChanged()

@@ -30,6 +30,11 @@ public:
         const AccessibilityPermission& permission;
         /// Whether the ring got the press of a key at a time of the server.
         std::function<bool(xcb_keycode_t, xcb_timestamp_t)> ringGotKey;
+        /// Runs its argument when the ring's keyboard is under way no longer; see X11KeyboardFocus.
+        std::function<void(const std::function<void()>&)> whenSettled
+            = [](const std::function<void()>& done) {
+                  done();
+              };
         /// Whether the server speaks for another window system.
         bool isXwayland = false;
     };

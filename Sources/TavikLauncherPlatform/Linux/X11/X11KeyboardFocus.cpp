@@ -192,7 +192,25 @@ void X11KeyboardFocus::giveBack()
         unmapUnnoticed();
     }
     m_panel = XCB_NONE;
+    settle();
     m_returnTask = m_dependencies.mainQueue.after(returnSeconds, [this] { giveToSomebody(); });
+}
+
+void X11KeyboardFocus::whenSettled(const std::function<void()>& done)
+{
+    settle();
+    if (!m_dependencies.isPanelManaged || m_panel == XCB_NONE || has(m_panel)) {
+        done();
+    } else {
+        m_whenSettled = done;
+    }
+}
+
+void X11KeyboardFocus::settle()
+{
+    if (const std::function<void()> done = std::exchange(m_whenSettled, {})) {
+        done();
+    }
 }
 
 void X11KeyboardFocus::giveToPrevious()
@@ -317,6 +335,9 @@ void X11KeyboardFocus::handle(const xcb_generic_event_t& event)
         }
         break;
     }
+    case XCB_FOCUS_IN:
+        settle();
+        break;
     case XCB_FOCUS_OUT: {
         const auto& change = reinterpret_cast<const xcb_focus_out_event_t&>(event);
         // Another program's grab, as of a key that it has asked for, leaves the focus where it is.
@@ -367,8 +388,9 @@ void X11KeyboardFocus::checkPanelFocus(bool isFinal)
         && X11WindowTree::isWithin(m_dependencies.connection, focus, pointer.window);
     // A window manager that knows nothing of the panel may give the keyboard anew to the window
     // that it believes to have it, as i3 does at every grab of a key.
-    const bool isMistaken = isNobodys(focus) || hasCrossed || focus == m_previousFocus;
-    if (m_dependencies.isPanelManaged || !isMistaken || m_retakes >= mostRetakes) {
+    const bool isMistaken
+        = !m_dependencies.isPanelManaged && (isNobodys(focus) || focus == m_previousFocus);
+    if ((!hasCrossed && !isMistaken) || m_retakes >= mostRetakes) {
         m_dependencies.panelLeft();
         return;
     }

@@ -17,8 +17,8 @@ namespace Tavik {
 /// The panel is a window that no window manager manages, so that none can frame, move, tile or
 /// delay it. Its focus is set by ourselves and watched by ourselves: a click elsewhere and another
 /// window that takes the keyboard end it, a focus that merely follows the pointer is taken back.
-/// Under a server that speaks for another window system the focus is not ours to give; there the
-/// panel is managed, and the focus is asked for.
+/// Under a server that speaks for another window system the focus is not ours to give, and KWin
+/// draws an unmanaged window late; there the panel is managed, and the focus is asked for.
 class X11KeyboardFocus
 {
 public:
@@ -46,6 +46,10 @@ public:
     /// and, unless it is managed, no longer so afterwards.
     void giveBack();
 
+    /// Runs `done` as soon as the panel's keyboard is under way no longer: at once, unless a window
+    /// manager has still to give it, else when it has come or the panel goes.
+    void whenSettled(const std::function<void()>& done);
+
     [[nodiscard]] bool has(xcb_window_t window) const;
     /// Whether the panel got the press of a key at that time. The press is known to the server.
     [[nodiscard]] bool panelGotKey(xcb_keycode_t key, xcb_timestamp_t time);
@@ -72,6 +76,7 @@ private:
     void rememberPrevious();
     void tellManagerTime();
     void watchPanel(bool watches);
+    void settle();
     void checkPanelFocus(bool isFinal);
     void checkClick();
     void giveToPrevious();
@@ -89,6 +94,7 @@ private:
     std::pair<int, int> m_pointerPlace; ///< Of the pointer when the panel took the keyboard.
     xcb_timestamp_t m_takenAt = XCB_CURRENT_TIME; ///< When the panel took the keyboard last.
     int m_retakes = 0; ///< Since the keyboard stayed here for a while.
+    std::function<void()> m_whenSettled;
     Task m_checkTask; ///< Whether the keyboard has been had in the end.
     Task m_lossTask;
     Task m_returnTask;

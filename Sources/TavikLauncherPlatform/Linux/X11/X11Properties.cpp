@@ -210,6 +210,22 @@ xcb_window_t firstWindow(xcb_connection_t* connection, xcb_window_t window, xcb_
     return X11PropertyQuery(connection, window, property).firstWindow();
 }
 
+QByteArray windowManagerName(xcb_connection_t* connection, xcb_window_t root, const X11Atoms& atoms)
+{
+    const xcb_window_t manager
+        = firstWindow(connection, root, atoms[X11Atom::netSupportingWmCheck]);
+    const PropertyReply name(xcb_get_property_reply(connection,
+                                                    xcb_get_property(connection,
+                                                                     0,
+                                                                     manager,
+                                                                     atoms[X11Atom::netWmName],
+                                                                     XCB_GET_PROPERTY_TYPE_ANY,
+                                                                     0,
+                                                                     longestText),
+                                                    nullptr));
+    return textOf(name);
+}
+
 bool isOnCurrentDesktop(xcb_connection_t* connection,
                         xcb_window_t root,
                         const X11Atoms& atoms,

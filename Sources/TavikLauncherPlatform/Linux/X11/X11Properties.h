@@ -64,6 +64,10 @@ windowList(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t propert
 [[nodiscard]] xcb_window_t
 firstWindow(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property);
 
+/// The name that the window manager gives itself; empty where it gives none. Two round trips.
+[[nodiscard]] QByteArray
+windowManagerName(xcb_connection_t* connection, xcb_window_t root, const X11Atoms& atoms);
+
 /// The desktop of a window that is on all of them.
 constexpr uint32_t allDesktops = 0xffffffff;
 

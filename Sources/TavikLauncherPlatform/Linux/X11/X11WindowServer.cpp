@@ -61,12 +61,18 @@ void cutOut(xcb_connection_t* connection,
     xcb_xfixes_destroy_region(connection, made);
 }
 
+/// KWin draws nothing of an unmanaged window in its first 50 ms.
+bool delaysUnmanagedWindows(const X11Connection& connection, const X11Atoms& atoms)
+{
+    return X11Properties::windowManagerName(connection.get(), connection.root(), atoms) == "KWin";
+}
+
 } // namespace
 
 X11WindowServer::X11WindowServer(xcb_connection_t* toolkit, MainQueue& mainQueue, bool isXwayland)
     : m_toolkit(toolkit)
-    , m_isPanelManaged(isXwayland)
     , m_atoms(m_connection.get(), m_connection.screenNumber())
+    , m_isPanelManaged(isXwayland || delaysUnmanagedWindows(m_connection, m_atoms))
     , m_compositor(m_connection, m_atoms[X11Atom::compositor])
     , m_moves(m_connection)
     , m_pump(m_connection,
@@ -77,7 +83,7 @@ X11WindowServer::X11WindowServer(xcb_connection_t* toolkit, MainQueue& mainQueue
                .atoms = m_atoms,
                .pump = m_pump,
                .mainQueue = mainQueue,
-               .isPanelManaged = isXwayland,
+               .isPanelManaged = m_isPanelManaged,
                .panelLeft = [this] {
                    if (onPanelLeft) {
                        onPanelLeft();

@@ -19,7 +19,8 @@ class X11WindowServer final : public WindowServer
 {
 public:
     /// `toolkit` is the toolkit's connection and must outlive this. `isXwayland` says that the
-    /// server speaks for another window system.
+    /// server speaks for another window system. Whether the window manager manages the panel is
+    /// decided here, once.
     X11WindowServer(xcb_connection_t* toolkit, MainQueue& mainQueue, bool isXwayland = false);
 
     [[nodiscard]] bool isPanelManaged() const override { return m_isPanelManaged; }
@@ -43,6 +44,8 @@ public:
 
     /// Whether the panel got the press of a key at a time of the server; see X11KeyboardFocus.
     [[nodiscard]] bool panelGotKey(xcb_keycode_t key, xcb_timestamp_t time);
+    /// Runs `done` when the panel's keyboard is under way no longer; see X11KeyboardFocus.
+    void whenSettled(const std::function<void()>& done) { m_focus.whenSettled(done); }
 
 private:
     void handle(const xcb_generic_event_t& event);
@@ -50,9 +53,9 @@ private:
     [[nodiscard]] bool isWithdrawn(xcb_window_t panel);
 
     xcb_connection_t* m_toolkit;
-    bool m_isPanelManaged;
     X11Connection m_connection;
     X11Atoms m_atoms;
+    bool m_isPanelManaged;
     X11SelectionOwner m_compositor;
     X11MoveReports m_moves;
     mutable X11EventPump m_pump;

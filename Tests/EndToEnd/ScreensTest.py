@@ -4,6 +4,7 @@ import pytest
 
 from harness.desktop import Monitor
 from harness.display import Rect
+from harness.window_managers import under
 
 SIDE = 352
 TWO_MONITORS = (Monitor("left", 0, 0, 800, 900), Monitor("right", 800, 0, 800, 900))
@@ -27,12 +28,13 @@ def test_the_ring_opens_whole_on_the_monitor_with_the_pointer(launcher, apps, di
 
 
 @pytest.mark.desktop(width=1600, height=1000)
+@under("openbox", "kwin")
 @pytest.mark.parametrize("scale, pointer, corner", [
     (2, (800, 500), (800 - SIDE, 500 - SIDE)), (2, (801, 499), (801 - SIDE, 499 - SIDE)),
     (2, (1599, 999), (1600 - 2 * SIDE, 1000 - 2 * SIDE)), (1.5, (640, 401), (640 - SIDE * 3 // 4, 401 - SIDE * 3 // 4)),
 ], ids=["even", "odd", "corner", "one-and-a-half"])
 def test_a_dense_screen_has_the_ring_around_the_pointers_own_pixel(
-        launcher, apps, display, look, scale, pointer, corner):
+        launcher, apps, display, look, desktop_options, scale, pointer, corner):
     launcher.pin(*apps)
     launcher.start(environment={"QT_SCALE_FACTOR": str(scale)})
     window = launcher.summon(*pointer)

@@ -128,8 +128,7 @@ void LauncherPanel::setFrame(const QRectF& frame)
                      static_cast<int>(std::lround(flipped.height())));
     const QRect target(flipped.topLeft().toPoint(), size);
     const QScreen* on = QGuiApplication::screenAt(flipped.center().toPoint());
-    const bool isExact
-        = m_dependencies.windowServer.isPanelManaged() || !on || on->devicePixelRatio() == 1.0;
+    const bool isExact = !on || on->devicePixelRatio() == 1.0;
     if (isExact && target != geometry()) {
         setGeometry(target);
     } else if (!isExact && (frame != m_frame || size != this->size())) {

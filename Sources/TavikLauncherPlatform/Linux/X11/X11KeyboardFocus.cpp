@@ -215,20 +215,25 @@ void X11KeyboardFocus::settle()
 
 void X11KeyboardFocus::giveToPrevious()
 {
-    if (!X11WindowTree::isWithin(
-            m_dependencies.connection, focusedWindow(m_dependencies.toolkit), m_panel)) {
-        return;
-    }
     // Where the user has turned to another desktop meanwhile, the window manager decides.
     if (!isHere(m_previousFocus) || !isHere(m_previousActive)) {
         return;
     }
-    // As of the time when we took it, so that whoever takes it just now keeps it.
-    const xcb_void_cookie_t cookie = xcb_set_input_focus_checked(
-        m_dependencies.toolkit, XCB_INPUT_FOCUS_POINTER_ROOT, m_previousFocus, m_takenAt);
-    // The window may have gone.
-    xcb_discard_reply(m_dependencies.toolkit, cookie.sequence);
-    tellManagerTime();
+    // Who takes it in just this moment keeps it, even at the very time of our taking, which is the
+    // last that some window managers know: nobody may come between the question and the answer.
+    xcb_connection_t* toolkit = m_dependencies.toolkit;
+    xcb_grab_server(toolkit);
+    const bool isOurs = focusedWindow(toolkit) == m_panel;
+    if (isOurs) {
+        const xcb_void_cookie_t cookie = xcb_set_input_focus_checked(
+            toolkit, XCB_INPUT_FOCUS_POINTER_ROOT, m_previousFocus, m_takenAt);
+        // The window may have gone.
+        xcb_discard_reply(toolkit, cookie.sequence);
+    }
+    xcb_ungrab_server(toolkit);
+    if (isOurs) {
+        tellManagerTime();
+    }
 }
 
 /// Where the focus follows the pointer, a window that appears under the pointer without any

@@ -14,7 +14,7 @@ class GalleryScenes
 public:
     using Keep = std::function<void(const QString& name, const QImage& picture)>;
 
-    /// "light", "dark" or "contrast".
+    /// "light", "dark", "contrast-light" or "contrast-dark".
     explicit GalleryScenes(const QString& scheme);
     void drawAll(const Keep& keep);
 

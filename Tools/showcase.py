@@ -8,7 +8,7 @@ import signal
 import sys
 import time
 
-sys.path.insert(0, str(pathlib.Path(__file__).parent))
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "Tests" / "EndToEnd"))
 
 from harness import processes  # noqa: E402
 from harness.desktop import Desktop, DesktopOptions  # noqa: E402

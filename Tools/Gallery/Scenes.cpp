@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Scenes.h"
 
-#include "../Views/Ring/PanelFixture.h"
-#include "../Views/SettingsWindow/SettingsWindowFixture.h"
 #include <TavikLauncher/Look/DesktopPalette.h>
 #include <TavikLauncher/Look/Look.h>
 #include <TavikLauncher/Settings/ThemePreset.h>
@@ -20,6 +18,8 @@
 #include <QPainter>
 #include <QTest>
 
+#include <Views/Ring/PanelFixture.h>
+#include <Views/SettingsWindow/SettingsWindowFixture.h>
 #include <array>
 
 namespace Tavik::Test {
@@ -79,15 +79,20 @@ void pinApplications(RingFixture& fixture)
     fixture.pin(paths);
 }
 
+bool isLight(const QString& scheme)
+{
+    return scheme.endsWith(u"light");
+}
+
 /// A desktop to shine through.
 QImage wallpaper(QSize size, double ratio, const QString& scheme)
 {
     QImage image(size * ratio, QImage::Format_RGB32);
     image.setDevicePixelRatio(ratio);
     QLinearGradient gradient(0, 0, size.width(), size.height());
-    const bool isLight = scheme == u"light";
-    gradient.setColorAt(0, isLight ? QColor(0xDD, 0xE8, 0xF4) : QColor(0x27, 0x4B, 0x7A));
-    gradient.setColorAt(1, isLight ? QColor(0xF6, 0xE9, 0xDD) : QColor(0xA8, 0x69, 0x8E));
+    const bool isDay = isLight(scheme);
+    gradient.setColorAt(0, isDay ? QColor(0xDD, 0xE8, 0xF4) : QColor(0x27, 0x4B, 0x7A));
+    gradient.setColorAt(1, isDay ? QColor(0xF6, 0xE9, 0xDD) : QColor(0xA8, 0x69, 0x8E));
     QPainter(&image).fillRect(QRect(QPoint(), size), gradient);
     return image;
 }
@@ -133,9 +138,9 @@ private:
 GalleryScenes::GalleryScenes(const QString& scheme)
     : m_scheme(scheme)
 {
-    const DesktopPalette::Wanted wanted{.scheme = scheme == u"light" ? ColorScheme::light
-                                                                     : ColorScheme::dark,
-                                        .highContrast = scheme == u"contrast"};
+    const DesktopPalette::Wanted wanted{.scheme
+                                        = isLight(scheme) ? ColorScheme::light : ColorScheme::dark,
+                                        .highContrast = scheme.startsWith(u"contrast")};
     if (const auto palette = DesktopPalette::replacing(QApplication::palette(), wanted)) {
         QApplication::setPalette(*palette);
     }

@@ -33,7 +33,7 @@ struct Surroundings
 QList<Surroundings> allSurroundings()
 {
     QList<Surroundings> all;
-    for (const QString& scheme : {u"light"_s, u"dark"_s, u"contrast"_s}) {
+    for (const QString& scheme : {u"light"_s, u"dark"_s, u"contrast-light"_s, u"contrast-dark"_s}) {
         for (const double scale : {1.0, 1.5, 2.0}) {
             for (const double font : {1.0, 1.5}) {
                 all.append({scheme, scale, font});

@@ -50,30 +50,26 @@ AppDelegate::AppDelegate(Platform& platform, NotificationCenter& notifications)
     , m_recents(*platform.userDefaults)
     , m_catalog({*platform.fileManager, *platform.workQueue, *platform.mainQueue})
     , m_launcher(*platform.workspace, m_recents)
-    , m_gestures({
-          .isVisible = [this] { return m_panelController->isVisible(); },
-          .isPinned = [this] { return m_panelController->isPinnedForSearch(); },
-          .doubleTapPins = [this] { return m_settings.doubleTapModifiersPinsLauncher(); },
-          .showAtPointer = [this] { showAtPointer(); },
-          .hide = [this] { m_panelController->hide(); },
-          .pin = [this] { pinPanel(); },
-      })
+    , m_recentActivations(*platform.workspace, m_recents, ownIdentifier())
     , m_screenGuard(*platform.sessionLock, *platform.mainQueue)
+    , m_trigger({.keyEvents = *platform.keyEvents,
+                 .permission = *platform.accessibility,
+                 .mainQueue = *platform.mainQueue,
+                 .settings = m_settings,
+                 .screenGuard = m_screenGuard},
+                triggerActions())
     , m_windows(
           {platform, m_settings, m_catalog, m_notifications},
           {
               .hideLauncher = [this] { m_panelController->hide(); },
-              .setupHotKey = [this] { setupHotKey(); },
+              .setupHotKey = [this] { m_trigger.setupHotKey(); },
               .openSupportPage = openSupportPage,
               .tryShortcut =
                   [this](const HotKeyConfig& config) {
                       return GlobalHotKey::refusal(*m_platform.keyEvents, config);
                   },
-              .shortcutRecordingChanged =
-                  [this](bool isRecording) {
-                      m_isRecordingShortcut = isRecording;
-                      setupHotKey();
-                  },
+              .shortcutRecordingChanged
+              = [this](bool isRecording) { m_trigger.setRecording(isRecording); },
               .showPreview = [this] { showPreview(); },
               .settingsChangedScreen =
                   [this] {
@@ -101,9 +97,26 @@ AppDelegate::AppDelegate(Platform& platform, NotificationCenter& notifications)
                             }})
 { }
 
+TriggerShortcut::Actions AppDelegate::triggerActions()
+{
+    const TriggerGestures::Panel panel{
+        .isVisible = [this] { return m_panelController->isVisible(); },
+        .isPinned = [this] { return m_panelController->isPinnedForSearch(); },
+        .doubleTapPins = [this] { return m_settings.doubleTapModifiersPinsLauncher(); },
+        .showAtPointer = [this] { showAtPointer(); },
+        .hide = [this] { m_panelController->hide(); },
+        .pin = [this] { pinPanel(); },
+    };
+    return {.panel = panel,
+            .tell = [this](const QString& text) { m_statusItem->tell(text); },
+            .checkAccessibilityPermission =
+                [this] {
+                    m_windows.checkAccessibilityPermission();
+                }};
+}
+
 AppDelegate::~AppDelegate()
 {
-    m_platform.keyEvents->onKeyboardChanged = nullptr;
     m_platform.sessionLock->onLocked = nullptr;
 }
 
@@ -139,9 +152,9 @@ void AppDelegate::applicationDidFinishLaunching()
     installHotKeySettingsObserver();
     installUpdateSettingsObserver();
     installWillSleepObserver();
-    installRecentAppActivationObserver();
+    m_recentActivations.follow();
     installSessionLockObserver();
-    setupHotKey();
+    m_trigger.setupHotKey();
     chooseFirstRunWindow();
 
     // Once idle: everything a first summon would be slow for.
@@ -182,27 +195,15 @@ LauncherPanel& AppDelegate::launcherPanel()
 
 void AppDelegate::installHotKeySettingsObserver()
 {
-    m_hotKeySettingsObserver
-        = observe(m_notifications, LauncherSettings::hotKeyChanged, [this] { setupHotKey(); });
-    m_platform.keyEvents->onKeyboardChanged = [this] {
-        if (!m_hotKey) {
-            setupHotKey();
-        }
-    };
+    m_hotKeySettingsObserver = observe(
+        m_notifications, LauncherSettings::hotKeyChanged, [this] { m_trigger.setupHotKey(); });
 }
 
 void AppDelegate::installWillSleepObserver()
 {
     m_willSleepObserver = observe(m_platform.workspace->notificationCenter(),
                                   Workspace::willSleep,
-                                  [this] { m_gestures.systemWillSleep(); });
-}
-
-void AppDelegate::installRecentAppActivationObserver()
-{
-    m_recentAppActivationObserver = observe(m_platform.workspace->notificationCenter(),
-                                            Workspace::didActivateApplication,
-                                            [this] { recordActivatedApplication(); });
+                                  [this] { m_trigger.systemWillSleep(); });
 }
 
 void AppDelegate::installSessionLockObserver()
@@ -210,58 +211,6 @@ void AppDelegate::installSessionLockObserver()
     m_platform.sessionLock->onLocked = [this] {
         m_panelController->hide();
     };
-}
-
-void AppDelegate::recordActivatedApplication()
-{
-    const std::optional<RunningApplication> app = m_platform.workspace->frontmostApplication();
-    if (!app || app->activationPolicy != RunningApplication::ActivationPolicy::regular
-        || !app->isListed || app->bundleIdentifier == ownIdentifier() || !app->bundlePath) {
-        return;
-    }
-    m_recents.recordLaunch(*app->bundlePath);
-}
-
-void AppDelegate::setupHotKey()
-{
-    m_hotKey.reset();
-    m_gestures.letGo();
-    if (m_isRecordingShortcut) {
-        // The ring would take the keyboard from who records, in the middle of the gesture.
-        return;
-    }
-    const HotKeyConfig config = m_settings.hotKeyConfig();
-    const auto shortcut = config.isModifierOnly() ? TriggerGestures::Shortcut::modifierOnly
-                                                  : TriggerGestures::Shortcut::keyed;
-    auto hotKey = std::make_unique<GlobalHotKey>(
-        GlobalHotKey::Dependencies{
-            *m_platform.keyEvents, *m_platform.accessibility, *m_platform.mainQueue},
-        config,
-        [this, shortcut](double time) {
-            if (m_screenGuard.isFree()) {
-                m_gestures.press(shortcut, time);
-            }
-        },
-        [this, shortcut](ReleaseReason reason, double time) {
-            m_gestures.release(shortcut, reason, time);
-        });
-    hotKey->onOtherKey = [this](OtherKey key) {
-        m_gestures.otherKey(key);
-    };
-    hotKey->onLetGo = [this] {
-        m_gestures.letGo();
-    };
-    hotKey->onHotKeyLost = [this, name = config.displayName](int) {
-        m_statusItem->tell(
-            u"The keyboard has changed, and %1 cannot be had on it as it is: another application may use it. Choose another shortcut in the settings."_s
-                .arg(name));
-    };
-    hotKey->onAccessibilityRevoked = [this] {
-        m_windows.checkAccessibilityPermission();
-    };
-    if (hotKey->registerHotKey()) {
-        m_hotKey = std::move(hotKey);
-    }
 }
 
 void AppDelegate::installShowInDockObserver()

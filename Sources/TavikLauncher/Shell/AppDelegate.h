@@ -10,12 +10,13 @@
 #include <TavikLauncher/Settings/LauncherSettings.h>
 #include <TavikLauncher/Shell/AuxiliaryWindows.h>
 #include <TavikLauncher/Shell/LauncherPanelController.h>
+#include <TavikLauncher/Shell/RecentActivations.h>
 #include <TavikLauncher/Shell/RequestPerformer.h>
 #include <TavikLauncher/Shell/ScreenGuard.h>
 #include <TavikLauncher/Shell/SettingsOffer.h>
 #include <TavikLauncher/Shell/SoftwareUpdates.h>
+#include <TavikLauncher/Shell/TriggerShortcut.h>
 #include <TavikLauncher/Shell/UpdaterApplication.h>
-#include <TavikLauncher/Trigger/TriggerGestures.h>
 #include <TavikLauncher/Views/Tray/StatusItem.h>
 #include <TavikLauncherPlatform/NotificationCenter.h>
 
@@ -47,14 +48,13 @@ public:
     void performSoon(const AppRequest& request);
 
 private:
+    [[nodiscard]] TriggerShortcut::Actions triggerActions();
     [[nodiscard]] std::unique_ptr<PanelSurface> makePanel(std::function<void()> dismiss);
     /// What `makePanel` made.
     [[nodiscard]] LauncherPanel& launcherPanel();
     void installHotKeySettingsObserver();
     void installWillSleepObserver();
-    void installRecentAppActivationObserver();
     void installSessionLockObserver();
-    void setupHotKey();
     void installShowInDockObserver();
     void installSettingsPreviewObserver();
     void startUpdater();
@@ -66,7 +66,6 @@ private:
     void showSettings(const QString& section = {});
     void showAtPointer();
     void pinPanel();
-    void recordActivatedApplication();
 
     Platform& m_platform;
     DesktopPalette m_palette;
@@ -78,10 +77,9 @@ private:
     LauncherCommands m_commands;
     LauncherPresentationState m_presentation;
     std::optional<LauncherPanelController> m_panelController;
-    TriggerGestures m_gestures;
+    RecentActivations m_recentActivations;
     ScreenGuard m_screenGuard;
-    std::unique_ptr<GlobalHotKey> m_hotKey; ///< Null while there is none, or it rests.
-    bool m_isRecordingShortcut = false;
+    TriggerShortcut m_trigger;
     AuxiliaryWindows m_windows;
     RequestPerformer m_requests;
     SettingsOffer m_settingsOffer;
@@ -94,7 +92,6 @@ private:
     ObserverToken m_settingsPreviewObserver;
     ObserverToken m_hotKeySettingsObserver;
     ObserverToken m_willSleepObserver;
-    ObserverToken m_recentAppActivationObserver;
     Task m_warmUp;
 };
 

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Settings/LauncherSettings.h>
+#include <TavikLauncher/Shell/ScreenGuard.h>
+#include <TavikLauncher/Shell/TriggerShortcut.h>
+#include <TavikLauncher/Trigger/GlobalHotKey.h>
+
+#include <utility>
+
+namespace Tavik {
+
+using namespace Qt::StringLiterals;
+
+TriggerShortcut::TriggerShortcut(const Dependencies& dependencies, Actions actions)
+    : m_dependencies(dependencies)
+    , m_actions(std::move(actions))
+    , m_gestures(m_actions.panel)
+{ }
+
+TriggerShortcut::~TriggerShortcut()
+{
+    m_dependencies.keyEvents.onKeyboardChanged = nullptr;
+}
+
+void TriggerShortcut::setupHotKey()
+{
+    m_dependencies.keyEvents.onKeyboardChanged = [this] {
+        if (!m_hotKey) {
+            setupHotKey();
+        }
+    };
+    m_hotKey.reset();
+    m_gestures.letGo();
+    if (m_isRecording) {
+        // The ring would take the keyboard from who records, in the middle of the gesture.
+        return;
+    }
+    std::unique_ptr<GlobalHotKey> hotKey = makeHotKey();
+    if (hotKey->registerHotKey()) {
+        m_hotKey = std::move(hotKey);
+    }
+}
+
+void TriggerShortcut::setRecording(bool isRecording)
+{
+    m_isRecording = isRecording;
+    setupHotKey();
+}
+
+std::unique_ptr<GlobalHotKey> TriggerShortcut::makeHotKey()
+{
+    const HotKeyConfig config = m_dependencies.settings.hotKeyConfig();
+    const auto shortcut = config.isModifierOnly() ? TriggerGestures::Shortcut::modifierOnly
+                                                  : TriggerGestures::Shortcut::keyed;
+    auto hotKey = std::make_unique<GlobalHotKey>(
+        GlobalHotKey::Dependencies{
+            m_dependencies.keyEvents, m_dependencies.permission, m_dependencies.mainQueue},
+        config,
+        [this, shortcut](double time) {
+            if (m_dependencies.screenGuard.isFree()) {
+                m_gestures.press(shortcut, time);
+            }
+        },
+        [this, shortcut](ReleaseReason reason, double time) {
+            m_gestures.release(shortcut, reason, time);
+        });
+    hotKey->onOtherKey = [this](OtherKey key) {
+        m_gestures.otherKey(key);
+    };
+    hotKey->onLetGo = [this] {
+        m_gestures.letGo();
+    };
+    hotKey->onHotKeyLost = [this, name = config.displayName](int) {
+        m_actions.tell(
+            u"The keyboard has changed, and %1 cannot be had on it as it is: another application may use it. Choose another shortcut in the settings."_s
+                .arg(name));
+    };
+    hotKey->onAccessibilityRevoked = m_actions.checkAccessibilityPermission;
+    return hotKey;
+}
+
+} // namespace Tavik

@@ -5,10 +5,8 @@
 namespace Tavik {
 
 Label::Label(Role role, const QString& text, QWidget* parent)
-    : QLabel(text, parent)
+    : WrappedLabel(text, parent)
 {
-    setTextFormat(Qt::PlainText);
-    setWordWrap(true);
     switch (role) {
     case Role::title:
         setFont(scaledFont(font(), 1.7, QFont::Bold));
@@ -33,7 +31,7 @@ Label::Label(Role role, const QString& text, QWidget* parent)
 QSize Label::minimumSizeHint() const
 {
     constexpr int widestWord = 160;
-    const QSize needed = QLabel::minimumSizeHint();
+    const QSize needed = WrappedLabel::minimumSizeHint();
     return wordWrap() ? needed.boundedTo({widestWord, needed.height()}) : needed;
 }
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QLabel>
+#include <TavikLauncher/Look/WrappedLabel.h>
 
 namespace Tavik {
 
-/// Plain text, wrapped, in one of the window's few sizes. A single word that is too long, a file's
+/// Wrapped text in one of the window's few sizes. A single word that is too long, a file's
 /// name perhaps, is cut off rather than let it push the controls out of the window.
-class Label final : public QLabel
+class Label final : public WrappedLabel
 {
     Q_OBJECT
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Look/Look.h>
 #include <TavikLauncher/Look/WindowStyle.h>
+#include <TavikLauncher/Look/WrappedLabel.h>
 
 #include <QEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLayout>
 #include <QPalette>
 
@@ -15,30 +15,21 @@ namespace Tavik::WindowStyle {
 
 namespace {
 
-class TextLabel final : public QLabel
+class TextLabel final : public WrappedLabel
 {
 public:
     TextLabel(const QString& text, const TextStyle& style, QWidget* parent)
-        : QLabel(text, parent)
-        , m_style(style)
+        : WrappedLabel(text, parent)
+        , m_role(style.role)
     {
-        setTextFormat(Qt::PlainText);
-        setWordWrap(true);
         setFont(WindowStyle::font(style.size, style.weight));
         applyColor();
     }
 
 protected:
-    void resizeEvent(QResizeEvent* event) override
-    {
-        QLabel::resizeEvent(event);
-        if (m_style.isBalanced) {
-            balance();
-        }
-    }
     void changeEvent(QEvent* event) override
     {
-        QLabel::changeEvent(event);
+        WrappedLabel::changeEvent(event);
         if (event->type() == QEvent::PaletteChange
             || event->type() == QEvent::ApplicationPaletteChange) {
             applyColor();
@@ -46,28 +37,9 @@ protected:
     }
 
 private:
-    /// Leaves the least room at which the text takes no more lines than it does in all of it.
-    void balance()
-    {
-        const QFontMetrics metrics(font());
-        const auto heightAt = [&](int width) {
-            return metrics
-                .boundingRect(QRect(0, 0, width, QWIDGETSIZE_MAX), Qt::TextWordWrap, text())
-                .height();
-        };
-        const int height = heightAt(width());
-        int low = width() / 2;
-        int high = width();
-        while (heightAt(width()) > metrics.height() * 3 / 2 && high - low > 1) {
-            const int middle = (low + high) / 2;
-            (heightAt(middle) <= height ? high : low) = middle;
-        }
-        setContentsMargins(0, 0, width() - high, 0);
-    }
-
     void applyColor()
     {
-        if (m_style.role == TextRole::primary) {
+        if (m_role == TextRole::primary) {
             return;
         }
         const QPalette& surroundings
@@ -80,7 +52,7 @@ private:
         }
     }
 
-    TextStyle m_style;
+    TextRole m_role;
 };
 
 } // namespace

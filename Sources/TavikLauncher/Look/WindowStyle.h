@@ -36,7 +36,6 @@ struct TextStyle
     double size = 13;
     QFont::Weight weight = QFont::Normal;
     TextRole role = TextRole::primary;
-    bool isBalanced = false; ///< Its lines are much of a length: no word stands alone on the last.
 };
 /// A label that wraps, whose text can be read and selected by assistive technology, and whose
 /// colour follows the palette.

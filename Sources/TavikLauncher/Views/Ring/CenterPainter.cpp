@@ -69,7 +69,7 @@ void paintField(QPainter& painter, const RingScene& scene, const Label& label)
     const double reach = metrics.horizontalAdvance(text) / 2 + 1;
     const double caret = rect.center().x() + (text.isRightToLeft() ? -reach - 1 : reach);
     painter.fillRect(QRectF(caret, rect.center().y() - metrics.height() / 2, 1.5, metrics.height()),
-                     scene.style.accent);
+                     Qt::white); // The accent may be dark, as the label always is.
 }
 
 void paintSpinner(QPainter& painter, const QRectF& rect, int step)

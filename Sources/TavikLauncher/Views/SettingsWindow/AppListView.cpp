@@ -26,7 +26,7 @@ constexpr int mostRowsShown = 8;
 
 int rowHeight(const QFontMetrics& metrics)
 {
-    return std::max(metrics.height() * 2 + 4, iconSide + 12);
+    return std::max(metrics.height() * 2 + 8, iconSide + 12);
 }
 
 class AppRowDelegate final : public QStyledItemDelegate

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/ScrollBar.h>
 #include <TavikLauncher/Views/Updates/ReleaseNotesView.h>
 #include <TavikLauncher/Views/Updates/SafeReleaseNotes.h>
 #include <TavikLauncherPlatform/Updater.h>
 
 #include <QEvent>
-#include <QScrollBar>
 
 #include <algorithm>
 #include <cmath>
@@ -24,6 +24,10 @@ constexpr qsizetype surelyHigh = 8000; ///< Characters, with the elements.
 ReleaseNotesView::ReleaseNotesView(std::function<void(const QUrl&)> openLink, QWidget* parent)
     : QTextBrowser(parent)
 {
+    // It lies on a card, whose corners are to be seen.
+    setFrameShape(QFrame::NoFrame);
+    viewport()->setAutoFillBackground(false);
+    setVerticalScrollBar(new ScrollBar(this));
     setOpenLinks(false);
     setUndoRedoEnabled(false);
     setTabChangesFocus(true);
@@ -68,10 +72,9 @@ int ReleaseNotesView::fullHeight(int width, int enough) const
     if (m_html.size() > surelyHigh) {
         return enough;
     }
-    const int frame = 2 * frameWidth();
     const std::unique_ptr<QTextDocument> copy(document()->clone());
-    copy->setTextWidth(width - frame);
-    return std::min(static_cast<int>(std::ceil(copy->size().height())) + frame, enough);
+    copy->setTextWidth(width);
+    return std::min(static_cast<int>(std::ceil(copy->size().height())), enough);
 }
 
 QVariant ReleaseNotesView::loadResource(int, const QUrl&)

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/Card.h>
 #include <TavikLauncher/Look/WindowStyle.h>
 #include <TavikLauncher/Views/Updates/ReleaseNotesView.h>
 #include <TavikLauncher/Views/Updates/UpdateAlertView.h>
@@ -72,7 +73,9 @@ void UpdateAlertView::addNotes(const UpdateItem& item)
     m_notes->setMinimumHeight(scaled(smallestNotes));
     m_notes->setFont(WindowStyle::font(notesSize));
     column().addSpacing(6);
-    column().addWidget(m_notes, 1);
+    auto* card = new Card(this);
+    card->addWidget(m_notes);
+    column().addWidget(card, 1);
     if (!item.releaseNotes) {
         m_isComplete = false;
         m_notes->say(u"Fetching the release notes…"_s);
@@ -135,6 +138,7 @@ QSize UpdateAlertView::preferredSize()
     }
     resize(width, height);
     layout()->activate();
+    m_notes->parentWidget()->layout()->activate(); // The card's, which else waits for the showing.
     const int surplus
         = m_notes->height() - m_notes->fullHeight(m_notes->width(), m_notes->height());
     return {width, std::max(smallest.height(), height - surplus)};

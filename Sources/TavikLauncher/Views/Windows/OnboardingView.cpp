@@ -99,8 +99,7 @@ QLayout* OnboardingView::makeRow(const TourRow& row, const QStringList& keys)
         head->addStretch(1);
         texts->addLayout(head);
     }
-    texts->addWidget(
-        makeLabel(breakable(row.detail), {.role = TextRole::secondary, .isBalanced = true}, this));
+    texts->addWidget(makeLabel(breakable(row.detail), {.role = TextRole::secondary}, this));
 
     auto* symbol = new SymbolView(row.symbol, rowSymbol, &WindowStyle::tint, this);
     auto* layout = new QHBoxLayout;
@@ -130,9 +129,8 @@ QLayout* OnboardingView::makeButtons(const HotKeyConfig& hotKey)
     });
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(8);
-    QLabel* note = makeLabel(ShortcutWords::coexistence(hotKey),
-                             {.size = 11, .role = TextRole::secondary, .isBalanced = true},
-                             this);
+    QLabel* note = makeLabel(
+        ShortcutWords::coexistence(hotKey), {.size = 11, .role = TextRole::secondary}, this);
     auto* foot = new QVBoxLayout;
     foot->setSpacing(8);
     // Beside the buttons, where large texts leave room for more than a word in a line.

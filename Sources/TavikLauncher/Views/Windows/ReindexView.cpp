@@ -88,6 +88,7 @@ QWidget* ReindexView::makeExplanation()
          u"The index refreshes itself automatically whenever you open the ring, so you rarely need this. Run it manually if an app you just installed isn't showing up in search, or after moving apps between folders."_s}) {
         layout->addWidget(makeLabel(paragraph, {.role = TextRole::secondary}, body));
     }
+    layout->addStretch(1); // The paragraphs stay together.
     return body;
 }
 

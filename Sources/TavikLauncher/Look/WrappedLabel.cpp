@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/WrappedLabel.h>
+
+#include <QPainter>
+#include <QStyle>
+#include <QTextLayout>
+
+namespace Tavik {
+
+namespace {
+
+struct Lines
+{
+    int count = 0;
+    double last = 0; ///< The length of the last one, in points.
+};
+
+Lines linesAt(int width, QTextLayout& layout)
+{
+    Lines lines;
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        lines.last = line.naturalTextWidth();
+        ++lines.count;
+    }
+    layout.endLayout();
+    return lines;
+}
+
+/// The width to set `text` in where there is room for `width`.
+int wellFilledWidth(const QString& text, const QFont& font, int width)
+{
+    QTextLayout layout(text, font);
+    const Lines widest = linesAt(width, layout);
+    if (widest.count < 2 || widest.last > width / 2.0) {
+        return width;
+    }
+    int low = width / 2;
+    int high = width;
+    while (high - low > 1) {
+        const int middle = (low + high) / 2;
+        (linesAt(middle, layout).count == widest.count ? high : low) = middle;
+    }
+    return high;
+}
+
+} // namespace
+
+WrappedLabel::WrappedLabel(const QString& text, QWidget* parent)
+    : QLabel(text, parent)
+{
+    setTextFormat(Qt::PlainText);
+    setWordWrap(true);
+}
+
+void WrappedLabel::paintEvent(QPaintEvent* event)
+{
+    if (!wordWrap() || textInteractionFlags().testFlag(Qt::TextSelectableByMouse)) {
+        QLabel::paintEvent(event);
+        return;
+    }
+    const auto direction = text().isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
+    const Qt::Alignment shown = QStyle::visualAlignment(direction, alignment());
+    const QRect room = contentsRect();
+    // Of the same count of lines, so that the height which the layout gave is the right one.
+    const int width = wellFilledWidth(text(), font(), room.width());
+    const QRect filled = QStyle::alignedRect(
+        Qt::LeftToRight, shown & Qt::AlignHorizontal_Mask, QSize(width, room.height()), room);
+    QPainter painter(this);
+    style()->drawItemText(&painter,
+                          filled,
+                          static_cast<int>(shown) | Qt::TextWordWrap,
+                          palette(),
+                          isEnabled(),
+                          text(),
+                          foregroundRole());
+}
+
+} // namespace Tavik

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QLabel>
+
+namespace Tavik {
+
+/// Plain text that wraps so that no word or two stand alone on the last line: such a text is set in
+/// lines of much the same length, and takes no more of them. Text that can be selected wraps as the
+/// toolkit has it.
+class WrappedLabel : public QLabel
+{
+    Q_OBJECT
+
+public:
+    explicit WrappedLabel(const QString& text = {}, QWidget* parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+} // namespace Tavik

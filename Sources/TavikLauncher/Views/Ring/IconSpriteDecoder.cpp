@@ -101,7 +101,8 @@ QImage IconSpriteDecoder::decode(const AppIcon& icon, int side, double scale) co
         painter.drawImage(0, 0, clipped);
     }
     sprite.setDevicePixelRatio(scale);
-    return sprite;
+    // An image that was painted on keeps what it was painted with; its copy does not.
+    return sprite.copy();
 }
 
 } // namespace Tavik

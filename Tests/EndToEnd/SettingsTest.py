@@ -125,9 +125,20 @@ class Pointer(Keyboard):
             # A pixel may be less than a step.
             for nudge in (0, 1, -1, 2, -2):
                 self.display.move_pointer(x + nudge, y)
-                if self.window.control(SLIDER, name).value == value:
+                if self._settled(name) == value:
                     return
         raise AssertionError(f"{name} cannot be dragged to {value}")
+
+    def _settled(self, name):
+        """The slider's value once the program has seen where the pointer is."""
+        seen = [None]
+
+        def is_settled():
+            seen.append(self.window.control(SLIDER, name).value)
+            return seen[-1] == seen[-2]
+
+        wait_until(is_settled, f"{name} stays where it is", interval=0.05)
+        return seen[-1]
 
     def toggle(self, name):
         self.window.click(SWITCH, name)
@@ -240,6 +251,7 @@ def test_each_kind_of_control_shows_in_the_ring_and_is_kept(launcher, window, ap
     window.control(BUTTON, "Trigger shortcut: ⌃⌥Space")  # Recorded, not obeyed.
     user.record("ctrl+F9")
     wait_until(lambda: display.is_grabbed("ctrl+F9"), "the recorded shortcut is taken")
+    wait_until(lambda: b"F9" in setting(launcher, "hotKeyConfig"), "the recorded shortcut is stored")
     assert not display.is_grabbed(launcher.hot_key)
     window.close()
     wait_until(lambda: preview(display) is None, "the ring goes with the window")

@@ -122,20 +122,19 @@ QPainterPath ringPart(QPointF center, double outer, double inner, double start, 
     return part;
 }
 
-/// Many short strokes, each with a gradient to where the next begins: vector formats have no
-/// gradient that goes round.
+/// So many short strokes that the eye sees one hue go over into the next: vector formats have no
+/// gradient that goes round, and a gradient for each stroke is kept by the toolkit for good.
 void paintStrokes(QPainter& painter, QPointF center, double radius, double width)
 {
-    constexpr int strokes = 28;
+    // None shorter than a pixel, so that the rim of a small ring is not painted over and over.
+    const double length = 2 * std::numbers::pi * radius;
+    const int strokes = std::clamp(static_cast<int>(length / 1.6), 28, 120);
     // A pixel or so of each stroke lies under the next, so that no seam shines through.
-    const double overlap = std::max(0.004, 1.2 / (2 * std::numbers::pi * radius));
+    const double overlap = std::max(0.004, 1.2 / length);
     for (int i = 0; i < strokes; ++i) {
         const double start = static_cast<double>(i) / strokes;
         const double end = static_cast<double>(i + 1) / strokes;
-        QLinearGradient hue(around(center, radius, start), around(center, radius, end));
-        hue.setColorAt(0, hueAt(start));
-        hue.setColorAt(1, hueAt(end));
-        painter.setBrush(hue);
+        painter.setBrush(hueAt((start + end) / 2));
         painter.drawPath(
             ringPart(center, radius + width / 2, radius - width / 2, start, end + overlap));
     }

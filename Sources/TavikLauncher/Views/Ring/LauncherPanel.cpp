@@ -108,9 +108,6 @@ void LauncherPanel::warmUp()
     if (isVisible()) {
         return; // A summon was faster.
     }
-    // It is in no taskbar. Without an icon of its own it would have the program's drawn in every
-    // size.
-    setWindowIcon(QPixmap(1, 1));
     // Shown to the toolkit only: style, layout and backing store are made without a flash.
     setAttribute(Qt::WA_DontShowOnScreen);
     show();

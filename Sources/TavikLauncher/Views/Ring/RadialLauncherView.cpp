@@ -207,6 +207,7 @@ void RadialLauncherView::renderAhead()
 {
     m_isSceneCurrent = false;
     static_cast<void>(m_images.wholeRing(scene()));
+    m_images.forgetBand();
     updateShape();
 }
 
@@ -284,8 +285,12 @@ void RadialLauncherView::prefetchIcons()
     if (isVisible()) {
         m_icons.prefetch(m_interaction.ringApps(), iconMeasures());
     } else {
+        // What a search may show first, where it goes through the whole catalog.
+        const LauncherSettings& settings = m_dependencies.ring.settings;
+        const QList<IndexedApp>& found = m_dependencies.ring.catalog.apps();
+        const qsizetype page = settings.searchesAllApps() ? settings.maxVisibleApps() : 0;
         m_icons.prefetchAhead(
-            m_interaction.ringApps(), m_dependencies.ring.catalog.apps(), iconMeasures());
+            m_interaction.ringApps(), found.first(std::min(page, found.size())), iconMeasures());
     }
 }
 

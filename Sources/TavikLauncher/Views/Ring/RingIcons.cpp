@@ -5,14 +5,11 @@
 #include <QGuiApplication>
 #include <QScreen>
 
-#include <algorithm>
 #include <cmath>
 
 namespace Tavik {
 
 namespace {
-
-constexpr qsizetype catalogHead = 24;
 
 int pixels(RingIcons::Size size, const RingIcons::Measures& measures)
 {
@@ -51,11 +48,10 @@ void RingIcons::prefetch(const QList<IndexedApp>& ring, const Measures& measures
 }
 
 void RingIcons::prefetchAhead(const QList<IndexedApp>& ring,
-                              const QList<IndexedApp>& catalog,
+                              const QList<IndexedApp>& search,
                               const Measures& measures)
 {
-    const auto head = catalog.first(std::min(catalogHead, catalog.size()));
-    m_cache.prefetch(iconsOf(head), pixels(Size::resting, measures), measures.ratio);
+    m_cache.prefetch(iconsOf(search), pixels(Size::resting, measures), measures.ratio);
 
     // The present screen's icons matter most and come last.
     QList<double> ratios{measures.ratio};

@@ -35,10 +35,9 @@ public:
 
     /// For a ring that is shown.
     void prefetch(const QList<IndexedApp>& ring, const Measures& measures);
-    /// For the next ring, on whatever screen it will be, and the first page of a search through the
-    /// catalog.
+    /// For the next ring, on whatever screen it will be, and the first page of a search.
     void prefetchAhead(const QList<IndexedApp>& ring,
-                       const QList<IndexedApp>& catalog,
+                       const QList<IndexedApp>& search,
                        const Measures& measures);
 
 private:

@@ -14,6 +14,8 @@ class RingImageCache
 public:
     [[nodiscard]] const QImage& band(const RingScene& scene);
     [[nodiscard]] const QImage& wholeRing(const RingScene& scene);
+    /// The band is as large as the whole ring, and not needed before the ring is at rest.
+    void forgetBand() { m_band = {}; }
 
 private:
     QImage m_band;

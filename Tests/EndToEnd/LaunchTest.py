@@ -6,6 +6,7 @@ import pytest
 
 from harness import processes
 from harness.waiting import stays, wait_until
+from harness.window_managers import leave_desktop, switching_managers, under
 
 
 @pytest.fixture
@@ -65,6 +66,19 @@ def test_a_running_application_is_raised_and_not_started_twice(ring, apps, deskt
     look("raised")
     assert display.is_above(first, second)
     stays(lambda: len(apps[0].starts()) == 1, "it runs once")
+
+
+@under(*switching_managers())
+def test_applications_come_up_from_everywhere(ring, apps, desktop, display, look, desktop_options):
+    launch(ring, display, 0)
+    window = display.wait_for("Alder")
+    wait_until(lambda: display.has_focus(window), "what was started has the focus")
+    leave_desktop(desktop, display)
+    wait_until(lambda: not display.has_focus(window), "its desktop is left")
+    launch(ring, display, 0)
+    wait_until(lambda: display.has_focus(window) and display.is_viewable(window), "it is up again")
+    look("up again")
+    assert len(apps[0].starts()) == 1
 
 
 def test_an_application_started_elsewhere_joins_the_ring(ring, apps, desktop, display, applications):

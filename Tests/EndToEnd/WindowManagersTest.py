@@ -10,7 +10,6 @@ from harness.waiting import stays, wait_until
 from harness.window_managers import WINDOW_MANAGERS, under, wants_all, window_managers
 
 every_manager = under()
-every_switching_manager = under(*(name for name in window_managers() if name != "dwm"))  # It listens to nobody.
 
 
 @pytest.fixture
@@ -26,14 +25,6 @@ def ring(launcher, apps):
 
 def letters(desktop, title):
     return [line for line in desktop.log(title).splitlines() if line in ("key d", "key o", "key g", "key w")]
-
-
-def leave_desktop(desktop, display):
-    if desktop.window_manager.leave_key:
-        display.press(desktop.window_manager.leave_key)
-    else:
-        display.switch_to_desktop(1)
-    wait_until(lambda: display.root_property("_NET_CURRENT_DESKTOP") == [1], "the other desktop is shown")
 
 
 def close(ring, display):
@@ -65,23 +56,6 @@ def test_the_ring_takes_the_focus_at_once_and_gives_it_back(ring, desktop, displ
         display.press("Escape")
         ring.wait_hidden()
         wait_until(lambda: display.has_focus(editor), "the editor has the focus again")
-
-
-@every_switching_manager
-def test_applications_come_up_from_everywhere(ring, apps, desktop, display, look, desktop_options):
-    ring.summon(640, 400)
-    display.press("ctrl+1")
-    ring.wait_hidden()
-    window = display.wait_for("Alder")
-    wait_until(lambda: display.has_focus(window), "what was started has the focus")
-    leave_desktop(desktop, display)
-    wait_until(lambda: not display.has_focus(window), "its desktop is left")
-    ring.summon(640, 400)
-    display.press("ctrl+1")
-    ring.wait_hidden()
-    wait_until(lambda: display.has_focus(window) and display.is_viewable(window), "it is up again")
-    look("up again")
-    assert len(apps[0].starts()) == 1
 
 
 @every_manager
@@ -190,7 +164,7 @@ def test_a_pointer_that_crosses_other_windows_takes_nothing_from_the_ring(ring, 
     ring.wait_hidden()
 
 
-@every_switching_manager
+@under(*switching_managers())
 def test_nobody_is_thrown_back_to_a_desktop_that_was_left(ring, desktop, display, desktop_options):
     film = open_window(desktop, "Film", "--full-screen", "--colour", "28c83c")
     ring.summon(640, 400)

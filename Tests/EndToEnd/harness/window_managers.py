@@ -99,3 +99,16 @@ def under(*names):
     """Repeats a test under each of them; it takes `desktop_options`."""
     return pytest.mark.parametrize("desktop_options", [{"window_manager": name} for name in window_managers(*names)],
                                    ids=lambda options: options["window_manager"])
+
+
+def switching_managers():
+    """The names of those that show another desktop when they are asked to; dwm listens to nobody."""
+    return [name for name in window_managers() if name != "dwm"]
+
+
+def leave_desktop(desktop, display):
+    if desktop.window_manager.leave_key:
+        display.press(desktop.window_manager.leave_key)
+    else:
+        display.switch_to_desktop(1)
+    wait_until(lambda: display.root_property("_NET_CURRENT_DESKTOP") == [1], "the other desktop is shown")

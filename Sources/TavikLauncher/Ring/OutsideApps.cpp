@@ -4,7 +4,8 @@
 #include <TavikLauncherPlatform/WorkQueue.h>
 
 #include <QPointer>
-#include <QStringList>
+
+#include <utility>
 
 namespace Tavik {
 
@@ -17,20 +18,28 @@ const IndexedApp* OutsideApps::record(const QString& path)
 {
     auto found = m_records.find(path);
     if (found == m_records.end()) {
-        found = m_records.insert(path, AppCatalog::indexedApp(m_fileManager, path));
+        found = m_records.insert(path, std::nullopt);
+        m_unread.insert(path);
+        read();
     }
     return *found ? &**found : nullptr;
 }
 
 void OutsideApps::check()
 {
-    if (m_isChecking || m_records.isEmpty()) {
+    m_unread = QSet(m_records.keyBegin(), m_records.keyEnd());
+    read();
+}
+
+void OutsideApps::read()
+{
+    if (m_isReading || m_unread.isEmpty()) {
         return;
     }
-    m_isChecking = true;
+    m_isReading = true;
     m_workQueue.run(
         WorkPriority::userInitiated,
-        [&fileManager = m_fileManager, paths = m_records.keys()] {
+        [&fileManager = m_fileManager, paths = std::exchange(m_unread, {})] {
             Records read;
             for (const QString& path : paths) {
                 read.insert(path, AppCatalog::indexedApp(fileManager, path));
@@ -39,8 +48,9 @@ void OutsideApps::check()
         },
         [self = QPointer(this)](const Records& read) {
             if (self) {
-                self->m_isChecking = false;
+                self->m_isReading = false;
                 self->take(read);
+                self->read();
             }
         });
 }

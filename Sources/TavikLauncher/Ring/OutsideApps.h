@@ -5,6 +5,7 @@
 
 #include <QHash>
 #include <QObject>
+#include <QSet>
 #include <QString>
 
 #include <optional>
@@ -15,9 +16,8 @@ class FileManager;
 class WorkQueue;
 
 /// The applications that the catalog does not list: pinned from another drive, or running from
-/// elsewhere. Each is read when it is first asked for and then remembered, so that a summon waits
-/// for no disk; `check` looks in the background whether the disk still says the same. Main thread
-/// only.
+/// elsewhere. Each is read in the background when it is first asked for, and then remembered, so
+/// that nobody waits for a disk; `check` looks whether it still says the same. Main thread only.
 class OutsideApps final : public QObject
 {
     Q_OBJECT
@@ -25,10 +25,10 @@ class OutsideApps final : public QObject
 public:
     OutsideApps(FileManager& fileManager, WorkQueue& workQueue);
 
-    /// Null when nothing is there. Good until the next call or the next `changed`.
+    /// Null when nothing is there, or nothing known yet. Good until the next call or the next
+    /// `changed`.
     [[nodiscard]] const IndexedApp* record(const QString& path);
-    /// Reads all that was asked for so far anew, one check at a time: a drive that does not answer
-    /// holds up no more than one.
+    /// Reads all that was asked for so far anew.
     void check();
 
 Q_SIGNALS:
@@ -37,12 +37,14 @@ Q_SIGNALS:
 
 private:
     using Records = QHash<QString, std::optional<IndexedApp>>;
+    void read();
     void take(const Records& read);
 
     FileManager& m_fileManager;
     WorkQueue& m_workQueue;
     Records m_records;
-    bool m_isChecking = false;
+    QSet<QString> m_unread;
+    bool m_isReading = false; ///< Once at a time: a drive that does not answer holds up no more.
 };
 
 } // namespace Tavik

@@ -16,6 +16,9 @@ struct DirectoryItem
 {
     QString path;
     bool isSymbolicLink = false;
+    /// A program of one file: named ".AppImage", whatever the case, or a file that may be executed
+    /// and says so itself.
+    bool isImage = false;
     /// The user id that owns the item itself, absent when it could not be queried.
     std::optional<unsigned> ownerId;
 };
@@ -37,8 +40,8 @@ struct Bundle
     /// What people may call it besides: untranslated and generic name, keywords, program.
     QStringList otherNames;
     QString iconSource; ///< As in AppIcon.
-    /// Absolute path of the program that an `.app` folder starts; of the AppImage that a desktop
-    /// entry starts, if it does.
+    /// Absolute path of the program that is started; of a desktop entry's only if it lies in an
+    /// application folder, where it may be an AppImage.
     std::optional<QString> executable;
     bool isHidden = false; ///< The entry asks not to be shown here (NoDisplay, Hidden, TryExec, …).
     /// What it starts is not installed; with nothing written to the entry, it may be later.
@@ -60,8 +63,8 @@ public:
     virtual ~FileManager() = default;
 
     [[nodiscard]] virtual bool fileExists(const QString& path) const = 0;
-    /// True for an existing directory that ends in ".app" and for an existing file that ends in
-    /// ".desktop" or, whatever the case, in ".AppImage".
+    /// True for an existing directory that ends in ".app", for an existing file that ends in
+    /// ".desktop", and for an AppImage under any name.
     [[nodiscard]] virtual bool isApplicationBundle(const QString& path) const = 0;
     using Visit = std::function<void(const DirectoryItem&)>;
     /// Visits every item below `folder`, depth first and sorted by name, skipping hidden entries,

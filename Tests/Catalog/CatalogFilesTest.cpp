@@ -82,20 +82,20 @@ private Q_SLOTS:
         addEntry(u"/system/edited.desktop"_s, u"edited"_s);
         addEntry(u"/system/unwanted.desktop"_s, u"unwanted"_s);
         addEntry(u"/system/viewer.desktop"_s, u"viewer"_s);
-        for (const QString& name : {u"Known"_s, u"Own"_s}) {
-            addEntry(u"/user/%1.AppImage"_s.arg(name), name);
-            m_files->bundles[u"/user/%1.AppImage"_s.arg(name)].executable
-                = u"/user/%1.AppImage"_s.arg(name);
+        for (const QString& image : {u"/user/known"_s, u"/user/own"_s}) {
+            addEntry(image, image);
+            m_files->items[u"/user"_s].last().isImage = true;
+            m_files->bundles[image].executable = image;
         }
         addEntry(u"/system/known.desktop"_s, u"known"_s);
-        m_files->bundles[u"/system/known.desktop"_s].executable = u"/user/Known.AppImage"_s;
+        m_files->bundles[u"/system/known.desktop"_s].executable = u"/user/known"_s;
         QStringList listed = walk({u"/user"_s, u"/system"_s});
         listed.sort();
         QCOMPARE(listed,
                  QStringList({u"/system/known.desktop"_s,
                               u"/system/viewer.desktop"_s,
-                              u"/user/Own.AppImage"_s,
                               u"/user/edited.desktop"_s,
+                              u"/user/own"_s,
                               u"/user/viewer.app"_s}));
     }
 

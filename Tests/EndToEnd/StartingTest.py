@@ -62,8 +62,9 @@ def test_a_browser_and_its_web_application_are_two_though_one_process(launcher, 
     assert len(page.starts()) == 1 and len(browser.starts()) == 1
 
 
-def test_an_image_is_started_once_and_shows_what_is_inside(launcher, applications, desktop, display):
-    alder = applications.add_image("Alder", desktop.home / "Applications")
+@pytest.mark.parametrize("place, ending", [("Applications", ".AppImage"), (".local/bin", "")])
+def test_an_image_is_started_once_and_shows_what_is_inside(launcher, applications, desktop, display, place, ending):
+    alder = applications.add_image("Alder", desktop.home / place, ending)
     launcher.pin(alder)
     launcher.start().wait_indexed()
     assert [entry["name"] for entry in launcher.cache()] == ["Alder"]

@@ -108,15 +108,14 @@ std::optional<CatalogIndex::Item> CatalogIndex::item(const FileManager& fileMana
         return Item{.app = CatalogRecord::record(found.path, fileManager.bundle(found.path)),
                     .entryIdentifier = {}};
     }
-    const bool isImage = found.path.endsWith(".AppImage"_L1, Qt::CaseInsensitive);
-    if (isImage && isUsersOwnLink(found, fileManager.userId())) {
+    if (found.isImage && isUsersOwnLink(found, fileManager.userId())) {
         return std::nullopt;
     }
-    if (isImage || found.path.endsWith(".desktop"_L1)) {
+    if (found.isImage || found.path.endsWith(".desktop"_L1)) {
         if (const std::optional<Bundle> entry = fileManager.bundle(found.path)) {
             return Item{.app = CatalogRecord::record(found.path, entry),
                         .entryIdentifier
-                        = isImage ? QString() : entry->identifier.value_or(QString()),
+                        = found.isImage ? QString() : entry->identifier.value_or(QString()),
                         .image = entry->executable.value_or(QString()),
                         .isHidden = entry->isHidden,
                         .lacksProgram = entry->lacksProgram};

@@ -78,7 +78,7 @@ class Applications:
         self.write_entry(entry, name, command, self._icon(colour), lines)
         return Application(name, PALETTE[colour], entry, report)
 
-    def add_image(self, name, folder):
+    def add_image(self, name, folder, ending=".AppImage"):
         """Puts an application of one file there: a shell in front, its entry, words and icon inside."""
         colour = next(self._colours)
         report, inside = self.reports / f"{name}.json", self.reports / name
@@ -89,8 +89,8 @@ class Applications:
         subprocess.run(["mksquashfs", inside, self.reports / "packed", "-quiet", "-no-progress"], check=True)
         shell = bytearray(pathlib.Path("/bin/dash").read_bytes())
         shell[8:11] = b"AI\2"
-        folder.mkdir(exist_ok=True)
-        image = folder / f"{name}.AppImage"
+        folder.mkdir(parents=True, exist_ok=True)
+        image = folder / f"{name}{ending}"
         image.write_bytes(shell + (self.reports / "packed").read_bytes())
         image.chmod(0o755)
         return Application(name, PALETTE[colour], image, report)

@@ -55,7 +55,8 @@ private Q_SLOTS:
         QCOMPARE(file.readAll(), page.toEncoded());
 
         const QString image = tree.write(u"X.AppImage"_s);
-        const DesktopEntry entry{.path = image, .command = image, .isApplication = true};
+        const DesktopEntry entry{
+            .path = image, .command = image, .isApplication = true, .isImage = true};
         const LaunchResult result = launchApplication({.path = image, .entry = entry}, {});
         QVERIFY(result.error.value_or(QString()).contains(image)); // It may not be executed.
 

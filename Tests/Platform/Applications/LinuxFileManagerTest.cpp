@@ -192,6 +192,48 @@ private Q_SLOTS:
         QVERIFY(entry.requiredProgram.isEmpty() && entry.folder.isEmpty());
     }
 
+    void imagesAreMetUnderAnyNameAndOfEitherType()
+    {
+        const FileTree tree;
+        const LinuxFileManager files(m_queue, m_work, {tree.path(u"apps"_s)});
+        const auto add = [&tree](const QString& name, const QByteArray& bytes, bool mayRun) {
+            const QString path = tree.write(u"apps/"_s + name, bytes);
+            const QFileDevice::Permissions permissions = QFile::permissions(path);
+            QFile::setPermissions(path, mayRun ? permissions | QFile::ExeOwner : permissions);
+            return path;
+        };
+        QByteArray older = program().leftJustified(0x9000, '\0', true);
+        older.replace(10, 1, "\1");
+        const QByteArray noIso = older;
+        older.replace(0x8001, 5, "CD001");
+        tree.write(u"in/x.desktop"_s, "[Desktop Entry]\nType=Application\nName=Inside\nExec=x\n");
+        const QByteArray newer = image(tree);
+        const QString first = add(u"older-1.0"_s, older, true);
+        const QString second = add(u"tool"_s, newer, true);
+        add(u"a.desktop"_s,
+            "[Desktop Entry]\nType=Application\nName=A\nExec=" + second.toUtf8() + " --x\n",
+            true);
+        add(u"no iso"_s, noIso, true);
+        add(u"shared object"_s, QByteArray(newer).replace(8, 3, QByteArray(3, '\0')), true);
+        add(u"script"_s, "#!/bin/sh\n", true);
+        const QString idle = add(u"not to be run"_s, newer, false);
+        QStringList met;
+        files.enumerate(tree.path(u"apps"_s), [&met](const DirectoryItem& item) {
+            met.append(item.isImage ? QFileInfo(item.path).fileName() : QString());
+        });
+        met.removeAll(QString());
+        QCOMPARE(met.join(u'|'), u"older-1.0|tool"_s);
+        QCOMPARE(files.bundle(first)->name, u"older-1.0"_s);
+        QCOMPARE(files.iconSource(first), QString());
+        QCOMPARE(files.bundle(second)->name, u"Inside"_s);
+        QVERIFY(files.isApplicationBundle(second));
+        QVERIFY(files.launchTarget(idle).entry.isImage); // Whoever starts it is told.
+        // What an entry starts is that entry.
+        QCOMPARE(files.bundle(tree.path(u"apps/a.desktop"_s))->executable, second);
+        const DesktopEntries entries = files.desktopEntries();
+        QVERIFY(entries.withPath(first) && !entries.withPath(second));
+    }
+
     void whatIsOnlyCalledAnImageIsNone()
     {
         const FileTree tree;

@@ -187,12 +187,12 @@ QString AppImageContent::defaultFolder()
 DesktopEntry AppImageContent::entry(const QString& image) const
 {
     const QFileInfo file(image);
-    if (!AppImageFile::fileSystemOffset(image)) {
-        return {.id = file.fileName(), .path = image};
+    if (!AppImageFile::content(image)) {
+        return {.id = file.fileName(), .path = image, .isImage = true};
     }
     DesktopEntry entry = DesktopEntryFile::parse(entryText(image), image, file.fileName());
     if (entry.name.isEmpty()) {
-        entry.name = file.completeBaseName();
+        entry.name = AppImageFile::isNamedSo(image) ? file.completeBaseName() : file.fileName();
     }
     entry.command = commandFor(image, entry.command);
     entry.program = image;
@@ -201,6 +201,7 @@ DesktopEntry AppImageContent::entry(const QString& image) const
     entry.requiredProgram.clear();
     entry.folder.clear();
     entry.isActivatable = false;
+    entry.isImage = true;
     entry.isApplication = true;
     entry.isDeleted = false;
     entry.isHidden = false;
@@ -228,7 +229,7 @@ QString AppImageContent::kept(const QString& image, Part part) const
     const QString file = m_cacheFolder + u'/' + QString::fromLatin1(hash)
         + (part == Part::entry ? ".desktop"_L1 : ".icon"_L1);
     const QDateTime made = QFileInfo(image).lastModified();
-    const std::optional<qint64> offset = AppImageFile::fileSystemOffset(image);
+    const std::optional<qint64> offset = AppImageFile::squashOffset(image);
     if (!offset || reader().isEmpty()) {
         return {};
     }

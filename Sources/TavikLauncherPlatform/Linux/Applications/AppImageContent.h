@@ -20,7 +20,8 @@ public:
     [[nodiscard]] static QString defaultFolder();
 
     /// As an entry that starts the image: what the entry inside says, or where there is none, or
-    /// nothing to read it with, the file's name. Nothing keeps it out of menus.
+    /// nothing to read it with, as for the older type, the file's name. Nothing keeps it out of
+    /// menus.
     [[nodiscard]] DesktopEntry entry(const QString& image) const;
     /// The path of a file with the icon that it brings; empty when there is none to be had.
     [[nodiscard]] QString iconFile(const QString& image) const;

@@ -2,7 +2,6 @@
 #include <TavikLauncherPlatform/Linux/Applications/ApplicationLaunch.h>
 #include <TavikLauncherPlatform/Linux/Applications/CommandLine.h>
 #include <TavikLauncherPlatform/Linux/Applications/TerminalEmulator.h>
-#include <TavikLauncherPlatform/Linux/Disk/AppImageFile.h>
 
 #include <QFile>
 #include <QFileInfo>
@@ -42,8 +41,7 @@ launchEntry(const DesktopEntry& entry, const LaunchTokens& tokens, const QString
     if (!entry.isApplication || entry.isDeleted) {
         return {.error = u"It is no application that can be started."_s};
     }
-    const bool isImage = AppImageFile::isNamedSo(entry.path);
-    if (isImage && !QFileInfo(entry.path).isExecutable()) {
+    if (entry.isImage && !QFileInfo(entry.path).isExecutable()) {
         return {.error
                 = u"The file “%1” may not be executed. Allow that in its properties first."_s.arg(
                     entry.path)};
@@ -61,7 +59,7 @@ launchEntry(const DesktopEntry& entry, const LaunchTokens& tokens, const QString
     return startProgram({.words = *words,
                          .folder = entry.folder,
                          .environment = environmentFor(tokens),
-                         .entry = isImage ? QString() : entry.path,
+                         .entry = entry.isImage ? QString() : entry.path,
                          .name = entry.id});
 }
 

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Applications/DesktopEntries.h>
-#include <TavikLauncherPlatform/Linux/Disk/AppImageFile.h>
 
 #include <QSet>
 
@@ -35,7 +34,7 @@ DesktopEntries::DesktopEntries(QList<DesktopEntry> entries)
         const DesktopEntry& entry = m_entries.at(position);
         const qsizetype before = seen.size();
         seen.insert(entry.id);
-        if (AppImageFile::isNamedSo(entry.path)) {
+        if (entry.isImage) {
             images.append(position);
         } else if (seen.size() > before && entry.isApplication && !entry.isDeleted) {
             // One that is deleted or damaged still stands in the way of those behind it.
@@ -43,10 +42,18 @@ DesktopEntries::DesktopEntries(QList<DesktopEntry> entries)
             addNames(position);
         }
     }
-    // An image that the desktop has given an entry is that entry.
+    // An image that the desktop has given an entry is that entry, which may name it by its path or,
+    // from where programs are looked for, by its name.
+    QSet<QString> started;
+    if (!images.isEmpty()) {
+        for (const qsizetype position : std::as_const(standing)) {
+            started.insert(m_entries.at(position).program);
+        }
+    }
     for (const qsizetype position : std::as_const(images)) {
         const DesktopEntry& image = m_entries.at(position);
-        if (image.isApplication && !m_programs.contains(image.path)) {
+        if (image.isApplication && !started.contains(image.path)
+            && !started.contains(image.path.section(u'/', -1))) {
             standing.append(position);
             addNames(position);
         }

@@ -34,6 +34,7 @@ struct DesktopEntry
     QString program; ///< What "Exec" starts, or the script that an interpreter there runs.
     Notification notification = Notification::unknown;
     bool isApplication = false;
+    bool isImage = false; ///< It lies inside of an AppImage, which is what `path` leads to.
     bool isDeleted = false; ///< "Hidden": stands for nothing but its own absence.
     bool isHidden = false; ///< Kept out of menus here ("NoDisplay", "OnlyShowIn", …).
     bool takesArguments = false; ///< "Exec" has words of its own behind the program.

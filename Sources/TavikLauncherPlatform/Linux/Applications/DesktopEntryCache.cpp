@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Applications/DesktopEntryCache.h>
-#include <TavikLauncherPlatform/Linux/Disk/AppImageFile.h>
 
 #include <QFile>
 #include <QMutexLocker>
@@ -20,8 +19,9 @@ DesktopEntry DesktopEntryCache::read(const QString& path, const QString& id)
     if (std::optional<DesktopEntry> entry = known(path, id, stamp)) {
         return *std::move(entry);
     }
-    const DesktopEntry entry
-        = AppImageFile::isNamedSo(path) ? m_images.entry(path) : DesktopEntryFile::read(path, id);
+    const DesktopEntry entry = path.endsWith(QLatin1String(".desktop"))
+        ? DesktopEntryFile::read(path, id)
+        : m_images.entry(path);
     const QMutexLocker lock(&m_mutex);
     ++m_reads;
     m_known.insert(path, {.stamp = stamp, .entry = entry});

@@ -18,8 +18,8 @@ namespace Tavik {
 class DesktopEntryCache
 {
 public:
-    /// The entry at `path`; `id` is its desktop-file ID without the ending. A look at the file
-    /// alone where nothing has changed.
+    /// The entry at `path`, or inside of the image there if it is not called ".desktop"; `id` is
+    /// its desktop-file ID without the ending. A look at the file alone where nothing has changed.
     [[nodiscard]] DesktopEntry read(const QString& path, const QString& id);
     [[nodiscard]] const AppImageContent& images() const { return m_images; }
     /// Forgets every entry but those at `paths`.

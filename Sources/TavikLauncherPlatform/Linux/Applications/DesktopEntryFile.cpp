@@ -3,7 +3,6 @@
 #include <TavikLauncherPlatform/Linux/Applications/CommandLine.h>
 #include <TavikLauncherPlatform/Linux/Applications/DesktopEntry.h>
 #include <TavikLauncherPlatform/Linux/Applications/IconTheme.h>
-#include <TavikLauncherPlatform/Linux/Disk/AppImageFile.h>
 #include <TavikLauncherPlatform/Linux/Disk/BoundedFile.h>
 #include <TavikLauncherPlatform/Linux/Disk/KeyFile.h>
 
@@ -150,19 +149,18 @@ Bundle bundle(const DesktopEntry& entry)
     if (!entry.name.isEmpty()) {
         bundle.name = entry.name;
     }
-    const auto isInstalled = [](const QString& program) {
-        return program.isEmpty() || !installedProgram(program).isEmpty();
-    };
-    const bool isWanted = entry.isApplication && !entry.isHidden;
-    const QString program = entry.isActivatable ? QString() : CommandLine::firstWord(entry.command);
-    // Mostly the two are the same, and looking along the whole path takes its time.
-    bundle.lacksProgram = isWanted
-        && !(isInstalled(entry.requiredProgram)
-             && (program == entry.requiredProgram || isInstalled(program)));
-    bundle.isHidden = !isWanted || bundle.lacksProgram;
-    if (AppImageFile::isNamedSo(entry.program)) {
-        bundle.executable = entry.program;
+    bundle.isHidden = !entry.isApplication || entry.isHidden;
+    if (bundle.isHidden) {
+        return bundle;
     }
+    const QString program = entry.isActivatable ? QString() : CommandLine::firstWord(entry.command);
+    const QString found = installedProgram(program);
+    const QString& required = entry.requiredProgram;
+    // Mostly the two are the same, and looking along the whole path takes its time.
+    bundle.lacksProgram = (found.isEmpty() && !program.isEmpty())
+        || (required != program && !required.isEmpty() && installedProgram(required).isEmpty());
+    bundle.isHidden = bundle.lacksProgram;
+    bundle.executable = entry.program == program ? found : entry.program;
     return bundle;
 }
 

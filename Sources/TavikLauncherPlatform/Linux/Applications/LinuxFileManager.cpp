@@ -60,10 +60,29 @@ QStringList visibleNames(const QByteArray& folder)
     return names;
 }
 
-/// What becomes a desktop entry; looks at the name alone.
-bool isEntry(const QString& path)
+/// What an application at `path` would be; absent for what is none by its name or first bytes.
+std::optional<Bundle::Kind> kindOf(const QString& path)
 {
-    return path.endsWith(".desktop"_L1) || AppImageFile::isNamedSo(path);
+    if (path.endsWith(".app"_L1)) {
+        return Bundle::Kind::applicationFolder;
+    }
+    if (path.endsWith(".desktop"_L1)) {
+        return Bundle::Kind::desktopEntry;
+    }
+    return AppImageFile::isImage(path) ? std::optional(Bundle::Kind::image) : std::nullopt;
+}
+
+/// The same for what a walk meets: without the name for it, only what may be executed is opened.
+bool isImage(const QString& path, mode_t mode)
+{
+    constexpr mode_t anybody = S_IXUSR | S_IXGRP | S_IXOTH;
+    return AppImageFile::isNamedSo(path)
+        || (S_ISREG(mode) && (mode & anybody) != 0 && kindOf(path) == Bundle::Kind::image);
+}
+
+bool isEntry(const DirectoryItem& item)
+{
+    return item.isImage || item.path.endsWith(".desktop"_L1);
 }
 
 void walkFrom(const QString& path, const FileManager::Visit& visit);
@@ -89,7 +108,10 @@ void walkFrom(const QString& path, const FileManager::Visit& visit)
     if (isPackage && !QFileInfo(path).isDir()) {
         return;
     }
-    visit({.path = path, .isSymbolicLink = S_ISLNK(status.st_mode), .ownerId = status.st_uid});
+    visit({.path = path,
+           .isSymbolicLink = S_ISLNK(status.st_mode),
+           .isImage = isImage(path, status.st_mode),
+           .ownerId = status.st_uid});
     // Links are never descended into, so no cycle can form.
     if (S_ISDIR(status.st_mode) && !isPackage) {
         walk(path, visit);
@@ -113,7 +135,7 @@ FileManager::Visit onlyImages(const QString& path, const FileManager::Visit& vis
         return visit;
     }
     return [visit](const DirectoryItem& item) {
-        if (AppImageFile::isNamedSo(item.path)) {
+        if (item.isImage) {
             visit(item);
         }
     };
@@ -153,7 +175,8 @@ bool LinuxFileManager::fileExists(const QString& path) const
 bool LinuxFileManager::isApplicationBundle(const QString& path) const
 {
     const QFileInfo info(path);
-    return (path.endsWith(".app"_L1) && info.isDir()) || (isEntry(path) && info.isFile());
+    const std::optional<Bundle::Kind> kind = kindOf(path);
+    return kind == Bundle::Kind::applicationFolder ? info.isDir() : kind && info.isFile();
 }
 
 void LinuxFileManager::enumerate(const QString& folder, const Visit& visit) const
@@ -180,42 +203,46 @@ QString LinuxFileManager::iconSource(const QString& path) const
     if (!path.startsWith(u'/') || !isApplicationBundle(path)) {
         return path;
     }
-    if (path.endsWith(".desktop"_L1)) {
-        return entry(path).icon;
+    const std::optional<Bundle::Kind> kind = kindOf(path);
+    if (kind == Bundle::Kind::applicationFolder) {
+        const std::optional<Bundle> found = contentOfBundle(path);
+        return found ? found->iconSource : QString();
     }
-    if (AppImageFile::isNamedSo(path)) {
-        const QString file = m_entries.images().iconFile(path);
-        return file.isEmpty() ? entry(path).icon : file;
-    }
-    const std::optional<Bundle> found = contentOfBundle(path);
-    return found ? found->iconSource : QString();
+    const QString file
+        = kind == Bundle::Kind::image ? m_entries.images().iconFile(path) : QString();
+    return file.isEmpty() ? entry(path).icon : file;
 }
 
 std::optional<Bundle> LinuxFileManager::contentOfBundle(const QString& path) const
 {
-    if (path.endsWith(".app"_L1)) {
+    const std::optional<Bundle::Kind> kind = kindOf(path);
+    if (kind == Bundle::Kind::applicationFolder) {
         return ApplicationFolder::read(path);
     }
     const QFileInfo info(path);
-    if (AppImageFile::isNamedSo(path)) {
+    if (kind == Bundle::Kind::image) {
         const DesktopEntry image = info.isFile() ? entry(path) : DesktopEntry();
         if (!image.isApplication) {
             return std::nullopt;
         }
         Bundle bundle = DesktopEntryFile::bundle(image);
         bundle.kind = Bundle::Kind::image;
+        bundle.executable = path;
         // That it may not be executed is said to who starts it.
         bundle.isHidden = false;
         bundle.lacksProgram = false;
         return bundle;
     }
     // A link to the null device or to nothing is a usual way of hiding an entry.
-    const bool isThere
-        = path.endsWith(".desktop"_L1) && !info.isDir() && (info.exists() || info.isSymLink());
+    const bool isThere = kind && !info.isDir() && (info.exists() || info.isSymLink());
     if (!isThere) {
         return std::nullopt;
     }
-    return DesktopEntryFile::bundle(entry(path));
+    Bundle bundle = DesktopEntryFile::bundle(entry(path));
+    if (bundle.executable && !isInApplicationFolder(*bundle.executable)) {
+        bundle.executable.reset();
+    }
+    return bundle;
 }
 
 DesktopEntry LinuxFileManager::entry(const QString& path) const
@@ -229,7 +256,7 @@ DesktopEntries LinuxFileManager::desktopEntries() const
     QSet<QString> paths;
     for (const QString& folder : m_applicationFolders) {
         enumerate(folder, [&](const DirectoryItem& item) {
-            if (isEntry(item.path) && !paths.contains(item.path)) {
+            if (isEntry(item) && !paths.contains(item.path)) {
                 paths.insert(item.path);
                 entries.append(entry(item.path));
             }
@@ -253,7 +280,7 @@ DesktopEntries LinuxFileManager::desktopEntries(const DesktopEntries& entries,
         }
         order.takeBelow(all, path, pathOf);
         enumerateFrom(path, [&](const DirectoryItem& item) {
-            if (isEntry(item.path)) {
+            if (isEntry(item)) {
                 order.insert(all, entry(item.path), pathOf);
             }
         });
@@ -263,7 +290,7 @@ DesktopEntries LinuxFileManager::desktopEntries(const DesktopEntries& entries,
 
 LaunchTarget LinuxFileManager::launchTarget(const QString& path) const
 {
-    if (isEntry(path)) {
+    if (kindOf(path).value_or(Bundle::Kind::applicationFolder) != Bundle::Kind::applicationFolder) {
         return {.path = path, .entry = entry(path), .program = {}};
     }
     const std::optional<Bundle> found = bundle(path);
@@ -325,18 +352,25 @@ std::unique_ptr<FolderWatch> LinuxFileManager::watch(const QStringList& folders,
     return listener;
 }
 
+bool LinuxFileManager::isInApplicationFolder(const QString& path) const
+{
+    return std::ranges::any_of(m_applicationFolders, [&path](const QString& folder) {
+        return path.startsWith(folder + u'/');
+    });
+}
+
 /// The path below the applications folder that holds the entry, with '-' for every '/'.
 QString LinuxFileManager::desktopFileIdentifier(const QString& path) const
 {
+    if (!path.endsWith(".desktop"_L1)) {
+        return QFileInfo(path).fileName();
+    }
     QString folder = QFileInfo(path).path();
     for (const QString& candidate : m_applicationFolders) {
         if (path.startsWith(candidate + u'/')) {
             folder = candidate;
             break;
         }
-    }
-    if (AppImageFile::isNamedSo(path)) {
-        return QFileInfo(path).fileName();
     }
     constexpr qsizetype endingLength = ".desktop"_L1.size();
     return path.mid(folder.size() + 1).chopped(endingLength).replace(u'/', u'-');

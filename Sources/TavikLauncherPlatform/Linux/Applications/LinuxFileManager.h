@@ -14,7 +14,8 @@ class FolderWatcher;
 class MainQueue;
 class WorkQueue;
 
-/// The file system of a freedesktop system: applications are `.app` folders and desktop entries.
+/// The file system of a freedesktop system: applications are `.app` folders, desktop entries and
+/// AppImages.
 /// The folders are settled when it is created, so the environment is not read again.
 class LinuxFileManager final : public FileManager
 {
@@ -68,6 +69,7 @@ public:
     [[nodiscard]] LaunchTarget launchTarget(const QString& path) const;
 
 private:
+    [[nodiscard]] bool isInApplicationFolder(const QString& path) const;
     [[nodiscard]] QString desktopFileIdentifier(const QString& path) const;
     [[nodiscard]] DesktopEntry entry(const QString& path) const;
     [[nodiscard]] std::optional<Bundle> contentOfBundle(const QString& path) const;

@@ -68,7 +68,7 @@ std::optional<quint32> madeAt(const QString& path)
         quint32 inodes;
         quint32 made;
     } start{};
-    const std::optional<qint64> offset = AppImageFile::fileSystemOffset(path);
+    const std::optional<qint64> offset = AppImageFile::squashOffset(path);
     const FileDescriptor file = openedFile(path);
     if (!offset || ::pread(file.get(), &start, sizeof start, *offset) != ssize_t{sizeof start}
         || start.magic != squashfs || start.made == 0) {

@@ -51,6 +51,7 @@ constexpr std::pair<const char*, const char*> installed[] = {
      "Exec=/usr/bin/flatpak run --command=thunderbird org.mozilla.Thunderbird"},
     {"com.spotify.Client",
      "Exec=/usr/bin/flatpak run com.spotify.Client %U\nStartupWMClass=spotify"},
+    {"spotify", "Exec=/snap/bin/spotify-web"},
     {"vlc_vlc", "Exec=/snap/bin/vlc %U"},
     {"skype_skypeforlinux", "Exec=/snap/bin/skype %U"},
     // Terminals and what runs in them.
@@ -66,6 +67,7 @@ constexpr std::pair<const char*, const char*> installed[] = {
     {"painter-wrapper", "Exec=/opt/painter/start.sh"},
     {"meld", "Exec=meld %F"},
     {"gvim", "Exec=gvim %f"},
+    {"vim-settings", "Exec=vim-settings\nStartupWMClass=GVIM"},
     {"unity-game", "Exec=/opt/game/run"},
     {"Sublime-Text", "Exec=/opt/sublime_text/sublime_text %F"},
     {"org.inkscape.Inkscape", "Exec=inkscape %F"},
@@ -182,10 +184,11 @@ private Q_SLOTS:
         // Units.
         row("sandbox", {.className = "Mail", .executable = "/app/lib/mail", .unit = "/app.slice/app-flatpak-org.mozilla.Thunderbird-4711.scope"}, u"org.mozilla.Thunderbird"_s);
         row("older sandbox", {.executable = "/app/lib/mail", .unit = "/flatpak-org.mozilla.Thunderbird-4711.scope"}, u"org.mozilla.Thunderbird"_s);
-        row("sandbox with a class", {.instance = "spotify", .className = "Spotify", .unit = "/app-flatpak-org.mozilla.Thunderbird-1.scope"}, u"com.spotify.Client"_s);
+        row("startup class before ID, in a sandbox", {.instance = "spotify", .className = "Spotify", .unit = "/app-flatpak-org.mozilla.Thunderbird-1.scope"}, u"com.spotify.Client"_s);
         row("snap", {.executable = "/snap/vlc/1/usr/bin/vlc-bin", .unit = "/snap.vlc.vlc-01234567-89ab-cdef-0123-456789abcdef.scope"}, u"vlc_vlc"_s);
         row("snap with two names", {.className = "Odd", .unit = "/app.slice/snap.skype.skypeforlinux.01234567-89ab-cdef-0123-456789abcdef.scope"}, u"skype_skypeforlinux"_s);
         row("scope of a desktop", {.executable = "/opt/game/bin/x86", .unit = "/app-gnome-unity\\x2dgame-99.scope"}, u"unity-game"_s);
+        row("unit before session", {.unit = "/app-gnome-unity\\x2dgame-99.scope", .session = "/apps/painter-wrapper.desktop"}, u"unity-game"_s);
         row("service", {.executable = "/usr/libexec/files", .unit = "/app-org.kde.dolphin@0.service"}, u"org.kde.dolphin"_s);
         row("service of the bus", {.executable = "/usr/libexec/files", .unit = "/dbus-:1.20-org.kde.dolphin@0.service"}, u"org.kde.dolphin"_s);
         row("scope of ours", {.executable = "/opt/game/bin/x86", .unit = "/app.slice/app-tavik-unity\\x2dgame-0badcafe.scope"}, u"unity-game"_s);
@@ -208,6 +211,7 @@ private Q_SLOTS:
         row("child that says who it is", {.instance = "painter", .className = "Painter", .session = "/apps/painter-wrapper.desktop"}, u"org.tool.Painter"_s);
         row("started by us, says nothing", {.executable = "/usr/bin/meld", .started = "/apps/unity-game.desktop"}, u"unity-game"_s);
         row("started by the desktop", {.executable = "/usr/bin/meld", .launched = "/apps/unity-game.desktop"}, u"unity-game"_s);
+        row("ID before alike class", {.instance = "gvim", .className = "Gvim"}, u"gvim"_s);
         row("blank for dash", {.instance = "sublime_text", .className = "Sublime Text"}, u"Sublime-Text"_s);
         row("end of the ID", {.instance = "inkscape", .className = "Inkscape"}, u"org.inkscape.Inkscape"_s);
         row("end of two IDs", {.instance = "twin", .className = "Twin"}, u""_s);

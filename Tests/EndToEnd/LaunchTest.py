@@ -53,21 +53,6 @@ def test_a_launched_program_sees_the_users_environment_and_nothing_of_ours(ring,
     assert given["GIO_LAUNCHED_DESKTOP_FILE"] == apps[0].path
 
 
-def test_a_running_application_is_raised_and_not_started_twice(ring, apps, desktop, display, look):
-    launch(ring, display, 0)
-    first = display.wait_for("Alder")
-    launch(ring, display, 1)
-    second = display.wait_for("Birch")
-    wait_until(lambda: display.has_focus(second), "the second window has the focus")
-    assert display.is_above(second, first)
-
-    launch(ring, display, 0)
-    wait_until(lambda: display.has_focus(first), "the first window has the focus again")
-    look("raised")
-    assert display.is_above(first, second)
-    stays(lambda: len(apps[0].starts()) == 1, "it runs once")
-
-
 @under(*switching_managers())
 def test_applications_come_up_from_everywhere(ring, apps, desktop, display, look, desktop_options):
     launch(ring, display, 0)

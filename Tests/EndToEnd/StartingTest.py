@@ -33,16 +33,6 @@ def test_a_slow_starter_is_started_once_and_says_that_it_starts(launcher, applic
     assert told == ["new", "change", "remove"]
 
 
-def test_what_exits_at_once_can_be_started_again(launcher, applications, display):
-    quick = applications.add("Quick", arguments="--report-only")
-    launcher.pin(quick)
-    launcher.start()
-    for times in (1, 2):
-        launch(launcher, display)
-        quick.wait_started(times)
-        wait_until(lambda: not processes.is_alive(quick.starts()[-1]["pid"]), "it has exited")
-
-
 def test_a_browser_and_its_web_application_are_two_though_one_process(launcher, applications, desktop, display):
     browser = applications.add("Browser", arguments="--class browser Browser", lines="StartupWMClass=Browser\n")
     page = applications.add("Page", arguments="--class crx_page Browser", lines="StartupWMClass=crx_page\n")
@@ -59,6 +49,7 @@ def test_a_browser_and_its_web_application_are_two_though_one_process(launcher, 
 
     launch(launcher, display, 1)
     wait_until(lambda: display.has_focus(window), "the page has the focus again")
+    assert display.is_above(window, other)
     assert len(page.starts()) == 1 and len(browser.starts()) == 1
 
 

@@ -7,7 +7,8 @@ import pytest
 
 from harness.applications import PROGRAM, open_window
 from harness.waiting import stays, wait_until
-from harness.window_managers import WINDOW_MANAGERS, under, wants_all, window_managers
+from harness.window_managers import (
+    WINDOW_MANAGERS, leave_desktop, switching_managers, under, wants_all, window_managers)
 
 every_manager = under()
 

@@ -24,19 +24,15 @@ private Q_SLOTS:
     void fieldCodesAreFilledIn_data()
     {
         const Table<QString, QStringList> row;
+        // clang-format off
         row("nothing to open", u"viewer --new %U"_s, {u"viewer"_s, u"--new"_s});
-        row("icon and name",
-            u"viewer %i -t %c"_s,
-            {u"viewer"_s, u"--icon"_s, u"eye"_s, u"-t"_s, u"An \"Eye\""_s});
+        row("icon and name", u"viewer %i -t %c"_s, {u"viewer"_s, u"--icon"_s, u"eye"_s, u"-t"_s, u"An \"Eye\""_s});
         row("place of the entry", u"viewer %k"_s, {u"viewer"_s, u"/a b/eye.desktop"_s});
-        row("percent and old codes",
-            u"viewer 50%% %d%m x%D"_s,
-            {u"viewer"_s, u"50%"_s, u""_s, u"x"_s});
-        row("quotes",
-            u"\"/opt/a b/viewer\" \"\\$x \\`\" ''"_s,
-            {u"/opt/a b/viewer"_s, u"$x `"_s, u""_s});
+        row("percent and old codes", u"viewer 50%% %d%m x%D"_s, {u"viewer"_s, u"50%"_s, u""_s, u"x"_s});
+        row("quotes", u"\"/opt/a b/viewer\" \"\\$x \\`\" ''"_s, {u"/opt/a b/viewer"_s, u"$x `"_s, u""_s});
         row("nothing", u"%U"_s, {});
         row("damaged", u"viewer \"unclosed"_s, {});
+        // clang-format on
     }
 
     void fieldCodesAreFilledIn()
@@ -61,37 +57,19 @@ private Q_SLOTS:
     {
         // What is installed, the desktop's choice, the user's choice, and what runs in the end.
         const Table<QString, QString, QString, QString> row;
-        row("standard's launcher",
-            u"xterm xdg-terminal-exec"_s,
-            u"xterm"_s,
-            u"xterm"_s,
-            u"xdg-terminal-exec|top|a b"_s);
-        row("desktop's setting",
-            u"gnome-terminal xterm"_s,
-            u"gnome-terminal"_s,
-            u"xterm"_s,
-            u"gnome-terminal|--|top|a b"_s);
-        row("setting with words",
-            u"/x/kitty"_s,
-            u"/x/kitty --single"_s,
-            {},
-            u"/x/kitty|--single|top|a b"_s);
+        // clang-format off
+        row("standard's launcher", u"xterm xdg-terminal-exec"_s, u"xterm"_s, u"xterm"_s, u"xdg-terminal-exec|top|a b"_s);
+        row("desktop's setting", u"gnome-terminal xterm"_s, u"gnome-terminal"_s, u"xterm"_s, u"gnome-terminal|--|top|a b"_s);
+        row("setting with words", u"/x/kitty"_s, u"/x/kitty --single"_s, {}, u"/x/kitty|--single|top|a b"_s);
         row("setting of what is gone", u"xterm"_s, u"gone"_s, u"xterm"_s, u"xterm|-e|top|a b"_s);
-        row("user before alternative",
-            u"x-terminal-emulator foot"_s,
-            {},
-            u"foot"_s,
-            u"foot|top|a b"_s);
-        row("alternative before known",
-            u"x-terminal-emulator kitty"_s,
-            {},
-            {},
-            u"x-terminal-emulator|-e|top|a b"_s);
+        row("user before alternative", u"x-terminal-emulator foot"_s, {}, u"foot"_s, u"foot|top|a b"_s);
+        row("alternative before known", u"x-terminal-emulator kitty"_s, {}, {}, u"x-terminal-emulator|-e|top|a b"_s);
         row("one line", u"lxterminal"_s, {}, {}, u"lxterminal|-e|'top' 'a b'"_s);
         row("two words", u"wezterm"_s, {}, {}, u"wezterm|start|--|top|a b"_s);
         row("best known first", u"xterm konsole"_s, {}, {}, u"konsole|-e|top|a b"_s);
         row("nobody knows it", u"newterm"_s, {}, u"newterm"_s, u"newterm|-e|top|a b"_s);
         row("none", u"vim"_s, {}, {}, u""_s);
+        // clang-format on
     }
 
     void terminalsAreToldInTheirOwnManner()

@@ -27,17 +27,6 @@ bool makeFolder(const QString& path)
     return QDir().mkpath(folder.path()) && QDir().mkdir(path, ownerOnly);
 }
 
-/// After a loss of power the folder has the new file and not the old one.
-void syncFolder(const QString& path)
-{
-    const int folder
-        = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (folder >= 0) {
-        ::fsync(folder);
-        ::close(folder);
-    }
-}
-
 } // namespace
 
 QString fileBehindLinks(const QString& path)
@@ -48,6 +37,16 @@ QString fileBehindLinks(const QString& path)
         file = QFileInfo(file).symLinkTarget();
     }
     return file;
+}
+
+void syncFolder(const QString& path)
+{
+    const int folder
+        = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (folder >= 0) {
+        ::fsync(folder);
+        ::close(folder);
+    }
 }
 
 std::optional<QString>

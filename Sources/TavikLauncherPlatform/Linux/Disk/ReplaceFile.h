@@ -19,4 +19,7 @@ namespace Tavik {
 [[nodiscard]] std::optional<QString>
 replaceFile(const QString& path, const QByteArray& contents, QFileDevice::Permissions permissions);
 
+/// After this a loss of power leaves the folder with what has been renamed in it.
+void syncFolder(const QString& path);
+
 } // namespace Tavik

@@ -86,15 +86,6 @@ bool isForSameComputer(const Header& left, const Header& right)
         == 0;
 }
 
-void syncFolder(const QString& path)
-{
-    const FileDescriptor folder(
-        ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_DIRECTORY));
-    if (folder.isOpen()) {
-        ::fsync(folder.get());
-    }
-}
-
 QString notReplaced(const QString& image)
 {
     return u"The new version could not be put in the place of “%1”: %2."_s.arg(

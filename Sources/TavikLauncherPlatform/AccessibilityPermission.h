@@ -24,6 +24,8 @@ public:
 
     /// Asked once a second while the user is being waited for, so the answer has to be cheap.
     [[nodiscard]] virtual bool isTrusted() const = 0;
+    /// Whether shortcuts with a key need it, too, and not only chords of modifiers.
+    [[nodiscard]] virtual bool isForKeys() const { return false; }
     /// Empty sentences where there is nothing to tell.
     [[nodiscard]] virtual Obstacle obstacle() const { return {}; }
     /// Asks the system to show its own question, where it has one.

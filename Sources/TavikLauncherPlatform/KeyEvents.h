@@ -49,8 +49,10 @@ class KeyEvents
 public:
     struct HotKey
     {
-        quint16 keyCode = 0; ///< Virtual key code of the standard layout.
+        /// Virtual key code of the standard layout; without one it is a chord of modifiers.
+        std::optional<quint16> keyCode;
         quint64 modifierFlags = 0; ///< Bits of ModifierFlags.
+        QString label{}; ///< What people call the key, for who cannot ask for its place.
     };
     struct HotKeyResult
     {
@@ -81,6 +83,10 @@ public:
         /// is not reported. Keys that follow are held back until it returns, so that a window which
         /// it shows gets them.
         std::function<void(double)> pressed;
+        /// Of a chord only, and only where the desktop tells it. It may be lost.
+        std::function<void(double)> released;
+        /// Likewise: the desktop has run something else at a key that joined the chord.
+        std::function<void(double)> joined;
         /// The key had to be given up when the keyboard changed; receives the system's error code.
         std::function<void(int)> lost;
     };
@@ -103,11 +109,14 @@ public:
 
     virtual ~KeyEvents() = default;
 
-    /// Asks for `hotKey` system-wide.
+    /// Asks for `hotKey` system-wide. A chord can be had where the desktop listens for it in our
+    /// place; elsewhere it is refused, and the monitors tell of it.
     [[nodiscard]] virtual HotKeyResult registerHotKey(const HotKey& hotKey, HotKeyHandlers handlers)
         = 0;
     /// The status with which `registerHotKey` would end now; what we hold ourselves can be had.
     [[nodiscard]] virtual int hotKeyStatus(const HotKey& hotKey) = 0;
+    /// False where modifiers without a key can be no shortcut, because nobody tells of them.
+    [[nodiscard]] virtual bool hearsChords() const { return true; }
     /// Whether the keyboard has all of these modifiers and, when one is given, the key.
     [[nodiscard]] virtual bool hasKeys(quint64 modifierFlags,
                                        std::optional<quint16> keyCode) const = 0;

@@ -98,6 +98,22 @@ def test_a_tap_and_a_press_pin_the_ring(ring, apps, display, look):
     ring.wait_hidden()
 
 
+def test_a_command_at_another_key_opens_the_ring_and_closes_it_and_twice_pins_it(ring, apps, display):
+    for count in (1, 2):
+        assert ring.command("--summon").returncode == 0
+        ring.wait_open()
+        stays(ring.is_shown, "nobody holds the chord, and the ring stays", seconds=1.2)
+        assert ring.command("--summon").returncode == 0
+        ring.wait_hidden()
+        time.sleep(1)
+    for count in (1, 2):
+        assert ring.command("--summon").returncode == 0
+        time.sleep(0.1)
+    ring.wait_open()
+    display.type("al")
+    ring.wait_shows(apps[0])
+
+
 def test_letters_filter_and_return_launches_from_within_a_terminal(ring, apps, desktop, display, look):
     desktop.spawn(["xterm", "-T", "Terminal"])
     terminal = display.wait_for("Terminal")

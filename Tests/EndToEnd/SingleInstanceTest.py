@@ -23,10 +23,11 @@ def test_commands_and_the_bus_reach_the_one_program_and_quit_frees_the_key(launc
         assert answer.returncode == 0, answer.stderr
 
     def over_the_bus(name):
-        ring.activate_action(f"{name}-launcher")
+        ring.activate_action("summon" if name == "summon" else f"{name}-launcher")
 
     for send in (by_command, over_the_bus):
-        for name, expected in (("hide", False), ("show", True), ("toggle", False), ("toggle", True)):
+        for name, expected in (("hide", False), ("show", True), ("toggle", False), ("toggle", True), ("summon", False),
+                               ("summon", True)):
             send(name)
             if expected:
                 ring.wait_open()

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLayout>
 #include <QPointer>
+#include <QPushButton>
 #include <QTest>
 
 #include <Support/RecordingPlatform.h>
@@ -135,6 +136,39 @@ private Q_SLOTS:
             QCOMPARE(shown(title) != nullptr, title == expected);
         }
         QCOMPARE(application.stored(u"hasCompletedOnboarding"_s).toBool(), hasCompleted);
+    }
+
+    void aDesktopThatMustBeAskedIsAskedForWhatItCanGive_data()
+    {
+        const Table<bool, bool> row; // Whether the shortcut has a key, and whether chords are had.
+        row("a chord", false, true);
+        row("a chord where there are none", false, false);
+        row("a key", true, false);
+    }
+    void aDesktopThatMustBeAskedIsAskedForWhatItCanGive()
+    {
+        const auto [hasKey, hearsChords] = fetch<bool, bool>();
+        Application application;
+        application.keyEvents.listensForChords = application.keyEvents.hearsOfChords = hearsChords;
+        application.permission.trusted = false;
+        application.permission.forKeys = true;
+        if (hasKey) {
+            application.useKey();
+        }
+        application.start();
+        const QWidget* window = shown(permissionTitle);
+        QVERIFY(window);
+        for (auto* button : window->findChildren<QPushButton*>()) {
+            if (button->text().startsWith(u"Enable")) {
+                button->click();
+            }
+        }
+        QCOMPARE(application.permission.calls, QStringList{u"prompt"_s});
+        application.permission.trusted = true;
+        application.mainQueue.advance(1.1);
+        QVERIFY(shown(permissionTitle) && application.keyEvents.hotKeyPressed);
+        const std::optional<quint16> key = application.keyEvents.requests.last().keyCode;
+        QCOMPARE(key.value_or(0), !hasKey && hearsChords ? 0 : 49);
     }
 
     void windowsAreReusedWhileTheyLiveAndOnlyTheSettingsOutliveTheirClosing_data()

@@ -16,6 +16,7 @@ class FakeAccessibilityPermission : public AccessibilityPermission
 public:
     [[nodiscard]] bool isTrusted() const override { return trusted; }
     void prompt() override { calls << QStringLiteral("prompt"); }
+    [[nodiscard]] bool isForKeys() const override { return forKeys; }
     [[nodiscard]] Obstacle obstacle() const override { return told; }
     void openSettings(std::function<void()> failed) override
     {
@@ -26,6 +27,7 @@ public:
     }
 
     bool trusted = true;
+    bool forKeys = false;
     Obstacle told;
     bool settingsOpen = true;
     QStringList calls;
@@ -38,16 +40,22 @@ public:
     [[nodiscard]] HotKeyResult registerHotKey(const HotKey& hotKey,
                                               HotKeyHandlers handlers) override
     {
+        if (!hotKey.keyCode && !listensForChords) {
+            return {.registration = nullptr, .status = -1};
+        }
         requests.append(hotKey);
         if (hotKeyError != 0) {
             return {.registration = nullptr, .status = hotKeyError};
         }
         hotKeyLost = std::move(handlers.lost);
+        hotKeyReleased = std::move(handlers.released);
+        hotKeyJoined = std::move(handlers.joined);
         return {.registration
                 = std::make_unique<Registration>(hotKeyPressed, std::move(handlers.pressed)),
                 .status = 0};
     }
     [[nodiscard]] int hotKeyStatus(const HotKey&) override { return hotKeyError; }
+    [[nodiscard]] bool hearsChords() const override { return hearsOfChords; }
     [[nodiscard]] bool hasKeys(quint64 modifierFlags, std::optional<quint16> keyCode) const override
     {
         return (modifierFlags & missingModifiers) == 0
@@ -84,6 +92,8 @@ public:
     Observer tap;
     Observer global;
     std::function<void(double)> hotKeyPressed;
+    std::function<void(double)> hotKeyReleased;
+    std::function<void(double)> hotKeyJoined;
     std::function<void(int)> hotKeyLost;
     std::function<void()> tapDisabled;
     bool hasLocal = true;
@@ -94,6 +104,8 @@ public:
     int tapEnablings = 0;
     std::optional<quint64> held;
     int hotKeyError = 0;
+    bool hearsOfChords = true;
+    bool listensForChords = false;
     quint64 missingModifiers = 0;
     QList<quint16> missingKeys;
     QList<HotKey> requests;

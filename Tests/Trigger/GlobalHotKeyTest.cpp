@@ -20,7 +20,8 @@ constexpr quint64 chord = ModifierFlags::control | ModifierFlags::option;
 constexpr quint64 lockBits = 0x10000; // Caps Lock, outside the four that count.
 constexpr quint16 space = 49;
 
-/// A hot key among fakes; `story` tells what it reported: "P", "R" or "U" and the time.
+/// A hot key among fakes; `story` tells what it reported: "P", "R", "U" or "N" (it was never held)
+/// and the time.
 struct Triggered
 {
     explicit Triggered(const HotKeyConfig& config = HotKeyConfig::defaultConfig())
@@ -29,7 +30,7 @@ struct Triggered
             config,
             [this](double time) { tell(u'P', time); },
             [this](ReleaseReason reason, double time) {
-                tell(reason == ReleaseReason::chordReleased ? u'R' : u'U', time);
+                tell(u"RUN"[static_cast<int>(reason)], time);
             })
     {
         hotKey.onOtherKey = [this](OtherKey key) {
@@ -48,7 +49,8 @@ struct Triggered
     /// the key pressed with that held; "O10:chord", a key that somebody else got; "K10", the hot
     /// key; "H:chord", what the keyboard answers from now on (until then it cannot be asked);
     /// "W0.5", time goes by; and by a letter: D the tap is switched off, X the hot key is
-    /// unregistered.
+    /// unregistered, S a command summons, Y and Z the desktop tells press and release of the chord,
+    /// J what joined it.
     void play(const QString& script)
     {
         static const QHash<QString, quint64> states{
@@ -84,6 +86,18 @@ struct Triggered
                 break;
             case u'K':
                 keys.hotKeyPressed(time);
+                break;
+            case u'S':
+                hotKey.summon();
+                break;
+            case u'Y':
+                keys.hotKeyPressed(queue.systemUptime());
+                break;
+            case u'J':
+                keys.hotKeyJoined(queue.systemUptime());
+                break;
+            case u'Z':
+                keys.hotKeyReleased(queue.systemUptime());
                 break;
             default:
                 send(step.front(),
@@ -168,6 +182,18 @@ private Q_SLOTS:
         row("a tap that was off tells old news first",
             u"D W0.25 T1000:chord T1000.1: G1000.2:chord G1000.3: W0.01 T1001:chord T1002:"_s,
             u"P1000.2 R1000.3 P1001 R1002"_s);
+        row("summoned with the chord down", u"H:chord S W1 H: W0.25"_s, u"P1000 R1001.25"_s);
+        row("summoned by another key", u"H:ctrl S W2 S W0.1"_s, u"P1000 N1000 P1002 N1002"_s);
+        row("summoned, and the ring finds it held",
+            u"S W0.1 L1000.1:chord L1003:"_s,
+            u"P1000 R1003"_s);
+        row("summoned, and the ring finds nothing", u"S W0.1 L1000.1: W0.1"_s, u"P1000 N1000"_s);
+        row("summoned by what was heard itself",
+            u"H:chord T1000:chord S T1001:"_s,
+            u"P1000 R1001"_s);
+        row("nobody tells of the first release",
+            u"S W1.5 S W1.5 L1003: W0.1"_s,
+            u"P1000 N1001.5 P1001.5 N1001.5"_s);
         row("unregistered while it is held", u"H:chord L1000:chord X X"_s, u"P1000 U1000"_s);
     }
 
@@ -179,6 +205,36 @@ private Q_SLOTS:
         QCOMPARE(triggered.told(), story);
         // The keyboard is asked only while the chord is held; the tap's watchdog goes on.
         QCOMPARE(triggered.queue.pendingTasks(), triggered.isWatching() ? 1 : 0);
+    }
+
+    void aDesktopThatListensInOurPlaceIsBelieved_data()
+    {
+        const Table<QString, QString> row;
+        row("both told", u"Y W0.1 Z W0.4 Y W2 Z"_s, u"P1000 R1000.1 P1000.5 R1002.5"_s);
+        row("released before the ring could see it", u"Y W0.1 L1000.1: W0.2 Z"_s, u"P1000 R1000"_s);
+        row("the release is lost", u"Y W3 Y W0.1 Z"_s, u"P1000 R1003 P1003 R1003.1"_s);
+        row("the ring hears of it first", u"H:chord L1000:chord Y W1 L1001: Z"_s, u"P1000 R1001"_s);
+        row("somebody else's key joins it", u"Y W1 J W1 Z"_s, u"P1000 other R1002 let go"_s);
+        row("held keys are told to the ring one by one",
+            u"Y W0.1 L1000.1: L1000.1:ctrl W0.05 L1000.2:chord W2 L1002:ctrl"_s,
+            u"P1000 R1002"_s);
+        row("the ring hears of one key alone", u"Y W0.1 L1000.1:ctrl W2 Z"_s, u"P1000 R1002.1"_s);
+        row("and the release is lost",
+            u"Y J W2 Y W0.1 Z"_s,
+            u"P1000 other R1002 let go P1002 R1002.1"_s);
+        row("its command", u"S W0.2 L1000.2: W0.1"_s, u"P1000 R1000"_s);
+    }
+
+    void aDesktopThatListensInOurPlaceIsBelieved()
+    {
+        const auto [script, story] = fetch<QString, QString>();
+        Triggered triggered;
+        triggered.keys.listensForChords = true;
+        triggered.keys.hasTap = triggered.keys.hasGlobal = false;
+        QVERIFY(triggered.hotKey.registerHotKey());
+        triggered.play(script);
+        QCOMPARE(triggered.told(), story);
+        QCOMPARE(triggered.queue.pendingTasks(), 0);
     }
 
     /// A keyboard at random, and sources each of which loses a third of it, repeats another third,
@@ -324,6 +380,7 @@ private Q_SLOTS:
         QVERIFY(triggered.hotKey.registerHotKey());
         QCOMPARE(triggered.keys.requests.first().keyCode, space);
         QCOMPARE(triggered.keys.requests.first().modifierFlags, chord);
+        QCOMPARE(triggered.keys.requests.first().label, u"Space"_s);
         QVERIFY(!triggered.keys.tap && !triggered.keys.global);
         triggered.play(u"K12 l13:chord l14:ctrl l15:more l16:again X"_s);
         QCOMPARE(triggered.told(), u"P12 P13 taken taken"_s);
@@ -400,6 +457,9 @@ private Q_SLOTS:
         QVERIFY(!GlobalHotKey::refusal(keys, HotKeyConfig::defaultConfig()));
         QCOMPARE(GlobalHotKey::refusal(keys, keyed()),
                  u"⌃⌥Space is already used by another application."_s);
+        keys.hearsOfChords = false;
+        const auto reason = GlobalHotKey::refusal(keys, HotKeyConfig::defaultConfig());
+        QVERIFY(reason && reason->contains(u"⌃⌥Space"));
         QVERIFY(keys.requests.isEmpty());
     }
 };

@@ -30,9 +30,10 @@ struct Gestured
         .pin = [this] { isPinned = true; },
     }};
 
-    /// Plays "P10.0 R10.2 …": press, release, U = release by unregistering, S = sleep, of a chord;
-    /// K = press and k = release of a shortcut with a key; n and y = the user's wish to pin; O =
-    /// somebody else gets a key, M = a modifier joins, L = all is let go.
+    /// Plays "P10.0 R10.2 …": press, release, U = release by unregistering, N = never held, S =
+    /// sleep, of a chord; E = the user closes it; K = press and k = release of a shortcut with a
+    /// key; n and y = the user's wish to pin; O = somebody else gets a key, M = a modifier joins, L
+    /// = all is let go.
     void play(const QString& script)
     {
         using enum TriggerGestures::Shortcut;
@@ -47,6 +48,12 @@ struct Gestured
                 break;
             case u'U':
                 gestures.release(modifierOnly, ReleaseReason::unregistered, time);
+                break;
+            case u'N':
+                gestures.release(modifierOnly, ReleaseReason::neverHeld, time);
+                break;
+            case u'E':
+                isVisible = isPinned = false;
                 break;
             case u'K':
                 gestures.press(keyed, time);
@@ -119,6 +126,12 @@ private Q_SLOTS:
         row("the desktop's key in a pinned ring", u"P10 R10.1 P10.3 R10.4 P12 O"_s, false, false);
         row("pinning is not wanted", u"n P10 R10.2 P10.7"_s, true, false);
         row("nor does the tap of before count later", u"n P10 R10.2 P11 y P11.1"_s, true, false);
+        row("a command leaves it open", u"P10 N10.1"_s, true, false);
+        row("a command a second time", u"P10 N10.1 P12 N12.1"_s, false, false);
+        row("a command twice in a second", u"P10 N10.1 P10.6 N10.7"_s, true, true);
+        row("a command in the pinned ring", u"P10 N10.1 P10.6 N10.7 P13 N13"_s, false, false);
+        row("a command after it was hidden", u"P10 N10 P12 N12 P12.5 N12.5"_s, true, false);
+        row("a command after the user closed it", u"P10 N10 E P12 N12"_s, true, false);
         row("a chord never toggles", u"K9 P10"_s, true, false);
         row("a key shows, its release does nothing", u"K10 k10.1"_s, true, false);
         row("a key hides", u"K10 k10.1 K10.3"_s, false, false);

@@ -92,6 +92,21 @@ HotKeyConfig HotKeyConfig::make(quint64 modifierFlags,
             .displayName = name};
 }
 
+HotKeyConfig HotKeyConfig::withSpace() const
+{
+    constexpr quint16 space = 49;
+    return make(modifierFlagsRaw, space);
+}
+
+QString HotKeyConfig::nameOfKey() const
+{
+    const auto* const end = std::ranges::find_if_not(displayName, [](QChar character) {
+        return std::ranges::find(modifierGlyphs, character, &ModifierGlyph::glyph)
+            != modifierGlyphs.end();
+    });
+    return keyCode ? QString(end, displayName.cend() - end) : QString();
+}
+
 QString HotKeyConfig::keyLabel(quint16 keyCode, const std::optional<QString>& characters)
 {
     const auto named = std::ranges::find(namedKeys, keyCode, &NamedKey::keyCode);

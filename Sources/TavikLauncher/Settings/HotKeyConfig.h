@@ -34,6 +34,10 @@ struct HotKeyConfig
     [[nodiscard]] QByteArray toJson() const;
 
     [[nodiscard]] bool isModifierOnly() const { return !keyCode; }
+    /// The same modifiers with Space: for desktops that need a key.
+    [[nodiscard]] HotKeyConfig withSpace() const;
+    /// What the key is called in the name, which begins with the modifiers.
+    [[nodiscard]] QString nameOfKey() const;
 };
 
 } // namespace Tavik

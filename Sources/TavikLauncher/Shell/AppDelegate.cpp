@@ -83,6 +83,7 @@ AppDelegate::AppDelegate(Platform& platform, NotificationCenter& notifications)
     , m_requests({*platform.windowServer, m_screenGuard},
                  {
                      .isRingVisible = [this] { return m_panelController->isVisible(); },
+                     .pressTrigger = [this] { m_trigger.press(); },
                      .showRing = [this] { showAtPointer(); },
                      .hideRing = [this] { m_panelController->hide(); },
                      .showSettings = [this](const QString& section) { showSettings(section); },
@@ -195,8 +196,12 @@ LauncherPanel& AppDelegate::launcherPanel()
 
 void AppDelegate::installHotKeySettingsObserver()
 {
-    m_hotKeySettingsObserver = observe(
-        m_notifications, LauncherSettings::hotKeyChanged, [this] { m_trigger.setupHotKey(); });
+    m_hotKeySettingsObserver = observe(m_notifications, LauncherSettings::hotKeyChanged, [this] {
+        m_trigger.setupHotKey();
+        if (m_platform.accessibility->isForKeys()) {
+            m_windows.checkAccessibilityPermission();
+        }
+    });
 }
 
 void AppDelegate::installWillSleepObserver()
@@ -287,7 +292,9 @@ void AppDelegate::installStatusItem()
 /// A new user is asked for the permission first; the tour then follows when it is given.
 void AppDelegate::chooseFirstRunWindow()
 {
-    if (m_settings.hotKeyConfig().isModifierOnly() && !m_platform.accessibility->isTrusted()) {
+    const AccessibilityPermission& permission = *m_platform.accessibility;
+    const bool isNeeded = m_settings.hotKeyConfig().isModifierOnly() || permission.isForKeys();
+    if (isNeeded && !permission.isTrusted()) {
         m_windows.checkAccessibilityPermission();
     } else if (!m_settings.hasCompletedOnboarding()) {
         m_windows.showOnboarding(true);

@@ -17,7 +17,8 @@ struct NamedAction
     AppAction action;
     const char16_t* name;
 };
-constexpr std::array<NamedAction, 8> namedActions{{
+constexpr std::array<NamedAction, 9> namedActions{{
+    {AppAction::summon, u"summon"},
     {AppAction::showLauncher, u"show-launcher"},
     {AppAction::toggleLauncher, u"toggle-launcher"},
     {AppAction::hideLauncher, u"hide-launcher"},

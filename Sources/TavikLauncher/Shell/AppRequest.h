@@ -13,6 +13,7 @@ namespace Tavik {
 /// dashes and as in `org.freedesktop.Application`.
 enum class AppAction {
     activate, ///< A plain second start.
+    summon, ///< A press of the trigger.
     showLauncher,
     toggleLauncher,
     hideLauncher,

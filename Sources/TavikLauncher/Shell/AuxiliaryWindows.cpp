@@ -95,13 +95,15 @@ void AuxiliaryWindows::checkAccessibilityPermission()
         };
         auto* view = new AccessibilityPermissionView(
             {*platform.accessibility, *platform.mainQueue, *platform.appearance},
-            {.onDismiss = closing(m_accessibilityPermissionWindow),
+            {.onEnable = [this] { chooseShortcutThatCanBeHad(); },
+             .onDismiss = closing(m_accessibilityPermissionWindow),
              // The view may say it again at its end.
-             .onGranted = [granted, isNews = true]() mutable {
-                 if (std::exchange(isNews, false)) {
-                     granted();
-                 }
-             }});
+             .onGranted =
+                 [granted, isNews = true]() mutable {
+                     if (std::exchange(isNews, false)) {
+                         granted();
+                     }
+                 }});
         m_accessibilityPermissionWindow
             = makeWindow({.title = u"Allow Accessibility Access"_s, .size = permissionSize},
                          view,
@@ -109,6 +111,15 @@ void AuxiliaryWindows::checkAccessibilityPermission()
         centerOnActiveScreen(*m_accessibilityPermissionWindow);
     }
     m_accessibilityPermissionWindow->activate();
+}
+
+void AuxiliaryWindows::chooseShortcutThatCanBeHad()
+{
+    LauncherSettings& settings = m_dependencies.settings;
+    const HotKeyConfig config = settings.hotKeyConfig();
+    if (config.isModifierOnly() && !m_dependencies.platform.keyEvents->hearsChords()) {
+        settings.hotKeyConfig.set(config.withSpace());
+    }
 }
 
 void AuxiliaryWindows::showOnboarding(bool markIncomplete)

@@ -80,6 +80,8 @@ private:
                                                     QWidget* content,
                                                     std::function<void()> onClose);
     [[nodiscard]] AuxiliaryWindowPointer makeSettingsWindow();
+    /// A desktop that gives no chords is asked for their modifiers with a key.
+    void chooseShortcutThatCanBeHad();
     void centerOnActiveScreen(AuxiliaryWindow& window) const;
     void desktopChanged();
 

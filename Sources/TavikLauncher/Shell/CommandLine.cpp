@@ -23,7 +23,8 @@ struct Option
     AppAction action;
     const char16_t* help;
 };
-constexpr std::array<Option, 8> options{{
+constexpr std::array<Option, 9> options{{
+    {u"--summon", AppAction::summon, u"press the shortcut: for a key that the desktop binds"},
     {u"--show", AppAction::showLauncher, u"show the ring"},
     {u"--toggle", AppAction::toggleLauncher, u"show the ring at the pointer, or hide it"},
     {u"--hide", AppAction::hideLauncher, u"hide the ring"},

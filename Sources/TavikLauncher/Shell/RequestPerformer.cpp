@@ -28,12 +28,16 @@ void RequestPerformer::perform(const AppRequest& request)
 bool RequestPerformer::bringsUpRing(AppAction action) const
 {
     return action == AppAction::activate || action == AppAction::showLauncher
-        || (action == AppAction::toggleLauncher && !m_actions.isRingVisible());
+        || ((action == AppAction::toggleLauncher || action == AppAction::summon)
+            && !m_actions.isRingVisible());
 }
 
 void RequestPerformer::carryOut(const AppRequest& request)
 {
     switch (request.action) {
+    case AppAction::summon:
+        m_actions.pressTrigger();
+        break;
     case AppAction::activate:
     case AppAction::showLauncher:
         m_actions.showRing();

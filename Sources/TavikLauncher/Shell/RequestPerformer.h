@@ -23,6 +23,7 @@ public:
     struct Actions
     {
         std::function<bool()> isRingVisible;
+        std::function<void()> pressTrigger;
         std::function<void()> showRing; ///< At the pointer.
         std::function<void()> hideRing;
         std::function<void(const QString& section)> showSettings;

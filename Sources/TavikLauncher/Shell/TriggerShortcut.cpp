@@ -46,6 +46,16 @@ void TriggerShortcut::setRecording(bool isRecording)
     setupHotKey();
 }
 
+void TriggerShortcut::press()
+{
+    if (m_hotKey) {
+        m_hotKey->summon();
+    } else if (!m_isRecording) {
+        // Whatever shortcut it is, the program cannot have it, and so hears of no release.
+        m_gestures.press(TriggerGestures::Shortcut::keyed, m_dependencies.mainQueue.systemUptime());
+    }
+}
+
 std::unique_ptr<GlobalHotKey> TriggerShortcut::makeHotKey()
 {
     const HotKeyConfig config = m_dependencies.settings.hotKeyConfig();
@@ -71,7 +81,7 @@ std::unique_ptr<GlobalHotKey> TriggerShortcut::makeHotKey()
     };
     hotKey->onHotKeyLost = [this, name = config.displayName](int) {
         m_actions.tell(
-            u"The keyboard has changed, and %1 cannot be had on it as it is: another application may use it. Choose another shortcut in the settings."_s
+            u"%1 cannot be had: another application may use it, or the keyboard has changed. Choose another shortcut in the settings."_s
                 .arg(name));
     };
     hotKey->onAccessibilityRevoked = m_actions.checkAccessibilityPermission;

@@ -46,6 +46,8 @@ public:
     /// when a changed keyboard may have what was refused.
     void setupHotKey();
     void setRecording(bool isRecording);
+    /// A command stands for the press.
+    void press();
     void systemWillSleep() { m_gestures.systemWillSleep(); }
 
 private:

@@ -21,6 +21,10 @@ constexpr double staleTapSeconds = 0.25;
 constexpr double tapHealthSeconds = 1.0;
 /// How long a release that nobody told of can keep a chord alive.
 constexpr double heldModifiersSeconds = 0.25;
+/// By then the ring has the keyboard, or will not have it.
+constexpr double askingSeconds = 1.0;
+/// A window has been told by then of all keys that were down when it got the keyboard.
+constexpr double doubtSeconds = 0.1;
 /// So far apart two sources may tell of one moment.
 constexpr double sourcesApartSeconds = 0.05;
 
@@ -40,6 +44,13 @@ const char* nameOf(KeySource source)
 quint64 modifiersOf(const HotKeyConfig& config)
 {
     return config.modifierFlagsRaw & ModifierFlags::all;
+}
+
+KeyEvents::HotKey hotKeyOf(const HotKeyConfig& config)
+{
+    return {.keyCode = config.keyCode,
+            .modifierFlags = modifiersOf(config),
+            .label = config.nameOfKey()};
 }
 
 } // namespace
@@ -68,8 +79,11 @@ std::optional<QString> GlobalHotKey::refusal(KeyEvents& keyEvents, const HotKeyC
     if (!keyEvents.hasKeys(modifiers, config.keyCode)) {
         return u"This keyboard does not have all the keys of %1."_s.arg(config.displayName);
     }
-    if (config.keyCode
-        && keyEvents.hotKeyStatus({.keyCode = *config.keyCode, .modifierFlags = modifiers}) != 0) {
+    if (!config.keyCode && !keyEvents.hearsChords()) {
+        return u"This desktop gives programs no shortcut of modifiers alone. Add a key: %1, say."_s
+            .arg(config.withSpace().displayName);
+    }
+    if (config.keyCode && keyEvents.hotKeyStatus(hotKeyOf(config)) != 0) {
         return u"%1 is already used by another application."_s.arg(config.displayName);
     }
     return std::nullopt;
@@ -103,6 +117,19 @@ void GlobalHotKey::registerChord()
 {
     using enum KeyEvents::Kind;
     KeyEvents& keys = m_dependencies.keyEvents;
+    m_hotKey = keys.registerHotKey(hotKeyOf(m_config),
+                                   {.pressed = [this](double time) { handleToldChord(time); },
+                                    .released = [this](double time) { handleToldRelease(time); },
+                                    .joined =
+                                        [this](double time) {
+                                            handleOtherKey({.modifierFlags = modifiersOf(m_config),
+                                                            .time = time});
+                                        },
+                                    .lost =
+                                        [this](int status) {
+                                            hotKeyLost(status);
+                                        }})
+                   .registration;
     m_localMonitor = keys.addLocalMonitor(modifiersChanged, [this](const KeyEvents::Event& event) {
         handleModifiers(KeySource::localMonitor, event);
         return false;
@@ -123,10 +150,8 @@ void GlobalHotKey::registerChord()
 
 void GlobalHotKey::registerKey()
 {
-    const KeyEvents::HotKey hotKey{.keyCode = *m_config.keyCode,
-                                   .modifierFlags = modifiersOf(m_config)};
     KeyEvents::HotKeyResult result
-        = m_dependencies.keyEvents.registerHotKey(hotKey,
+        = m_dependencies.keyEvents.registerHotKey(hotKeyOf(m_config),
                                                   {.pressed = [this](double time) { press(time); },
                                                    .lost =
                                                        [this](int status) {
@@ -156,7 +181,9 @@ void GlobalHotKey::watchForKey()
 void GlobalHotKey::hotKeyLost(int status)
 {
     m_hotKey.reset();
-    watchForKey();
+    if (!m_config.isModifierOnly()) {
+        watchForKey();
+    }
     // Copied, because the owner may answer by replacing this.
     if (const std::function<void(int)> lost = onHotKeyLost) {
         lost(status);
@@ -231,6 +258,87 @@ void GlobalHotKey::handleEventTapEvent(const KeyEvents::Event& event)
     }
 }
 
+void GlobalHotKey::summon()
+{
+    const double now = m_dependencies.mainQueue.systemUptime();
+    if (m_config.isModifierOnly()) {
+        handleToldChord(now);
+    } else {
+        press(now);
+    }
+}
+
+/// Whoever listens in our place tells the press of a chord, and maybe not its release. Until the
+/// keyboard has said what is held, which may be when the ring has it, the chord counts as held.
+void GlobalHotKey::handleToldChord(double time)
+{
+    const std::optional<quint64> held = m_dependencies.keyEvents.heldModifiers();
+    if (m_isChordActive && held && holdsChord(*held)) {
+        return; // A source of our own was first.
+    }
+    News news{.time = time, .isPress = true};
+    if (m_isChordActive) {
+        news.endedBefore = endChord();
+        news.isLetGoBefore = std::exchange(m_isJoined, false);
+    }
+    beginChord(time);
+    m_isHoldSeen = held && isChord(*held);
+    if (held && !m_isHoldSeen) {
+        doubtChord(*held);
+    }
+    tell(news);
+}
+
+void GlobalHotKey::handleToldRelease(double time)
+{
+    m_isHoldSeen = m_isChordActive;
+    handleModifierFlags(0, time);
+}
+
+/// Keys that were down before a window got the keyboard are told to it one by one, so the chord may
+/// still come to light.
+void GlobalHotKey::doubtChord(quint64 flags)
+{
+    m_doubtedFlags = flags;
+    if (m_doubt.isActive()) {
+        return;
+    }
+    m_doubt = m_dependencies.mainQueue.after(doubtSeconds, [this] {
+        const std::optional<quint64> held = m_dependencies.keyEvents.heldModifiers();
+        if (held && isChord(*held)) {
+            m_isHoldSeen = true;
+            return;
+        }
+        if (!held && (m_doubtedFlags & modifiersOf(m_config)) != 0) {
+            return; // A window may never be told of a key that made the desktop listen.
+        }
+        // However long it took to find out, it was let go at once.
+        News news{.time = m_chordTime};
+        news.releasedBy = endChord();
+        news.isLetGo = std::exchange(m_isJoined, false);
+        tell(news);
+    });
+}
+
+void GlobalHotKey::beginChord(double time)
+{
+    m_isChordActive = true;
+    m_chordTime = time;
+    m_chordUptime = m_dependencies.mainQueue.systemUptime();
+    m_heldModifiersTimer
+        = m_dependencies.mainQueue.every(heldModifiersSeconds, [this] { checkHeldModifiers(); });
+}
+
+ReleaseReason GlobalHotKey::endChord()
+{
+    m_isChordActive = false;
+    m_lastReleaseUptime = m_dependencies.mainQueue.systemUptime();
+    m_heldModifiersTimer.cancel();
+    m_doubt.cancel();
+    // Whose key ran a command is not known; a desktop that was asked for the chord tells of that.
+    return m_isHoldSeen || m_hotKey ? ReleaseReason::chordReleased : ReleaseReason::neverHeld;
+}
+
 void GlobalHotKey::handleModifiers(KeySource source, const KeyEvents::Event& event)
 {
     noteDelivery(source);
@@ -256,6 +364,14 @@ bool GlobalHotKey::holdsChord(quint64 flags) const
 
 void GlobalHotKey::handleModifierFlags(quint64 flags, double time)
 {
+    if (m_isChordActive && !m_isHoldSeen) {
+        if (!isChord(flags)) {
+            doubtChord(flags);
+            return;
+        }
+        m_isHoldSeen = true;
+        m_doubt.cancel();
+    }
     const bool holds = holdsChord(flags);
     News news{.time = time};
     if (holds && !isChord(flags) && !m_isJoined) {
@@ -263,19 +379,15 @@ void GlobalHotKey::handleModifierFlags(quint64 flags, double time)
         news.joinedBy = OtherKey::modifier;
     }
     if (isChord(flags) && !m_isChordActive) {
-        m_isChordActive = true;
+        beginChord(time);
+        m_isHoldSeen = true;
         news.isPress = true;
         if (isRecent(m_lastOtherKeyUptime)) {
             m_isJoined = true;
             news.joinedBy = OtherKey::takenElsewhere;
         }
-        m_heldModifiersTimer = m_dependencies.mainQueue.every(heldModifiersSeconds,
-                                                              [this] { checkHeldModifiers(); });
     } else if (!isChord(flags) && m_isChordActive) {
-        m_isChordActive = false;
-        m_lastReleaseUptime = m_dependencies.mainQueue.systemUptime();
-        m_heldModifiersTimer.cancel();
-        news.isRelease = true;
+        news.releasedBy = endChord();
     }
     news.isLetGo = m_isJoined && !holds;
     m_isJoined = m_isJoined && holds;
@@ -311,11 +423,17 @@ void GlobalHotKey::tell(const News& news)
     if (news.joinedBy && otherKey) {
         otherKey(*news.joinedBy);
     }
+    if (news.endedBefore) {
+        release(*news.endedBefore, news.time);
+    }
+    if (news.isLetGoBefore && letGo) {
+        letGo();
+    }
     if (news.isPress) {
         press(news.time);
     }
-    if (news.isRelease) {
-        release(ReleaseReason::chordReleased, news.time);
+    if (news.releasedBy) {
+        release(*news.releasedBy, news.time);
     }
     if (news.isLetGo && letGo) {
         letGo();
@@ -327,6 +445,8 @@ void GlobalHotKey::checkHeldModifiers()
     const std::optional<quint64> held = m_dependencies.keyEvents.heldModifiers();
     if (held) {
         handleModifierFlags(*held, m_dependencies.mainQueue.systemUptime());
+    } else if (m_dependencies.mainQueue.systemUptime() - m_chordUptime > askingSeconds) {
+        m_heldModifiersTimer.cancel(); // Whoever gets to know will tell.
     }
 }
 
@@ -362,6 +482,7 @@ void GlobalHotKey::unregister()
     m_eventTap.reset();
     m_hotKey.reset();
     m_heldModifiersTimer.cancel();
+    m_doubt.cancel();
     if (std::exchange(m_isChordActive, false)) {
         const ReleaseHandler release = m_onRelease;
         release(ReleaseReason::unregistered, m_dependencies.mainQueue.systemUptime());

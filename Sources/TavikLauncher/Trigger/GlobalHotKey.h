@@ -22,7 +22,8 @@ enum class KeySource {
 /// Why a chord is no longer held.
 enum class ReleaseReason {
     chordReleased,
-    unregistered
+    unregistered,
+    neverHeld ///< A command told of the press, and the chord was not down.
 };
 
 /// A key that joins a chord and is not meant for us. The chord is a shortcut of somebody else's
@@ -66,6 +67,9 @@ public:
     /// Returns whether at least one way of delivery was installed. (`register` would be its name,
     /// were it not a word of the language.)
     bool registerHotKey();
+    /// A command told of a press, which the desktop runs at a key that is bound to it: the chord's,
+    /// or any other.
+    void summon();
     /// Undoes everything that `registerHotKey` did; a chord that is held ends.
     void unregister();
 
@@ -87,8 +91,10 @@ private:
     {
         double time = 0;
         std::optional<OtherKey> joinedBy;
+        std::optional<ReleaseReason> endedBefore; ///< A chord whose release nobody told.
+        bool isLetGoBefore = false;
         bool isPress = false;
-        bool isRelease = false;
+        std::optional<ReleaseReason> releasedBy;
         bool isLetGo = false;
     };
     void registerChord();
@@ -101,6 +107,11 @@ private:
     void handleGlobalKeyDown(const KeyEvents::Event& event);
     void handleModifiers(KeySource source, const KeyEvents::Event& event);
     void handleModifierFlags(quint64 flags, double time);
+    void handleToldChord(double time);
+    void handleToldRelease(double time);
+    void doubtChord(quint64 flags);
+    void beginChord(double time);
+    [[nodiscard]] ReleaseReason endChord();
     void handleOtherKey(const KeyEvents::Event& event);
     void noteDelivery(KeySource source);
     [[nodiscard]] bool isChord(quint64 flags) const;
@@ -124,15 +135,20 @@ private:
     std::unique_ptr<EventTap> m_eventTap;
     std::unique_ptr<HotKeyRegistration> m_hotKey;
     bool m_isChordActive = false;
+    bool m_isHoldSeen = false; ///< The keyboard itself has shown that the chord is held.
     bool m_isJoined = false; ///< Another key is down, or was, since the chord's were all held.
     std::set<KeySource> m_sourcesSeen;
+    double m_chordTime = 0; ///< When the chord that is held began, by its event.
+    double m_chordUptime = 0; ///< And by the clock.
     std::optional<double> m_lastReleaseUptime; ///< When the end of the last chord was told.
     std::optional<double> m_lastOtherKeyUptime; ///< Of one that was told before its chord.
     double m_lastPressTime = 0; ///< Of the key, by its event.
     double m_lastGlobalPressUptime = 0;
     double m_lastTapReenableUptime = 0;
     Task m_tapHealthTimer;
-    Task m_heldModifiersTimer; ///< Runs only while the chord is held.
+    Task m_doubt;
+    quint64 m_doubtedFlags = 0; ///< What was told last of a chord that was never seen.
+    Task m_heldModifiersTimer; ///< Runs only while the chord is held and somebody can tell.
 };
 
 } // namespace Tavik

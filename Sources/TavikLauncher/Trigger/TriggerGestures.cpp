@@ -40,8 +40,16 @@ void TriggerGestures::press(Shortcut shortcut, double time)
     if (m_isShortcut) {
         return;
     }
+    const bool isSecond = isSecondTap(time);
+    if (std::exchange(m_staysOpen, false) && m_panel.isVisible() && !isSecond) {
+        m_panel.hide();
+        return;
+    }
     m_panel.showAtPointer();
-    pinIfDoubleTapped(time);
+    if (isSecond) {
+        m_panel.pin();
+        m_hasPinned = true;
+    }
     m_lastPressTime = time;
 }
 
@@ -52,7 +60,8 @@ void TriggerGestures::release(Shortcut shortcut, ReleaseReason reason, double ti
     }
     m_hasPinned = false;
     recordRelease(reason, time);
-    if (!m_panel.isPinned()) {
+    m_staysOpen = reason == ReleaseReason::neverHeld;
+    if (!m_staysOpen && !m_panel.isPinned()) {
         m_panel.hide();
     }
 }
@@ -79,22 +88,20 @@ void TriggerGestures::systemWillSleep()
     m_lastReleaseTime.reset();
 }
 
-void TriggerGestures::pinIfDoubleTapped(double pressedAt)
+bool TriggerGestures::isSecondTap(double pressedAt)
 {
     // A release counts for one test at most, whatever comes of it.
     const std::optional<double> released = std::exchange(m_lastReleaseTime, std::nullopt);
-    if (released && m_panel.doubleTapPins()
-        && isWithin(pressedAt - *released, doubleTapFloor, modifierDoubleTapInterval)) {
-        m_panel.pin();
-        m_hasPinned = true;
-    }
+    return released && m_panel.doubleTapPins()
+        && isWithin(pressedAt - *released, doubleTapFloor, modifierDoubleTapInterval);
 }
 
 void TriggerGestures::recordRelease(ReleaseReason reason, double time)
 {
     const std::optional<double> pressed = std::exchange(m_lastPressTime, std::nullopt);
-    const bool isTap = reason == ReleaseReason::chordReleased && pressed
-        && time - *pressed <= modifierTapMaxHoldDuration + rounding;
+    const bool isShort = pressed && time - *pressed <= modifierTapMaxHoldDuration + rounding;
+    const bool isTap = (reason == ReleaseReason::chordReleased && isShort)
+        || (reason == ReleaseReason::neverHeld && pressed);
     m_lastReleaseTime = isTap ? std::optional(time) : std::nullopt;
 }
 

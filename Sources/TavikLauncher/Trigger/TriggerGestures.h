@@ -10,7 +10,8 @@ namespace Tavik {
 
 /// Decides what a press or a release of the trigger does to the panel: a shortcut with a key
 /// toggles it; a chord of modifiers shows it while held, and pressed again soon after a short tap
-/// pins it open. Knows only the times of the events, in seconds of system uptime.
+/// pins it open. A command that was run at some other key leaves the ring open for the next. Knows
+/// only the times of the events, in seconds of system uptime.
 class TriggerGestures
 {
 public:
@@ -41,13 +42,15 @@ public:
     void systemWillSleep();
 
 private:
-    void pinIfDoubleTapped(double pressedAt);
+    /// Uses up the tap before.
+    [[nodiscard]] bool isSecondTap(double pressedAt);
     void recordRelease(ReleaseReason reason, double time);
 
     Panel m_panel;
     bool m_isShortcut = false; ///< The chord that is held has been joined by another key.
     bool m_hasPinned
         = false; ///< The press that is not released yet was the second of a double tap.
+    bool m_staysOpen = false; ///< A command has shown the ring, so a command hides it.
     std::optional<double> m_lastPressTime; ///< Of a press whose release is still to come.
     std::optional<double> m_lastReleaseTime; ///< Of a short tap: half of a double tap.
 };

@@ -4,6 +4,10 @@
 #include <TavikLauncherPlatform/Linux/Applications/LinuxFileManager.h>
 #include <TavikLauncherPlatform/Linux/Applications/SessionIconTheme.h>
 #include <TavikLauncherPlatform/Linux/Applications/ThemeIconDecoder.h>
+#include <TavikLauncherPlatform/Linux/Desktops/DesktopShortcuts.h>
+#include <TavikLauncherPlatform/Linux/Desktops/ShortcutKeyEvents.h>
+#include <TavikLauncherPlatform/Linux/Desktops/ShortcutPermission.h>
+#include <TavikLauncherPlatform/Linux/Desktops/ToolkitKeyEvents.h>
 #include <TavikLauncherPlatform/Linux/Disk/PropertyListDefaults.h>
 #include <TavikLauncherPlatform/Linux/LinuxStatusTray.h>
 #include <TavikLauncherPlatform/Linux/Session/AutostartLoginItem.h>
@@ -53,16 +57,28 @@ QString currentDesktop()
     return qEnvironmentVariable("XDG_CURRENT_DESKTOP");
 }
 
-void addPermission(Platform& platform,
-                   const PlatformOptions& options,
-                   const std::optional<QString>& limit)
+/// Returns what listens for the trigger in our place, where that is what the permission is about.
+ShortcutSource* addPermission(Platform& platform,
+                              const PlatformOptions& options,
+                              const std::optional<QString>& limit,
+                              bool isWayland)
 {
     using Session = SessionAccessibilityPermission::Session;
     platform.accessibility = std::make_unique<SessionAccessibilityPermission>(
         *platform.workspace, Session{.limit = limit, .desktop = currentDesktop()});
     if (options.replacePermission) {
         platform.accessibility = options.replacePermission(std::move(platform.accessibility));
+        return nullptr;
     }
+    std::unique_ptr<ShortcutSource> made = isWayland
+        ? shortcutSourceOfSession(*platform.workQueue, *platform.userDefaults, ownProgram())
+        : nullptr;
+    ShortcutSource* source = made.get();
+    if (source) {
+        platform.accessibility = std::make_unique<ShortcutPermission>(
+            std::move(made), std::move(platform.accessibility));
+    }
+    return source;
 }
 
 void addX11Services(Platform& platform,
@@ -79,8 +95,9 @@ void addX11Services(Platform& platform,
         .focusedPoint = [&windows] { return windows.focusedPoint(); },
         .availableArea = [&windows](const QRect& screen) { return windows.availableArea(screen); },
     });
-    addPermission(platform, options, x11KeyboardLimit(toolkit));
     const bool isXwayland = x11IsXwayland(toolkit);
+    ShortcutSource* shortcuts
+        = addPermission(platform, options, x11KeyboardLimit(toolkit), isXwayland);
     auto windowServer = std::make_unique<X11WindowServer>(toolkit, *platform.mainQueue, isXwayland);
     auto keyEvents = std::make_unique<X11KeyEvents>(X11KeyEvents::Dependencies{
         .toolkit = toolkit,
@@ -100,6 +117,16 @@ void addX11Services(Platform& platform,
         });
     platform.windowServer = std::move(windowServer);
     platform.keyEvents = std::move(keyEvents);
+    if (shortcuts) {
+        // Of a change of the focus the server hears twice, by two ways.
+        constexpr double settlingSeconds = 0.06;
+        platform.keyEvents = std::make_unique<ShortcutKeyEvents>(
+            ShortcutKeyEvents::Dependencies{
+                *platform.mainQueue,
+                *shortcuts,
+                shortcuts->hidesKeys() ? std::nullopt : std::optional(settlingSeconds)},
+            std::move(platform.keyEvents));
+    }
 }
 
 /// Where nobody tells of windows, applications can still be started.
@@ -108,8 +135,14 @@ void addNullServices(Platform& platform, LinuxFileManager& files, const Platform
     platform.workspace = std::make_unique<ApplicationWorkspace>(
         *platform.mainQueue, *platform.workQueue, files, std::make_unique<NoWindows>());
     platform.screens = std::make_unique<QtScreens>();
-    addPermission(platform, options, SessionAccessibilityPermission::waylandLimit());
-    platform.keyEvents = std::make_unique<NullKeyEvents>();
+    ShortcutSource* shortcuts
+        = addPermission(platform, options, SessionAccessibilityPermission::waylandLimit(), true);
+    platform.keyEvents = std::make_unique<ToolkitKeyEvents>();
+    if (shortcuts) {
+        platform.keyEvents = std::make_unique<ShortcutKeyEvents>(
+            ShortcutKeyEvents::Dependencies{*platform.mainQueue, *shortcuts, 0},
+            std::move(platform.keyEvents));
+    }
     platform.windowServer = std::make_unique<NullWindowServer>();
     platform.sessionLock
         = std::make_unique<SessionLockMonitor>(*platform.workQueue, [] { return false; });

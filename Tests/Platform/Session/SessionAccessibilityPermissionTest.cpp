@@ -36,7 +36,7 @@ private Q_SLOTS:
         const auto told = permission.obstacle();
         QCOMPARE(told.limit, u"It does not."_s);
         QVERIFY2(told.remedy.contains(place), qPrintable(told.remedy));
-        QVERIFY(told.remedy.contains(u"tavik-launcher --toggle"_s));
+        QVERIFY(told.remedy.contains(u"tavik-launcher --summon"_s));
         QCOMPARE(told.hasSettings, !program.isEmpty());
         int failures = 0;
         const auto failed = [&failures] {

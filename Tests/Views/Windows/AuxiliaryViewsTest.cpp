@@ -71,7 +71,7 @@ void verifyEveryParagraphIsShownWhole(const QWidget& view)
 const QString limit
     = u"A Wayland desktop tells no program which keys are held while another one is in front."_s;
 const QString remedy
-    = u"Bind the command tavik-launcher --toggle to a key of your choice in Settings › Keyboard › View and Customize Shortcuts."_s;
+    = u"Bind the command tavik-launcher --summon to a key of your choice in Settings › Keyboard › View and Customize Shortcuts."_s;
 
 struct Asked
 {
@@ -79,9 +79,9 @@ struct Asked
     {
         permission.trusted = isTrusted;
         permission.told = {limit, remedy, hasSettings};
-        view.emplace(
-            AccessibilityPermissionView::Dependencies{permission, queue, appearance},
-            AccessibilityPermissionSession::Actions{counting(dismissed), counting(granted)});
+        view.emplace(AccessibilityPermissionView::Dependencies{permission, queue, appearance},
+                     AccessibilityPermissionSession::Actions{
+                         counting(enabled), counting(dismissed), counting(granted)});
         view->setFixedSize(440, 520);
         view->show();
     }
@@ -94,6 +94,7 @@ struct Asked
     FakeAccessibilityPermission permission;
     VirtualMainQueue queue;
     FakeAppearance appearance;
+    int enabled = 0;
     int granted = 0;
     int dismissed = 0;
     std::optional<AccessibilityPermissionView> view;
@@ -205,7 +206,7 @@ private Q_SLOTS:
         QVERIFY(click(*asked.view, enable));
         const QString open = u"Open Accessibility Settings"_s;
         QVERIFY(click(*asked.view, hasSettings ? open : u"Copy the Command"_s));
-        QCOMPARE(QGuiApplication::clipboard()->text(), u"tavik-launcher --toggle"_s);
+        QCOMPARE(QGuiApplication::clipboard()->text(), u"tavik-launcher --summon"_s);
         QVERIFY(find<QPushButton>(*asked.view, u"Command Copied"_s) && asked.fits());
     }
 

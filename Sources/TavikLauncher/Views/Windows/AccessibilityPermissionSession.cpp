@@ -43,6 +43,9 @@ void AccessibilityPermissionSession::disappear()
 
 void AccessibilityPermissionSession::enableAccess()
 {
+    if (m_actions.onEnable) {
+        m_actions.onEnable();
+    }
     m_permission.prompt();
     m_phase = Phase::waitingForUser;
     Q_EMIT changed();
@@ -59,7 +62,7 @@ void AccessibilityPermissionSession::openSettings()
 
 void AccessibilityPermissionSession::copyCommand()
 {
-    QGuiApplication::clipboard()->setText(QStringLiteral("tavik-launcher --toggle"));
+    QGuiApplication::clipboard()->setText(QStringLiteral("tavik-launcher --summon"));
     m_hasCopiedCommand = true;
     Q_EMIT changed();
 }

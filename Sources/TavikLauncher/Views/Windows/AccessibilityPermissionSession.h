@@ -22,6 +22,8 @@ public:
     };
     struct Actions
     {
+        /// The user wants it; called before the system is asked.
+        std::function<void()> onEnable;
         std::function<void()> onDismiss; ///< Closes the window without the permission.
         std::function<void()> onGranted; ///< May be called more than once.
     };

@@ -76,7 +76,7 @@ AccessibilityPermission::Obstacle SessionAccessibilityPermission::obstacle() con
         return {};
     }
     return {.limit = *m_session.limit,
-            .remedy = u"Bind the command tavik-launcher --toggle to a key of your choice %1."_s.arg(
+            .remedy = u"Bind the command tavik-launcher --summon to a key of your choice %1."_s.arg(
                 settingsOf(m_session.desktop).place),
             .hasSettings = settingsPath().has_value()};
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/AccessibilityPermission.h>
 #include <TavikLauncherPlatform/Linux/Session/KeyCodes.h>
+#include <TavikLauncherPlatform/Linux/Session/KeySymbols.h>
 #include <TavikLauncherPlatform/Linux/X11/X11Connection.h>
 #include <TavikLauncherPlatform/Linux/X11/X11EventTap.h>
 #include <TavikLauncherPlatform/Linux/X11/X11KeyEvents.h>
@@ -12,10 +13,7 @@
 #include <QPointer>
 
 #include <algorithm>
-#include <array>
 #include <utility>
-
-#include <xkbcommon/xkbcommon.h>
 
 namespace Tavik {
 
@@ -103,7 +101,8 @@ int X11KeyEvents::hotKeyStatus(const HotKey& hotKey)
 
 std::optional<X11HotKeyGrabs::Grab> X11KeyEvents::grabFor(const HotKey& hotKey) const
 {
-    const std::optional<xcb_keycode_t> key = m_map.keyFor(hotKey.keyCode);
+    const std::optional<xcb_keycode_t> key
+        = hotKey.keyCode ? m_map.keyFor(*hotKey.keyCode) : std::nullopt;
     const std::optional<quint16> mask = m_map.modifiers.maskFor(hotKey.modifierFlags);
     if (!key || !mask) {
         return std::nullopt;
@@ -172,18 +171,12 @@ std::optional<quint16> X11KeyEvents::keyCode(const NativeKey& key) const
 
 std::optional<QString> X11KeyEvents::characters(const NativeKey& key) const
 {
-    if (key.symbol == XKB_KEY_NoSymbol) {
-        return std::nullopt;
-    }
-    std::array<char, 8> text{};
-    xkb_keysym_to_utf8(key.symbol, text.data(), text.size());
-    const QString characters = QString::fromUtf8(text.data());
-    return characters.isEmpty() || !characters.front().isPrint() ? QString() : characters;
+    return KeySymbols::text(key.symbol);
 }
 
 KeyEvents::LevelUse X11KeyEvents::levelUse(const NativeKey& key) const
 {
-    if (X11KeyboardMap::choosesLevel(key.symbol)) {
+    if (KeySymbols::choosesLevel(key.symbol)) {
         return LevelUse::chooser;
     }
     return (key.modifiers & m_map.levels) != 0 ? LevelUse::chosen : LevelUse::none;

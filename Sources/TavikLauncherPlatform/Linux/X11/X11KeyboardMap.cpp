@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Session/KeyCodes.h>
+#include <TavikLauncherPlatform/Linux/Session/KeySymbols.h>
 #include <TavikLauncherPlatform/Linux/X11/X11Connection.h>
 #include <TavikLauncherPlatform/Linux/X11/X11KeyboardMap.h>
 
 #include <algorithm>
-
-#include <xkbcommon/xkbcommon-keysyms.h>
 
 namespace Tavik {
 
@@ -86,7 +85,7 @@ X11KeyboardMap X11KeyboardMap::read(xcb_connection_t* connection)
     for (std::size_t i = 0; i < modifierCount; ++i) {
         for (const quint8 key : keysOf.at(i)) {
             map.modifiersOfKey.at(key) |= static_cast<quint8>(1U << i);
-            if (std::ranges::any_of(symbols[key], choosesLevel)) {
+            if (std::ranges::any_of(symbols[key], KeySymbols::choosesLevel)) {
                 map.levels |= static_cast<quint16>(1U << i);
             }
         }
@@ -97,18 +96,6 @@ X11KeyboardMap X11KeyboardMap::read(xcb_connection_t* connection)
         map.hasSymbol.at(key) = !symbols[key].isEmpty();
     }
     return map;
-}
-
-bool X11KeyboardMap::choosesLevel(quint32 symbol)
-{
-    static constexpr std::array<quint32, 7> choosers{XKB_KEY_Mode_switch,
-                                                     XKB_KEY_ISO_Level3_Shift,
-                                                     XKB_KEY_ISO_Level3_Latch,
-                                                     XKB_KEY_ISO_Level3_Lock,
-                                                     XKB_KEY_ISO_Level5_Shift,
-                                                     XKB_KEY_ISO_Level5_Latch,
-                                                     XKB_KEY_ISO_Level5_Lock};
-    return std::ranges::find(choosers, symbol) != choosers.end();
 }
 
 std::optional<xcb_keycode_t> X11KeyboardMap::keyFor(quint16 virtualKeyCode) const

@@ -26,9 +26,6 @@ struct X11KeyboardMap
     /// The server's key for a virtual key code; absent when the keyboard has no such key.
     [[nodiscard]] std::optional<xcb_keycode_t> keyFor(quint16 virtualKeyCode) const;
 
-    /// Whether a key with that symbol is AltGr or the like.
-    [[nodiscard]] static bool choosesLevel(quint32 symbol);
-
     bool operator==(const X11KeyboardMap&) const = default;
 };
 

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Desktops/DesktopShortcuts.h>
+#include <TavikLauncherPlatform/Linux/Desktops/GnomeShortcuts.h>
+#include <TavikLauncherPlatform/Linux/Desktops/KdeShortcuts.h>
+#include <TavikLauncherPlatform/Linux/Desktops/SwayShortcuts.h>
+
+namespace Tavik {
+
+using namespace Qt::StringLiterals;
+
+std::unique_ptr<ShortcutSource>
+shortcutSourceOfSession(WorkQueue& workQueue, UserDefaults& userDefaults, const QString& program)
+{
+    const QString swaySocket = qEnvironmentVariable("SWAYSOCK");
+    if (!swaySocket.isEmpty()) {
+        return std::make_unique<SwayShortcuts>(swaySocket);
+    }
+    const QStringList desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':');
+    if (desktops.contains(u"KDE"_s)) {
+        return std::make_unique<KdeShortcuts>(workQueue);
+    }
+    if (desktops.contains(u"GNOME"_s) && GnomeShortcuts::isOffered()) {
+        return std::make_unique<GnomeShortcuts>(userDefaults, program);
+    }
+    return nullptr;
+}
+
+} // namespace Tavik

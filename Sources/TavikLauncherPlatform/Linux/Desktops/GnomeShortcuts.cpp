@@ -1,0 +1,222 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Desktops/GnomeShortcuts.h>
+#include <TavikLauncherPlatform/Linux/Desktops/KeyNames.h>
+#include <TavikLauncherPlatform/UserDefaults.h>
+
+#include <array>
+#include <gio/gio.h>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace Tavik {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr const char* schema = "org.gnome.settings-daemon.plugins.media-keys";
+constexpr const char* entrySchema
+    = "org.gnome.settings-daemon.plugins.media-keys.custom-keybinding";
+constexpr const char* listKey = "custom-keybindings";
+/// Ours have a number and a slash behind it.
+const QString ownPath
+    = u"/org/gnome/settings-daemon/plugins/media-keys/custom-keybindings/tavik-launcher-"_s;
+/// In the user defaults.
+const QString consentKey = u"GnomeShortcutsAllowed"_s;
+
+struct Unref
+{
+    void operator()(GSettings* settings) const { g_object_unref(settings); }
+    void operator()(GSettingsSchema* found) const { g_settings_schema_unref(found); }
+};
+using Settings = std::unique_ptr<GSettings, Unref>;
+
+Settings listSettings()
+{
+    return Settings(g_settings_new(schema));
+}
+
+QStringList pathsIn(GSettings* settings)
+{
+    const std::unique_ptr<char*, decltype(&g_strfreev)> texts(
+        g_settings_get_strv(settings, listKey), g_strfreev);
+    QStringList paths;
+    for (char** text = texts.get(); *text; ++text) {
+        paths << QString::fromUtf8(*text);
+    }
+    return paths;
+}
+
+void writePaths(GSettings* settings, const QStringList& paths)
+{
+    std::vector<QByteArray> texts;
+    std::vector<const char*> pointers;
+    for (const QString& path : paths) {
+        texts.push_back(path.toUtf8());
+    }
+    for (const QByteArray& text : texts) {
+        pointers.push_back(text.constData());
+    }
+    pointers.push_back(nullptr);
+    g_settings_set_strv(settings, listKey, pointers.data());
+}
+
+Settings entryAt(const QString& path)
+{
+    return Settings(g_settings_new_with_path(entrySchema, path.toUtf8().constData()));
+}
+
+struct Modifier
+{
+    quint64 flag;
+    QLatin1String name;
+    std::array<QLatin1String, 2> keys; ///< None for one that cannot come last: see below.
+};
+/// While Control is held back by another shortcut's beginning GNOME does not see it as a last key.
+constexpr auto modifiers = std::to_array<Modifier>({
+    {ModifierFlags::control, QLatin1String("<Control>"), {}},
+    {ModifierFlags::option,
+     QLatin1String("<Alt>"),
+     {QLatin1String("Alt_L"), QLatin1String("Alt_R")}},
+    {ModifierFlags::shift,
+     QLatin1String("<Shift>"),
+     {QLatin1String("Shift_L"), QLatin1String("Shift_R")}},
+    {ModifierFlags::command,
+     QLatin1String("<Super>"),
+     {QLatin1String("Super_L"), QLatin1String("Super_R")}},
+});
+
+QString namesOf(quint64 flags)
+{
+    QString names;
+    for (const Modifier& modifier : modifiers) {
+        if ((flags & modifier.flag) != 0) {
+            names += modifier.name;
+        }
+    }
+    return names;
+}
+
+} // namespace
+
+GnomeShortcuts::GnomeShortcuts(UserDefaults& userDefaults, QString program)
+    : m_userDefaults(userDefaults)
+    , m_program(std::move(program))
+{
+    unbind();
+}
+
+GnomeShortcuts::~GnomeShortcuts()
+{
+    unbind();
+    g_settings_sync();
+}
+
+bool GnomeShortcuts::isOffered()
+{
+    GSettingsSchemaSource* source = g_settings_schema_source_get_default();
+    for (const char* name : {schema, entrySchema}) {
+        const std::unique_ptr<GSettingsSchema, Unref> found(
+            source ? g_settings_schema_source_lookup(source, name, TRUE) : nullptr);
+        if (!found) {
+            return false;
+        }
+    }
+    return g_settings_is_writable(listSettings().get(), listKey) != FALSE;
+}
+
+bool GnomeShortcuts::isAllowed() const
+{
+    return m_userDefaults.boolValue(consentKey).value_or(false);
+}
+
+bool GnomeShortcuts::serves() const
+{
+    return isAllowed() && !m_isRefused;
+}
+
+QString GnomeShortcuts::request() const
+{
+    return u"GNOME lets programs listen for no key, so a custom shortcut is added to its keyboard settings for as long as Tavik Launcher runs."_s;
+}
+
+void GnomeShortcuts::allow()
+{
+    m_userDefaults.setObject(consentKey, true);
+}
+
+int GnomeShortcuts::bind(const KeyEvents::HotKey& hotKey, Handlers)
+{
+    unbind();
+    const QStringList accelerators = acceleratorsOf(hotKey);
+    m_isRefused = accelerators.isEmpty();
+    if (!isAllowed() || m_isRefused) {
+        return m_isRefused ? statusNoSuchKey : statusGone;
+    }
+    const Settings list = listSettings();
+    QStringList paths = pathsIn(list.get());
+    const QByteArray command = u"\"%1\" --summon"_s.arg(m_program).toUtf8();
+    for (qsizetype i = 0; i < accelerators.size(); ++i) {
+        const QString path = ownPath + QString::number(i) + u'/';
+        const Settings entry = entryAt(path);
+        g_settings_set_string(entry.get(), "name", "Tavik Launcher");
+        g_settings_set_string(entry.get(), "command", command.constData());
+        g_settings_set_string(entry.get(), "binding", accelerators.at(i).toUtf8().constData());
+        paths << path;
+    }
+    // After the entries: whoever sees the list reads them.
+    writePaths(list.get(), paths);
+    return 0;
+}
+
+void GnomeShortcuts::unbind()
+{
+    const Settings list = listSettings();
+    QStringList paths = pathsIn(list.get());
+    QStringList own;
+    for (const QString& path : paths) {
+        if (path.startsWith(ownPath)) {
+            own << path;
+        }
+    }
+    if (own.isEmpty()) {
+        return;
+    }
+    paths.removeIf([](const QString& path) { return path.startsWith(ownPath); });
+    if (paths.isEmpty()) {
+        g_settings_reset(list.get(), listKey);
+    } else {
+        writePaths(list.get(), paths);
+    }
+    for (const QString& path : own) {
+        const Settings entry = entryAt(path);
+        for (const char* key : {"name", "command", "binding"}) {
+            g_settings_reset(entry.get(), key);
+        }
+    }
+}
+
+int GnomeShortcuts::status(const KeyEvents::HotKey& hotKey)
+{
+    return acceleratorsOf(hotKey).isEmpty() ? statusNoSuchKey : 0;
+}
+
+QStringList GnomeShortcuts::acceleratorsOf(const KeyEvents::HotKey& hotKey)
+{
+    if (hotKey.keyCode) {
+        const std::optional<QString> key = KeyNames::acceleratorKey(*hotKey.keyCode);
+        return key ? QStringList{namesOf(hotKey.modifierFlags) + *key} : QStringList();
+    }
+    QStringList accelerators;
+    for (const Modifier& last : modifiers) {
+        for (const QLatin1String key : last.keys) {
+            if ((hotKey.modifierFlags & last.flag) != 0 && !key.isEmpty()) {
+                accelerators << namesOf(hotKey.modifierFlags & ~last.flag) + key;
+            }
+        }
+    }
+    return accelerators;
+}
+
+} // namespace Tavik

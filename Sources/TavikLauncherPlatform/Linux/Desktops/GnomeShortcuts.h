@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TavikLauncherPlatform/Linux/Desktops/ShortcutSource.h>
+
+#include <QStringList>
+
+namespace Tavik {
+
+class UserDefaults;
+
+/// The trigger as custom shortcuts in GNOME's settings, which run our own command. They are written
+/// after the user has agreed once, and taken back when they are not needed any more: also those
+/// that a run left behind which was killed.
+class GnomeShortcuts final : public ShortcutSource
+{
+public:
+    /// `program` is what a shortcut starts; `userDefaults` remember the consent.
+    GnomeShortcuts(UserDefaults& userDefaults, QString program);
+    ~GnomeShortcuts() override;
+    GnomeShortcuts(const GnomeShortcuts&) = delete;
+    GnomeShortcuts& operator=(const GnomeShortcuts&) = delete;
+
+    /// Whether this desktop has such settings, and they may be written.
+    [[nodiscard]] static bool isOffered();
+
+    [[nodiscard]] bool hearsChords() const override { return true; }
+    [[nodiscard]] bool hidesKeys() const override { return false; }
+    [[nodiscard]] bool serves() const override;
+    [[nodiscard]] QString request() const override;
+    void allow() override;
+    int bind(const KeyEvents::HotKey& hotKey, Handlers handlers) override;
+    void unbind() override;
+    [[nodiscard]] int status(const KeyEvents::HotKey& hotKey) override;
+
+private:
+    /// In the form of GNOME's settings; a chord has one for each key that can be its last.
+    [[nodiscard]] static QStringList acceleratorsOf(const KeyEvents::HotKey& hotKey);
+    [[nodiscard]] bool isAllowed() const;
+
+    UserDefaults& m_userDefaults;
+    QString m_program;
+    bool m_isRefused = false;
+};
+
+} // namespace Tavik

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Desktops/ShortcutPermission.h>
+
+#include <utility>
+
+namespace Tavik {
+
+ShortcutPermission::ShortcutPermission(std::unique_ptr<ShortcutSource> source,
+                                       std::unique_ptr<AccessibilityPermission> session)
+    : m_source(std::move(source))
+    , m_session(std::move(session))
+{ }
+
+AccessibilityPermission::Obstacle ShortcutPermission::obstacle() const
+{
+    Obstacle told = m_session->obstacle();
+    if (const QString request = m_source->request(); !request.isEmpty()) {
+        told.limit = request;
+    }
+    return told;
+}
+
+void ShortcutPermission::openSettings(std::function<void()> failed)
+{
+    m_session->openSettings(std::move(failed));
+}
+
+} // namespace Tavik

@@ -1,0 +1,216 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Desktops/SwayShortcuts.h>
+#include <TavikLauncherPlatform/Linux/Session/KeyCodes.h>
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QLoggingCategory>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace Tavik {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "tavik.platform.desktops")
+
+constexpr QLatin1String pressCommand("nop tavik-launcher press");
+constexpr QLatin1String releaseCommand("nop tavik-launcher release");
+
+struct Modifier
+{
+    quint64 flag;
+    QLatin1String name; ///< In a binding, and in the events of one.
+    /// What its keys are called; with Shift held some have another name.
+    std::array<QLatin1String, 4> keys;
+};
+constexpr auto modifiers = std::to_array<Modifier>({
+    {ModifierFlags::control,
+     QLatin1String("Ctrl"),
+     {QLatin1String("Control_L"), QLatin1String("Control_R")}},
+    {ModifierFlags::option,
+     QLatin1String("Mod1"),
+     {QLatin1String("Alt_L"),
+      QLatin1String("Alt_R"),
+      QLatin1String("Meta_L"),
+      QLatin1String("Meta_R")}},
+    {ModifierFlags::shift,
+     QLatin1String("Shift"),
+     {QLatin1String("Shift_L"), QLatin1String("Shift_R")}},
+    {ModifierFlags::command,
+     QLatin1String("Mod4"),
+     {QLatin1String("Super_L"), QLatin1String("Super_R")}},
+});
+
+/// With a "+" behind each.
+QString namesOf(quint64 flags)
+{
+    QString names;
+    for (const Modifier& modifier : modifiers) {
+        if ((flags & modifier.flag) != 0) {
+            names += modifier.name + u'+';
+        }
+    }
+    return names;
+}
+
+/// What sway says was held, under whichever of its names.
+quint64 flagsNamed(const QJsonArray& names)
+{
+    quint64 flags = 0;
+    for (const Modifier& modifier : modifiers) {
+        flags |= names.contains(QString(modifier.name)) ? modifier.flag : 0;
+    }
+    return flags | (names.contains(u"Control"_s) ? ModifierFlags::control : 0)
+        | (names.contains(u"Alt"_s) ? ModifierFlags::option : 0);
+}
+
+} // namespace
+
+SwayShortcuts::SwayShortcuts(const QString& socketPath)
+    : m_sway(socketPath)
+{
+    m_sway.onMessage = [this](quint32 type, const QJsonDocument& message) {
+        receive(type, message);
+    };
+    m_sway.onClosed = [this] {
+        lose(statusGone);
+    };
+    m_sway.send(SwayConnection::Request::subscribe, R"(["binding","workspace"])");
+}
+
+SwayShortcuts::~SwayShortcuts()
+{
+    m_sway.onMessage = nullptr;
+    m_sway.onClosed = nullptr;
+    unbind();
+}
+
+int SwayShortcuts::status(const KeyEvents::HotKey& hotKey)
+{
+    if (!m_sway.isOpen()) {
+        return statusGone;
+    }
+    return hotKey.keyCode && !KeyCodes::evdevCode(*hotKey.keyCode) ? statusNoSuchKey : 0;
+}
+
+int SwayShortcuts::bind(const KeyEvents::HotKey& hotKey, Handlers handlers)
+{
+    unbind();
+    const int result = status(hotKey);
+    m_isRefused = result != 0;
+    if (result == 0) {
+        m_bound = hotKey;
+        m_handlers = std::move(handlers);
+        giveBindings();
+    }
+    return result;
+}
+
+void SwayShortcuts::unbind()
+{
+    if (m_bound) {
+        QStringList commands;
+        for (const QString& keys : keysOf(*m_bound)) {
+            commands << u"un"_s + keys << u"un"_s + QString(keys).replace(u' ', u" --release "_s);
+        }
+        m_asked << false;
+        m_sway.send(SwayConnection::Request::runCommand, commands.join(u';').toUtf8());
+    }
+    m_bound.reset();
+    m_handlers = {};
+}
+
+QStringList SwayShortcuts::keysOf(const KeyEvents::HotKey& hotKey)
+{
+    if (hotKey.keyCode) {
+        const std::optional<quint16> code = KeyCodes::evdevCode(*hotKey.keyCode);
+        const int place = code ? *code + KeyCodes::x11Offset : 0;
+        return {u"bindcode %1%2"_s.arg(namesOf(hotKey.modifierFlags)).arg(place)};
+    }
+    QStringList keys;
+    for (const Modifier& last : modifiers) {
+        if ((hotKey.modifierFlags & last.flag) == 0) {
+            continue;
+        }
+        for (const QLatin1String key : last.keys) {
+            if (!key.isEmpty()) {
+                keys << u"bindsym "_s + namesOf(hotKey.modifierFlags & ~last.flag) + key;
+            }
+        }
+    }
+    return keys;
+}
+
+void SwayShortcuts::giveBindings()
+{
+    QStringList commands;
+    for (const QString& keys : keysOf(*m_bound)) {
+        commands << QString(keys).replace(u' ', u" --no-repeat "_s) + u' ' + pressCommand
+                 << QString(keys).replace(u' ', u" --release "_s) + u' ' + releaseCommand;
+    }
+    m_asked << true;
+    m_sway.send(SwayConnection::Request::runCommand, commands.join(u';').toUtf8());
+}
+
+void SwayShortcuts::receive(quint32 type, const QJsonDocument& message)
+{
+    using Event = SwayConnection::Event;
+    const QString change = message[u"change"].toString();
+    if (type == static_cast<quint32>(SwayConnection::Request::runCommand)) {
+        if (!m_asked.isEmpty() && m_asked.takeFirst()) {
+            checkOutcome(message.array());
+        }
+    } else if (type == static_cast<quint32>(Event::workspace) && change == u"reload") {
+        if (m_bound) {
+            giveBindings();
+        }
+    } else if (type == static_cast<quint32>(Event::binding) && change == u"run") {
+        bindingRan(message[u"binding"].toObject());
+    }
+}
+
+void SwayShortcuts::checkOutcome(const QJsonArray& results)
+{
+    const auto refused = std::ranges::find_if(
+        results, [](const QJsonValue& result) { return !result[u"success"].toBool(); });
+    if (m_bound && refused != results.end()) {
+        qCWarning(log,
+                  "sway does not take the shortcut: %ls",
+                  qUtf16Printable((*refused)[u"error"].toString().left(80)));
+        lose(statusTaken);
+    }
+}
+
+void SwayShortcuts::bindingRan(const QJsonObject& binding)
+{
+    const QString command = binding[u"command"].toString();
+    // Copied, because whoever is told may bind anew.
+    const Handlers handlers = m_handlers;
+    if (command == pressCommand && handlers.pressed) {
+        handlers.pressed();
+    } else if (command == releaseCommand && handlers.released) {
+        handlers.released();
+    } else if (m_bound && !m_bound->keyCode && handlers.joined && command != pressCommand
+               && command != releaseCommand) {
+        const quint64 held = flagsNamed(binding[u"event_state_mask"].toArray());
+        if ((held & m_bound->modifierFlags) == m_bound->modifierFlags) {
+            handlers.joined();
+        }
+    }
+}
+
+void SwayShortcuts::lose(int status)
+{
+    m_isRefused = true;
+    m_bound.reset();
+    if (const Handlers handlers = std::exchange(m_handlers, {}); handlers.lost) {
+        handlers.lost(status);
+    }
+}
+
+} // namespace Tavik

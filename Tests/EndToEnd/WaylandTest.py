@@ -1,0 +1,167 @@
+# SPDX-License-Identifier: MIT
+"""Wayland desktops: the trigger that each of them listens for in our place."""
+import time
+
+import pytest
+
+from harness.launcher import BUS_NAME, IN_BACKGROUND, Launcher, hot_key_record
+from harness.waiting import stays, wait_until
+from harness.wayland import GnomeShell, KWin, Sway, speaks_wayland
+from conftest import PROGRAM
+
+PLACE = 640, 400
+TAP = 0.08  # Seconds from press to release.
+
+
+class Ring:
+    """The ring on a desktop whose windows nobody can list: it is told by the picture."""
+
+    def __init__(self, desktop):
+        self.desktop, self.display = desktop, desktop.display
+        self.launcher = Launcher(desktop, PROGRAM)
+        self.empty = None
+
+    def start(self):
+        display = self.display
+        display.move_pointer(*PLACE)
+        self.empty = display.picture()
+        self.launcher.process = self.desktop.spawn(
+            [PROGRAM, *IN_BACKGROUND], self.launcher.environment, log="launcher")
+        wait_until(lambda: self.desktop.name_has_owner(BUS_NAME), "the launcher is on the bus")
+        time.sleep(0.3)  # Nobody tells when a desktop has taken a shortcut.
+
+    def is_shown(self):
+        return self.display.picture().share_unlike(self.empty) > 0.02
+
+    def wait_shown(self):
+        wait_until(self.is_shown, "the ring is shown")
+
+    def wait_hidden(self):
+        wait_until(lambda: not self.is_shown(), "the ring is gone")
+
+
+@pytest.fixture
+def desktop(request):
+    kind, has_x = request.param
+    if reason := kind.missing():
+        pytest.skip(reason)
+    if not has_x and not speaks_wayland():
+        pytest.skip("Qt's plugin for Wayland is not installed")
+    with kind(has_x) as made:
+        yield made
+
+
+def on(kind, natively=(False, True)):
+    """Repeats a test on that desktop, with and without an X server."""
+    return pytest.mark.parametrize("desktop", [(kind, not native) for native in natively], indirect=True,
+                                   ids=["native" if native else "with an X server" for native in natively])
+
+
+@pytest.fixture
+def ring(desktop):
+    made = Ring(desktop)
+    yield made
+    made.launcher.stop()
+
+
+@on(Sway)
+def test_sway_hears_a_chord_and_gives_it_back(ring, desktop, look):
+    ring.launcher.pin(birch := desktop.applications.add("Birch"))
+    ring.launcher.use_chord()
+    ring.start()
+    for chord in (("ctrl", "alt"), ("alt", "ctrl")):
+        with desktop.display.held(*chord):
+            ring.wait_shown()
+            look("held")
+            stays(ring.is_shown, "the ring is shown while the chord is held", 0.6)
+        ring.wait_hidden()
+        time.sleep(1.1)  # Else it is the second of two taps.
+    desktop.message("reload")
+    time.sleep(0.5)
+    with desktop.display.held("ctrl", "alt"):
+        ring.wait_shown()
+        desktop.display.press("b")
+        ring.wait_hidden()  # A shortcut of the user's own: the chord was part of it.
+    time.sleep(0.2)
+    for _ in range(2):
+        with desktop.display.held("ctrl", "alt"):
+            time.sleep(TAP)
+        time.sleep(0.15)
+    ring.wait_shown()
+    stays(ring.is_shown, "tapped twice, it is pinned", 0.5)
+    desktop.display.press("Return")
+    birch.wait_started()
+    ring.launcher.command("--quit")
+    assert ring.launcher.wait_exit() == 0
+    if desktop.has_x:  # Else it has had no window.
+        desktop.message("[title=Birch] kill")
+    ring.wait_hidden()
+    with desktop.display.held("ctrl", "alt"):
+        stays(lambda: not ring.is_shown(), "nobody answers any more", 0.3)
+
+
+@on(Sway)
+def test_sway_hears_a_key(ring, desktop):
+    ring.launcher.pin(desktop.applications.add("Birch"))
+    ring.launcher.settings(hotKeyConfig=hot_key_record("ctrl+alt+space"))
+    ring.start()
+    for reload in (False, True):
+        if reload:
+            desktop.message("reload")
+            time.sleep(0.5)
+        desktop.display.press("ctrl+alt+space")
+        ring.wait_shown()
+        stays(ring.is_shown, "it stays without the key", 0.5)
+        desktop.display.press("ctrl+alt+space")
+        ring.wait_hidden()
+
+
+@on(KWin)
+def test_kde_is_asked_for_a_key_and_gives_it(ring, desktop, look):
+    """The chord of the first start cannot be had there: the window offers what can be."""
+    ring.launcher.pin(desktop.applications.add("Birch"))
+    ring.launcher.use_chord()
+    ring.start()
+    ring.wait_shown()  # The window that asks.
+    look("asks")
+    desktop.display.press("Return")
+    wait_until(lambda: b'"keyCode":49' in ring.launcher.defaults()["LauncherSettings.hotKeyConfig"], "it has a key now")
+    time.sleep(1.5)
+    look("granted")
+    desktop.display.press("Escape")
+    ring.wait_hidden()
+    for _ in range(2):
+        desktop.display.press("ctrl+alt+space")
+        ring.wait_shown()
+        stays(ring.is_shown, "it stays without the key", 0.5)
+        desktop.display.press("ctrl+alt+space")
+        ring.wait_hidden()
+    ring.launcher.command("--quit")
+    assert ring.launcher.wait_exit() == 0
+    desktop.display.press("ctrl+alt+space")
+    stays(lambda: not ring.is_shown(), "nobody answers any more", 0.5)
+
+
+@on(GnomeShell, natively=(False,))
+def test_gnome_is_given_shortcuts_that_go_again(ring, desktop, look):
+    ring.launcher.pin(desktop.applications.add("Birch"))
+    ring.launcher.use_chord()
+    ring.start()
+    ring.wait_shown()  # The window that asks.
+    look("asks")
+    assert "tavik" not in desktop.custom_shortcuts(), "nothing is written unasked"
+    desktop.display.press("Return")
+    wait_until(lambda: "tavik" in desktop.custom_shortcuts(), "the shortcut is written")
+    time.sleep(1.5)
+    look("granted")
+    desktop.display.press("Escape")
+    ring.wait_hidden()
+    for _ in range(2):
+        with desktop.display.held("ctrl", "alt"):
+            ring.wait_shown()
+            stays(ring.is_shown, "the ring is shown while the chord is held", 0.6)
+        ring.wait_hidden()
+        time.sleep(1.1)
+    ring.launcher.command("--quit")
+    assert ring.launcher.wait_exit() == 0
+    assert "tavik" not in desktop.custom_shortcuts()

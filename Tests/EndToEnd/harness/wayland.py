@@ -1,0 +1,177 @@
+# SPDX-License-Identifier: MIT
+"""Wayland desktops, each in a window that fills a virtual X display: what drives and watches that display
+drives and watches the desktop."""
+import contextlib
+import json
+import os
+import pathlib
+import re
+import shutil
+
+from Xlib import X
+
+from harness import processes
+from harness.desktop import Desktop, DesktopOptions
+from harness.waiting import wait_until
+from harness.window_managers import WINDOW_MANAGERS, wants_all
+
+NOBODY = 65534  # sway refuses to run as root; root's programs may use it all the same.
+
+
+class WaylandDesktop(Desktop):
+    """Use as a context manager. `has_x` says whether programs also find an X server."""
+    program = ""  # What has to be installed.
+    name = ""  # In $XDG_CURRENT_DESKTOP.
+    is_heavy = False  # Only there where all desktops were installed.
+
+    def __init__(self, has_x):
+        super().__init__(DesktopOptions(window_manager="none", has_compositor=False))
+        self.has_x = has_x
+        self._session = {}
+
+    @classmethod
+    def missing(cls):
+        """Why a test on this desktop is skipped here, or nothing."""
+        if cls.is_heavy and not wants_all():
+            return f"{cls.program} is for all desktops"
+        return None if shutil.which(cls.program) else f"{cls.program} is not installed"
+
+    def _start(self):
+        super()._start()
+        self._session = {"XDG_SESSION_TYPE": "wayland", "XDG_CURRENT_DESKTOP": self.name, **self._start_compositor()}
+        self._focus_the_one_window()
+        self.settle()
+
+    def _start_compositor(self):
+        """Starts it and returns what it adds to the environment of programs."""
+        raise NotImplementedError
+
+    def settle(self):
+        """Waits until keys reach the programs."""
+
+    @property
+    def environment(self):
+        session = {**super().environment, **self._session}
+        return {name: value for name, value in session.items() if value}
+
+    def _focus_the_one_window(self):
+        """Nobody else gives it the keyboard."""
+        def window():
+            shown = (w for w in self.display.root.query_tree().children
+                     if self.display.is_viewable(w.id) and self.display.geometry(w.id).width >= self.options.width)
+            return next(shown, None)
+
+        host = wait_until(window, "the desktop has its window")
+        host.configure(x=0, y=0)
+        host.set_input_focus(X.RevertToParent, X.CurrentTime)
+        self.display.connection.sync()
+
+
+class Sway(WaylandDesktop):
+    program = "sway"
+    name = "sway"
+    configuration = "default_border none\nfocus_follows_mouse no\nbindsym --no-repeat Ctrl+Mod1+b nop another\n"
+
+    def _start_compositor(self):
+        self.home.chmod(0o755)
+        run = self.home / "sway"
+        run.mkdir(mode=0o700)
+        configuration = run / "config"
+        configuration.write_text(
+            f"xwayland {'enable' if self.has_x else 'disable'}\n{self.configuration}"
+            f"output X11-1 resolution {self.options.width}x{self.options.height} position 0,0 background #307090 solid_color\n"
+            f"{'exec xhost +local:' if self.has_x else ''}\n"
+            f"exec env > {run}/environment.part && mv {run}/environment.part {run}/environment\n")
+        command = ["sway", "-c", str(configuration)]
+        if os.getuid() == 0:
+            for path in (run, configuration):
+                os.chown(path, NOBODY, NOBODY)
+            command = ["setpriv", f"--reuid={NOBODY}", f"--regid={NOBODY}", "--clear-groups", *command]
+        self.spawn(command, {
+            "XDG_RUNTIME_DIR": str(run), "HOME": str(run), "WLR_BACKENDS": "x11", "WLR_X11_OUTPUTS": "1",
+            "WLR_RENDERER": "pixman", "WLR_LIBINPUT_NO_DEVICES": "1"}, log="compositor")
+        told = run / "environment"
+        wait_until(told.exists, "sway runs", timeout=20)
+        inside = dict(line.split("=", 1) for line in told.read_text().splitlines() if "=" in line)
+        return {"WAYLAND_DISPLAY": str(run / inside["WAYLAND_DISPLAY"]), "SWAYSOCK": inside["SWAYSOCK"],
+                "DISPLAY": inside["DISPLAY"] if self.has_x else ""}
+
+    def settle(self):
+        wait_until(lambda: self.display.picture().pixel(5, 5) == (0x30, 0x70, 0x90), "the background is drawn", timeout=20)
+        if self.has_x:  # It starts when it is first asked, and lets nobody in at first.
+            wait_until(lambda: self.run(["xset", "q"]).returncode == 0, "the X server takes programs", timeout=20)
+
+    def message(self, *words):
+        answer = self.run(["swaymsg", *words])
+        assert answer.returncode == 0, answer.stderr
+        return json.loads(answer.stdout or "null")
+
+
+class KWin(WaylandDesktop):
+    """KWin alone, which has KDE's service for global shortcuts inside."""
+    program = "kwin_wayland"
+    name = "KDE"
+    is_heavy = True
+
+    def _start_compositor(self):
+        # The installed file has a capability that a container may not give, and then cannot be run.
+        copy = shutil.copy(shutil.which(self.program), self.home)
+        compositor = self.spawn(
+            [copy, "--no-lockscreen", "--x11-display", self.display_name, "--width", str(self.options.width), "--height",
+             str(self.options.height), "--socket", "wayland-test", *(["--xwayland"] if self.has_x else [])],
+            {"KWIN_COMPOSE": "O2", "LIBGL_ALWAYS_SOFTWARE": "1"}, log="compositor")
+        wait_until(lambda: self.name_has_owner("org.kde.kglobalaccel"), "KWin runs", timeout=30)
+        session = {"WAYLAND_DISPLAY": "wayland-test", "KDE_FULL_SESSION": "true", "KDE_SESSION_VERSION": "5", "DISPLAY": ""}
+        if self.has_x:
+            session["DISPLAY"] = wait_until(lambda: x_server_below(compositor.pid), "the X server runs", timeout=20)
+            session["XAUTHORITY"] = str(next((self.home / "runtime").glob("xauth_*"), ""))
+        return session
+
+
+class GnomeShell(WaylandDesktop):
+    program = "gnome-shell"
+    name = "GNOME"
+    is_heavy = True
+
+    def _start_compositor(self):
+        manager = WINDOW_MANAGERS["gnome-shell"]
+        self._session = {
+            **manager.prepare(self), "GSETTINGS_SCHEMA_DIR": "/usr/share/glib-2.0/schemas",
+            "MUTTER_DEBUG_DUMMY_MODE_SPECS": f"{self.options.width}x{self.options.height}"}
+        with (self.home / "config" / "glib-2.0" / "settings" / "keyfile").open("a") as settings:
+            settings.write("[org/gnome/desktop/notifications]\nshow-banners=false\n")
+        self.spawn(["gnome-shell", "--wayland", "--nested", "--unsafe-mode", "--wayland-display", "wayland-test",
+                    *([] if self.has_x else ["--no-x11"])], log="compositor")
+        wait_until(lambda: self.name_has_owner("org.gnome.Shell"), "GNOME Shell runs", timeout=60)
+        session = {**self._session, "WAYLAND_DISPLAY": "wayland-test", "DISPLAY": ""}
+        if self.has_x:
+            told = wait_until(lambda: re.search(r"public X11 display (:\d+)", self.log("compositor")), "it has an X server")
+            session["DISPLAY"] = told[1]
+            session["XAUTHORITY"] = str(next((self.home / "runtime").glob(".mutter-Xwaylandauth*"), ""))
+        return session
+
+    def settle(self):
+        WINDOW_MANAGERS["gnome-shell"].settle(self)
+        self.spawn(["/usr/libexec/gsd-media-keys"], log="media-keys")
+        wait_until(lambda: self.name_has_owner("org.gnome.SettingsDaemon.MediaKeys"), "somebody listens for keys", timeout=30)
+
+    def custom_shortcuts(self):
+        return self.run(["gsettings", "get", "org.gnome.settings-daemon.plugins.media-keys", "custom-keybindings"]).stdout
+
+
+def x_server_below(pid):
+    """The name of the X server that a compositor has started, or nothing."""
+    for below in processes.descendants(pid):
+        with contextlib.suppress(OSError):
+            words = pathlib.Path(f"/proc/{below}/cmdline").read_bytes().decode().split("\0")
+            if words[0].endswith("Xwayland"):
+                return next((word for word in words if word.startswith(":")), None)
+    return None
+
+
+def speaks_wayland():
+    """Whether the toolkit can do without an X server here."""
+    plugins = pathlib.Path("/usr/lib").glob("*/qt6/plugins/platforms/libqwayland*.so")
+    with contextlib.suppress(StopIteration):
+        return bool(next(plugins))
+    return False

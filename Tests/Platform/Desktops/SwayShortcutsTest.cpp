@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Desktops/SwayShortcuts.h>
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QLocalServer>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <Support/Table.h>
+#include <cstring>
+
+using namespace Tavik;
+using namespace Tavik::Test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr quint64 chord = ModifierFlags::control | ModifierFlags::option;
+
+QByteArray framed(quint32 type, const QByteArray& payload)
+{
+    const auto number = [](quint32 value) {
+        return QByteArray(reinterpret_cast<const char*>(&value), sizeof value);
+    };
+    return "i3-ipc" + number(static_cast<quint32>(payload.size())) + number(type) + payload;
+}
+
+QByteArray ran(const QByteArray& command, const QByteArray& held = {})
+{
+    return framed(0x80000005,
+                  R"({"change":"run","binding":{"command":")" + command
+                      + R"(","event_state_mask":[)" + held + "]}}");
+}
+
+/// The other side of the socket: what it was told, and what it says.
+struct FakeSway
+{
+    FakeSway() { server.listen(folder.filePath(u"socket"_s)); }
+    /// The commands of the next request.
+    [[nodiscard]] QStringList nextCommands()
+    {
+        if (!peer) {
+            (void)server.waitForNewConnection(1000);
+            peer = server.nextPendingConnection();
+        }
+        while (true) {
+            quint32 size = 0;
+            if (received.size() >= 14) {
+                std::memcpy(&size, received.constData() + 6, sizeof size);
+            }
+            if (received.size() >= 14 + qsizetype{size} && received.size() >= 14) {
+                const QByteArray payload = received.mid(14, size);
+                const bool isCommand = received.at(10) == 0;
+                received.remove(0, 14 + qsizetype{size});
+                if (isCommand) {
+                    return QString::fromUtf8(payload).split(u';');
+                }
+            } else if (!QTest::qWaitFor([this] { return peer->bytesAvailable() > 0; }, 1000)) {
+                return {};
+            } else {
+                received += peer->readAll();
+            }
+        }
+    }
+    void say(const QByteArray& bytes)
+    {
+        peer->write(bytes);
+        peer->flush();
+        QTest::qWait(20);
+    }
+
+    QTemporaryDir folder;
+    QLocalServer server;
+    QLocalSocket* peer = nullptr;
+    QByteArray received;
+};
+
+struct Listening
+{
+    explicit Listening(const KeyEvents::HotKey& hotKey = {.keyCode = {}, .modifierFlags = chord})
+    {
+        status = shortcuts.bind(hotKey,
+                                {.pressed = [this] { story << u"P"_s; },
+                                 .released = [this] { story << u"R"_s; },
+                                 .joined = [this] { story << u"J"_s; },
+                                 .lost =
+                                     [this](int) {
+                                         story << u"lost"_s;
+                                     }});
+        commands = sway.nextCommands();
+    }
+
+    FakeSway sway;
+    SwayShortcuts shortcuts{sway.server.fullServerName()};
+    QStringList story;
+    QStringList commands;
+    int status = 0;
+};
+
+} // namespace
+
+class SwayShortcutsTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void shortcutsAreBoundInEveryOrderOfTheirKeys_data()
+    {
+        const Table<quint64, int, QStringList> row; // Modifiers, key, and keys of the bindings.
+        row("a key", chord, 49, {u"bindcode|Ctrl+Mod1+65"_s});
+        row("a chord",
+            chord,
+            -1,
+            {u"bindsym|Mod1+Control_L"_s,
+             u"bindsym|Mod1+Control_R"_s,
+             u"bindsym|Ctrl+Alt_L"_s,
+             u"bindsym|Ctrl+Alt_R"_s,
+             u"bindsym|Ctrl+Meta_L"_s,
+             u"bindsym|Ctrl+Meta_R"_s});
+    }
+
+    void shortcutsAreBoundInEveryOrderOfTheirKeys()
+    {
+        const auto [modifiers, key, keys] = fetch<quint64, int, QStringList>();
+        KeyEvents::HotKey hotKey{.keyCode = {}, .modifierFlags = modifiers};
+        if (key >= 0) {
+            hotKey.keyCode = static_cast<quint16>(key);
+        }
+        Listening listening(hotKey);
+        QCOMPARE(listening.status, 0);
+        QStringList given;
+        QStringList taken;
+        for (const QString& each : keys) {
+            given << QString(each).replace(u'|', u" --no-repeat "_s)
+                    + u" nop tavik-launcher press"_s
+                  << QString(each).replace(u'|', u" --release "_s)
+                    + u" nop tavik-launcher release"_s;
+            taken << u"un"_s + QString(each).replace(u'|', u' ')
+                  << u"un"_s + QString(each).replace(u'|', u" --release "_s);
+        }
+        QCOMPARE(listening.commands, given);
+        listening.shortcuts.unbind();
+        QCOMPARE(listening.sway.nextCommands(), taken);
+    }
+
+    void whatSwayTellsIsPassedOn_data()
+    {
+        const Table<QByteArray, QString> row;
+        const QByteArray press = ran("nop tavik-launcher press");
+        const QByteArray release = ran("nop tavik-launcher release");
+        row("press and release", press + release, u"P R"_s);
+        row("in pieces of one answer", framed(0, R"([{"success":true}])") + press, u"P"_s);
+        row("another binding with the chord", press + ran("exec x", R"("Ctrl","Mod1")"), u"P J"_s);
+        row("another binding", ran("exec x", R"("Mod1")"), {});
+        row("refused",
+            framed(0, R"([{"success":true},{"success":false,"error":"no"}])"),
+            u"lost"_s);
+        row("an unasked answer",
+            framed(0, R"([])") + framed(0, R"([{"success":false}])") + press,
+            u"P"_s);
+        row("other shapes", framed(0x80000005, "[1]") + framed(0x80000000, "{}") + press, u"P"_s);
+        row("no JSON", framed(0x80000005, "{") + press, u"lost"_s);
+        row("no message", "GET / HTTP/1.1\r\n" + press, u"lost"_s);
+        row("a size beyond reason", QByteArray("i3-ipc\xff\xff\xff\x7f\5\0\0\x80", 14), u"lost"_s);
+        row("half a message", press.chopped(1), {});
+    }
+
+    void whatSwayTellsIsPassedOn()
+    {
+        const auto [told, story] = fetch<QByteArray, QString>();
+        Listening listening;
+        if (story == u"lost") {
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"^sway.*"_s));
+        }
+        listening.sway.say(told);
+        QCOMPARE(listening.story.join(u' '), story);
+        QCOMPARE(listening.shortcuts.serves(), story != u"lost");
+    }
+
+    void aNewConfigurationIsGivenTheBindingsAgain()
+    {
+        Listening listening;
+        listening.sway.say(framed(0, R"([{"success":true}])")
+                           + framed(0x80000000, R"({"change":"focus"})")
+                           + framed(0x80000000, R"({"change":"reload"})"));
+        QCOMPARE(listening.sway.nextCommands(), listening.commands);
+        listening.sway.peer->abort();
+        QTRY_COMPARE(listening.story, QStringList{u"lost"_s});
+        QVERIFY(!listening.shortcuts.serves());
+    }
+
+    void whereNobodyListensNothingIsHad()
+    {
+        SwayShortcuts shortcuts(u"/nonexistent/socket"_s);
+        QVERIFY(!shortcuts.serves());
+        QVERIFY(shortcuts.bind({.keyCode = {}, .modifierFlags = chord}, {}) != 0);
+    }
+};
+
+QTEST_GUILESS_MAIN(SwayShortcutsTest)
+#include "SwayShortcutsTest.moc"

@@ -120,6 +120,10 @@ private Q_SLOTS:
             bench.start();
             QVERIFY(bench.checkToTheEnd());
         }
+        const auto timeSeen = [&bench] {
+            return bench.defaults.integerValue(u"Updater.newestSeenTime"_s);
+        };
+        const auto timeBefore = timeSeen();
         bench.driver.choice = UpdateChoice::install;
         bench.offer(fault.item);
         if (fault.feed) {
@@ -140,6 +144,7 @@ private Q_SLOTS:
                  !fault.seenBefore.isEmpty() ? QString::fromLatin1(fault.seenBefore)
                      : bench.driver.calls.contains(u"downloading"_s) ? u"2.1"_s
                                                                      : QString());
+        QVERIFY(bench.driver.calls.contains(u"downloading"_s) || timeSeen() == timeBefore);
         QCOMPARE(bench.updater->programToRelaunch(), std::nullopt);
         QCOMPARE(bench.mainQueue.pendingTasks(), 1); // The next check.
 

@@ -113,6 +113,7 @@ private Q_SLOTS:
             fixture.windowServer.calls.clear();
             moment(fixture);
             QCOMPARE(fixture.windowServer.calls.contains(u"take focus"_s), isFocused);
+            QCOMPARE(fixture.delegate.wasInFocus.value_or(isFocused), isFocused);
             for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
                 fixture.press(key);
             }

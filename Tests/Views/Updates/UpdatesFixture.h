@@ -27,8 +27,9 @@ class FakeUserDriverDelegate final : public StandardUserDriverDelegate
 public:
     [[nodiscard]] bool supportsGentleScheduledUpdateReminders() const override { return true; }
     [[nodiscard]] bool standardUserDriverShouldHandleShowingScheduledUpdate(const UpdateItem&,
-                                                                            bool) override
+                                                                            bool inFocus) override
     {
+        wasInFocus = inFocus;
         return wantsShown;
     }
     void standardUserDriverWillHandleShowingUpdate(bool,
@@ -40,6 +41,7 @@ public:
     void standardUserDriverWillShowModalAlert() override { ++alerts; }
 
     bool wantsShown = false;
+    std::optional<bool> wasInFocus; ///< As the delegate was told; absent when it was not asked.
     int alerts = 0;
 };
 

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Desktops/GnomeAccelerators.h>
 #include <TavikLauncherPlatform/Linux/Desktops/GnomeShortcuts.h>
 #include <TavikLauncherPlatform/Linux/Desktops/KeyNames.h>
 #include <TavikLauncherPlatform/UserDefaults.h>
 
+#include <algorithm>
 #include <array>
 #include <gio/gio.h>
 #include <memory>
@@ -199,7 +201,16 @@ void GnomeShortcuts::unbind()
 
 int GnomeShortcuts::status(const KeyEvents::HotKey& hotKey)
 {
-    return acceleratorsOf(hotKey).isEmpty() ? statusNoSuchKey : 0;
+    QStringList accelerators = acceleratorsOf(hotKey);
+    if (accelerators.isEmpty()) {
+        return statusNoSuchKey;
+    }
+    // The place of a key has a name in the user's layout, under which another may have it.
+    accelerators << namesOf(hotKey.modifierFlags) + hotKey.label;
+    const bool isTaken = std::ranges::any_of(accelerators, [](const QString& accelerator) {
+        return GnomeAccelerators::isTaken(accelerator, ownPath);
+    });
+    return isTaken ? statusTaken : 0;
 }
 
 QStringList GnomeShortcuts::acceleratorsOf(const KeyEvents::HotKey& hotKey)

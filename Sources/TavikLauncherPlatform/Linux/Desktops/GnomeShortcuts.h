@@ -31,6 +31,7 @@ public:
     void allow() override;
     int bind(const KeyEvents::HotKey& hotKey, Handlers handlers) override;
     void unbind() override;
+    /// Looks through all shortcuts of the desktop.
     [[nodiscard]] int status(const KeyEvents::HotKey& hotKey) override;
 
 private:

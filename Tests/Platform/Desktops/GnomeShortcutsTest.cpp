@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Desktops/GnomeShortcuts.h>
+
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <Support/MemoryUserDefaults.h>
+#include <Support/Table.h>
+#include <gio/gio.h>
+#include <memory>
+
+using namespace Tavik;
+using namespace Tavik::Test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr quint64 chord = ModifierFlags::control | ModifierFlags::option;
+const QByteArray root = "/org/gnome/settings-daemon/plugins/media-keys/";
+const QByteArray schema = "org.gnome.settings-daemon.plugins.media-keys";
+
+/// GNOME's settings in memory, as far as shortcuts go.
+class Settings
+{
+public:
+    Settings()
+    {
+        QFile file(m_folder.filePath(u"keys.gschema.xml"_s));
+        if (file.open(QIODevice::WriteOnly)) {
+            file.write("<schemalist><schema id='" + schema + "' path='" + root
+                       + "'><key name='custom-keybindings' type='as'><default>[]</default></key>"
+                         "</schema><schema id='"
+                       + schema + ".custom-keybinding'>");
+            for (const char* key : {"name", "command", "binding"}) {
+                file.write(QByteArray("<key name='") + key
+                           + "' type='s'><default>''</default></key>");
+            }
+            file.write("</schema></schemalist>");
+        }
+        file.close();
+        QProcess::execute(u"glib-compile-schemas"_s, {m_folder.path()});
+        qputenv("GSETTINGS_SCHEMA_DIR", m_folder.path().toUtf8());
+        qputenv("GSETTINGS_BACKEND", "memory");
+        m_list.reset(g_settings_new(schema.constData()));
+    }
+    void setPaths(const char* text)
+    {
+        g_settings_set_value(m_list.get(), "custom-keybindings", g_variant_new_parsed(text));
+    }
+    static void bind(const char* path, const QString& accelerator)
+    {
+        GSettings* entry
+            = g_settings_new_with_path((schema + ".custom-keybinding").constData(), path);
+        g_settings_set_string(entry, "binding", accelerator.toUtf8().constData());
+        g_object_unref(entry);
+    }
+    /// The last parts of the paths, and for each of ours what is bound.
+    [[nodiscard]] QStringList bindings() const
+    {
+        QStringList found;
+        char** paths = g_settings_get_strv(m_list.get(), "custom-keybindings");
+        for (char** path = paths; *path; ++path) {
+            const std::unique_ptr<GSettings, decltype(&g_object_unref)> entry(
+                g_settings_new_with_path((schema + ".custom-keybinding").constData(), *path),
+                g_object_unref);
+            char* binding = g_settings_get_string(entry.get(), "binding");
+            char* command = g_settings_get_string(entry.get(), "command");
+            found << QString::fromUtf8(*path).section(u'/', -2, -2) + u' '
+                    + QString::fromUtf8(binding) + u' ' + QString::fromUtf8(command);
+            g_free(binding);
+            g_free(command);
+        }
+        g_strfreev(paths);
+        return found;
+    }
+
+private:
+    QTemporaryDir m_folder;
+    std::unique_ptr<GSettings, decltype(&g_object_unref)> m_list{nullptr, g_object_unref};
+};
+
+} // namespace
+
+class GnomeShortcutsTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void shortcutsComeAfterTheConsentAndGoAgain_data()
+    {
+        const Table<quint64, int, QStringList> row; // Modifiers, key, and what is bound.
+        row("a chord", chord, -1, {u"<Control>Alt_L"_s, u"<Control>Alt_R"_s});
+        row("a key", ModifierFlags::command, 49, {u"<Super>space"_s});
+        row("a key by its place", chord, 40, {u"<Control><Alt>0x2d"_s});
+        row("no key at all", chord, 300, {});
+    }
+    void shortcutsComeAfterTheConsentAndGoAgain()
+    {
+        const auto [modifiers, key, accelerators] = fetch<quint64, int, QStringList>();
+        KeyEvents::HotKey hotKey{.keyCode = {}, .modifierFlags = modifiers};
+        if (key >= 0) {
+            hotKey.keyCode = static_cast<quint16>(key);
+        }
+        m_settings.setPaths("['/a/theirs/', '/org/gnome/settings-daemon/plugins/media-keys/"
+                            "custom-keybindings/tavik-launcher-7/']");
+        const QStringList theirs{u"theirs  "_s};
+        MemoryUserDefaults defaults;
+        {
+            GnomeShortcuts shortcuts(defaults, u"/a b/tavik"_s);
+            QCOMPARE(m_settings.bindings(), theirs); // Ours was left by a run that was killed.
+            QVERIFY(shortcuts.bind(hotKey, {}) != 0);
+            QVERIFY(!shortcuts.serves());
+            QCOMPARE(m_settings.bindings(), theirs);
+            shortcuts.allow();
+            QCOMPARE(shortcuts.bind(hotKey, {}) == 0, !accelerators.isEmpty());
+            QCOMPARE(shortcuts.serves(), !accelerators.isEmpty());
+            QStringList expected = theirs;
+            for (qsizetype i = 0; i < accelerators.size(); ++i) {
+                expected << u"tavik-launcher-%1 %2 \"/a b/tavik\" --summon"_s.arg(i).arg(
+                    accelerators.at(i));
+            }
+            QCOMPARE(m_settings.bindings(), expected);
+        }
+        QCOMPARE(m_settings.bindings(), theirs);
+        GnomeShortcuts next(defaults, u"/tavik"_s);
+        QCOMPARE(next.bind(hotKey, {}) == 0, !accelerators.isEmpty());
+    }
+
+    void whatGnomeUsesItselfIsToldOf_data()
+    {
+        const Table<QString, quint64, quint16, QString, bool> row;
+        row("as it is written", u"<Control><Alt>space"_s, chord, 49, {}, true);
+        row("in other words", u"<Mod1><Primary>Space"_s, chord, 49, {}, true);
+        row("by the key's name", u"<Super>k"_s, ModifierFlags::command, 40, u"K"_s, true);
+        row("with more modifiers", u"<Super><Control><Alt>space"_s, chord, 49, {}, false);
+        row("nothing", u""_s, chord, 49, {}, false);
+    }
+    void whatGnomeUsesItselfIsToldOf()
+    {
+        const auto [used, modifiers, key, label, isTaken]
+            = fetch<QString, quint64, quint16, QString, bool>();
+        m_settings.setPaths("['no path', '/a/theirs/']");
+        m_settings.bind("/a/theirs/", used);
+        MemoryUserDefaults defaults;
+        GnomeShortcuts shortcuts(defaults, u"/tavik"_s);
+        const KeyEvents::HotKey hotKey{.keyCode = key, .modifierFlags = modifiers, .label = label};
+        QCOMPARE(shortcuts.status(hotKey) != 0, isTaken);
+        m_settings.bind("/a/theirs/", {});
+    }
+
+private:
+    Settings m_settings;
+};
+
+QTEST_GUILESS_MAIN(GnomeShortcutsTest)
+#include "GnomeShortcutsTest.moc"

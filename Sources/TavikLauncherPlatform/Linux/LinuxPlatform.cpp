@@ -71,7 +71,8 @@ ShortcutSource* addPermission(Platform& platform,
         return nullptr;
     }
     std::unique_ptr<ShortcutSource> made = isWayland
-        ? shortcutSourceOfSession(*platform.workQueue, *platform.userDefaults, ownProgram())
+        ? shortcutSourceOfSession(
+            *platform.mainQueue, *platform.workQueue, *platform.userDefaults, ownProgram())
         : nullptr;
     ShortcutSource* source = made.get();
     if (source) {

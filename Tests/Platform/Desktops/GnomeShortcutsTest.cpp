@@ -8,6 +8,7 @@
 
 #include <Support/MemoryUserDefaults.h>
 #include <Support/Table.h>
+#include <Support/VirtualMainQueue.h>
 #include <gio/gio.h>
 #include <memory>
 
@@ -108,7 +109,7 @@ private Q_SLOTS:
         const QStringList theirs{u"theirs  "_s};
         MemoryUserDefaults defaults;
         {
-            GnomeShortcuts shortcuts(defaults, u"/a b/tavik"_s);
+            GnomeShortcuts shortcuts(m_queue, defaults, u"/a b/tavik"_s);
             QCOMPARE(m_settings.bindings(), theirs); // Ours was left by a run that was killed.
             QVERIFY(shortcuts.bind(hotKey, {}) != 0);
             QVERIFY(!shortcuts.serves());
@@ -122,9 +123,17 @@ private Q_SLOTS:
                     accelerators.at(i));
             }
             QCOMPARE(m_settings.bindings(), expected);
+            shortcuts.unbind();
+            QCOMPARE(shortcuts.bind(hotKey, {}) == 0, !accelerators.isEmpty());
+            m_queue.advance(1);
+            QCOMPARE(m_settings.bindings(), expected);
+            shortcuts.unbind();
+            m_queue.advance(1);
+            QCOMPARE(m_settings.bindings(), theirs);
+            QCOMPARE(shortcuts.bind(hotKey, {}) == 0, !accelerators.isEmpty());
         }
         QCOMPARE(m_settings.bindings(), theirs);
-        GnomeShortcuts next(defaults, u"/tavik"_s);
+        GnomeShortcuts next(m_queue, defaults, u"/tavik"_s);
         QCOMPARE(next.bind(hotKey, {}) == 0, !accelerators.isEmpty());
     }
 
@@ -144,13 +153,14 @@ private Q_SLOTS:
         m_settings.setPaths("['no path', '/a/theirs/']");
         m_settings.bind("/a/theirs/", used);
         MemoryUserDefaults defaults;
-        GnomeShortcuts shortcuts(defaults, u"/tavik"_s);
+        GnomeShortcuts shortcuts(m_queue, defaults, u"/tavik"_s);
         const KeyEvents::HotKey hotKey{.keyCode = key, .modifierFlags = modifiers, .label = label};
         QCOMPARE(shortcuts.status(hotKey) != 0, isTaken);
         m_settings.bind("/a/theirs/", {});
     }
 
 private:
+    VirtualMainQueue m_queue;
     Settings m_settings;
 };
 

@@ -8,8 +8,10 @@ namespace Tavik {
 
 using namespace Qt::StringLiterals;
 
-std::unique_ptr<ShortcutSource>
-shortcutSourceOfSession(WorkQueue& workQueue, UserDefaults& userDefaults, const QString& program)
+std::unique_ptr<ShortcutSource> shortcutSourceOfSession(MainQueue& mainQueue,
+                                                        WorkQueue& workQueue,
+                                                        UserDefaults& userDefaults,
+                                                        const QString& program)
 {
     const QString swaySocket = qEnvironmentVariable("SWAYSOCK");
     if (!swaySocket.isEmpty()) {
@@ -20,7 +22,7 @@ shortcutSourceOfSession(WorkQueue& workQueue, UserDefaults& userDefaults, const 
         return std::make_unique<KdeShortcuts>(workQueue);
     }
     if (desktops.contains(u"GNOME"_s) && GnomeShortcuts::isOffered()) {
-        return std::make_unique<GnomeShortcuts>(userDefaults, program);
+        return std::make_unique<GnomeShortcuts>(mainQueue, userDefaults, program);
     }
     return nullptr;
 }

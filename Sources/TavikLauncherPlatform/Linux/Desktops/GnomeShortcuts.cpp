@@ -24,6 +24,7 @@ constexpr const char* listKey = "custom-keybindings";
 /// Ours have a number and a slash behind it.
 const QString ownPath
     = u"/org/gnome/settings-daemon/plugins/media-keys/custom-keybindings/tavik-launcher-"_s;
+constexpr double takingBackSeconds = 0.3;
 /// In the user defaults.
 const QString consentKey = u"GnomeShortcutsAllowed"_s;
 
@@ -102,16 +103,17 @@ QString namesOf(quint64 flags)
 
 } // namespace
 
-GnomeShortcuts::GnomeShortcuts(UserDefaults& userDefaults, QString program)
-    : m_userDefaults(userDefaults)
+GnomeShortcuts::GnomeShortcuts(MainQueue& mainQueue, UserDefaults& userDefaults, QString program)
+    : m_mainQueue(mainQueue)
+    , m_userDefaults(userDefaults)
     , m_program(std::move(program))
 {
-    unbind();
+    takeBack();
 }
 
 GnomeShortcuts::~GnomeShortcuts()
 {
-    unbind();
+    takeBack();
     g_settings_sync();
 }
 
@@ -150,12 +152,29 @@ void GnomeShortcuts::allow()
 
 int GnomeShortcuts::bind(const KeyEvents::HotKey& hotKey, Handlers)
 {
-    unbind();
+    m_takingBack.cancel();
     const QStringList accelerators = acceleratorsOf(hotKey);
     m_isRefused = accelerators.isEmpty();
+    if (accelerators != m_written) {
+        takeBack();
+    }
     if (!isAllowed() || m_isRefused) {
         return m_isRefused ? statusNoSuchKey : statusGone;
     }
+    if (m_written.isEmpty()) {
+        write(accelerators);
+    }
+    return 0;
+}
+
+void GnomeShortcuts::unbind()
+{
+    // What comes back at once is not written anew: GNOME's daemon can lose it over that.
+    m_takingBack = m_mainQueue.after(takingBackSeconds, [this] { takeBack(); });
+}
+
+void GnomeShortcuts::write(const QStringList& accelerators)
+{
     const Settings list = listSettings();
     QStringList paths = pathsIn(list.get());
     const QByteArray command = u"\"%1\" --summon"_s.arg(m_program).toUtf8();
@@ -169,11 +188,12 @@ int GnomeShortcuts::bind(const KeyEvents::HotKey& hotKey, Handlers)
     }
     // After the entries: whoever sees the list reads them.
     writePaths(list.get(), paths);
-    return 0;
+    m_written = accelerators;
 }
 
-void GnomeShortcuts::unbind()
+void GnomeShortcuts::takeBack()
 {
+    m_written.clear();
     const Settings list = listSettings();
     QStringList paths = pathsIn(list.get());
     QStringList own;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <TavikLauncherPlatform/Linux/Desktops/ShortcutSource.h>
+#include <TavikLauncherPlatform/MainQueue.h>
 
 #include <QStringList>
 
@@ -16,7 +17,7 @@ class GnomeShortcuts final : public ShortcutSource
 {
 public:
     /// `program` is what a shortcut starts; `userDefaults` remember the consent.
-    GnomeShortcuts(UserDefaults& userDefaults, QString program);
+    GnomeShortcuts(MainQueue& mainQueue, UserDefaults& userDefaults, QString program);
     ~GnomeShortcuts() override;
     GnomeShortcuts(const GnomeShortcuts&) = delete;
     GnomeShortcuts& operator=(const GnomeShortcuts&) = delete;
@@ -38,9 +39,14 @@ private:
     /// In the form of GNOME's settings; a chord has one for each key that can be its last.
     [[nodiscard]] static QStringList acceleratorsOf(const KeyEvents::HotKey& hotKey);
     [[nodiscard]] bool isAllowed() const;
+    void write(const QStringList& accelerators);
+    void takeBack();
 
+    MainQueue& m_mainQueue;
     UserDefaults& m_userDefaults;
     QString m_program;
+    QStringList m_written; ///< The accelerators that are in the settings.
+    Task m_takingBack;
     bool m_isRefused = false;
 };
 

@@ -1,7 +1,5 @@
 # SPDX-License-Identifier: MIT
 """Damaged files: the program starts, says little, and loses nothing."""
-import os
-
 from harness.launcher import HOT_KEY, hot_key_record
 from harness.waiting import wait_until
 
@@ -32,36 +30,3 @@ def test_settings_of_wrong_types_are_repaired_and_the_others_kept(launcher, appl
     launcher.wait_exit()
     assert launcher.defaults()["SomebodyElses"] == {"kept": [1, 2.5, True, b"data"]}
     assert launcher.defaults()["LauncherSettings.hotKeyConfig"] == hot_key_record(HOT_KEY)
-
-
-def test_junk_among_the_applications_is_skipped(launcher, applications, desktop, display, look):
-    alder = applications.add("Alder", "green")
-    folder = applications.folder
-    (folder / "binary.desktop").write_bytes(bytes(range(256)) * 64)
-    (folder / "huge.desktop").write_bytes(b"[Desktop Entry]\nType=Application\nExec=true\nName=" + b"x" * 8_000_000)
-    (folder / "nameless.desktop").write_text("[Desktop Entry]\nType=Application\nExec=true\n")
-    (folder / "no-exec.desktop").write_text("[Desktop Entry]\nType=Application\nName=No Exec\n")
-    (folder / "bro\nken\x1b[31m.desktop").write_text("[Desktop Entry]\nType=Application\nName=A\nExec=true\n")
-    (folder / "folder.desktop").mkdir()
-    (folder / "loop.desktop").symlink_to("loop.desktop")
-    (folder / "round").symlink_to(folder)
-    os.mkfifo(folder / "pipe.desktop")
-    broken_icon = applications.icons / "broken.png"
-    broken_icon.write_bytes(b"\x89PNG\r\n\x1a\n" + b"\xff" * 4000)
-    iconless = applications.add("Iconless")
-    applications.write_entry(iconless.entry, "Iconless", "/bin/true", broken_icon)
-    bundle = desktop.home / "Applications" / "Bad.app" / "Contents"
-    bundle.mkdir(parents=True)
-    (bundle / "Info.plist").write_bytes(b"bplist00" + b"\xff" * 200)
-    locked = desktop.home / "Applications" / "Locked"
-    locked.mkdir(mode=0o000)
-
-    launcher.pin(alder, iconless)
-    launcher.start().wait_indexed()
-    paths = [entry["path"] for entry in launcher.cache()]
-    assert alder.path in paths and str(folder / "nameless.desktop") not in paths
-    launcher.summon(640, 400)
-    look("open")
-    wait_until(lambda: launcher.icon_colour(0, 2) and not launcher.exited(), "the ring is drawn")
-    ours = [line for line in launcher.log_lines() if line.startswith("tavik.") or "TavikLauncher" in line]
-    assert len(ours) <= 10, ours

@@ -79,6 +79,9 @@ private Q_SLOTS:
         const FileTree tree;
         QVERIFY(m_files.isApplicationBundle(tree.makeFolder(u"Folder.app"_s)));
         QVERIFY(m_files.isApplicationBundle(tree.write(u"entry.desktop"_s)));
+        const QString pipe = tree.path(u"pipe.desktop"_s);
+        QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+        QVERIFY(m_files.bundle(pipe)->isHidden); // Nobody waits for its writer.
         for (const QString& path : {tree.write(u"File.app"_s),
                                     tree.makeFolder(u"folder.desktop"_s),
                                     tree.path(u"missing.app"_s),

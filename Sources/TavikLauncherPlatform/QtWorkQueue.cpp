@@ -52,6 +52,7 @@ QtWorkQueue::~QtWorkQueue()
     m_reads.waitForDone();
     m_launches.waitForDone();
     m_writes.waitForDone();
+    takeOver(this);
 }
 
 bool QtWorkQueue::finish()
@@ -76,11 +77,11 @@ void QtWorkQueue::schedule(WorkPriority priority, Job job)
         timer.start();
         Done done = job();
         job = nullptr; // Here, with all that it holds.
-        handOver(this);
         Errand::send(*this, std::move(done));
         if (m_releaseMemory && timer.elapsed() > longJobMilliseconds) {
             m_releaseMemory();
         }
+        handOver(this);
     });
     handOver(work);
     poolFor(priority).start(work); // Which deletes it.

@@ -553,27 +553,3 @@ def test_an_export_that_fails_says_why_and_leaves_the_old_file(launcher, window,
     wait_until(lambda: any(text.startswith("Couldn't export: ") and "link" in text for text in window.texts()),
                "the window says that it is a link")
     assert other.read_text() == "{}"
-
-
-# --- long lists
-
-@pytest.mark.desktop(**LARGE)
-def test_a_long_list_opens_at_once_and_shows_what_has_vanished(launcher, window, applications, display, look):
-    applications.add_many(3000)
-    entries = sorted(applications.folder.iterdir())
-    launcher.settings(permanentAppPaths=[str(path) for path in entries])
-    launcher.start(environment=ENVIRONMENT).wait_indexed()
-    window.open("permanentApps")
-    first = window.control(ITEM, "Filler ")
-    window.focus(LIST, "Permanent applications")
-    display.press("Home")
-    display.press("Down")
-    entries[0].unlink()
-    window.wait(ITEM, entries[0].stem, lambda item: item.name.endswith(", not installed"), "is marked as missing")
-    look("vanished")
-    assert first.name != ""
-    display.press("alt+Up")
-    wait_setting(launcher, "pinnedPermanentAppPaths",
-                 [str(path) for path in (entries[1], entries[0], *entries[2:])])
-    display.press("Delete")
-    wait_setting(launcher, "permanentAppPaths", [str(path) for path in (entries[0], *entries[2:])])

@@ -80,224 +80,216 @@ class SettingsControlsTest final : public QObject
 private Q_SLOTS:
     void cleanup() { QApplication::setPalette(QPalette()); }
 
-    void everyControlIsNamedExplainedAndShowsItsFocus();
-    void theWheelScrollsThePageUnlessASliderHasTheFocus();
-    void colorsAreTypedAndMistypedOnesForgotten();
-    void swatchesArePickedByKeyboard();
-    void theSwatchesGoWhenSomethingElseIsDone();
-    void colorsFollowTheDesktopAtOnce();
-    void nothingIsCutOffInTheSmallestWindow_data();
-    void nothingIsCutOffInTheSmallestWindow();
-    void endlessNamesPushNothingOutOfTheWindow();
+    void everyControlIsNamedExplainedAndShowsItsFocus()
+    {
+        SettingsWindowFixture fixture;
+        fixture.settings.addPermanentApp(fixture.path(u"A"_s));
+        int count = 0;
+        for (const Section& section : allSettingsSections) {
+            SettingsPage& page = fixture.open(section.id);
+            for (QWidget* control : page.widget()->findChildren<QWidget*>()) {
+                const bool isReachable = (control->focusPolicy() & Qt::TabFocus) != 0;
+                if (!isReachable || !control->isVisible() || !control->isEnabled()) {
+                    continue;
+                }
+                ++count;
+                const QString name = control->accessibleName();
+                QVERIFY2(!name.isEmpty(), control->metaObject()->className());
+                // A part of a control is explained by the whole.
+                const bool isExplained = !control->accessibleDescription().isEmpty()
+                    || !control->parentWidget()->accessibleDescription().isEmpty();
+                const auto* tooltip = control->findChild<HoverTooltip*>();
+                // Nothing is said twice to who sees the row.
+                for (const QLabel* label : page.widget()->findChildren<QLabel*>()) {
+                    QVERIFY2(!tooltip || label->text() != tooltip->text(), qPrintable(name));
+                }
+                QVERIFY2(isExplained, qPrintable(name));
+
+                fixture.view.setFocus();
+                page.ensureWidgetVisible(control);
+                const QImage before = picture(*control);
+                control->setFocus(Qt::TabFocusReason);
+                QVERIFY2(control->hasFocus(), qPrintable(name));
+                QVERIFY2(picture(*control) != before, qPrintable(name));
+            }
+        }
+        QVERIFY2(count >= 35, qPrintable(QString::number(count)));
+    }
+
+    void theWheelScrollsThePageUnlessASliderHasTheFocus()
+    {
+        SettingsWindowFixture fixture;
+        fixture.view.resize(LauncherSettingsView::smallestSize);
+        SettingsPage& page = fixture.open(Section::theme);
+        auto& slider = fixture.control<Slider>(u"ringOpacity"_s);
+        page.ensureWidgetVisible(&slider);
+        const int place = page.verticalScrollBar()->value();
+        scroll(slider, -120);
+        QCOMPARE(fixture.settings.ringOpacity(), 0.82);
+        QVERIFY(page.verticalScrollBar()->value() > place);
+        slider.setFocus();
+        scroll(slider, -120);
+        QVERIFY(fixture.settings.ringOpacity() < 0.82);
+    }
+
+    void colorsAreTypedAndMistypedOnesForgotten()
+    {
+        SettingsWindowFixture fixture;
+        fixture.open(Section::theme);
+        QLineEdit& entry = fixture.control<ColorField>(u"ringColorHex"_s).hexEntry();
+        entry.setFocus();
+        entry.selectAll();
+        QTest::keyClicks(&entry, u"aabb"_s);
+        QVERIFY(fixture.changed.isEmpty());
+        QTest::keyClicks(&entry, u"cc"_s);
+        QCOMPARE(fixture.settings.ringColorHex(), u"#AABBCC"_s);
+        // What is typed stays as it is until the field is left.
+        QCOMPARE(entry.text(), u"aabbcc"_s);
+        QTest::keyClicks(&entry, u"zz"_s);
+        QTest::keyClick(&entry, Qt::Key_Return);
+        QCOMPARE(entry.text(), u"#AABBCC"_s);
+        QCOMPARE(fixture.changed, QStringList{u"ringColorHex"_s});
+    }
+
+    void swatchesArePickedByKeyboard()
+    {
+        SettingsWindowFixture fixture;
+        fixture.open(Section::theme);
+        auto& well = fixture.control<ColorField>(u"highlightColorHex"_s).well();
+        well.setFocus(Qt::TabFocusReason);
+        QTest::keyClick(&well, Qt::Key_Space);
+        auto* popover = fixture.view.findChild<SwatchPopover*>();
+        QVERIFY(popover && popover->isVisible());
+        QVERIFY(fixture.view.rect().contains(popover->geometry()));
+        const auto buttons = popover->findChildren<QAbstractButton*>();
+        // And the way to all other colours.
+        QCOMPARE(std::size_t(buttons.size()), darkSwatches().size() + accentSwatches().size() + 1);
+        // The stored color is one of them, so it has the focus.
+        QWidget* focused = QApplication::focusWidget();
+        QCOMPARE(focused->accessibleName(), u"Blue"_s);
+        QTest::keyClick(focused, Qt::Key_Right);
+        QCOMPARE(fixture.settings.highlightColorHex(), accentSwatches()[1].hex);
+        // Tab goes round inside; Escape takes back what was picked.
+        for (qsizetype i = 0; i < buttons.size(); ++i) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            QVERIFY(popover->isAncestorOf(QApplication::focusWidget()));
+        }
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        QVERIFY(well.hasFocus());
+        QCOMPARE(fixture.settings.highlightColorHex(), u"#0A84FF"_s);
+        fixture.settle();
+        QCOMPARE(fixture.view.findChild<SwatchPopover*>(), nullptr);
+    }
+
+    void theSwatchesGoWhenSomethingElseIsDone()
+    {
+        SettingsWindowFixture fixture;
+        fixture.open(Section::theme);
+        auto& well = fixture.control<ColorField>(u"ringColorHex"_s).well();
+        const auto isOpen = [&] {
+            fixture.settle();
+            return fixture.view.findChild<SwatchPopover*>() != nullptr;
+        };
+        QTest::mouseClick(&well, Qt::LeftButton);
+        QVERIFY(isOpen());
+        QTest::mouseClick(&well, Qt::LeftButton);
+        QVERIFY(!isOpen());
+        well.click();
+        fixture.view.showSection(u"hints"_s);
+        QVERIFY(!isOpen());
+        fixture.view.showSection(u"theme"_s);
+        well.click();
+        fixture.view.close();
+        QVERIFY(!isOpen());
+    }
+
+    void colorsFollowTheDesktopAtOnce()
+    {
+        SettingsWindowFixture fixture;
+        const Framed frame(fixture.view);
+        QApplication::setPalette(QPalette(QColor(230, 230, 230), QColor(240, 240, 240)));
+        fixture.open(Section::appearance);
+        QCOMPARE(picture(fixture.view).pixelColor(500, 690), QColor(0xF4, 0xF5, 0xF7));
+        QApplication::setPalette(QPalette(QColor(50, 50, 50), QColor(30, 30, 30)));
+        fixture.settle();
+        QCOMPARE(picture(fixture.view).pixelColor(20, 690), QColor(0x26, 0x27, 0x2B));
+        // Texts and controls follow as well.
+        for (const Label* label : fixture.view.findChildren<Label*>()) {
+            QVERIFY(label->palette().color(label->foregroundRole()).lightness() > 128);
+        }
+    }
+
+    void nothingIsCutOffInTheSmallestWindow_data()
+    {
+        const Table<QString, double, bool> row;
+        for (const Section& section : allSettingsSections) {
+            const QString id = section.id.toString();
+            row(qPrintable(id + u", usual font"_s), id, 1, false);
+            row(qPrintable(id + u", large font"_s), id, 1.5, false);
+            row(qPrintable(id + u", large font while open"_s), id, 1.5, true);
+        }
+    }
+
+    void nothingIsCutOffInTheSmallestWindow()
+    {
+        const auto [section, factor, isChangedWhileOpen] = fetch<QString, double, bool>();
+        const QFont usual = QApplication::font();
+        const auto restore = qScopeGuard([&] { QApplication::setFont(usual); });
+        SettingsWindowFixture fixture;
+        const Framed frame(fixture.view);
+        if (isChangedWhileOpen) {
+            fixture.open(section);
+        }
+        QApplication::setFont(scaledFont(usual, factor));
+        fixture.view.window()->resize(LauncherSettingsView::smallestSize);
+        const SettingsPage& page = fixture.open(section);
+        fixture.settle();
+        QCOMPARE(fixture.view.size(), LauncherSettingsView::smallestSize);
+        for (const QAbstractButton* title :
+             fixture.control<SettingsSidebar>({}).findChildren<QAbstractButton*>()) {
+            QVERIFY2(title->width() >= title->sizeHint().width(), qPrintable(title->text()));
+            QVERIFY2(title->visibleRegion().boundingRect() == title->rect(),
+                     qPrintable(title->text()));
+        }
+        // No page is wider than its viewport, and no text lacks the room it needs.
+        QVERIFY(page.widget()->width() <= page.viewport()->width());
+        for (const Label* label : page.findChildren<Label*>()) {
+            if (label->isVisible() && !label->text().isEmpty()) {
+                QVERIFY2(label->height() >= label->heightForWidth(label->width())
+                             || !label->wordWrap(),
+                         qPrintable(label->text()));
+                QVERIFY2(label->wordWrap() || label->width() >= label->sizeHint().width(),
+                         qPrintable(label->text()));
+            }
+        }
+        for (QAbstractButton* button : page.findChildren<QAbstractButton*>()) {
+            if (button->isVisible()) {
+                const QSize needed = button->minimumSizeHint();
+                QVERIFY2(button->width() >= needed.width() && button->height() >= needed.height(),
+                         qPrintable(button->accessibleName()));
+            }
+        }
+    }
+
+    void endlessNamesPushNothingOutOfTheWindow()
+    {
+        SettingsWindowFixture fixture;
+        const Framed frame(fixture.view);
+        const auto widthBeyondWindow = [&] {
+            fixture.settle();
+            const SettingsPage& page = *fixture.view.page();
+            return page.widget()->width() - page.viewport()->width();
+        };
+        fixture.settings.hotKeyConfig.set({0x40000, 49, QString(4000, u'w')});
+        fixture.open(Section::shortcut);
+        QVERIFY(widthBeyondWindow() <= 0);
+        fixture.chosenFile = u'/' + QString(250, u'w');
+        fixture.open(Section::backup);
+        fixture.click(u"importSettings"_s);
+        QVERIFY(!fixture.message(u"backupMessage"_s).isEmpty());
+        QVERIFY(widthBeyondWindow() <= 0);
+    }
 };
-
-void SettingsControlsTest::everyControlIsNamedExplainedAndShowsItsFocus()
-{
-    SettingsWindowFixture fixture;
-    fixture.settings.addPermanentApp(fixture.path(u"A"_s));
-    int count = 0;
-    for (const Section& section : allSettingsSections) {
-        SettingsPage& page = fixture.open(section.id);
-        for (QWidget* control : page.widget()->findChildren<QWidget*>()) {
-            const bool isReachable = (control->focusPolicy() & Qt::TabFocus) != 0;
-            if (!isReachable || !control->isVisible() || !control->isEnabled()) {
-                continue;
-            }
-            ++count;
-            const QString name = control->accessibleName();
-            QVERIFY2(!name.isEmpty(), control->metaObject()->className());
-            // A part of a control is explained by the whole.
-            const bool isExplained = !control->accessibleDescription().isEmpty()
-                || !control->parentWidget()->accessibleDescription().isEmpty();
-            const auto* tooltip = control->findChild<HoverTooltip*>();
-            // Nothing is said twice to who sees the row.
-            for (const QLabel* label : page.widget()->findChildren<QLabel*>()) {
-                QVERIFY2(!tooltip || label->text() != tooltip->text(), qPrintable(name));
-            }
-            QVERIFY2(isExplained, qPrintable(name));
-
-            fixture.view.setFocus();
-            page.ensureWidgetVisible(control);
-            const QImage before = picture(*control);
-            control->setFocus(Qt::TabFocusReason);
-            QVERIFY2(control->hasFocus(), qPrintable(name));
-            QVERIFY2(picture(*control) != before, qPrintable(name));
-        }
-    }
-    QVERIFY2(count >= 35, qPrintable(QString::number(count)));
-}
-
-void SettingsControlsTest::theWheelScrollsThePageUnlessASliderHasTheFocus()
-{
-    SettingsWindowFixture fixture;
-    fixture.view.resize(LauncherSettingsView::smallestSize);
-    SettingsPage& page = fixture.open(Section::theme);
-    auto& slider = fixture.control<Slider>(u"ringOpacity"_s);
-    page.ensureWidgetVisible(&slider);
-    const int place = page.verticalScrollBar()->value();
-    scroll(slider, -120);
-    QCOMPARE(fixture.settings.ringOpacity(), 0.82);
-    QVERIFY(page.verticalScrollBar()->value() > place);
-    slider.setFocus();
-    scroll(slider, -120);
-    QVERIFY(fixture.settings.ringOpacity() < 0.82);
-}
-
-void SettingsControlsTest::colorsAreTypedAndMistypedOnesForgotten()
-{
-    SettingsWindowFixture fixture;
-    fixture.open(Section::theme);
-    QLineEdit& entry = fixture.control<ColorField>(u"ringColorHex"_s).hexEntry();
-    entry.setFocus();
-    entry.selectAll();
-    QTest::keyClicks(&entry, u"aabb"_s);
-    QVERIFY(fixture.changed.isEmpty());
-    QTest::keyClicks(&entry, u"cc"_s);
-    QCOMPARE(fixture.settings.ringColorHex(), u"#AABBCC"_s);
-    // What is typed stays as it is until the field is left.
-    QCOMPARE(entry.text(), u"aabbcc"_s);
-    QTest::keyClicks(&entry, u"zz"_s);
-    QTest::keyClick(&entry, Qt::Key_Return);
-    QCOMPARE(entry.text(), u"#AABBCC"_s);
-    QCOMPARE(fixture.changed, QStringList{u"ringColorHex"_s});
-}
-
-void SettingsControlsTest::swatchesArePickedByKeyboard()
-{
-    SettingsWindowFixture fixture;
-    fixture.open(Section::theme);
-    auto& well = fixture.control<ColorField>(u"highlightColorHex"_s).well();
-    well.setFocus(Qt::TabFocusReason);
-    QTest::keyClick(&well, Qt::Key_Space);
-    auto* popover = fixture.view.findChild<SwatchPopover*>();
-    QVERIFY(popover && popover->isVisible());
-    QVERIFY(fixture.view.rect().contains(popover->geometry()));
-    const auto buttons = popover->findChildren<QAbstractButton*>();
-    // And the way to all other colours.
-    QCOMPARE(std::size_t(buttons.size()), darkSwatches().size() + accentSwatches().size() + 1);
-    // The stored color is one of them, so it has the focus.
-    QWidget* focused = QApplication::focusWidget();
-    QCOMPARE(focused->accessibleName(), u"Blue"_s);
-    QTest::keyClick(focused, Qt::Key_Right);
-    QCOMPARE(fixture.settings.highlightColorHex(), accentSwatches()[1].hex);
-    // Tab goes round inside; Escape takes back what was picked.
-    for (qsizetype i = 0; i < buttons.size(); ++i) {
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        QVERIFY(popover->isAncestorOf(QApplication::focusWidget()));
-    }
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-    QVERIFY(well.hasFocus());
-    QCOMPARE(fixture.settings.highlightColorHex(), u"#0A84FF"_s);
-    fixture.settle();
-    QCOMPARE(fixture.view.findChild<SwatchPopover*>(), nullptr);
-}
-
-void SettingsControlsTest::theSwatchesGoWhenSomethingElseIsDone()
-{
-    SettingsWindowFixture fixture;
-    fixture.open(Section::theme);
-    auto& well = fixture.control<ColorField>(u"ringColorHex"_s).well();
-    const auto isOpen = [&] {
-        fixture.settle();
-        return fixture.view.findChild<SwatchPopover*>() != nullptr;
-    };
-    QTest::mouseClick(&well, Qt::LeftButton);
-    QVERIFY(isOpen());
-    QTest::mouseClick(&well, Qt::LeftButton);
-    QVERIFY(!isOpen());
-    well.click();
-    fixture.view.showSection(u"hints"_s);
-    QVERIFY(!isOpen());
-    fixture.view.showSection(u"theme"_s);
-    well.click();
-    fixture.view.close();
-    QVERIFY(!isOpen());
-}
-
-void SettingsControlsTest::colorsFollowTheDesktopAtOnce()
-{
-    SettingsWindowFixture fixture;
-    const Framed frame(fixture.view);
-    QApplication::setPalette(QPalette(QColor(230, 230, 230), QColor(240, 240, 240)));
-    fixture.open(Section::appearance);
-    QCOMPARE(picture(fixture.view).pixelColor(500, 690), QColor(0xF4, 0xF5, 0xF7));
-    QApplication::setPalette(QPalette(QColor(50, 50, 50), QColor(30, 30, 30)));
-    fixture.settle();
-    QCOMPARE(picture(fixture.view).pixelColor(20, 690), QColor(0x26, 0x27, 0x2B));
-    // Texts and controls follow as well.
-    for (const Label* label : fixture.view.findChildren<Label*>()) {
-        QVERIFY(label->palette().color(label->foregroundRole()).lightness() > 128);
-    }
-}
-
-void SettingsControlsTest::nothingIsCutOffInTheSmallestWindow_data()
-{
-    const Table<QString, double, bool> row;
-    for (const Section& section : allSettingsSections) {
-        const QString id = section.id.toString();
-        row(qPrintable(id + u", usual font"_s), id, 1, false);
-        row(qPrintable(id + u", large font"_s), id, 1.5, false);
-        row(qPrintable(id + u", large font while open"_s), id, 1.5, true);
-    }
-}
-
-void SettingsControlsTest::nothingIsCutOffInTheSmallestWindow()
-{
-    const auto [section, factor, isChangedWhileOpen] = fetch<QString, double, bool>();
-    const QFont usual = QApplication::font();
-    const auto restore = qScopeGuard([&] { QApplication::setFont(usual); });
-    SettingsWindowFixture fixture;
-    const Framed frame(fixture.view);
-    if (isChangedWhileOpen) {
-        fixture.open(section);
-    }
-    QApplication::setFont(scaledFont(usual, factor));
-    fixture.view.window()->resize(LauncherSettingsView::smallestSize);
-    const SettingsPage& page = fixture.open(section);
-    fixture.settle();
-    QCOMPARE(fixture.view.size(), LauncherSettingsView::smallestSize);
-    for (const QAbstractButton* title :
-         fixture.control<SettingsSidebar>({}).findChildren<QAbstractButton*>()) {
-        QVERIFY2(title->width() >= title->sizeHint().width(), qPrintable(title->text()));
-        QVERIFY2(title->visibleRegion().boundingRect() == title->rect(), qPrintable(title->text()));
-    }
-    // No page is wider than its viewport, and no text lacks the room it needs.
-    QVERIFY(page.widget()->width() <= page.viewport()->width());
-    for (const Label* label : page.findChildren<Label*>()) {
-        if (label->isVisible() && !label->text().isEmpty()) {
-            QVERIFY2(label->height() >= label->heightForWidth(label->width()) || !label->wordWrap(),
-                     qPrintable(label->text()));
-            QVERIFY2(label->wordWrap() || label->width() >= label->sizeHint().width(),
-                     qPrintable(label->text()));
-        }
-    }
-    for (QAbstractButton* button : page.findChildren<QAbstractButton*>()) {
-        if (button->isVisible()) {
-            const QSize needed = button->minimumSizeHint();
-            QVERIFY2(button->width() >= needed.width() && button->height() >= needed.height(),
-                     qPrintable(button->accessibleName()));
-        }
-    }
-}
-
-void SettingsControlsTest::endlessNamesPushNothingOutOfTheWindow()
-{
-    SettingsWindowFixture fixture;
-    const Framed frame(fixture.view);
-    const auto widthBeyondWindow = [&] {
-        fixture.settle();
-        const SettingsPage& page = *fixture.view.page();
-        return page.widget()->width() - page.viewport()->width();
-    };
-    fixture.settings.hotKeyConfig.set({0x40000, 49, QString(4000, u'w')});
-    fixture.open(Section::shortcut);
-    QVERIFY(widthBeyondWindow() <= 0);
-    fixture.chosenFile = u'/' + QString(250, u'w');
-    fixture.open(Section::backup);
-    fixture.click(u"importSettings"_s);
-    QVERIFY(!fixture.message(u"backupMessage"_s).isEmpty());
-    QVERIFY(widthBeyondWindow() <= 0);
-}
 
 QTEST_MAIN(SettingsControlsTest)
 #include "SettingsControlsTest.moc"

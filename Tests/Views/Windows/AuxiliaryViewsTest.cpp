@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "../../Ring/RingFixture.h"
+#include <TavikLauncher/Look/WrappedLabel.h>
 #include <TavikLauncher/Settings/HotKeyConfig.h>
 #include <TavikLauncher/Views/Windows/AccessibilityPermissionView.h>
 #include <TavikLauncher/Views/Windows/OnboardingTour.h>
@@ -7,6 +8,7 @@
 #include <TavikLauncher/Views/Windows/ReindexView.h>
 
 #include <QApplication>
+#include <QBitmap>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLabel>
@@ -219,6 +221,23 @@ private Q_SLOTS:
             const QImage first = asked.view->grab().toImage();
             asked.queue.advance(0.5);
             QCOMPARE(asked.view->grab().toImage() == first, isReduced);
+        }
+    }
+
+    void noTextEndsInALineOfAWordOrTwo()
+    {
+        WrappedLabel label(
+            u"The global hotkey is now working. Tavik Launcher will appear over any app."_s);
+        const int line = label.fontMetrics().lineSpacing();
+        for (const int width : {200, 360, 384, 430}) {
+            label.resize(width, label.heightForWidth(width));
+            const QRegion ink = QBitmap::fromImage(label.grab().toImage().createMaskFromColor(
+                label.palette().color(QPalette::Window).rgb()));
+            const auto lengthOf = [&](int y) {
+                return (ink & QRect(0, y, width, line)).boundingRect().width();
+            };
+            QVERIFY(label.height() > line * 3 / 2);
+            QVERIFY(lengthOf(label.height() - line) > 0.6 * lengthOf(0));
         }
     }
 

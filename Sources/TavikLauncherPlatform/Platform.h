@@ -65,6 +65,10 @@ struct PlatformOptions
 /// `makePlatform`.
 [[nodiscard]] std::optional<int> runAsHelper(int argc, char** argv);
 
+/// Has all threads share one heap: they work seldom at the same time, and a heap for each would
+/// mostly be holes. To be called before the first thread begins. Implemented beside `makePlatform`.
+void saveMemory();
+
 /// Chooses the window system for the toolkit, unless the user has. To be called before the
 /// application object exists. The result tells why no window can be shown in this session, as a
 /// clause for people; absent when one can. Implemented beside `makePlatform`.

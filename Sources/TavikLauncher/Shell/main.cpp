@@ -184,6 +184,7 @@ int main(int argc, char** argv)
     if (const std::optional<int> exitCode = runAsHelper(argc, argv)) {
         return *exitCode;
     }
+    saveMemory();
     // Processes of ours are waited for, whatever we were started to ignore.
     std::signal(SIGCHLD, SIG_DFL);
     CommandLine commandLine = CommandLine::parse(argumentList(argc, argv));

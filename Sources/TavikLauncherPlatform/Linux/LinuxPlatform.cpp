@@ -185,6 +185,11 @@ std::unique_ptr<Updater> makeUpdater(const UpdateSource& source, Platform& platf
 
 } // namespace
 
+void saveMemory()
+{
+    mallopt(M_ARENA_MAX, 1);
+}
+
 std::optional<int> runAsHelper(int argc, char** argv)
 {
     return FetchProgram::run(argc, argv);
@@ -194,7 +199,7 @@ std::unique_ptr<Platform> makePlatform(const PlatformOptions& options)
 {
     auto platform = std::make_unique<Platform>();
     platform->mainQueue = std::make_unique<QtMainQueue>();
-    // A walk over thousands of entries leaves many small holes in each thread's heap.
+    // A walk over thousands of entries leaves many small holes in the heap.
     platform->workQueue = std::make_unique<QtWorkQueue>([] { malloc_trim(0); });
     platform->userDefaults = std::make_unique<PropertyListDefaults>(
         PropertyListDefaults::defaultPath(), *platform->mainQueue, *platform->workQueue);

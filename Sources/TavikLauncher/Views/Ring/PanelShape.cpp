@@ -3,8 +3,10 @@
 #include <TavikLauncher/Views/Ring/RingPainter.h>
 #include <TavikLauncherPlatform/WindowServer.h>
 
+#include <QPainter>
 #include <QWidget>
 
+#include <algorithm>
 #include <utility>
 
 namespace Tavik {
@@ -38,6 +40,9 @@ void PanelShape::fit(const RingScene& scene)
     const QRegion shape = scene.isOpaque ? RingPainter::shape(scene) : QRegion();
     if (std::exchange(m_shape, shape) != shape || isAnother) {
         m_windowServer.setShape(panel, shape);
+        if (!m_behind.isNull()) {
+            lookSoon(); // Labels have moved: what lay behind them can be seen now.
+        }
     }
     // Asked for where the panel has its place: the window system forgets nothing of it in between.
     const QRegion band = scene.isOpaque ? QRegion() : RingPainter::bandRegion(scene);
@@ -50,8 +55,13 @@ void PanelShape::placed()
 {
     forget();
     if (m_view.isVisible() && !m_windowServer.isCompositing()) {
-        m_look = m_mainQueue.after(lookDelay, [this] { look(); });
+        lookSoon();
     }
+}
+
+void PanelShape::lookSoon()
+{
+    m_look = m_mainQueue.after(lookDelay, [this] { look(); });
 }
 
 void PanelShape::forget()
@@ -65,12 +75,28 @@ void PanelShape::forget()
 void PanelShape::look()
 {
     m_look.cancel();
-    // The panel has its hard edge now, so that what lies beyond it is seen.
-    m_behind = m_windowServer.pictureAt(m_view.window()->internalWinId());
-    m_behind.setDevicePixelRatio(m_view.devicePixelRatioF());
-    if (!m_behind.isNull()) {
-        m_behindChanged();
+    // The panel has its hard edge at first, so that what lies beyond it is seen.
+    QImage seen = m_windowServer.pictureAt(m_view.window()->internalWinId());
+    if (seen.isNull()) {
+        return;
     }
+    // Within the shape the screen shows ourselves. What was known there stays known; the rest is
+    // taken to be as what is beside it, or old labels would peep out at the new ones' edges.
+    QPainter painter(&seen);
+    painter.setClipRegion(m_shape);
+    if (m_behind.isNull()) {
+        for (const QRect& covered : m_shape) {
+            const QPoint beside(std::max(covered.left() - 1, 0), covered.top());
+            painter.fillRect(covered, seen.pixelColor(beside));
+        }
+    } else {
+        m_behind.setDevicePixelRatio(1);
+        painter.drawImage(0, 0, m_behind);
+    }
+    painter.end();
+    m_behind = seen;
+    m_behind.setDevicePixelRatio(m_view.devicePixelRatioF());
+    m_behindChanged();
 }
 
 } // namespace Tavik

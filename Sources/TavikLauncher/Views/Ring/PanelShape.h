@@ -40,6 +40,7 @@ public:
     void forget();
 
 private:
+    void lookSoon();
     void look();
 
     QWidget& m_view;

@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QImage>
 #include <QPoint>
+#include <QRect>
 #include <QRegion>
 #include <QtGui/qwindowdefs.h>
 
@@ -36,6 +37,12 @@ public:
     /// Moves the panel's corner to a pixel of the desktop, which the toolkit's whole points may not
     /// name. Not for a panel that is managed.
     virtual void movePanel(WId, QPoint) { }
+    /// The panel has a place in the toolkit's plane, in points; for a window system that does not
+    /// learn it from the toolkit.
+    virtual void placePanel(WId, const QRect&) { }
+    /// The panel has just been shown, before its first frame, or will be hidden next.
+    virtual void panelShown(WId) { }
+    virtual void panelHides(WId) { }
     /// Lets the pointer reach a window only there; device pixels, y growing downwards.
     virtual void setInputRegion(WId window, const QRegion& region) = 0;
     /// Cuts away all else of the window, likewise; an empty region cuts away nothing. The toolkit's

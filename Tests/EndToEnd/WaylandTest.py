@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
-"""Wayland desktops: the trigger that each of them listens for in our place."""
+"""Wayland desktops: the trigger that each of them listens for in our place, and the ring at the pointer where a
+window can be placed."""
 import time
 
 import pytest
@@ -39,6 +40,13 @@ class Ring:
     def wait_hidden(self):
         wait_until(lambda: not self.is_shown(), "the ring is gone")
 
+    def middle(self, x, y):
+        """The middle of what has changed on the row and on the column through a place."""
+        seen = self.display.picture()
+        row = [at for at in range(seen.width) if seen.pixel(at, y) != self.empty.pixel(at, y)]
+        column = [at for at in range(seen.height) if seen.pixel(x, at) != self.empty.pixel(x, at)]
+        return (row[0] + row[-1]) / 2, (column[0] + column[-1]) / 2
+
 
 @pytest.fixture
 def desktop(request):
@@ -51,10 +59,11 @@ def desktop(request):
         yield made
 
 
-def on(kind, natively=(False, True)):
-    """Repeats a test on that desktop, with and without an X server."""
-    return pytest.mark.parametrize("desktop", [(kind, not native) for native in natively], indirect=True,
-                                   ids=["native" if native else "with an X server" for native in natively])
+def on(*kinds, natively=(False, True)):
+    """Repeats a test on those desktops, with and without an X server."""
+    return pytest.mark.parametrize(
+        "desktop", [(kind, not native) for kind in kinds for native in natively], indirect=True,
+        ids=[f"{kind.name}-{'native' if native else 'with an X server'}" for kind in kinds for native in natively])
 
 
 @pytest.fixture
@@ -165,3 +174,33 @@ def test_gnome_is_given_shortcuts_that_go_again(ring, desktop, look):
     ring.launcher.command("--quit")
     assert ring.launcher.wait_exit() == 0
     assert "tavik" not in desktop.custom_shortcuts()
+
+
+@on(Sway, KWin)
+def test_the_ring_opens_at_the_pointer_and_goes_with_a_click_elsewhere(ring, desktop, look):
+    display = desktop.display
+    ring.launcher.pin(birch := desktop.applications.add("Birch"))
+    ring.start()
+    for place in ((400, 300), (901, 499)):
+        display.move_pointer(*place)
+        time.sleep(0.2)  # Until the desktop has drawn the pointer there.
+        ring.empty = display.picture()
+        ring.launcher.command("--toggle")
+        ring.wait_shown()
+        time.sleep(0.3)
+        look(f"at {place}")
+        middle = ring.middle(*place)
+        assert abs(middle[0] - place[0]) <= 1 and abs(middle[1] - place[1]) <= 5, f"{middle}; its shadow lies lower"
+        display.move_pointer(640, 40)
+        stays(ring.is_shown, "a pointer that leaves takes nothing from it", 0.3)
+        display.click()
+        ring.wait_hidden()
+    display.move_pointer(*PLACE)
+    time.sleep(0.2)
+    ring.empty = display.picture()
+    ring.launcher.command("--toggle")
+    ring.wait_shown()
+    display.type("birch")
+    look("typed")
+    display.press("Return")
+    birch.wait_started()

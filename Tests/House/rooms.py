@@ -16,8 +16,8 @@ VIEWS = [f"TavikLauncher/Views/{view}" for view in ("Ring", "Windows", "Settings
 SHELL = "TavikLauncher/Shell"
 BASE = {CORE, PLATFORM}
 LINUX = f"{PLATFORM}/Linux"
-DISK, SESSION, APPLICATIONS, DESKTOPS, UPDATES, X11 = (
-    f"{LINUX}/{room}" for room in ("Disk", "Session", "Applications", "Desktops", "Updates", "X11"))
+DISK, SESSION, APPLICATIONS, DESKTOPS, UPDATES, X11, WAYLAND = (
+    f"{LINUX}/{room}" for room in ("Disk", "Session", "Applications", "Desktops", "Updates", "X11", "Wayland"))
 
 ROOMS = {  # room: (rooms it may include, may use widgets, may use native headers)
     CORE: (set(), False, False),
@@ -29,7 +29,8 @@ ROOMS = {  # room: (rooms it may include, may use widgets, may use native header
     DESKTOPS: (BASE | {SESSION}, False, True),
     UPDATES: (BASE | {DISK}, False, True),
     X11: (BASE | {DISK, SESSION, APPLICATIONS}, False, True),
-    LINUX: (BASE | {f"{PLATFORM}/Null", DISK, SESSION, APPLICATIONS, DESKTOPS, UPDATES, X11}, False, True),
+    WAYLAND: (BASE, False, True),
+    LINUX: (BASE | {f"{PLATFORM}/Null", DISK, SESSION, APPLICATIONS, DESKTOPS, UPDATES, X11, WAYLAND}, False, True),
     CATALOG: (BASE, False, False),
     SETTINGS: (BASE, False, False),
     RING: (BASE | {CATALOG, SETTINGS}, False, False),

@@ -20,6 +20,10 @@
 #include <TavikLauncherPlatform/Linux/Updates/FetchProgram.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateFolder.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateSignature.h>
+#ifdef TAVIK_HAS_WAYLAND
+#include <TavikLauncherPlatform/Linux/Wayland/WaylandWindowServer.h>
+#endif
+#include <TavikLauncherPlatform/Linux/X11/X11Connection.h>
 #include <TavikLauncherPlatform/Linux/X11/X11InputGrabs.h>
 #include <TavikLauncherPlatform/Linux/X11/X11KeyEvents.h>
 #include <TavikLauncherPlatform/Linux/X11/X11KeyboardLimit.h>
@@ -130,11 +134,38 @@ void addX11Services(Platform& platform,
     }
 }
 
-/// Where nobody tells of windows, applications can still be started.
-void addNullServices(Platform& platform, LinuxFileManager& files, const PlatformOptions& options)
+/// Who tells of windows in a Wayland session: an X server beside it, of its programs'. Without any
+/// applications can still be started.
+std::unique_ptr<WindowSource> windowSourceOfSession(MainQueue& mainQueue)
 {
+    const bool hasXServer = !qEnvironmentVariableIsEmpty("DISPLAY") && !X11Connection().isBroken();
+    return hasXServer ? std::make_unique<X11WindowTracker>(mainQueue)
+                      : std::unique_ptr<WindowSource>(std::make_unique<NoWindows>());
+}
+
+/// Adds what the compositor offers beyond the toolkit, if it does.
+void addCompositorServices([[maybe_unused]] Platform& platform)
+{
+#ifdef TAVIK_HAS_WAYLAND
+    if (auto server = WaylandWindowServer::make(*platform.mainQueue)) {
+        platform.screens
+            = std::make_unique<QtScreens>(QtScreens::Hooks{.pointerInPoints = [&server = *server] {
+                  return server.pointer();
+              }});
+        platform.windowServer = std::move(server);
+    }
+#endif
+}
+
+/// For a session without an X server that the toolkit speaks to.
+void addWaylandServices(Platform& platform, LinuxFileManager& files, const PlatformOptions& options)
+{
+    const bool isWayland = QGuiApplication::platformName() == u"wayland"_s;
     platform.workspace = std::make_unique<ApplicationWorkspace>(
-        *platform.mainQueue, *platform.workQueue, files, std::make_unique<NoWindows>());
+        *platform.mainQueue,
+        *platform.workQueue,
+        files,
+        isWayland ? windowSourceOfSession(*platform.mainQueue) : std::make_unique<NoWindows>());
     platform.screens = std::make_unique<QtScreens>();
     ShortcutSource* shortcuts
         = addPermission(platform, options, SessionAccessibilityPermission::waylandLimit(), true);
@@ -145,6 +176,9 @@ void addNullServices(Platform& platform, LinuxFileManager& files, const Platform
             std::move(platform.keyEvents));
     }
     platform.windowServer = std::make_unique<NullWindowServer>();
+    if (isWayland) {
+        addCompositorServices(platform);
+    }
     platform.sessionLock
         = std::make_unique<SessionLockMonitor>(*platform.workQueue, [] { return false; });
 }
@@ -214,7 +248,7 @@ std::unique_ptr<Platform> makePlatform(const PlatformOptions& options)
     if (x11 && x11->connection()) {
         addX11Services(*platform, files, options, x11->connection());
     } else {
-        addNullServices(*platform, files, options);
+        addWaylandServices(*platform, files, options);
     }
     platform->appearance = std::make_unique<PortalAppearance>(*platform->workQueue);
     platform->loginItem = std::make_unique<AutostartLoginItem>(AutostartLoginItem::Paths{

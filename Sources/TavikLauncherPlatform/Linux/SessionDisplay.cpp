@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: MIT
+#ifdef TAVIK_HAS_WAYLAND
+#include <TavikLauncherPlatform/Linux/Wayland/WaylandConnection.h>
+#endif
 #include <TavikLauncherPlatform/Linux/X11/X11Connection.h>
 #include <TavikLauncherPlatform/Platform.h>
 
@@ -54,28 +57,47 @@ bool toolkitSpeaksWayland()
         || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM_PLUGIN_PATH");
 }
 
+/// Whether a window can choose its place without an X server. Not tried where one connection has
+/// been handed over, which is the toolkit's.
+bool compositorPlacesRings()
+{
+#ifdef TAVIK_HAS_WAYLAND
+    return qEnvironmentVariableIsEmpty("WAYLAND_SOCKET") && WaylandConnection().isComplete();
+#else
+    return false;
+#endif
+}
+
 } // namespace
 
 std::optional<QString> chooseDisplay()
 {
+    // Under Wayland the toolkit would give the panel a role that leaves no choice of its place.
+    qputenv("QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT", "1");
     // Who names the toolkit's platform knows what there is.
     if (!qEnvironmentVariableIsEmpty(toolkitsChoice)) {
         return std::nullopt;
     }
     const QString display = qEnvironmentVariable("DISPLAY");
     const QString compositor = qEnvironmentVariable("WAYLAND_DISPLAY");
-    // In a Wayland session, too: only an X server lets a window choose its place.
+    const bool hasCompositor = compositorAnswers();
+    const bool speaksWayland = hasCompositor && toolkitSpeaksWayland();
+    if (speaksWayland && compositorPlacesRings()) {
+        qputenv(toolkitsChoice, "wayland");
+        return std::nullopt;
+    }
+    // Else only an X server lets a window choose its place.
     if (!display.isEmpty() && !X11Connection().isBroken()) {
         qputenv(toolkitsChoice, "xcb");
         return std::nullopt;
     }
-    if (compositorAnswers()) {
-        if (!toolkitSpeaksWayland()) {
-            return u"this Wayland session has no X server, and Qt's plugin for Wayland "
-                   "(Debian: qt6-wayland) is not installed"_s;
-        }
+    if (speaksWayland) {
         qputenv(toolkitsChoice, "wayland");
         return std::nullopt;
+    }
+    if (hasCompositor) {
+        return u"this Wayland session has no X server, and Qt's plugin for Wayland "
+               "(Debian: qt6-wayland) is not installed"_s;
     }
     if (display.isEmpty() && compositor.isEmpty()) {
         return u"there is no display; neither DISPLAY nor WAYLAND_DISPLAY is set"_s;

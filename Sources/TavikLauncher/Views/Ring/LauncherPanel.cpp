@@ -140,6 +140,7 @@ void LauncherPanel::setFrame(const QRectF& frame)
         m_dependencies.windowServer.movePanel(
             winId(), ScreenPlane::toDevice(flipped.topLeft(), *on).toPoint());
     }
+    m_dependencies.windowServer.placePanel(internalWinId(), target);
     m_frame = frame;
 }
 
@@ -163,6 +164,7 @@ void LauncherPanel::orderFrontRegardless()
     setAcceptsKeyboard(m_activates);
     m_dependencies.windowServer.preparePanel(winId());
     show();
+    m_dependencies.windowServer.panelShown(winId());
 }
 
 void LauncherPanel::makeKeyAndOrderFront()
@@ -197,6 +199,7 @@ void LauncherPanel::orderOut()
     if (std::exchange(m_isKey, false)) {
         m_dependencies.windowServer.returnKeyboardFocus();
     }
+    m_dependencies.windowServer.panelHides(winId());
     hide();
     m_activates = false;
 }

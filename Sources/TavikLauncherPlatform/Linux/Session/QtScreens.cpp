@@ -65,11 +65,20 @@ std::optional<Screen> QtScreens::main() const
 
 QPointF QtScreens::mouseLocation() const
 {
+    return ScreenPlane::flipped(pointer(), ScreenPlane::primaryBottom());
+}
+
+QPointF QtScreens::pointer() const
+{
+    if (m_hooks.pointerInPoints) {
+        const QScreen* screen = QGuiApplication::primaryScreen();
+        return m_hooks.pointerInPoints().value_or(screen ? QRectF(screen->geometry()).center()
+                                                         : QPointF());
+    }
     // The toolkit tells whole points only, which are several pixels on a dense screen.
     const std::optional<QPoint> pixel = m_hooks.pointer ? m_hooks.pointer() : std::nullopt;
     const QScreen* screen = pixel ? screenAt(*pixel) : nullptr;
-    const QPointF place = screen ? ScreenPlane::fromDevice(*pixel, *screen) : QCursor::pos();
-    return ScreenPlane::flipped(place, ScreenPlane::primaryBottom());
+    return screen ? ScreenPlane::fromDevice(*pixel, *screen) : QCursor::pos();
 }
 
 Screen QtScreens::described(const QScreen& screen) const

@@ -21,6 +21,8 @@ public:
     {
         /// Where the pointer is, also while no window of ours sees it.
         std::function<std::optional<QPoint>()> pointer;
+        /// The same, from a window system that counts in points of the toolkit's plane.
+        std::function<std::optional<QPointF>()> pointerInPoints;
         /// A point of the window that has the focus.
         std::function<std::optional<QPoint>()> focusedPoint;
         /// What is left of a screen of this geometry beside panels and docks.
@@ -33,6 +35,7 @@ public:
     [[nodiscard]] QPointF mouseLocation() const override;
 
 private:
+    [[nodiscard]] QPointF pointer() const;
     [[nodiscard]] Screen described(const QScreen& screen) const;
     [[nodiscard]] const QScreen* focusedScreen() const;
 

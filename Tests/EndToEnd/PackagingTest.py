@@ -14,8 +14,8 @@ from harness.launcher import BUS_NAME
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 BUILD = pathlib.Path(os.environ.get("TAVIK_LAUNCHER", ROOT / "build" / "release" / "tavik-launcher")).resolve().parent
 PACKAGING = BUILD / "Packaging"
-# A menu takes the keyboard, so the ring is hidden before this could be chosen from one.
-NOT_IN_MENUS = {"--hide"}
+# A menu takes the keyboard, so the ring is hidden before this could be chosen from one; the other is for keys.
+NOT_IN_MENUS = {"--hide", "--summon"}
 # Of the bus and of questions.
 NOT_FOR_THE_BUS = {"--background", "--version", "--help"}
 

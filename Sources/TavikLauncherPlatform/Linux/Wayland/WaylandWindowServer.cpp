@@ -134,21 +134,23 @@ void WaylandWindowServer::takeKeyboardFocus(WId window)
 
 void WaylandWindowServer::takeKeyboardFocusForPanel()
 {
-    if (!m_panel.isAttached() || m_isWatched) {
+    if (std::exchange(m_isWatched, true)) {
         return;
     }
-    if (!m_sentinels.areShown()) {
-        m_sentinels.show();
-        applyInputRegion();
-    }
-    m_panel.takeKeyboard();
-    m_isWatched = true;
     m_hadFocus = QGuiApplication::focusWindow() == m_window;
     m_checkTask = m_mainQueue.after(takeSeconds, [this] {
         if (QGuiApplication::focusWindow() != m_window) {
             leave();
         }
     });
+    if (!m_panel.isAttached()) {
+        return; // The compositor has refused it, and the check ends it.
+    }
+    if (!m_sentinels.areShown()) {
+        m_sentinels.show();
+        applyInputRegion();
+    }
+    m_panel.takeKeyboard();
 }
 
 void WaylandWindowServer::returnKeyboardFocus()

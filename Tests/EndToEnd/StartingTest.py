@@ -102,8 +102,13 @@ def test_a_terminal_program_starts_in_a_terminal(launcher, applications, desktop
     assert seen.read_text().splitlines()[:len(words)] == words
 
 
-def test_what_cannot_start_is_one_line_and_a_word(launcher, applications, desktop, display):
-    broken = applications.add("Broken", lines="Terminal=true\n")
+@pytest.mark.parametrize("lines, has_command", [("Terminal=true\n", True), ("DBusActivatable=true\n", False)],
+                         ids=["no terminal", "neither service nor command"])
+def test_what_cannot_start_is_one_line_and_a_word(launcher, applications, desktop, display, lines, has_command):
+    broken = applications.add("Broken", lines=lines)
+    if not has_command:
+        kept = [line for line in broken.entry.read_text().splitlines() if not line.startswith("Exec=")]
+        broken.entry.write_text("\n".join(kept))
     notices = services.notifications(desktop)
     (desktop.home / "empty").mkdir()
     launcher.pin(broken)

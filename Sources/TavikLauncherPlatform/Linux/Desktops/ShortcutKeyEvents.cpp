@@ -3,6 +3,7 @@
 
 #include <QGuiApplication>
 #include <QPointer>
+#include <QWindow>
 
 #include <utility>
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "UpdateServer.h"
 
+#include <QFile>
 #include <QHostAddress>
 #include <QSslCertificate>
 #include <QSslConfiguration>
@@ -44,6 +45,14 @@ std::unique_ptr<QTcpServer> makeServer(UpdateServer::Protection protection)
     auto server = std::make_unique<QSslServer>();
     server->setSslConfiguration(configuration);
     return server;
+}
+
+/// The number of the one process that fetches, empty when there is none. What asks is a child of this
+/// very thread.
+QByteArray fetchingProcess()
+{
+    QFile children(u"/proc/thread-self/children"_s);
+    return children.open(QIODevice::ReadOnly) ? children.readAll().simplified() : QByteArray();
 }
 
 UpdateServer::Request parse(const QByteArray& head)
@@ -116,6 +125,14 @@ void UpdateServer::read(QTcpSocket& socket)
     if (!start.contains("\r\n\r\n")) {
         return;
     }
+    // When an answer was cut, the toolkit sometimes asks again just before its process ends, and waits
+    // for nothing more. That is no request.
+    const QByteArray process = fetchingProcess();
+    if (process.isEmpty() || process == m_lastProcess) {
+        socket.abort();
+        return;
+    }
+    m_lastProcess = process;
     const Request request = parse(socket.readAll());
     requests << request;
     reply(socket, request);

@@ -68,6 +68,7 @@ private:
 
     std::unique_ptr<QTcpServer> m_server;
     bool m_isProtected = false;
+    QByteArray m_lastProcess; ///< Which process sent the last request; each sends one.
     QMap<QByteArray, QList<Answer>> m_answers;
 };
 

@@ -47,8 +47,8 @@ std::unique_ptr<QTcpServer> makeServer(UpdateServer::Protection protection)
     return server;
 }
 
-/// The number of the one process that fetches, empty when there is none. What asks is a child of this
-/// very thread.
+/// The number of the one process that fetches, empty when there is none. What asks is a child of
+/// this very thread.
 QByteArray fetchingProcess()
 {
     QFile children(u"/proc/thread-self/children"_s);
@@ -125,8 +125,8 @@ void UpdateServer::read(QTcpSocket& socket)
     if (!start.contains("\r\n\r\n")) {
         return;
     }
-    // When an answer was cut, the toolkit sometimes asks again just before its process ends, and waits
-    // for nothing more. That is no request.
+    // When an answer was cut, the toolkit sometimes asks again just before its process ends, and
+    // waits for nothing more. That is no request.
     const QByteArray process = fetchingProcess();
     if (process.isEmpty() || process == m_lastProcess) {
         socket.abort();

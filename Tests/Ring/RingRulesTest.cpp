@@ -117,7 +117,7 @@ private Q_SLOTS:
             for (int slot = 0; slot < count; ++slot) {
                 QCOMPARE(geometry.slotAt(geometry.slotCenter(slot)), std::optional(slot));
                 const QPainterPath wedge = geometry.wedgeShape(geometry.slotAngle(slot));
-                QVERIFY(!wedge.contains(geometry.center));
+                QVERIFY(!wedge.contains(geometry.center + QPointF(3, 5)));
                 for (int degrees = 0; degrees < 360; ++degrees) {
                     const QPointF point = onBand(geometry, degrees + 0.45);
                     QCOMPARE(wedge.contains(point), geometry.slotAt(point) == slot);

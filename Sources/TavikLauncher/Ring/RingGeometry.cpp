@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Ring/RingGeometry.h>
 
-#include <QRectF>
-
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -16,15 +14,12 @@ constexpr double outerInset = 2.0;
 constexpr double leastIconSize = 28.0;
 constexpr double mostHaloRoom = 18.0;
 constexpr double topDegrees = -90.0;
+/// Less than a twentieth of a point beside the arc in the largest ring.
+constexpr double degreesPerPiece = 1.5;
 
 double radians(double degrees)
 {
     return degrees * std::numbers::pi / 180.0;
-}
-
-QRectF circleBounds(QPointF center, double radius)
-{
-    return {center.x() - radius, center.y() - radius, 2 * radius, 2 * radius};
 }
 
 } // namespace
@@ -44,7 +39,6 @@ RingGeometry RingGeometry::make(const Measures& measures)
     geometry.haloSize = std::min(std::max(geometry.effectiveIconSize, thickness - 10),
                                  geometry.effectiveIconSize + mostHaloRoom);
     geometry.slotCount = std::max(measures.slotCount, 0);
-    geometry.fullCount = std::max(measures.fullCount, geometry.slotCount);
     return geometry;
 }
 
@@ -64,16 +58,9 @@ double RingGeometry::roomAroundIcon() const
     return std::max(panelSide(diameter) / 2 - iconRadius, 0.0);
 }
 
-double RingGeometry::iconDistance() const
-{
-    // Two icons are as far apart as they can be.
-    return 2 * iconRadius * std::sin(std::numbers::pi / std::max(fullCount, 2));
-}
-
 double RingGeometry::drawnIconSize() const
 {
-    const double beside = std::max(iconDistance(), leastIconSize);
-    return std::min({effectiveIconSize, 2 * roomAroundIcon() / selectedScale, beside});
+    return std::min(effectiveIconSize, 2 * roomAroundIcon() / selectedScale);
 }
 
 double RingGeometry::drawnHaloSize() const
@@ -109,20 +96,57 @@ QPainterPath RingGeometry::donutShape() const
     return path;
 }
 
+/// In straight pieces: the highlight is drawn anew in every frame of its way, and the toolkit takes
+/// several times as long for curves.
+QPolygonF RingGeometry::arc(double radius, double from, double to) const
+{
+    const int pieces = static_cast<int>(std::ceil(std::abs(to - from) / degreesPerPiece));
+    QPolygonF points;
+    points.reserve(pieces + 1);
+    for (int i = 0; i <= pieces; ++i) {
+        const double angle = radians(from + (to - from) * i / std::max(pieces, 1));
+        points.append(center + QPointF(std::cos(angle), std::sin(angle)) * radius);
+    }
+    return points;
+}
+
 QPainterPath RingGeometry::wedgeShape(double centerDegrees) const
 {
-    const double sector = sectorDegrees();
-    if (sector >= 360.0) {
+    const double half = sectorDegrees() / 2;
+    if (half >= 180.0) {
         return donutShape();
     }
-    // The toolkit counts angles counter-clockwise.
-    const double start = -(centerDegrees - sector / 2);
     QPainterPath path;
-    path.arcMoveTo(circleBounds(center, outerRadius), start);
-    path.arcTo(circleBounds(center, outerRadius), start, -sector);
-    path.arcTo(circleBounds(center, innerRadius), start - sector, sector);
+    path.addPolygon(arc(outerRadius, centerDegrees - half, centerDegrees + half)
+                    + arc(innerRadius, centerDegrees + half, centerDegrees - half));
     path.closeSubpath();
     return path;
+}
+
+QList<QLineF> RingGeometry::wedgeOutline(double centerDegrees, double width) const
+{
+    const double half = sectorDegrees() / 2;
+    const bool isWhole = half >= 180.0;
+    QList<QLineF> lines;
+    for (const double radius : {outerRadius, innerRadius}) {
+        // The straight sides have the corners; what is drawn twice would be brighter.
+        const double corner
+            = isWhole ? 0 : std::asin(std::min(width / 2 / radius, 1.0)) * 180 / M_PI;
+        const QPolygonF points
+            = arc(radius, centerDegrees - half + corner, centerDegrees + half - corner);
+        for (qsizetype i = 1; i < points.size(); ++i) {
+            lines.append({points.at(i - 1), points.at(i)});
+        }
+    }
+    for (const double side : {-half, half}) {
+        if (!isWhole) {
+            const double angle = radians(centerDegrees + side);
+            const QPointF out(std::cos(angle), std::sin(angle));
+            lines.append({center + out * (innerRadius - width / 2),
+                          center + out * (outerRadius + width / 2)});
+        }
+    }
+    return lines;
 }
 
 double nearestEquivalentAngle(double target, double current)

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QLineF>
+#include <QList>
 #include <QPainterPath>
 #include <QPointF>
+#include <QPolygonF>
 #include <QSizeF>
 
 #include <optional>
@@ -20,7 +23,6 @@ struct RingGeometry
         double ringThickness = 0;
         double iconSize = 0;
         int slotCount = 0;
-        int fullCount = 0; ///< Slots that the icons leave room for while fewer are shown.
     };
 
     QPointF center;
@@ -30,7 +32,6 @@ struct RingGeometry
     double effectiveIconSize = 0;
     double haloSize = 0;
     int slotCount = 0;
-    int fullCount = 0;
 
     /// How much larger the selected icon is.
     static constexpr double selectedScale = 1.08;
@@ -43,7 +44,7 @@ struct RingGeometry
     [[nodiscard]] static double slotAngle(int slot, int count);
 
     /// The side at which icons are drawn: the effective one, unless the panel's edge would cut off
-    /// a selected icon, or neighbours would cover each other.
+    /// a selected icon.
     [[nodiscard]] double drawnIconSize() const;
     /// The halo's diameter, likewise inside the panel.
     [[nodiscard]] double drawnHaloSize() const;
@@ -58,14 +59,15 @@ struct RingGeometry
     [[nodiscard]] QPainterPath donutShape() const;
     /// The wedge of one sector around `centerDegrees`; the whole band for a single slot.
     [[nodiscard]] QPainterPath wedgeShape(double centerDegrees) const;
+    /// The same wedge's edge in short pieces, for a line of `width` with flat ends.
+    [[nodiscard]] QList<QLineF> wedgeOutline(double centerDegrees, double width) const;
 
     bool operator==(const RingGeometry&) const = default;
 
 private:
     /// From an icon's centre to the panel's edge, where it is nearest.
     [[nodiscard]] double roomAroundIcon() const;
-    /// From an icon's centre to its neighbour's in a full ring.
-    [[nodiscard]] double iconDistance() const;
+    [[nodiscard]] QPolygonF arc(double radius, double from, double to) const;
 };
 
 /// The angle equivalent to `target` that lies within half a turn of `current`, so that a highlight

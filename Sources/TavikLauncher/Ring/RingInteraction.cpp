@@ -191,9 +191,6 @@ void RingInteraction::refreshRing()
     m_running = running;
     m_starting = m_dependencies.workspace.startingApplications();
     m_ringApps = apps;
-    if (!isFiltering()) {
-        m_unfilteredCount = static_cast<int>(apps.size());
-    }
     m_selectedIndex = std::max(std::min(last, m_selectedIndex), 0);
     updateHighlightedAngle(m_selectedIndex, false);
     Q_EMIT ringChanged();

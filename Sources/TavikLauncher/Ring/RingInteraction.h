@@ -52,11 +52,6 @@ public:
 
     /// Current ring, slot 0 first.
     [[nodiscard]] const QList<IndexedApp>& ringApps() const { return m_ringApps; }
-    /// How many slots the ring has without the filter, or with it when those are more.
-    [[nodiscard]] int fullCount() const
-    {
-        return std::max(m_unfilteredCount, static_cast<int>(m_ringApps.size()));
-    }
     [[nodiscard]] int selectedIndex() const { return m_selectedIndex; }
     [[nodiscard]] const QString& query() const { return m_query; }
     [[nodiscard]] const QString& debouncedQuery() const { return m_debouncedQuery; }
@@ -135,7 +130,6 @@ private:
     Task m_debounceTask;
     int m_selectedIndex = 0;
     QList<IndexedApp> m_ringApps;
-    int m_unfilteredCount = 0;
     RingComposition::RunningSets m_running;
     QStringList m_starting; ///< Paths.
     std::vector<ObserverToken> m_workspaceObservers;

@@ -365,25 +365,21 @@ private Q_SLOTS:
         QVERIFY2(rim.blue() > 40, qPrintable(rim.name()));
     }
 
-    void iconsStayInThePanelAndApart_data()
+    void iconsStayInThePanel_data()
     {
-        const Table<double, double, double, int, double> row; // Last the side they are drawn with.
-        row("as it comes", 320, 80, 50, 15, 50);
-        row("more than there is room for", 320, 80, 50, 24, 31.59);
-        row("thick and small", 250, 220, 92, 4, 62.96);
-        row("thick, small and full", 250, 220, 92, 24, 28);
-        row("thick and large", 550, 220, 92, 12, 92);
-        row("thin", 250, 60, 92, 12, 42);
+        const Table<double, double, double, double> row; // Last the side they are drawn with.
+        row("as it comes, however many there are", 320, 80, 50, 50);
+        row("thick and small", 250, 220, 92, 62.96);
+        row("thick and large", 550, 220, 92, 92);
+        row("thin", 250, 60, 92, 42);
     }
-    void iconsStayInThePanelAndApart()
+    void iconsStayInThePanel()
     {
-        const auto [diameter, thickness, icon, count, side]
-            = fetch<double, double, double, int, double>();
+        const auto [diameter, thickness, icon, side] = fetch<double, double, double, double>();
         const RingGeometry ring = RingGeometry::make({.area = QSizeF(diameter, diameter),
                                                       .ringThickness = thickness,
                                                       .iconSize = icon,
-                                                      .slotCount = 1,
-                                                      .fullCount = count});
+                                                      .slotCount = 24});
         QVERIFY2(std::abs(ring.drawnIconSize() - side) < 0.01,
                  qPrintable(QString::number(ring.drawnIconSize())));
         const double reach = ring.drawnIconSize() * RingGeometry::selectedScale / 2;

@@ -311,7 +311,7 @@ QList<Label> labels(const RingScene& scene)
     static Remembered last; // Painting is the main thread's.
     const QFont font = QGuiApplication::font();
     RingGeometry geometry = scene.geometry;
-    geometry.slotCount = geometry.fullCount = 0;
+    geometry.slotCount = 0;
     if (last.labels.isEmpty() || !(last.center == scene.center) || !(last.geometry == geometry)
         || last.font != font) {
         last = {scene.center, geometry, font, layOut(scene)};

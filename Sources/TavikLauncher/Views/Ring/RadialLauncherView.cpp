@@ -6,7 +6,6 @@
 #include <TavikLauncher/Views/Ring/CenterLayout.h>
 #include <TavikLauncher/Views/Ring/FilterField.h>
 #include <TavikLauncher/Views/Ring/RadialLauncherView.h>
-#include <TavikLauncher/Views/Ring/RingCenterTexts.h>
 #include <TavikLauncher/Views/Ring/RingPainter.h>
 #include <TavikLauncherPlatform/DesktopAppearance.h>
 #include <TavikLauncherPlatform/WindowServer.h>
@@ -24,7 +23,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double frameSeconds = 1.0 / 120.0;
-constexpr double spinnerTurnSeconds = 1.0;
 constexpr double renderAheadDelay = 0.03;
 
 } // namespace
@@ -32,7 +30,6 @@ constexpr double renderAheadDelay = 0.03;
 RadialLauncherView::RadialLauncherView(const Dependencies& dependencies, QWidget* parent)
     : QWidget(parent)
     , m_dependencies(dependencies)
-    , m_icons(dependencies.iconDecoder, dependencies.ring.workQueue)
     , m_interaction(dependencies.ring, dependencies.ownIdentifier, dependencies.onClose)
     , m_pointer(m_interaction, dependencies.onClose)
     , m_filterField(new FilterField(this))
@@ -40,18 +37,33 @@ RadialLauncherView::RadialLauncherView(const Dependencies& dependencies, QWidget
               dependencies.windowServer,
               dependencies.ring.mainQueue,
               [this] { refreshAppearance(); })
-    , m_fieldFade(dependencies.ring.mainQueue, [this] { startFrames(); })
+    , m_stage(stageSources(), [this] { startFrames(); })
 {
     setMouseTracking(true);
     setFocusProxy(m_filterField);
     setAccessibleName(u"Tavik Launcher"_s);
     connectInteraction();
     connectSurroundings();
-    refreshStyle();
     m_interaction.appear();
 }
 
 RadialLauncherView::~RadialLauncherView() = default;
+
+RingStage::Sources RadialLauncherView::stageSources()
+{
+    const RingInteraction::Dependencies& ring = m_dependencies.ring;
+    return {.interaction = m_interaction,
+            .settings = ring.settings,
+            .presentation = ring.presentation,
+            .catalog = ring.catalog,
+            .windowServer = m_dependencies.windowServer,
+            .shape = m_shape,
+            .field = *m_filterField,
+            .view = *this,
+            .iconDecoder = m_dependencies.iconDecoder,
+            .workQueue = ring.workQueue,
+            .mainQueue = ring.mainQueue};
+}
 
 void RadialLauncherView::connectInteraction()
 {
@@ -77,110 +89,17 @@ void RadialLauncherView::connectSurroundings()
         refreshAppearance();
     });
     connect(&m_dependencies.ring.settings, &LauncherSettings::propertyChanged, this, [this] {
-        refreshStyle();
+        m_stage.refreshStyle();
         refreshAppearance();
     });
-    connect(
-        &m_dependencies.ring.catalog, &AppCatalog::appsChanged, this, [this] { prefetchIcons(); });
+    connect(&m_dependencies.ring.catalog, &AppCatalog::appsChanged, this, [this] {
+        m_stage.prefetchIcons();
+    });
     connect(&m_dependencies.ring.catalog,
             &AppCatalog::foldersChanged,
-            &m_icons.cache(),
+            &m_stage.iconCache(),
             &AppIconCache::invalidate);
-    connect(&m_icons.cache(), &AppIconCache::imageReady, this, [this] { refreshAppearance(); });
-}
-
-double RadialLauncherView::diameter() const
-{
-    return m_dependencies.ring.presentation.effectiveDiameter(
-        m_dependencies.ring.settings.ringDiameter());
-}
-
-RingGeometry RadialLauncherView::geometryInPoints() const
-{
-    return RingGeometry::make({
-        .area = QSizeF(diameter(), diameter()),
-        .ringThickness = m_dependencies.ring.settings.ringThickness(),
-        .iconSize = m_dependencies.ring.settings.iconSize(),
-        .slotCount = static_cast<int>(m_interaction.ringApps().size()),
-        .fullCount = m_interaction.fullCount(),
-    });
-}
-
-QPointF RadialLauncherView::inRingPlane(QPointF position) const
-{
-    const double margin = (RingGeometry::panelSide(diameter()) - diameter()) / 2;
-    return position - QPointF(margin, margin);
-}
-
-RingIcons::Measures RadialLauncherView::iconMeasures() const
-{
-    return {.side = geometryInPoints().drawnIconSize(), .ratio = devicePixelRatioF()};
-}
-
-const RingScene& RadialLauncherView::scene()
-{
-    if (!m_isSceneCurrent) {
-        m_scene = sceneNow();
-        m_isSceneCurrent = true;
-    }
-    return m_scene;
-}
-
-RingScene RadialLauncherView::sceneNow()
-{
-    RingScene scene;
-    scene.geometry = geometryInPoints();
-    scene.style = m_style;
-    scene.diameter = diameter();
-    scene.devicePixelRatio = devicePixelRatioF();
-    scene.wedgeDegrees = m_motion.highlightDegrees();
-    scene.showsWedge = m_interaction.selectedIndex() < m_interaction.ringApps().size();
-    scene.isOpaque = !m_dependencies.windowServer.isCompositing();
-    scene.behind = scene.isOpaque ? m_shape.behind() : QImage();
-    scene.center = centerTexts();
-    scene.selectedSlot = m_interaction.hasActiveSelection() ? m_interaction.selectedIndex() : -1;
-
-    const RingIcons::Measures measures = iconMeasures();
-    const QList<IndexedApp>& apps = m_interaction.ringApps();
-    scene.icons.reserve(apps.size());
-    for (int slot = 0; slot < apps.size(); ++slot) {
-        const IndexedApp& app = apps.at(slot);
-        RingIcon icon;
-        icon.center = scene.geometry.slotCenter(slot);
-        icon.icon = m_icons.image(app, RingIcons::Size::resting, measures);
-        icon.emphasis = m_motion.emphasis(app.id());
-        if (icon.emphasis != 0) {
-            icon.emphasizedIcon = m_icons.image(app, RingIcons::Size::selected, measures);
-        }
-        icon.isRunning = m_interaction.isRunning(app);
-        icon.isStarting = m_interaction.isStarting(app);
-        icon.dimsWhenNotRunning = !m_interaction.isFiltering();
-        scene.icons.append(icon);
-    }
-    return scene;
-}
-
-RingCenter RadialLauncherView::centerTexts() const
-{
-    return ringCenterTexts(m_interaction,
-                           {.showsAppNames = m_dependencies.ring.settings.showsAppNames(),
-                            .preedit = m_filterField->preedit(),
-                            .emptyFieldOpacity = m_fieldFade.opacity(),
-                            .spinnerStep = static_cast<int>(m_spinnerTurns * 12) % 12});
-}
-
-/// Parses the colours, which no frame is to do again.
-void RadialLauncherView::refreshStyle()
-{
-    m_style = RingStyle::make(m_dependencies.ring.settings);
-}
-
-QRect RadialLauncherView::slotRect(int slot)
-{
-    const RingGeometry ring = geometryInPoints();
-    const QPointF center = ring.slotCenter(slot) - inRingPlane({0, 0});
-    const double side = ring.drawnIconSize();
-    return QRectF(center.x() - side / 2, center.y() - side / 2, side, side).toAlignedRect();
+    connect(&m_stage.iconCache(), &AppIconCache::imageReady, this, [this] { refreshAppearance(); });
 }
 
 void RadialLauncherView::paintEvent(QPaintEvent* event)
@@ -205,7 +124,7 @@ void RadialLauncherView::paintEvent(QPaintEvent* event)
 
 void RadialLauncherView::renderAhead()
 {
-    m_isSceneCurrent = false;
+    m_stage.outdate();
     static_cast<void>(m_images.wholeRing(scene()));
     m_images.forgetBand();
     updateShape();
@@ -225,13 +144,13 @@ void RadialLauncherView::scheduleRenderAhead()
 
 void RadialLauncherView::updateShape()
 {
-    m_isSceneCurrent = false; // The compositor may have come or gone.
+    m_stage.outdate(); // The compositor may have come or gone.
     m_shape.fit(scene());
 }
 
 void RadialLauncherView::refreshAppearance()
 {
-    m_isSceneCurrent = false;
+    m_stage.outdate();
     placeFilterField();
     if (isVisible()) {
         if (!m_dependencies.windowServer.isCompositing()) {
@@ -245,53 +164,40 @@ void RadialLauncherView::refreshAppearance()
 
 void RadialLauncherView::ringChanged()
 {
-    m_motion.follow(m_interaction, false);
-    prefetchIcons();
+    m_stage.followHighlight(false);
+    m_stage.prefetchIcons();
     refreshAppearance();
     Q_EMIT slotsChanged();
 }
 
 void RadialLauncherView::highlightMoved(bool animated)
 {
-    const bool moves = animated && isVisible() && !m_dependencies.appearance.reducesMotion();
-    const RingScene before = m_scene;
-    m_motion.follow(m_interaction, moves);
-    m_isSceneCurrent = false;
-    if (moves) {
+    if (animated && isVisible() && !m_dependencies.appearance.reducesMotion()) {
+        m_stage.followHighlight(true);
         startFrames();
-    } else if (isVisible()) {
-        repaintHighlight(before);
+    } else {
+        const RingScene before = scene();
+        m_stage.followHighlight(false);
+        if (isVisible()) {
+            repaintHighlight(before);
+        }
     }
     Q_EMIT selectionChanged();
 }
 
 void RadialLauncherView::centerChanged()
 {
-    m_isSceneCurrent = false;
+    m_stage.outdate();
     if (m_filterField->text() != m_interaction.query()) {
         m_filterField->setText(m_interaction.query());
     }
-    showField();
+    m_stage.showField();
     setCursor(scene().center.isInvitation ? Qt::PointingHandCursor : Qt::ArrowCursor);
     const bool spins = m_interaction.isFiltering() && m_interaction.isIndexing();
     if (spins && isVisible()) {
         startFrames();
     }
     refreshAppearance();
-}
-
-void RadialLauncherView::prefetchIcons()
-{
-    if (isVisible()) {
-        m_icons.prefetch(m_interaction.ringApps(), iconMeasures());
-    } else {
-        // What a search may show first, where it goes through the whole catalog.
-        const LauncherSettings& settings = m_dependencies.ring.settings;
-        const QList<IndexedApp>& found = m_dependencies.ring.catalog.apps();
-        const qsizetype page = settings.searchesAllApps() ? settings.maxVisibleApps() : 0;
-        m_icons.prefetchAhead(
-            m_interaction.ringApps(), found.first(std::min(page, found.size())), iconMeasures());
-    }
 }
 
 void RadialLauncherView::startFrames()
@@ -310,20 +216,15 @@ void RadialLauncherView::stepFrame()
     m_lastFrame = now;
 
     const RingScene before = scene();
-    const bool turns = m_motion.advance(seconds);
-    m_fieldFade.advance(seconds, !before.isOpaque);
-    if (before.isOpaque && m_fieldFade.opacity() != before.center.fieldOpacity) {
+    const bool goesOn = m_stage.advance(seconds);
+    if (before.isOpaque && scene().center.fieldOpacity != before.center.fieldOpacity) {
         updateShape();
     }
-    if (m_fieldFade.isFading()) {
+    if (m_stage.isFieldFading()) {
         placeFilterField();
     }
-    const bool spins = before.center.spinnerStep >= 0;
-    m_spinnerTurns = spins ? m_spinnerTurns + seconds / spinnerTurnSeconds : 0;
-    m_isSceneCurrent = false;
-
     repaintHighlight(before);
-    if (!isVisible() || (!turns && !spins && !m_fieldFade.isFading())) {
+    if (!isVisible() || !goesOn) {
         m_frames.cancel();
     }
 }
@@ -333,16 +234,9 @@ void RadialLauncherView::repaintHighlight(const RingScene& before)
     update(RingPainter::dirtyRegion(before, scene()));
 }
 
-/// Shows the empty field, and lets it fade after a while unless the user wants it to stay.
-void RadialLauncherView::showField()
-{
-    m_fieldFade.show(isVisible() && m_interaction.query().isEmpty()
-                     && !m_dependencies.ring.settings.keepsCenterHintVisible());
-}
-
 void RadialLauncherView::placeFilterField()
 {
-    const QPointF offset = inRingPlane({0, 0});
+    const QPointF offset = m_stage.inRingPlane({0, 0});
     m_filterField->setGeometry(
         CenterLayout::fieldRect(scene()).translated(-offset).toAlignedRect());
 }
@@ -351,11 +245,11 @@ bool RadialLauncherView::event(QEvent* event)
 {
     switch (event->type()) {
     case QEvent::PaletteChange:
-        refreshStyle();
+        m_stage.refreshStyle();
         [[fallthrough]];
     case QEvent::FontChange:
     case QEvent::ScreenChangeInternal:
-        prefetchIcons();
+        m_stage.prefetchIcons();
         refreshAppearance();
         break;
     default:
@@ -376,34 +270,34 @@ void RadialLauncherView::showEvent(QShowEvent*)
     updateShape();
     m_shape.placed();
     m_filterField->setFocus(Qt::OtherFocusReason);
-    showField();
+    m_stage.showField();
 }
 
 void RadialLauncherView::hideEvent(QHideEvent*)
 {
     m_frames.cancel();
-    m_fieldFade.cancel();
+    m_stage.keepField();
     m_pointer.reset();
     m_shape.forget();
     // Resets what this summon left behind, so that the ring drawn ahead is the next summon's.
     m_interaction.prepareForShow(false);
-    m_motion.follow(m_interaction, false);
+    m_stage.followHighlight(false);
     scheduleRenderAhead();
 }
 
 void RadialLauncherView::enterEvent(QEnterEvent* event)
 {
-    m_interaction.hoverAt(inRingPlane(event->position()), geometryInPoints());
+    m_interaction.hoverAt(m_stage.inRingPlane(event->position()), m_stage.geometry());
 }
 
 void RadialLauncherView::mouseMoveEvent(QMouseEvent* event)
 {
-    m_interaction.hoverAt(inRingPlane(event->position()), geometryInPoints());
+    m_interaction.hoverAt(m_stage.inRingPlane(event->position()), m_stage.geometry());
 }
 
 void RadialLauncherView::mousePressEvent(QMouseEvent* event)
 {
-    const QPointF position = inRingPlane(event->position());
+    const QPointF position = m_stage.inRingPlane(event->position());
     if (event->button() == Qt::LeftButton && isOnInvitation(position)) {
         m_dependencies.onClose();
         if (m_dependencies.onFillRing) {
@@ -413,7 +307,7 @@ void RadialLauncherView::mousePressEvent(QMouseEvent* event)
     }
     // Without blending the ring is not seen to grow.
     const double scale = scene().isOpaque ? 1 : m_dependencies.ring.presentation.scale();
-    m_pointer.press(position, event->button(), geometryInPoints(), scale);
+    m_pointer.press(position, event->button(), m_stage.geometry(), scale);
 }
 
 bool RadialLauncherView::isOnInvitation(QPointF position)
@@ -426,7 +320,7 @@ bool RadialLauncherView::isOnInvitation(QPointF position)
 
 void RadialLauncherView::mouseReleaseEvent(QMouseEvent* event)
 {
-    m_pointer.release(inRingPlane(event->position()), event->button(), geometryInPoints());
+    m_pointer.release(m_stage.inRingPlane(event->position()), event->button(), m_stage.geometry());
 }
 
 void RadialLauncherView::wheelEvent(QWheelEvent* event)

@@ -2,13 +2,10 @@
 #pragma once
 
 #include <TavikLauncher/Ring/RingInteraction.h>
-#include <TavikLauncher/Ring/RingMotion.h>
-#include <TavikLauncher/Views/Ring/FieldFade.h>
 #include <TavikLauncher/Views/Ring/PanelShape.h>
-#include <TavikLauncher/Views/Ring/RingIcons.h>
 #include <TavikLauncher/Views/Ring/RingImageCache.h>
 #include <TavikLauncher/Views/Ring/RingPointer.h>
-#include <TavikLauncher/Views/Ring/RingScene.h>
+#include <TavikLauncher/Views/Ring/RingStage.h>
 
 #include <QWidget>
 
@@ -44,10 +41,10 @@ public:
 
     [[nodiscard]] RingInteraction& interaction() { return m_interaction; }
     [[nodiscard]] const RingInteraction& interaction() const { return m_interaction; }
-    /// Everything as it is to be drawn now; made once for a frame.
-    [[nodiscard]] const RingScene& scene();
-    /// The slot's wedge as a rectangle around its icon, in this widget's plane.
-    [[nodiscard]] QRect slotRect(int slot);
+    /// Everything as it is to be drawn now.
+    [[nodiscard]] const RingScene& scene() { return m_stage.scene(); }
+    /// The slot's icon, in this widget's plane.
+    [[nodiscard]] QRect slotRect(int slot) const { return m_stage.slotRect(slot); }
     [[nodiscard]] FilterField& filterField() { return *m_filterField; }
 
     /// Draws the ring of the next summon now.
@@ -74,13 +71,7 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
-    [[nodiscard]] double diameter() const;
-    [[nodiscard]] RingGeometry geometryInPoints() const;
-    /// A point of this widget in the ring's own plane.
-    [[nodiscard]] QPointF inRingPlane(QPointF position) const;
-    [[nodiscard]] RingIcons::Measures iconMeasures() const;
-    [[nodiscard]] RingCenter centerTexts() const;
-    [[nodiscard]] RingScene sceneNow();
+    [[nodiscard]] RingStage::Sources stageSources();
     [[nodiscard]] bool isOnInvitation(QPointF position);
 
     void connectInteraction();
@@ -88,33 +79,23 @@ private:
     void ringChanged();
     void highlightMoved(bool animated);
     void centerChanged();
-    void refreshStyle();
     void refreshAppearance();
-    void prefetchIcons();
     void startFrames();
     void stepFrame();
     void repaintHighlight(const RingScene& before);
     void scheduleRenderAhead();
-    void showField();
     void placeFilterField();
 
     Dependencies m_dependencies;
-    RingIcons m_icons;
     RingInteraction m_interaction;
     RingPointer m_pointer;
-    RingMotion m_motion;
     FilterField* m_filterField;
-
-    RingStyle m_style;
-    RingScene m_scene; ///< As last made; see `m_isSceneCurrent`.
-    bool m_isSceneCurrent = false;
-    RingImageCache m_images;
     PanelShape m_shape;
-    FieldFade m_fieldFade;
+    RingStage m_stage;
+    RingImageCache m_images;
 
     Task m_frames;
     double m_lastFrame = 0;
-    double m_spinnerTurns = 0;
     Task m_renderAhead;
 };
 

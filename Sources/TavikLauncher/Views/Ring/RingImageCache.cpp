@@ -11,7 +11,7 @@ RingScene bandPart(const RingScene& scene)
 {
     RingScene part;
     part.geometry = scene.geometry;
-    part.geometry.slotCount = part.geometry.fullCount = 0;
+    part.geometry.slotCount = 0;
     part.style = scene.style;
     part.diameter = scene.diameter;
     part.devicePixelRatio = scene.devicePixelRatio;

@@ -19,17 +19,36 @@ constexpr double dotRadius = 3.0;
 constexpr double dotRim = 1.5;
 constexpr double dotGap = 2.5;
 
-void paintHalo(QPainter& painter, const RingScene& scene, const RingIcon& icon)
+/// At device resolution. The one drawn last is remembered: while a highlight moves two are painted
+/// in every frame, and they are the same.
+const QImage& haloImage(const RingScene& scene)
 {
-    const double strength = std::clamp(icon.emphasis, 0.0, 1.0);
-    if (strength <= 0) {
-        return;
+    static struct
+    {
+        double size = 0;
+        double ratio = 0;
+        QColor color;
+        QImage image;
+    } last;
+    const double size = scene.geometry.drawnHaloSize();
+    const double ratio = scene.devicePixelRatio;
+    if (last.size == size && last.ratio == ratio && last.color == scene.style.accent) {
+        return last.image;
     }
+    const int side = static_cast<int>(std::ceil(size * ratio)) + 2;
+    QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
     constexpr double lineWidth = 2;
-    const double radius = scene.geometry.drawnHaloSize() / 2 - lineWidth / 2;
-    painter.setPen(QPen(withOpacity(scene.style.accent, 0.35 * strength), lineWidth));
-    painter.setBrush(withOpacity(scene.style.accent, 0.22 * strength));
-    painter.drawEllipse(icon.center, radius, radius);
+    const double radius = (size - lineWidth) / 2 * ratio;
+    painter.setPen(QPen(withOpacity(scene.style.accent, 0.35), lineWidth * ratio));
+    painter.setBrush(withOpacity(scene.style.accent, 0.22));
+    painter.drawEllipse(QPointF(side, side) / 2, radius, radius);
+    painter.end();
+    image.setDevicePixelRatio(ratio);
+    last = {.size = size, .ratio = ratio, .color = scene.style.accent, .image = image};
+    return last.image;
 }
 
 /// Puts an image that is already at its final size exactly on the device's pixels.
@@ -40,6 +59,18 @@ void drawOnPixels(QPainter& painter, QPointF center, const QImage& image, double
                          std::round(origin.y() - image.height() / 2.0));
     const QTransform inverse = painter.transform().inverted();
     painter.drawImage(inverse.map(corner / ratio), image);
+}
+
+void paintHalo(QPainter& painter, const RingScene& scene, const RingIcon& icon)
+{
+    const double strength = std::clamp(icon.emphasis, 0.0, 1.0);
+    if (strength <= 0) {
+        return;
+    }
+    const double outerOpacity = painter.opacity();
+    painter.setOpacity(outerOpacity * strength);
+    drawOnPixels(painter, icon.center, haloImage(scene), scene.devicePixelRatio);
+    painter.setOpacity(outerOpacity);
 }
 
 void paintIcon(QPainter& painter, const RingScene& scene, const RingIcon& icon)

@@ -5,9 +5,9 @@ import time
 
 import pytest
 
-from harness.launcher import BUS_NAME, IN_BACKGROUND, Launcher, hot_key_record
+from harness.launcher import BUS_NAME, IN_BACKGROUND, Launcher, hot_key_record, looks_like
 from harness.waiting import stays, wait_until
-from harness.wayland import GnomeShell, KWin, Sway, speaks_wayland
+from harness.wayland import AnotherWlroots, GnomeShell, KWin, Sway, speaks_wayland
 from conftest import PROGRAM
 
 PLACE = 640, 400
@@ -204,3 +204,39 @@ def test_the_ring_opens_at_the_pointer_and_goes_with_a_click_elsewhere(ring, des
     look("typed")
     display.press("Return")
     birch.wait_started()
+
+
+@on(Sway, KWin, AnotherWlroots)
+def test_a_native_program_is_seen_to_run_and_raised(ring, desktop, look):
+    display = desktop.display
+    alder = desktop.applications.add("Alder", "red", "--native --colour 205020")
+    desktop.applications.add("Cedar")
+
+    def wait_seen(*colour):
+        wait_until(lambda: display.picture().pixel(1200, 700) == colour, f"{colour} is in front")
+
+    def choose_alder():
+        ring.empty = display.picture()
+        ring.launcher.command("--toggle")
+        ring.wait_shown()
+        display.type("alder")
+        display.press("Return")
+
+    ring.launcher.settings(searchesAllApps=True)
+    ring.start()
+    ring.launcher.wait_indexed()
+    choose_alder()
+    alder.wait_started()
+    wait_seen(0x20, 0x50, 0x20)
+    desktop.applications.open_native(desktop, "Cedar", "--colour", "502020")
+    wait_seen(0x50, 0x20, 0x20)
+    ring.empty = display.picture()
+    ring.launcher.command("--toggle")
+    top = PLACE[0], PLACE[1] - 121
+    wait_until(lambda: looks_like(display.picture().mean(*top), alder.colour), "it runs, so the ring shows it")
+    look("running")
+    display.press("Escape")
+    ring.wait_hidden()
+    choose_alder()
+    wait_seen(0x20, 0x50, 0x20)
+    assert len(alder.starts()) == 1

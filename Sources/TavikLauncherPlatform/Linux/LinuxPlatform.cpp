@@ -5,6 +5,7 @@
 #include <TavikLauncherPlatform/Linux/Applications/SessionIconTheme.h>
 #include <TavikLauncherPlatform/Linux/Applications/ThemeIconDecoder.h>
 #include <TavikLauncherPlatform/Linux/Desktops/DesktopShortcuts.h>
+#include <TavikLauncherPlatform/Linux/Desktops/DesktopWindows.h>
 #include <TavikLauncherPlatform/Linux/Desktops/ShortcutKeyEvents.h>
 #include <TavikLauncherPlatform/Linux/Desktops/ShortcutPermission.h>
 #include <TavikLauncherPlatform/Linux/Desktops/ToolkitKeyEvents.h>
@@ -21,6 +22,7 @@
 #include <TavikLauncherPlatform/Linux/Updates/UpdateFolder.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateSignature.h>
 #ifdef TAVIK_HAS_WAYLAND
+#include <TavikLauncherPlatform/Linux/Wayland/ForeignToplevels.h>
 #include <TavikLauncherPlatform/Linux/Wayland/WaylandWindowServer.h>
 #endif
 #include <TavikLauncherPlatform/Linux/X11/X11Connection.h>
@@ -134,20 +136,31 @@ void addX11Services(Platform& platform,
     }
 }
 
-/// Who tells of windows in a Wayland session: an X server beside it, of its programs'. Without any
-/// applications can still be started.
-std::unique_ptr<WindowSource> windowSourceOfSession(MainQueue& mainQueue)
+/// Who tells of windows in a Wayland session: the desktop or the compositor, of all; else an X
+/// server beside it, of its programs'. Without any applications can still be started.
+std::unique_ptr<WindowSource> windowSourceOfSession(MainQueue& mainQueue, WorkQueue& workQueue)
 {
+    if (auto source = windowSourceOfDesktop(workQueue)) {
+        return source;
+    }
+#ifdef TAVIK_HAS_WAYLAND
+    if (auto source = ForeignToplevels::make()) {
+        return source;
+    }
+#endif
     const bool hasXServer = !qEnvironmentVariableIsEmpty("DISPLAY") && !X11Connection().isBroken();
     return hasXServer ? std::make_unique<X11WindowTracker>(mainQueue)
                       : std::unique_ptr<WindowSource>(std::make_unique<NoWindows>());
 }
 
-/// Adds what the compositor offers beyond the toolkit, if it does.
-void addCompositorServices([[maybe_unused]] Platform& platform)
+/// For a session without an X server that the toolkit speaks to.
+void addWaylandServices(Platform& platform, LinuxFileManager& files, const PlatformOptions& options)
 {
+    const bool isWayland = QGuiApplication::platformName() == u"wayland"_s;
+    platform.screens = std::make_unique<QtScreens>();
+    platform.windowServer = std::make_unique<NullWindowServer>();
 #ifdef TAVIK_HAS_WAYLAND
-    if (auto server = WaylandWindowServer::make(*platform.mainQueue)) {
+    if (auto server = isWayland ? WaylandWindowServer::make(*platform.mainQueue) : nullptr) {
         platform.screens
             = std::make_unique<QtScreens>(QtScreens::Hooks{.pointerInPoints = [&server = *server] {
                   return server.pointer();
@@ -155,18 +168,12 @@ void addCompositorServices([[maybe_unused]] Platform& platform)
         platform.windowServer = std::move(server);
     }
 #endif
-}
-
-/// For a session without an X server that the toolkit speaks to.
-void addWaylandServices(Platform& platform, LinuxFileManager& files, const PlatformOptions& options)
-{
-    const bool isWayland = QGuiApplication::platformName() == u"wayland"_s;
     platform.workspace = std::make_unique<ApplicationWorkspace>(
         *platform.mainQueue,
         *platform.workQueue,
         files,
-        isWayland ? windowSourceOfSession(*platform.mainQueue) : std::make_unique<NoWindows>());
-    platform.screens = std::make_unique<QtScreens>();
+        isWayland ? windowSourceOfSession(*platform.mainQueue, *platform.workQueue)
+                  : std::make_unique<NoWindows>());
     ShortcutSource* shortcuts
         = addPermission(platform, options, SessionAccessibilityPermission::waylandLimit(), true);
     platform.keyEvents = std::make_unique<ToolkitKeyEvents>();
@@ -174,10 +181,6 @@ void addWaylandServices(Platform& platform, LinuxFileManager& files, const Platf
         platform.keyEvents = std::make_unique<ShortcutKeyEvents>(
             ShortcutKeyEvents::Dependencies{*platform.mainQueue, *shortcuts, 0},
             std::move(platform.keyEvents));
-    }
-    platform.windowServer = std::make_unique<NullWindowServer>();
-    if (isWayland) {
-        addCompositorServices(platform);
     }
     platform.sessionLock
         = std::make_unique<SessionLockMonitor>(*platform.workQueue, [] { return false; });

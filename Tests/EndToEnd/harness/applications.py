@@ -101,6 +101,10 @@ class Applications:
         desktop.spawn([sys.executable, str(PROGRAM), "--title", name, *arguments], log=name)
         return desktop.display.wait_for(name)
 
+    @staticmethod
+    def open_native(desktop, name, *arguments):
+        desktop.spawn([sys.executable, str(PROGRAM), "--title", name, "--native", *arguments], log=name)
+
     def add_many(self, count):
         """Installs `count` applications that start nothing of interest, with all icons among them."""
         icons = [self._icon(colour) for colour in PALETTE]

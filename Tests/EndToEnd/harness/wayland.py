@@ -70,7 +70,7 @@ class WaylandDesktop(Desktop):
 class Sway(WaylandDesktop):
     program = "sway"
     name = "sway"
-    configuration = "default_border none\nfocus_follows_mouse no\nbindsym --no-repeat Ctrl+Mod1+b nop another\n"
+    configuration = "default_border none\nworkspace_layout tabbed\nfocus_follows_mouse no\nbindsym --no-repeat Ctrl+Mod1+b nop another\n"
 
     def _start_compositor(self):
         self.home.chmod(0o755)
@@ -105,6 +105,15 @@ class Sway(WaylandDesktop):
         answer = self.run(["swaymsg", *words])
         assert answer.returncode == 0, answer.stderr
         return json.loads(answer.stdout or "null")
+
+
+class AnotherWlroots(Sway):
+    """A compositor that says nothing beside the protocols of its kind."""
+    name = "wlroots"
+
+    @property
+    def environment(self):
+        return {name: value for name, value in super().environment.items() if name != "SWAYSOCK"}
 
 
 class KWin(WaylandDesktop):

@@ -51,12 +51,31 @@ def show_window(options):
             print("click", event.detail, flush=True)
 
 
+def show_native_window(options):
+    """A large window of a Wayland program, which bears its entry's name."""
+    os.environ["GDK_BACKEND"] = "wayland"
+    import gi
+    gi.require_version("Gtk", "3.0")
+    from gi.repository import Gtk, Gdk, GLib  # The first chooses the version of the second.
+
+    GLib.set_prgname(f"org.example.{options.title.lower()}")
+    style = Gtk.CssProvider()
+    style.load_from_data(f"window {{ background: #{options.colour}; }}".encode())
+    Gtk.StyleContext.add_provider_for_screen(Gdk.Screen.get_default(), style, 800)
+    window = Gtk.Window(title=options.title)
+    window.connect("destroy", Gtk.main_quit)
+    window.maximize()
+    window.show()
+    Gtk.main()
+
+
 parser = argparse.ArgumentParser()
 parser.add_argument("--title", required=True)
 parser.add_argument("--colour", default="f5f5f5")
 parser.add_argument("--report")
 parser.add_argument("--geometry", type=int, nargs=4, default=[300, 200, 40, 40])
 parser.add_argument("--full-screen", action="store_true")
+parser.add_argument("--native", action="store_true")
 parser.add_argument("--panel", action="store_true", help="it takes no focus")
 parser.add_argument("--class", dest="window_class", nargs=2)
 parser.add_argument("--delay", type=float, default=0)
@@ -66,4 +85,4 @@ if arguments.report:
     report(arguments.report)
 time.sleep(arguments.delay)
 if not arguments.report_only:
-    show_window(arguments)
+    (show_native_window if arguments.native else show_window)(arguments)

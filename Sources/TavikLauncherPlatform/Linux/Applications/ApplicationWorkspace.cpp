@@ -42,6 +42,9 @@ ApplicationWorkspace::ApplicationWorkspace(MainQueue& mainQueue,
 {
     m_windows->onWindowsChanged = [this] {
         updateApplications();
+        if (!std::exchange(m_hasWindows, m_windows->isReady())) {
+            m_frontmost = frontmostIdentity(); // As it was before the start.
+        }
         updateFrontmost();
     };
     m_windows->onActiveWindowChanged = [this] {
@@ -56,6 +59,7 @@ ApplicationWorkspace::ApplicationWorkspace(MainQueue& mainQueue,
         updateFrontmost();
     });
     updateApplications();
+    m_hasWindows = m_windows->isReady();
     m_frontmost = frontmostIdentity();
     // Before the first reading, so that nothing changes unseen between the two.
     m_watch = m_fileManager.watch(m_fileManager.applicationFolders(),

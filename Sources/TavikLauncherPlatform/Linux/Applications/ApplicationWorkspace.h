@@ -77,6 +77,7 @@ private:
     DesktopEntries m_entries;
     std::unique_ptr<FolderWatch> m_watch;
     Task m_unknownWindowTask;
+    bool m_hasWindows = false; ///< Those from before the start are known.
     bool m_hasEntries = false;
     bool m_isReading = false;
     bool m_mustReadAll = false;

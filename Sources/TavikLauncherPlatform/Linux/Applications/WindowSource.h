@@ -28,6 +28,8 @@ public:
 
     virtual ~WindowSource() = default;
 
+    /// Whether it is known yet which windows there were at the start; `onWindowsChanged` tells.
+    [[nodiscard]] virtual bool isReady() const { return true; }
     /// In the order in which they were first seen.
     [[nodiscard]] virtual QList<WindowId> windows() const = 0;
     /// The facts of one of `windows()`.

@@ -59,6 +59,8 @@ struct WaylandConnection::Listeners
             bind(connection.m_layerShell, registry, name, zwlr_layer_shell_v1_interface, 1);
         } else if (kind == wp_viewporter_interface.name) {
             bind(connection.m_viewporter, registry, name, wp_viewporter_interface, 1);
+        } else if (kind == zwlr_foreign_toplevel_manager_v1_interface.name) {
+            connection.m_toplevels = name;
         } else if (kind == wl_seat_interface.name && !connection.m_seat) {
             bind(connection.m_seat, registry, name, wl_seat_interface, seatVersion);
             static const wl_seat_listener listener{&capabilities, &seatName};
@@ -174,6 +176,16 @@ void WaylandConnection::listen()
 bool WaylandConnection::isComplete() const
 {
     return !m_isBroken && m_compositor && m_shm && m_seat && m_layerShell && m_viewporter;
+}
+
+WaylandObject<zwlr_foreign_toplevel_manager_v1> WaylandConnection::bindToplevels()
+{
+    WaylandObject<zwlr_foreign_toplevel_manager_v1> manager;
+    if (m_toplevels != 0 && !m_isBroken) {
+        Listeners::bind(
+            manager, m_registry.get(), m_toplevels, zwlr_foreign_toplevel_manager_v1_interface, 1);
+    }
+    return manager;
 }
 
 /// Waits until the compositor has handled what it was asked; not for one that never answers.

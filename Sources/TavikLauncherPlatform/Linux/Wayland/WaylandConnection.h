@@ -11,6 +11,7 @@
 #include <vector>
 
 #include <wayland-client.h>
+#include <wayland-foreign-toplevels.h>
 #include <wayland-layer-shell.h>
 #include <wayland-viewporter.h>
 
@@ -36,6 +37,14 @@ struct WaylandDestroyed
     void operator()(wp_viewporter* object) const { wp_viewporter_destroy(object); }
     void operator()(wp_viewport* object) const { wp_viewport_destroy(object); }
     void operator()(zwlr_layer_shell_v1* object) const { zwlr_layer_shell_v1_destroy(object); }
+    void operator()(zwlr_foreign_toplevel_manager_v1* object) const
+    {
+        zwlr_foreign_toplevel_manager_v1_destroy(object);
+    }
+    void operator()(zwlr_foreign_toplevel_handle_v1* object) const
+    {
+        zwlr_foreign_toplevel_handle_v1_destroy(object);
+    }
     void operator()(zwlr_layer_surface_v1* object) const { zwlr_layer_surface_v1_destroy(object); }
 };
 template <typename T> using WaylandObject = std::unique_ptr<T, WaylandDestroyed>;
@@ -73,6 +82,10 @@ public:
     [[nodiscard]] wl_shm* sharedMemory() const { return m_shm.get(); }
     [[nodiscard]] zwlr_layer_shell_v1* layerShell() const { return m_layerShell.get(); }
     [[nodiscard]] wp_viewporter* viewporter() const { return m_viewporter.get(); }
+    [[nodiscard]] wl_seat* seat() const { return m_seat.get(); }
+    /// The compositor's list of windows, or null. It tells of all that there are from then on, so
+    /// whoever takes it listens before the next events are handled.
+    [[nodiscard]] WaylandObject<zwlr_foreign_toplevel_manager_v1> bindToplevels();
     [[nodiscard]] const std::vector<std::unique_ptr<Output>>& outputs() const { return m_outputs; }
 
     /// Handles from now on what comes, as part of the main thread's event loop.
@@ -100,6 +113,7 @@ private:
     WaylandObject<zwlr_layer_shell_v1> m_layerShell;
     WaylandObject<wp_viewporter> m_viewporter;
     std::vector<std::unique_ptr<Output>> m_outputs;
+    uint32_t m_toplevels = 0; ///< The registry's number of the list of windows, or 0.
     PointerHandlers m_pointerHandlers;
     std::unique_ptr<QSocketNotifier> m_notifier;
     bool m_isBroken = false;

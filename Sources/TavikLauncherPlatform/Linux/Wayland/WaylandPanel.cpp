@@ -2,16 +2,22 @@
 #include <TavikLauncherPlatform/Linux/Wayland/WaylandPanel.h>
 
 #include <QGuiApplication>
+#include <QLoggingCategory>
 #include <QScreen>
 #include <QWindow>
 #include <qpa/qplatformnativeinterface.h>
+
+#include <chrono>
+#include <poll.h>
 
 namespace Tavik {
 
 namespace {
 
-/// The compositor answers a new surface at once; one that needs more has no place for it.
-constexpr int mostRoundTrips = 4;
+Q_LOGGING_CATEGORY(log, "tavik.platform.wayland")
+
+/// The compositor answers a new surface within a few milliseconds. One that hangs must not hang us.
+constexpr std::chrono::milliseconds longestAnswer{250};
 
 template <typename T> T* resource(const char* name)
 {
@@ -101,18 +107,41 @@ bool WaylandPanel::attach(QWindow& window, const QRect& place, bool takesKeyboar
             m_layer.get(), ZWLR_LAYER_SURFACE_V1_INTERACTIVITY_EXCLUSIVE);
     }
     move(place);
-    for (int trip = 0; !m_isConfigured && trip < mostRoundTrips; ++trip) {
-        if (wl_display_roundtrip_queue(m_display, m_queue.get()) < 0) {
-            break;
-        }
-    }
-    if (!m_isConfigured) {
+    if (!waitUntilConfigured()) {
+        qCWarning(log, "The compositor gives the ring no place");
         detach();
         return false;
     }
     // From now on the toolkit handles what comes.
     wl_proxy_set_queue(reinterpret_cast<wl_proxy*>(m_layer.get()), nullptr);
     wl_display_dispatch_queue_pending(m_display, m_queue.get());
+    return true;
+}
+
+/// Handles what comes over our own queue; the toolkit may read beside us, on a thread of its own.
+bool WaylandPanel::waitUntilConfigured()
+{
+    const auto deadline = std::chrono::steady_clock::now() + longestAnswer;
+    while (!m_isConfigured) {
+        if (wl_display_prepare_read_queue(m_display, m_queue.get()) != 0) {
+            if (wl_display_dispatch_queue_pending(m_display, m_queue.get()) < 0) {
+                return false;
+            }
+            continue;
+        }
+        wl_display_flush(m_display);
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(
+            deadline - std::chrono::steady_clock::now());
+        pollfd waited{.fd = wl_display_get_fd(m_display), .events = POLLIN, .revents = 0};
+        if (left.count() <= 0 || poll(&waited, 1, static_cast<int>(left.count())) == 0) {
+            wl_display_cancel_read(m_display);
+            return false;
+        }
+        if (wl_display_read_events(m_display) < 0
+            || wl_display_dispatch_queue_pending(m_display, m_queue.get()) < 0) {
+            return false;
+        }
+    }
     return true;
 }
 

@@ -44,6 +44,8 @@ public:
 private:
     struct Listeners;
 
+    bool waitUntilConfigured();
+
     wl_display* m_display = nullptr; ///< The toolkit's.
     wl_compositor* m_compositor = nullptr; ///< Likewise.
     WaylandObject<wl_event_queue> m_queue;

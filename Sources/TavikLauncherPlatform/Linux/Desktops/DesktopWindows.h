@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+
+namespace Tavik {
+
+class WindowSource;
+class WorkQueue;
+
+/// Who tells of all windows of the Wayland desktop that the environment names; null where nobody is
+/// known to.
+[[nodiscard]] std::unique_ptr<WindowSource> windowSourceOfDesktop(WorkQueue& workQueue);
+
+} // namespace Tavik

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Desktops/SwayShortcuts.h>
+#include <TavikLauncherPlatform/Linux/Desktops/SwayWindows.h>
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -37,8 +38,8 @@ QByteArray ran(const QByteArray& command, const QByteArray& held = {})
 struct FakeSway
 {
     FakeSway() { server.listen(folder.filePath(u"socket"_s)); }
-    /// The commands of the next request.
-    [[nodiscard]] QStringList nextCommands()
+    /// The next request of that number; empty when none comes.
+    [[nodiscard]] QByteArray next(char type)
     {
         if (!peer) {
             (void)server.waitForNewConnection(1000);
@@ -51,10 +52,10 @@ struct FakeSway
             }
             if (received.size() >= 14 + qsizetype{size} && received.size() >= 14) {
                 const QByteArray payload = received.mid(14, size);
-                const bool isCommand = received.at(10) == 0;
+                const bool isWanted = received.at(10) == type;
                 received.remove(0, 14 + qsizetype{size});
-                if (isCommand) {
-                    return QString::fromUtf8(payload).split(u';');
+                if (isWanted) {
+                    return payload;
                 }
             } else if (!QTest::qWaitFor([this] { return peer->bytesAvailable() > 0; }, 1000)) {
                 return {};
@@ -63,6 +64,7 @@ struct FakeSway
             }
         }
     }
+    [[nodiscard]] QStringList nextCommands() { return QString::fromUtf8(next(0)).split(u';'); }
     void say(const QByteArray& bytes)
     {
         peer->write(bytes);
@@ -98,9 +100,34 @@ struct Listening
     int status = 0;
 };
 
+const QByteArray alder = R"({"id":7,"pid":70,"app_id":"alder","focused":true})";
+const QByteArray birch
+    = R"({"id":8,"pid":80,"window_properties":{"class":"Birch","instance":"it"}})";
+
+QByteArray tree(const QByteArray& windows, const QByteArray& floating = {})
+{
+    return framed(4,
+                  R"({"id":1,"nodes":[{"nodes":[)" + windows + R"(],"floating_nodes":[)" + floating
+                      + "]}]}");
+}
+
+QString described(const SwayWindows& windows)
+{
+    QStringList all;
+    for (const WindowId window : windows.windows()) {
+        const WindowSource::Facts facts = windows.factsOf(window);
+        all << u"%1/%2/%3/%4%5%6"_s
+                   .arg(facts.clues.applicationId, facts.clues.instanceName, facts.clues.className)
+                   .arg(facts.processId)
+                   .arg(facts.isOnTaskbar ? QString() : u"-"_s)
+                   .arg(window == windows.activeWindow() ? u"*"_s : QString());
+    }
+    return all.join(u' ');
+}
+
 } // namespace
 
-class SwayShortcutsTest final : public QObject
+class SwayTest final : public QObject
 {
     Q_OBJECT
 
@@ -196,7 +223,53 @@ private Q_SLOTS:
         QVERIFY(!shortcuts.serves());
         QVERIFY(shortcuts.bind({.keyCode = {}, .modifierFlags = chord}, {}) != 0);
     }
+
+    void whatSwayTellsIsRemembered_data()
+    {
+        const Table<QByteArray, QString> row;
+        row("of both kinds", tree(alder, birch), u"alder//alder/70* /it/Birch/80"_s);
+        row("a panel has the keyboard",
+            tree(alder, birch) + tree(QByteArray(alder).replace("true", "false")),
+            u"alder//alder/70*"_s);
+        row("an empty workspace",
+            tree(QByteArray(alder).replace("true", "false") + R"(,{"focused":true})"),
+            u"alder//alder/70"_s);
+        row("a menu",
+            tree(QByteArray(birch).replace("\"it\"", "\"it\",\"window_type\":\"menu\"")),
+            u"/it/Birch/80-"_s);
+        row("gone", tree(alder) + tree({}), {});
+        row("other shapes", framed(4, "[7]") + tree(R"({"id":"x","pid":-3},9,[],{"nodes":7})"), {});
+    }
+
+    void whatSwayTellsIsRemembered()
+    {
+        const auto [told, windows] = fetch<QByteArray, QString>();
+        FakeSway sway;
+        SwayWindows source(sway.server.fullServerName());
+        QVERIFY(!source.isReady());
+        QCOMPARE(sway.next(4), QByteArray());
+        sway.say(told);
+        QVERIFY(source.isReady());
+        QCOMPARE(described(source), windows);
+    }
+
+    void itIsAskedOnceForManyChangesAndRaisesByNumber()
+    {
+        FakeSway sway;
+        SwayWindows source(sway.server.fullServerName());
+        (void)sway.next(4);
+        const QByteArray change = framed(0x80000003, R"({"change":"new"})");
+        sway.say(tree(alder) + change + change + change);
+        QCOMPARE(sway.peer->readAll().count("i3-ipc"), 1);
+        sway.say(tree(alder));
+        QCOMPARE(sway.peer->readAll().count("i3-ipc"), 1); // Again for what has come meanwhile.
+        source.activate(99);
+        source.activate(source.windows().value(0));
+        QCOMPARE(sway.nextCommands(), QStringList{u"[con_id=7] focus"_s});
+        sway.peer->abort();
+        QTRY_COMPARE(described(source), QString());
+    }
 };
 
-QTEST_GUILESS_MAIN(SwayShortcutsTest)
-#include "SwayShortcutsTest.moc"
+QTEST_GUILESS_MAIN(SwayTest)
+#include "SwayTest.moc"

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Desktops/KWinWindows.h>
 #include <TavikLauncherPlatform/Linux/Desktops/KdeShortcuts.h>
 
 #include <QDBusMessage>
+#include <QFile>
 #include <QProcess>
 #include <QTest>
 #include <QThread>
@@ -52,12 +54,33 @@ public Q_SLOTS:
     bool isGlobalShortcutAvailable(int, const QString&) { return isFree; }
 };
 
+/// KWin as far as scripts are concerned.
+class FakeKWin final : public QObject
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.kde.kwin.Scripting")
+
+public:
+    QString script;
+    QString reader; ///< The bus's name of whoever the script tells.
+
+public Q_SLOTS:
+    bool unloadScript(const QString&) { return true; }
+    int loadScript(const QString& file, const QString&)
+    {
+        QFile read(file);
+        script = read.open(QFile::ReadOnly) ? QString::fromUtf8(read.readAll()) : QString();
+        reader = script.section(u'"', 1, 1);
+        return script.isEmpty() ? -1 : 3;
+    }
+};
+
 const KeyEvents::HotKey superK{
     .keyCode = quint16{40}, .modifierFlags = ModifierFlags::command, .label = u"k"_s};
 
 } // namespace
 
-class KdeShortcutsTest final : public QObject
+class KdeTest final : public QObject
 {
     Q_OBJECT
 
@@ -128,11 +151,50 @@ private Q_SLOTS:
         QTRY_COMPARE(m_service.asked.last(), u"inactive"_s);
     }
 
+    void onlyKWinsOwnWordsCount()
+    {
+        FakeKWin kwin;
+        QMetaObject::invokeMethod(
+            &m_service,
+            [&] {
+                auto bus = QDBusConnection(u"fake"_s);
+                bus.registerObject(u"/Scripting"_s, &kwin, QDBusConnection::ExportAllSlots);
+                bus.registerService(u"org.kde.KWin"_s);
+            },
+            Qt::BlockingQueuedConnection);
+        kwin.moveToThread(&m_thread);
+        const auto liar = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"liar"_s);
+        StepWorkQueue workQueue;
+        KWinWindows windows(workQueue);
+        workQueue.runAll();
+        QTRY_VERIFY(!kwin.reader.isEmpty());
+        QTest::qWait(50);
+        const auto tell = [&](const QDBusConnection& from, const QString& words) {
+            auto message = QDBusMessage::createMethodCall(kwin.reader,
+                                                          u"/org/tavik/Launcher/Windows"_s,
+                                                          u"org.tavik.Launcher.Windows"_s,
+                                                          u"tellWindows"_s);
+            from.send(message << words);
+            QTest::qWait(50);
+        };
+        const QString one
+            = uR"({"windows":[{"id":"{a}","desktopFile":"alder","pid":7},4,{}],"active":"{a}"})"_s;
+        tell(liar, one);
+        QVERIFY(!windows.isReady());
+        tell(QDBusConnection(u"fake"_s), one);
+        QCOMPARE(windows.windows().size(), 1);
+        QCOMPARE(windows.activeWindow(), windows.windows().value(0));
+        QCOMPARE(windows.factsOf(windows.activeWindow()).clues.applicationId, u"alder"_s);
+        tell(QDBusConnection(u"fake"_s), u"[{"_s);
+        QVERIFY(windows.windows().isEmpty());
+        QDBusConnection(u"fake"_s).unregisterObject(u"/Scripting"_s);
+    }
+
 private:
     QProcess m_daemon;
     QThread m_thread;
     FakeService m_service;
 };
 
-QTEST_GUILESS_MAIN(KdeShortcutsTest)
-#include "KdeShortcutsTest.moc"
+QTEST_GUILESS_MAIN(KdeTest)
+#include "KdeTest.moc"

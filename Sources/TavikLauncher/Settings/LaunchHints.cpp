@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Settings/LaunchHints.h>
+#include <TavikLauncherPlatform/Texts.h>
 #include <TavikLauncherPlatform/UserDefaults.h>
 
 #include <algorithm>
@@ -16,17 +17,20 @@ constexpr QStringView launchCountKey = u"LauncherSettings.ringLaunchCount";
 constexpr QStringView hasShownIntroductionKey = u"LauncherSettings.hasShownLaunchHintIntro";
 constexpr QStringView hintIndexKey = u"LauncherSettings.launchHintIndex";
 
-constexpr std::array<QStringView, 10> allTips{
-    u"Some features are off by default — explore Settings to enable more.",
-    u"Type any letters to filter the ring by app name.",
-    u"Double-tap your shortcut to pin the ring open.",
-    u"Arrow keys rotate the selection — press Return to launch.",
-    u"Press 1–9 to launch that slot instantly.",
-    u"Keep favorites on the ring: Settings → Permanent Apps.",
-    u"Fill empty slots with recent apps — toggle it in Settings.",
-    u"Turn on \"Search All Apps\" in Settings to find apps beyond the ring.",
-    u"Make the ring yours — size, colors, and themes live in Settings.",
-    u"A dot inside the menu-bar wheel means an update is ready.",
+constexpr std::array<const char*, 10> allTips{
+    QT_TRANSLATE_NOOP("Tavik::Texts",
+                      "Some features are off by default — explore Settings to enable more."),
+    QT_TRANSLATE_NOOP("Tavik::Texts", "Type any letters to filter the ring by app name."),
+    QT_TRANSLATE_NOOP("Tavik::Texts", "Double-tap your shortcut to pin the ring open."),
+    QT_TRANSLATE_NOOP("Tavik::Texts", "Arrow keys rotate the selection — press Return to launch."),
+    QT_TRANSLATE_NOOP("Tavik::Texts", "Press 1–9 to launch that slot instantly."),
+    QT_TRANSLATE_NOOP("Tavik::Texts", "Keep favorites on the ring: Settings → Permanent Apps."),
+    QT_TRANSLATE_NOOP("Tavik::Texts", "Fill empty slots with recent apps — toggle it in Settings."),
+    QT_TRANSLATE_NOOP("Tavik::Texts",
+                      "Turn on \"Search All Apps\" in Settings to find apps beyond the ring."),
+    QT_TRANSLATE_NOOP("Tavik::Texts",
+                      "Make the ring yours — size, colors, and themes live in Settings."),
+    QT_TRANSLATE_NOOP("Tavik::Texts", "A dot inside the menu-bar wheel means an update is ready."),
 };
 
 /// Stored counters may hold anything, also the last integer there is.
@@ -37,15 +41,20 @@ qlonglong successor(qlonglong count)
 
 QString introduction(int interval)
 {
-    return u"Helpful hints will appear here every %1 launches. Adjust or turn them off in Settings."_s
-        .arg(interval);
+    return Texts::
+        tr("Helpful hints will appear here every %1 launches. Adjust or turn them off in Settings.")
+            .arg(interval);
 }
 
 } // namespace
 
-std::span<const QStringView> tips()
+QStringList tips()
 {
-    return allTips;
+    QStringList said;
+    for (const char* tip : allTips) {
+        said.append(Texts::tr(tip));
+    }
+    return said;
 }
 
 std::optional<QString> nextHint(UserDefaults& userDefaults, const Preferences& preferences)
@@ -69,12 +78,12 @@ std::optional<QString> nextHint(UserDefaults& userDefaults, const Preferences& p
     userDefaults.setObject(indexKey, successor(index));
     constexpr auto tipCount = static_cast<qlonglong>(allTips.size());
     const qlonglong position = (index % tipCount + tipCount) % tipCount;
-    return allTips[static_cast<std::size_t>(position)].toString();
+    return Texts::tr(allTips[static_cast<std::size_t>(position)]);
 }
 
 void takeBack(UserDefaults& userDefaults, const QString& hint)
 {
-    if (std::ranges::find(allTips, hint) == allTips.end()) {
+    if (!tips().contains(hint)) {
         userDefaults.setObject(hasShownIntroductionKey.toString(), false);
     }
 }

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QString>
-#include <QStringView>
+#include <QStringList>
 
 #include <optional>
-#include <span>
 
 namespace Tavik {
 
@@ -23,7 +21,7 @@ struct Preferences
 };
 
 /// The tips in the order in which they take turns.
-[[nodiscard]] std::span<const QStringView> tips();
+[[nodiscard]] QStringList tips();
 /// Counts a summon; the tip to show at it, or nothing. To be asked exactly once per summon.
 [[nodiscard]] std::optional<QString> nextHint(UserDefaults& userDefaults,
                                               const Preferences& preferences);

@@ -5,6 +5,7 @@
 #include <TavikLauncher/Settings/ThemePreset.h>
 #include <TavikLauncherPlatform/LoginItem.h>
 #include <TavikLauncherPlatform/NotificationCenter.h>
+#include <TavikLauncherPlatform/Texts.h>
 #include <TavikLauncherPlatform/UserDefaults.h>
 
 #include <QSet>
@@ -176,7 +177,7 @@ void LauncherSettings::setLaunchesAtLogin(bool launches)
     const bool isDone = launches ? m_loginItem.registerItem() : m_loginItem.unregisterItem();
     refreshLaunchAtLoginStatus();
     if (!isDone) {
-        m_launchAtLoginMessage = u"Launch at login could not be changed from this build."_s;
+        m_launchAtLoginMessage = Texts::tr("Launch at login could not be changed from this build.");
         Q_EMIT propertyChanged(u"launchAtLoginMessage"_s);
     }
 }
@@ -196,7 +197,7 @@ void LauncherSettings::readLoginItem()
     m_launchAtLoginMessage.reset();
     if (status == requiresApproval) {
         m_launchAtLoginMessage
-            = u"Enable Tavik Launcher in System Settings > Login Items to finish setup."_s;
+            = Texts::tr("Enable Tavik Launcher in System Settings > Login Items to finish setup.");
     }
 }
 

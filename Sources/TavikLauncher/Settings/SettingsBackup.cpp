@@ -2,6 +2,7 @@
 #include <TavikLauncher/Settings/LauncherSettings.h>
 #include <TavikLauncher/Settings/SettingsBackup.h>
 #include <TavikLauncherPlatform/FileManager.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -243,22 +244,25 @@ apply(LauncherSettings& settings, const QByteArray& contents, const FileManager&
 QString importedMessage(const QString& fileName, const ImportSummary& summary)
 {
     if (summary.missing == 0) {
-        return u"Settings imported from "_s + fileName + u'.';
+        return Texts::tr("Settings imported from %1.").arg(fileName);
     }
-    const QString plural = summary.restored == 1 ? QString() : u"s"_s;
-    return u"Imported "_s + fileName + u" — "_s + QString::number(summary.restored)
-        + u" pinned app"_s + plural + u" restored, "_s + QString::number(summary.missing)
-        + u" not installed on this Mac."_s;
+    // What stands in the code has no forms for numbers.
+    const QString text = summary.restored == 1
+        ? Texts::tr("Imported %1 — 1 pinned app restored, %2 not installed on this Mac.")
+        : Texts::tr("Imported %1 — %n pinned apps restored, %2 not installed on this Mac.",
+                    nullptr,
+                    static_cast<int>(summary.restored));
+    return text.arg(fileName, QString::number(summary.missing));
 }
 
 QString importFailedMessage(const QString& fileName)
 {
-    return u"Couldn't import "_s + fileName + u" — is it a valid Tavik settings file?"_s;
+    return Texts::tr("Couldn't import %1 — is it a valid Tavik settings file?").arg(fileName);
 }
 
 QString exportFailedMessage(const QString& description)
 {
-    return u"Couldn't export: "_s + description;
+    return Texts::tr("Couldn't export: %1").arg(description);
 }
 
 } // namespace SettingsBackup

@@ -2,6 +2,7 @@
 #include <TavikLauncher/Settings/HotKeyConfig.h>
 #include <TavikLauncher/Settings/ShortcutWords.h>
 #include <TavikLauncherPlatform/KeyEvents.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <algorithm>
 #include <array>
@@ -16,13 +17,14 @@ namespace {
 struct ModifierName
 {
     quint64 flag;
-    QStringView name;
+    const char* name;
 };
 
-constexpr std::array modifierNames{ModifierName{control, u"Control"},
-                                   ModifierName{option, u"Alt"},
-                                   ModifierName{shift, u"Shift"},
-                                   ModifierName{command, u"Super"}};
+constexpr std::array modifierNames{
+    ModifierName{control, QT_TRANSLATE_NOOP("Tavik::Texts", "Control")},
+    ModifierName{option, QT_TRANSLATE_NOOP("Tavik::Texts", "Alt")},
+    ModifierName{shift, QT_TRANSLATE_NOOP("Tavik::Texts", "Shift")},
+    ModifierName{command, QT_TRANSLATE_NOOP("Tavik::Texts", "Super")}};
 
 /// What a key is good for, by its place on the keyboard: what it types is the layout's business.
 enum class KeyUse {
@@ -54,18 +56,19 @@ struct Custom
 {
     quint64 modifierFlags;
     QStringView key;
-    QStringView purpose;
+    const char* purpose;
 };
 
-constexpr std::array customs{Custom{control, u"A", u"to select all"},
-                             Custom{control, u"C", u"to copy"},
-                             Custom{control, u"F", u"to find"},
-                             Custom{control, u"S", u"to save"},
-                             Custom{control, u"V", u"to paste"},
-                             Custom{control, u"X", u"to cut"},
-                             Custom{control, u"Z", u"to undo"},
-                             Custom{control | shift, u"Z", u"to redo"},
-                             Custom{option, u"F4", u"to close a window"}};
+constexpr std::array customs{
+    Custom{control, u"A", QT_TRANSLATE_NOOP("Tavik::Texts", "to select all")},
+    Custom{control, u"C", QT_TRANSLATE_NOOP("Tavik::Texts", "to copy")},
+    Custom{control, u"F", QT_TRANSLATE_NOOP("Tavik::Texts", "to find")},
+    Custom{control, u"S", QT_TRANSLATE_NOOP("Tavik::Texts", "to save")},
+    Custom{control, u"V", QT_TRANSLATE_NOOP("Tavik::Texts", "to paste")},
+    Custom{control, u"X", QT_TRANSLATE_NOOP("Tavik::Texts", "to cut")},
+    Custom{control, u"Z", QT_TRANSLATE_NOOP("Tavik::Texts", "to undo")},
+    Custom{control | shift, u"Z", QT_TRANSLATE_NOOP("Tavik::Texts", "to redo")},
+    Custom{option, u"F4", QT_TRANSLATE_NOOP("Tavik::Texts", "to close a window")}};
 
 /// The combinations of modifiers that programs share out among themselves.
 constexpr std::array<quint64, 4> programsOwn{control, control | shift, option, shift};
@@ -76,7 +79,7 @@ QStringList keyNames(const HotKeyConfig& config)
     QStringList keys;
     for (const auto& [flag, name] : modifierNames) {
         if ((config.modifierFlagsRaw & flag) != 0) {
-            keys.append(name.toString());
+            keys.append(Texts::tr(name));
         }
     }
     if (config.isModifierOnly()) {
@@ -101,13 +104,13 @@ QString spoken(const HotKeyConfig& config)
 
 QStringList keycaps(const HotKeyConfig& config)
 {
-    return keyNames(config).replaceInStrings(u"Control"_s, u"Ctrl"_s);
+    return keyNames(config).replaceInStrings(Texts::tr("Control"), Texts::tr("Ctrl"));
 }
 
 QString description(const HotKeyConfig& config)
 {
-    return (config.isModifierOnly() ? u"Hold %1 to show the ring, let go to dismiss it"_s
-                                    : u"Press %1 to show or dismiss the ring"_s)
+    return (config.isModifierOnly() ? Texts::tr("Hold %1 to show the ring, let go to dismiss it")
+                                    : Texts::tr("Press %1 to show or dismiss the ring"))
         .arg(spoken(config));
 }
 
@@ -123,7 +126,8 @@ std::optional<QString> warning(const HotKeyConfig& config)
     });
     const KeyUse use = useOf(*config.keyCode);
     if (held == shift && (use == KeyUse::types || use == KeyUse::space)) {
-        return u"%1 types a character. As the shortcut of the ring it could not be typed in any program any more."_s
+        return Texts::tr("%1 types a character. As the shortcut of the ring it could not be typed "
+                         "in any program any more.")
             .arg(keys);
     }
     const bool isTheirs = std::ranges::find(programsOwn, held) != programsOwn.end()
@@ -132,22 +136,25 @@ std::optional<QString> warning(const HotKeyConfig& config)
         return std::nullopt;
     }
     const QString purpose
-        = custom == customs.end() ? QString() : u" "_s + custom->purpose.toString();
-    return u"Programs use %1 themselves%2. As the shortcut of the ring it would not reach any of them any more."_s
+        = custom == customs.end() ? QString() : u" "_s + Texts::tr(custom->purpose);
+    return Texts::tr("Programs use %1 themselves%2. As the shortcut of the ring it would not reach "
+                     "any of them any more.")
         .arg(keys, purpose);
 }
 
 QString coexistence(const HotKeyConfig& config)
 {
     if (config.isModifierOnly()) {
-        return u"Shortcuts of the desktop that begin with %1 go on working."_s.arg(spoken(config));
+        return Texts::tr("Shortcuts of the desktop that begin with %1 go on working.")
+            .arg(spoken(config));
     }
-    return u"Shortcuts that the desktop or another program has taken stay theirs."_s;
+    return Texts::tr("Shortcuts that the desktop or another program has taken stay theirs.");
 }
 
 QString levelRefusal()
 {
-    return u"AltGr only chooses which character a key types and cannot be part of a shortcut. Try one without it."_s;
+    return Texts::tr("AltGr only chooses which character a key types and cannot be part of a "
+                     "shortcut. Try one without it.");
 }
 
 } // namespace Tavik::ShortcutWords

@@ -10,6 +10,7 @@
 #include <TavikLauncher/Views/Windows/ReindexView.h>
 #include <TavikLauncherPlatform/Platform.h>
 #include <TavikLauncherPlatform/ScreenPlane.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QApplication>
 #include <QWindow>
@@ -105,7 +106,7 @@ void AuxiliaryWindows::checkAccessibilityPermission()
                      }
                  }});
         m_accessibilityPermissionWindow
-            = makeWindow({.title = u"Allow Accessibility Access"_s, .size = permissionSize},
+            = makeWindow({.title = Texts::tr("Allow Accessibility Access"), .size = permissionSize},
                          view,
                          [this] { m_accessibilityPermissionWindow.reset(); });
         centerOnActiveScreen(*m_accessibilityPermissionWindow);
@@ -134,11 +135,13 @@ void AuxiliaryWindows::showOnboarding(bool markIncomplete)
             {.onFinish = closing(m_onboardingWindow), .onOpenSettings = [this] {
                  showSettings();
              }});
-        m_onboardingWindow = makeWindow(
-            {.title = u"Welcome to Tavik Launcher"_s, .size = onboardingSize}, view, [this] {
-                m_dependencies.settings.hasCompletedOnboarding.set(true);
-                m_onboardingWindow.reset();
-            });
+        m_onboardingWindow
+            = makeWindow({.title = Texts::tr("Welcome to Tavik Launcher"), .size = onboardingSize},
+                         view,
+                         [this] {
+                             m_dependencies.settings.hasCompletedOnboarding.set(true);
+                             m_onboardingWindow.reset();
+                         });
     }
     centerOnActiveScreen(*m_onboardingWindow);
     m_onboardingWindow->activate();
@@ -162,8 +165,8 @@ void AuxiliaryWindows::showReindex()
         auto* view
             = new ReindexView({m_dependencies.catalog, *platform.mainQueue, *platform.appearance},
                               {.onCelebrate = celebrate, .onClose = closing(m_reindexWindow)});
-        m_reindexWindow
-            = makeWindow({.title = u"Reindex Apps"_s}, view, [this] { m_reindexWindow.reset(); });
+        m_reindexWindow = makeWindow(
+            {.title = Texts::tr("Reindex Apps")}, view, [this] { m_reindexWindow.reset(); });
     }
     centerOnActiveScreen(*m_reindexWindow);
     m_reindexWindow->activate();
@@ -200,7 +203,7 @@ AuxiliaryWindowPointer AuxiliaryWindows::makeSettingsWindow()
                                screen->visibleFrame.size().toSize() - QSize(0, roomForTitle))
                                   : LauncherSettingsView::smallestSize;
     view->setMinimumSize(smallest);
-    AuxiliaryWindowPointer made = makeWindow({.title = u"Tavik Launcher Settings"_s,
+    AuxiliaryWindowPointer made = makeWindow({.title = Texts::tr("Tavik Launcher Settings"),
                                               .size = LauncherSettingsView::preferredSize,
                                               .smallestSize = smallest},
                                              view,

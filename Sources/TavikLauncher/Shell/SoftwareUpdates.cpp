@@ -3,6 +3,7 @@
 #include <TavikLauncher/Shell/OpenPage.h>
 #include <TavikLauncher/Shell/SoftwareUpdates.h>
 #include <TavikLauncher/Shell/UpdateDebugLog.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <utility>
 
@@ -29,8 +30,8 @@ std::chrono::seconds interval(UpdateCheckFrequency frequency)
 
 QString nothingNewTitle(const Updater& updater)
 {
-    return updater.whyNotUpdating() ? u"This build is not updated by itself."_s
-                                    : u"There is no update to install."_s;
+    return updater.whyNotUpdating() ? Texts::tr("This build is not updated by itself.")
+                                    : Texts::tr("There is no update to install.");
 }
 
 } // namespace

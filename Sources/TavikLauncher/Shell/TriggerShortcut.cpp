@@ -3,6 +3,7 @@
 #include <TavikLauncher/Shell/ScreenGuard.h>
 #include <TavikLauncher/Shell/TriggerShortcut.h>
 #include <TavikLauncher/Trigger/GlobalHotKey.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <utility>
 
@@ -80,9 +81,9 @@ std::unique_ptr<GlobalHotKey> TriggerShortcut::makeHotKey()
         m_gestures.letGo();
     };
     hotKey->onHotKeyLost = [this, name = config.displayName](int) {
-        m_actions.tell(
-            u"%1 cannot be had: another application may use it, or the keyboard has changed. Choose another shortcut in the settings."_s
-                .arg(name));
+        m_actions.tell(Texts::tr("%1 cannot be had: another application may use it, or the "
+                                 "keyboard has changed. Choose another shortcut in the settings.")
+                           .arg(name));
     };
     hotKey->onAccessibilityRevoked = m_actions.checkAccessibilityPermission;
     return hotKey;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Trigger/GlobalHotKey.h>
 #include <TavikLauncherPlatform/AccessibilityPermission.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QLoggingCategory>
 
@@ -74,17 +75,18 @@ std::optional<QString> GlobalHotKey::refusal(KeyEvents& keyEvents, const HotKeyC
 {
     const quint64 modifiers = modifiersOf(config);
     if (modifiers == 0) {
-        return u"A shortcut needs at least one modifier key."_s;
+        return Texts::tr("A shortcut needs at least one modifier key.");
     }
     if (!keyEvents.hasKeys(modifiers, config.keyCode)) {
-        return u"This keyboard does not have all the keys of %1."_s.arg(config.displayName);
+        return Texts::tr("This keyboard does not have all the keys of %1.").arg(config.displayName);
     }
     if (!config.keyCode && !keyEvents.hearsChords()) {
-        return u"This desktop gives programs no shortcut of modifiers alone. Add a key: %1, say."_s
-            .arg(config.withSpace().displayName);
+        return Texts::
+            tr("This desktop gives programs no shortcut of modifiers alone. Add a key: %1, say.")
+                .arg(config.withSpace().displayName);
     }
     if (config.keyCode && keyEvents.hotKeyStatus(hotKeyOf(config)) != 0) {
-        return u"%1 is already used by another application."_s.arg(config.displayName);
+        return Texts::tr("%1 is already used by another application.").arg(config.displayName);
     }
     return std::nullopt;
 }

@@ -35,6 +35,7 @@
 #include <TavikLauncherPlatform/Platform.h>
 #include <TavikLauncherPlatform/QtMainQueue.h>
 #include <TavikLauncherPlatform/QtWorkQueue.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -189,9 +190,10 @@ void addWaylandServices(Platform& platform, LinuxFileManager& files, const Platf
 std::optional<QString> openOnDesktop(const QUrl& url)
 {
     const LaunchResult result = openWithDefault(url);
-    return result.error ? std::optional(u"“%1” could not be opened: %2."_s.arg(
-               url.toDisplayString(QUrl::PreferLocalFile), *result.error))
-                        : std::nullopt;
+    return result.error
+        ? std::optional(Texts::tr("“%1” could not be opened: %2.")
+                            .arg(url.toDisplayString(QUrl::PreferLocalFile), *result.error))
+        : std::nullopt;
 }
 
 std::unique_ptr<Updater> makeUpdater(const UpdateSource& source, Platform& platform)

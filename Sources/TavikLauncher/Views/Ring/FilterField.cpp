@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Views/Ring/FilterField.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -16,8 +17,8 @@ FilterField::FilterField(QWidget* parent)
     setContextMenuPolicy(Qt::NoContextMenu);
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setAttribute(Qt::WA_OpaquePaintEvent, false);
-    setPlaceholderText(u"Type to filter…"_s);
-    setAccessibleName(u"Filter"_s);
+    setPlaceholderText(Texts::tr("Type to filter…"));
+    setAccessibleName(Texts::tr("Filter"));
 }
 
 void FilterField::paintEvent(QPaintEvent*)

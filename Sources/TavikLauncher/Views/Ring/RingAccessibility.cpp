@@ -2,6 +2,7 @@
 #include <TavikLauncher/Views/Ring/FilterField.h>
 #include <TavikLauncher/Views/Ring/RadialLauncherView.h>
 #include <TavikLauncher/Views/Ring/RingAccessibility.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QAccessible>
 #include <QAccessibleActionInterface>
@@ -73,8 +74,8 @@ public:
             return {};
         }
         const RingInteraction& ring = view().interaction();
-        return ring.isRunning(*shown) ? u"running"_s
-            : ring.isStarting(*shown) ? u"starting"_s
+        return ring.isRunning(*shown) ? Texts::tr("running")
+            : ring.isStarting(*shown) ? Texts::tr("starting")
                                       : QString();
     }
     [[nodiscard]] QAccessible::State state() const override

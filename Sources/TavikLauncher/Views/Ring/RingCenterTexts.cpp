@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Ring/RingInteraction.h>
 #include <TavikLauncher/Views/Ring/RingCenterTexts.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 namespace Tavik {
 
@@ -17,10 +18,10 @@ RingCenter ringCenterTexts(const RingInteraction& ring, const RingCenterConditio
     const QList<IndexedApp>& apps = ring.ringApps();
     RingCenter center;
     center.query = (ring.query() + conditions.preedit).left(longestDrawnText);
-    center.hint = u"Type to filter..."_s;
+    center.hint = Texts::tr("Type to filter...");
     center.fieldOpacity = center.query.isEmpty() ? conditions.emptyFieldOpacity : 1.0;
     if (ring.isPinnedForSearch()) {
-        center.indicator = center.query.isEmpty() ? u"Pinned"_s : u"Search mode"_s;
+        center.indicator = center.query.isEmpty() ? Texts::tr("Pinned") : Texts::tr("Search mode");
     }
     if (conditions.showsAppNames && ring.hasActiveSelection()
         && ring.selectedIndex() < apps.size()) {
@@ -30,12 +31,13 @@ RingCenter ringCenterTexts(const RingInteraction& ring, const RingCenterConditio
         if (ring.isIndexing()) {
             center.spinnerStep = conditions.spinnerStep;
         } else {
-            center.message = u"No matches"_s;
+            center.message = Texts::tr("No matches");
         }
     }
     center.launchHint = ring.launchHint().value_or(QString());
     if (!ring.isFiltering() && apps.isEmpty()) {
-        center.launchHint = u"Nothing here yet. Click to add apps in Settings → Permanent Apps."_s;
+        center.launchHint
+            = Texts::tr("Nothing here yet. Click to add apps in Settings → Permanent Apps.");
         center.isInvitation = true;
     }
     return center;

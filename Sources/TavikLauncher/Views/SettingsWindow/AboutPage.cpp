@@ -5,6 +5,7 @@
 #include <TavikLauncher/Look/TavikIconFactory.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPages.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QHBoxLayout>
 #include <QIcon>
@@ -21,16 +22,21 @@ namespace {
 struct Library
 {
     QStringView name;
-    QStringView use;
+    const char* use;
     QStringView licence;
 };
 
 constexpr std::array libraries{
-    Library{u"Qt 6", u"Windows, drawing, system services", u"LGPL 3"},
-    Library{u"GLib and GIO", u"Desktop entries, starting applications", u"LGPL 2.1"},
-    Library{u"XCB and xkbcommon", u"The X11 session and its keyboard", u"MIT"},
-    Library{u"libplist", u"Property lists", u"LGPL 2.1"},
-    Library{u"libsodium", u"Signatures of updates", u"ISC"}};
+    Library{
+        u"Qt 6", QT_TRANSLATE_NOOP("Tavik::Texts", "Windows, drawing, system services"), u"LGPL 3"},
+    Library{u"GLib and GIO",
+            QT_TRANSLATE_NOOP("Tavik::Texts", "Desktop entries, starting applications"),
+            u"LGPL 2.1"},
+    Library{u"XCB and xkbcommon",
+            QT_TRANSLATE_NOOP("Tavik::Texts", "The X11 session and its keyboard"),
+            u"MIT"},
+    Library{u"libplist", QT_TRANSLATE_NOOP("Tavik::Texts", "Property lists"), u"LGPL 2.1"},
+    Library{u"libsodium", QT_TRANSLATE_NOOP("Tavik::Texts", "Signatures of updates"), u"ISC"}};
 
 class IconPicture final : public QWidget
 {
@@ -65,11 +71,11 @@ QWidget* makeHeader(const QString& version)
     texts->setSpacing(2);
     texts->addStretch();
     texts->addWidget(new Label(Label::Role::body, u"Tavik Launcher"_s, header));
-    auto* number = new Label(Label::Role::help, u"Version %1"_s.arg(version), header);
+    auto* number = new Label(Label::Role::help, Texts::tr("Version %1").arg(version), header);
     number->setObjectName(u"version"_s);
     texts->addWidget(number);
     texts->addWidget(
-        new Label(Label::Role::help, u"Free software under the MIT license"_s, header));
+        new Label(Label::Role::help, Texts::tr("Free software under the MIT license"), header));
     texts->addStretch();
     row->addLayout(texts, 1);
     return header;
@@ -88,24 +94,28 @@ QWidget* makeLicence(const Library& library)
 std::unique_ptr<SettingsPage> SettingsPages::makeAbout(const SettingsDependencies& dependencies)
 {
     auto page = std::make_unique<SettingsPage>(
-        dependencies, u"About"_s, u"A fast radial launcher centered wherever your pointer is."_s);
+        dependencies,
+        Texts::tr("About"),
+        Texts::tr("A fast radial launcher centered wherever your pointer is."));
     page->addCard().addWidget(makeHeader(dependencies.version));
 
-    Card& help = page->addCard(u"Help"_s);
-    page->addButton(help,
-                    {.title = u"Welcome tour"_s, .help = u"The ring in four short steps"_s},
-                    u"Repeat Tour"_s,
-                    dependencies.repeatTour)
+    Card& help = page->addCard(Texts::tr("Help"));
+    page->addButton(
+            help,
+            {.title = Texts::tr("Welcome tour"), .help = Texts::tr("The ring in four short steps")},
+            Texts::tr("Repeat Tour"),
+            dependencies.repeatTour)
         .setObjectName(u"repeatTour"_s);
-    page->addButton(help,
-                    {.title = u"Support"_s, .help = u"Questions, ideas and faults"_s},
-                    u"Open Support Page"_s,
-                    dependencies.openSupportPage)
+    page->addButton(
+            help,
+            {.title = Texts::tr("Support"), .help = Texts::tr("Questions, ideas and faults")},
+            Texts::tr("Open Support Page"),
+            dependencies.openSupportPage)
         .setObjectName(u"openSupportPage"_s);
 
-    Card& built = page->addCard(u"Built with"_s);
+    Card& built = page->addCard(Texts::tr("Built with"));
     for (const Library& library : libraries) {
-        built.addRow({.title = library.name.toString(), .help = library.use.toString()},
+        built.addRow({.title = library.name.toString(), .help = Texts::tr(library.use)},
                      makeLicence(library));
     }
     return page;

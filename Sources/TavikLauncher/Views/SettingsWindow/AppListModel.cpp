@@ -2,6 +2,7 @@
 #include <TavikLauncher/Catalog/AppCatalog.h>
 #include <TavikLauncher/Views/SettingsWindow/AppListModel.h>
 #include <TavikLauncherPlatform/FileManager.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QFileInfo>
 
@@ -65,7 +66,7 @@ QVariant AppListModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
         return shown.name;
     case Qt::AccessibleTextRole:
-        return shown.isMissing ? shown.name + u", not installed"_s : shown.name;
+        return shown.isMissing ? Texts::tr("%1, not installed").arg(shown.name) : shown.name;
     case iconSourceRole:
         return shown.icon.source;
     case isMissingRole:

@@ -4,6 +4,7 @@
 #include <TavikLauncher/Look/ScrollBar.h>
 #include <TavikLauncher/Views/SettingsWindow/AppListModel.h>
 #include <TavikLauncher/Views/SettingsWindow/AppListView.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -142,9 +143,10 @@ private:
     [[nodiscard]] QString note(const QModelIndex& index) const
     {
         if (index.data(AppListModel::isMissingRole).toBool()) {
-            return u"Not installed — "_s + index.data(AppListModel::pathRole).toString();
+            return Texts::tr("Not installed — %1")
+                .arg(index.data(AppListModel::pathRole).toString());
         }
-        return isTaken(index) ? u"Already on the ring"_s : QString();
+        return isTaken(index) ? Texts::tr("Already on the ring") : QString();
     }
 
     [[nodiscard]] bool isTaken(const QModelIndex& index) const

@@ -6,6 +6,7 @@
 #include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPages.h>
 #include <TavikLauncherPlatform/FileManager.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QFileInfo>
 #include <QPointer>
@@ -22,45 +23,46 @@ class BackupPage final : public SettingsPage
 public:
     explicit BackupPage(const SettingsDependencies& dependencies)
         : SettingsPage(dependencies,
-                       u"Backup"_s,
-                       u"Keep your settings in a file, or carry them to another machine."_s)
+                       Texts::tr("Backup"),
+                       Texts::tr("Keep your settings in a file, or carry them to another machine."))
         , m_beforeImport(*dependencies.beforeImport)
     {
         Card& card = addCard();
         addButton(card,
-                  {.title = u"Export"_s, .help = u"Write all settings to a file"_s},
-                  u"Export Settings…"_s,
+                  {.title = Texts::tr("Export"), .help = Texts::tr("Write all settings to a file")},
+                  Texts::tr("Export Settings…"),
                   [this] { askForExport(); })
             .setObjectName(u"exportSettings"_s);
-        addButton(card,
-                  {.title = u"Import"_s,
-                   .help = u"Take over the settings of a file"_s,
-                   .tooltip = u"Settings that the file does not mention stay as they are."_s},
-                  u"Import Settings…"_s,
-                  [this] { askForImport(); })
+        addButton(
+            card,
+            {.title = Texts::tr("Import"),
+             .help = Texts::tr("Take over the settings of a file"),
+             .tooltip = Texts::tr("Settings that the file does not mention stay as they are.")},
+            Texts::tr("Import Settings…"),
+            [this] { askForImport(); })
             .setObjectName(u"importSettings"_s);
         m_message = new OutcomeMessage(&card);
         m_message->setObjectName(u"backupMessage"_s);
         card.addWidget(m_message);
 
-        m_undo = new Button(u"Undo Import"_s);
+        m_undo = new Button(Texts::tr("Undo Import"));
         m_undo->setObjectName(u"undoImport"_s);
         m_undo->setVisible(m_beforeImport.has_value());
         addWidget(m_undo, Qt::AlignRight);
         describe(*m_undo,
                  {.title = m_undo->text(),
-                  .tooltip
-                  = u"Go back to the settings before the import; possible until this window "
-                    "closes."_s});
+                  .tooltip = Texts::tr(
+                      "Go back to the settings before the import; possible until this window "
+                      "closes.")});
         connect(m_undo, &QAbstractButton::clicked, this, [this] { undoImport(); });
     }
 
 private:
     void askForExport()
     {
-        dependencies().saveFile({.title = u"Export Tavik Launcher Settings"_s,
+        dependencies().saveFile({.title = Texts::tr("Export Tavik Launcher Settings"),
                                  .suggestedName = u"Tavik Launcher Settings.json"_s,
-                                 .nameFilter = u"Settings (*.json)"_s},
+                                 .nameFilter = Texts::tr("Settings (*.json)")},
                                 [page = QPointer(this)](const QString& path) {
                                     if (page) {
                                         page->exportTo(path);
@@ -77,15 +79,15 @@ private:
                            SettingsBackup::exportFailedMessage(*error));
         } else {
             m_message->say(OutcomeMessage::Kind::done,
-                           u"Settings exported to %1."_s.arg(QFileInfo(path).fileName()));
+                           Texts::tr("Settings exported to %1.").arg(QFileInfo(path).fileName()));
         }
     }
 
     void askForImport()
     {
-        dependencies().openFile({.title = u"Import Tavik Launcher Settings"_s,
+        dependencies().openFile({.title = Texts::tr("Import Tavik Launcher Settings"),
                                  .suggestedName = {},
-                                 .nameFilter = u"Settings (*.json);;All files (*)"_s},
+                                 .nameFilter = Texts::tr("Settings (*.json);;All files (*)")},
                                 [page = QPointer(this)](const QString& path) {
                                     if (page) {
                                         page->importFrom(path);
@@ -123,7 +125,7 @@ private:
             m_beforeImport.reset();
         }
         m_undo->hide();
-        m_message->say(OutcomeMessage::Kind::done, u"The import was undone."_s);
+        m_message->say(OutcomeMessage::Kind::done, Texts::tr("The import was undone."));
     }
 
     OutcomeMessage* m_message = nullptr;

@@ -5,6 +5,7 @@
 #include <TavikLauncher/Settings/ColorText.h>
 #include <TavikLauncher/Views/SettingsWindow/ColorField.h>
 #include <TavikLauncher/Views/SettingsWindow/SwatchPopover.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QAbstractButton>
 #include <QFontDatabase>
@@ -95,7 +96,7 @@ ColorField::ColorField(QWidget* parent)
 void ColorField::setName(const QString& name)
 {
     m_entry->setAccessibleName(name);
-    m_well->setAccessibleName(name + u": choose a color"_s);
+    m_well->setAccessibleName(Texts::tr("%1: choose a color").arg(name));
 }
 
 void ColorField::setHex(const QString& hex)

@@ -4,6 +4,7 @@
 #include <TavikLauncher/Settings/LauncherSettings.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPages.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 namespace Tavik {
 
@@ -14,9 +15,9 @@ namespace {
 void addLaunchAtLogin(SettingsPage& page, Card& card)
 {
     LauncherSettings& settings = page.settings();
-    const RowText text{.title = u"Launch at login"_s,
-                       .help = u"Start Tavik Launcher quietly when you log in"_s,
-                       .tooltip = u"The ring is then ready as soon as you are."_s};
+    const RowText text{.title = Texts::tr("Launch at login"),
+                       .help = Texts::tr("Start Tavik Launcher quietly when you log in"),
+                       .tooltip = Texts::tr("The ring is then ready as soon as you are.")};
     auto* control = new Switch;
     control->setObjectName(u"launchesAtLogin"_s);
     card.addRow(text, control);
@@ -42,37 +43,40 @@ void addLaunchAtLogin(SettingsPage& page, Card& card)
 std::unique_ptr<SettingsPage> SettingsPages::makeGeneral(const SettingsDependencies& dependencies)
 {
     auto page = std::make_unique<SettingsPage>(
-        dependencies, u"General"_s, u"How the launcher starts and what the ring offers."_s);
+        dependencies,
+        Texts::tr("General"),
+        Texts::tr("How the launcher starts and what the ring offers."));
     LauncherSettings& settings = page->settings();
     settings.refreshLaunchAtLoginStatus();
     // The message sends the user to the desktop's own settings, and back.
     page->whenBroughtBack([&settings] { settings.refreshLaunchAtLoginStatus(); });
 
-    Card& system = page->addCard(u"System"_s);
+    Card& system = page->addCard(Texts::tr("System"));
     addLaunchAtLogin(*page, system);
     page->addSwitch(system,
-                    {.title = u"Show in the Dock"_s,
-                     .help = u"Windows of the launcher appear in the taskbar"_s,
-                     .tooltip = u"The ring itself is never listed there."_s},
+                    {.title = Texts::tr("Show in the Dock"),
+                     .help = Texts::tr("Windows of the launcher appear in the taskbar"),
+                     .tooltip = Texts::tr("The ring itself is never listed there.")},
                     settings.showInDock);
 
-    Card& ring = page->addCard(u"Ring"_s);
+    Card& ring = page->addCard(Texts::tr("Ring"));
+    page->addSwitch(
+        ring,
+        {.title = Texts::tr("Double-tap pins the ring"),
+         .help = Texts::tr("Tap a held shortcut twice and the ring stays open"),
+         .tooltip = Texts::tr("A pinned ring stays until you launch something, press Escape, "
+                              "or click away.")},
+        settings.doubleTapModifiersPinsLauncher);
+    page->previewWith(page->addSwitch(
+        ring,
+        {.title = Texts::tr("Fill with recent applications"),
+         .help = Texts::tr("Empty slots show what you used last"),
+         .tooltip = Texts::tr("Pinned and running applications always come first.")},
+        settings.fillsRingWithRecentApps));
     page->addSwitch(ring,
-                    {.title = u"Double-tap pins the ring"_s,
-                     .help = u"Tap a held shortcut twice and the ring stays open"_s,
-                     .tooltip = u"A pinned ring stays until you launch something, press Escape, "
-                                "or click away."_s},
-                    settings.doubleTapModifiersPinsLauncher);
-    page->previewWith(
-        page->addSwitch(ring,
-                        {.title = u"Fill with recent applications"_s,
-                         .help = u"Empty slots show what you used last"_s,
-                         .tooltip = u"Pinned and running applications always come first."_s},
-                        settings.fillsRingWithRecentApps));
-    page->addSwitch(ring,
-                    {.title = u"Search all applications"_s,
-                     .help = u"Typing also finds applications beyond the ring"_s,
-                     .tooltip = u"Otherwise only what the ring shows is searched."_s},
+                    {.title = Texts::tr("Search all applications"),
+                     .help = Texts::tr("Typing also finds applications beyond the ring"),
+                     .tooltip = Texts::tr("Otherwise only what the ring shows is searched.")},
                     settings.searchesAllApps);
     return page;
 }

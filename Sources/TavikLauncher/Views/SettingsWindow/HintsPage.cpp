@@ -6,6 +6,7 @@
 #include <TavikLauncher/Settings/LauncherSettings.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPages.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QHBoxLayout>
 
@@ -26,7 +27,8 @@ void addInterval(SettingsPage& page, Card& card)
     for (const int interval : intervals) {
         titles.append(QString::number(interval));
     }
-    const RowText text{.title = u"Interval"_s, .help = u"Launches from one hint to the next"_s};
+    const RowText text{.title = Texts::tr("Interval"),
+                       .help = Texts::tr("Launches from one hint to the next")};
     auto* choice = new SegmentedChoice(titles);
     choice->setObjectName(settings.launchHintInterval.name());
     card.addRow(text, choice);
@@ -68,24 +70,27 @@ QWidget* makeTip(int number, QStringView text)
 std::unique_ptr<SettingsPage> SettingsPages::makeHints(const SettingsDependencies& dependencies)
 {
     auto page = std::make_unique<SettingsPage>(
-        dependencies, u"Hints"_s, u"Short tips in the middle of the ring, now and then."_s);
+        dependencies,
+        Texts::tr("Hints"),
+        Texts::tr("Short tips in the middle of the ring, now and then."));
     LauncherSettings& settings = page->settings();
 
     Card& rotation = page->addCard();
-    auto& control = page->addSwitch(rotation,
-                                    {.title = u"Show hints"_s, .help = u"One tip at a time"_s},
-                                    settings.showsLaunchHints);
+    auto& control = page->addSwitch(
+        rotation,
+        {.title = Texts::tr("Show hints"), .help = Texts::tr("One tip at a time")},
+        settings.showsLaunchHints);
     auto* row = qobject_cast<CardRow*>(control.parentWidget());
     page->follow({settings.keepsCenterHintVisible.name()}, [row, &settings] {
-        row->setHelp(settings.keepsCenterHintVisible()
-                         ? u"Not shown while the center hint is kept visible, see Appearance"_s
-                         : u"One tip at a time"_s);
+        row->setHelp(settings.keepsCenterHintVisible() ? Texts::tr(
+                         "Not shown while the center hint is kept visible, see Appearance")
+                                                       : Texts::tr("One tip at a time"));
     });
     addInterval(*page, rotation);
 
-    Card& tips = page->addCard(u"All hints"_s);
+    Card& tips = page->addCard(Texts::tr("All hints"));
     int number = 0;
-    for (const QStringView tip : LaunchHints::tips()) {
+    for (const QString& tip : LaunchHints::tips()) {
         tips.addWidget(makeTip(++number, tip));
     }
     return page;

@@ -6,6 +6,7 @@
 #include <TavikLauncher/Views/SettingsWindow/SettingsPages.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsSection.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsSidebar.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QEvent>
 #include <QGuiApplication>
@@ -29,7 +30,7 @@ LauncherSettingsView::LauncherSettingsView(const SettingsDependencies& dependenc
     , m_font(font())
 {
     m_dependencies.beforeImport = &m_beforeImport;
-    setWindowTitle(QStringLiteral("Tavik Launcher Settings"));
+    setWindowTitle(Texts::tr("Tavik Launcher Settings"));
     setMinimumSize(smallestSize);
     resize(preferredSize);
     auto* row = new QHBoxLayout(this);

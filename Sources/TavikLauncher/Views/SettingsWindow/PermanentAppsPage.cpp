@@ -10,6 +10,7 @@
 #include <TavikLauncher/Views/SettingsWindow/SettingsPages.h>
 #include <TavikLauncherCore/AppSearch.h>
 #include <TavikLauncherPlatform/FileManager.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -34,38 +35,41 @@ class PermanentAppsPage final : public SettingsPage
 {
 public:
     explicit PermanentAppsPage(const SettingsDependencies& dependencies)
-        : SettingsPage(dependencies,
-                       u"Permanent Apps"_s,
-                       u"Always on the ring, clockwise from the top, whether they run or not."_s)
+        : SettingsPage(
+            dependencies,
+            Texts::tr("Permanent Apps"),
+            Texts::tr("Always on the ring, clockwise from the top, whether they run or not."))
         , m_icons(dependencies.iconDecoder, dependencies.workQueue)
         , m_apps(dependencies.catalog, dependencies.fileManager, this)
         , m_results(dependencies.catalog, dependencies.fileManager, this)
     {
-        Card& adding = addCard(u"Add"_s);
+        Card& adding = addCard(Texts::tr("Add"));
         adding.addWidget(makeSearch());
-        m_resultList = new AppListView(
-            m_icons,
-            {.form = AppListView::Form::pick, .placeholder = u"No application is called that."_s});
+        m_resultList
+            = new AppListView(m_icons,
+                              {.form = AppListView::Form::pick,
+                               .placeholder = Texts::tr("No application is called that.")});
         m_resultList->setObjectName(u"searchResults"_s);
         m_resultList->setModel(&m_results);
-        m_resultList->setAccessibleName(u"Applications found"_s);
+        m_resultList->setAccessibleName(Texts::tr("Applications found"));
         adding.addWidget(m_resultList);
         m_message = new OutcomeMessage(&adding);
         m_message->setObjectName(u"permanentAppsMessage"_s);
         adding.addWidget(m_message);
 
-        Card& card = addCard(u"On the ring"_s);
-        m_appList
-            = new AppListView(m_icons,
-                              {.form = AppListView::Form::reorder,
-                               .placeholder = u"Nothing yet. Search above to add applications."_s});
+        Card& card = addCard(Texts::tr("On the ring"));
+        m_appList = new AppListView(
+            m_icons,
+            {.form = AppListView::Form::reorder,
+             .placeholder = Texts::tr("Nothing yet. Search above to add applications.")});
         m_appList->setObjectName(u"permanentAppPaths"_s);
         m_appList->setModel(&m_apps);
         card.addWidget(m_appList);
-        describe(*m_appList,
-                 {.title = u"Permanent applications"_s,
-                  .help = u"Drag to change the order, or press Alt with an arrow key. Delete "
-                          "removes."_s});
+        describe(
+            *m_appList,
+            {.title = Texts::tr("Permanent applications"),
+             .help = Texts::tr("Drag to change the order, or press Alt with an arrow key. Delete "
+                               "removes.")});
         card.addWidget(makeToolbar());
         connectLists();
         whenBroughtBack([this] { lookAgain(); });
@@ -81,26 +85,26 @@ private:
         row->setContentsMargins(12, 8, 12, 8);
         m_search = new TextField(LineSymbol::search, bar);
         m_search->setObjectName(u"applicationSearch"_s);
-        m_search->setPlaceholderText(u"Search"_s);
+        m_search->setPlaceholderText(Texts::tr("Search"));
         m_search->setClearButtonEnabled(false);
         m_search->installEventFilter(this);
         describe(*m_search,
-                 {.title = u"Search applications"_s,
-                  .help = u"Type a name; Return adds the first application found."_s});
-        auto* add = new Button(u"Add…"_s, bar);
+                 {.title = Texts::tr("Search applications"),
+                  .help = Texts::tr("Type a name; Return adds the first application found.")});
+        auto* add = new Button(Texts::tr("Add…"), bar);
         add->setObjectName(u"addApplication"_s);
         describe(*add,
-                 {.title = u"Add an application"_s,
-                  .tooltip = u"Choose an application that the search does not find."_s});
+                 {.title = Texts::tr("Add an application"),
+                  .tooltip = Texts::tr("Choose an application that the search does not find.")});
         row->setSpacing(4);
         row->addWidget(m_search, 1);
         row->addWidget(add);
         connect(m_search, &QLineEdit::textChanged, this, [this] { refreshResults(); });
         connect(m_search, &QLineEdit::returnPressed, this, [this] { addResult(firstFree()); });
         connect(add, &QAbstractButton::clicked, this, [this] {
-            askFor({.title = u"Add an Application"_s,
+            askFor({.title = Texts::tr("Add an Application"),
                     .suggestedName = {},
-                    .nameFilter = u"Applications (*.desktop *.app)"_s,
+                    .nameFilter = Texts::tr("Applications (*.desktop *.app)"),
                     .alsoTakesFolders = true});
         });
         return bar;
@@ -119,15 +123,18 @@ private:
             row->addWidget(button);
             return button;
         };
-        m_up = add(LineSymbol::up, {.title = u"Move Up"_s, .tooltip = u"Move up"_s}, u"moveUp"_s);
-        m_down = add(
-            LineSymbol::down, {.title = u"Move Down"_s, .tooltip = u"Move down"_s}, u"moveDown"_s);
+        m_up = add(LineSymbol::up,
+                   {.title = Texts::tr("Move Up"), .tooltip = Texts::tr("Move up")},
+                   u"moveUp"_s);
+        m_down = add(LineSymbol::down,
+                     {.title = Texts::tr("Move Down"), .tooltip = Texts::tr("Move down")},
+                     u"moveDown"_s);
         row->addStretch();
-        m_remove = new Button(u"Remove"_s, bar);
+        m_remove = new Button(Texts::tr("Remove"), bar);
         m_remove->setObjectName(u"removeApp"_s);
-        describe(
-            *m_remove,
-            {.title = u"Remove"_s, .tooltip = u"Take the selected application off the ring."_s});
+        describe(*m_remove,
+                 {.title = Texts::tr("Remove"),
+                  .tooltip = Texts::tr("Take the selected application off the ring.")});
         row->addWidget(m_remove);
         connect(m_up, &QAbstractButton::clicked, this, [this] {
             move(selectedRow(), selectedRow() - 1);
@@ -271,7 +278,7 @@ private:
             add(path);
         } else {
             m_message->say(OutcomeMessage::Kind::warning,
-                           u"%1 is not an application."_s.arg(QFileInfo(path).fileName()));
+                           Texts::tr("%1 is not an application.").arg(QFileInfo(path).fileName()));
         }
     }
 

@@ -3,6 +3,7 @@
 
 #include <TavikLauncher/Look/LineSymbol.h>
 
+#include <QCoreApplication>
 #include <QStringView>
 
 #include <array>
@@ -13,7 +14,7 @@ namespace Tavik {
 struct SettingsSection
 {
     QStringView id;
-    QStringView title;
+    const char* title; ///< For `Texts::tr`.
     LineSymbol symbol;
 
     static constexpr QStringView general = u"general";
@@ -29,14 +30,27 @@ struct SettingsSection
 
 /// In the order of the sidebar.
 inline constexpr std::array allSettingsSections{
-    SettingsSection{SettingsSection::general, u"General", LineSymbol::gear},
-    SettingsSection{SettingsSection::shortcut, u"Shortcut", LineSymbol::keyboard},
-    SettingsSection{SettingsSection::appearance, u"Appearance", LineSymbol::ring},
-    SettingsSection{SettingsSection::theme, u"Theme", LineSymbol::palette},
-    SettingsSection{SettingsSection::permanentApps, u"Permanent Apps", LineSymbol::pin},
-    SettingsSection{SettingsSection::hints, u"Hints", LineSymbol::bulb},
-    SettingsSection{SettingsSection::updates, u"Updates", LineSymbol::refresh},
-    SettingsSection{SettingsSection::backup, u"Backup", LineSymbol::archive},
-    SettingsSection{SettingsSection::about, u"About", LineSymbol::info}};
+    SettingsSection{
+        SettingsSection::general, QT_TRANSLATE_NOOP("Tavik::Texts", "General"), LineSymbol::gear},
+    SettingsSection{SettingsSection::shortcut,
+                    QT_TRANSLATE_NOOP("Tavik::Texts", "Shortcut"),
+                    LineSymbol::keyboard},
+    SettingsSection{SettingsSection::appearance,
+                    QT_TRANSLATE_NOOP("Tavik::Texts", "Appearance"),
+                    LineSymbol::ring},
+    SettingsSection{
+        SettingsSection::theme, QT_TRANSLATE_NOOP("Tavik::Texts", "Theme"), LineSymbol::palette},
+    SettingsSection{SettingsSection::permanentApps,
+                    QT_TRANSLATE_NOOP("Tavik::Texts", "Permanent Apps"),
+                    LineSymbol::pin},
+    SettingsSection{
+        SettingsSection::hints, QT_TRANSLATE_NOOP("Tavik::Texts", "Hints"), LineSymbol::bulb},
+    SettingsSection{SettingsSection::updates,
+                    QT_TRANSLATE_NOOP("Tavik::Texts", "Updates"),
+                    LineSymbol::refresh},
+    SettingsSection{
+        SettingsSection::backup, QT_TRANSLATE_NOOP("Tavik::Texts", "Backup"), LineSymbol::archive},
+    SettingsSection{
+        SettingsSection::about, QT_TRANSLATE_NOOP("Tavik::Texts", "About"), LineSymbol::info}};
 
 } // namespace Tavik

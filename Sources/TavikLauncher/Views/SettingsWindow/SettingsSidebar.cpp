@@ -4,6 +4,7 @@
 #include <TavikLauncher/Look/ScrollBar.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsSection.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsSidebar.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -26,7 +27,7 @@ public:
         : Pressable(parent)
         , m_symbol(section.symbol)
     {
-        setText(section.title.toString());
+        setText(Texts::tr(section.title));
         setCheckable(true);
         setAutoExclusive(true);
         setFocusPolicy(Qt::StrongFocus);
@@ -88,7 +89,7 @@ SettingsSidebar::SettingsSidebar(QWidget* parent)
     setVerticalScrollBar(new ScrollBar(this));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::NoFocus);
-    setAccessibleName(QStringLiteral("Sections"));
+    setAccessibleName(Texts::tr("Sections"));
     auto* list = new QWidget;
     auto* column = new QVBoxLayout(list);
     column->setContentsMargins(padding - focusMargin, 14, padding - focusMargin, 14);

@@ -10,6 +10,7 @@
 #include <TavikLauncher/Views/SettingsWindow/HotKeyRecorderBridge.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPages.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QHBoxLayout>
 
@@ -25,13 +26,14 @@ class ShortcutPage final : public SettingsPage
 {
 public:
     explicit ShortcutPage(const SettingsDependencies& dependencies)
-        : SettingsPage(dependencies, u"Shortcut"_s, u"What brings the ring up, anywhere."_s)
+        : SettingsPage(
+            dependencies, Texts::tr("Shortcut"), Texts::tr("What brings the ring up, anywhere."))
         , m_bridge(m_recorder, dependencies.keyEvents, *this)
     {
         Card& card = addCard();
-        const RowText text{.title = u"Trigger shortcut"_s,
+        const RowText text{.title = Texts::tr("Trigger shortcut"),
                            .help = {},
-                           .tooltip = u"Click, then press the new shortcut."_s};
+                           .tooltip = Texts::tr("Click, then press the new shortcut.")};
         m_field = new Button(QString());
         m_field->setObjectName(u"hotKeyConfig"_s);
         auto* control = new QWidget;
@@ -45,8 +47,9 @@ public:
         describe(*m_field, text);
         m_prompt = new Label(
             Label::Role::help,
-            u"Press Modifier+Key for a tap-to-toggle shortcut. Or hold ≥2 modifier keys and "
-            "release them to use a hold-to-show shortcut. Press Escape to cancel recording."_s);
+            Texts::tr(
+                "Press Modifier+Key for a tap-to-toggle shortcut. Or hold ≥2 modifier keys and "
+                "release them to use a hold-to-show shortcut. Press Escape to cancel recording."));
         m_prompt->setObjectName(u"recordingPrompt"_s);
         m_prompt->setContentsMargins(16, 10, 16, 10);
         card.addWidget(m_prompt);
@@ -60,13 +63,15 @@ public:
         m_coexistence->setContentsMargins(16, 10, 16, 10);
         card.addWidget(m_coexistence);
 
-        auto* reset = new Button(u"Use Default Shortcut"_s);
+        auto* reset = new Button(Texts::tr("Use Default Shortcut"));
         reset->setObjectName(u"defaultShortcut"_s);
         addWidget(reset, Qt::AlignRight);
-        describe(*reset,
-                 {.title = reset->text(),
-                  .tooltip = u"Go back to %1."_s.arg(
-                      ShortcutWords::keycaps(HotKeyConfig::defaultConfig()).join(u" + "_s))});
+        describe(
+            *reset,
+            {.title = reset->text(),
+             .tooltip
+             = Texts::tr("Go back to %1.")
+                   .arg(ShortcutWords::keycaps(HotKeyConfig::defaultConfig()).join(u" + "_s))});
 
         connect(m_field, &QAbstractButton::clicked, this, [this] { toggleRecording(); });
         connect(reset, &QAbstractButton::clicked, this, [this] {
@@ -130,8 +135,10 @@ private:
             connect(button, &QAbstractButton::clicked, this, clicked);
             row->addWidget(button);
         };
-        add(u"Use It Anyway"_s, u"useDoubtful"_s, [this] { take(HotKeyConfig(m_doubtful), true); });
-        add(u"Choose Another"_s, u"chooseAnother"_s, [this] { record(); });
+        add(Texts::tr("Use It Anyway"), u"useDoubtful"_s, [this] {
+            take(HotKeyConfig(m_doubtful), true);
+        });
+        add(Texts::tr("Choose Another"), u"chooseAnother"_s, [this] { record(); });
         question->hide();
         return question;
     }
@@ -143,7 +150,7 @@ private:
         const auto& tryShortcut = dependencies().tryShortcut;
         if (const auto reason = tryShortcut ? tryShortcut(config) : std::nullopt) {
             m_message->say(OutcomeMessage::Kind::warning,
-                           u"%1 cannot be used. %2"_s.arg(config.displayName, *reason));
+                           Texts::tr("%1 cannot be used. %2").arg(config.displayName, *reason));
         } else if (const auto warning = ShortcutWords::warning(config); warning && !isInsistedOn) {
             m_message->say(OutcomeMessage::Kind::warning, *warning);
             m_doubtful = config;
@@ -157,8 +164,8 @@ private:
     {
         const HotKeyConfig& config = settings().hotKeyConfig();
         const bool isRecording = m_recorder.isRecording();
-        m_field->setText(isRecording ? u"Press a shortcut…"_s : config.displayName);
-        m_field->setAccessibleName(u"Trigger shortcut: "_s + m_field->text());
+        m_field->setText(isRecording ? Texts::tr("Press a shortcut…") : config.displayName);
+        m_field->setAccessibleName(Texts::tr("Trigger shortcut: %1").arg(m_field->text()));
         m_field->updateGeometry();
         m_row->setHelp(ShortcutWords::description(config));
         const QStringList keys = ShortcutWords::keycaps(config);

@@ -11,7 +11,7 @@ namespace Tavik {
 struct Swatch
 {
     QStringView hex;
-    QStringView name;
+    const char* name; ///< For `Texts::tr`.
 };
 
 /// Quiet colours for the ring's band.

@@ -7,6 +7,7 @@
 #include <TavikLauncher/Settings/ColorText.h>
 #include <TavikLauncher/Views/SettingsWindow/SwatchColors.h>
 #include <TavikLauncher/Views/SettingsWindow/SwatchPopover.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -38,7 +39,7 @@ public:
     {
         setCheckable(true);
         setAutoExclusive(true);
-        setAccessibleName(swatch.name.toString());
+        setAccessibleName(Texts::tr(swatch.name));
         constexpr int side = 26 + 2 * focusMargin;
         setFixedSize(side, side);
     }
@@ -87,7 +88,7 @@ SwatchPopover::SwatchPopover(QWidget& anchor,
     , m_shown(hex)
     , m_picked(std::move(picked))
 {
-    setAccessibleName(u"Ready colors"_s);
+    setAccessibleName(Texts::tr("Ready colors"));
     setFocusPolicy(Qt::StrongFocus);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(shadow + 14, shadow + 12, shadow + 14, shadow + 12);
@@ -114,14 +115,14 @@ SwatchPopover::SwatchPopover(QWidget& anchor,
         }
         column->addLayout(grid);
     };
-    addList(u"Dark Backgrounds"_s, darkSwatches());
+    addList(Texts::tr("Dark Backgrounds"), darkSwatches());
     column->addSpacing(6);
-    addList(u"Accents"_s, accentSwatches());
+    addList(Texts::tr("Accents"), accentSwatches());
     column->addSpacing(6);
     auto* last = new QHBoxLayout;
     m_name = new Label(Label::Role::help, {}, this);
     m_name->setWordWrap(false);
-    auto* more = new Button(u"More Colors…"_s, this);
+    auto* more = new Button(Texts::tr("More Colors…"), this);
     more->setObjectName(u"moreColors"_s);
     connect(more, &QAbstractButton::clicked, this, [this] { openDialog(); });
     last->addWidget(m_name, 1);

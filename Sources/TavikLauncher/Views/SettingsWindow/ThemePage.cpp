@@ -10,6 +10,7 @@
 #include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPages.h>
 #include <TavikLauncher/Views/SettingsWindow/ThemeTile.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QGridLayout>
 #include <QLineEdit>
@@ -22,13 +23,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString explanation
-    = u"Apply a pre-made color theme to the ring; choosing Custom lets you set each color individually."_s;
+QString explanation()
+{
+    return Texts::tr("Apply a pre-made color theme to the ring; choosing Custom lets you set each "
+                     "color individually.");
+}
 
 ThemePreset customTheme(const LauncherSettings& settings)
 {
     return {.id = u"custom"_s,
-            .name = u"Custom"_s,
+            .name = Texts::tr("Custom"),
             .ringColorHex = settings.ringColorHex(),
             .ringOpacity = settings.ringOpacity(),
             .highlightColorHex = settings.highlightColorHex(),
@@ -65,7 +69,7 @@ public:
             auto* tile = new ThemeTile(theme, this);
             const int position = grid->count();
             grid->addWidget(tile, position / columns, position % columns);
-            page.describe(*tile, {.title = theme.name, .help = explanation});
+            page.describe(*tile, {.title = theme.name, .help = explanation()});
             return tile;
         };
         for (const ThemePreset& preset : ThemePreset::presets()) {
@@ -137,39 +141,41 @@ void addColors(SettingsPage& page)
 {
     LauncherSettings& settings = page.settings();
     const SettingsPage::Scale percent{.stepsPerUnit = 100, .leap = 10, .unit = u" %"_s};
-    Card& colors = page.addCard(u"Colors"_s);
+    Card& colors = page.addCard(Texts::tr("Colors"));
     page.addColor(colors,
-                  {.title = u"Ring color"_s,
-                   .help = u"The band behind the icons"_s,
-                   .tooltip = u"Six hexadecimal digits, or a ready color from the well."_s},
+                  {.title = Texts::tr("Ring color"),
+                   .help = Texts::tr("The band behind the icons"),
+                   .tooltip = Texts::tr("Six hexadecimal digits, or a ready color from the well.")},
                   settings.ringColorHex);
-    page.addColor(colors,
-                  {.title = u"Highlight color"_s, .help = u"The wedge under the selection"_s},
-                  settings.highlightColorHex);
+    page.addColor(
+        colors,
+        {.title = Texts::tr("Highlight color"), .help = Texts::tr("The wedge under the selection")},
+        settings.highlightColorHex);
 
-    Card& opacity = page.addCard(u"Opacity"_s);
+    Card& opacity = page.addCard(Texts::tr("Opacity"));
     page.addSlider(opacity,
-                   {.title = u"Ring"_s, .help = u"How solid the band is"_s},
+                   {.title = Texts::tr("Ring"), .help = Texts::tr("How solid the band is")},
                    settings.ringOpacity,
                    percent);
     page.addSlider(opacity,
-                   {.title = u"Highlight"_s, .help = u"Strength of the wedge"_s},
+                   {.title = Texts::tr("Highlight"), .help = Texts::tr("Strength of the wedge")},
                    settings.highlightOpacity,
                    percent);
-    page.addSlider(opacity,
-                   {.title = u"Name label"_s, .help = u"Background of names and hints"_s},
-                   settings.pillOpacity,
-                   percent);
+    page.addSlider(
+        opacity,
+        {.title = Texts::tr("Name label"), .help = Texts::tr("Background of names and hints")},
+        settings.pillOpacity,
+        percent);
 
-    Card& dot = page.addCard(u"Running applications"_s);
-    page.addSwitch(
+    Card& dot = page.addCard(Texts::tr("Running applications"));
+    page.addSwitch(dot,
+                   {.title = Texts::tr("Mark running applications"),
+                    .help = Texts::tr("A dot beside the icon of each")},
+                   settings.showsRunningDot);
+    ColorField& dotColor = page.addColor(
         dot,
-        {.title = u"Mark running applications"_s, .help = u"A dot beside the icon of each"_s},
-        settings.showsRunningDot);
-    ColorField& dotColor
-        = page.addColor(dot,
-                        {.title = u"Dot color"_s, .help = u"Themes leave it as it is"_s},
-                        settings.runningDotColorHex);
+        {.title = Texts::tr("Dot color"), .help = Texts::tr("Themes leave it as it is")},
+        settings.runningDotColorHex);
     page.follow({settings.showsRunningDot.name()},
                 [&settings, &dotColor] { dotColor.setEnabled(settings.showsRunningDot()); });
 }
@@ -179,12 +185,12 @@ void addColors(SettingsPage& page)
 std::unique_ptr<SettingsPage> SettingsPages::makeTheme(const SettingsDependencies& dependencies)
 {
     auto page = std::make_unique<SettingsPage>(
-        dependencies, u"Theme"_s, u"Colors and opacity of the ring."_s);
+        dependencies, Texts::tr("Theme"), Texts::tr("Colors and opacity of the ring."));
 
     auto* picker = new ThemePicker(*page);
-    Card& themes = page->addCard(u"Themes"_s);
+    Card& themes = page->addCard(Texts::tr("Themes"));
     themes.addWidget(picker);
-    auto* help = new Label(Label::Role::help, explanation);
+    auto* help = new Label(Label::Role::help, explanation());
     help->setContentsMargins(16, 10, 16, 10);
     themes.addWidget(help);
     addColors(*page);
@@ -194,14 +200,14 @@ std::unique_ptr<SettingsPage> SettingsPages::makeTheme(const SettingsDependencie
         }
     };
 
-    auto* reset = new Button(u"Restore Default Theme"_s);
+    auto* reset = new Button(Texts::tr("Restore Default Theme"));
     reset->setObjectName(u"restoreDefaultTheme"_s);
     page->addWidget(reset, Qt::AlignRight);
-    page->describe(*reset,
-                   {.title = reset->text(),
-                    .tooltip
-                    = u"Restore all colors and opacity values to the default Tavik Classic "
-                      "theme."_s});
+    page->describe(
+        *reset,
+        {.title = reset->text(),
+         .tooltip = Texts::tr("Restore all colors and opacity values to the default Tavik Classic "
+                              "theme.")});
     QObject::connect(reset, &QAbstractButton::clicked, picker, [picker] {
         picker->apply(ThemePreset::presets().constFirst());
     });

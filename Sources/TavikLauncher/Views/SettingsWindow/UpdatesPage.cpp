@@ -5,6 +5,7 @@
 #include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPages.h>
 #include <TavikLauncherPlatform/NotificationCenter.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QAbstractButton>
 
@@ -16,13 +17,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QStringView promise = u"New versions are never installed without asking you.";
-
 void addFrequency(SettingsPage& page, Card& card)
 {
     LauncherSettings& settings = page.settings();
-    const RowText text{.title = u"Frequency"_s, .help = u"How often to look for a new version"_s};
-    auto* choice = new SegmentedChoice({u"Daily"_s, u"Weekly"_s, u"Monthly"_s});
+    const RowText text{.title = Texts::tr("Frequency"),
+                       .help = Texts::tr("How often to look for a new version")};
+    auto* choice
+        = new SegmentedChoice({Texts::tr("Daily"), Texts::tr("Weekly"), Texts::tr("Monthly")});
     choice->setObjectName(settings.updateCheckFrequency.name());
     card.addRow(text, choice);
     choice->setName(text.title);
@@ -42,31 +43,34 @@ void addFrequency(SettingsPage& page, Card& card)
 
 std::unique_ptr<SettingsPage> SettingsPages::makeUpdates(const SettingsDependencies& dependencies)
 {
-    auto page = std::make_unique<SettingsPage>(dependencies, u"Updates"_s, promise.toString());
+    auto page = std::make_unique<SettingsPage>(
+        dependencies,
+        Texts::tr("Updates"),
+        Texts::tr("New versions are never installed without asking you."));
     LauncherSettings& settings = page->settings();
 
     if (dependencies.whyNotUpdating) {
         Card& notice = page->addCard();
-        notice.addRow({.title = u"This build is not updated by itself."_s,
+        notice.addRow({.title = Texts::tr("This build is not updated by itself."),
                        .help = *dependencies.whyNotUpdating},
                       nullptr);
-        notice.addRow({.title = u"This version"_s, .help = dependencies.version}, nullptr);
+        notice.addRow({.title = Texts::tr("This version"), .help = dependencies.version}, nullptr);
         return page;
     }
     Card& automatic = page->addCard();
     page->addSwitch(automatic,
-                    {.title = u"Check for updates automatically"_s,
-                     .help = u"A dot in the wheel's symbol tells of a new version"_s},
+                    {.title = Texts::tr("Check for updates automatically"),
+                     .help = Texts::tr("A dot in the wheel's symbol tells of a new version")},
                     settings.autoUpdatesEnabled);
     addFrequency(*page, automatic);
 
     Card& now = page->addCard();
     QAbstractButton& check
         = page->addButton(now,
-                          {.title = u"This version"_s,
+                          {.title = Texts::tr("This version"),
                            .help = dependencies.version,
-                           .tooltip = u"Look for a new version at once."_s},
-                          u"Check Now"_s,
+                           .tooltip = Texts::tr("Look for a new version at once.")},
+                          Texts::tr("Check Now"),
                           [&notifications = dependencies.notifications] {
                               notifications.post(LauncherSettings::checkForUpdatesNow);
                           });

@@ -4,6 +4,7 @@
 #include <TavikLauncher/Look/WindowStyle.h>
 #include <TavikLauncher/Views/Tray/StatusItem.h>
 #include <TavikLauncherPlatform/StatusTray.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QCursor>
 #include <QEvent>
@@ -27,10 +28,9 @@ constexpr double notifierGraceSeconds = 2;
 constexpr double missingTraySeconds = 10;
 constexpr double dockingSeconds = 0.5;
 
-const QString& checkForUpdatesTitle()
+QString checkForUpdatesTitle()
 {
-    static const QString title = u"Check for Updates…"_s;
-    return title;
+    return Texts::tr("Check for Updates…");
 }
 
 /// A title whose marks of mnemonics are meant as they stand.
@@ -70,18 +70,18 @@ StatusItem::~StatusItem()
 void StatusItem::buildMenu()
 {
     m_menu.setTitle(u"Tavik Launcher"_s);
-    addItem(u"About Tavik Launcher"_s, m_actions.showAbout);
+    addItem(Texts::tr("About Tavik Launcher"), m_actions.showAbout);
     m_menu.addSeparator();
-    m_settingsItem = addItem(u"Settings..."_s, m_actions.showSettings);
+    m_settingsItem = addItem(Texts::tr("Settings..."), m_actions.showSettings);
     m_settingsItem->setShortcut(Qt::CTRL | Qt::Key_Comma);
     m_updateItem = addItem(checkForUpdatesTitle(), m_actions.checkForUpdates);
     m_menu.addSeparator();
-    addItem(u"Show Tavik Launcher"_s, m_actions.showLauncher);
-    addItem(u"Repeat Tour"_s, m_actions.repeatTour);
-    addItem(u"Reindex Apps…"_s, m_actions.showReindexWindow);
-    addItem(u"Support…"_s, m_actions.openSupportPage);
+    addItem(Texts::tr("Show Tavik Launcher"), m_actions.showLauncher);
+    addItem(Texts::tr("Repeat Tour"), m_actions.repeatTour);
+    addItem(Texts::tr("Reindex Apps…"), m_actions.showReindexWindow);
+    addItem(Texts::tr("Support…"), m_actions.openSupportPage);
     m_menu.addSeparator();
-    m_quitItem = addItem(u"Quit"_s, m_actions.quit);
+    m_quitItem = addItem(Texts::tr("Quit"), m_actions.quit);
     m_quitItem->setShortcut(Qt::CTRL | Qt::Key_Q);
 }
 
@@ -100,7 +100,7 @@ QAction* StatusItem::addItem(const QString& title, const std::function<void()>& 
 void StatusItem::showUpdateReminder(const QString& version)
 {
     m_updateVersion = version;
-    m_updateItem->setText(withoutMnemonics(u"Update to "_s + version + u" Available…"_s));
+    m_updateItem->setText(withoutMnemonics(Texts::tr("Update to %1 Available…").arg(version)));
     refreshIcon();
 }
 
@@ -147,7 +147,7 @@ QIcon StatusItem::makeIcon() const
 
 QString StatusItem::accessibilityDescription() const
 {
-    return m_updateVersion ? u"Tavik Launcher — update available"_s : u"Tavik Launcher"_s;
+    return m_updateVersion ? Texts::tr("Tavik Launcher — update available") : u"Tavik Launcher"_s;
 }
 
 void StatusItem::trayChanged()

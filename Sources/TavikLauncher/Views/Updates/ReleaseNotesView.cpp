@@ -2,6 +2,7 @@
 #include <TavikLauncher/Look/ScrollBar.h>
 #include <TavikLauncher/Views/Updates/ReleaseNotesView.h>
 #include <TavikLauncher/Views/Updates/SafeReleaseNotes.h>
+#include <TavikLauncherPlatform/Texts.h>
 #include <TavikLauncherPlatform/Updater.h>
 
 #include <QEvent>
@@ -31,7 +32,7 @@ ReleaseNotesView::ReleaseNotesView(std::function<void(const QUrl&)> openLink, QW
     setOpenLinks(false);
     setUndoRedoEnabled(false);
     setTabChangesFocus(true);
-    setAccessibleName(u"Release notes"_s);
+    setAccessibleName(Texts::tr("Release notes"));
     document()->setDocumentMargin(10);
     document()->setIndentWidth(20);
     connect(this,

@@ -4,6 +4,7 @@
 #include <TavikLauncher/Views/Updates/UpdateAlertView.h>
 #include <TavikLauncher/Views/Updates/UpdateMessageView.h>
 #include <TavikLauncher/Views/Updates/UpdateStatusView.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QApplication>
 #include <QLayout>
@@ -201,9 +202,11 @@ void StandardUserDriver::showInstallingUpdate()
 void StandardUserDriver::showUpdateHandedOver(std::function<void()> acknowledged)
 {
     showAlert(
-        u"The update is with your installer."_s,
-        u"Tavik Launcher %1 has been downloaded and verified. Your desktop's installer takes "
-        u"it from here. Once it is done, quit Tavik Launcher and start it again."_s.arg(version()),
+        Texts::tr("The update is with your installer."),
+        Texts::tr(
+            "Tavik Launcher %1 has been downloaded and verified. Your desktop's installer takes "
+            "it from here. Once it is done, quit Tavik Launcher and start it again.")
+            .arg(version()),
         acknowledged);
 }
 
@@ -239,10 +242,10 @@ QString StandardUserDriver::version() const
 QString StandardUserDriver::failureTitle() const
 {
     if (!m_found) {
-        return u"Looking for updates did not work."_s;
+        return Texts::tr("Looking for updates did not work.");
     }
-    return m_found->item.isInformationOnly ? u"The page could not be opened."_s
-                                           : u"The update was not installed."_s;
+    return m_found->item.isInformationOnly ? Texts::tr("The page could not be opened.")
+                                           : Texts::tr("The update was not installed.");
 }
 
 template <typename Stage> void StandardUserDriver::showStatus(const Stage& stage)
@@ -300,7 +303,7 @@ void StandardUserDriver::present(UpdateView* view, const AuxiliaryWindow::Option
 {
     takeDown();
     AuxiliaryWindow::Options complete = options;
-    complete.title = u"Software Update"_s;
+    complete.title = Texts::tr("Software Update");
     m_window.reset(new UpdateWindow(m_dependencies.windowServer, complete, view));
     m_window->layout()->activate();
     m_options.windowMade(*m_window);

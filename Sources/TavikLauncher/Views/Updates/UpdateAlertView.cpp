@@ -3,6 +3,7 @@
 #include <TavikLauncher/Look/WindowStyle.h>
 #include <TavikLauncher/Views/Updates/ReleaseNotesView.h>
 #include <TavikLauncher/Views/Updates/UpdateAlertView.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QLabel>
 #include <QLayout>
@@ -43,18 +44,18 @@ QString particulars(const UpdateItem& item)
 UpdateAlertView::UpdateAlertView(const UpdateItem& item, const Options& options, Actions actions)
     : m_actions(std::move(actions))
 {
-    setTitle(u"A new version of Tavik Launcher is available."_s);
-    addText(
-        u"Version %1 is out; you have %2."_s.arg(item.displayVersionString, options.ownVersion));
+    setTitle(Texts::tr("A new version of Tavik Launcher is available."));
+    addText(Texts::tr("Version %1 is out; you have %2.")
+                .arg(item.displayVersionString, options.ownVersion));
     // Most feeds call a version nothing but its number.
     if (!item.title.isEmpty() && !item.title.contains(item.displayVersionString)) {
         addText(item.title);
     }
     if (item.isInformationOnly) {
-        addText(u"It cannot be installed from here. Its page tells how to get it."_s);
+        addText(Texts::tr("It cannot be installed from here. Its page tells how to get it."));
     }
     if (item.isCritical) {
-        addText(u"This version is important. Please install it soon."_s);
+        addText(Texts::tr("This version is important. Please install it soon."));
     }
     if (const QString text = particulars(item); !text.isEmpty()) {
         addQuietText(text);
@@ -78,9 +79,9 @@ void UpdateAlertView::addNotes(const UpdateItem& item)
     column().addWidget(card, 1);
     if (!item.releaseNotes) {
         m_isComplete = false;
-        m_notes->say(u"Fetching the release notes…"_s);
+        m_notes->say(Texts::tr("Fetching the release notes…"));
     } else if (!m_notes->showNotes(*item.releaseNotes)) {
-        m_notes->say(u"There are no release notes."_s);
+        m_notes->say(Texts::tr("There are no release notes."));
     }
 }
 
@@ -92,12 +93,13 @@ void UpdateAlertView::addButtons(const UpdateItem& item, bool isAwaited)
         };
     };
     if (!item.isCritical) {
-        addButton(u"Skip This Version"_s, Side::left, choosing(UpdateChoice::skip));
+        addButton(Texts::tr("Skip This Version"), Side::left, choosing(UpdateChoice::skip));
     }
-    addButton(u"Remind Me Later"_s, Side::right, choosing(UpdateChoice::remindLater));
-    QPushButton* install = addButton(item.isInformationOnly ? u"Learn More"_s : u"Install"_s,
-                                     Side::right,
-                                     choosing(UpdateChoice::install));
+    addButton(Texts::tr("Remind Me Later"), Side::right, choosing(UpdateChoice::remindLater));
+    QPushButton* install
+        = addButton(item.isInformationOnly ? Texts::tr("Learn More") : Texts::tr("Install"),
+                    Side::right,
+                    choosing(UpdateChoice::install));
     setDefaultButton(isAwaited ? install : nullptr);
 }
 
@@ -105,7 +107,7 @@ void UpdateAlertView::showReleaseNotes(const ReleaseNotes& notes)
 {
     m_isComplete = true;
     if (m_notes && !m_notes->showNotes(notes)) {
-        m_notes->say(u"There are no release notes."_s);
+        m_notes->say(Texts::tr("There are no release notes."));
     }
 }
 
@@ -113,7 +115,7 @@ void UpdateAlertView::showReleaseNotesFailure(const QString& reason)
 {
     m_isComplete = true;
     if (m_notes) {
-        m_notes->say(u"The release notes could not be fetched. %1"_s.arg(reason));
+        m_notes->say(Texts::tr("The release notes could not be fetched. %1").arg(reason));
     }
 }
 

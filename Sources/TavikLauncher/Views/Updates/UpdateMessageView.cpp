@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Views/Updates/UpdateMessageView.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QVBoxLayout>
 
@@ -21,7 +22,7 @@ UpdateMessageView::UpdateMessageView(const Message& message, std::function<void(
     addText(message.text);
     column().insertStretch(0, 1);
     column().addStretch(1);
-    QPushButton* button = addButton(u"OK"_s, Side::right, [this] { dismiss(); });
+    QPushButton* button = addButton(Texts::tr("OK"), Side::right, [this] { dismiss(); });
     setDefaultButton(message.isAwaited ? button : nullptr);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Views/Updates/UpdateProgressBar.h>
 #include <TavikLauncher/Views/Updates/UpdateStatusView.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QLabel>
 #include <QLocale>
@@ -42,14 +43,14 @@ UpdateStatusView::UpdateStatusView(MainQueue& mainQueue, const DesktopAppearance
     m_text = addText();
     column().addSpacing(4);
     m_bar = new UpdateProgressBar(mainQueue, appearance, this);
-    m_bar->setAccessibleName(u"Progress"_s);
+    m_bar->setAccessibleName(Texts::tr("Progress"));
     column().addWidget(m_bar);
     column().insertStretch(0, 1);
     column().addStretch(1);
-    m_cancel = addButton(u"Cancel"_s, Side::right, [this] { call(m_stage.cancel); });
-    m_later = addButton(u"Not Now"_s, Side::right, [this] { call(m_stage.later); });
-    m_install
-        = addButton(u"Install and Relaunch"_s, Side::right, [this] { call(m_stage.install); });
+    m_cancel = addButton(Texts::tr("Cancel"), Side::right, [this] { call(m_stage.cancel); });
+    m_later = addButton(Texts::tr("Not Now"), Side::right, [this] { call(m_stage.later); });
+    m_install = addButton(
+        Texts::tr("Install and Relaunch"), Side::right, [this] { call(m_stage.install); });
 }
 
 void UpdateStatusView::show(Stage stage)
@@ -72,13 +73,13 @@ void UpdateStatusView::show(Stage stage)
 
 void UpdateStatusView::showChecking(std::function<void()> cancel)
 {
-    show({.title = u"Looking for a newer version…"_s, .cancel = std::move(cancel)});
+    show({.title = Texts::tr("Looking for a newer version…"), .cancel = std::move(cancel)});
 }
 
 void UpdateStatusView::showDownload(const QString& version, std::function<void()> cancel)
 {
-    show({.title = u"Downloading Tavik Launcher %1…"_s.arg(version),
-          .text = u"Connecting…"_s,
+    show({.title = Texts::tr("Downloading Tavik Launcher %1…").arg(version),
+          .text = Texts::tr("Connecting…"),
           .isTransfer = true,
           .cancel = std::move(cancel)});
     m_received = 0;
@@ -126,26 +127,26 @@ void UpdateStatusView::refreshTransfer()
         return;
     }
     m_rate.add(m_received, m_mainQueue.systemUptime());
-    QString text = m_total > 0 ? u"%1 of %2"_s.arg(dataSize(m_received), dataSize(m_total))
+    QString text = m_total > 0 ? Texts::tr("%1 of %2").arg(dataSize(m_received), dataSize(m_total))
                                : dataSize(m_received);
     if (const std::optional<double> rate = m_rate.bytesPerSecond()) {
-        text += u" — %1 per second"_s.arg(dataSize(std::llround(*rate)));
+        text = Texts::tr("%1 — %2 per second").arg(text, dataSize(std::llround(*rate)));
     }
     m_text->setText(text);
 }
 
 void UpdateStatusView::showVerifying()
 {
-    show({.title = u"Verifying the download…"_s,
-          .text = u"Only what its maker has signed is installed."_s});
+    show({.title = Texts::tr("Verifying the download…"),
+          .text = Texts::tr("Only what its maker has signed is installed.")});
 }
 
 void UpdateStatusView::showReady(const QString& version,
                                  std::function<void()> install,
                                  std::function<void()> later)
 {
-    show({.title = u"Ready to install."_s,
-          .text = u"Tavik Launcher closes, and starts again as version %1."_s.arg(version),
+    show({.title = Texts::tr("Ready to install."),
+          .text = Texts::tr("Tavik Launcher closes, and starts again as version %1.").arg(version),
           .isBusy = false,
           .install = std::move(install),
           .later = std::move(later)});
@@ -153,7 +154,8 @@ void UpdateStatusView::showReady(const QString& version,
 
 void UpdateStatusView::showInstalling()
 {
-    show({.title = u"Installing…"_s, .text = u"Tavik Launcher starts again in a moment."_s});
+    show({.title = Texts::tr("Installing…"),
+          .text = Texts::tr("Tavik Launcher starts again in a moment.")});
 }
 
 void UpdateStatusView::dismiss()

@@ -5,6 +5,7 @@
 #include <TavikLauncher/Views/Windows/AccessibilityPermissionView.h>
 #include <TavikLauncher/Views/Windows/SettingsDiagram.h>
 #include <TavikLauncherPlatform/DesktopAppearance.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QEvent>
 #include <QKeyEvent>
@@ -166,7 +167,8 @@ QLayout* AccessibilityPermissionView::makeControls()
     controls->setContentsMargins(margin, 18, margin, 0);
     controls->setSpacing(9);
     m_instruction = WindowStyle::makeLabel(
-        u"If a permission prompt appeared, click Allow. Otherwise open Settings and enable the toggle next to Tavik Launcher."_s,
+        Texts::tr("If a permission prompt appeared, click Allow. Otherwise open Settings and "
+                  "enable the toggle next to Tavik Launcher."),
         {.size = 12, .role = WindowStyle::TextRole::secondary},
         this);
     m_instruction->setAlignment(Qt::AlignHCenter);
@@ -177,21 +179,20 @@ QLayout* AccessibilityPermissionView::makeControls()
     hint->setContentsMargins(0, 0, 0, 0);
     hint->setSpacing(8);
     hint->addWidget(new SymbolView(Symbol::warningTriangle, buttonIcon, &warning, m_hint));
-    hint->addWidget(
-        WindowStyle::makeLabel(
-            u"Not enabled yet — flip the toggle next to Tavik Launcher in Accessibility settings."_s,
-            {.size = 12},
-            m_hint),
-        1);
+    hint->addWidget(WindowStyle::makeLabel(Texts::tr("Not enabled yet — flip the toggle next to "
+                                                     "Tavik Launcher in Accessibility settings."),
+                                           {.size = 12},
+                                           m_hint),
+                    1);
     controls->addWidget(m_hint);
 
     const auto make = [this](const QString& text) {
         return WindowStyle::makeButton(text, this);
     };
-    m_enable = WindowStyle::makeProminentButton(u"Enable Accessibility Access"_s, this);
-    m_openSettings = make(u"Open Accessibility Settings"_s);
-    m_done = make(u"Done — I've Enabled It"_s);
-    m_skip = make(u"Skip for Now"_s);
+    m_enable = WindowStyle::makeProminentButton(Texts::tr("Enable Accessibility Access"), this);
+    m_openSettings = make(Texts::tr("Open Accessibility Settings"));
+    m_done = make(Texts::tr("Done — I've Enabled It"));
+    m_skip = make(Texts::tr("Skip for Now"));
     tie(*m_enable, &Session::enableAccess);
     tie(*m_openSettings, &Session::openSettings);
     tie(*m_done, &Session::done);
@@ -233,11 +234,13 @@ void AccessibilityPermissionView::showPhase()
     m_divider->setVisible(!isGranted);
     constexpr int asMuchAsBelow = 2;
     static_cast<QVBoxLayout*>(layout())->setStretch(0, isGranted ? asMuchAsBelow : 0);
-    m_title->setText(isGranted ? u"Hotkey Is Active"_s : u"Allow Accessibility Access"_s);
+    m_title->setText(isGranted ? Texts::tr("Hotkey Is Active")
+                               : Texts::tr("Allow Accessibility Access"));
     m_text->setText(
-        isGranted
-            ? u"The global hotkey is now working. Tavik Launcher will appear over any app."_s
-            : u"Tavik Launcher needs Accessibility permission so the hotkey works when other apps are in the foreground."_s);
+        isGranted ? Texts::tr(
+            "The global hotkey is now working. Tavik Launcher will appear over any app.")
+                  : Texts::tr("Tavik Launcher needs Accessibility permission so the hotkey works "
+                              "when other apps are in the foreground."));
     const AccessibilityPermission::Obstacle& obstacle = m_session.obstacle();
     m_limit->setVisible(!isGranted && !obstacle.limit.isEmpty());
     m_remedy->setVisible(phase == Phase::waitingForUser && !obstacle.remedy.isEmpty());
@@ -245,9 +248,9 @@ void AccessibilityPermissionView::showPhase()
     m_enable->setVisible(phase == Phase::prompt);
     m_instruction->setVisible(phase == Phase::waitingForUser);
     m_openSettings->setVisible(phase == Phase::waitingForUser);
-    m_openSettings->setText(m_session.hasCopiedCommand() ? u"Command Copied"_s
-                                : givesCommand()         ? u"Copy the Command"_s
-                                                         : u"Open Accessibility Settings"_s);
+    m_openSettings->setText(m_session.hasCopiedCommand() ? Texts::tr("Command Copied")
+                                : givesCommand()         ? Texts::tr("Copy the Command")
+                                                 : Texts::tr("Open Accessibility Settings"));
     m_openSettings->setSymbol(givesCommand() ? std::nullopt : std::optional(Symbol::arrowSquare));
     m_done->setVisible(phase == Phase::waitingForUser);
     m_skip->setVisible(phase == Phase::waitingForUser);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Settings/HotKeyConfig.h>
 #include <TavikLauncher/Views/Windows/OnboardingTour.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 namespace Tavik {
 
@@ -10,21 +11,21 @@ namespace {
 
 TourRow shortcutRow(const HotKeyConfig& hotKey)
 {
-    // The name is the user's own text: it is joined, not put into a pattern.
     if (hotKey.keyCode) {
-        return {
-            .symbol = Symbol::keyboard,
-            .title = u"Press the shortcut"_s,
-            .detail = u"Press "_s + hotKey.displayName
-                + u" to toggle the ring at the pointer. Press it again or hit Esc to dismiss. Go ahead — try it right now!"_s};
+        return {.symbol = Symbol::keyboard,
+                .title = Texts::tr("Press the shortcut"),
+                .detail = Texts::tr("Press %1 to toggle the ring at the pointer. Press it again or "
+                                    "hit Esc to dismiss. Go ahead — try it right now!")
+                              .arg(hotKey.displayName)};
     }
     QString name = hotKey.displayName;
     name.remove(u" (hold)"_s);
-    return {
-        .symbol = Symbol::keyboard,
-        .title = u"Hold the shortcut"_s,
-        .detail = u"Press and hold "_s + name
-            + u" to open the ring at the pointer. Release to dismiss unless search mode is active. Go ahead — try it right now!"_s};
+    return {.symbol = Symbol::keyboard,
+            .title = Texts::tr("Hold the shortcut"),
+            .detail
+            = Texts::tr("Press and hold %1 to open the ring at the pointer. Release to dismiss "
+                        "unless search mode is active. Go ahead — try it right now!")
+                  .arg(name)};
 }
 
 } // namespace
@@ -34,17 +35,17 @@ QList<TourRow> tourRows(const HotKeyConfig& hotKey)
     return {
         shortcutRow(hotKey),
         {.symbol = Symbol::typing,
-         .title = u"Move or type"_s,
-         .detail
-         = u"Hover an app slice to select it, or type to filter. Typing pins the ring until you launch, press Esc, or click away."_s},
+         .title = Texts::tr("Move or type"),
+         .detail = Texts::tr("Hover an app slice to select it, or type to filter. Typing pins the "
+                             "ring until you launch, press Esc, or click away.")},
         {.symbol = Symbol::pin,
-         .title = u"Pin your favorites"_s,
-         .detail
-         = u"Add permanent apps in Settings, then drag pinned apps to lock their clockwise ring order."_s},
+         .title = Texts::tr("Pin your favorites"),
+         .detail = Texts::tr("Add permanent apps in Settings, then drag pinned apps to lock their "
+                             "clockwise ring order.")},
         {.symbol = Symbol::sliders,
-         .title = u"Tune the look"_s,
-         .detail
-         = u"Adjust size, spacing, colors, opacity, themes, and the global shortcut whenever you want."_s},
+         .title = Texts::tr("Tune the look"),
+         .detail = Texts::tr("Adjust size, spacing, colors, opacity, themes, and the global "
+                             "shortcut whenever you want.")},
     };
 }
 

@@ -8,6 +8,7 @@
 #include <TavikLauncher/Settings/ShortcutWords.h>
 #include <TavikLauncher/Views/Windows/OnboardingTour.h>
 #include <TavikLauncher/Views/Windows/OnboardingView.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -71,9 +72,10 @@ QLayout* OnboardingView::makeHeader()
     texts->setSpacing(3);
     texts->addStretch(1);
     texts->addWidget(makeLabel(u"Tavik Launcher"_s, {.size = 25, .weight = QFont::Bold}, this));
-    texts->addWidget(makeLabel(u"A fast radial launcher centered wherever your pointer is."_s,
-                               {.size = 14, .role = TextRole::secondary},
-                               this));
+    texts->addWidget(
+        makeLabel(Texts::tr("A fast radial launcher centered wherever your pointer is."),
+                  {.size = 14, .role = TextRole::secondary},
+                  this));
     texts->addStretch(1);
 
     auto* header = new QHBoxLayout;
@@ -114,8 +116,8 @@ QLayout* OnboardingView::makeRow(const TourRow& row, const QStringList& keys)
 
 QLayout* OnboardingView::makeButtons(const HotKeyConfig& hotKey)
 {
-    auto* openSettings = WindowStyle::makeButton(u"Open Settings"_s, this);
-    m_start = WindowStyle::makeButton(u"Start Using Tavik"_s, this);
+    auto* openSettings = WindowStyle::makeButton(Texts::tr("Open Settings"), this);
+    m_start = WindowStyle::makeButton(Texts::tr("Start Using Tavik"), this);
     m_start->setDefault(true);
     connect(openSettings, &QPushButton::clicked, this, [this] {
         if (m_actions.onOpenSettings) {

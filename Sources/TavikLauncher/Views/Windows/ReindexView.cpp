@@ -3,6 +3,7 @@
 #include <TavikLauncher/Look/SymbolView.h>
 #include <TavikLauncher/Look/WindowStyle.h>
 #include <TavikLauncher/Views/Windows/ReindexView.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -71,8 +72,8 @@ QLayout* ReindexView::makeHeader()
     auto* header = new QHBoxLayout;
     header->setSpacing(12);
     header->addWidget(new SymbolView(Symbol::cycle, headerSymbol, &WindowStyle::tint, this));
-    header->addWidget(makeLabel(u"Reindex Apps"_s, {.size = 17, .weight = QFont::DemiBold}, this),
-                      1);
+    header->addWidget(
+        makeLabel(Texts::tr("Reindex Apps"), {.size = 17, .weight = QFont::DemiBold}, this), 1);
     return header;
 }
 
@@ -82,10 +83,12 @@ QWidget* ReindexView::makeExplanation()
     auto* layout = new QVBoxLayout(body);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(10);
-    for (
-        const QString& paragraph :
-        {u"Tavik Launcher keeps an index of every app in your Applications folders — it powers the ring and search."_s,
-         u"The index refreshes itself automatically whenever you open the ring, so you rarely need this. Run it manually if an app you just installed isn't showing up in search, or after moving apps between folders."_s}) {
+    for (const QString& paragraph :
+         {Texts::tr("Tavik Launcher keeps an index of every app in your Applications folders — it "
+                    "powers the ring and search."),
+          Texts::tr("The index refreshes itself automatically whenever you open the ring, so you "
+                    "rarely need this. Run it manually if an app you just installed isn't showing "
+                    "up in search, or after moving apps between folders.")}) {
         layout->addWidget(makeLabel(paragraph, {.role = TextRole::secondary}, body));
     }
     layout->addStretch(1); // The paragraphs stay together.
@@ -109,10 +112,10 @@ QWidget* ReindexView::makeSuccess()
     outcome->addWidget(m_mark);
     outcome->addWidget(m_count, 1);
     layout->addLayout(outcome);
-    layout->addWidget(makeLabel(
-        u"All set. You can verify it worked by opening the ring and typing the name of a recently installed app."_s,
-        {.role = TextRole::secondary},
-        body));
+    layout->addWidget(makeLabel(Texts::tr("All set. You can verify it worked by opening the ring "
+                                          "and typing the name of a recently installed app."),
+                                {.role = TextRole::secondary},
+                                body));
     layout->addStretch(1);
     return body;
 }
@@ -125,12 +128,12 @@ QLayout* ReindexView::makeButtons(MainQueue& mainQueue)
     progress->setSpacing(7);
     progress->addWidget(new BusyIndicator(mainQueue, m_progress));
     QLabel* scanning
-        = makeLabel(u"Scanning…"_s, {.size = 12, .role = TextRole::secondary}, m_progress);
+        = makeLabel(Texts::tr("Scanning…"), {.size = 12, .role = TextRole::secondary}, m_progress);
     scanning->setWordWrap(false);
     progress->addWidget(scanning);
 
-    m_close = WindowStyle::makeButton(u"Close"_s, this);
-    m_reindex = WindowStyle::makeButton(u"Reindex Now"_s, this);
+    m_close = WindowStyle::makeButton(Texts::tr("Close"), this);
+    m_reindex = WindowStyle::makeButton(Texts::tr("Reindex Now"), this);
     connect(m_close, &QPushButton::clicked, this, [this] {
         if (m_actions.onClose) {
             m_actions.onClose();
@@ -168,7 +171,8 @@ void ReindexView::showPhase()
 
 void ReindexView::showCount()
 {
-    m_count->setText(u"Indexed %1 apps"_s.arg(m_session.indexedCount()));
+    m_count->setText(
+        Texts::tr("Indexed %n apps", nullptr, static_cast<int>(m_session.indexedCount())));
 }
 
 QPushButton& ReindexView::defaultButton() const

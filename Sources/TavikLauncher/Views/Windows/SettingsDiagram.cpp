@@ -2,6 +2,7 @@
 #include <TavikLauncher/Look/Look.h>
 #include <TavikLauncher/Look/WindowStyle.h>
 #include <TavikLauncher/Views/Windows/SettingsDiagram.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QFontMetricsF>
 #include <QPainter>
@@ -55,9 +56,9 @@ QSize SettingsDiagram::sizeHint() const
 
 void SettingsDiagram::paintEvent(QPaintEvent*)
 {
-    const std::array rows{DiagramRow{u"Input Monitoring"_s, Symbol::keyboard, false},
-                          DiagramRow{u"Full Disk Access"_s, Symbol::drive, false},
-                          DiagramRow{u"Accessibility"_s, Symbol::figure, true}};
+    const std::array rows{DiagramRow{Texts::tr("Input Monitoring"), Symbol::keyboard, false},
+                          DiagramRow{Texts::tr("Full Disk Access"), Symbol::drive, false},
+                          DiagramRow{Texts::tr("Accessibility"), Symbol::figure, true}};
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF panel = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
@@ -68,7 +69,7 @@ void SettingsDiagram::paintEvent(QPaintEvent*)
     const QRectF head(panel.left() + inset, panel.top(), panel.width() - 2 * inset, headHeight);
     painter.setFont(WindowStyle::font(headText, QFont::DemiBold));
     painter.setPen(palette().color(QPalette::Text));
-    painter.drawText(head, Qt::AlignVCenter | Qt::AlignLeft, u"Privacy & Security"_s);
+    painter.drawText(head, Qt::AlignVCenter | Qt::AlignLeft, Texts::tr("Privacy & Security"));
 
     QRectF place(panel.left(), head.bottom(), panel.width(), rowHeight);
     for (const DiagramRow& row : rows) {
@@ -116,7 +117,7 @@ void SettingsDiagram::paintRow(QPainter& painter, const DiagramRow& row, const Q
 
 void SettingsDiagram::paintCallout(QPainter& painter, const QRectF& row) const
 {
-    const QString text = u"Enable here"_s;
+    const QString text = Texts::tr("Enable here");
     const QFont font = WindowStyle::font(calloutText, QFont::DemiBold);
     const double textWidth = QFontMetricsF(font).horizontalAdvance(text);
     // Above the row, near its chevron, where the neighbours' labels have ended.

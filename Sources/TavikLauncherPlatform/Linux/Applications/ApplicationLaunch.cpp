@@ -2,6 +2,7 @@
 #include <TavikLauncherPlatform/Linux/Applications/ApplicationLaunch.h>
 #include <TavikLauncherPlatform/Linux/Applications/CommandLine.h>
 #include <TavikLauncherPlatform/Linux/Applications/TerminalEmulator.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QFile>
 #include <QFileInfo>
@@ -39,21 +40,22 @@ LaunchResult
 launchEntry(const DesktopEntry& entry, const LaunchTokens& tokens, const QString& target = {})
 {
     if (!entry.isApplication || entry.isDeleted) {
-        return {.error = u"It is no application that can be started."_s};
+        return {.error = Texts::tr("It is no application that can be started.")};
     }
     if (entry.isImage && !QFileInfo(entry.path).isExecutable()) {
-        return {.error
-                = u"The file “%1” may not be executed. Allow that in its properties first."_s.arg(
-                    entry.path)};
+        return {
+            .error
+            = Texts::tr("The file “%1” may not be executed. Allow that in its properties first.")
+                  .arg(entry.path)};
     }
     std::optional<QStringList> words = CommandLine::expanded(entry, target);
     if (!words) {
-        return {.error = u"It names no program to start."_s};
+        return {.error = Texts::tr("It names no program to start.")};
     }
     if (entry.runsInTerminal) {
         words = TerminalEmulator::around(*words, TerminalEmulator::Surroundings::ofSession());
         if (!words) {
-            return {.error = u"It needs a terminal, and none is installed."_s};
+            return {.error = Texts::tr("It needs a terminal, and none is installed.")};
         }
     }
     return startProgram({.words = *words,
@@ -71,7 +73,7 @@ LaunchResult launchApplication(const LaunchTarget& target, const LaunchTokens& t
         return launchEntry(target.entry, tokens);
     }
     if (!target.program) {
-        return {.error = u"The application has no program to start."_s};
+        return {.error = Texts::tr("The application has no program to start.")};
     }
     return startProgram({.words = {*target.program},
                          .folder = {},
@@ -91,7 +93,7 @@ LaunchResult openWithDefault(const QUrl& url)
         application.reset(g_app_info_get_default_for_uri_scheme(url.scheme().toUtf8().constData()));
     }
     if (!G_IS_DESKTOP_APP_INFO(application.get())) {
-        return {.error = u"no program is installed for it"_s};
+        return {.error = Texts::tr("no program is installed for it")};
     }
     const QString path
         = QFile::decodeName(g_desktop_app_info_get_filename(G_DESKTOP_APP_INFO(application.get())));

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Applications/ProgramStart.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QDir>
 #include <QFile>
@@ -109,7 +110,7 @@ std::vector<char*> pointersTo(QByteArrayList& texts)
 QString takeMessage(GError* error)
 {
     const QString message
-        = error ? QString::fromUtf8(error->message) : u"The program cannot be started."_s;
+        = error ? QString::fromUtf8(error->message) : Texts::tr("The program cannot be started.");
     g_clear_error(&error);
     return message;
 }
@@ -123,7 +124,7 @@ LaunchResult startProgram(const ProgramStart& start)
         arguments.append(QFile::encodeName(word));
     }
     if (arguments.isEmpty() || arguments.first().isEmpty()) {
-        return {.error = u"There is no program to start."_s};
+        return {.error = Texts::tr("There is no program to start.")};
     }
     QByteArrayList variables;
     for (auto variable = start.environment.cbegin(); variable != start.environment.cend();

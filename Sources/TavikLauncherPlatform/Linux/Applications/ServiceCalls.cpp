@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Applications/ServiceCalls.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QDBusArgument>
 #include <QDBusMetaType>
@@ -122,8 +123,8 @@ QDBusMessage failureNotice(const QString& name, const QString& error)
                                                           u"Notify"_s);
     // Some servers read markup in the text.
     message << u"Tavik Launcher"_s << 0U << u"org.tavik.Launcher"_s
-            << u"“%1” could not be opened"_s.arg(name) << error.toHtmlEscaped() << QStringList()
-            << QVariantMap{{u"desktop-entry"_s, u"org.tavik.Launcher"_s}} << -1;
+            << Texts::tr("“%1” could not be opened").arg(name) << error.toHtmlEscaped()
+            << QStringList() << QVariantMap{{u"desktop-entry"_s, u"org.tavik.Launcher"_s}} << -1;
     return message;
 }
 

@@ -2,6 +2,7 @@
 #include <TavikLauncherPlatform/Linux/Desktops/GnomeAccelerators.h>
 #include <TavikLauncherPlatform/Linux/Desktops/GnomeShortcuts.h>
 #include <TavikLauncherPlatform/Linux/Desktops/KeyNames.h>
+#include <TavikLauncherPlatform/Texts.h>
 #include <TavikLauncherPlatform/UserDefaults.h>
 
 #include <algorithm>
@@ -142,7 +143,8 @@ bool GnomeShortcuts::serves() const
 
 QString GnomeShortcuts::request() const
 {
-    return u"GNOME lets programs listen for no key, so a custom shortcut is added to its keyboard settings for as long as Tavik Launcher runs."_s;
+    return Texts::tr("GNOME lets programs listen for no key, so a custom shortcut is added to its "
+                     "keyboard settings for as long as Tavik Launcher runs.");
 }
 
 void GnomeShortcuts::allow()

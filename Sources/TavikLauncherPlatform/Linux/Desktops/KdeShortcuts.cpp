@@ -2,6 +2,7 @@
 #include <TavikLauncherPlatform/Linux/Desktops/KdeShortcuts.h>
 #include <TavikLauncherPlatform/Linux/Desktops/KeyNames.h>
 #include <TavikLauncherPlatform/Linux/Session/SessionBus.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QDBusArgument>
 #include <QDBusMessage>
@@ -32,7 +33,7 @@ constexpr int patienceMilliseconds = 250;
 /// Of our shortcut: the two names, and what people read.
 QStringList actionId()
 {
-    return {component, action, u"Tavik Launcher"_s, u"Summon the ring"_s};
+    return {component, action, u"Tavik Launcher"_s, Texts::tr("Summon the ring")};
 }
 
 QDBusMessage call(const QString& method, const QVariantList& arguments)
@@ -75,7 +76,8 @@ KdeShortcuts::~KdeShortcuts()
 
 QString KdeShortcuts::request() const
 {
-    return u"KDE gives programs no shortcut of modifiers alone, so it is asked for the same modifiers with Space. System Settings › Shortcuts lists it."_s;
+    return Texts::tr("KDE gives programs no shortcut of modifiers alone, so it is asked for the "
+                     "same modifiers with Space. System Settings › Shortcuts lists it.");
 }
 
 void KdeShortcuts::opened(const QDBusConnection& bus)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Disk/ReplaceFile.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -56,10 +57,10 @@ replaceFile(const QString& path, const QByteArray& contents, QFileDevice::Permis
     const QFileInfo existing(target);
     // The rename at the end would also replace a pipe or a device.
     if (existing.isSymLink() || (existing.exists() && !existing.isFile())) {
-        return u"%1 is not a regular file"_s.arg(target);
+        return Texts::tr("%1 is not a regular file").arg(target);
     }
     if (!makeFolder(existing.absolutePath())) {
-        return u"The folder %1 cannot be made"_s.arg(existing.absolutePath());
+        return Texts::tr("The folder %1 cannot be made").arg(existing.absolutePath());
     }
     // Writes beside the target, syncs, then renames. In Qt 6.4 the commit overlooks that the last
     // of the buffer found no room on the disk, and would put a shortened file in place.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Session/SessionAccessibilityPermission.h>
+#include <TavikLauncherPlatform/Texts.h>
 #include <TavikLauncherPlatform/Workspace.h>
 
 #include <QLoggingCategory>
@@ -20,27 +21,42 @@ Q_LOGGING_CATEGORY(log, "tavik.platform.session")
 struct ShortcutSettings
 {
     QStringView desktop; ///< A name in $XDG_CURRENT_DESKTOP.
-    QStringView place; ///< For people.
+    const char* place; ///< For `Texts::tr`.
     QStringView program; ///< The identifier of what opens there; empty when nothing does.
 };
 
 constexpr std::array shortcutSettings{
-    ShortcutSettings{u"GNOME",
-                     u"in Settings › Keyboard › View and Customize Shortcuts",
-                     u"gnome-keyboard-panel"},
-    ShortcutSettings{u"KDE", u"in System Settings › Shortcuts", u"kcm_keys"},
     ShortcutSettings{
-        u"XFCE", u"in Settings › Keyboard › Application Shortcuts", u"xfce-keyboard-settings"},
+        u"GNOME",
+        QT_TRANSLATE_NOOP("Tavik::Texts", "in Settings › Keyboard › View and Customize Shortcuts"),
+        u"gnome-keyboard-panel"},
     ShortcutSettings{
-        u"X-Cinnamon", u"in System Settings › Keyboard › Shortcuts", u"cinnamon-settings-keyboard"},
-    ShortcutSettings{u"MATE", u"in Control Center › Keyboard Shortcuts", u"mate-keybinding"},
+        u"KDE", QT_TRANSLATE_NOOP("Tavik::Texts", "in System Settings › Shortcuts"), u"kcm_keys"},
     ShortcutSettings{
-        u"LXQt", u"in Configuration Center › Shortcut Keys", u"lxqt-config-globalkeyshortcuts"},
-    ShortcutSettings{u"sway", u"with bindsym in the configuration of sway", {}},
-    ShortcutSettings{u"Hyprland", u"with bind in the configuration of Hyprland", {}},
+        u"XFCE",
+        QT_TRANSLATE_NOOP("Tavik::Texts", "in Settings › Keyboard › Application Shortcuts"),
+        u"xfce-keyboard-settings"},
+    ShortcutSettings{u"X-Cinnamon",
+                     QT_TRANSLATE_NOOP("Tavik::Texts", "in System Settings › Keyboard › Shortcuts"),
+                     u"cinnamon-settings-keyboard"},
+    ShortcutSettings{u"MATE",
+                     QT_TRANSLATE_NOOP("Tavik::Texts", "in Control Center › Keyboard Shortcuts"),
+                     u"mate-keybinding"},
+    ShortcutSettings{u"LXQt",
+                     QT_TRANSLATE_NOOP("Tavik::Texts", "in Configuration Center › Shortcut Keys"),
+                     u"lxqt-config-globalkeyshortcuts"},
+    ShortcutSettings{u"sway",
+                     QT_TRANSLATE_NOOP("Tavik::Texts", "with bindsym in the configuration of sway"),
+                     {}},
+    ShortcutSettings{
+        u"Hyprland",
+        QT_TRANSLATE_NOOP("Tavik::Texts", "with bind in the configuration of Hyprland"),
+        {}},
 };
 constexpr ShortcutSettings unknownDesktop{
-    {}, u"where your desktop or window manager keeps its shortcuts", {}};
+    {},
+    QT_TRANSLATE_NOOP("Tavik::Texts", "where your desktop or window manager keeps its shortcuts"),
+    {}};
 
 const ShortcutSettings& settingsOf(const QString& desktop)
 {
@@ -67,7 +83,8 @@ SessionAccessibilityPermission::SessionAccessibilityPermission(Workspace& worksp
 
 QString SessionAccessibilityPermission::waylandLimit()
 {
-    return u"A Wayland desktop tells no program which keys are held while another one is in front."_s;
+    return Texts::tr(
+        "A Wayland desktop tells no program which keys are held while another one is in front.");
 }
 
 AccessibilityPermission::Obstacle SessionAccessibilityPermission::obstacle() const
@@ -76,8 +93,9 @@ AccessibilityPermission::Obstacle SessionAccessibilityPermission::obstacle() con
         return {};
     }
     return {.limit = *m_session.limit,
-            .remedy = u"Bind the command tavik-launcher --summon to a key of your choice %1."_s.arg(
-                settingsOf(m_session.desktop).place),
+            .remedy
+            = Texts::tr("Bind the command tavik-launcher --summon to a key of your choice %1.")
+                  .arg(Texts::tr(settingsOf(m_session.desktop).place)),
             .hasSettings = settingsPath().has_value()};
 }
 

@@ -3,6 +3,7 @@
 #include <TavikLauncherPlatform/Linux/Disk/ReplaceFile.h>
 #include <TavikLauncherPlatform/Linux/Updates/AppImage.h>
 #include <TavikLauncherPlatform/Linux/Updates/FileDescriptor.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QCoreApplication>
 #include <QFile>
@@ -88,8 +89,8 @@ bool isForSameComputer(const Header& left, const Header& right)
 
 QString notReplaced(const QString& image)
 {
-    return u"The new version could not be put in the place of “%1”: %2."_s.arg(
-        image, QString::fromLocal8Bit(std::strerror(errno)));
+    return Texts::tr("The new version could not be put in the place of “%1”: %2.")
+        .arg(image, QString::fromLocal8Bit(std::strerror(errno)));
 }
 
 } // namespace
@@ -113,14 +114,17 @@ std::optional<QString> whyNotReplaceable(const QString& image)
 {
     const QString target = fileBehindLinks(image);
     if (!imageHeader(target)) {
-        return u"“%1”, which this program was started from, is no longer there or is something "
-               u"else now."_s.arg(target);
+        return Texts::tr(
+                   "“%1”, which this program was started from, is no longer there or is something "
+                   "else now.")
+            .arg(target);
     }
     const QString folder = QFileInfo(target).absolutePath();
     if (::access(QFile::encodeName(folder).constData(), W_OK | X_OK) != 0) {
-        return u"The folder “%1”, which this program was started from, may not be changed by you. "
-               u"Move the program to a folder of your own, or replace it as an administrator."_s
-                   .arg(folder);
+        return Texts::
+            tr("The folder “%1”, which this program was started from, may not be changed by you. "
+               "Move the program to a folder of your own, or replace it as an administrator.")
+                .arg(folder);
     }
     return std::nullopt;
 }
@@ -137,19 +141,19 @@ std::optional<QString> whyNoSuccessor(const QString& file, const QString& image)
 {
     const std::optional<Header> successor = imageHeader(file);
     if (!successor) {
-        return u"The update is not an AppImage, as this program is."_s;
+        return Texts::tr("The update is not an AppImage, as this program is.");
     }
     const QString target = fileBehindLinks(image);
     const std::optional<Header> present = imageHeader(target);
     if (!present || !isForSameComputer(*present, *successor)) {
-        return u"The update is made for another kind of computer."_s;
+        return Texts::tr("The update is made for another kind of computer.");
     }
     const std::optional<quint32> made = madeAt(file);
     if (!made) {
-        return u"The update does not say when it was made."_s;
+        return Texts::tr("The update does not say when it was made.");
     }
     if (made < madeAt(target)) {
-        return u"The update is older than this program, whatever its number says."_s;
+        return Texts::tr("The update is older than this program, whatever its number says.");
     }
     return std::nullopt;
 }

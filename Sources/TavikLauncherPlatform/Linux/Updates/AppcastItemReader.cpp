@@ -4,6 +4,7 @@
 #include <TavikLauncherPlatform/Linux/Updates/UpdateSignature.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateStatement.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateUrls.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QXmlStreamReader>
 
@@ -143,20 +144,20 @@ ReleaseNotes::Format notesFormat(const QString& name)
 std::optional<QString> enclosureFault(const AppcastEnclosure& enclosure, bool hasSignature)
 {
     if (enclosure.url.isEmpty()) {
-        return u"The update cannot be downloaded, because its address is not a safe one."_s;
+        return Texts::tr("The update cannot be downloaded, because its address is not a safe one.");
     }
     if (!hasSignature) {
-        return u"The update is not signed, so it cannot be installed."_s;
+        return Texts::tr("The update is not signed, so it cannot be installed.");
     }
     if (enclosure.signature.isEmpty()) {
-        return u"The update's signature is damaged, so it cannot be installed."_s;
+        return Texts::tr("The update's signature is damaged, so it cannot be installed.");
     }
     if (enclosure.length <= 0) {
-        return u"The update does not say how large it is, so it cannot be installed."_s;
+        return Texts::tr("The update does not say how large it is, so it cannot be installed.");
     }
     if (enclosure.length > UpdateSignature::mostFileBytes) {
-        return u"The update is larger than %1 MB, so it cannot be installed."_s.arg(
-            UpdateSignature::mostFileBytes / 1'000'000);
+        return Texts::tr("The update is larger than %1 MB, so it cannot be installed.")
+            .arg(UpdateSignature::mostFileBytes / 1'000'000);
     }
     return {};
 }
@@ -201,8 +202,8 @@ void checkStatements(Draft& draft, const QByteArray& publicKey)
         enclosure.isStated = !enclosure.digest.isEmpty() && !enclosure.processor.isEmpty()
             && UpdateSignature::isSigned(statement.text(), draft.statements[at], publicKey);
         if (!enclosure.isStated && !enclosure.fault) {
-            enclosure.fault
-                = u"Its makers have not signed which version it is, so it cannot be installed."_s;
+            enclosure.fault = Texts::tr(
+                "Its makers have not signed which version it is, so it cannot be installed.");
         }
     }
 }

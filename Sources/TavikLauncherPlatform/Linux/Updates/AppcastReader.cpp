@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Updates/AppcastReader.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QStringDecoder>
 #include <QXmlStreamReader>
@@ -19,12 +20,12 @@ constexpr int mostNesting = 32;
 
 QString webPage()
 {
-    return u"The server answered with a web page instead of a list of updates."_s;
+    return Texts::tr("The server answered with a web page instead of a list of updates.");
 }
 
 QString otherDocument()
 {
-    return u"The server answered with something other than a list of updates."_s;
+    return Texts::tr("The server answered with something other than a list of updates.");
 }
 
 /// The length of the tag at the front, 0 when it does not end; absent with too many attributes.
@@ -69,17 +70,19 @@ std::optional<QString> whyNotReadable(QStringView text)
             // A document type may declare entities, and any number of attributes besides.
             return text.left(14).compare(u"<!DOCTYPE html", Qt::CaseInsensitive) == 0
                 ? webPage()
-                : u"The list of updates declares a document type, which is not allowed."_s;
+                : Texts::tr("The list of updates declares a document type, which is not allowed.");
         } else {
             const std::optional<qsizetype> length = tagLength(text);
             if (!length) {
-                return u"The list of updates is damaged: it has an element that is too long."_s;
+                return Texts::tr(
+                    "The list of updates is damaged: it has an element that is too long.");
             }
             const QStringView tag = text.first(*length);
             text = *length == 0 ? QStringView() : text.sliced(*length);
             nesting += tag.endsWith(u"/>") ? 0 : 1 - 2 * int(tag.startsWith(u"</"));
             if (nesting > mostNesting) {
-                return u"The list of updates is damaged: its elements are nested too deep."_s;
+                return Texts::tr(
+                    "The list of updates is damaged: its elements are nested too deep.");
             }
         }
     }
@@ -96,7 +99,7 @@ readChannel(QXmlStreamReader& xml, const AppcastOrigin& origin, AppcastFeed& fee
             continue;
         }
         if (++count > mostItems) {
-            return u"The list of updates has more than %1 entries."_s.arg(mostItems);
+            return Texts::tr("The list of updates has more than %1 entries.").arg(mostItems);
         }
         if (std::optional<AppcastItem> item = readAppcastItem(xml, origin)) {
             feed.items.append(*std::move(item));
@@ -126,10 +129,10 @@ readDocument(QXmlStreamReader& xml, const AppcastOrigin& origin, AppcastFeed& fe
         xml.readNext();
     }
     if (xml.hasError()) {
-        return u"The list of updates is damaged in line %1."_s.arg(xml.lineNumber());
+        return Texts::tr("The list of updates is damaged in line %1.").arg(xml.lineNumber());
     }
     if (count == 0) {
-        return u"The list of updates is empty."_s;
+        return Texts::tr("The list of updates is empty.");
     }
     return {};
 }
@@ -142,15 +145,15 @@ AppcastFeed read(const QByteArray& feed, const AppcastOrigin& origin)
         return AppcastFeed{.items = {}, .error = error};
     };
     if (feed.size() > mostBytes) {
-        return refused(u"The list of updates is too large."_s);
+        return refused(Texts::tr("The list of updates is too large."));
     }
     if (feed.trimmed().isEmpty()) {
-        return refused(u"The list of updates is empty."_s);
+        return refused(Texts::tr("The list of updates is empty."));
     }
     QStringDecoder decoder(QStringDecoder::Utf8);
     const QString text = decoder.decode(feed);
     if (decoder.hasError()) {
-        return refused(u"The list of updates is not valid text in UTF-8."_s);
+        return refused(Texts::tr("The list of updates is not valid text in UTF-8."));
     }
     if (const std::optional<QString> error = whyNotReadable(text)) {
         return refused(*error);

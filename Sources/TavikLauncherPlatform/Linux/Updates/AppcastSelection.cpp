@@ -2,6 +2,7 @@
 #include <TavikLauncherPlatform/Linux/Updates/AppcastSelection.h>
 #include <TavikLauncherPlatform/Linux/Updates/AppcastVersion.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateKind.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <algorithm>
 
@@ -50,11 +51,13 @@ std::optional<QString> whyNotFitting(const AppcastItem& item, const Circumstance
 {
     const QString& system = circumstances.systemVersion;
     if (isOlder(system, item.minimumSystemVersion)) {
-        return u"%1 is available, but it needs Linux %2 or newer. This computer runs Linux %3."_s
+        return Texts::tr(
+                   "%1 is available, but it needs Linux %2 or newer. This computer runs Linux %3.")
             .arg(product(item), item.minimumSystemVersion, system);
     }
     if (!item.maximumSystemVersion.isEmpty() && isOlder(item.maximumSystemVersion, system)) {
-        return u"%1 is available, but not for systems newer than Linux %2. This computer runs Linux %3."_s
+        return Texts::tr("%1 is available, but not for systems newer than Linux %2. This computer "
+                         "runs Linux %3.")
             .arg(product(item), item.maximumSystemVersion, system);
     }
     return {};
@@ -68,14 +71,15 @@ std::optional<QString> whyNotDue(const AppcastItem& item, const Circumstances& c
     }
     const QString& skipped = circumstances.skippedVersion;
     if (!skipped.isEmpty() && !isOlder(skipped, item.update.versionString)) {
-        return u"You chose to skip %1."_s.arg(product(item));
+        return Texts::tr("You chose to skip %1.").arg(product(item));
     }
     // A rollout is counted from the date of the item; without one everybody's turn has come.
     if (item.phasedRolloutInterval && item.update.date.isValid()) {
         const auto wait = *item.phasedRolloutInterval
             * std::clamp(circumstances.rolloutGroup, 0, rolloutGroups - 1);
         if (circumstances.now < item.update.date.addSecs(wait.count())) {
-            return u"%1 is being handed out step by step and will come to this computer later."_s
+            return Texts::tr(
+                       "%1 is being handed out step by step and will come to this computer later.")
                 .arg(product(item));
         }
     }
@@ -131,8 +135,8 @@ Selection offeredPage(Offer offer, const AppcastItem& item, const Circumstances&
 {
     // Anybody who controls the feed could send people to a page of theirs.
     if (!circumstances.pageHosts.contains(offer.update.infoUrl.host())) {
-        return {.reason
-                = u"%1 is available, but there is no page to read about it."_s.arg(product(item)),
+        return {.reason = Texts::tr("%1 is available, but there is no page to read about it.")
+                              .arg(product(item)),
                 .isRefused = true};
     }
     offer.update.isInformationOnly = true;
@@ -150,13 +154,13 @@ Selection offered(const AppcastItem& item, const Circumstances& circumstances)
     if (file == nullptr) {
         if (item.update.infoUrl.isEmpty()) {
             return {.reason
-                    = u"%1 is available, but not as a file that can be installed here."_s.arg(
-                        product(item))};
+                    = Texts::tr("%1 is available, but not as a file that can be installed here.")
+                          .arg(product(item))};
         }
         return offeredPage(offer, item, circumstances);
     }
     if (file->fault) {
-        return {.reason = u"%1 is available. %2"_s.arg(product(item), *file->fault),
+        return {.reason = Texts::tr("%1 is available. %2").arg(product(item), *file->fault),
                 .isRefused = true};
     }
     offer.enclosure = *file;
@@ -167,12 +171,13 @@ Selection offered(const AppcastItem& item, const Circumstances& circumstances)
 Selection upToDate(const AppcastItem& newest, const Circumstances& circumstances)
 {
     if (isOlder(newest.update.versionString, circumstances.runningVersion)) {
-        return {
-            .reason
-            = u"You're up to date. Tavik Launcher %1 is newer than the newest on offer, %2."_s.arg(
-                circumstances.runningVersion, newest.update.displayVersionString)};
+        return {.reason
+                = Texts::tr(
+                      "You're up to date. Tavik Launcher %1 is newer than the newest on offer, %2.")
+                      .arg(circumstances.runningVersion, newest.update.displayVersionString)};
     }
-    return {.reason = u"You're up to date. %1 is the newest version."_s.arg(product(newest))};
+    return {.reason
+            = Texts::tr("You're up to date. %1 is the newest version.").arg(product(newest))};
 }
 
 /// The newest item that is newer than the running version and suits; or why there is none.
@@ -215,18 +220,20 @@ Selection select(const QList<AppcastItem>& items, const Circumstances& circumsta
     const AppcastItem* newest = newestOf(items, isAny);
     const AppcastItem* newestStated = newestOf(items, isStated);
     if (newest == nullptr) {
-        return {.reason = u"The list of updates has no version for this computer."_s,
+        return {.reason = Texts::tr("The list of updates has no version for this computer."),
                 .isRefused = true,
                 .newestSeenVersion = seen};
     }
     const QString stated = newestStated ? newestStated->update.versionString : QString();
     if (isOlder(stated, seen)) {
-        return {.reason
-                = u"The list of updates is older than one seen before: its newest signed version "
-                  "is %1, but %2 was there already. Nothing is installed from it."_s.arg(
-                      stated.isEmpty() ? u"none"_s : stated, seen),
-                .isRefused = true,
-                .newestSeenVersion = seen};
+        return {
+            .reason
+            = Texts::tr(
+                  "The list of updates is older than one seen before: its newest signed version "
+                  "is %1, but %2 was there already. Nothing is installed from it.")
+                  .arg(stated.isEmpty() ? u"none"_s : stated, seen),
+            .isRefused = true,
+            .newestSeenVersion = seen};
     }
     Circumstances current = circumstances;
     if (isOlder(newest->update.versionString, current.skippedVersion)) {

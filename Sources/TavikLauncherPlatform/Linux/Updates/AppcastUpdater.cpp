@@ -2,6 +2,7 @@
 #include <TavikLauncherPlatform/Linux/Updates/AppcastUpdater.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateSignature.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateUrls.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QLoggingCategory>
 
@@ -25,9 +26,13 @@ constexpr double quietAfterConnecting = 10; ///< Seconds; names may not be found
 /// Seconds. The delay of a queue stands still while the computer sleeps, the wall clock does not.
 constexpr double longestDelay = 3600;
 
-const QString otherWays
-    = u" Newer versions come the way this one came: from your package manager, or from whoever "
-      u"built it for you."_s;
+QString otherWays()
+{
+    return u' '
+        + Texts::tr("Newer versions come the way this one came: from your package manager, or from "
+                    "whoever "
+                    "built it for you.");
+}
 
 } // namespace
 
@@ -51,18 +56,18 @@ AppcastUpdater::~AppcastUpdater() = default;
 std::optional<QString> AppcastUpdater::whyNotUpdating(const UpdateSource& source)
 {
     if (source.feedUrl.isEmpty()) {
-        return u"It was made without an update feed."_s + otherWays;
+        return Texts::tr("It was made without an update feed.") + otherWays();
     }
     if (source.publicKey.isEmpty()) {
-        return u"It was made without a key to tell genuine updates by."_s + otherWays;
+        return Texts::tr("It was made without a key to tell genuine updates by.") + otherWays();
     }
     if (!mayFetch(QUrl(source.feedUrl, QUrl::StrictMode))) {
-        return u"It was made with an update feed at an address that is not safe: “%1”."_s.arg(
-                   source.feedUrl)
-            + otherWays;
+        return Texts::tr("It was made with an update feed at an address that is not safe: “%1”.")
+                   .arg(source.feedUrl)
+            + otherWays();
     }
     if (!UpdateSignature::fromBase64(source.publicKey, UpdateSignature::publicKeySize)) {
-        return u"It was made with a key for updates that is none."_s + otherWays;
+        return Texts::tr("It was made with a key for updates that is none.") + otherWays();
     }
     return std::nullopt;
 }

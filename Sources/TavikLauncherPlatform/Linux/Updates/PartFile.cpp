@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Updates/PartFile.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QFile>
 #include <QFileInfo>
@@ -44,8 +45,8 @@ std::optional<QString> PartFile::create(qint64 expectedBytes)
 {
     const QByteArray name = QFile::encodeName(m_path);
     if (!removeLeftover(m_path)) {
-        return u"Another Tavik Launcher is being updated in the folder “%1”."_s.arg(
-            QFileInfo(m_path).absolutePath());
+        return Texts::tr("Another Tavik Launcher is being updated in the folder “%1”.")
+            .arg(QFileInfo(m_path).absolutePath());
     }
     // Only a new file is surely ours; a link of that name, say, is removed and not followed.
     m_file = FileDescriptor(::open(
@@ -102,10 +103,10 @@ QString PartFile::failure(int error) const
 {
     const QString folder = QFileInfo(m_path).absolutePath();
     if (error == ENOSPC || error == EDQUOT || error == EFBIG) {
-        return u"There is not enough room for the update in the folder “%1”."_s.arg(folder);
+        return Texts::tr("There is not enough room for the update in the folder “%1”.").arg(folder);
     }
-    return u"The update could not be written to the folder “%1”: %2."_s.arg(
-        folder, QString::fromLocal8Bit(std::strerror(error)));
+    return Texts::tr("The update could not be written to the folder “%1”: %2.")
+        .arg(folder, QString::fromLocal8Bit(std::strerror(error)));
 }
 
 } // namespace Tavik

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Updates/UpdateDownload.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateSignature.h>
+#include <TavikLauncherPlatform/Texts.h>
 #include <TavikLauncherPlatform/WorkQueue.h>
 
 #include <QPointer>
@@ -27,8 +28,9 @@ TransferFault firstConnection()
 
 TransferFault wrongLength()
 {
-    return {.reason = u"The update on the server is not the one that was announced: its length is "
-                      u"another."_s};
+    return {.reason
+            = Texts::tr("The update on the server is not the one that was announced: its length is "
+                        "another.")};
 }
 
 } // namespace
@@ -91,7 +93,7 @@ void UpdateDownload::connectAgain()
     m_transfer = std::make_unique<UpdateTransfer>(
         m_dependencies,
         UpdateTransfer::Request{.url = m_request.url,
-                                .subject = u"The update"_s,
+                                .subject = Texts::tr("The update"),
                                 .mostBytes = UpdateSignature::mostFileBytes,
                                 .startsAt = startsAt,
                                 .validator = m_validator,
@@ -115,7 +117,8 @@ std::optional<TransferFault> UpdateDownload::accept(const TransferHead& head)
     }
     if (head.startsAt != 0) {
         m_validator.clear(); // From the beginning, then.
-        return TransferFault{.reason = u"The server did not continue where it was asked to."_s,
+        return TransferFault{.reason
+                             = Texts::tr("The server did not continue where it was asked to."),
                              .mayPass = true};
     }
     m_size = 0;

@@ -2,6 +2,7 @@
 #include <TavikLauncherPlatform/Linux/Updates/FileDescriptor.h>
 #include <TavikLauncherPlatform/Linux/Updates/PartFile.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateFolder.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QDir>
 #include <QFile>
@@ -42,7 +43,7 @@ std::optional<QString> prepare(const QString& folder)
     const bool isUsable = opened.isOpen() && ::fstat(opened.get(), &status) == 0
         && status.st_uid == ::geteuid() && ::fchmod(opened.get(), S_IRWXU) == 0;
     if (!isUsable) {
-        return u"The folder “%1” cannot be used for the update."_s.arg(folder);
+        return Texts::tr("The folder “%1” cannot be used for the update.").arg(folder);
     }
     return std::nullopt;
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Updates/UpdateReply.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 namespace Tavik::UpdateReply {
 
@@ -70,17 +71,18 @@ refusal(const FetchAnswer& answer, const QString& subject, bool asksForPiece)
 {
     const int code = answer.status;
     if (code == statusNotFound || code == statusGone) {
-        return TransferFault{.reason = u"%1 is not on the server."_s.arg(subject)};
+        return TransferFault{.reason = Texts::tr("%1 is not on the server.").arg(subject)};
     }
     const bool isWanted = code == statusOk || (code == statusPartialContent && asksForPiece);
     if (!isWanted) {
-        return TransferFault{.reason = u"The server answered with an error (%1)."_s.arg(code),
-                             .mayPass
-                             = code >= firstServerError || code == statusRangeNotSatisfiable};
+        return TransferFault{
+            .reason = Texts::tr("The server answered with an error (%1).").arg(code),
+            .mayPass = code >= firstServerError || code == statusRangeNotSatisfiable};
     }
     const QByteArray encoding = answer.contentEncoding.trimmed().toLower();
     if (!encoding.isEmpty() && encoding != "identity") {
-        return TransferFault{.reason = u"The server sent something packed, which was refused."_s};
+        return TransferFault{.reason
+                             = Texts::tr("The server sent something packed, which was refused.")};
     }
     return std::nullopt;
 }
@@ -89,23 +91,30 @@ TransferFault networkFault(const FetchEnd& end, const QString& host)
 {
     switch (end.error) {
     case QNetworkReply::HostNotFoundError:
-        return {.reason = u"The server “%1” was not found. Perhaps this computer is not connected "
-                          u"to the internet."_s.arg(host),
+        return {.reason
+                = Texts::tr("The server “%1” was not found. Perhaps this computer is not connected "
+                            "to the internet.")
+                      .arg(host),
                 .mayPass = true};
     case QNetworkReply::ConnectionRefusedError:
-        return {.reason = u"The server “%1” cannot be reached."_s.arg(host), .mayPass = true};
+        return {.reason = Texts::tr("The server “%1” cannot be reached.").arg(host),
+                .mayPass = true};
     case QNetworkReply::SslHandshakeFailedError:
-        return {.reason = end.hasBadCertificate
-                    ? u"The server “%1” could not prove who it is: its certificate is not valid "
-                      u"here."_s.arg(host)
-                    : u"No protected connection to the server “%1” could be made."_s.arg(host)};
+        return {
+            .reason = end.hasBadCertificate
+                ? Texts::tr(
+                      "The server “%1” could not prove who it is: its certificate is not valid "
+                      "here.")
+                      .arg(host)
+                : Texts::tr("No protected connection to the server “%1” could be made.").arg(host)};
     case QNetworkReply::ProxyConnectionRefusedError:
     case QNetworkReply::ProxyConnectionClosedError:
     case QNetworkReply::ProxyNotFoundError:
     case QNetworkReply::ProxyTimeoutError:
     case QNetworkReply::ProxyAuthenticationRequiredError:
     case QNetworkReply::UnknownProxyError:
-        return {.reason = u"The proxy of this network let nothing through."_s, .mayPass = true};
+        return {.reason = Texts::tr("The proxy of this network let nothing through."),
+                .mayPass = true};
     default:
         return brokenOff();
     }
@@ -113,7 +122,7 @@ TransferFault networkFault(const FetchEnd& end, const QString& host)
 
 TransferFault brokenOff()
 {
-    return {.reason = u"The connection to the server broke off."_s, .mayPass = true};
+    return {.reason = Texts::tr("The connection to the server broke off."), .mayPass = true};
 }
 
 } // namespace Tavik::UpdateReply

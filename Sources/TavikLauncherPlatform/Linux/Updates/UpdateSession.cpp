@@ -5,6 +5,7 @@
 #include <TavikLauncherPlatform/Linux/Updates/UpdateFolder.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateRecord.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateSession.h>
+#include <TavikLauncherPlatform/Texts.h>
 #include <TavikLauncherPlatform/WorkQueue.h>
 
 #include <QSysInfo>
@@ -68,7 +69,7 @@ void UpdateSession::fetchFeed()
     m_fetch = std::make_unique<UpdateDocumentFetch>(
         m_environment.transfer(),
         UpdateDocumentFetch::Request{.url = m_environment.feedUrl,
-                                     .subject = u"The list of updates"_s,
+                                     .subject = Texts::tr("The list of updates"),
                                      .mostBytes = AppcastReader::mostBytes},
         [this](const UpdateDocument& document, const std::optional<QString>& failure) {
             feedArrived(document, failure);
@@ -216,7 +217,7 @@ void UpdateSession::fetchNotes()
     m_fetch = std::make_unique<UpdateDocumentFetch>(
         m_environment.transfer(),
         UpdateDocumentFetch::Request{.url = m_offer.update.releaseNotesUrl,
-                                     .subject = u"The text about the new version"_s,
+                                     .subject = Texts::tr("The text about the new version"),
                                      .mostBytes = mostNotesBytes},
         [this](const UpdateDocument& document, const std::optional<QString>& failure) {
             m_fetch.reset();
@@ -225,8 +226,8 @@ void UpdateSession::fetchNotes()
             if (notes) {
                 m_driver.showUpdateReleaseNotes(*notes);
             } else {
-                m_driver.showUpdateReleaseNotesFailedToDownload(
-                    failure.value_or(u"What the server sent about the new version is no text."_s));
+                m_driver.showUpdateReleaseNotesFailedToDownload(failure.value_or(
+                    Texts::tr("What the server sent about the new version is no text.")));
             }
         });
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Updates/UpdateSignature.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QFile>
 #include <QLocale>
@@ -54,16 +55,17 @@ std::optional<QString> whyNotGenuineFile(QFile& open, const SignedFile& file)
 {
     const std::optional<FileState> before = privateFile(open.handle());
     if (!before) {
-        return u"The downloaded update is not a file that belongs to you alone."_s;
+        return Texts::tr("The downloaded update is not a file that belongs to you alone.");
     }
     if (before->length != file.length) {
         const QLocale english(QLocale::English);
-        return u"The downloaded update has %1 bytes instead of %2. It will not be installed."_s.arg(
-            english.toString(before->length), english.toString(file.length));
+        return Texts::tr(
+                   "The downloaded update has %1 bytes instead of %2. It will not be installed.")
+            .arg(english.toString(before->length), english.toString(file.length));
     }
     const uchar* content = open.map(0, file.length);
     if (content == nullptr) {
-        return u"The downloaded update could not be read."_s;
+        return Texts::tr("The downloaded update could not be read.");
     }
     const auto length = static_cast<quint64>(file.length);
     const bool isSigned
@@ -72,10 +74,11 @@ std::optional<QString> whyNotGenuineFile(QFile& open, const SignedFile& file)
     QByteArray digest(digestSize, '\0');
     crypto_hash_sha256(reinterpret_cast<unsigned char*>(digest.data()), content, length);
     if (privateFile(open.handle()) != before) {
-        return u"The downloaded update was changed while it was being verified."_s;
+        return Texts::tr("The downloaded update was changed while it was being verified.");
     }
     if (!isSigned || digest != file.digest) {
-        return u"The downloaded update is not signed by the makers of Tavik Launcher. It will not be installed."_s;
+        return Texts::tr("The downloaded update is not signed by the makers of Tavik Launcher. It "
+                         "will not be installed.");
     }
     return {};
 }
@@ -111,23 +114,23 @@ bool isSigned(const QByteArray& text, const QByteArray& signature, const QByteAr
 std::optional<QString> whyNotGenuine(const SignedFile& file)
 {
     if (file.publicKey.size() != publicKeySize) {
-        return u"This build has no usable key to verify updates with."_s;
+        return Texts::tr("This build has no usable key to verify updates with.");
     }
     if (file.signature.size() != signatureSize) {
-        return u"The update is not signed, so it cannot be installed."_s;
+        return Texts::tr("The update is not signed, so it cannot be installed.");
     }
     if (file.length <= 0 || file.length > mostFileBytes) {
-        return u"The update has no size that can be installed."_s;
+        return Texts::tr("The update has no size that can be installed.");
     }
     if (::sodium_init() < 0) {
-        return u"Updates cannot be verified on this computer."_s;
+        return Texts::tr("Updates cannot be verified on this computer.");
     }
     // Neither a link nor, by waiting for its other end, a pipe.
     const int descriptor = ::open(QFile::encodeName(file.path).constData(),
                                   O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
     QFile open;
     if (descriptor < 0 || !open.open(descriptor, QIODevice::ReadOnly, QFile::AutoCloseHandle)) {
-        return u"The downloaded update could not be read."_s;
+        return Texts::tr("The downloaded update could not be read.");
     }
     return whyNotGenuineFile(open, file);
 }

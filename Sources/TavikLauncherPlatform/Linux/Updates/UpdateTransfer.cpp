@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Updates/UpdateTransfer.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateUrls.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <utility>
 
@@ -26,17 +27,19 @@ UpdateTransfer::UpdateTransfer(const Dependencies& dependencies, Request request
         const bool isSlow = m_receivedInWindow < m_request.patience.leastBytes;
         m_receivedInWindow = 0;
         if (isSlow && !m_isPaused) {
-            end(TransferFault{.reason = u"The server stopped answering."_s, .mayPass = true});
+            end(TransferFault{.reason = Texts::tr("The server stopped answering."),
+                              .mayPass = true});
         }
     });
     if (patience.totalSeconds > 0) {
         m_deadline = m_mainQueue.after(patience.totalSeconds, [this] {
-            end(TransferFault{.reason = u"The server is too slow."_s, .mayPass = true});
+            end(TransferFault{.reason = Texts::tr("The server is too slow."), .mayPass = true});
         });
     }
     if (!mayFetch(m_request.url)) {
         end(TransferFault{
-            .reason = u"%1 would come over an unprotected connection."_s.arg(m_request.subject)});
+            .reason
+            = Texts::tr("%1 would come over an unprotected connection.").arg(m_request.subject)});
         return;
     }
     open(m_request.url);
@@ -61,7 +64,8 @@ void UpdateTransfer::open(const QUrl& url)
                                     lost(loss);
                                 }});
     if (!m_fetch->hasStarted()) {
-        end(TransferFault{.reason = u"The system lets no process be started for the download."_s,
+        end(TransferFault{.reason
+                          = Texts::tr("The system lets no process be started for the download."),
                           .mayPass = true});
     }
 }
@@ -91,13 +95,15 @@ void UpdateTransfer::redirect(const QUrl& redirection)
 {
     const QUrl target = m_url.resolved(redirection);
     if (!mayFollow(m_url, target)) {
-        end(TransferFault{.reason
-                          = u"The server wanted to go on over an unprotected connection, which was "
-                            u"refused."_s});
+        end(TransferFault{
+            .reason
+            = Texts::tr("The server wanted to go on over an unprotected connection, which was "
+                        "refused.")});
         return;
     }
     if (++m_redirects > mostRedirects) {
-        end(TransferFault{.reason = u"The server only points from one address to the next."_s});
+        end(TransferFault{.reason
+                          = Texts::tr("The server only points from one address to the next.")});
         return;
     }
     m_fetch->stop();
@@ -138,7 +144,7 @@ void UpdateTransfer::fetched(const FetchEnd& fetchEnd)
 void UpdateTransfer::lost(FetchProcess::Loss loss)
 {
     end(loss == FetchProcess::Loss::outOfMemory
-            ? TransferFault{.reason = u"The server sent far more than it was asked for."_s}
+            ? TransferFault{.reason = Texts::tr("The server sent far more than it was asked for.")}
             : UpdateReply::brokenOff());
 }
 
@@ -163,8 +169,9 @@ void UpdateTransfer::end(std::optional<TransferFault> fault)
 
 TransferFault UpdateTransfer::tooLarge() const
 {
-    return {.reason = u"%1 is larger than the %2 MB it may have."_s.arg(
-                m_request.subject, QString::number(m_request.mostBytes / bytesPerMegabyte))};
+    return {.reason
+            = Texts::tr("%1 is larger than the %2 MB it may have.")
+                  .arg(m_request.subject, QString::number(m_request.mostBytes / bytesPerMegabyte))};
 }
 
 } // namespace Tavik

@@ -3,6 +3,7 @@
 #include <TavikLauncherPlatform/Linux/X11/X11Connection.h>
 #include <TavikLauncherPlatform/Linux/X11/X11KeyboardLimit.h>
 #include <TavikLauncherPlatform/Linux/X11/XkbProtocol.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QGuiApplication>
 #include <QLoggingCategory>
@@ -60,7 +61,8 @@ std::optional<QString> x11KeyboardLimit(xcb_connection_t* toolkit)
     if (hasKeyboard || hasRecording) {
         return std::nullopt;
     }
-    return u"This X server lacks the extensions, RECORD and XKEYBOARD, that tell a program which keys are held."_s;
+    return Texts::tr("This X server lacks the extensions, RECORD and XKEYBOARD, that tell a "
+                     "program which keys are held.");
 }
 
 } // namespace Tavik

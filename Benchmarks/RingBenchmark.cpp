@@ -123,16 +123,16 @@ void drawAhead(benchmark::State& state)
 
 struct LargeCatalog : Test::RingFixture
 {
-    LargeCatalog()
+    explicit LargeCatalog(int count)
     {
-        for (int i = 0; i < 3000; ++i) {
+        for (int i = 0; i < count; ++i) {
             install(path(u"app%1"_s.arg(i)), u"Application Number %1"_s.arg(i));
         }
         walk();
         QStringList pinned;
         for (int i = 0; i < 8; ++i) {
-            pinned << path(u"app%1"_s.arg(i * 100));
-            workspace.launch(path(u"app%1"_s.arg(i * 50 + 7)));
+            pinned << path(u"app%1"_s.arg(i * 30));
+            workspace.launch(path(u"app%1"_s.arg(i * 20 + 7)));
         }
         for (int i = 0; i < 12; ++i) {
             recents.recordLaunch(path(u"app%1"_s.arg(i * 11)));
@@ -147,7 +147,7 @@ struct LargeCatalog : Test::RingFixture
 
 void composition(benchmark::State& state)
 {
-    const LargeCatalog catalog;
+    const LargeCatalog catalog(static_cast<int>(state.range(0)));
     for (auto _ : state) {
         benchmark::DoNotOptimize(catalog.composition.baseList({}, {}));
     }
@@ -155,18 +155,23 @@ void composition(benchmark::State& state)
 
 void compositionOfASearch(benchmark::State& state)
 {
-    const LargeCatalog catalog;
+    const LargeCatalog catalog(static_cast<int>(state.range(0)));
     for (auto _ : state) {
         benchmark::DoNotOptimize(catalog.composition.baseList(u"app num"_s, u"app num"_s));
     }
+}
+
+void sizes(benchmark::internal::Benchmark* benchmark)
+{
+    benchmark->Arg(300)->Arg(3000)->Arg(30000);
 }
 
 BENCHMARK(wholeFrame)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
 BENCHMARK(highlightStep)->Arg(1)->Arg(2)->MeasureProcessCPUTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(openingStep)->Arg(1)->Arg(2)->MeasureProcessCPUTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(drawAhead)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
-BENCHMARK(composition)->Unit(benchmark::kMicrosecond);
-BENCHMARK(compositionOfASearch)->Unit(benchmark::kMicrosecond);
+BENCHMARK(composition)->Apply(sizes)->Unit(benchmark::kMicrosecond);
+BENCHMARK(compositionOfASearch)->Apply(sizes)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 

@@ -4,10 +4,11 @@
 // changed pixel in the middle of the screen. Several programs are measured in turn within each
 // round, so that other work on the machine burdens all alike.
 //
-//   SummonLatency [--rounds N] [--warm-up N] [--type KEY] NAME=CHORD...
+//   SummonLatency [--rounds N] [--warm-up N] [--type KEY] (NAME=CHORD | NAME=run:COMMAND)...
 //
-// Each chord must show a window over the middle of the screen, and hide it again. With --type, what
-// is measured is that key in the window that is shown. Rounds to warm up (3) are not counted.
+// Each chord must show a window over the middle of the screen, and hide it again. A command, which
+// the shell runs as a desktop's own shortcut would, must show one that Escape hides. With --type,
+// what is measured is that key in the window that is shown. Rounds to warm up (3) are not counted.
 // Prints NAME, median, 95th percentile and maximum in milliseconds, and the number of rounds
 // without an answer, separated by tabs.
 
@@ -15,14 +16,19 @@
 #include "ScreenWatch.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
+#include <concepts>
 #include <cstdio>
 #include <memory>
+#include <spawn.h>
 #include <string>
 #include <string_view>
 #include <thread>
+#include <utility>
 #include <vector>
 
+#include <unistd.h>
 #include <xcb/xtest.h>
 
 using namespace std::chrono_literals;
@@ -41,7 +47,8 @@ constexpr auto patience = 2000ms;
 struct Target
 {
     std::string name;
-    KeyPresser::Chord chord;
+    KeyPresser::Chord chord; ///< What shows it, unless a command does, and what hides it.
+    std::string command;
     std::vector<double> milliseconds;
     int missed = 0;
 };
@@ -53,6 +60,42 @@ struct Options
     std::optional<KeyPresser::Chord> typedKey;
     std::vector<Target> targets;
 };
+
+std::optional<Target> parseTarget(std::string_view argument, const KeyPresser& presser)
+{
+    constexpr std::string_view commandPrefix = "run:";
+    const auto separator = argument.find('=');
+    if (separator == std::string_view::npos) {
+        return std::nullopt;
+    }
+    Target target{.name = std::string(argument.substr(0, separator)),
+                  .chord = {},
+                  .command = {},
+                  .milliseconds = {}};
+    auto how = argument.substr(separator + 1);
+    if (how.starts_with(commandPrefix)) {
+        target.command = how.substr(commandPrefix.size());
+        how = "Escape";
+    }
+    const auto chord = presser.chord(how);
+    if (!chord) {
+        return std::nullopt;
+    }
+    target.chord = *chord;
+    return target;
+}
+
+void run(const std::string& command)
+{
+    std::string shell = "sh";
+    std::string option = "-c";
+    std::string words = command;
+    const std::array<char*, 4> arguments{shell.data(), option.data(), words.data(), nullptr};
+    pid_t process = 0;
+    if (::posix_spawn(&process, "/bin/sh", nullptr, nullptr, arguments.data(), environ) != 0) {
+        std::fprintf(stderr, "%s cannot be run\n", command.c_str());
+    }
+}
 
 std::optional<Options> parse(const std::vector<std::string_view>& arguments,
                              const KeyPresser& presser)
@@ -71,15 +114,11 @@ std::optional<Options> parse(const std::vector<std::string_view>& arguments,
                 return std::nullopt;
             }
         } else {
-            const auto separator = argument.rfind('=');
-            if (separator == std::string_view::npos) {
+            auto target = parseTarget(argument, presser);
+            if (!target) {
                 return std::nullopt;
             }
-            const auto chord = presser.chord(argument.substr(separator + 1));
-            if (!chord) {
-                return std::nullopt;
-            }
-            options.targets.push_back({std::string(argument.substr(0, separator)), *chord, {}, 0});
+            options.targets.push_back(*std::move(target));
         }
     }
     return options.rounds > 0 && !options.targets.empty() ? std::optional(options) : std::nullopt;
@@ -96,14 +135,22 @@ public:
     /// Milliseconds from pressing the chord to the first changed pixel in the area.
     std::optional<double> time(const KeyPresser::Chord& chord, const ScreenWatch::Area& area)
     {
-        const auto before = m_screen.pixels(area);
         m_presser.holdModifiers(chord);
+        const auto result = time([&] { m_presser.pressKey(chord); }, area);
+        m_presser.release(chord);
+        return result;
+    }
+    /// The same from whatever is done instead.
+    template <typename Action>
+    requires std::invocable<Action> std::optional<double> time(Action act,
+                                                               const ScreenWatch::Area& area)
+    {
+        const auto before = m_screen.pixels(area);
         std::this_thread::sleep_for(20ms);
         m_screen.forget();
         const auto start = ScreenWatch::Clock::now();
-        m_presser.pressKey(chord);
+        act();
         const auto end = m_screen.waitForChange(area, before, patience);
-        m_presser.release(chord);
         if (!end) {
             return std::nullopt;
         }
@@ -134,7 +181,9 @@ void measureOnce(
     const auto quiet = screen.pixels(wholeArea);
     Stopwatch stopwatch(presser, screen);
 
-    auto result = stopwatch.time(target.chord, screen.middle(summonSide));
+    const auto spot = screen.middle(summonSide);
+    auto result = target.command.empty() ? stopwatch.time(target.chord, spot)
+                                         : stopwatch.time([&] { run(target.command); }, spot);
     std::this_thread::sleep_for(settlingTime);
     if (options.typedKey) {
         result = stopwatch.time(*options.typedKey, wholeArea);
@@ -178,7 +227,8 @@ int main(int argc, char** argv)
     KeyPresser presser(connection.get());
     auto options = parse({argv + 1, argv + argc}, presser);
     if (!options) {
-        std::fputs("usage: SummonLatency [--rounds N] [--warm-up N] [--type KEY] NAME=CHORD...\n",
+        std::fputs("usage: SummonLatency [--rounds N] [--warm-up N] [--type KEY] "
+                   "(NAME=CHORD | NAME=run:COMMAND)...\n",
                    stderr);
         return 2;
     }

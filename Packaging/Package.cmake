@@ -27,8 +27,8 @@ if(TARGET TavikLauncherPlatformLinuxWayland)
   # Classes that the toolkit may change with each version. There is no symbol of them to be found out.
   string(APPEND CPACK_DEBIAN_PACKAGE_DEPENDS ", qt6-base-abi (= ${Qt6_VERSION})")
 endif()
-# What names the AppImages in the ring and draws their icons.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "squashfs-tools")
+# What names the AppImages in the ring and draws their icons; the toolkit's dialogs in other languages.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "squashfs-tools, qt6-translations-l10n")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
 foreach(file PackageOfKind.cmake FinishPackage.cmake)

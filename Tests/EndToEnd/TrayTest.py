@@ -49,6 +49,11 @@ def test_the_menu_and_the_icon_read_as_they_should(item):
         assert alpha(icon, 0, 0) == alpha(icon, side - 1, 0) == 0
 
 
+def test_the_menu_speaks_the_language_of_the_session(panel, launcher):
+    launcher.start(environment={"LANG": "de_DE.UTF-8"})
+    assert [line.title for line in panel.wait_item().menu()][-1] == "Beenden"
+
+
 def test_every_line_of_the_menu_opens_its_window_with_the_keyboard(item, display):
     for title, window in (
             ("Show Tavik Launcher", "Tavik Launcher"), ("Settings...", SETTINGS), ("About Tavik Launcher", SETTINGS),

@@ -12,6 +12,7 @@ SETTINGS = "TavikLauncher/Settings"
 RING = "TavikLauncher/Ring"
 TRIGGER = "TavikLauncher/Trigger"
 LOOK = "TavikLauncher/Look"
+LANGUAGES = "TavikLauncher/Languages"
 VIEWS = [f"TavikLauncher/Views/{view}" for view in ("Ring", "Windows", "SettingsWindow", "Updates", "Tray")]
 SHELL = "TavikLauncher/Shell"
 BASE = {CORE, PLATFORM}
@@ -36,8 +37,9 @@ ROOMS = {  # room: (rooms it may include, may use widgets, may use native header
     RING: (BASE | {CATALOG, SETTINGS}, False, False),
     TRIGGER: ({PLATFORM, SETTINGS}, False, False),
     LOOK: (BASE, True, False),
+    LANGUAGES: (set(), False, False),
     **{view: (BASE | {LOOK, CATALOG, SETTINGS, RING}, True, False) for view in VIEWS},
-    SHELL: (BASE | {f"{PLATFORM}/Null", LINUX, SESSION, APPLICATIONS, CATALOG, SETTINGS, RING, TRIGGER, LOOK, *VIEWS},
+    SHELL: (BASE | {f"{PLATFORM}/Null", LINUX, SESSION, APPLICATIONS, CATALOG, SETTINGS, RING, TRIGGER, LOOK, LANGUAGES, *VIEWS},
             True, False),
 }
 NATIVE = re.compile(

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "Scenes.h"
+#include <TavikLauncher/Languages/Languages.h>
 
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QLocale>
 #include <QPainter>
 #include <QProcess>
 #include <QRegularExpression>
@@ -123,7 +125,7 @@ int drawOne(const QString& scheme, double font, const QString& folder)
     usual.setPixelSize(qRound(usualSize * font));
     QApplication::setFont(usual);
     GalleryScenes scenes(scheme);
-    scenes.drawAll([&folder](const QString& name, const QImage& picture) {
+    scenes.drawAll([&folder](const QString& name, const QImage& picture, QWidget*) {
         picture.save(QDir(folder).filePath(name + u".png"_s));
     });
     return 0;
@@ -131,11 +133,13 @@ int drawOne(const QString& scheme, double font, const QString& folder)
 
 } // namespace
 
-/// tavik-gallery FOLDER [EXPRESSION]: those desktops only whose name has a part that matches.
+/// tavik-gallery FOLDER [EXPRESSION]: in the language of the session ("LANGUAGE=de"); those
+/// desktops only whose name has a part that matches.
 int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
+    Languages::speak(application, Languages::chosen(QLocale::system().uiLanguages()));
     const QStringList arguments = application.arguments();
     if (arguments.size() == 5 && arguments.at(1) == u"--scheme") {
         return drawOne(arguments.at(2), arguments.at(3).toDouble(), arguments.at(4));

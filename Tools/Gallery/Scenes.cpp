@@ -149,6 +149,11 @@ GalleryScenes::GalleryScenes(const QString& scheme)
 void GalleryScenes::drawAll(const Keep& keep)
 {
     drawRing(keep);
+    drawWindows(keep);
+}
+
+void GalleryScenes::drawWindows(const Keep& keep)
+{
     drawSettings(keep);
     drawSmallWindows(keep);
     drawUpdates(keep);
@@ -159,24 +164,24 @@ void GalleryScenes::drawRing(const Keep& keep)
     {
         RingPicture ring(m_scheme);
         ring.showRing();
-        keep(u"ring-1-fresh"_s, ring.take());
+        keep(u"ring-1-fresh"_s, ring.take(), nullptr);
         ring.commands.moveSelectionRight();
         ring.commands.moveSelectionRight();
-        keep(u"ring-2-selected"_s, ring.take());
+        keep(u"ring-2-selected"_s, ring.take(), nullptr);
         ring.commands.moveSelectionRight();
         ring.commands.showPinnedIndicator();
-        keep(u"ring-3-pinned"_s, ring.take());
+        keep(u"ring-3-pinned"_s, ring.take(), nullptr);
         ring.commands.insertText(u"o"_s);
-        keep(u"ring-4-search"_s, ring.take());
+        keep(u"ring-4-search"_s, ring.take(), nullptr);
         ring.commands.insertText(u"zz"_s);
-        keep(u"ring-5-nothing"_s, ring.take());
+        keep(u"ring-5-nothing"_s, ring.take(), nullptr);
     }
     {
         RingPicture ring(m_scheme);
         ring.settings.showsLaunchHints.set(true);
         ring.commands.prepareForShow(true);
         ring.commands.showPinnedIndicator();
-        keep(u"ring-6-hint"_s, ring.take());
+        keep(u"ring-6-hint"_s, ring.take(), nullptr);
     }
     {
         RingPicture ring(m_scheme);
@@ -184,7 +189,7 @@ void GalleryScenes::drawRing(const Keep& keep)
         ring.workspace.running.clear();
         ring.pin({});
         ring.showRing();
-        keep(u"ring-7-empty"_s, ring.take());
+        keep(u"ring-7-empty"_s, ring.take(), nullptr);
     }
     int number = 0;
     for (const ThemePreset& preset : ThemePreset::presets()) {
@@ -193,7 +198,7 @@ void GalleryScenes::drawRing(const Keep& keep)
         ring.settings.applyTheme(preset);
         ring.showRing();
         ring.commands.moveSelectionLeft();
-        keep(u"ring-8-theme-%1"_s.arg(++number), ring.take());
+        keep(u"ring-8-theme-%1"_s.arg(++number), ring.take(), nullptr);
     }
     for (const auto& [name, diameter, thickness, icon, count] :
          {std::tuple(u"least"_s, 250.0, 220.0, 92.0, 24),
@@ -205,7 +210,7 @@ void GalleryScenes::drawRing(const Keep& keep)
         ring.settings.maxVisibleApps.set(count);
         ring.showRing();
         ring.commands.moveSelectionRight();
-        keep(u"ring-9-"_s + name, ring.take());
+        keep(u"ring-9-"_s + name, ring.take(), nullptr);
     }
 }
 
@@ -219,7 +224,9 @@ void GalleryScenes::drawSettings(const Keep& keep)
     for (const SettingsSection& section : allSettingsSections) {
         window.open(section.id);
         window.settle();
-        keep(u"settings-%1-%2"_s.arg(++number).arg(section.id), pictureOf(window.view));
+        keep(u"settings-%1-%2"_s.arg(++number).arg(section.id),
+             pictureOf(window.view),
+             &window.view);
     }
 }
 
@@ -231,17 +238,17 @@ void GalleryScenes::drawSmallWindows(const Keep& keep)
     {
         OnboardingView tour(HotKeyConfig::defaultConfig(), {});
         tour.resize(560, 420);
-        keep(u"window-1-tour"_s, pictureOf(tour));
+        keep(u"window-1-tour"_s, pictureOf(tour), &tour);
     }
     {
         ReindexView reindex({desktop.catalog, desktop.mainQueue, appearance}, {});
-        keep(u"window-2-reindex"_s, pictureOf(reindex));
+        keep(u"window-2-reindex"_s, pictureOf(reindex), &reindex);
         QTest::keyClick(&reindex, Qt::Key_Return);
-        keep(u"window-3-reindexing"_s, pictureOf(reindex));
+        keep(u"window-3-reindexing"_s, pictureOf(reindex), &reindex);
         desktop.workQueue.runAll();
         desktop.mainQueue.advance(2);
         reindex.adjustSize();
-        keep(u"window-4-reindexed"_s, pictureOf(reindex));
+        keep(u"window-4-reindexed"_s, pictureOf(reindex), &reindex);
     }
     appearance.reduced = true; // Nothing goes over into anything in a picture.
     FakeAccessibilityPermission permission;
@@ -252,12 +259,12 @@ void GalleryScenes::drawSmallWindows(const Keep& keep)
                                           [] {
                                           }});
     view.resize(440, 520);
-    keep(u"window-5-permission"_s, pictureOf(view));
+    keep(u"window-5-permission"_s, pictureOf(view), &view);
     QTest::keyClick(&view, Qt::Key_Return);
-    keep(u"window-6-waiting"_s, pictureOf(view));
+    keep(u"window-6-waiting"_s, pictureOf(view), &view);
     permission.trusted = true;
     desktop.mainQueue.advance(2);
-    keep(u"window-7-granted"_s, pictureOf(view));
+    keep(u"window-7-granted"_s, pictureOf(view), &view);
 }
 
 void GalleryScenes::drawUpdates(const Keep& keep)
@@ -275,22 +282,22 @@ void GalleryScenes::drawUpdates(const Keep& keep)
     {
         UpdateAlertView alert(item, {.ownVersion = u"2.0"_s, .isAwaited = true}, {});
         alert.resize(alert.preferredSize());
-        keep(u"update-1-found"_s, pictureOf(alert));
+        keep(u"update-1-found"_s, pictureOf(alert), &alert);
     }
     UpdateStatusView status(mainQueue, appearance);
     status.showDownload(u"2.1"_s, [] {});
     status.showDownloadProgress(9'100'000, 24'300'000);
     status.adjustSize();
-    keep(u"update-2-fetching"_s, pictureOf(status));
+    keep(u"update-2-fetching"_s, pictureOf(status), &status);
     status.showReady(
         u"2.1"_s, [] {}, [] {});
     status.adjustSize();
-    keep(u"update-3-ready"_s, pictureOf(status));
+    keep(u"update-3-ready"_s, pictureOf(status), &status);
     UpdateMessageView message(
         {.title = u"You are up to date."_s, .text = u"Tavik Launcher 2.1 is the newest version."_s},
         [] {});
     message.adjustSize();
-    keep(u"update-4-message"_s, pictureOf(message));
+    keep(u"update-4-message"_s, pictureOf(message), &message);
 }
 
 } // namespace Tavik::Test

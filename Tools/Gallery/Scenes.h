@@ -6,17 +6,21 @@
 
 #include <functional>
 
+class QWidget;
+
 namespace Tavik::Test {
 
 /// Every window and every state of the ring, drawn over a desktop of fakes.
 class GalleryScenes
 {
 public:
-    using Keep = std::function<void(const QString& name, const QImage& picture)>;
+    /// `view` is what the picture is of; absent for the ring, which is drawn from values.
+    using Keep = std::function<void(const QString& name, const QImage& picture, QWidget* view)>;
 
     /// "light", "dark", "contrast-light" or "contrast-dark".
     explicit GalleryScenes(const QString& scheme);
     void drawAll(const Keep& keep);
+    void drawWindows(const Keep& keep);
 
 private:
     void drawRing(const Keep& keep);

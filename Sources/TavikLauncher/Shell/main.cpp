@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Languages/Languages.h>
 #include <TavikLauncher/Shell/AppDelegate.h>
 #include <TavikLauncher/Shell/BuildOptions.h>
 #include <TavikLauncher/Shell/CommandLine.h>
@@ -12,6 +13,7 @@
 #include <TavikLauncherPlatform/Platform.h>
 #include <TavikLauncherPlatform/TerminationSignals.h>
 
+#include <QLocale>
 #include <QLoggingCategory>
 #include <QTextStream>
 
@@ -137,6 +139,7 @@ Ending run(int argc, char** argv, const CommandLine& commandLine, InstanceClaim&
     // Other programs' icons may be faulty in many ways; whoever decodes them goes on with the next.
     QLoggingCategory::setFilterRules(u"qt.gui.imageio*=false\nqt.svg*=false"_s);
     TavikLauncherApp application(argc, argv);
+    Languages::speak(application, Languages::chosen(QLocale::system().uiLanguages()));
     // From here on until all is given back, also while the loop does not turn yet or any more.
     const TerminationSignals signals(&TavikLauncherApp::end);
 

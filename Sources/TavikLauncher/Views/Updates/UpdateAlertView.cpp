@@ -34,7 +34,7 @@ QString particulars(const UpdateItem& item)
         parts << QLocale().formattedDataSize(item.contentLength, 1, QLocale::DataSizeSIFormat);
     }
     if (item.date.isValid()) {
-        parts << QLocale().toString(item.date.toLocalTime().date(), u"d MMMM yyyy"_s);
+        parts << QLocale().toString(item.date.toLocalTime().date(), Texts::tr("d MMMM yyyy"));
     }
     return parts.join(u" · "_s);
 }

@@ -65,8 +65,9 @@ struct PlatformOptions
 /// `makePlatform`.
 [[nodiscard]] std::optional<int> runAsHelper(int argc, char** argv);
 
-/// Has all threads share one heap: they work seldom at the same time, and a heap for each would
-/// mostly be holes. To be called before the first thread begins. Implemented beside `makePlatform`.
+/// Has all threads share one heap, without the pictures: threads work seldom at the same time, and
+/// a heap for each would mostly be holes, as would one that large pictures come to and go from. To
+/// be called before the first thread begins. Implemented beside `makePlatform`.
 void saveMemory();
 
 /// Chooses the window system for the toolkit, unless the user has. To be called before the

@@ -35,6 +35,7 @@ const QImage& RingImageCache::band(const RingScene& scene)
 const QImage& RingImageCache::wholeRing(const RingScene& scene)
 {
     if (m_wholeRing.isNull() || !(scene == m_wholeRingScene)) {
+        m_wholeRing = {}; // Not two of them at any time.
         m_wholeRing = RingPainter::ringImage(scene, band(scene));
         m_wholeRingScene = scene;
     }

@@ -7,7 +7,6 @@
 #include <TavikLauncherPlatform/Linux/Disk/KeyFile.h>
 
 #include <QFileInfo>
-#include <QRegularExpression>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -59,9 +58,17 @@ bool isShownHere(const KeyFile& file)
 /// What the windows of a game are called that a launcher of games starts by its number.
 QString gameClassOf(const QString& command)
 {
-    static const QRegularExpression game(u"\\bsteam://rungameid/(\\d{1,20})"_s);
-    const QRegularExpressionMatch match = game.match(command);
-    return match.hasMatch() ? u"steam_app_"_s + match.captured(1) : QString();
+    constexpr QLatin1StringView address("steam://rungameid/");
+    constexpr qsizetype longestNumber = 20;
+    const qsizetype begin = command.indexOf(address);
+    if (begin < 0 || (begin > 0 && command.at(begin - 1).isLetterOrNumber())) {
+        return {};
+    }
+    const QStringView rest = QStringView(command).mid(begin + address.size(), longestNumber);
+    const auto* end
+        = std::ranges::find_if_not(rest, [](QChar c) { return c >= u'0' && c <= u'9'; });
+    const QStringView number = rest.first(end - rest.begin());
+    return number.isEmpty() ? QString() : u"steam_app_"_s + number.toString();
 }
 
 QStringList otherNames(const KeyFile& file, const DesktopEntry& entry)

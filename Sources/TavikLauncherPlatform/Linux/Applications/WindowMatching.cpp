@@ -28,14 +28,30 @@ const DesktopEntry* entryNamed(const QString& name, const DesktopEntries& entrie
 /// Undoes systemd's escapes of unit names (`\x2d` for "-").
 QString unescaped(const QString& unit)
 {
-    static const QRegularExpression escape(u"\\\\x([0-9a-f]{2})"_s);
+    constexpr qsizetype length = 4;
     QString result = unit;
-    for (auto match = escape.match(result); match.hasMatch();
-         match = escape.match(result, match.capturedStart() + 1)) {
-        const QChar character(static_cast<char16_t>(match.captured(1).toUShort(nullptr, 16)));
-        result.replace(match.capturedStart(), match.capturedLength(), character);
+    for (qsizetype at = result.indexOf("\\x"_L1); at >= 0; at = result.indexOf("\\x"_L1, at + 1)) {
+        bool isNumber = false;
+        const ushort code = QStringView(result).mid(at + 2, 2).toUShort(&isNumber, 16);
+        if (isNumber && at + length <= result.size()) {
+            result.replace(at, length, QChar(code));
+        }
     }
     return result;
+}
+
+/// app[-<launcher>]-<ApplicationID>-<RANDOM>.scope
+/// app[-<launcher>]-<ApplicationID>[@<RANDOM>].service
+QString applicationIdOfDesktopUnit(const QString& unit)
+{
+    if (!unit.startsWith("app-"_L1)) {
+        return {};
+    }
+    const QString name = unit.endsWith(".scope"_L1) ? unit.left(unit.lastIndexOf(u'-'))
+        : unit.endsWith(".service"_L1)              ? unit.chopped(8).section(u'@', 0, 0)
+                                                    : QString();
+    // Between dashes there are dashes only as escapes.
+    return name.size() > 4 && !name.contains(u'@') ? name.section(u'-', -1) : QString();
 }
 
 /// The entry that the window names itself, or null.
@@ -169,12 +185,13 @@ std::optional<QString> WindowMatching::applicationFolderOf(const QString& execut
 QString WindowMatching::applicationIdOfUnit(const QString& controlGroup)
 {
     const QString unit = controlGroup.trimmed().section(u'/', -1);
-    // app[-<launcher>]-<ApplicationID>-<RANDOM>.scope
-    // app[-<launcher>]-<ApplicationID>[@<RANDOM>].service
-    static const QRegularExpression desktop(
-        u"^app(?:-[^-@]+)*?-([^-@]+)(?:-[^-@]+\\.scope|(?:@[^/]*)?\\.service)$"_s);
-    if (const auto match = desktop.match(unit); match.hasMatch()) {
-        return unescaped(match.captured(1));
+    if (const QString id = applicationIdOfDesktopUnit(unit); !id.isEmpty()) {
+        return unescaped(id);
+    }
+    // Those that follow are rare, and the first expression costs half a megabyte for good.
+    constexpr std::array prefixes{"flatpak-"_L1, "dbus-"_L1, "snap."_L1};
+    if (std::ranges::none_of(prefixes, [&](auto prefix) { return unit.startsWith(prefix); })) {
+        return {};
     }
     // What Flatpak named its scopes before it followed that form.
     static const QRegularExpression flatpak(u"^flatpak-(.+)-\\d+\\.scope$"_s);

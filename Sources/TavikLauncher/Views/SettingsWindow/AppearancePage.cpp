@@ -31,11 +31,10 @@ SettingsPages::makeAppearance(const SettingsDependencies& dependencies)
                     {.title = Texts::tr("Thickness"), .help = Texts::tr("Width of the band")},
                     settings.ringThickness,
                     {.unit = points});
-    page->addSlider(
-        ring,
-        {.title = Texts::tr("Icon size"), .help = Texts::tr("Limited by thickness and slots")},
-        settings.iconSize,
-        {.leap = 4, .unit = points});
+    page->addSlider(ring,
+                    {.title = Texts::tr("Icon size"), .help = Texts::tr("Limited by thickness")},
+                    settings.iconSize,
+                    {.leap = 4, .unit = points});
     page->addSlider(
         ring,
         {.title = Texts::tr("Maximum applications"), .help = Texts::tr("Slots around the ring")},

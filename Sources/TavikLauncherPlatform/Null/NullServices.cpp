@@ -21,26 +21,6 @@ const QWindow* windowWithId(WId id)
 
 } // namespace
 
-KeyEvents::HotKeyResult NullKeyEvents::registerHotKey(const HotKey&, HotKeyHandlers)
-{
-    return {.registration = nullptr, .status = statusUnsupported};
-}
-
-std::unique_ptr<KeyMonitor> NullKeyEvents::addLocalMonitor(Kind, Filter)
-{
-    return nullptr;
-}
-
-std::unique_ptr<KeyMonitor> NullKeyEvents::addGlobalMonitor(Kind, Observer)
-{
-    return nullptr;
-}
-
-std::unique_ptr<EventTap> NullKeyEvents::createEventTap(Kind, Observer, std::function<void()>)
-{
-    return nullptr;
-}
-
 void NullWindowServer::preparePanel(WId) { }
 
 void NullWindowServer::setInputRegion(WId, const QRegion&) { }

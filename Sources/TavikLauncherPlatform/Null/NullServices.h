@@ -2,7 +2,6 @@
 #pragma once
 
 #include <TavikLauncherPlatform/DesktopAppearance.h>
-#include <TavikLauncherPlatform/KeyEvents.h>
 #include <TavikLauncherPlatform/LoginItem.h>
 #include <TavikLauncherPlatform/Updater.h>
 #include <TavikLauncherPlatform/WindowServer.h>
@@ -10,33 +9,6 @@
 #include <utility>
 
 namespace Tavik {
-
-/// No key can be had system-wide, and none is heard of.
-class NullKeyEvents final : public KeyEvents
-{
-public:
-    static constexpr int statusUnsupported = -1;
-
-    [[nodiscard]] HotKeyResult registerHotKey(const HotKey& hotKey,
-                                              HotKeyHandlers handlers) override;
-    [[nodiscard]] int hotKeyStatus(const HotKey&) override { return statusUnsupported; }
-    [[nodiscard]] bool hasKeys(quint64, std::optional<quint16>) const override { return true; }
-    [[nodiscard]] std::unique_ptr<KeyMonitor> addLocalMonitor(Kind kind, Filter filter) override;
-    [[nodiscard]] std::unique_ptr<KeyMonitor> addGlobalMonitor(Kind kind,
-                                                               Observer observer) override;
-    [[nodiscard]] std::unique_ptr<EventTap>
-    createEventTap(Kind kind, Observer observer, std::function<void()> disabled) override;
-    [[nodiscard]] std::optional<quint64> heldModifiers() override { return std::nullopt; }
-    [[nodiscard]] std::optional<quint16> keyCode(const NativeKey&) const override
-    {
-        return std::nullopt;
-    }
-    [[nodiscard]] std::optional<QString> characters(const NativeKey&) const override
-    {
-        return std::nullopt;
-    }
-    [[nodiscard]] LevelUse levelUse(const NativeKey&) const override { return LevelUse::none; }
-};
 
 /// A window server that does nothing beyond what the toolkit does and takes its word.
 class NullWindowServer final : public WindowServer

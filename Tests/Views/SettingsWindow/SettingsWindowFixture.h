@@ -12,6 +12,7 @@
 #include <QTest>
 
 #include <Support/FakeDesktop.h>
+#include <Support/FakeKeyEvents.h>
 
 namespace Tavik::Test {
 
@@ -91,7 +92,7 @@ struct SettingsWindowFixture : RingFixture
     }
 
     ColorIconDecoder icons;
-    NullKeyEvents keyEvents;
+    FakeKeyEvents keyEvents;
     QStringList changed; ///< Properties assigned, in order.
     QStringList posted; ///< Notifications.
     QList<FileRequest> requests;

@@ -3,6 +3,7 @@
 
 #include <TavikLauncherPlatform/WindowServer.h>
 
+#include <QPainter>
 #include <QStringList>
 
 namespace Tavik::Test {
@@ -13,6 +14,15 @@ class FakeWindowServer : public WindowServer
 public:
     [[nodiscard]] bool isPanelManaged() const override { return isManaged; }
     void setInputRegion(WId, const QRegion& region) override { inputRegion = region; }
+    void setShape(WId, const QRegion& region) override { shape = region; }
+    [[nodiscard]] QImage pictureAt(WId) const override
+    {
+        QImage seen = desktop;
+        QPainter painter(&seen);
+        painter.setClipRegion(shape);
+        painter.fillRect(seen.rect(), Qt::magenta); // The panel itself.
+        return seen;
+    }
     void preparePanel(WId) override { calls << QStringLiteral("prepare"); }
     void setSkipsTaskbar(WId, bool skips) override
     {
@@ -34,6 +44,8 @@ public:
 
     QStringList calls;
     QRegion inputRegion;
+    QRegion shape;
+    QImage desktop; ///< At the panel's place; null where nobody can tell.
     bool isManaged = false;
     bool hasFocus = true;
     bool onCurrentDesktop = true;

@@ -386,6 +386,37 @@ private Q_SLOTS:
         QVERIFY(ring.iconRadius + reach <= RingGeometry::panelSide(diameter) / 2 + 0.001);
     }
 
+    void whatLiesBehindIsNeverThePanelItself()
+    {
+        PanelFixture fixture;
+        QImage desktop(352, 352, QImage::Format_RGB32);
+        desktop.fill(Qt::darkGreen);
+        const QRect underTheField(center - QPoint(10, 4), QSize(20, 8));
+        QPainter(&desktop).fillRect(underTheField, Qt::blue);
+        fixture.windowServer.compositing = false;
+        fixture.windowServer.desktop = desktop;
+        fixture.showRing();
+        const auto behind = [&](const QPoint& point) {
+            return fixture.ring().scene().behind.pixelColor(point).name();
+        };
+        const QString plain = QColor(Qt::darkGreen).name();
+        const QString spot = QColor(Qt::blue).name();
+        QCOMPARE(behind(center), plain); // Covered: as what is beside it.
+        fixture.mainQueue.advance(6); // The field has faded.
+        QCOMPARE(behind(center), spot);
+        for (const char* letter : {"", "b", "bq"}) {
+            fixture.commands.insertText(QString::fromLatin1(letter));
+            fixture.settle();
+            for (int y = 0; y < desktop.height(); y += 3) {
+                for (int x = 0; x < desktop.width(); x += 3) {
+                    const QString color = behind({x, y});
+                    QVERIFY2(color == plain || (color == spot && underTheField.contains(x, y)),
+                             qPrintable(color));
+                }
+            }
+        }
+    }
+
     void theOvershootIsNotCutOffToASquare()
     {
         PanelFixture fixture;

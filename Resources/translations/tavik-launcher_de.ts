@@ -343,8 +343,8 @@
         <translation>Symbolgröße</translation>
     </message>
     <message>
-        <source>Limited by thickness and slots</source>
-        <translation>Begrenzt durch Dicke und Plätze</translation>
+        <source>Limited by thickness</source>
+        <translation>Begrenzt durch die Dicke</translation>
     </message>
     <message>
         <source>Maximum applications</source>

@@ -343,8 +343,8 @@
         <translation>Tamaño de los iconos</translation>
     </message>
     <message>
-        <source>Limited by thickness and slots</source>
-        <translation>Limitado por el grosor y las casillas</translation>
+        <source>Limited by thickness</source>
+        <translation>Limitado por el grosor</translation>
     </message>
     <message>
         <source>Maximum applications</source>

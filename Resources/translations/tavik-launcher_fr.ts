@@ -343,8 +343,8 @@
         <translation>Taille des icônes</translation>
     </message>
     <message>
-        <source>Limited by thickness and slots</source>
-        <translation>Limitée par l’épaisseur et les cases</translation>
+        <source>Limited by thickness</source>
+        <translation>Limitée par l’épaisseur</translation>
     </message>
     <message>
         <source>Maximum applications</source>

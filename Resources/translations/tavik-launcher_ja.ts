@@ -342,8 +342,8 @@
         <translation>アイコンの大きさ</translation>
     </message>
     <message>
-        <source>Limited by thickness and slots</source>
-        <translation>太さと数で制限されます</translation>
+        <source>Limited by thickness</source>
+        <translation>太さで制限されます</translation>
     </message>
     <message>
         <source>Maximum applications</source>

@@ -113,6 +113,7 @@ def test_sway_hears_a_chord_and_gives_it_back(ring, desktop, look):
 def test_sway_hears_a_key(ring, desktop):
     ring.launcher.pin(desktop.applications.add("Birch"))
     ring.launcher.settings(hotKeyConfig=hot_key_record("ctrl+alt+space"))
+    desktop.message("bindcode", "Ctrl+Mod1+65", f"exec touch {desktop.home}/sway/own")
     ring.start()
     for reload in (False, True):
         if reload:
@@ -123,6 +124,12 @@ def test_sway_hears_a_key(ring, desktop):
         stays(ring.is_shown, "it stays without the key", 0.5)
         desktop.display.press("ctrl+alt+space")
         ring.wait_hidden()
+        if not reload:
+            ring.launcher.command("--quit")
+            assert ring.launcher.wait_exit() == 0
+            desktop.display.press("ctrl+alt+space")
+            wait_until((desktop.home / "sway" / "own").exists, "the user's own binding of these keys is back")
+            ring.start()
 
 
 @on(KWin)
@@ -240,3 +247,17 @@ def test_a_native_program_is_seen_to_run_and_raised(ring, desktop, look):
     choose_alder()
     wait_seen(0x20, 0x50, 0x20)
     assert len(alder.starts()) == 1
+
+
+@on(Sway, natively=(True,))
+def test_a_compositor_that_hangs_does_not_hang_the_launcher(ring, desktop):
+    ring.launcher.pin(desktop.applications.add("Birch"))
+    ring.start()
+    with desktop.hung():
+        ring.launcher.command("--toggle")
+        start = time.monotonic()
+        ring.launcher.command("--hide")
+        assert time.monotonic() - start < 2
+    ring.wait_hidden()
+    ring.launcher.command("--toggle")
+    ring.wait_shown()

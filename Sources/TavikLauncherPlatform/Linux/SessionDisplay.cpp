@@ -22,6 +22,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr const char* toolkitsChoice = "QT_QPA_PLATFORM";
+constexpr const char* toolkitsFrames = "QT_WAYLAND_DISABLE_WINDOWDECORATION";
 
 /// Whether somebody takes connections where the session says that its compositor does.
 bool compositorAnswers()
@@ -84,6 +85,11 @@ std::optional<QString> chooseDisplay()
     const bool speaksWayland = hasCompositor && toolkitSpeaksWayland();
     if (speaksWayland && compositorPlacesRings()) {
         qputenv(toolkitsChoice, "wayland");
+        // Such compositors draw the frames of windows. To find out whether it could do so itself,
+        // the toolkit would load a driver for graphics when the ring is first shown.
+        if (!qEnvironmentVariableIsSet(toolkitsFrames)) {
+            qputenv(toolkitsFrames, "1");
+        }
         return std::nullopt;
     }
     // Else only an X server lets a window choose its place.

@@ -7,6 +7,7 @@ import os
 import pathlib
 import re
 import shutil
+import signal
 
 from Xlib import X
 
@@ -87,7 +88,7 @@ class Sway(WaylandDesktop):
             for path in (run, configuration):
                 os.chown(path, NOBODY, NOBODY)
             command = ["setpriv", f"--reuid={NOBODY}", f"--regid={NOBODY}", "--clear-groups", *command]
-        self.spawn(command, {
+        self.compositor = self.spawn(command, {
             "XDG_RUNTIME_DIR": str(run), "HOME": str(run), "WLR_BACKENDS": "x11", "WLR_X11_OUTPUTS": "1",
             "WLR_RENDERER": "pixman", "WLR_LIBINPUT_NO_DEVICES": "1"}, log="compositor")
         told = run / "environment"
@@ -100,6 +101,14 @@ class Sway(WaylandDesktop):
         wait_until(lambda: self.display.picture().pixel(5, 5) == (0x30, 0x70, 0x90), "the background is drawn", timeout=20)
         if self.has_x:  # It starts when it is first asked, and lets nobody in at first.
             wait_until(lambda: self.run(["xset", "q"]).returncode == 0, "the X server takes programs", timeout=20)
+
+    @contextlib.contextmanager
+    def hung(self):
+        self.compositor.send_signal(signal.SIGSTOP)
+        try:
+            yield
+        finally:
+            self.compositor.send_signal(signal.SIGCONT)
 
     def message(self, *words):
         answer = self.run(["swaymsg", *words])

@@ -158,7 +158,9 @@ private Q_SLOTS:
         QCOMPARE(listening.status, 0);
         QStringList given;
         QStringList taken;
-        for (const QString& each : keys) {
+        for (qsizetype i = 0; i < 4 * keys.size(); ++i) {
+            QString each = keys.at(i / 4);
+            each.insert(each.indexOf(u'|') + 1, u"Group%1+"_s.arg(i % 4 + 1));
             given << QString(each).replace(u'|', u" --no-repeat "_s)
                     + u" nop tavik-launcher press"_s
                   << QString(each).replace(u'|', u" --release "_s)

@@ -54,6 +54,7 @@ void SwayConnection::send(Request request, const QByteArray& payload)
     append(message, static_cast<quint32>(payload.size()));
     append(message, static_cast<quint32>(request));
     m_socket.write(message + payload);
+    m_socket.flush(); // At the end nothing would be written later.
 }
 
 void SwayConnection::read()

@@ -46,6 +46,13 @@ constexpr auto modifiers = std::to_array<Modifier>({
      {QLatin1String("Super_L"), QLatin1String("Super_R")}},
 });
 
+/// Each binding is given for each of these layouts, as many as a keyboard can have. A binding of
+/// the user's own with the same keys names none: ours stands above it, and not in its place.
+constexpr auto groups = std::to_array<QLatin1String>({QLatin1String("Group1+"),
+                                                      QLatin1String("Group2+"),
+                                                      QLatin1String("Group3+"),
+                                                      QLatin1String("Group4+")});
+
 /// With a "+" behind each.
 QString namesOf(quint64 flags)
 {
@@ -56,6 +63,15 @@ QString namesOf(quint64 flags)
         }
     }
     return names;
+}
+
+QStringList inAllGroups(const QString& command, const QString& keys)
+{
+    QStringList all;
+    for (const QLatin1String group : groups) {
+        all << command + group + keys;
+    }
+    return all;
 }
 
 /// What sway says was held, under whichever of its names.
@@ -130,7 +146,7 @@ QStringList SwayShortcuts::keysOf(const KeyEvents::HotKey& hotKey)
     if (hotKey.keyCode) {
         const std::optional<quint16> code = KeyCodes::evdevCode(*hotKey.keyCode);
         const int place = code ? *code + KeyCodes::x11Offset : 0;
-        return {u"bindcode %1%2"_s.arg(namesOf(hotKey.modifierFlags)).arg(place)};
+        return inAllGroups(u"bindcode "_s, namesOf(hotKey.modifierFlags) + QString::number(place));
     }
     QStringList keys;
     for (const Modifier& last : modifiers) {
@@ -139,7 +155,8 @@ QStringList SwayShortcuts::keysOf(const KeyEvents::HotKey& hotKey)
         }
         for (const QLatin1String key : last.keys) {
             if (!key.isEmpty()) {
-                keys << u"bindsym "_s + namesOf(hotKey.modifierFlags & ~last.flag) + key;
+                keys << inAllGroups(u"bindsym "_s,
+                                    namesOf(hotKey.modifierFlags & ~last.flag) + key);
             }
         }
     }

@@ -85,7 +85,15 @@ void WaylandWindowServer::panelShown(WId)
     const bool takesKeyboard = !m_window->flags().testFlag(Qt::WindowDoesNotAcceptFocus);
     if (m_panel.attach(*m_window, m_place, takesKeyboard)) {
         applyInputRegion();
+        return;
     }
+    // The toolkit would paint into a window without a role, until it waits for the compositor to
+    // give back what it was painted on.
+    m_refusedTask = m_mainQueue.after(0, [this] {
+        if (!m_panel.isAttached() && onPanelLeft) {
+            onPanelLeft();
+        }
+    });
 }
 
 void WaylandWindowServer::placePanel(WId, const QRect& place)
@@ -144,7 +152,7 @@ void WaylandWindowServer::takeKeyboardFocusForPanel()
         }
     });
     if (!m_panel.isAttached()) {
-        return; // The compositor has refused it, and the check ends it.
+        return; // The compositor has refused it.
     }
     if (!m_sentinels.areShown()) {
         m_sentinels.show();

@@ -64,6 +64,7 @@ private:
     QRegion m_inputRegion; ///< Of the panel, in its device pixels.
     bool m_isWatched = false; ///< The panel is to have the keyboard.
     bool m_hadFocus = false;
+    Task m_refusedTask; ///< Ends a panel that the compositor has given no place.
     Task m_unusedTask; ///< Hides sentinels that were only asked for the pointer.
     Task m_checkTask; ///< Whether the keyboard has been had in the end.
 };

@@ -158,7 +158,7 @@ def test_kde_is_asked_for_a_key_and_gives_it(ring, desktop, look):
     stays(lambda: not ring.is_shown(), "nobody answers any more", 0.5)
 
 
-@on(GnomeShell, natively=(False,))
+@on(GnomeShell)
 def test_gnome_is_given_shortcuts_that_go_again(ring, desktop, look):
     ring.launcher.pin(desktop.applications.add("Birch"))
     ring.launcher.use_chord()
@@ -178,6 +178,7 @@ def test_gnome_is_given_shortcuts_that_go_again(ring, desktop, look):
             stays(ring.is_shown, "the ring is shown while the chord is held", 0.6)
         ring.wait_hidden()
         time.sleep(1.1)
+    assert desktop.run_shortcut(lambda command: command.replace(str(PROGRAM), "/gone")) == "''", "uninstalled, it frees the keys"
     ring.launcher.command("--quit")
     assert ring.launcher.wait_exit() == 0
     assert "tavik" not in desktop.custom_shortcuts()

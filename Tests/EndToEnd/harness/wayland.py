@@ -1,11 +1,13 @@
 # SPDX-License-Identifier: MIT
 """Wayland desktops, each in a window that fills a virtual X display: what drives and watches that display
 drives and watches the desktop."""
+import ast
 import contextlib
 import json
 import os
 import pathlib
 import re
+import shlex
 import shutil
 import signal
 
@@ -148,6 +150,7 @@ class KWin(WaylandDesktop):
 
 class GnomeShell(WaylandDesktop):
     program = "gnome-shell"
+    media_keys = "org.gnome.settings-daemon.plugins.media-keys"
     name = "GNOME"
     is_heavy = True
 
@@ -174,7 +177,18 @@ class GnomeShell(WaylandDesktop):
         wait_until(lambda: self.name_has_owner("org.gnome.SettingsDaemon.MediaKeys"), "somebody listens for keys", timeout=30)
 
     def custom_shortcuts(self):
-        return self.run(["gsettings", "get", "org.gnome.settings-daemon.plugins.media-keys", "custom-keybindings"]).stdout
+        return self.run(["gsettings", "get", self.media_keys, "custom-keybindings"]).stdout
+
+    def run_shortcut(self, changed):
+        """Runs the first custom shortcut's command, changed, and returns what is bound there then."""
+        path = re.findall(r"'(\S+)'", self.custom_shortcuts())[0]
+
+        def told(key):
+            return self.run(["gsettings", "get", f"{self.media_keys}.custom-keybinding:{path}", key]).stdout.strip()
+
+        assert told("binding") != "''"
+        self.run(shlex.split(changed(ast.literal_eval(told("command")))))
+        return told("binding")
 
 
 def x_server_below(pid):

@@ -69,7 +69,8 @@ public:
             char* binding = g_settings_get_string(entry.get(), "binding");
             char* command = g_settings_get_string(entry.get(), "command");
             found << QString::fromUtf8(*path).section(u'/', -2, -2) + u' '
-                    + QString::fromUtf8(binding) + u' ' + QString::fromUtf8(command);
+                    + QString::fromUtf8(binding) + u' '
+                    + QString::fromUtf8(command).section(u'"', -2, -2);
             g_free(binding);
             g_free(command);
         }
@@ -119,8 +120,7 @@ private Q_SLOTS:
             QCOMPARE(shortcuts.serves(), !accelerators.isEmpty());
             QStringList expected = theirs;
             for (qsizetype i = 0; i < accelerators.size(); ++i) {
-                expected << u"tavik-launcher-%1 %2 \"/a b/tavik\" --summon"_s.arg(i).arg(
-                    accelerators.at(i));
+                expected << u"tavik-launcher-%1 %2 /a b/tavik"_s.arg(i).arg(accelerators.at(i));
             }
             QCOMPARE(m_settings.bindings(), expected);
             shortcuts.unbind();

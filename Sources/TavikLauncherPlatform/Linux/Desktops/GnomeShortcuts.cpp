@@ -175,16 +175,23 @@ void GnomeShortcuts::unbind()
     m_takingBack = m_mainQueue.after(takingBackSeconds, [this] { takeBack(); });
 }
 
+/// What the shortcut at a path runs. Nobody can take it back for a user when the program is
+/// uninstalled after it was killed: then it gives its keys back itself, when they are pressed.
+QString GnomeShortcuts::commandAt(const QString& path) const
+{
+    return uR"(sh -c 'test -x "$0" && exec "$0" --summon; gsettings reset %1:%2 binding' "%3")"_s
+        .arg(QLatin1String(entrySchema), path, m_program);
+}
+
 void GnomeShortcuts::write(const QStringList& accelerators)
 {
     const Settings list = listSettings();
     QStringList paths = pathsIn(list.get());
-    const QByteArray command = u"\"%1\" --summon"_s.arg(m_program).toUtf8();
     for (qsizetype i = 0; i < accelerators.size(); ++i) {
         const QString path = ownPath + QString::number(i) + u'/';
         const Settings entry = entryAt(path);
         g_settings_set_string(entry.get(), "name", "Tavik Launcher");
-        g_settings_set_string(entry.get(), "command", command.constData());
+        g_settings_set_string(entry.get(), "command", commandAt(path).toUtf8().constData());
         g_settings_set_string(entry.get(), "binding", accelerators.at(i).toUtf8().constData());
         paths << path;
     }

@@ -39,6 +39,7 @@ private:
     /// In the form of GNOME's settings; a chord has one for each key that can be its last.
     [[nodiscard]] static QStringList acceleratorsOf(const KeyEvents::HotKey& hotKey);
     [[nodiscard]] bool isAllowed() const;
+    [[nodiscard]] QString commandAt(const QString& path) const;
     void write(const QStringList& accelerators);
     void takeBack();
 

@@ -158,7 +158,7 @@ def test_kde_is_asked_for_a_key_and_gives_it(ring, desktop, look):
     stays(lambda: not ring.is_shown(), "nobody answers any more", 0.5)
 
 
-@on(GnomeShell)
+@on(GnomeShell, natively=(False,))
 def test_gnome_is_given_shortcuts_that_go_again(ring, desktop, look):
     ring.launcher.pin(desktop.applications.add("Birch"))
     ring.launcher.use_chord()

@@ -168,14 +168,13 @@ private Q_SLOTS:
         KWinWindows windows(workQueue);
         workQueue.runAll();
         QTRY_VERIFY(!kwin.reader.isEmpty());
-        QTest::qWait(50);
+        QTest::qWait(150); // Until it has the answer, of which nobody else hears.
         const auto tell = [&](const QDBusConnection& from, const QString& words) {
             auto message = QDBusMessage::createMethodCall(kwin.reader,
                                                           u"/org/tavik/Launcher/Windows"_s,
                                                           u"org.tavik.Launcher.Windows"_s,
                                                           u"tellWindows"_s);
-            from.send(message << words);
-            QTest::qWait(50);
+            from.call(message << words, QDBus::BlockWithGui);
         };
         const QString one
             = uR"({"windows":[{"id":"{a}","desktopFile":"alder","pid":7},4,{}],"active":"{a}"})"_s;

@@ -83,6 +83,7 @@ parser.add_argument("--report-only", action="store_true")
 arguments = parser.parse_args()
 if arguments.report:
     report(arguments.report)
-time.sleep(arguments.delay)
+if arguments.delay:
+    time.sleep(arguments.delay)
 if not arguments.report_only:
     (show_native_window if arguments.native else show_window)(arguments)

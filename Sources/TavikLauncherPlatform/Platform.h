@@ -25,7 +25,7 @@
 
 namespace Tavik {
 
-/// Everything the system underneath is to us; no member is ever null. Members are destroyed in
+/// Everything the system underneath is to us; no pointer is ever null. Members are destroyed in
 /// reverse order, so the queues outlive what uses them.
 struct Platform
 {
@@ -44,6 +44,7 @@ struct Platform
     std::unique_ptr<LoginItem> loginItem;
     std::unique_ptr<StatusTray> statusTray;
     std::unique_ptr<Updater> updater;
+    QString display; ///< What `chosenDisplay` says.
 };
 
 /// What a program has its platform made with.
@@ -74,5 +75,8 @@ void saveMemory();
 /// application object exists. The result tells why no window can be shown in this session, as a
 /// clause for people; absent when one can. Implemented beside `makePlatform`.
 [[nodiscard]] std::optional<QString> chooseDisplay();
+/// The name of what `chooseDisplay` has chosen: "Wayland", "X11", or "Xwayland" for the X server
+/// beside a compositor; else the toolkit's own word for what the user has.
+[[nodiscard]] QString chosenDisplay();
 
 } // namespace Tavik

@@ -69,7 +69,7 @@ def test_the_files_name_the_same_program(launcher):
     assert metadata.findtext("launchable") == "org.tavik.Launcher.desktop"
     assert metadata.findtext("provides/dbus") == BUS_NAME
     assert metadata.findtext("provides/binary") == pathlib.Path(launch["Exec"]).name
-    version = launcher.command("--version").stdout.split()[-1]
+    version = launcher.command("--version").stdout.split()[1]
     assert metadata.find("releases/release").get("version") == version and version in manual()
 
 

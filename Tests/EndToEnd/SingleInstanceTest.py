@@ -162,7 +162,8 @@ def test_with_the_bus_gone_a_second_start_finds_the_first(launcher, applications
 
 def test_questions_and_mistakes_are_answered_without_a_running_program(launcher, desktop):
     for arguments, code, expected in (
-            (("--version",), 0, "tavik-launcher 0."), (("--help",), 0, "--toggle"), (("",), 2, "unknown option \n"),
+            (("--version",), 0, "tavik-launcher 0."), (("--version",), 0, "\ndisplay: X11\n"),
+            (("--help",), 0, "--toggle"), (("",), 2, "unknown option \n"),
             (("%1",), 2, "unknown option %1\nUsage:"), (("--show", "--quit"), 2, "one option at a time"),
             (("--quit=now",), 2, "--quit takes no value"), (("--fetch-update",), 2, ""),
             (("--settings=%1",), 2, 'no section "%1"; there are general, shortcut, appearance, ')):

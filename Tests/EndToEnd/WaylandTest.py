@@ -162,6 +162,7 @@ def test_kde_is_asked_for_a_key_and_gives_it(ring, desktop, look):
 def test_gnome_is_given_shortcuts_that_go_again(ring, desktop, look):
     ring.launcher.pin(desktop.applications.add("Birch"))
     ring.launcher.use_chord()
+    assert ring.launcher.command("--version").stdout.endswith("display: Xwayland\n")
     ring.start()
     ring.wait_shown()  # The window that asks.
     look("asks")
@@ -188,6 +189,7 @@ def test_gnome_is_given_shortcuts_that_go_again(ring, desktop, look):
 def test_the_ring_opens_at_the_pointer_and_goes_with_a_click_elsewhere(ring, desktop, look):
     display = desktop.display
     ring.launcher.pin(birch := desktop.applications.add("Birch"))
+    assert ring.launcher.command("--version").stdout.endswith("display: Wayland\n")
     ring.start()
     for place in ((400, 300), (901, 499)):
         display.move_pointer(*place)

@@ -188,6 +188,7 @@ AuxiliaryWindowPointer AuxiliaryWindows::makeSettingsWindow()
         .notifications = m_dependencies.notifications,
         .keyEvents = *platform.keyEvents,
         .version = QCoreApplication::applicationVersion(),
+        .display = platform.display,
         .whyNotUpdating = platform.updater->whyNotUpdating(),
         .openFile = SettingsFileDialogs::openFile(window),
         .saveFile = SettingsFileDialogs::saveFile(window),

@@ -49,7 +49,8 @@ QString usage()
         text += helpLine(option.name, option.help);
     }
     return text + helpLine(background, u"start as at login: nothing is shown unasked")
-        + helpLine(u"--version", u"print the version") + helpLine(u"--help", u"print this text");
+        + helpLine(u"--version", u"print the version, and how the screen is reached")
+        + helpLine(u"--help", u"print this text");
 }
 
 CommandLine refusal(const QString& fault)
@@ -89,7 +90,8 @@ CommandLine CommandLine::parse(const QStringList& arguments)
         return {.answer = usage()};
     }
     if (argument == u"--version") {
-        return {.answer = u"tavik-launcher %1\n"_s.arg(QStringLiteral(TAVIK_VERSION))};
+        return {.answer = u"tavik-launcher %1\n"_s.arg(QStringLiteral(TAVIK_VERSION)),
+                .tellsDisplay = true};
     }
     if (argument == background || argument == busService) {
         return {.starter = argument == background ? Starter::login : Starter::bus};

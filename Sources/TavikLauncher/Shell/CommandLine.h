@@ -25,6 +25,7 @@ struct CommandLine
     /// A text to print instead of running, and the exit code that goes with it.
     std::optional<QString> answer;
     int exitCode = 0;
+    bool tellsDisplay = false; ///< The answer goes on with how this session's screen is reached.
 
     /// `arguments` without the program's name.
     [[nodiscard]] static CommandLine parse(const QStringList& arguments);

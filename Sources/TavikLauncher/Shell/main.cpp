@@ -193,6 +193,11 @@ int main(int argc, char** argv)
     CommandLine commandLine = CommandLine::parse(argumentList(argc, argv));
     if (commandLine.answer) {
         print(commandLine.exitCode == 0 ? stdout : stderr, *commandLine.answer);
+        if (commandLine.tellsDisplay) {
+            const std::optional<QString> fault = chooseDisplay();
+            print(stdout,
+                  u"display: %1\n"_s.arg(fault ? u"none, %1"_s.arg(*fault) : chosenDisplay()));
+        }
         return commandLine.exitCode;
     }
     AppRequest& request = commandLine.request;

@@ -266,6 +266,7 @@ std::unique_ptr<Platform> makePlatform(const PlatformOptions& options)
         *platform->workQueue,
         LinuxStatusTray::Session{.isX11 = x11 && x11->connection(), .desktop = currentDesktop()});
     platform->updater = makeUpdater(options.updates, *platform);
+    platform->display = chosenDisplay();
     return platform;
 }
 

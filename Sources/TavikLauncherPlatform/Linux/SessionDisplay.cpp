@@ -111,4 +111,16 @@ std::optional<QString> chooseDisplay()
     return u"the display %1 cannot be opened"_s.arg(display.isEmpty() ? compositor : display);
 }
 
+QString chosenDisplay()
+{
+    const QString platform = qEnvironmentVariable(toolkitsChoice).section(u':', 0, 0);
+    if (platform.startsWith(u"wayland"_s)) {
+        return u"Wayland"_s;
+    }
+    if (platform != u"xcb") {
+        return platform;
+    }
+    return compositorAnswers() ? u"Xwayland"_s : u"X11"_s;
+}
+
 } // namespace Tavik

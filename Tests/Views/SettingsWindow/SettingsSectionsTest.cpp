@@ -42,7 +42,7 @@ void SettingsSectionsTest::pendingSectionsAreBroughtUpAndForgotten()
     QCOMPARE(fixture.view.sectionID(), Section::theme);
     fixture.notifications.post(LauncherSettings::openAboutSection);
     QCOMPARE(fixture.view.sectionID(), Section::about);
-    QCOMPARE(fixture.control<QLabel>(u"version"_s).text(), u"Version 9.8.7"_s);
+    QCOMPARE(fixture.control<QLabel>(u"version"_s).text(), u"Version 9.8.7 · X11"_s);
 
     QTest::keyClick(&fixture.control<QWidget>(u"about"_s), Qt::Key_Up);
     QCOMPARE(fixture.view.sectionID(), Section::backup);

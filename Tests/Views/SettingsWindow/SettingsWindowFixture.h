@@ -113,6 +113,7 @@ struct SettingsWindowFixture : RingFixture
         .notifications = notifications,
         .keyEvents = keyEvents,
         .version = u"9.8.7"_s,
+        .display = u"X11"_s,
         .openFile = dialog(),
         .saveFile = dialog(),
         .tryShortcut = [this](const HotKeyConfig&) { return shortcutRefusal; },

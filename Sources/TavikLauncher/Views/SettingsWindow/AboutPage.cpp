@@ -60,7 +60,7 @@ private:
     QIcon m_icon;
 };
 
-QWidget* makeHeader(const QString& version)
+QWidget* makeHeader(const QString& version, const QString& display)
 {
     auto* header = new QWidget;
     auto* row = new QHBoxLayout(header);
@@ -71,7 +71,11 @@ QWidget* makeHeader(const QString& version)
     texts->setSpacing(2);
     texts->addStretch();
     texts->addWidget(new Label(Label::Role::body, u"Tavik Launcher"_s, header));
-    auto* number = new Label(Label::Role::help, Texts::tr("Version %1").arg(version), header);
+    QStringList words(Texts::tr("Version %1").arg(version));
+    if (!display.isEmpty()) {
+        words << display;
+    }
+    auto* number = new Label(Label::Role::help, words.join(u" · "_s), header);
     number->setObjectName(u"version"_s);
     texts->addWidget(number);
     texts->addWidget(
@@ -97,7 +101,7 @@ std::unique_ptr<SettingsPage> SettingsPages::makeAbout(const SettingsDependencie
         dependencies,
         Texts::tr("About"),
         Texts::tr("A fast radial launcher centered wherever your pointer is."));
-    page->addCard().addWidget(makeHeader(dependencies.version));
+    page->addCard().addWidget(makeHeader(dependencies.version, dependencies.display));
 
     Card& help = page->addCard(Texts::tr("Help"));
     page->addButton(

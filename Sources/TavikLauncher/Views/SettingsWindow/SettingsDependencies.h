@@ -44,6 +44,7 @@ struct SettingsDependencies
     NotificationCenter& notifications;
     KeyEvents& keyEvents;
     QString version; ///< The program's, for the About section.
+    QString display; ///< How the session's screen is reached, likewise; a name.
     /// Why this build is not updated by itself, in whole sentences; absent when it is.
     std::optional<QString> whyNotUpdating;
 

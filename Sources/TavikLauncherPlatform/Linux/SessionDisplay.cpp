@@ -22,7 +22,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr const char* toolkitsChoice = "QT_QPA_PLATFORM";
-constexpr const char* toolkitsFrames = "QT_WAYLAND_DISABLE_WINDOWDECORATION";
+[[maybe_unused]] constexpr const char* toolkitsFrames = "QT_WAYLAND_DISABLE_WINDOWDECORATION";
 
 /// Whether somebody takes connections where the session says that its compositor does.
 bool compositorAnswers()
@@ -58,12 +58,21 @@ bool toolkitSpeaksWayland()
         || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM_PLUGIN_PATH");
 }
 
-/// Whether a window can choose its place without an X server. Not tried where one connection has
-/// been handed over, which is the toolkit's.
+/// Whether a window can choose its place without an X server; then the toolkit is told what that
+/// takes. Not tried where one connection has been handed over, which is the toolkit's.
 bool compositorPlacesRings()
 {
 #ifdef TAVIK_HAS_WAYLAND
-    return qEnvironmentVariableIsEmpty("WAYLAND_SOCKET") && WaylandConnection().isComplete();
+    if (!qEnvironmentVariableIsEmpty("WAYLAND_SOCKET")) {
+        return false;
+    }
+    const WaylandConnection connection;
+    // To find out whether it could draw a window's frame, the toolkit would load a driver for
+    // graphics when the ring is first shown.
+    if (connection.drawsFrames() && !qEnvironmentVariableIsSet(toolkitsFrames)) {
+        qputenv(toolkitsFrames, "1");
+    }
+    return connection.isComplete();
 #else
     return false;
 #endif
@@ -85,11 +94,6 @@ std::optional<QString> chooseDisplay()
     const bool speaksWayland = hasCompositor && toolkitSpeaksWayland();
     if (speaksWayland && compositorPlacesRings()) {
         qputenv(toolkitsChoice, "wayland");
-        // Such compositors draw the frames of windows. To find out whether it could do so itself,
-        // the toolkit would load a driver for graphics when the ring is first shown.
-        if (!qEnvironmentVariableIsSet(toolkitsFrames)) {
-            qputenv(toolkitsFrames, "1");
-        }
         return std::nullopt;
     }
     // Else only an X server lets a window choose its place.

@@ -61,6 +61,8 @@ struct WaylandConnection::Listeners
             bind(connection.m_viewporter, registry, name, wp_viewporter_interface, 1);
         } else if (kind == zwlr_foreign_toplevel_manager_v1_interface.name) {
             connection.m_toplevels = name;
+        } else if (kind == "zxdg_decoration_manager_v1") {
+            connection.m_drawsFrames = true;
         } else if (kind == wl_seat_interface.name && !connection.m_seat) {
             bind(connection.m_seat, registry, name, wl_seat_interface, seatVersion);
             static const wl_seat_listener listener{&capabilities, &seatName};

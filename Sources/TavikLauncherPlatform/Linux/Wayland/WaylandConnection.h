@@ -77,6 +77,8 @@ public:
     /// Whether a ring can be placed and the pointer be found: the layer shell and what it needs.
     [[nodiscard]] bool isComplete() const;
 
+    /// Whether windows can leave their frames to the compositor.
+    [[nodiscard]] bool drawsFrames() const { return m_drawsFrames; }
     [[nodiscard]] bool hasPointer() const { return m_pointer != nullptr; }
     [[nodiscard]] wl_compositor* compositor() const { return m_compositor.get(); }
     [[nodiscard]] wl_shm* sharedMemory() const { return m_shm.get(); }
@@ -116,6 +118,7 @@ private:
     uint32_t m_toplevels = 0; ///< The registry's number of the list of windows, or 0.
     PointerHandlers m_pointerHandlers;
     std::unique_ptr<QSocketNotifier> m_notifier;
+    bool m_drawsFrames = false;
     bool m_isBroken = false;
 };
 

@@ -258,16 +258,6 @@ private Q_SLOTS:
         kill(static_cast<pid_t>(processId), SIGTERM);
     }
 
-    void whatCannotBeStartedIsReported()
-    {
-        Desktop desktop({{u"broken.desktop"_qs, "Exec=/nonexistent/program\n"}});
-        for (const QString& name :
-             {u"missing.desktop"_qs, u"broken.desktop"_qs, u"Nothing.app"_qs}) {
-            const QString error = desktop.open(desktop.path(name));
-            QVERIFY2(!error.isEmpty() && error != u"nothing was told"_qs, qPrintable(name));
-        }
-    }
-
     void runningApplicationIsRaisedAtItsLatestWindow()
     {
         Desktop desktop({{u"one.desktop"_qs, "Exec=/nonexistent/program\n"},

@@ -95,6 +95,10 @@ private Q_SLOTS:
         hovered.mainQueue.advance(1);
         // As large as its text, which is larger than nothing and no wider than the window.
         QVERIFY(hovered.tooltip.label()->width() > 40 && hovered.tooltip.label()->width() < 200);
+        // Two lines of much the same length.
+        hovered.tooltip.setText(u"Restore size, thickness, icon size and number of slots."_s);
+        QVERIFY(hovered.tooltip.label()->width() > 150 && hovered.tooltip.label()->width() < 230);
+        QVERIFY(hovered.tooltip.label()->height() > 35);
         hovered.button.hide();
         QVERIFY(!hovered.tooltip.isShowing());
     }

@@ -2,6 +2,7 @@
 #include <TavikLauncher/Look/HoverTooltip.h>
 #include <TavikLauncher/Look/Look.h>
 #include <TavikLauncher/Look/WindowStyle.h>
+#include <TavikLauncher/Look/WrappedLabel.h>
 
 #include <QApplication>
 #include <QEvent>
@@ -42,10 +43,13 @@ public:
     void setWrappedText(const QString& text)
     {
         setText(text);
-        const QRect room(0, 0, widest - 2 * horizontalPadding, QWIDGETSIZE_MAX);
+        // No wider than its lines need, or it would cover the row's own text.
+        const int width
+            = WrappedLabel::narrowestWidth(text, font(), widest - 2 * horizontalPadding);
+        const QRect room(0, 0, width, QWIDGETSIZE_MAX);
         const QRect needed
             = QFontMetrics(font()).boundingRect(room, Qt::AlignLeading | Qt::TextWordWrap, text);
-        resize(needed.width() + 2 * horizontalPadding, needed.height() + 2 * verticalPadding);
+        resize(width + 2 * horizontalPadding, needed.height() + 2 * verticalPadding);
     }
 
 protected:

@@ -5,6 +5,8 @@
 #include <QStyle>
 #include <QTextLayout>
 
+#include <algorithm>
+
 namespace Tavik {
 
 namespace {
@@ -13,6 +15,7 @@ struct Lines
 {
     int count = 0;
     double last = 0; ///< The length of the last one, in points.
+    double longest = 0;
 };
 
 Lines linesAt(int width, QTextLayout& layout)
@@ -22,6 +25,7 @@ Lines linesAt(int width, QTextLayout& layout)
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
         line.setLineWidth(width);
         lines.last = line.naturalTextWidth();
+        lines.longest = std::max(lines.longest, lines.last);
         ++lines.count;
     }
     layout.endLayout();
@@ -33,19 +37,25 @@ int wellFilledWidth(const QString& text, const QFont& font, int width)
 {
     QTextLayout layout(text, font);
     const Lines widest = linesAt(width, layout);
-    if (widest.count < 2 || widest.last > width / 2.0) {
-        return width;
-    }
-    int low = width / 2;
-    int high = width;
-    while (high - low > 1) {
-        const int middle = (low + high) / 2;
-        (linesAt(middle, layout).count == widest.count ? high : low) = middle;
-    }
-    return high;
+    const bool isFilled = widest.count < 2 || widest.last > width / 2.0;
+    return isFilled ? width : WrappedLabel::narrowestWidth(text, font, width);
 }
 
 } // namespace
+
+int WrappedLabel::narrowestWidth(const QString& text, const QFont& font, int width)
+{
+    QTextLayout layout(text, font);
+    const int count = linesAt(width, layout).count;
+    int low = 0;
+    int high = width;
+    while (high - low > 1) {
+        const int middle = (low + high) / 2;
+        const Lines lines = linesAt(middle, layout);
+        (lines.count == count && lines.longest <= middle ? high : low) = middle;
+    }
+    return high;
+}
 
 WrappedLabel::WrappedLabel(const QString& text, QWidget* parent)
     : QLabel(text, parent)

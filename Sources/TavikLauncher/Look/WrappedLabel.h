@@ -15,6 +15,9 @@ class WrappedLabel : public QLabel
 public:
     explicit WrappedLabel(const QString& text = {}, QWidget* parent = nullptr);
 
+    /// The least width, in points, that takes no more lines than `width` does.
+    [[nodiscard]] static int narrowestWidth(const QString& text, const QFont& font, int width);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
 };

@@ -370,7 +370,6 @@ private Q_SLOTS:
         const Table<double, double, double, double> row; // Last the side they are drawn with.
         row("as it comes, however many there are", 320, 80, 50, 50);
         row("thick and small", 250, 220, 92, 62.96);
-        row("thick and large", 550, 220, 92, 92);
         row("thin", 250, 60, 92, 42);
     }
     void iconsStayInThePanel()
@@ -391,29 +390,20 @@ private Q_SLOTS:
         PanelFixture fixture;
         QImage desktop(352, 352, QImage::Format_RGB32);
         desktop.fill(Qt::darkGreen);
-        const QRect underTheField(center - QPoint(10, 4), QSize(20, 8));
-        QPainter(&desktop).fillRect(underTheField, Qt::blue);
+        QPainter(&desktop).fillRect(QRect(center - QPoint(10, 4), QSize(20, 8)), Qt::blue);
         fixture.windowServer.compositing = false;
         fixture.windowServer.desktop = desktop;
         fixture.showRing();
-        const auto behind = [&](const QPoint& point) {
-            return fixture.ring().scene().behind.pixelColor(point).name();
+        const auto behind = [&] {
+            return fixture.ring().scene().behind.convertToFormat(desktop.format());
         };
-        const QString plain = QColor(Qt::darkGreen).name();
-        const QString spot = QColor(Qt::blue).name();
-        QCOMPARE(behind(center), plain); // Covered: as what is beside it.
-        fixture.mainQueue.advance(6); // The field has faded.
-        QCOMPARE(behind(center), spot);
+        QCOMPARE(behind().pixelColor(center), QColor(Qt::darkGreen)); // As what is beside it.
+        fixture.mainQueue.advance(6); // The field has faded, and shows what it lay upon.
+        QVERIFY(behind() == desktop);
         for (const char* letter : {"", "b", "bq"}) {
             fixture.commands.insertText(QString::fromLatin1(letter));
             fixture.settle();
-            for (int y = 0; y < desktop.height(); y += 3) {
-                for (int x = 0; x < desktop.width(); x += 3) {
-                    const QString color = behind({x, y});
-                    QVERIFY2(color == plain || (color == spot && underTheField.contains(x, y)),
-                             qPrintable(color));
-                }
-            }
+            QVERIFY(behind() == desktop);
         }
     }
 

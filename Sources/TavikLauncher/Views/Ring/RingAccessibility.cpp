@@ -70,13 +70,7 @@ public:
         if (kind == QAccessible::Name) {
             return shown->name();
         }
-        if (kind != QAccessible::Description) {
-            return {};
-        }
-        const RingInteraction& ring = view().interaction();
-        return ring.isRunning(*shown) ? Texts::tr("running")
-            : ring.isStarting(*shown) ? Texts::tr("starting")
-                                      : QString();
+        return kind == QAccessible::Description ? description(*shown) : QString();
     }
     [[nodiscard]] QAccessible::State state() const override
     {
@@ -103,6 +97,19 @@ public:
     [[nodiscard]] QStringList keyBindingsForAction(const QString&) const override { return {}; }
 
 private:
+    /// As in "running, 3 of 15".
+    [[nodiscard]] QString description(const IndexedApp& shown) const
+    {
+        const RingInteraction& ring = view().interaction();
+        QStringList parts;
+        if (ring.isRunning(shown)) {
+            parts << Texts::tr("running");
+        } else if (ring.isStarting(shown)) {
+            parts << Texts::tr("starting");
+        }
+        parts << Texts::tr("%1 of %2").arg(m_slot + 1).arg(ring.ringApps().size());
+        return parts.join(u", "_s);
+    }
     [[nodiscard]] const IndexedApp* app() const
     {
         const QList<IndexedApp>& apps = view().interaction().ringApps();

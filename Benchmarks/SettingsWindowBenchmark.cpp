@@ -27,7 +27,7 @@ void openSection(benchmark::State& state)
     QImage image = frame(fixture.view);
     const SettingsSection& section
         = allSettingsSections.at(static_cast<std::size_t>(state.range(0)));
-    state.SetLabel(section.title.toString().toStdString());
+    state.SetLabel(section.title);
     for (auto _ : state) {
         fixture.settings.pendingSettingsSectionID.set(section.id.toString());
         fixture.view.show();

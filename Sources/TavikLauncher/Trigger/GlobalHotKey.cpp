@@ -20,15 +20,6 @@ constexpr double duplicatePressSeconds = 0.1;
 /// What a tap tells just after it was switched on again may be old.
 constexpr double staleTapSeconds = 0.25;
 constexpr double tapHealthSeconds = 1.0;
-/// How long a release that nobody told of can keep a chord alive.
-constexpr double heldModifiersSeconds = 0.25;
-/// By then the ring has the keyboard, or will not have it.
-constexpr double askingSeconds = 1.0;
-/// A window has been told by then of all keys that were down when it got the keyboard.
-constexpr double doubtSeconds = 0.1;
-/// So far apart two sources may tell of one moment.
-constexpr double sourcesApartSeconds = 0.05;
-
 const char* nameOf(KeySource source)
 {
     switch (source) {
@@ -64,6 +55,9 @@ GlobalHotKey::GlobalHotKey(const Dependencies& dependencies,
     , m_config(std::move(config))
     , m_onPress(std::move(onPress))
     , m_onRelease(std::move(onRelease))
+    , m_chord({.keyEvents = dependencies.keyEvents, .mainQueue = dependencies.mainQueue},
+              modifiersOf(m_config),
+              [this](const ChordRecogniser::News& news) { tell(news); })
 { }
 
 GlobalHotKey::~GlobalHotKey()
@@ -119,19 +113,19 @@ void GlobalHotKey::registerChord()
 {
     using enum KeyEvents::Kind;
     KeyEvents& keys = m_dependencies.keyEvents;
-    m_hotKey = keys.registerHotKey(hotKeyOf(m_config),
-                                   {.pressed = [this](double time) { handleToldChord(time); },
-                                    .released = [this](double time) { handleToldRelease(time); },
-                                    .joined =
-                                        [this](double time) {
-                                            handleOtherKey({.modifierFlags = modifiersOf(m_config),
-                                                            .time = time});
-                                        },
-                                    .lost =
-                                        [this](int status) {
-                                            hotKeyLost(status);
-                                        }})
-                   .registration;
+    m_hotKey
+        = keys.registerHotKey(
+                  hotKeyOf(m_config),
+                  {.pressed = [this](double time) { m_chord.pressTold(time); },
+                   .released = [this](double time) { m_chord.releaseTold(time); },
+                   .joined
+                   = [this](double time) { m_chord.otherKeyTaken(modifiersOf(m_config), time); },
+                   .lost =
+                       [this](int status) {
+                           hotKeyLost(status);
+                       }})
+              .registration;
+    m_chord.setAskedFor(m_hotKey != nullptr);
     m_localMonitor = keys.addLocalMonitor(modifiersChanged, [this](const KeyEvents::Event& event) {
         handleModifiers(KeySource::localMonitor, event);
         return false;
@@ -183,6 +177,7 @@ void GlobalHotKey::watchForKey()
 void GlobalHotKey::hotKeyLost(int status)
 {
     m_hotKey.reset();
+    m_chord.setAskedFor(false);
     if (!m_config.isModifierOnly()) {
         watchForKey();
     }
@@ -194,7 +189,8 @@ void GlobalHotKey::hotKeyLost(int status)
 
 bool GlobalHotKey::matches(const KeyEvents::Event& event) const
 {
-    return event.keyCode == m_config.keyCode && isChord(event.modifierFlags);
+    return event.keyCode == m_config.keyCode
+        && (event.modifierFlags & ModifierFlags::all) == modifiersOf(m_config);
 }
 
 bool GlobalHotKey::handleLocalKeyDown(const KeyEvents::Event& event)
@@ -255,7 +251,9 @@ void GlobalHotKey::handleEventTapEvent(const KeyEvents::Event& event)
         }
         break;
     case KeyEvents::Kind::takenElsewhere:
-        handleOtherKey(event);
+        if (m_config.isModifierOnly()) {
+            m_chord.otherKeyTaken(event.modifierFlags, event.time);
+        }
         break;
     }
 }
@@ -264,87 +262,16 @@ void GlobalHotKey::summon()
 {
     const double now = m_dependencies.mainQueue.systemUptime();
     if (m_config.isModifierOnly()) {
-        handleToldChord(now);
+        m_chord.pressTold(now);
     } else {
         press(now);
     }
 }
 
-/// Whoever listens in our place tells the press of a chord, and maybe not its release. Until the
-/// keyboard has said what is held, which may be when the ring has it, the chord counts as held.
-void GlobalHotKey::handleToldChord(double time)
-{
-    const std::optional<quint64> held = m_dependencies.keyEvents.heldModifiers();
-    if (m_isChordActive && held && holdsChord(*held)) {
-        return; // A source of our own was first.
-    }
-    News news{.time = time, .isPress = true};
-    if (m_isChordActive) {
-        news.endedBefore = endChord();
-        news.isLetGoBefore = std::exchange(m_isJoined, false);
-    }
-    beginChord(time);
-    m_isHoldSeen = held && isChord(*held);
-    if (held && !m_isHoldSeen) {
-        doubtChord(*held);
-    }
-    tell(news);
-}
-
-void GlobalHotKey::handleToldRelease(double time)
-{
-    m_isHoldSeen = m_isChordActive;
-    handleModifierFlags(0, time);
-}
-
-/// Keys that were down before a window got the keyboard are told to it one by one, so the chord may
-/// still come to light.
-void GlobalHotKey::doubtChord(quint64 flags)
-{
-    m_doubtedFlags = flags;
-    if (m_doubt.isActive()) {
-        return;
-    }
-    m_doubt = m_dependencies.mainQueue.after(doubtSeconds, [this] {
-        const std::optional<quint64> held = m_dependencies.keyEvents.heldModifiers();
-        if (held && isChord(*held)) {
-            m_isHoldSeen = true;
-            return;
-        }
-        if (!held && (m_doubtedFlags & modifiersOf(m_config)) != 0) {
-            return; // A window may never be told of a key that made the desktop listen.
-        }
-        // However long it took to find out, it was let go at once.
-        News news{.time = m_chordTime};
-        news.releasedBy = endChord();
-        news.isLetGo = std::exchange(m_isJoined, false);
-        tell(news);
-    });
-}
-
-void GlobalHotKey::beginChord(double time)
-{
-    m_isChordActive = true;
-    m_chordTime = time;
-    m_chordUptime = m_dependencies.mainQueue.systemUptime();
-    m_heldModifiersTimer
-        = m_dependencies.mainQueue.every(heldModifiersSeconds, [this] { checkHeldModifiers(); });
-}
-
-ReleaseReason GlobalHotKey::endChord()
-{
-    m_isChordActive = false;
-    m_lastReleaseUptime = m_dependencies.mainQueue.systemUptime();
-    m_heldModifiersTimer.cancel();
-    m_doubt.cancel();
-    // Whose key ran a command is not known; a desktop that was asked for the chord tells of that.
-    return m_isHoldSeen || m_hotKey ? ReleaseReason::chordReleased : ReleaseReason::neverHeld;
-}
-
 void GlobalHotKey::handleModifiers(KeySource source, const KeyEvents::Event& event)
 {
     noteDelivery(source);
-    handleModifierFlags(event.modifierFlags, event.time);
+    m_chord.modifiersAre(event.modifierFlags, event.time);
 }
 
 void GlobalHotKey::noteDelivery(KeySource source)
@@ -354,68 +281,7 @@ void GlobalHotKey::noteDelivery(KeySource source)
     }
 }
 
-bool GlobalHotKey::isChord(quint64 flags) const
-{
-    return ((flags ^ m_config.modifierFlagsRaw) & ModifierFlags::all) == 0;
-}
-
-bool GlobalHotKey::holdsChord(quint64 flags) const
-{
-    return (modifiersOf(m_config) & ~flags) == 0;
-}
-
-void GlobalHotKey::handleModifierFlags(quint64 flags, double time)
-{
-    if (m_isChordActive && !m_isHoldSeen) {
-        if (!isChord(flags)) {
-            doubtChord(flags);
-            return;
-        }
-        m_isHoldSeen = true;
-        m_doubt.cancel();
-    }
-    const bool holds = holdsChord(flags);
-    News news{.time = time};
-    if (holds && !isChord(flags) && !m_isJoined) {
-        m_isJoined = true;
-        news.joinedBy = OtherKey::modifier;
-    }
-    if (isChord(flags) && !m_isChordActive) {
-        beginChord(time);
-        m_isHoldSeen = true;
-        news.isPress = true;
-        if (isRecent(m_lastOtherKeyUptime)) {
-            m_isJoined = true;
-            news.joinedBy = OtherKey::takenElsewhere;
-        }
-    } else if (!isChord(flags) && m_isChordActive) {
-        news.releasedBy = endChord();
-    }
-    news.isLetGo = m_isJoined && !holds;
-    m_isJoined = m_isJoined && holds;
-    tell(news);
-}
-
-void GlobalHotKey::handleOtherKey(const KeyEvents::Event& event)
-{
-    if (!m_config.isModifierOnly() || !holdsChord(event.modifierFlags)) {
-        return;
-    }
-    if (!m_isChordActive && !isRecent(m_lastReleaseUptime)) {
-        // The press of the chord is still to be told.
-        m_lastOtherKeyUptime = m_dependencies.mainQueue.systemUptime();
-        return;
-    }
-    m_isJoined = m_isChordActive;
-    tell({.time = event.time, .joinedBy = OtherKey::takenElsewhere, .isLetGo = !m_isChordActive});
-}
-
-bool GlobalHotKey::isRecent(std::optional<double> uptime) const
-{
-    return uptime && m_dependencies.mainQueue.systemUptime() - *uptime <= sourcesApartSeconds;
-}
-
-void GlobalHotKey::tell(const News& news)
+void GlobalHotKey::tell(const ChordRecogniser::News& news)
 {
     // Copied, because the owner may answer by replacing this.
     const PressHandler press = m_onPress;
@@ -439,16 +305,6 @@ void GlobalHotKey::tell(const News& news)
     }
     if (news.isLetGo && letGo) {
         letGo();
-    }
-}
-
-void GlobalHotKey::checkHeldModifiers()
-{
-    const std::optional<quint64> held = m_dependencies.keyEvents.heldModifiers();
-    if (held) {
-        handleModifierFlags(*held, m_dependencies.mainQueue.systemUptime());
-    } else if (m_dependencies.mainQueue.systemUptime() - m_chordUptime > askingSeconds) {
-        m_heldModifiersTimer.cancel(); // Whoever gets to know will tell.
     }
 }
 
@@ -483,9 +339,8 @@ void GlobalHotKey::unregister()
     m_globalMonitor.reset();
     m_eventTap.reset();
     m_hotKey.reset();
-    m_heldModifiersTimer.cancel();
-    m_doubt.cancel();
-    if (std::exchange(m_isChordActive, false)) {
+    m_chord.setAskedFor(false);
+    if (m_chord.stop()) {
         const ReleaseHandler release = m_onRelease;
         release(ReleaseReason::unregistered, m_dependencies.mainQueue.systemUptime());
     }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <TavikLauncher/Settings/HotKeyConfig.h>
+#include <TavikLauncher/Trigger/ChordRecogniser.h>
 #include <TavikLauncherPlatform/KeyEvents.h>
 #include <TavikLauncherPlatform/MainQueue.h>
 
@@ -17,20 +18,6 @@ enum class KeySource {
     localMonitor,
     eventTap,
     globalMonitor
-};
-
-/// Why a chord is no longer held.
-enum class ReleaseReason {
-    chordReleased,
-    unregistered,
-    neverHeld ///< A command told of the press, and the chord was not down.
-};
-
-/// A key that joins a chord and is not meant for us. The chord is a shortcut of somebody else's
-/// then.
-enum class OtherKey {
-    modifier,
-    takenElsewhere ///< An ordinary key that the desktop or another program has asked for.
 };
 
 /// Turns the trigger shortcut into presses and releases, whichever application is frontmost. A
@@ -86,17 +73,6 @@ public:
     std::function<void(int)> onHotKeyLost;
 
 private:
-    /// What one change of the keyboard means to the owner, in the order in which it is told.
-    struct News
-    {
-        double time = 0;
-        std::optional<OtherKey> joinedBy;
-        std::optional<ReleaseReason> endedBefore; ///< A chord whose release nobody told.
-        bool isLetGoBefore = false;
-        bool isPress = false;
-        std::optional<ReleaseReason> releasedBy;
-        bool isLetGo = false;
-    };
     void registerChord();
     void registerKey();
     [[nodiscard]] bool matches(const KeyEvents::Event& event) const;
@@ -106,20 +82,8 @@ private:
     bool handleLocalKeyDown(const KeyEvents::Event& event);
     void handleGlobalKeyDown(const KeyEvents::Event& event);
     void handleModifiers(KeySource source, const KeyEvents::Event& event);
-    void handleModifierFlags(quint64 flags, double time);
-    void handleToldChord(double time);
-    void handleToldRelease(double time);
-    void doubtChord(quint64 flags);
-    void beginChord(double time);
-    [[nodiscard]] ReleaseReason endChord();
-    void handleOtherKey(const KeyEvents::Event& event);
     void noteDelivery(KeySource source);
-    [[nodiscard]] bool isChord(quint64 flags) const;
-    /// True also with modifiers that do not belong to the chord.
-    [[nodiscard]] bool holdsChord(quint64 flags) const;
-    [[nodiscard]] bool isRecent(std::optional<double> uptime) const;
-    void tell(const News& news);
-    void checkHeldModifiers();
+    void tell(const ChordRecogniser::News& news);
     void hotKeyLost(int status);
     void watchForKey();
     void checkTapHealth();
@@ -134,21 +98,12 @@ private:
     std::unique_ptr<KeyMonitor> m_globalMonitor;
     std::unique_ptr<EventTap> m_eventTap;
     std::unique_ptr<HotKeyRegistration> m_hotKey;
-    bool m_isChordActive = false;
-    bool m_isHoldSeen = false; ///< The keyboard itself has shown that the chord is held.
-    bool m_isJoined = false; ///< Another key is down, or was, since the chord's were all held.
+    ChordRecogniser m_chord; ///< Hears nothing where the shortcut has a key.
     std::set<KeySource> m_sourcesSeen;
-    double m_chordTime = 0; ///< When the chord that is held began, by its event.
-    double m_chordUptime = 0; ///< And by the clock.
-    std::optional<double> m_lastReleaseUptime; ///< When the end of the last chord was told.
-    std::optional<double> m_lastOtherKeyUptime; ///< Of one that was told before its chord.
     double m_lastPressTime = 0; ///< Of the key, by its event.
     double m_lastGlobalPressUptime = 0;
     double m_lastTapReenableUptime = 0;
     Task m_tapHealthTimer;
-    Task m_doubt;
-    quint64 m_doubtedFlags = 0; ///< What was told last of a chord that was never seen.
-    Task m_heldModifiersTimer; ///< Runs only while the chord is held and somebody can tell.
 };
 
 } // namespace Tavik

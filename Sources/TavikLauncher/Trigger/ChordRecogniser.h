@@ -3,6 +3,8 @@
 
 #include <TavikLauncherPlatform/MainQueue.h>
 
+#include <QtGlobal>
+
 #include <functional>
 #include <optional>
 

@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 """Wayland desktops: the trigger that each of them listens for in our place, and the ring at the pointer where a
 window can be placed."""
+import contextlib
 import time
 
 import pytest
@@ -33,6 +34,15 @@ class Ring:
 
     def is_shown(self):
         return self.display.picture().share_unlike(self.empty) > 0.02
+
+    def press_until_shown(self, chord):
+        """After a start or a reload of the desktop it takes a moment until the launcher has its keys."""
+        def is_answered():
+            self.desktop.display.press(chord)
+            with contextlib.suppress(AssertionError):
+                return wait_until(self.is_shown, "the ring is shown", 2)
+
+        wait_until(is_answered, f"{chord} is answered")
 
     def wait_shown(self):
         wait_until(self.is_shown, "the ring is shown")
@@ -116,9 +126,7 @@ def test_sway_hears_a_key(ring, desktop):
     for reload in (False, True):
         if reload:
             desktop.message("reload")
-            time.sleep(0.5)
-        desktop.display.press("ctrl+alt+space")
-        ring.wait_shown()
+        ring.press_until_shown("ctrl+alt+space")
         stays(ring.is_shown, "it stays without the key", 0.5)
         desktop.display.press("ctrl+alt+space")
         ring.wait_hidden()

@@ -34,13 +34,16 @@ struct Recorded
     }
 
     /// Plays "c co c -": what is held after each change of the modifiers. AltGr goes down with "G"
-    /// and up with "g"; "E" and "e" are that key with AltGr in effect and without.
+    /// and up with "g", of which what is held with it may be told: "G:c"; "E" and "e" are that key
+    /// with AltGr in effect and without.
     void hold(const QString& script)
     {
         QString held;
         for (const QString& step : script.split(u' ')) {
-            if (step.toLower() == u"g") {
-                recorder.levelKeyChanged(step == u"G");
+            if (step.toLower().startsWith(u"g")) {
+                const bool isTold = step.contains(u':');
+                recorder.levelKeyChanged(step.startsWith(u"G"),
+                                         flags(isTold ? step.section(u':', 1) : held));
             } else if (step.toLower() == u"e") {
                 recorder.keyDown({.keyCode = 14,
                                   .modifierFlags = flags(held),
@@ -172,6 +175,7 @@ private Q_SLOTS:
         row("alone, then a chord", u"G g c co -"_s, 1, u"⌃⌥ (hold)"_s);
         row("let go before the key", u"c G g e"_s, 1, u"⌃E"_s);
         row("with a bare key", u"G E g"_s, 2, QString());
+        row("control told late", u"G:c E g:c c -"_s, 2, QString());
     }
     void aGestureWithAltGrIsRefused()
     {

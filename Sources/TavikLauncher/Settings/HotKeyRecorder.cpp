@@ -64,12 +64,13 @@ void HotKeyRecorder::modifierFlagsChanged(quint64 heldFlags)
     }
 }
 
-void HotKeyRecorder::levelKeyChanged(bool isDown)
+void HotKeyRecorder::levelKeyChanged(bool isDown, quint64 heldFlags)
 {
     if (!m_isRecording || isDown == m_isLevelKeyDown) {
         return;
     }
     m_isLevelKeyDown = isDown;
+    m_heldModifiers = heldFlags & ModifierFlags::all;
     if (isDown) {
         refuseLevel();
     } else if (m_heldModifiers == 0) {

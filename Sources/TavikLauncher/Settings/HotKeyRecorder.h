@@ -37,8 +37,9 @@ public:
     /// `heldFlags` is what is held after the change.
     void modifierFlagsChanged(quint64 heldFlags);
     /// AltGr or the like, which only chooses what a key types, has gone down or up. May be told
-    /// more than once.
-    void levelKeyChanged(bool isDown);
+    /// more than once. `heldFlags` is what is held with it; `modifierFlagsChanged` may tell of that
+    /// later, because it hears of it in another way.
+    void levelKeyChanged(bool isDown, quint64 heldFlags);
 
     /// Receives the shortcut, once per recording and after it has ended.
     std::function<void(const HotKeyConfig&)> onCommit;

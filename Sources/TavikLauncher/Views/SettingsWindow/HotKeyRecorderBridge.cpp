@@ -67,7 +67,8 @@ bool HotKeyRecorderBridge::handleKey(const QKeyEvent& event)
     const KeyEvents::LevelUse levelUse = KeyTranslation::levelUse(event, m_keyEvents);
     if (levelUse == KeyEvents::LevelUse::chooser) {
         if (!event.isAutoRepeat()) {
-            m_recorder.levelKeyChanged(event.type() == QEvent::KeyPress);
+            m_recorder.levelKeyChanged(event.type() == QEvent::KeyPress,
+                                       KeyTranslation::modifierFlags(event.modifiers()));
         }
         return false;
     }

@@ -2,9 +2,7 @@
 #pragma once
 
 #include <QByteArray>
-#include <QElapsedTimer>
 #include <QRandomGenerator>
-#include <QTest>
 
 namespace Tavik::Test {
 
@@ -94,22 +92,5 @@ private:
 
     QRandomGenerator m_random;
 };
-
-/// Gives `tryOut(damaged, understood)` damaged forms of `input`, in the same order each time, until
-/// the time is gone. Some of them, but not all, must have counted as understood.
-template <typename TryOut>
-void tryDamaged(quint32 seed, const QByteArray& input, qint64 milliseconds, TryOut tryOut)
-{
-    Mutator mutator(seed);
-    QElapsedTimer time;
-    time.start();
-    int understood = 0;
-    int runs = 0;
-    for (; time.elapsed() < milliseconds && !QTest::currentTestFailed(); ++runs) {
-        tryOut(mutator.mutate(input), understood);
-    }
-    qInfo() << runs << "inputs," << understood << "of them understood";
-    QVERIFY(understood > 0 && understood < runs);
-}
 
 } // namespace Tavik::Test

@@ -122,8 +122,11 @@ std::optional<FetchEnd> end(const Message& message)
     FetchEnd end;
     qint32 error = 0;
     const bool isRead = unpack(Kind::end, message, error, end.hasBadCertificate);
+    if (!isRead || error < QNetworkReply::NoError || error > QNetworkReply::UnknownServerError) {
+        return std::nullopt;
+    }
     end.error = static_cast<QNetworkReply::NetworkError>(error);
-    return isRead ? std::optional(end) : std::nullopt;
+    return end;
 }
 
 } // namespace Tavik::FetchMessages

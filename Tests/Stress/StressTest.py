@@ -13,6 +13,7 @@ import pytest
 from Xlib.ext import res
 
 from harness import processes
+from harness.applications import PROGRAM
 from harness.desktop import Monitor
 from harness.notifier_host import NotifierHost
 from harness.settings_window import ENVIRONMENT, RADIO, SettingsWindow
@@ -45,13 +46,19 @@ def works(launcher, app):
     launcher.display.wait_gone(app.name)
 
 
-def end_all(app):
-    """Ends what was started of it, also what is still starting."""
-    app.wait_started()
-    for start in app.starts():
-        with contextlib.suppress(ProcessLookupError):
-            os.kill(start["pid"], signal.SIGKILL)
-    wait_until(lambda: not any(processes.is_alive(start["pid"]) for start in app.starts()), f"{app.name} has ended")
+def end_started(launcher):
+    """Ends what the launcher has started and left behind, however far it has come."""
+    def left():
+        commands = ((pid, processes.command(pid)) for pid in processes.descendants(os.getpid()))
+        return [pid for pid, words in commands if {str(PROGRAM), launcher.program} & set(words)]
+
+    def is_over():
+        for pid in left():
+            with contextlib.suppress(ProcessLookupError):
+                os.kill(pid, signal.SIGKILL)
+        return not left()
+
+    wait_until(is_over, "what was started has ended")
 
 
 class Possessions:
@@ -192,7 +199,7 @@ def test_a_kill_at_any_moment_leaves_the_old_or_the_new_value(launcher, apps, ap
         time.sleep(rng.uniform(0, 1.6))  # The recent ones are written a second later.
         launcher.process.kill()
         launcher.wait_exit()
-        end_all(app)
+        end_started(launcher)
 
         now = launcher.defaults()
         complete = after_a_launch(settings, app.path)

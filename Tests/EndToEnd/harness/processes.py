@@ -28,6 +28,14 @@ def is_alive(pid):
     return fields is not None and fields[0] != "Z"
 
 
+def command(pid):
+    """The words that the process was started with; none once it has ended."""
+    try:
+        return pathlib.Path(f"/proc/{pid}/cmdline").read_bytes().decode(errors="replace").split("\0")
+    except OSError:
+        return []
+
+
 def descendants(pid):
     """The ids of all live processes below `pid`, and of the dead that nobody has waited for."""
     children = {}

@@ -35,3 +35,15 @@ def test_the_slots_the_selection_and_the_filter_are_told(launcher, applications,
     wait_slots(desktop, "Cedar", selected="Cedar", text="ced")
     display.type("zz")
     wait_slots(desktop, text="No matches")
+
+
+def test_what_the_filter_finds_is_announced(launcher, applications, desktop, display):
+    launcher.pin(*map(applications.add, ("Cedar", "Alder", "Calla")))
+    launcher.start(environment={"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}).summon(640, 400)
+    wait_slots(desktop, "Cedar", "Alder", "Calla")
+    with accessibility.heard(desktop) as events:
+        for letter, told, selected in (("c", "2 matches", "Calla"), ("e", "1 match", "Cedar"), ("z", "No matches", None)):
+            display.type(letter)
+            wait_until(lambda: ("object:state-changed:showing", "notification", told) in events(), told)
+            # The first slot has another application now, and the reader has spoken of it before.
+            assert not selected or ("object:property-change:accessible-name", "push button", selected) in events()

@@ -4,7 +4,6 @@
 #include <TavikLauncher/Look/Look.h>
 #include <TavikLauncher/Look/OutcomeMessage.h>
 
-#include <QAccessible>
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QScrollArea>
@@ -52,8 +51,7 @@ void OutcomeMessage::say(Kind kind, const QString& text)
             }
         },
         Qt::QueuedConnection);
-    QAccessibleEvent event(this, QAccessible::Alert);
-    QAccessible::updateAccessibility(&event);
+    m_announcement.say(text);
 }
 
 void OutcomeMessage::clear()

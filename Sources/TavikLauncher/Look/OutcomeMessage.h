@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncher/Look/Announcement.h>
+
 #include <QWidget>
 
 namespace Tavik {
 
 class Label;
 
-/// The outcome of what the user did, with a symbol; hidden while there is none.
+/// The outcome of what the user did, with a symbol; hidden while there is none. Screen readers
+/// say it.
 class OutcomeMessage final : public QWidget
 {
     Q_OBJECT
@@ -29,6 +32,7 @@ protected:
 
 private:
     Label* m_label;
+    Announcement m_announcement{*this};
     Kind m_kind = Kind::done;
 };
 

@@ -8,6 +8,7 @@ import re
 import sys
 
 with contextlib.suppress(ImportError):  # The reader's own process has no need of it.
+    from harness import processes
     from harness.waiting import wait_until
 
 READER = pathlib.Path(__file__)
@@ -25,6 +26,16 @@ def flatten(node):
     yield node
     for child in node["children"]:
         yield from flatten(child)
+
+
+@contextlib.contextmanager
+def heard(desktop):
+    """What a screen reader is told meanwhile, as a list that grows: kinds of event, roles and names."""
+    process = desktop.spawn([sys.executable, str(READER), "listen"], log="heard")
+    lines = lambda: [tuple(line.split("\t")) for line in desktop.log("heard").splitlines()]
+    wait_until(lambda: ("listening",) in lines(), "the reader listens")
+    yield lines
+    processes.end(process)
 
 
 def find(desktop, name, role=None):
@@ -92,5 +103,22 @@ def _read():
     return [seen for application in applications if application and (seen := describe(application))]
 
 
+def _listen():
+    import gi
+
+    gi.require_version("Atspi", "2.0")
+    from gi.repository import Atspi
+
+    def tell(event):
+        if event.detail1 or event.type.startswith("object:property-change"):
+            print(event.type, event.source.get_role_name(), event.source.get_name(), sep="\t", flush=True)
+
+    listener = Atspi.EventListener.new(tell)
+    for kind in ("state-changed:focused", "state-changed:showing", "property-change:accessible-name"):
+        listener.register(f"object:{kind}")
+    print("listening", flush=True)
+    Atspi.event_main()
+
+
 if __name__ == "__main__":
-    print(json.dumps(_read()))
+    _listen() if "listen" in sys.argv else print(json.dumps(_read()))

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/Announcement.h>
 #include <TavikLauncher/Views/Ring/FilterField.h>
 #include <TavikLauncher/Views/Ring/RadialLauncherView.h>
 #include <TavikLauncher/Views/Ring/RingAccessibility.h>
@@ -239,26 +240,64 @@ private:
     mutable std::map<int, QAccessible::Id> m_slots;
 };
 
-void announce(RadialLauncherView* view)
+/// Tells assistive technology what has changed while the ring is shown.
+class RingSpeaker final : public QObject
 {
-    QObject::connect(view, &RadialLauncherView::selectionChanged, view, [view] {
-        if (!QAccessible::isActive() || !view->isVisible()) {
-            return;
-        }
-        if (QAccessibleInterface* ring = QAccessible::queryAccessibleInterface(view)) {
-            if (QAccessibleInterface* selected = ring->focusChild()) {
-                QAccessibleEvent event(selected, QAccessible::Focus);
-                QAccessible::updateAccessibility(&event);
-            }
-        }
-    });
-    QObject::connect(view, &RadialLauncherView::slotsChanged, view, [view] {
-        if (QAccessible::isActive()) {
-            QAccessibleEvent event(view, QAccessible::ObjectReorder);
+public:
+    explicit RingSpeaker(RadialLauncherView& view)
+        : QObject(&view)
+        , m_view(view)
+        , m_results(view)
+    {
+        connect(&view, &RadialLauncherView::selectionChanged, this, [this] {
+            tellOfSelected(QAccessible::Focus);
+        });
+        connect(&view, &RadialLauncherView::slotsChanged, this, &RingSpeaker::tellOfSlots);
+    }
+
+private:
+    void tellOfSelected(QAccessible::Event kind)
+    {
+        QAccessibleInterface* ring = QAccessible::isActive() && m_view.isVisible()
+            ? QAccessible::queryAccessibleInterface(&m_view)
+            : nullptr;
+        if (QAccessibleInterface* selected = ring ? ring->focusChild() : nullptr) {
+            QAccessibleEvent event(selected, kind);
             QAccessible::updateAccessibility(&event);
         }
-    });
-}
+    }
+    void tellOfSlots()
+    {
+        if (!QAccessible::isActive()) {
+            return;
+        }
+        QAccessibleEvent event(&m_view, QAccessible::ObjectReorder);
+        QAccessible::updateAccessibility(&event);
+        // The selected slot may be the same one, and have another application now.
+        tellOfSelected(QAccessible::NameChanged);
+        const QString results = resultsOfFilter();
+        if (results != std::exchange(m_told, results) && !results.isEmpty()) {
+            m_results.say(results);
+        }
+    }
+    [[nodiscard]] QString resultsOfFilter() const
+    {
+        const RingInteraction& ring = m_view.interaction();
+        const auto count = static_cast<int>(ring.ringApps().size());
+        if (!m_view.isVisible() || !ring.isFiltering()) {
+            return {};
+        }
+        if (count == 0) {
+            return m_view.scene().center.message; // None while there is still being looked.
+        }
+        // What stands in the code has no forms for numbers.
+        return count == 1 ? Texts::tr("1 match") : Texts::tr("%n matches", nullptr, count);
+    }
+
+    RadialLauncherView& m_view;
+    Announcement m_results;
+    QString m_told;
+};
 
 QAccessibleInterface* makeInterface(const QString&, QObject* object)
 {
@@ -266,7 +305,7 @@ QAccessibleInterface* makeInterface(const QString&, QObject* object)
     if (!view) {
         return nullptr;
     }
-    announce(view);
+    new RingSpeaker(*view); // Which the view owns.
     return new RingInterface(view);
 }
 

@@ -4,8 +4,9 @@
 namespace Tavik::RingAccessibility {
 
 /// Teaches assistive technology to read the ring: every slot a push button with the application's
-/// name, "running" in its description where it runs, and the selected state; the filter and the
-/// centre's texts as text. Call once, before the ring is made.
+/// name, whether it runs and its place in its description, and the selected state; the filter and
+/// the centre's texts as text. What a filter finds is announced. Call once, before the ring is
+/// made.
 void install();
 
 } // namespace Tavik::RingAccessibility

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QtGlobal>
 
 #include <array>
 
@@ -20,7 +21,12 @@ struct Parser
 };
 
 /// What must hold whatever was read: the fuzzer takes an abort for a fault, and so does a test.
-void require(bool condition, const char* what);
+inline void require(bool condition, const char* what)
+{
+    if (!condition) {
+        qFatal("What was read breaks the rule: %s", what);
+    }
+}
 
 // What people keep, and what we have written ourselves.
 bool readBackup(const QByteArray& bytes);

@@ -42,6 +42,10 @@ QList<Surroundings> allSurroundings()
             }
         }
     }
+    // In the writing of others, and as it is used without a pointer.
+    for (const QString& scheme : {u"rtl-light"_s, u"rtl-dark"_s, u"keys-light"_s, u"keys-dark"_s}) {
+        all.append({.scheme = scheme});
+    }
     return all;
 }
 

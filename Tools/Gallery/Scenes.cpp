@@ -107,6 +107,19 @@ QImage pictureOf(QWidget& view)
     return view.grab().toImage();
 }
 
+/// Gives the keyboard to a control in the midst of the others, as the Tab key does.
+void focusOneOf(const QWidget& page)
+{
+    QList<QWidget*> controls = page.findChildren<QWidget*>();
+    controls.removeIf([](const QWidget* control) {
+        return !control->isVisible() || !control->isEnabled()
+            || !(control->focusPolicy() & Qt::TabFocus);
+    });
+    if (!controls.isEmpty()) {
+        controls.at(controls.size() / 2)->setFocus(Qt::TabFocusReason);
+    }
+}
+
 struct RingPicture : PanelFixture
 {
     explicit RingPicture(QString scheme)
@@ -143,6 +156,9 @@ GalleryScenes::GalleryScenes(const QString& scheme)
                                         .highContrast = scheme.startsWith(u"contrast")};
     if (const auto palette = DesktopPalette::replacing(QApplication::palette(), wanted)) {
         QApplication::setPalette(*palette);
+    }
+    if (scheme.startsWith(u"rtl")) {
+        QApplication::setLayoutDirection(Qt::RightToLeft);
     }
 }
 
@@ -222,8 +238,11 @@ void GalleryScenes::drawSettings(const Keep& keep)
     window.pin(window.settings.permanentAppPaths().first(5) + QStringList{u"/gone/Old.desktop"_s});
     int number = 0;
     for (const SettingsSection& section : allSettingsSections) {
-        window.open(section.id);
+        const SettingsPage& page = window.open(section.id);
         window.settle();
+        if (m_scheme.startsWith(u"keys")) {
+            focusOneOf(*page.widget());
+        }
         keep(u"settings-%1-%2"_s.arg(++number).arg(section.id),
              pictureOf(window.view),
              &window.view);

@@ -17,7 +17,8 @@ public:
     /// `view` is what the picture is of; absent for the ring, which is drawn from values.
     using Keep = std::function<void(const QString& name, const QImage& picture, QWidget* view)>;
 
-    /// "light", "dark", "contrast-light" or "contrast-dark".
+    /// "light" or "dark", with "contrast-", "rtl-" or "keys-" in front of it: for poor eyesight,
+    /// from right to left, and with the focus somewhere.
     explicit GalleryScenes(const QString& scheme);
     void drawAll(const Keep& keep);
     void drawWindows(const Keep& keep);

@@ -1697,5 +1697,88 @@
         <source>d MMMM yyyy</source>
         <translation>d. MMMM yyyy</translation>
     </message>
+    <message>
+        <source>press the shortcut: for a key that the desktop binds</source>
+        <translation>das Tastenkürzel drücken: für eine Taste, die der Desktop belegt</translation>
+    </message>
+    <message>
+        <source>show the ring</source>
+        <translation>den Ring zeigen</translation>
+    </message>
+    <message>
+        <source>show the ring at the pointer, or hide it</source>
+        <translation>den Ring am Zeiger zeigen oder verbergen</translation>
+    </message>
+    <message>
+        <source>hide the ring</source>
+        <translation>den Ring verbergen</translation>
+    </message>
+    <message>
+        <source>open the settings, with =SECTION at that section</source>
+        <translation>die Einstellungen öffnen, mit =SECTION an dieser Stelle</translation>
+    </message>
+    <message>
+        <source>open the window that rebuilds the application index</source>
+        <translation>das Fenster öffnen, das den App-Index neu aufbaut</translation>
+    </message>
+    <message>
+        <source>show the tour</source>
+        <translation>die Tour zeigen</translation>
+    </message>
+    <message>
+        <source>ask for a newer version</source>
+        <translation>nach einer neueren Version fragen</translation>
+    </message>
+    <message>
+        <source>end the running launcher</source>
+        <translation>den laufenden Launcher beenden</translation>
+    </message>
+    <message>
+        <source>Usage: tavik-launcher [option]</source>
+        <translation>Aufruf: tavik-launcher [Option]</translation>
+    </message>
+    <message>
+        <source>Without an option: start the launcher, or show the ring of the one that runs.</source>
+        <translation>Ohne Option: den Launcher starten oder den Ring des laufenden zeigen.</translation>
+    </message>
+    <message>
+        <source>start as at login: nothing is shown unasked</source>
+        <translation>starten wie bei der Anmeldung: nichts wird ungefragt gezeigt</translation>
+    </message>
+    <message>
+        <source>print the version, and how the screen is reached</source>
+        <translation>die Version ausgeben und wie der Bildschirm erreicht wird</translation>
+    </message>
+    <message>
+        <source>print this text</source>
+        <translation>diesen Text ausgeben</translation>
+    </message>
+    <message>
+        <source>the settings have no section &quot;%1&quot;; there are %2</source>
+        <translation>die Einstellungen haben keinen Abschnitt „%1“; es gibt %2</translation>
+    </message>
+    <message>
+        <source>one option at a time</source>
+        <translation>nur eine Option auf einmal</translation>
+    </message>
+    <message>
+        <source>unknown option %1</source>
+        <translation>unbekannte Option %1</translation>
+    </message>
+    <message>
+        <source>%1 takes no value</source>
+        <translation>%1 nimmt keinen Wert</translation>
+    </message>
+    <message>
+        <source>1 match</source>
+        <translation>1 Treffer</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n matches</source>
+        <translation>
+            <numerusform>%n Treffer</numerusform>
+            <numerusform>%n Treffer</numerusform>
+        </translation>
+    </message>
 </context>
 </TS>

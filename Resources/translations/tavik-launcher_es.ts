@@ -61,13 +61,13 @@
     </message>
     <message>
         <source>Imported %1 — 1 pinned app restored, %2 not installed on this Mac.</source>
-        <translation>%1 importado — 1 aplicación fija restaurada, %2 no instaladas en este equipo.</translation>
+        <translation>%1 importado — 1 aplicación fija restaurada, no instaladas en este equipo: %2.</translation>
     </message>
     <message numerus="yes">
         <source>Imported %1 — %n pinned apps restored, %2 not installed on this Mac.</source>
         <translation>
-            <numerusform>%1 importado — %n aplicación fija restaurada, %2 no instaladas en este equipo.</numerusform>
-            <numerusform>%1 importado — %n aplicaciones fijas restauradas, %2 no instaladas en este equipo.</numerusform>
+            <numerusform>%1 importado — %n aplicación fija restaurada, no instaladas en este equipo: %2.</numerusform>
+            <numerusform>%1 importado — %n aplicaciones fijas restauradas, no instaladas en este equipo: %2.</numerusform>
         </translation>
     </message>
     <message>
@@ -1696,6 +1696,89 @@
     <message>
         <source>d MMMM yyyy</source>
         <translation>d &apos;de&apos; MMMM &apos;de&apos; yyyy</translation>
+    </message>
+    <message>
+        <source>press the shortcut: for a key that the desktop binds</source>
+        <translation>pulsar el atajo: para una tecla que asigna el escritorio</translation>
+    </message>
+    <message>
+        <source>show the ring</source>
+        <translation>mostrar el anillo</translation>
+    </message>
+    <message>
+        <source>show the ring at the pointer, or hide it</source>
+        <translation>mostrar el anillo en el puntero, u ocultarlo</translation>
+    </message>
+    <message>
+        <source>hide the ring</source>
+        <translation>ocultar el anillo</translation>
+    </message>
+    <message>
+        <source>open the settings, with =SECTION at that section</source>
+        <translation>abrir los ajustes, con =SECTION en esa sección</translation>
+    </message>
+    <message>
+        <source>open the window that rebuilds the application index</source>
+        <translation>abrir la ventana que reconstruye el índice de aplicaciones</translation>
+    </message>
+    <message>
+        <source>show the tour</source>
+        <translation>mostrar el recorrido</translation>
+    </message>
+    <message>
+        <source>ask for a newer version</source>
+        <translation>buscar una versión más reciente</translation>
+    </message>
+    <message>
+        <source>end the running launcher</source>
+        <translation>cerrar el lanzador en ejecución</translation>
+    </message>
+    <message>
+        <source>Usage: tavik-launcher [option]</source>
+        <translation>Uso: tavik-launcher [opción]</translation>
+    </message>
+    <message>
+        <source>Without an option: start the launcher, or show the ring of the one that runs.</source>
+        <translation>Sin opción: iniciar el lanzador, o mostrar el anillo del que está en ejecución.</translation>
+    </message>
+    <message>
+        <source>start as at login: nothing is shown unasked</source>
+        <translation>iniciar como al abrir la sesión: no se muestra nada sin pedirlo</translation>
+    </message>
+    <message>
+        <source>print the version, and how the screen is reached</source>
+        <translation>mostrar la versión y cómo se accede a la pantalla</translation>
+    </message>
+    <message>
+        <source>print this text</source>
+        <translation>mostrar este texto</translation>
+    </message>
+    <message>
+        <source>the settings have no section &quot;%1&quot;; there are %2</source>
+        <translation>los ajustes no tienen la sección «%1»; hay %2</translation>
+    </message>
+    <message>
+        <source>one option at a time</source>
+        <translation>solo una opción a la vez</translation>
+    </message>
+    <message>
+        <source>unknown option %1</source>
+        <translation>opción desconocida: %1</translation>
+    </message>
+    <message>
+        <source>%1 takes no value</source>
+        <translation>%1 no admite ningún valor</translation>
+    </message>
+    <message>
+        <source>1 match</source>
+        <translation>1 resultado</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n matches</source>
+        <translation>
+            <numerusform>%n resultado</numerusform>
+            <numerusform>%n resultados</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

@@ -61,13 +61,13 @@
     </message>
     <message>
         <source>Imported %1 — 1 pinned app restored, %2 not installed on this Mac.</source>
-        <translation>%1 importé — 1 application permanente rétablie, %2 non installées sur cet ordinateur.</translation>
+        <translation>%1 importé — 1 application permanente rétablie, non installées sur cet ordinateur : %2.</translation>
     </message>
     <message numerus="yes">
         <source>Imported %1 — %n pinned apps restored, %2 not installed on this Mac.</source>
         <translation>
-            <numerusform>%1 importé — %n application permanente rétablie, %2 non installées sur cet ordinateur.</numerusform>
-            <numerusform>%1 importé — %n applications permanentes rétablies, %2 non installées sur cet ordinateur.</numerusform>
+            <numerusform>%1 importé — %n application permanente rétablie, non installées sur cet ordinateur : %2.</numerusform>
+            <numerusform>%1 importé — %n applications permanentes rétablies, non installées sur cet ordinateur : %2.</numerusform>
         </translation>
     </message>
     <message>
@@ -940,15 +940,15 @@
     </message>
     <message>
         <source>Daily</source>
-        <translation>Chaque jour</translation>
+        <translation>Par jour</translation>
     </message>
     <message>
         <source>Weekly</source>
-        <translation>Chaque semaine</translation>
+        <translation>Par semaine</translation>
     </message>
     <message>
         <source>Monthly</source>
-        <translation>Chaque mois</translation>
+        <translation>Par mois</translation>
     </message>
     <message>
         <source>New versions are never installed without asking you.</source>
@@ -1696,6 +1696,89 @@
     <message>
         <source>d MMMM yyyy</source>
         <translation>d MMMM yyyy</translation>
+    </message>
+    <message>
+        <source>press the shortcut: for a key that the desktop binds</source>
+        <translation>appuyer sur le raccourci : pour une touche attribuée par le bureau</translation>
+    </message>
+    <message>
+        <source>show the ring</source>
+        <translation>afficher l’anneau</translation>
+    </message>
+    <message>
+        <source>show the ring at the pointer, or hide it</source>
+        <translation>afficher l’anneau au pointeur, ou le masquer</translation>
+    </message>
+    <message>
+        <source>hide the ring</source>
+        <translation>masquer l’anneau</translation>
+    </message>
+    <message>
+        <source>open the settings, with =SECTION at that section</source>
+        <translation>ouvrir les réglages, avec =SECTION à cette section</translation>
+    </message>
+    <message>
+        <source>open the window that rebuilds the application index</source>
+        <translation>ouvrir la fenêtre qui reconstruit l’index des applications</translation>
+    </message>
+    <message>
+        <source>show the tour</source>
+        <translation>afficher la visite</translation>
+    </message>
+    <message>
+        <source>ask for a newer version</source>
+        <translation>rechercher une version plus récente</translation>
+    </message>
+    <message>
+        <source>end the running launcher</source>
+        <translation>quitter le lanceur en cours d’exécution</translation>
+    </message>
+    <message>
+        <source>Usage: tavik-launcher [option]</source>
+        <translation>Utilisation : tavik-launcher [option]</translation>
+    </message>
+    <message>
+        <source>Without an option: start the launcher, or show the ring of the one that runs.</source>
+        <translation>Sans option : démarrer le lanceur, ou afficher l’anneau de celui qui est en cours d’exécution.</translation>
+    </message>
+    <message>
+        <source>start as at login: nothing is shown unasked</source>
+        <translation>démarrer comme à l’ouverture de session : rien ne s’affiche de soi-même</translation>
+    </message>
+    <message>
+        <source>print the version, and how the screen is reached</source>
+        <translation>afficher la version et le mode d’accès à l’écran</translation>
+    </message>
+    <message>
+        <source>print this text</source>
+        <translation>afficher ce texte</translation>
+    </message>
+    <message>
+        <source>the settings have no section &quot;%1&quot;; there are %2</source>
+        <translation>les réglages n’ont pas de section « %1 » ; il y a %2</translation>
+    </message>
+    <message>
+        <source>one option at a time</source>
+        <translation>une seule option à la fois</translation>
+    </message>
+    <message>
+        <source>unknown option %1</source>
+        <translation>option inconnue : %1</translation>
+    </message>
+    <message>
+        <source>%1 takes no value</source>
+        <translation>%1 n’accepte pas de valeur</translation>
+    </message>
+    <message>
+        <source>1 match</source>
+        <translation>1 résultat</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n matches</source>
+        <translation>
+            <numerusform>%n résultat</numerusform>
+            <numerusform>%n résultats</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

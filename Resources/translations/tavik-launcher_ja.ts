@@ -1695,5 +1695,87 @@
         <source>d MMMM yyyy</source>
         <translation>yyyy年M月d日</translation>
     </message>
+    <message>
+        <source>press the shortcut: for a key that the desktop binds</source>
+        <translation>ショートカットを押します（デスクトップがキーに割り当てるためのもの）</translation>
+    </message>
+    <message>
+        <source>show the ring</source>
+        <translation>リングを表示します</translation>
+    </message>
+    <message>
+        <source>show the ring at the pointer, or hide it</source>
+        <translation>ポインタの位置にリングを表示するか、隠します</translation>
+    </message>
+    <message>
+        <source>hide the ring</source>
+        <translation>リングを隠します</translation>
+    </message>
+    <message>
+        <source>open the settings, with =SECTION at that section</source>
+        <translation>設定を開きます（=SECTION でその項目）</translation>
+    </message>
+    <message>
+        <source>open the window that rebuilds the application index</source>
+        <translation>アプリの索引を作り直すウインドウを開きます</translation>
+    </message>
+    <message>
+        <source>show the tour</source>
+        <translation>ツアーを表示します</translation>
+    </message>
+    <message>
+        <source>ask for a newer version</source>
+        <translation>新しいバージョンを確認します</translation>
+    </message>
+    <message>
+        <source>end the running launcher</source>
+        <translation>実行中のランチャーを終了します</translation>
+    </message>
+    <message>
+        <source>Usage: tavik-launcher [option]</source>
+        <translation>使い方: tavik-launcher [オプション]</translation>
+    </message>
+    <message>
+        <source>Without an option: start the launcher, or show the ring of the one that runs.</source>
+        <translation>オプションなし: ランチャーを起動するか、実行中のランチャーのリングを表示します。</translation>
+    </message>
+    <message>
+        <source>start as at login: nothing is shown unasked</source>
+        <translation>ログイン時と同じように起動します（自動では何も表示しません）</translation>
+    </message>
+    <message>
+        <source>print the version, and how the screen is reached</source>
+        <translation>バージョンと、画面への接続方法を表示します</translation>
+    </message>
+    <message>
+        <source>print this text</source>
+        <translation>この説明を表示します</translation>
+    </message>
+    <message>
+        <source>the settings have no section &quot;%1&quot;; there are %2</source>
+        <translation>設定に「%1」という項目はありません。%2 があります</translation>
+    </message>
+    <message>
+        <source>one option at a time</source>
+        <translation>オプションは一度に一つだけです</translation>
+    </message>
+    <message>
+        <source>unknown option %1</source>
+        <translation>不明なオプション: %1</translation>
+    </message>
+    <message>
+        <source>%1 takes no value</source>
+        <translation>%1 に値は指定できません</translation>
+    </message>
+    <message>
+        <source>1 match</source>
+        <translation>1 件見つかりました</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n matches</source>
+        <translation>
+            <numerusform>%n 件見つかりました</numerusform>
+        </translation>
+    </message>
 </context>
 </TS>

@@ -120,10 +120,11 @@ Button* makeProminentButton(const QString& text, QWidget* parent)
     return button;
 }
 
-void fitHeight(QWidget& window)
+void fit(QWidget& window, int usualWidth)
 {
     QLayout* layout = window.layout();
     layout->activate();
+    window.setFixedWidth(std::max(usualWidth, layout->totalMinimumSize().width()));
     window.setMinimumHeight(layout->totalHeightForWidth(window.width()));
 }
 

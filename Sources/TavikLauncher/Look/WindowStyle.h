@@ -47,7 +47,8 @@ struct TextStyle
 /// The same for what a window is there for, filled with the desktop's accent.
 [[nodiscard]] Button* makeProminentButton(const QString& text, QWidget* parent);
 
-/// Gives `window` the least height at which its layout cuts nothing off at its present width.
-void fitHeight(QWidget& window);
+/// Gives `window` that width, or a larger one where a button needs it in large texts or in a
+/// language of long words, and the least height at which its layout cuts nothing off.
+void fit(QWidget& window, int usualWidth);
 
 } // namespace Tavik::WindowStyle

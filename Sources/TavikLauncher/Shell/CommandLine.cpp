@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Shell/CommandLine.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsSection.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QCoreApplication>
 
@@ -21,36 +22,46 @@ struct Option
 {
     const char16_t* name;
     AppAction action;
-    const char16_t* help;
+    const char* help;
 };
 constexpr std::array<Option, 9> options{{
-    {u"--summon", AppAction::summon, u"press the shortcut: for a key that the desktop binds"},
-    {u"--show", AppAction::showLauncher, u"show the ring"},
-    {u"--toggle", AppAction::toggleLauncher, u"show the ring at the pointer, or hide it"},
-    {u"--hide", AppAction::hideLauncher, u"hide the ring"},
-    {u"--settings", AppAction::settings, u"open the settings, with =SECTION at that section"},
-    {u"--reindex", AppAction::reindex, u"open the window that rebuilds the application index"},
-    {u"--tour", AppAction::tour, u"show the tour"},
-    {u"--check-for-updates", AppAction::checkForUpdates, u"ask for a newer version"},
-    {u"--quit", AppAction::quit, u"end the running launcher"},
+    {u"--summon",
+     AppAction::summon,
+     QT_TRANSLATE_NOOP("Tavik::Texts", "press the shortcut: for a key that the desktop binds")},
+    {u"--show", AppAction::showLauncher, QT_TRANSLATE_NOOP("Tavik::Texts", "show the ring")},
+    {u"--toggle",
+     AppAction::toggleLauncher,
+     QT_TRANSLATE_NOOP("Tavik::Texts", "show the ring at the pointer, or hide it")},
+    {u"--hide", AppAction::hideLauncher, QT_TRANSLATE_NOOP("Tavik::Texts", "hide the ring")},
+    {u"--settings",
+     AppAction::settings,
+     QT_TRANSLATE_NOOP("Tavik::Texts", "open the settings, with =SECTION at that section")},
+    {u"--reindex",
+     AppAction::reindex,
+     QT_TRANSLATE_NOOP("Tavik::Texts", "open the window that rebuilds the application index")},
+    {u"--tour", AppAction::tour, QT_TRANSLATE_NOOP("Tavik::Texts", "show the tour")},
+    {u"--check-for-updates",
+     AppAction::checkForUpdates,
+     QT_TRANSLATE_NOOP("Tavik::Texts", "ask for a newer version")},
+    {u"--quit", AppAction::quit, QT_TRANSLATE_NOOP("Tavik::Texts", "end the running launcher")},
 }};
 
-QString helpLine(QStringView name, QStringView help)
+QString helpLine(QStringView name, const QString& help)
 {
     return u"  %1 %2\n"_s.arg(name, -20).arg(help);
 }
 
 QString usage()
 {
-    QString text
-        = u"Usage: tavik-launcher [option]\n\nWithout an option: start the launcher, or show "
-          u"the ring of the one that runs.\n\n"_s;
+    QString text = Texts::tr("Usage: tavik-launcher [option]") + u"\n\n"_s
+        + Texts::tr("Without an option: start the launcher, or show the ring of the one that runs.")
+        + u"\n\n"_s;
     for (const Option& option : options) {
-        text += helpLine(option.name, option.help);
+        text += helpLine(option.name, Texts::tr(option.help));
     }
-    return text + helpLine(background, u"start as at login: nothing is shown unasked")
-        + helpLine(u"--version", u"print the version, and how the screen is reached")
-        + helpLine(u"--help", u"print this text");
+    return text + helpLine(background, Texts::tr("start as at login: nothing is shown unasked"))
+        + helpLine(u"--version", Texts::tr("print the version, and how the screen is reached"))
+        + helpLine(u"--help", Texts::tr("print this text"));
 }
 
 CommandLine refusal(const QString& fault)
@@ -71,8 +82,8 @@ CommandLine settingsAt(const QString& section)
     for (const SettingsSection& entry : allSettingsSections) {
         known << entry.id.toString();
     }
-    return refusal(
-        u"the settings have no section \"%1\"; there are %2"_s.arg(section, known.join(u", "_s)));
+    return refusal(Texts::tr("the settings have no section \"%1\"; there are %2")
+                       .arg(section, known.join(u", "_s)));
 }
 
 } // namespace
@@ -83,14 +94,14 @@ CommandLine CommandLine::parse(const QStringList& arguments)
         return {};
     }
     if (arguments.size() > 1) {
-        return refusal(u"one option at a time"_s);
+        return refusal(Texts::tr("one option at a time"));
     }
     const QString& argument = arguments.front();
     if (argument == u"--help" || argument == u"-h") {
         return {.answer = usage()};
     }
     if (argument == u"--version") {
-        return {.answer = u"tavik-launcher %1\n"_s.arg(QStringLiteral(TAVIK_VERSION)),
+        return {.answer = QStringLiteral("tavik-launcher " TAVIK_VERSION "\n"),
                 .tellsDisplay = true};
     }
     if (argument == background || argument == busService) {
@@ -100,13 +111,13 @@ CommandLine CommandLine::parse(const QStringList& arguments)
     const auto found = std::ranges::find_if(
         options, [&name](const Option& option) { return name == QStringView(option.name); });
     if (found == options.end()) {
-        return refusal(u"unknown option %1"_s.arg(argument));
+        return refusal(Texts::tr("unknown option %1").arg(argument));
     }
     if (!argument.contains(u'=')) {
         return {.request = {.action = found->action}};
     }
     return found->action == AppAction::settings ? settingsAt(argument.section(u'=', 1))
-                                                : refusal(u"%1 takes no value"_s.arg(name));
+                                                : refusal(Texts::tr("%1 takes no value").arg(name));
 }
 
 } // namespace Tavik

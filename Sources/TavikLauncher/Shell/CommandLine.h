@@ -22,7 +22,8 @@ struct CommandLine
 
     AppRequest request;
     Starter starter = Starter::user;
-    /// A text to print instead of running, and the exit code that goes with it.
+    /// A text to print instead of running, in the language that is spoken when it is asked for, and
+    /// the exit code that goes with it.
     std::optional<QString> answer;
     int exitCode = 0;
     bool tellsDisplay = false; ///< The answer goes on with how this session's screen is reached.

@@ -192,6 +192,11 @@ int main(int argc, char** argv)
     std::signal(SIGCHLD, SIG_DFL);
     CommandLine commandLine = CommandLine::parse(argumentList(argc, argv));
     if (commandLine.answer) {
+        // In the user's language, for which catalogs are needed, and for these the toolkit.
+        const QStringList arguments = argumentList(argc, argv);
+        QCoreApplication application(argc, argv);
+        Languages::speak(application, Languages::chosen(QLocale::system().uiLanguages()));
+        commandLine = CommandLine::parse(arguments);
         print(commandLine.exitCode == 0 ? stdout : stderr, *commandLine.answer);
         if (commandLine.tellsDisplay) {
             const std::optional<QString> fault = chooseDisplay();

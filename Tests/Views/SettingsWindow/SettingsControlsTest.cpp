@@ -2,24 +2,19 @@
 #include "SettingsWindowFixture.h"
 #include <TavikLauncher/Look/HoverTooltip.h>
 #include <TavikLauncher/Look/Label.h>
-#include <TavikLauncher/Look/Look.h>
 #include <TavikLauncher/Look/Slider.h>
 #include <TavikLauncher/Views/SettingsWindow/ColorField.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsSection.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsSidebar.h>
 #include <TavikLauncher/Views/SettingsWindow/SwatchColors.h>
 #include <TavikLauncher/Views/SettingsWindow/SwatchPopover.h>
 
 #include <QAbstractButton>
 #include <QLabel>
 #include <QLineEdit>
-#include <QScopeGuard>
 #include <QScrollBar>
 #include <QTest>
 #include <QVBoxLayout>
 #include <QWheelEvent>
-
-#include <Support/Table.h>
 
 using namespace Tavik;
 using namespace Tavik::Test;
@@ -216,58 +211,6 @@ private Q_SLOTS:
         // Texts and controls follow as well.
         for (const Label* label : fixture.view.findChildren<Label*>()) {
             QVERIFY(label->palette().color(label->foregroundRole()).lightness() > 128);
-        }
-    }
-
-    void nothingIsCutOffInTheSmallestWindow_data()
-    {
-        const Table<QString, double, bool> row;
-        for (const Section& section : allSettingsSections) {
-            const QString id = section.id.toString();
-            row(qPrintable(id + u", usual font"_s), id, 1, false);
-            row(qPrintable(id + u", large font"_s), id, 1.5, false);
-            row(qPrintable(id + u", large font while open"_s), id, 1.5, true);
-        }
-    }
-
-    void nothingIsCutOffInTheSmallestWindow()
-    {
-        const auto [section, factor, isChangedWhileOpen] = fetch<QString, double, bool>();
-        const QFont usual = QApplication::font();
-        const auto restore = qScopeGuard([&] { QApplication::setFont(usual); });
-        SettingsWindowFixture fixture;
-        const Framed frame(fixture.view);
-        if (isChangedWhileOpen) {
-            fixture.open(section);
-        }
-        QApplication::setFont(scaledFont(usual, factor));
-        fixture.view.window()->resize(LauncherSettingsView::smallestSize);
-        const SettingsPage& page = fixture.open(section);
-        fixture.settle();
-        QCOMPARE(fixture.view.size(), LauncherSettingsView::smallestSize);
-        for (const QAbstractButton* title :
-             fixture.control<SettingsSidebar>({}).findChildren<QAbstractButton*>()) {
-            QVERIFY2(title->width() >= title->sizeHint().width(), qPrintable(title->text()));
-            QVERIFY2(title->visibleRegion().boundingRect() == title->rect(),
-                     qPrintable(title->text()));
-        }
-        // No page is wider than its viewport, and no text lacks the room it needs.
-        QVERIFY(page.widget()->width() <= page.viewport()->width());
-        for (const Label* label : page.findChildren<Label*>()) {
-            if (label->isVisible() && !label->text().isEmpty()) {
-                QVERIFY2(label->height() >= label->heightForWidth(label->width())
-                             || !label->wordWrap(),
-                         qPrintable(label->text()));
-                QVERIFY2(label->wordWrap() || label->width() >= label->sizeHint().width(),
-                         qPrintable(label->text()));
-            }
-        }
-        for (QAbstractButton* button : page.findChildren<QAbstractButton*>()) {
-            if (button->isVisible()) {
-                const QSize needed = button->minimumSizeHint();
-                QVERIFY2(button->width() >= needed.width() && button->height() >= needed.height(),
-                         qPrintable(button->accessibleName()));
-            }
         }
     }
 

@@ -99,7 +99,6 @@ AccessibilityPermissionView::AccessibilityPermissionView(
     , m_dependencies(dependencies)
     , m_session(dependencies.permission, dependencies.mainQueue, std::move(actions))
 {
-    setFixedWidth(windowWidth);
     setFocusPolicy(Qt::StrongFocus);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, margin, 0, margin - 4);
@@ -261,7 +260,7 @@ void AccessibilityPermissionView::showPhase()
     } else {
         setFocus();
     }
-    WindowStyle::fitHeight(*this);
+    WindowStyle::fit(*this, windowWidth);
 }
 
 Button* AccessibilityPermissionView::defaultButton() const

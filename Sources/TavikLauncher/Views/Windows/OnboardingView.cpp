@@ -48,7 +48,6 @@ OnboardingView::OnboardingView(const HotKeyConfig& hotKey, Actions actions, QWid
     : QWidget(parent)
     , m_actions(std::move(actions))
 {
-    setFixedWidth(windowWidth);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(padding, padding - 4, padding, padding - 6);
     layout->setSpacing(0);
@@ -63,7 +62,7 @@ OnboardingView::OnboardingView(const HotKeyConfig& hotKey, Actions actions, QWid
     layout->addStretch(1);
     layout->addSpacing(6);
     layout->addLayout(makeButtons(hotKey));
-    WindowStyle::fitHeight(*this);
+    WindowStyle::fit(*this, windowWidth);
 }
 
 QLayout* OnboardingView::makeHeader()

@@ -44,7 +44,6 @@ ReindexView::ReindexView(const ReindexSession::Dependencies& dependencies,
                 })
     , m_actions(std::move(actions))
 {
-    setFixedWidth(windowWidth);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(padding, padding, padding, padding);
     layout->setSpacing(14);
@@ -166,7 +165,7 @@ void ReindexView::showPhase()
     m_reindex->setDefault(phase == Phase::info);
     m_close->setDefault(phase == Phase::success);
     m_mark->setScale(m_session.markScale());
-    WindowStyle::fitHeight(*this);
+    WindowStyle::fit(*this, windowWidth);
 }
 
 void ReindexView::showCount()

@@ -141,14 +141,13 @@ void Button::paintEvent(QPaintEvent*)
         const double left = body.center().x() - (textWidth + symbolWidth) / 2;
         if (m_symbol) {
             const double side = symbolSide();
-            paintSymbol(
-                painter, *m_symbol, QRectF(left, body.center().y() - side / 2, side, side), ink);
+            const QRectF symbol(left, body.center().y() - side / 2, side, side);
+            paintSymbol(painter, *m_symbol, placed(*this, symbol, body), ink);
         }
         painter.setFont(font());
         painter.setPen(ink);
-        painter.drawText(QRectF(left + symbolWidth, body.top(), textWidth + 2, body.height()),
-                         Qt::AlignVCenter | Qt::AlignLeft,
-                         shown);
+        const QRectF room(left + symbolWidth, body.top(), textWidth + 2, body.height());
+        painter.drawText(placed(*this, room, body), Qt::AlignVCenter | Qt::AlignLeft, shown);
     }
     paintFocusRing(painter, *this, body, cornerRadius);
 }

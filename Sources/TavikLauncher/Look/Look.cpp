@@ -145,6 +145,13 @@ QColor withOpacity(QColor color, double opacity)
     return color;
 }
 
+QRectF placed(const QWidget& widget, const QRectF& part, const QRectF& whole)
+{
+    return widget.layoutDirection() == Qt::LeftToRight
+        ? part
+        : part.translated(whole.left() + whole.right() - part.left() - part.right(), 0);
+}
+
 double textScale()
 {
     constexpr double usualSize = 12; // Of a desktop that nobody has set up, in pixels.

@@ -5,10 +5,10 @@
 #include <QFont>
 #include <QList>
 #include <QPalette>
+#include <QRectF>
 
 class QAbstractButton;
 class QPainter;
-class QRectF;
 class QWidget;
 
 namespace Tavik {
@@ -52,6 +52,9 @@ inline constexpr QColor systemBlue(0x0A, 0x84, 0xFF);
 
 /// How much larger than usual the desktop's texts are; sizes in points are multiplied by it.
 [[nodiscard]] double textScale();
+/// A part of what `widget` paints, given as for writing from left to right, where it belongs in the
+/// direction in which the widget is written; `whole` is what it is a part of.
+[[nodiscard]] QRectF placed(const QWidget& widget, const QRectF& part, const QRectF& whole);
 /// `font` scaled by `factor`, at `weight`.
 [[nodiscard]] QFont scaledFont(QFont font, double factor, QFont::Weight weight = QFont::Normal);
 

@@ -48,7 +48,9 @@ QPoint Slider::knobCenter(int value) const
 {
     const double share
         = maximum() > minimum() ? double(value - minimum()) / double(maximum() - minimum()) : 0.0;
-    return {qRound(endMargin + share * (width() - 2 * endMargin)), height() / 2};
+    const int x = qRound(endMargin + share * (width() - 2 * endMargin));
+    // The keys of the arrows go the other way there, too.
+    return {isRightToLeft() ? width() - x : x, height() / 2};
 }
 
 void Slider::paintEvent(QPaintEvent*)
@@ -66,7 +68,9 @@ void Slider::paintEvent(QPaintEvent*)
     painter.setBrush(look.outline);
     painter.drawRoundedRect(line(focusMargin, width() - focusMargin), lineWidth / 2, lineWidth / 2);
     painter.setBrush(look.accent);
-    painter.drawRoundedRect(line(focusMargin, x), lineWidth / 2, lineWidth / 2);
+    painter.drawRoundedRect(isRightToLeft() ? line(x, width() - focusMargin) : line(focusMargin, x),
+                            lineWidth / 2,
+                            lineWidth / 2);
 
     const QRectF knob(x - knobRadius, y - knobRadius, 2 * knobRadius, 2 * knobRadius);
     painter.setBrush(withOpacity(Qt::black, 0.05));
@@ -121,7 +125,8 @@ void Slider::wheelEvent(QWheelEvent* event)
 void Slider::moveKnob(double x)
 {
     const double share = std::clamp((x - m_grip - endMargin) / (width() - 2 * endMargin), 0.0, 1.0);
-    setSliderPosition(minimum() + qRound(share * (maximum() - minimum())));
+    const double way = isRightToLeft() ? 1 - share : share;
+    setSliderPosition(minimum() + qRound(way * (maximum() - minimum())));
 }
 
 } // namespace Tavik

@@ -42,7 +42,7 @@ void Switch::paintEvent(QPaintEvent*)
     constexpr double inset = 2;
     const double side = body.height() - 2 * inset;
     const double left = isChecked() ? body.right() - inset - side : body.left() + inset;
-    const QRectF knob(left, body.top() + inset, side, side);
+    const QRectF knob = placed(*this, QRectF(left, body.top() + inset, side, side), body);
     painter.setBrush(withOpacity(Qt::black, 0.14));
     painter.drawEllipse(knob.translated(0, 0.8));
     painter.setBrush(look.isContrast ? (isChecked() ? look.onAccent : look.text) : look.knob);

@@ -19,8 +19,10 @@ TextField::TextField(std::optional<LineSymbol> symbol, QWidget* parent)
     , m_symbol(symbol)
 {
     setFrame(false);
-    const int left = focusMargin + padding + (symbol ? symbolSide + padding / 2 : 0);
-    setTextMargins(left, focusMargin, focusMargin + padding, focusMargin);
+    const int first = focusMargin + padding + (symbol ? symbolSide + padding / 2 : 0);
+    const int last = focusMargin + padding;
+    setTextMargins(
+        isRightToLeft() ? last : first, focusMargin, isRightToLeft() ? first : last, focusMargin);
     // The field paints its own background; the style would fill the whole widget.
     QPalette palette;
     palette.setColor(QPalette::Base, Qt::transparent);
@@ -53,7 +55,7 @@ void TextField::paintEvent(QPaintEvent* event)
                                body.center().y() - symbolSide / 2.0,
                                symbolSide,
                                symbolSide);
-            paintSymbol(painter, *m_symbol, place, look.secondaryText);
+            paintSymbol(painter, *m_symbol, placed(*this, place, body), look.secondaryText);
         }
         // A field that is typed into always shows the focus.
         if (hasFocus()) {

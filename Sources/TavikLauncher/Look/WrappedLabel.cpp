@@ -70,17 +70,18 @@ void WrappedLabel::paintEvent(QPaintEvent* event)
         QLabel::paintEvent(event);
         return;
     }
-    const auto direction = text().isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
-    const Qt::Alignment shown = QStyle::visualAlignment(direction, alignment());
+    const Qt::Alignment shown = QStyle::visualAlignment(layoutDirection(), alignment());
     const QRect room = contentsRect();
     // Of the same count of lines, so that the height which the layout gave is the right one.
     const int width = wellFilledWidth(text(), font(), room.width());
     const QRect filled = QStyle::alignedRect(
         Qt::LeftToRight, shown & Qt::AlignHorizontal_Mask, QSize(width, room.height()), room);
     QPainter painter(this);
+    // A text is set as its own language is written, whatever the window's.
+    painter.setLayoutDirection(text().isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
     style()->drawItemText(&painter,
                           filled,
-                          static_cast<int>(shown) | Qt::TextWordWrap,
+                          static_cast<int>(shown) | Qt::AlignAbsolute | Qt::TextWordWrap,
                           palette(),
                           isEnabled(),
                           text(),

@@ -127,6 +127,20 @@ private Q_SLOTS:
         QVERIFY(fixture.settings.ringOpacity() < 0.82);
     }
 
+    void slidersGoTheOtherWayFromRightToLeft()
+    {
+        Slider slider;
+        slider.resize(200, slider.height());
+        for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+            slider.setLayoutDirection(direction);
+            QTest::mouseClick(&slider, Qt::LeftButton, {}, {190, slider.height() / 2});
+            QCOMPARE(slider.value(), direction == Qt::LeftToRight ? 99 : 0);
+            slider.setValue(20);
+            QTest::keyClick(&slider, Qt::Key_Left);
+            QCOMPARE(slider.value(), direction == Qt::LeftToRight ? 19 : 21);
+        }
+    }
+
     void colorsAreTypedAndMistypedOnesForgotten()
     {
         SettingsWindowFixture fixture;

@@ -65,7 +65,10 @@ public:
             isTaken(index) ? LineSymbol::check
                 : isPick   ? LineSymbol::plus
                            : LineSymbol::grip,
-            QRectF(row.right() - padding - glyph, row.center().y() - glyph / 2, glyph, glyph),
+            placed(
+                m_view,
+                QRectF(row.right() - padding - glyph, row.center().y() - glyph / 2, glyph, glyph),
+                row),
             isPick && !isTaken(index) ? look.accent : withOpacity(look.secondaryText, 0.7));
         painter->restore();
     }
@@ -105,7 +108,7 @@ private:
             row.left() + padding, row.center().y() - iconSide / 2.0, iconSide, iconSide);
         painter.setOpacity(isMissing ? 0.35 : 1);
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        painter.drawImage(place, image);
+        painter.drawImage(placed(m_view, place, row), image);
         painter.setOpacity(1);
     }
 
@@ -127,7 +130,7 @@ private:
             = [&](const QFont& font, const QString& text, double y, Qt::TextElideMode mode) {
                   const QFontMetricsF metrics(font);
                   painter.setFont(font);
-                  painter.drawText(QRectF(left, y, width, metrics.height()),
+                  painter.drawText(placed(m_view, QRectF(left, y, width, metrics.height()), row),
                                    Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                                    metrics.elidedText(text, mode, width));
               };

@@ -69,7 +69,7 @@ Card& SettingsPage::addCard(const QString& heading)
         m_column->insertSpacing(m_column->count() - 1, 16);
     } else {
         auto* label = new Label(Label::Role::heading, heading, widget());
-        label->setContentsMargins(textIndent, 20, 4, 7);
+        label->setContentsMargins(textIndent, 20, textIndent, 7);
         m_column->insertWidget(m_column->count() - 1, label);
     }
     auto* card = new Card(widget());

@@ -60,12 +60,11 @@ protected:
         const QColor ink = isChecked() ? look.onAccent : look.text;
         const QRectF place(
             body.left() + padding, body.center().y() - symbolSide / 2.0, symbolSide, symbolSide);
-        paintSymbol(painter, m_symbol, place, ink);
+        paintSymbol(painter, m_symbol, placed(*this, place, body), ink);
         painter.setFont(scaledFont(font(), 1, isChecked() ? QFont::DemiBold : QFont::Normal));
         painter.setPen(ink);
-        painter.drawText(QRectF(QPointF(place.right() + padding, body.top()), body.bottomRight()),
-                         Qt::AlignVCenter | Qt::AlignLeft,
-                         text());
+        const QRectF room(QPointF(place.right() + padding, body.top()), body.bottomRight());
+        painter.drawText(placed(*this, room, body), Qt::AlignVCenter | Qt::AlignLeft, text());
         if (showsFocus(*this)) {
             // Inside, in the text's colour: around it there is no room for a ring.
             painter.setBrush(Qt::NoBrush);

@@ -1,7 +1,11 @@
 # SPDX-License-Identifier: MIT
 """The ring as assistive technology sees it."""
 from harness import accessibility
+from harness.settings_window import BUTTON, ENVIRONMENT, SettingsWindow
 from harness.waiting import wait_until
+
+ANY_ALT_GR = 92  # Stands for it in every layout, without being on a keyboard.
+SECTIONS = ("general", "shortcut", "appearance", "theme", "permanentApps", "hints", "updates", "backup", "about")
 
 
 def wait_slots(desktop, *names, selected=None, text=None):
@@ -24,7 +28,7 @@ def test_the_slots_the_selection_and_the_filter_are_told(launcher, applications,
     launcher.pin(running, applications.add("Birch"), applications.add("Cedar"))
     desktop.open(running)
     display.wait_for("Alder")
-    launcher.start(environment={"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}).summon(640, 400)
+    launcher.start(environment=ENVIRONMENT).summon(640, 400)
     look("open")
     slots = wait_slots(desktop, "Alder", "Birch", "Cedar")
     assert [slot["description"] for slot in slots] == ["running, 1 of 3", "2 of 3", "3 of 3"]
@@ -39,7 +43,7 @@ def test_the_slots_the_selection_and_the_filter_are_told(launcher, applications,
 
 def test_what_the_filter_finds_is_announced(launcher, applications, desktop, display):
     launcher.pin(*map(applications.add, ("Cedar", "Alder", "Calla")))
-    launcher.start(environment={"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}).summon(640, 400)
+    launcher.start(environment=ENVIRONMENT).summon(640, 400)
     wait_slots(desktop, "Cedar", "Alder", "Calla")
     with accessibility.heard(desktop) as events:
         for letter, told, selected in (("c", "2 matches", "Calla"), ("e", "1 match", "Cedar"), ("z", "No matches", None)):
@@ -47,3 +51,23 @@ def test_what_the_filter_finds_is_announced(launcher, applications, desktop, dis
             wait_until(lambda: ("object:state-changed:showing", "notification", told) in events(), told)
             # The first slot has another application now, and the reader has spoken of it before.
             assert not selected or ("object:property-change:accessible-name", "push button", selected) in events()
+
+
+def controls(window):
+    return [node for node in window.nodes() if "focusable" in node["states"]]
+
+
+def test_the_pages_of_the_settings_and_what_comes_of_an_action_are_told(launcher, desktop, display):
+    window = SettingsWindow(launcher)
+    launcher.start(environment=ENVIRONMENT)
+    for section in SECTIONS:
+        window.open(section)
+        wait_until(lambda: len(controls(window)) >= len(SECTIONS), "the page is told")
+        assert all(node["name"] for node in controls(window)), section
+    window.open("shortcut")
+    with accessibility.heard(desktop) as events:
+        window.click(BUTTON, "Trigger shortcut: ")
+        window.control(BUTTON, "Trigger shortcut: Press")
+        with display.held("ctrl", ANY_ALT_GR, "e"):
+            pass
+        wait_until(lambda: any(event[1:2] == ("notification",) for event in events()), "the refusal is announced")

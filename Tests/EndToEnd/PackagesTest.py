@@ -188,6 +188,7 @@ def test_an_image_is_mounted_and_replaced_by_its_successor(packages, desktop, di
         accessibility.click(desktop, "Install and Relaunch")
         assert launcher.wait_exit(20) == 0
     wait_until(lambda: installed.read_bytes() == made + b"newer", "the successor has its place")
+    assert installed.stat().st_mode & 0o111 and not [*installed.parent.glob(".*Tavik*")], "and nothing else is left"
     wait_until(lambda: desktop.name_has_owner(BUS_NAME), "and runs", 20)
     wait_until(lambda: place not in mounts() and not pathlib.Path(place).exists(), "what the old one used is gone")
     launcher.command("--quit")

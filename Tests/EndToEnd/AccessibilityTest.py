@@ -70,4 +70,5 @@ def test_the_pages_of_the_settings_and_what_comes_of_an_action_are_told(launcher
         window.control(BUTTON, "Trigger shortcut: Press")
         with display.held("ctrl", ANY_ALT_GR, "e"):
             pass
-        wait_until(lambda: any(event[1:2] == ("notification",) for event in events()), "the refusal is announced")
+        shown = ("object:state-changed:showing", "notification")
+        wait_until(lambda: shown in {event[:2] for event in events()}, "the refusal is announced")

@@ -2,19 +2,15 @@
 #include <TavikLauncher/Languages/Languages.h>
 #include <TavikLauncher/Settings/LaunchHints.h>
 #include <TavikLauncher/Views/SettingsWindow/LauncherSettingsView.h>
-#include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
 #include <TavikLauncherPlatform/Texts.h>
 
-#include <QAbstractButton>
 #include <QApplication>
-#include <QLabel>
-#include <QLayout>
 #include <QScopeGuard>
-#include <QScrollArea>
 #include <QTest>
 #include <QTranslator>
 
 #include <Gallery/Scenes.h>
+#include <Support/CutTexts.h>
 #include <Support/MemoryUserDefaults.h>
 #include <Support/Table.h>
 #include <algorithm>
@@ -34,49 +30,6 @@ struct Spoken
 
     static QList<QTranslator*> catalogs() { return qApp->findChildren<QTranslator*>(); }
 };
-
-bool isScrolled(const QWidget& widget)
-{
-    const QWidget* above = widget.parentWidget();
-    return above && (qobject_cast<const SettingsPage*>(above) || isScrolled(*above));
-}
-
-bool isPartlyHidden(const QWidget& widget)
-{
-    return widget.visibleRegion().boundingRect() != widget.rect();
-}
-
-/// Every text that has less room than it needs.
-QStringList cutTexts(const QWidget& view)
-{
-    QStringList found;
-    for (const QLabel* label : view.findChildren<QLabel*>()) {
-        const int needed = label->hasHeightForWidth() ? label->heightForWidth(label->width())
-                                                      : label->sizeHint().height();
-        const bool isNarrow = !label->wordWrap() && label->width() < label->sizeHint().width();
-        if (label->isVisible() && !label->text().isEmpty()
-            && (isNarrow || label->height() < needed)) {
-            found << label->text();
-        }
-    }
-    for (const QAbstractButton* button : view.findChildren<QAbstractButton*>()) {
-        const QSize needed = button->minimumSizeHint();
-        if (button->isVisible()
-            && (button->width() < needed.width() || button->height() < needed.height()
-                || (isPartlyHidden(*button) && !isScrolled(*button)))) {
-            found << button->text() + button->accessibleName();
-        }
-    }
-    for (const QScrollArea* page : view.findChildren<QScrollArea*>()) {
-        if (page->isVisible() && page->widget()->width() > page->viewport()->width()) {
-            found << u"the page, which is too wide"_s;
-        }
-    }
-    if (view.layout() && view.layout()->totalMinimumHeightForWidth(view.width()) > view.height()) {
-        found << u"the whole"_s;
-    }
-    return found;
-}
 
 /// What the ring shows in its middle now and then.
 QStringList hints()

@@ -14,6 +14,7 @@
 #include <TavikLauncher/Views/Windows/ReindexView.h>
 
 #include <QApplication>
+#include <QLayout>
 #include <QLinearGradient>
 #include <QPainter>
 #include <QTest>
@@ -118,6 +119,12 @@ void focusOneOf(const QWidget& page)
     if (!controls.isEmpty()) {
         controls.at(controls.size() / 2)->setFocus(Qt::TabFocusReason);
     }
+}
+
+/// As its window fits it.
+void fit(QWidget& view)
+{
+    view.resize(view.width(), view.layout()->totalHeightForWidth(view.width()));
 }
 
 struct RingPicture : PanelFixture
@@ -266,7 +273,7 @@ void GalleryScenes::drawSmallWindows(const Keep& keep)
         keep(u"window-3-reindexing"_s, pictureOf(reindex), &reindex);
         desktop.workQueue.runAll();
         desktop.mainQueue.advance(2);
-        reindex.adjustSize();
+        fit(reindex);
         keep(u"window-4-reindexed"_s, pictureOf(reindex), &reindex);
     }
     appearance.reduced = true; // Nothing goes over into anything in a picture.
@@ -306,16 +313,16 @@ void GalleryScenes::drawUpdates(const Keep& keep)
     UpdateStatusView status(mainQueue, appearance);
     status.showDownload(u"2.1"_s, [] {});
     status.showDownloadProgress(9'100'000, 24'300'000);
-    status.adjustSize();
+    fit(status);
     keep(u"update-2-fetching"_s, pictureOf(status), &status);
     status.showReady(
         u"2.1"_s, [] {}, [] {});
-    status.adjustSize();
+    fit(status);
     keep(u"update-3-ready"_s, pictureOf(status), &status);
     UpdateMessageView message(
         {.title = u"You are up to date."_s, .text = u"Tavik Launcher 2.1 is the newest version."_s},
         [] {});
-    message.adjustSize();
+    fit(message);
     keep(u"update-4-message"_s, pictureOf(message), &message);
 }
 

@@ -24,15 +24,9 @@ void SymbolView::setScale(double scale)
     }
 }
 
-void SymbolView::setMargin(double margin)
-{
-    m_margin = margin;
-    updateGeometry();
-}
-
 QSize SymbolView::sizeHint() const
 {
-    const int side = static_cast<int>(std::ceil(m_side + 2 * m_margin));
+    const int side = static_cast<int>(std::ceil(m_side));
     return {side, side};
 }
 

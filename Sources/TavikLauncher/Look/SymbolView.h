@@ -23,8 +23,6 @@ public:
     /// Draws the symbol about its middle at `scale`; above 1 it needs room around it.
     void setScale(double scale);
     [[nodiscard]] double scale() const { return m_scale; }
-    /// Room around the symbol on every side, in points.
-    void setMargin(double margin);
 
     [[nodiscard]] QSize sizeHint() const override;
 
@@ -36,7 +34,6 @@ private:
     double m_side;
     ColorOf m_colorOf;
     double m_scale = 1;
-    double m_margin = 0;
 };
 
 } // namespace Tavik

@@ -37,8 +37,24 @@ int wellFilledWidth(const QString& text, const QFont& font, int width)
 {
     QTextLayout layout(text, font);
     const Lines widest = linesAt(width, layout);
-    const bool isFilled = widest.count < 2 || widest.last > width / 2.0;
-    return isFilled ? width : WrappedLabel::narrowestWidth(text, font, width);
+    constexpr double leastShare = 0.6;
+    const auto isFilled = [](const Lines& lines, int inWidth) {
+        return lines.count < 2 || lines.last > leastShare * inWidth;
+    };
+    if (isFilled(widest, width)) {
+        return width;
+    }
+    // As little narrower as does: even lines all through would leave much of the room empty.
+    const int narrowest = WrappedLabel::narrowestWidth(text, font, width);
+    constexpr int steps = 8;
+    for (int step = 1; step < steps; ++step) {
+        const int narrower = width - (width - narrowest) * step / steps;
+        const Lines lines = linesAt(narrower, layout);
+        if (lines.count == widest.count && isFilled(lines, narrower)) {
+            return narrower;
+        }
+    }
+    return narrowest;
 }
 
 } // namespace

@@ -5,9 +5,8 @@
 
 namespace Tavik {
 
-/// Plain text that wraps so that no word or two stand alone on the last line: such a text is set in
-/// lines of much the same length, and takes no more of them. Text that can be selected wraps as the
-/// toolkit has it.
+/// Plain text that wraps so that no word or two stand alone on the last line: such a text is set a
+/// little narrower, and takes no more lines. Text that can be selected wraps as the toolkit has it.
 class WrappedLabel : public QLabel
 {
     Q_OBJECT

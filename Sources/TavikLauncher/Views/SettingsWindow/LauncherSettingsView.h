@@ -24,7 +24,8 @@ class LauncherSettingsView final : public QWidget
 
 public:
     static constexpr QSize preferredSize{960, 700};
-    static constexpr QSize smallestSize{860, 620};
+    /// In points. Small texts leave a small screen room for the ring beside the window.
+    [[nodiscard]] static QSize smallestSize();
 
     explicit LauncherSettingsView(const SettingsDependencies& dependencies,
                                   QWidget* parent = nullptr);

@@ -49,7 +49,8 @@ OnboardingView::OnboardingView(const HotKeyConfig& hotKey, Actions actions, QWid
     , m_actions(std::move(actions))
 {
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(padding, padding - 4, padding, padding - 6);
+    // The buttons have a margin of their own, for the ring around the focused one.
+    layout->setContentsMargins(padding, padding - 4, padding - focusMargin, padding - 6);
     layout->setSpacing(0);
     layout->addLayout(makeHeader());
     layout->addSpacing(14);
@@ -106,7 +107,7 @@ QLayout* OnboardingView::makeRow(const TourRow& row, const QStringList& keys)
     auto* layout = new QHBoxLayout;
     // The symbols stand on the icon's axis.
     constexpr int aside = (iconSide - rowSymbol) / 2;
-    layout->setContentsMargins(aside, 0, 0, 0);
+    layout->setContentsMargins(aside, 0, focusMargin, 0);
     layout->setSpacing(aside + headerGap);
     layout->addWidget(symbol, 0, Qt::AlignTop);
     layout->addLayout(texts, 1);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Look/BusyIndicator.h>
+#include <TavikLauncher/Look/Look.h>
 #include <TavikLauncher/Look/SymbolView.h>
 #include <TavikLauncher/Look/WindowStyle.h>
 #include <TavikLauncher/Views/Windows/ReindexView.h>
@@ -27,8 +28,6 @@ constexpr int windowWidth = 400;
 constexpr int padding = 22;
 constexpr double headerSymbol = 26;
 constexpr double successSymbol = 44;
-/// The mark of success overshoots its size.
-constexpr double successRoom = 4;
 
 } // namespace
 
@@ -45,7 +44,8 @@ ReindexView::ReindexView(const ReindexSession::Dependencies& dependencies,
     , m_actions(std::move(actions))
 {
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(padding, padding, padding, padding);
+    // The buttons have a margin of their own, for the ring around the focused one.
+    layout->setContentsMargins(padding, padding, padding - focusMargin, padding - focusMargin);
     layout->setSpacing(14);
     layout->addLayout(makeHeader());
     m_explanation = makeExplanation();
@@ -80,7 +80,7 @@ QWidget* ReindexView::makeExplanation()
 {
     auto* body = new QWidget(this);
     auto* layout = new QVBoxLayout(body);
-    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setContentsMargins(0, 0, focusMargin, 0);
     layout->setSpacing(10);
     for (const QString& paragraph :
          {Texts::tr("Tavik Launcher keeps an index of every app in your Applications folders — it "
@@ -98,14 +98,12 @@ QWidget* ReindexView::makeSuccess()
 {
     auto* body = new QWidget(this);
     auto* layout = new QVBoxLayout(body);
-    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setContentsMargins(0, 0, focusMargin, 0);
     layout->setSpacing(10);
     layout->addStretch(1);
     auto* outcome = new QHBoxLayout;
-    outcome->setSpacing(12 - static_cast<int>(successRoom));
-    outcome->setContentsMargins(-static_cast<int>(successRoom), 0, 0, 0);
+    outcome->setSpacing(12);
     m_mark = new SymbolView(Symbol::checkmarkCircle, successSymbol, &WindowStyle::success, body);
-    m_mark->setMargin(successRoom);
     m_mark->setScale(m_session.markScale());
     m_count = makeLabel({}, {.size = 15, .weight = QFont::DemiBold}, body);
     outcome->addWidget(m_mark);
@@ -123,7 +121,7 @@ QLayout* ReindexView::makeButtons(MainQueue& mainQueue)
 {
     m_progress = new QWidget(this);
     auto* progress = new QHBoxLayout(m_progress);
-    progress->setContentsMargins(4, 0, 0, 0);
+    progress->setContentsMargins(focusMargin, 0, focusMargin, 0);
     progress->setSpacing(7);
     progress->addWidget(new BusyIndicator(mainQueue, m_progress));
     QLabel* scanning

@@ -25,7 +25,7 @@ constexpr double iconSide = 14;
 constexpr double rowText = 12;
 constexpr double headText = 13;
 constexpr double calloutText = 10;
-constexpr double dimming = 0.5;
+constexpr double dimming = 0.62; // Less could not be read on white.
 constexpr double panelRadius = 10;
 constexpr double bottomRoom = 6;
 

@@ -53,6 +53,9 @@ public:
     /// Asks a compositor that can to blur what is seen through this part of the window, in device
     /// pixels of the window; elsewhere nothing happens. An empty region asks for none.
     virtual void setBlurBehind(WId, const QRegion&) { }
+    /// Asks compositors to put no shadow around the square of an unmanaged window that is seen
+    /// through, and to blur nothing behind it but what was asked for.
+    virtual void declineShadow(WId) { }
     /// Has the toolkit hear of every step in which the user moves the window, also where it would
     /// hear only of the last one, and us of its virtual desktop; see `onDesktopChanged`. May be
     /// repeated.

@@ -76,3 +76,12 @@ def test_a_compositor_that_comes_and_goes_is_followed(ring, desktop, display, lo
     ring.summon(640, 400)
     look("without")
     assert_see_through(display, ring)
+
+
+@pytest.mark.desktop(has_compositor=False)
+def test_a_compositor_puts_no_shadow_around_the_rings_square(ring, desktop, display):
+    desktop.start_compositor("--shadow", "--shadow-exclude", "_GTK_FRAME_EXTENTS@:c")
+    ring.summon(640, 400)
+    frame = display.geometry(ring.window())
+    beside = display.picture().pixel(frame.x + frame.width + 4, frame.centre[1])
+    assert colour_distance(beside, BACKGROUND) <= 3, beside

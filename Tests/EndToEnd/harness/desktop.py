@@ -142,8 +142,8 @@ class Desktop:
         check = self.display.root_property("_NET_SUPPORTING_WM_CHECK")
         return check and self.display.property(check[0], "_NET_SUPPORTING_WM_CHECK")
 
-    def start_compositor(self):
-        process = self.spawn(COMPOSITOR, log="compositor")
+    def start_compositor(self, *arguments):
+        process = self.spawn([*COMPOSITOR, *arguments], log="compositor")
         wait_until(self.is_composited, "the compositor has taken the screen")
         return process
 

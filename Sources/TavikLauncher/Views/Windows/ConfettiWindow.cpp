@@ -60,6 +60,7 @@ public:
     {
         m_begin = m_dependencies.mainQueue.systemUptime();
         step();
+        m_dependencies.windowServer.declineShadow(winId());
         show();
         m_frames = m_dependencies.mainQueue.every(frameSeconds, [this] { step(); });
         m_close = m_dependencies.mainQueue.after(closeSeconds, [this] { close(); });

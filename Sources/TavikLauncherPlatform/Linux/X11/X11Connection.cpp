@@ -33,6 +33,7 @@ constexpr auto atomNames = std::to_array<const char*>({
     "_NET_WM_WINDOW_TYPE_DIALOG",
     "_NET_WM_WINDOW_TYPE_NORMAL",
     "_GTK_APPLICATION_ID",
+    "_GTK_FRAME_EXTENTS",
     "_KDE_NET_WM_DESKTOP_FILE",
     "_KDE_NET_WM_BLUR_BEHIND_REGION",
     "_BAMF_DESKTOP_FILE",

@@ -52,6 +52,7 @@ enum class X11Atom : std::size_t {
     netWmWindowTypeDialog,
     netWmWindowTypeNormal,
     gtkApplicationId,
+    gtkFrameExtents,
     kdeDesktopFile,
     kdeBlurBehindRegion,
     bamfDesktopFile,

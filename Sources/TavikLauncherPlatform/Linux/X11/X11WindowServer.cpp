@@ -98,6 +98,7 @@ void X11WindowServer::preparePanel(WId window)
     m_panel = static_cast<xcb_window_t>(window);
     m_focus.preparePanel(m_panel);
     if (!m_isPanelManaged) {
+        declineShadow(window);
         return;
     }
     awaitWithdrawal(m_panel);
@@ -142,6 +143,18 @@ void X11WindowServer::setBlurBehind(WId window, const QRegion& region)
     } else {
         setNumbers(m_toolkit, target, hint, XCB_ATOM_CARDINAL, places);
     }
+}
+
+void X11WindowServer::declineShadow(WId window)
+{
+    // As of a window that draws a shadow of its own. The usual settings of picom, which else treats
+    // all windows alike, leave such windows out.
+    constexpr std::array<uint32_t, 4> none{};
+    setNumbers(m_toolkit,
+               static_cast<xcb_window_t>(window),
+               m_atoms[X11Atom::gtkFrameExtents],
+               XCB_ATOM_CARDINAL,
+               none);
 }
 
 void X11WindowServer::setSkipsTaskbar(WId window, bool skips)

@@ -30,6 +30,7 @@ public:
     void setShape(WId window, const QRegion& region) override;
     void setSkipsTaskbar(WId window, bool skips) override;
     void setBlurBehind(WId window, const QRegion& region) override;
+    void declineShadow(WId window) override;
     void reportMoves(WId window) override;
     [[nodiscard]] bool isOnCurrentDesktop(WId window) const override;
     void takeKeyboardFocus(WId window) override;

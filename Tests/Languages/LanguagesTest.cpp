@@ -104,7 +104,7 @@ private Q_SLOTS:
                     enlarge(later);
                 }
                 if (qobject_cast<LauncherSettingsView*>(view)) {
-                    view->resize(LauncherSettingsView::smallestSize());
+                    view->resize(LauncherSettingsView::smallestSize);
                 } else if (later != atFirst) {
                     view->adjustSize(); // As its window does.
                 }

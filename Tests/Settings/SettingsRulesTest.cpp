@@ -213,6 +213,8 @@ private Q_SLOTS:
         QVERIFY(high.ringDiameterCap > 320);
         request.visibleFrame = {0, 0, 1024, 720};
         QCOMPARE(following(request, {0, 0, 860, 720}, 320).ringDiameterCap, 0);
+        request.visibleFrame = {0, 0, 1093, 614}; // 1366 pixels at a scale of 1.25.
+        QCOMPARE(following(request, {0, 0, 860, 614}, 320).ringDiameterCap, 193);
     }
 
     /// However the window moves, the ring neither covers it nor jumps while it stays at its side.

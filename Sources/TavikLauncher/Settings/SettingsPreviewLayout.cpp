@@ -70,14 +70,16 @@ struct Place
 struct Room
 {
     double side = 0; ///< The ring stands in its middle.
-    double diameter = 0; ///< With this the ring's own window stays on the screen.
+    double diameter = 0; ///< With this the ring's own window mostly stays on the screen.
 };
 
 Room roomIn(double space)
 {
     const double room = std::max(space - gap, 0.0);
     const double side = std::min(room, ringCap);
-    return {.side = side, .diameter = std::min(side, 2 * (room - side / 2) / panelShare)};
+    const double whole = std::min(side, 2 * (room - side / 2) / panelShare);
+    // Rather than no ring, one whose shadow leaves the screen.
+    return {.side = side, .diameter = whole < smallestDrawable ? side : whole};
 }
 
 Place rightOf(const QRectF& window, const QRectF& visible)

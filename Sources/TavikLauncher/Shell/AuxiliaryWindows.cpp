@@ -200,9 +200,9 @@ AuxiliaryWindowPointer AuxiliaryWindows::makeSettingsWindow()
     });
     // A screen may be smaller than the window would like to be at its scale.
     const std::optional<Screen> screen = activeScreen();
-    const QSize smallest = screen ? LauncherSettingsView::smallestSize().boundedTo(
+    const QSize smallest = screen ? LauncherSettingsView::smallestSize.boundedTo(
                                screen->visibleFrame.size().toSize() - QSize(0, roomForTitle))
-                                  : LauncherSettingsView::smallestSize();
+                                  : LauncherSettingsView::smallestSize;
     view->setMinimumSize(smallest);
     AuxiliaryWindowPointer made = makeWindow({.title = Texts::tr("Tavik Launcher Settings"),
                                               .size = LauncherSettingsView::preferredSize,

@@ -112,7 +112,7 @@ SettingsPreviewLayout::Request SettingsWindowPlace::layoutOn(const QRectF& visib
     return {
         .visibleFrame = visibleFrame,
         .dialogSize = QSizeF(LauncherSettingsView::preferredSize.width(), frame().height()),
-        .dialogMinWidth = static_cast<double>(LauncherSettingsView::smallestSize().width()),
+        .dialogMinWidth = static_cast<double>(LauncherSettingsView::smallestSize.width()),
     };
 }
 

@@ -114,7 +114,7 @@ private Q_SLOTS:
     void theWheelScrollsThePageUnlessASliderHasTheFocus()
     {
         SettingsWindowFixture fixture;
-        fixture.view.resize(LauncherSettingsView::smallestSize());
+        fixture.view.resize(LauncherSettingsView::smallestSize);
         SettingsPage& page = fixture.open(Section::theme);
         auto& slider = fixture.control<Slider>(u"ringOpacity"_s);
         page.ensureWidgetVisible(&slider);

@@ -31,7 +31,7 @@ LauncherSettingsView::LauncherSettingsView(const SettingsDependencies& dependenc
 {
     m_dependencies.beforeImport = &m_beforeImport;
     setWindowTitle(Texts::tr("Tavik Launcher Settings"));
-    setMinimumSize(smallestSize());
+    setMinimumSize(smallestSize);
     resize(preferredSize);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
@@ -56,15 +56,6 @@ LauncherSettingsView::LauncherSettingsView(const SettingsDependencies& dependenc
             showSection(SettingsSection::about.toString());
         });
     applyLook();
-}
-
-QSize LauncherSettingsView::smallestSize()
-{
-    constexpr double width = 760;
-    constexpr double growth = 200; // For texts of twice the size.
-    constexpr int height = 620;
-    return QSize(qRound(width + growth * std::max(textScale() - 1, 0.0)), height)
-        .boundedTo(preferredSize);
 }
 
 LauncherSettingsView::~LauncherSettingsView() = default;

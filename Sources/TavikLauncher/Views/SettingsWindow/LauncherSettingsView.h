@@ -24,8 +24,7 @@ class LauncherSettingsView final : public QWidget
 
 public:
     static constexpr QSize preferredSize{960, 700};
-    /// In points. Small texts leave a small screen room for the ring beside the window.
-    [[nodiscard]] static QSize smallestSize();
+    static constexpr QSize smallestSize{860, 620};
 
     explicit LauncherSettingsView(const SettingsDependencies& dependencies,
                                   QWidget* parent = nullptr);

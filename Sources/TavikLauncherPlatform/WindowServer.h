@@ -40,8 +40,10 @@ public:
     /// The panel has a place in the toolkit's plane, in points; for a window system that does not
     /// learn it from the toolkit.
     virtual void placePanel(WId, const QRect&) { }
-    /// The panel has just been shown, before its first frame, or will be hidden next.
-    virtual void panelShown(WId) { }
+    /// The panel has just been shown. Returns whether it may be painted; else `onPanelPlaced` tells
+    /// when.
+    [[nodiscard]] virtual bool panelShown(WId) { return true; }
+    /// The panel will be hidden next.
     virtual void panelHides(WId) { }
     /// Lets the pointer reach a window only there; device pixels, y growing downwards.
     virtual void setInputRegion(WId window, const QRegion& region) = 0;
@@ -87,6 +89,8 @@ public:
     /// Tells the desktop that the action has been carried out, so that nobody waits for a window.
     virtual void endActivation() = 0;
 
+    /// Called when a shown panel that had to wait for its place has got it.
+    std::function<void()> onPanelPlaced;
     /// Called while the panel has taken the keyboard, when the user has turned to something else:
     /// has clicked elsewhere or given the keyboard to another window. Also when it could not be
     /// had.

@@ -6,6 +6,7 @@
 #include <TavikLauncherPlatform/Linux/Applications/ThemeIconDecoder.h>
 #include <TavikLauncherPlatform/Linux/Desktops/DesktopShortcuts.h>
 #include <TavikLauncherPlatform/Linux/Desktops/DesktopWindows.h>
+#include <TavikLauncherPlatform/Linux/Desktops/NextBestWindows.h>
 #include <TavikLauncherPlatform/Linux/Desktops/ShortcutKeyEvents.h>
 #include <TavikLauncherPlatform/Linux/Desktops/ShortcutPermission.h>
 #include <TavikLauncherPlatform/Linux/Desktops/ToolkitKeyEvents.h>
@@ -141,17 +142,19 @@ void addX11Services(Platform& platform,
 /// server beside it, of its programs'. Without any applications can still be started.
 std::unique_ptr<WindowSource> windowSourceOfSession(MainQueue& mainQueue, WorkQueue& workQueue)
 {
-    if (auto source = windowSourceOfDesktop(workQueue)) {
-        return source;
-    }
+    using Made = std::unique_ptr<WindowSource>;
+    std::vector<NextBestWindows::Maker> makers;
+    makers.emplace_back(
+        [&mainQueue, &workQueue] { return windowSourceOfDesktop(mainQueue, workQueue); });
 #ifdef TAVIK_HAS_WAYLAND
-    if (auto source = ForeignToplevels::make()) {
-        return source;
-    }
+    makers.emplace_back([] { return Made(ForeignToplevels::make()); });
 #endif
-    const bool hasXServer = !qEnvironmentVariableIsEmpty("DISPLAY") && !X11Connection().isBroken();
-    return hasXServer ? std::make_unique<X11WindowTracker>(mainQueue)
-                      : std::unique_ptr<WindowSource>(std::make_unique<NoWindows>());
+    makers.emplace_back([&mainQueue] {
+        const bool hasXServer
+            = !qEnvironmentVariableIsEmpty("DISPLAY") && !X11Connection().isBroken();
+        return hasXServer ? Made(std::make_unique<X11WindowTracker>(mainQueue)) : nullptr;
+    });
+    return std::make_unique<NextBestWindows>(mainQueue, std::move(makers));
 }
 
 /// For a session without an X server that the toolkit speaks to.

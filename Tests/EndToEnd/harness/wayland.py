@@ -26,11 +26,13 @@ class WaylandDesktop(Desktop):
     program = ""  # What has to be installed.
     name = ""  # In $XDG_CURRENT_DESKTOP.
     is_heavy = False  # Only there where all desktops were installed.
+    hears_chords = True
 
     def __init__(self, has_x):
         super().__init__(DesktopOptions(window_manager="none", has_compositor=False))
         self.has_x = has_x
         self._session = {}
+        self.compositor = None
 
     @classmethod
     def missing(cls):
@@ -51,6 +53,14 @@ class WaylandDesktop(Desktop):
 
     def settle(self):
         """Waits until keys reach the programs."""
+
+    @contextlib.contextmanager
+    def hung(self):
+        self.compositor.send_signal(signal.SIGSTOP)
+        try:
+            yield
+        finally:
+            self.compositor.send_signal(signal.SIGCONT)
 
     @property
     def environment(self):
@@ -104,14 +114,6 @@ class Sway(WaylandDesktop):
         if self.has_x:  # It starts when it is first asked, and lets nobody in at first.
             wait_until(lambda: self.run(["xset", "q"]).returncode == 0, "the X server takes programs", timeout=20)
 
-    @contextlib.contextmanager
-    def hung(self):
-        self.compositor.send_signal(signal.SIGSTOP)
-        try:
-            yield
-        finally:
-            self.compositor.send_signal(signal.SIGCONT)
-
     def message(self, *words):
         answer = self.run(["swaymsg", *words])
         assert answer.returncode == 0, answer.stderr
@@ -132,18 +134,19 @@ class KWin(WaylandDesktop):
     program = "kwin_wayland"
     name = "KDE"
     is_heavy = True
+    hears_chords = False
 
     def _start_compositor(self):
         # The installed file has a capability that a container may not give, and then cannot be run.
         copy = shutil.copy(shutil.which(self.program), self.home)
-        compositor = self.spawn(
+        self.compositor = self.spawn(
             [copy, "--no-lockscreen", "--x11-display", self.display_name, "--width", str(self.options.width), "--height",
              str(self.options.height), "--socket", "wayland-test", *(["--xwayland"] if self.has_x else [])],
             {"KWIN_COMPOSE": "O2", "LIBGL_ALWAYS_SOFTWARE": "1"}, log="compositor")
         wait_until(lambda: self.name_has_owner("org.kde.kglobalaccel"), "KWin runs", timeout=30)
         session = {"WAYLAND_DISPLAY": "wayland-test", "KDE_FULL_SESSION": "true", "KDE_SESSION_VERSION": "5", "DISPLAY": ""}
         if self.has_x:
-            session["DISPLAY"] = wait_until(lambda: x_server_below(compositor.pid), "the X server runs", timeout=20)
+            session["DISPLAY"] = wait_until(lambda: x_server_below(self.compositor.pid), "the X server runs", timeout=20)
             session["XAUTHORITY"] = str(next((self.home / "runtime").glob("xauth_*"), ""))
         return session
 
@@ -161,7 +164,7 @@ class GnomeShell(WaylandDesktop):
             "MUTTER_DEBUG_DUMMY_MODE_SPECS": f"{self.options.width}x{self.options.height}"}
         with (self.home / "config" / "glib-2.0" / "settings" / "keyfile").open("a") as settings:
             settings.write("[org/gnome/desktop/notifications]\nshow-banners=false\n")
-        self.spawn(["gnome-shell", "--wayland", "--nested", "--unsafe-mode", "--wayland-display", "wayland-test",
+        self.compositor = self.spawn(["gnome-shell", "--wayland", "--nested", "--unsafe-mode", "--wayland-display", "wayland-test",
                     *([] if self.has_x else ["--no-x11"])], log="compositor")
         wait_until(lambda: self.name_has_owner("org.gnome.Shell"), "GNOME Shell runs", timeout=60)
         session = {**self._session, "WAYLAND_DISPLAY": "wayland-test", "DISPLAY": ""}

@@ -15,8 +15,12 @@ def report(path):
         "pid": os.getpid(), "parent": os.getppid(), "session": os.getsid(0), "folder": os.getcwd(),
         "environment": dict(os.environ),
     }
+    note(path, json.dumps(fields))
+
+
+def note(path, line):
     with open(path, "a", encoding="utf-8") as stream:
-        stream.write(json.dumps(fields) + "\n")
+        stream.write(line + "\n")
 
 
 def show_window(options):
@@ -64,6 +68,8 @@ def show_native_window(options):
     Gtk.StyleContext.add_provider_for_screen(Gdk.Screen.get_default(), style, 800)
     window = Gtk.Window(title=options.title)
     window.connect("destroy", Gtk.main_quit)
+    if options.report:
+        window.connect("key-press-event", lambda _, event: note(options.report, f"key {Gdk.keyval_name(event.keyval)}"))
     window.maximize()
     window.show()
     Gtk.main()

@@ -90,6 +90,11 @@ LauncherPanel::LauncherPanel(const Dependencies& dependencies,
         m_ring->updateShape();
         m_ring->update();
     };
+    m_dependencies.windowServer.onPanelPlaced = [this] {
+        setUpdatesEnabled(true);
+        // What was to be painted meanwhile has asked in vain, and does not ask again.
+        QCoreApplication::postEvent(this, new QEvent(QEvent::UpdateRequest));
+    };
     m_dependencies.windowServer.onPanelLeft = [this] {
         if (onResignKey) {
             onResignKey();
@@ -99,6 +104,7 @@ LauncherPanel::LauncherPanel(const Dependencies& dependencies,
 
 LauncherPanel::~LauncherPanel()
 {
+    m_dependencies.windowServer.onPanelPlaced = nullptr;
     m_dependencies.windowServer.onPanelLeft = nullptr;
     m_dependencies.windowServer.onCompositingChanged = nullptr;
 }
@@ -164,7 +170,7 @@ void LauncherPanel::orderFrontRegardless()
     setAcceptsKeyboard(m_activates);
     m_dependencies.windowServer.preparePanel(winId());
     show();
-    m_dependencies.windowServer.panelShown(winId());
+    setUpdatesEnabled(m_dependencies.windowServer.panelShown(winId()));
 }
 
 void LauncherPanel::makeKeyAndOrderFront()

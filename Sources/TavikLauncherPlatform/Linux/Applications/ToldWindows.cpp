@@ -75,6 +75,14 @@ void ToldWindows::takeActive(const QString& name)
     }
 }
 
+void ToldWindows::lose()
+{
+    take({}, QString());
+    if (onLost) {
+        onLost();
+    }
+}
+
 void ToldWindows::setActive(WindowId window)
 {
     if (std::exchange(m_active, window) != window && window != 0) {

@@ -40,6 +40,8 @@ protected:
     void take(const QList<Window>& windows, const std::optional<QString>& active);
     /// The window has the focus; an empty name stands for none.
     void takeActive(const QString& name);
+    /// Whoever told of windows has gone, or never will.
+    void lose();
 
 private:
     struct Remembered

@@ -53,6 +53,8 @@ public:
     std::function<void()> onWindowsChanged;
     /// Called when another window, or after a while none, has the focus.
     std::function<void()> onActiveWindowChanged;
+    /// Called when this can tell no more; the log says why.
+    std::function<void()> onLost;
 };
 
 /// For a session in which nobody tells of other programs' windows: everything can be started, and

@@ -8,7 +8,7 @@ namespace Tavik {
 
 using namespace Qt::StringLiterals;
 
-std::unique_ptr<WindowSource> windowSourceOfDesktop(WorkQueue& workQueue)
+std::unique_ptr<WindowSource> windowSourceOfDesktop(MainQueue& mainQueue, WorkQueue& workQueue)
 {
     if (const QString socket = qEnvironmentVariable("SWAYSOCK"); !socket.isEmpty()) {
         auto windows = std::make_unique<SwayWindows>(socket);
@@ -18,7 +18,7 @@ std::unique_ptr<WindowSource> windowSourceOfDesktop(WorkQueue& workQueue)
     }
     const QStringList desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':');
     if (desktops.contains(u"KDE"_s) && SessionBus::isOffered()) {
-        return std::make_unique<KWinWindows>(workQueue);
+        return std::make_unique<KWinWindows>(mainQueue, workQueue);
     }
     return nullptr;
 }

@@ -25,6 +25,8 @@ Q_LOGGING_CATEGORY(log, "tavik.platform.desktops")
 const QString service = u"org.kde.KWin"_s;
 const QString objectPath = u"/org/tavik/Launcher/Windows"_s;
 const QString scriptName = u"tavik-launcher"_s;
+/// Seconds. A script that has not spoken by then has failed; at a login there is much to do.
+constexpr double longestSilence = 10;
 
 /// Some of KWin's texts are bytes to a script, so each is made a text. Names of version 6 come
 /// first, those of version 5 after them.
@@ -58,7 +60,8 @@ QDBusMessage scriptingCall(const QString& method, const QVariantList& arguments)
 
 } // namespace
 
-KWinWindows::KWinWindows(WorkQueue& workQueue)
+KWinWindows::KWinWindows(MainQueue& mainQueue, WorkQueue& workQueue)
+    : m_mainQueue(mainQueue)
 {
     SessionBus::open(workQueue, this, [this](const QDBusConnection& bus) { opened(bus); });
 }
@@ -92,9 +95,7 @@ void KWinWindows::load()
     if (!m_script->open()
         || m_script->write(script.arg(m_bus->baseService(), objectPath).toUtf8()) < 0
         || !m_script->flush()) {
-        qCWarning(log,
-                  "The script for KWin cannot be written: %ls",
-                  qUtf16Printable(m_script->errorString()));
+        giveUp(m_script->errorString());
         return;
     }
     m_bus->send(scriptingCall(u"unloadScript"_s, {scriptName}));
@@ -111,10 +112,7 @@ void KWinWindows::run(const QDBusMessage& loaded)
     bool isNumber = false;
     const int number = loaded.arguments().value(0).toInt(&isNumber);
     if (loaded.type() != QDBusMessage::ReplyMessage || !isNumber || number < 0) {
-        qCWarning(log,
-                  "KWin takes no script, so what runs is not seen: %ls",
-                  qUtf16Printable(loaded.errorMessage().left(200)));
-        m_script.reset();
+        giveUp(loaded.errorMessage());
         return;
     }
     m_kwin = loaded.service();
@@ -123,12 +121,21 @@ void KWinWindows::run(const QDBusMessage& loaded)
         m_bus->send(QDBusMessage::createMethodCall(
             service, place.arg(number), u"org.kde.kwin.Script"_s, u"run"_s));
     }
+    m_silenceTask = m_mainQueue.after(longestSilence, [this] { giveUp(u"it says nothing"_s); });
 }
 
 void KWinWindows::forget()
 {
     m_kwin.clear();
+    m_silenceTask.cancel();
     take({}, QString());
+}
+
+void KWinWindows::giveUp(const QString& why)
+{
+    qCWarning(log, "KWin runs no script of ours: %ls", qUtf16Printable(why.left(200)));
+    m_script.reset();
+    lose();
 }
 
 bool KWinWindows::isFromKWin() const
@@ -142,6 +149,7 @@ void KWinWindows::tellWindows(const QString& words)
         return;
     }
     m_script.reset();
+    m_silenceTask.cancel();
     const QJsonObject told = QJsonDocument::fromJson(words.toUtf8()).object();
     QList<Window> windows;
     for (const QJsonValue& value : told[u"windows"_s].toArray()) {

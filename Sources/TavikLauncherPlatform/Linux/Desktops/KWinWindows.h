@@ -2,6 +2,7 @@
 #pragma once
 
 #include <TavikLauncherPlatform/Linux/Applications/ToldWindows.h>
+#include <TavikLauncherPlatform/MainQueue.h>
 
 #include <QDBusConnection>
 #include <QDBusContext>
@@ -25,7 +26,8 @@ class KWinWindows final : public QObject, public ToldWindows, protected QDBusCon
     Q_CLASSINFO("D-Bus Interface", "org.tavik.Launcher.Windows")
 
 public:
-    explicit KWinWindows(WorkQueue& workQueue);
+    /// The queues must outlive it.
+    KWinWindows(MainQueue& mainQueue, WorkQueue& workQueue);
     ~KWinWindows() override;
 
 public Q_SLOTS:
@@ -39,11 +41,14 @@ private:
     void load();
     void run(const QDBusMessage& loaded);
     void forget();
+    void giveUp(const QString& why);
     [[nodiscard]] bool isFromKWin() const;
 
+    MainQueue& m_mainQueue;
     std::optional<QDBusConnection> m_bus; ///< Present once it is open.
     std::unique_ptr<QTemporaryFile> m_script; ///< Until it has been read.
     QString m_kwin; ///< The connection that the script speaks over.
+    Task m_silenceTask; ///< While the script has not spoken.
 };
 
 } // namespace Tavik

@@ -66,7 +66,7 @@ SwayWindows::SwayWindows(const QString& socketPath)
         receive(type, message);
     };
     m_sway.onClosed = [this] {
-        take({}, QString());
+        lose();
     };
     m_sway.send(SwayConnection::Request::subscribe, R"(["window","workspace"])");
     ask();

@@ -79,7 +79,10 @@ ForeignToplevels::ForeignToplevels()
     if (m_manager) {
         static const zwlr_foreign_toplevel_manager_v1_listener listener{
             .toplevel = &Listeners::came,
-            .finished = [](void*, zwlr_foreign_toplevel_manager_v1*) {},
+            .finished =
+                [](void* data, zwlr_foreign_toplevel_manager_v1*) {
+                    static_cast<ForeignToplevels*>(data)->lose();
+                },
         };
         zwlr_foreign_toplevel_manager_v1_add_listener(m_manager.get(), &listener, this);
         m_connection.listen();

@@ -2,22 +2,15 @@
 #include <TavikLauncherPlatform/Linux/Wayland/WaylandPanel.h>
 
 #include <QGuiApplication>
-#include <QLoggingCategory>
 #include <QScreen>
 #include <QWindow>
 #include <qpa/qplatformnativeinterface.h>
 
-#include <chrono>
-#include <poll.h>
+#include <utility>
 
 namespace Tavik {
 
 namespace {
-
-Q_LOGGING_CATEGORY(log, "tavik.platform.wayland")
-
-/// The compositor answers a new surface within a few milliseconds. One that hangs must not hang us.
-constexpr std::chrono::milliseconds longestAnswer{250};
 
 template <typename T> T* resource(const char* name)
 {
@@ -44,12 +37,15 @@ struct WaylandPanel::Listeners
     configured(void* data, zwlr_layer_surface_v1* layer, uint32_t serial, uint32_t, uint32_t)
     {
         zwlr_layer_surface_v1_ack_configure(layer, serial);
-        static_cast<WaylandPanel*>(data)->m_isConfigured = true;
+        auto& panel = *static_cast<WaylandPanel*>(data);
+        if (!std::exchange(panel.m_isPlaced, true) && panel.onPlaced) {
+            panel.onPlaced();
+        }
     }
     static void closed(void* data, zwlr_layer_surface_v1*)
     {
         auto& panel = *static_cast<WaylandPanel*>(data);
-        panel.m_isConfigured = false;
+        panel.m_isPlaced = false;
         if (panel.onClosed) {
             panel.onClosed();
         }
@@ -63,19 +59,24 @@ WaylandPanel::WaylandPanel()
     if (!m_display || !m_compositor) {
         return;
     }
-    m_queue.reset(wl_display_create_queue(m_display));
+    // Asked over a queue of its own, so that nothing of the toolkit's is handled meanwhile.
+    const WaylandObject<wl_event_queue> queue(wl_display_create_queue(m_display));
     auto* wrapper = static_cast<wl_display*>(wl_proxy_create_wrapper(m_display));
-    wl_proxy_set_queue(reinterpret_cast<wl_proxy*>(wrapper), m_queue.get());
+    wl_proxy_set_queue(reinterpret_cast<wl_proxy*>(wrapper), queue.get());
     const WaylandObject<wl_registry> registry(wl_display_get_registry(wrapper));
     wl_proxy_wrapper_destroy(wrapper);
     static const wl_registry_listener listener{&Listeners::global, &Listeners::globalRemove};
     wl_registry_add_listener(registry.get(), &listener, this);
-    wl_display_roundtrip_queue(m_display, m_queue.get());
+    wl_display_roundtrip_queue(m_display, queue.get());
+    if (m_shell) {
+        // What it makes is told of where the toolkit handles what comes.
+        wl_proxy_set_queue(reinterpret_cast<wl_proxy*>(m_shell.get()), nullptr);
+    }
 }
 
 WaylandPanel::~WaylandPanel() = default;
 
-bool WaylandPanel::attach(QWindow& window, const QRect& place, bool takesKeyboard)
+void WaylandPanel::attach(QWindow& window, const QRect& place, bool takesKeyboard)
 {
     QPlatformNativeInterface* native = QGuiApplication::platformNativeInterface();
     QScreen* screen = QGuiApplication::screenAt(place.center());
@@ -84,10 +85,10 @@ bool WaylandPanel::attach(QWindow& window, const QRect& place, bool takesKeyboar
     }
     m_surface = static_cast<wl_surface*>(native->nativeResourceForWindow("surface", &window));
     if (!m_shell || !m_surface || !screen) {
-        return false;
+        return;
     }
     m_origin = screen->geometry().topLeft();
-    m_isConfigured = false;
+    m_isPlaced = false;
     m_layer.reset(zwlr_layer_shell_v1_get_layer_surface(
         m_shell.get(),
         m_surface,
@@ -107,42 +108,6 @@ bool WaylandPanel::attach(QWindow& window, const QRect& place, bool takesKeyboar
             m_layer.get(), ZWLR_LAYER_SURFACE_V1_INTERACTIVITY_EXCLUSIVE);
     }
     move(place);
-    if (!waitUntilConfigured()) {
-        qCWarning(log, "The compositor gives the ring no place");
-        detach();
-        return false;
-    }
-    // From now on the toolkit handles what comes.
-    wl_proxy_set_queue(reinterpret_cast<wl_proxy*>(m_layer.get()), nullptr);
-    wl_display_dispatch_queue_pending(m_display, m_queue.get());
-    return true;
-}
-
-/// Handles what comes over our own queue; the toolkit may read beside us, on a thread of its own.
-bool WaylandPanel::waitUntilConfigured()
-{
-    const auto deadline = std::chrono::steady_clock::now() + longestAnswer;
-    while (!m_isConfigured) {
-        if (wl_display_prepare_read_queue(m_display, m_queue.get()) != 0) {
-            if (wl_display_dispatch_queue_pending(m_display, m_queue.get()) < 0) {
-                return false;
-            }
-            continue;
-        }
-        wl_display_flush(m_display);
-        const auto left = std::chrono::ceil<std::chrono::milliseconds>(
-            deadline - std::chrono::steady_clock::now());
-        pollfd waited{.fd = wl_display_get_fd(m_display), .events = POLLIN, .revents = 0};
-        if (left.count() <= 0 || poll(&waited, 1, static_cast<int>(left.count())) == 0) {
-            wl_display_cancel_read(m_display);
-            return false;
-        }
-        if (wl_display_read_events(m_display) < 0
-            || wl_display_dispatch_queue_pending(m_display, m_queue.get()) < 0) {
-            return false;
-        }
-    }
-    return true;
 }
 
 void WaylandPanel::move(const QRect& place)
@@ -161,6 +126,19 @@ void WaylandPanel::takeKeyboard()
     wl_display_flush(m_display);
 }
 
+void WaylandPanel::whenAnswered(std::function<void()> answered)
+{
+    m_answered = std::move(answered);
+    m_answer.reset(wl_display_sync(m_display));
+    static const wl_callback_listener listener{[](void* data, wl_callback*, uint32_t) {
+        auto& panel = *static_cast<WaylandPanel*>(data);
+        panel.m_answer.reset();
+        std::exchange(panel.m_answered, {})();
+    }};
+    wl_callback_add_listener(m_answer.get(), &listener, this);
+    wl_display_flush(m_display);
+}
+
 void WaylandPanel::setInputRegion(const QRegion& region)
 {
     const WaylandObject<wl_region> input(wl_compositor_create_region(m_compositor));
@@ -172,9 +150,10 @@ void WaylandPanel::setInputRegion(const QRegion& region)
 
 void WaylandPanel::detach()
 {
+    m_answer.reset();
     m_layer.reset();
     m_surface = nullptr;
-    m_isConfigured = false;
+    m_isPlaced = false;
 }
 
 } // namespace Tavik

@@ -11,8 +11,9 @@ namespace Tavik {
 
 namespace {
 
-/// A compositor that has not told by then does not tell.
-constexpr std::chrono::milliseconds longestSearch{80};
+/// A compositor that has not told by then does not tell. Nothing else waits for it in a summon,
+/// which may take 80 ms at most.
+constexpr std::chrono::milliseconds longestSearch{70};
 constexpr uint32_t allEdges = ZWLR_LAYER_SURFACE_V1_ANCHOR_TOP | ZWLR_LAYER_SURFACE_V1_ANCHOR_BOTTOM
     | ZWLR_LAYER_SURFACE_V1_ANCHOR_LEFT | ZWLR_LAYER_SURFACE_V1_ANCHOR_RIGHT;
 

@@ -30,7 +30,7 @@ public:
     ~WaylandSentinels();
     Q_DISABLE_COPY_MOVE(WaylandSentinels)
 
-    /// Shows the surfaces and waits until the pointer is seen, at most for 80 ms; absent then.
+    /// Shows the surfaces and waits until the pointer is seen, at most for 70 ms; absent then.
     [[nodiscard]] std::optional<Place> locate();
     /// Leaves this part of an output to what lies below; points of the output.
     void spare(const QString& output, const QRegion& region);

@@ -2,6 +2,7 @@
 #include <TavikLauncherPlatform/Linux/Wayland/WaylandWindowServer.h>
 
 #include <QGuiApplication>
+#include <QLoggingCategory>
 #include <QScreen>
 #include <QTransform>
 #include <QWindow>
@@ -13,8 +14,11 @@ namespace Tavik {
 
 namespace {
 
+Q_LOGGING_CATEGORY(log, "tavik.platform.wayland")
+
 /// What has not got the keyboard by then does not get it.
 constexpr double takeSeconds = 0.25;
+constexpr double toolkitSeconds = 0.02;
 constexpr const char* activationToken = "XDG_ACTIVATION_TOKEN";
 
 QWindow* windowOf(WId id)
@@ -46,6 +50,13 @@ WaylandWindowServer::WaylandWindowServer(MainQueue& mainQueue)
     , m_sentinels(m_connection, [this] { leave(); })
 {
     m_connection.listen();
+    m_panel.onPlaced = [this] {
+        applyInputRegion();
+        expectKeyboard();
+        if (onPanelPlaced) {
+            onPanelPlaced();
+        }
+    };
     m_panel.onClosed = [this] {
         leave();
     };
@@ -77,23 +88,13 @@ void WaylandWindowServer::preparePanel(WId window)
     m_window = windowOf(window);
 }
 
-void WaylandWindowServer::panelShown(WId)
+bool WaylandWindowServer::panelShown(WId)
 {
-    if (!m_window || m_panel.isAttached()) {
-        return;
+    if (m_window && !m_panel.isAttached()) {
+        const bool takesKeyboard = !m_window->flags().testFlag(Qt::WindowDoesNotAcceptFocus);
+        m_panel.attach(*m_window, m_place, takesKeyboard);
     }
-    const bool takesKeyboard = !m_window->flags().testFlag(Qt::WindowDoesNotAcceptFocus);
-    if (m_panel.attach(*m_window, m_place, takesKeyboard)) {
-        applyInputRegion();
-        return;
-    }
-    // The toolkit would paint into a window without a role, until it waits for the compositor to
-    // give back what it was painted on.
-    m_refusedTask = m_mainQueue.after(0, [this] {
-        if (!m_panel.isAttached() && onPanelLeft) {
-            onPanelLeft();
-        }
-    });
+    return m_panel.isPlaced();
 }
 
 void WaylandWindowServer::placePanel(WId, const QRect& place)
@@ -146,19 +147,33 @@ void WaylandWindowServer::takeKeyboardFocusForPanel()
         return;
     }
     m_hadFocus = QGuiApplication::focusWindow() == m_window;
-    m_checkTask = m_mainQueue.after(takeSeconds, [this] {
-        if (QGuiApplication::focusWindow() != m_window) {
-            leave();
-        }
-    });
+    expectKeyboard();
     if (!m_panel.isAttached()) {
-        return; // The compositor has refused it.
+        return;
     }
     if (!m_sentinels.areShown()) {
         m_sentinels.show();
         applyInputRegion();
     }
     m_panel.takeKeyboard();
+}
+
+void WaylandWindowServer::expectKeyboard()
+{
+    if (!m_isWatched || !m_panel.isPlaced()) {
+        return;
+    }
+    m_checkTask = m_mainQueue.after(takeSeconds, [this] {
+        // The first frame may have taken us longer than that, and the toolkit tells later.
+        m_panel.whenAnswered([this] {
+            m_checkTask = m_mainQueue.after(toolkitSeconds, [this] {
+                if (m_isWatched && QGuiApplication::focusWindow() != m_window) {
+                    qCWarning(log, "The compositor gives the ring no keyboard");
+                    leave();
+                }
+            });
+        });
+    });
 }
 
 void WaylandWindowServer::returnKeyboardFocus()
@@ -192,7 +207,7 @@ bool WaylandWindowServer::hasKeyboardFocus(WId window) const
 
 bool WaylandWindowServer::isOnScreen(WId) const
 {
-    return m_panel.isAttached();
+    return m_panel.isPlaced();
 }
 
 void WaylandWindowServer::beginActivation(const Activation& activation)

@@ -25,12 +25,12 @@ public:
     ~WaylandWindowServer() override;
 
     /// Where the pointer is in the toolkit's plane; absent where the compositor does not tell.
-    /// Takes a round trip or two, and 80 ms at most.
+    /// Takes a round trip or two, and 70 ms at most.
     [[nodiscard]] std::optional<QPointF> pointer();
 
     [[nodiscard]] bool isPanelManaged() const override { return false; }
     void preparePanel(WId window) override;
-    void panelShown(WId window) override;
+    [[nodiscard]] bool panelShown(WId window) override;
     void placePanel(WId window, const QRect& place) override;
     void panelHides(WId window) override;
     void setInputRegion(WId window, const QRegion& region) override;
@@ -52,6 +52,7 @@ private:
     explicit WaylandWindowServer(MainQueue& mainQueue);
 
     void focusChanged(const QWindow* focused);
+    void expectKeyboard();
     void leave();
     void applyInputRegion();
 
@@ -64,7 +65,6 @@ private:
     QRegion m_inputRegion; ///< Of the panel, in its device pixels.
     bool m_isWatched = false; ///< The panel is to have the keyboard.
     bool m_hadFocus = false;
-    Task m_refusedTask; ///< Ends a panel that the compositor has given no place.
     Task m_unusedTask; ///< Hides sentinels that were only asked for the pointer.
     Task m_checkTask; ///< Whether the keyboard has been had in the end.
 };

@@ -3,7 +3,9 @@
 #include <TavikLauncherPlatform/Linux/Desktops/KdeShortcuts.h>
 #include <TavikLauncherPlatform/Linux/Desktops/NextBestWindows.h>
 
+#include <QDBusArgument>
 #include <QDBusMessage>
+#include <QDBusVirtualObject>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
@@ -12,7 +14,6 @@
 #include <Support/StepWorkQueue.h>
 #include <Support/Table.h>
 #include <Support/VirtualMainQueue.h>
-#include <atomic>
 
 using namespace Tavik;
 using namespace Tavik::Test;
@@ -20,104 +21,82 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The desktop's side, on a thread and a connection of its own: what it was asked, and what it
-/// says.
-class FakeService : public QObject
+/// KDE's side, on a thread and a connection of its own: what it was asked, and what it says.
+class FakeKde final : public QDBusVirtualObject
 {
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.kde.KGlobalAccel")
-
 public:
-    FakeService()
+    FakeKde()
     {
+        m_bus.registerVirtualObject(u"/"_s, this, QDBusConnection::SubPath);
+        m_bus.registerService(u"org.kde.kglobalaccel"_s);
+        m_bus.registerService(u"org.kde.KWin"_s);
         moveToThread(&m_thread);
         m_thread.start();
     }
-    ~FakeService() override
+    ~FakeKde() override
     {
         m_thread.quit();
         m_thread.wait();
     }
     /// After all that it has been asked before.
-    void onItsThread(const std::function<void(QDBusConnection&)>& act)
+    void onItsThread(const std::function<void()>& act)
     {
-        QMetaObject::invokeMethod(
-            this, [&] { act(m_bus); }, Qt::BlockingQueuedConnection);
+        QMetaObject::invokeMethod(this, act, Qt::BlockingQueuedConnection);
     }
-    void tell(const QString& signal, const QString& component)
+    void send(const QDBusMessage& message)
     {
-        auto message = QDBusMessage::createSignal(
-            u"/component/it"_s, u"org.kde.kglobalaccel.Component"_s, signal);
-        message << component << u"summon"_s << qlonglong{0};
-        onItsThread([&](QDBusConnection& bus) { bus.send(message); });
+        onItsThread([&] { m_bus.send(message); });
     }
-
-    [[nodiscard]] QStringList asked()
+    void tellOfKey(const QString& signal, const QString& component)
     {
-        QStringList all;
-        onItsThread([&](QDBusConnection&) { all = m_asked; });
-        return all;
+        send(QDBusMessage::createSignal(
+                 u"/component/it"_s, u"org.kde.kglobalaccel.Component"_s, signal)
+             << component << u"summon"_s << qlonglong{0});
     }
-    [[nodiscard]] QString lastAsked() { return asked().join(u'|').section(u'|', -1); }
-    void willAnswer(const QList<int>& answer, bool isFree)
+    void willAnswer(const QList<int>& keys, int script = 3)
     {
-        onItsThread([&](QDBusConnection&) {
-            m_asked.clear();
-            m_answer = answer;
-            m_isFree = isFree;
+        onItsThread([&] {
+            asked.clear();
+            m_keys = keys;
+            m_script = script;
         });
     }
-
-public Q_SLOTS:
-    void doRegister(const QStringList&) { }
-    QList<int> setShortcut(const QStringList& id, const QList<int>& keys, uint flags)
+    /// The last of its calls with that name; empty when there was none.
+    [[nodiscard]] QString last(const QString& method)
     {
-        m_asked << u"%1 %2 %3"_s.arg(id.front()).arg(keys.value(0), 0, 16).arg(flags);
-        return m_answer.isEmpty() ? keys : m_answer;
+        QString words;
+        onItsThread([&] { words = asked.value(method); });
+        return words;
     }
-    void setInactive(const QStringList&) { m_asked << u"inactive"_s; }
-    bool isGlobalShortcutAvailable(int, const QString&) { return m_isFree; }
+
+    QString introspect(const QString&) const override { return {}; }
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& bus) override
+    {
+        const QVariantList given = message.arguments();
+        QString words = u"called"_s;
+        QVariantList answer;
+        if (message.member() == u"setShortcut") {
+            const auto keys = qdbus_cast<QList<int>>(given.value(1));
+            words = u"%1 %2"_s.arg(keys.value(0), 0, 16).arg(given.value(2).toUInt());
+            answer = {QVariant::fromValue(m_keys.isEmpty() ? keys : m_keys)};
+        } else if (message.member() == u"isGlobalShortcutAvailable") {
+            answer = {m_keys.isEmpty()};
+        } else if (message.member() == u"loadScript") {
+            QFile script(given.value(0).toString());
+            words = script.open(QFile::ReadOnly) ? QString::fromUtf8(script.readAll()) : words;
+            answer = {m_script};
+        }
+        asked.insert(message.member(), words);
+        return bus.send(message.createReply(answer));
+    }
+
+    QHash<QString, QString> asked; ///< By the method.
 
 private:
-    QStringList m_asked;
-    QList<int> m_answer;
-    bool m_isFree = true;
     QDBusConnection m_bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"fake"_s);
+    QList<int> m_keys;
+    int m_script = 3;
     QThread m_thread;
-};
-
-class FakeScript final : public QObject
-{
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.kde.kwin.Script")
-
-public:
-    std::atomic_bool isRunning = false;
-
-public Q_SLOTS:
-    void run() { isRunning = true; }
-};
-
-/// KWin as far as scripts are concerned.
-class FakeKWin final : public QObject
-{
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.kde.kwin.Scripting")
-
-public:
-    QString reader; ///< The bus's name of whoever the script tells.
-    bool takesScripts = true;
-
-public Q_SLOTS:
-    bool unloadScript(const QString&) { return true; }
-    int loadScript(const QString& file, const QString&)
-    {
-        QFile script(file);
-        if (script.open(QFile::ReadOnly)) {
-            reader = QString::fromUtf8(script.readAll()).section(u'"', 1, 1);
-        }
-        return takesScripts ? 3 : -1;
-    }
 };
 
 /// What would be taken next.
@@ -142,20 +121,7 @@ class KdeTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        qputenv("XDG_RUNTIME_DIR", QFile::encodeName(m_folder.path()));
-        m_service.onItsThread([this](QDBusConnection& bus) {
-            bus.registerObject(u"/kglobalaccel"_s, &m_service, QDBusConnection::ExportAllSlots);
-            bus.registerObject(u"/Scripting"_s, &m_kwin, QDBusConnection::ExportAllSlots);
-            bus.registerObject(u"/3"_s, &m_script, QDBusConnection::ExportAllSlots);
-            QVERIFY(bus.registerService(u"org.kde.kglobalaccel"_s));
-            QVERIFY(bus.registerService(u"org.kde.KWin"_s));
-        });
-        m_kwin.moveToThread(m_service.thread());
-        m_script.moveToThread(m_service.thread());
-    }
-    void init() { m_script.isRunning = false; }
+    void initTestCase() { qputenv("XDG_RUNTIME_DIR", QFile::encodeName(m_folder.path())); }
 
     void theServiceIsAskedAndBelieved_data()
     {
@@ -168,7 +134,7 @@ private Q_SLOTS:
     void theServiceIsAskedAndBelieved()
     {
         const auto [answer, story, isServed] = fetch<QList<int>, QString, bool>();
-        m_service.willAnswer(answer, true);
+        m_kde.willAnswer(answer);
         QStringList told;
         StepWorkQueue workQueue;
         KdeShortcuts shortcuts(workQueue);
@@ -186,22 +152,22 @@ private Q_SLOTS:
         QVERIFY(!shortcuts.serves()); // No chords.
         QCOMPARE(bind(superK), 0);
         workQueue.runAll();
-        QTRY_COMPARE(m_service.asked(), QStringList{u"org.tavik.Launcher 1000004b 2"_s});
+        QTRY_COMPARE(m_kde.last(u"setShortcut"_s), u"1000004b 2"_s);
         QTRY_COMPARE(shortcuts.serves(), isServed);
         for (const QString& component : {u"another"_s, u"org.tavik.Launcher"_s}) {
-            m_service.tell(u"globalShortcutPressed"_s, component);
-            m_service.tell(u"globalShortcutReleased"_s, component);
+            m_kde.tellOfKey(u"globalShortcutPressed"_s, component);
+            m_kde.tellOfKey(u"globalShortcutReleased"_s, component);
         }
         QTRY_COMPARE(told.join(u' '), story);
-        // What is recorded here later stands above what was chosen there before.
-        m_service.willAnswer({}, !isServed);
-        QCOMPARE(bind(superK), 0);
-        QTRY_COMPARE(m_service.lastAsked(), u"org.tavik.Launcher 1000004b 6"_s);
         // It has only a moment to answer, which a busy machine may not give it.
+        m_kde.willAnswer(isServed ? QList<int>{1} : QList<int>{});
         QTRY_COMPARE(shortcuts.status(superK) == 0, !isServed);
-        m_service.willAnswer({}, true);
+        // What is recorded here later stands above what was chosen there before.
+        QCOMPARE(bind(superK), 0);
+        QTRY_COMPARE(m_kde.last(u"setShortcut"_s), u"1000004b 6"_s);
+        m_kde.willAnswer({});
         shortcuts.unbind();
-        QTRY_COMPARE(m_service.lastAsked(), u"inactive"_s);
+        QTRY_COMPARE(m_kde.last(u"setInactive"_s), u"called"_s);
     }
 
     void onlyKWinsOwnWordsCount()
@@ -210,7 +176,7 @@ private Q_SLOTS:
         StepWorkQueue workQueue;
         KWinWindows windows(mainQueue, workQueue);
         workQueue.runAll();
-        QTRY_VERIFY(m_script.isRunning);
+        QTRY_VERIFY(!m_kde.last(u"run"_s).isEmpty());
         tell(u"{}"_s);
         QTRY_VERIFY(windows.isReady());
         auto liar = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"liar"_s);
@@ -234,7 +200,7 @@ private Q_SLOTS:
     void whereItsScriptDoesNotRunTheNextListServes()
     {
         const auto [takesScripts, speaks] = fetch<bool, bool>();
-        m_kwin.takesScripts = takesScripts;
+        m_kde.willAnswer({}, takesScripts ? 3 : -1);
         VirtualMainQueue mainQueue;
         StepWorkQueue workQueue;
         NextBestWindows windows(
@@ -253,7 +219,7 @@ private Q_SLOTS:
         }
         workQueue.runAll();
         QTRY_COMPARE(mainQueue.pendingTasks(), 1); // It is refused, or is given time to speak.
-        QTRY_COMPARE(m_script.isRunning, takesScripts);
+        QTRY_COMPARE(!m_kde.last(u"run"_s).isEmpty(), takesScripts);
         if (speaks) {
             tell(u"{}"_s);
             QTRY_VERIFY(isTold);
@@ -264,23 +230,19 @@ private Q_SLOTS:
     }
 
 private:
-    [[nodiscard]] QDBusMessage words(const QString& told) const
+    [[nodiscard]] QDBusMessage words(const QString& told)
     {
-        return QDBusMessage::createMethodCall(m_kwin.reader,
+        const QString reader = m_kde.last(u"loadScript"_s).section(u'"', 1, 1);
+        return QDBusMessage::createMethodCall(reader,
                                               u"/org/tavik/Launcher/Windows"_s,
                                               u"org.tavik.Launcher.Windows"_s,
                                               u"tellWindows"_s)
             << told;
     }
-    void tell(const QString& told)
-    {
-        m_service.onItsThread([&](QDBusConnection& bus) { bus.send(words(told)); });
-    }
+    void tell(const QString& told) { m_kde.send(words(told)); }
 
     QTemporaryDir m_folder;
-    FakeKWin m_kwin;
-    FakeScript m_script;
-    FakeService m_service;
+    FakeKde m_kde;
 };
 
 QTEST_GUILESS_MAIN(KdeTest)

@@ -121,7 +121,7 @@ void KWinWindows::run(const QDBusMessage& loaded)
         m_bus->send(QDBusMessage::createMethodCall(
             service, place.arg(number), u"org.kde.kwin.Script"_s, u"run"_s));
     }
-    m_silenceTask = m_mainQueue.after(longestSilence, [this] { giveUp(u"it says nothing"_s); });
+    m_silenceTask = m_mainQueue.after(longestSilence, [this] { giveUp("it says nothing"_L1); });
 }
 
 void KWinWindows::forget()

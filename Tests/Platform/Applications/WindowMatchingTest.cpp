@@ -80,15 +80,19 @@ constexpr std::pair<const char*, const char*> installed[] = {
     {"org.tavik.Launcher", "Exec=tavik-launcher"},
 };
 
+SharedDesktopEntry entry(const QString& path, const QString& id, const QByteArray& text)
+{
+    return std::make_shared<DesktopEntry>(DesktopEntryFile::parse(
+        "[Desktop Entry]\nType=Application\nName=X\n" + text, path, id));
+}
+
 const DesktopEntries& entries()
 {
     static const DesktopEntries all = [] {
-        QList<DesktopEntry> list;
+        QList<SharedDesktopEntry> list;
         for (const auto& [id, text] : installed) {
-            list.append(DesktopEntryFile::parse("[Desktop Entry]\nType=Application\nName=X\n"
-                                                    + QByteArray(text),
-                                                u"/apps/%1.desktop"_s.arg(QLatin1String(id)),
-                                                QLatin1String(id)));
+            const QLatin1String name(id);
+            list.append(entry(u"/apps/%1.desktop"_s.arg(name), name, text));
         }
         return DesktopEntries(list);
     }();
@@ -254,16 +258,12 @@ private Q_SLOTS:
 
     void entriesMaskOthersWithTheirIdentifier()
     {
-        const auto entry = [](const QString& folder, const QString& id, const QByteArray& text) {
-            return DesktopEntryFile::parse(
-                "[Desktop Entry]\nType=Application\nName=X\n" + text, folder + id, id);
-        };
-        const DesktopEntries known({entry(u"/a/"_s, u"one"_s, "Exec=one\n"),
-                                    entry(u"/a/"_s, u"gone"_s, "Exec=x\nHidden=true\n"),
-                                    entry(u"/a/"_s, u"damaged"_s, ""),
-                                    entry(u"/b/"_s, u"one"_s, "Exec=other\n"),
-                                    entry(u"/b/"_s, u"gone"_s, "Exec=gone\n"),
-                                    entry(u"/b/"_s, u"damaged"_s, "Exec=damaged\n")});
+        const DesktopEntries known({entry(u"/a/one"_s, u"one"_s, "Exec=one\n"),
+                                    entry(u"/a/gone"_s, u"gone"_s, "Exec=x\nHidden=true\n"),
+                                    entry(u"/a/damaged"_s, u"damaged"_s, ""),
+                                    entry(u"/b/one"_s, u"one"_s, "Exec=other\n"),
+                                    entry(u"/b/gone"_s, u"gone"_s, "Exec=gone\n"),
+                                    entry(u"/b/damaged"_s, u"damaged"_s, "Exec=damaged\n")});
         QCOMPARE(known.withId(u"one"_s)->path, u"/a/one"_s);
         QVERIFY(!known.withId(u"gone"_s) && !known.withId(u"damaged"_s));
         QVERIFY(!known.withProgram(u"other"_s));

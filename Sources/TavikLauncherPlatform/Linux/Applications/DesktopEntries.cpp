@@ -3,6 +3,7 @@
 
 #include <QSet>
 
+#include <algorithm>
 #include <utility>
 
 namespace Tavik {
@@ -20,7 +21,7 @@ QString similar(QString name)
 
 } // namespace
 
-DesktopEntries::DesktopEntries(QList<DesktopEntry> entries)
+DesktopEntries::DesktopEntries(QList<SharedDesktopEntry> entries)
     : m_entries(std::move(entries))
 {
     QSet<QString> seen;
@@ -31,7 +32,7 @@ DesktopEntries::DesktopEntries(QList<DesktopEntry> entries)
     QList<qsizetype> standing;
     QList<qsizetype> images;
     for (qsizetype position = 0; position < m_entries.size(); ++position) {
-        const DesktopEntry& entry = m_entries.at(position);
+        const DesktopEntry& entry = *m_entries.at(position);
         const qsizetype before = seen.size();
         seen.insert(entry.id);
         if (entry.isImage) {
@@ -47,11 +48,11 @@ DesktopEntries::DesktopEntries(QList<DesktopEntry> entries)
     QSet<QString> started;
     if (!images.isEmpty()) {
         for (const qsizetype position : std::as_const(standing)) {
-            started.insert(m_entries.at(position).program);
+            started.insert(m_entries.at(position)->program);
         }
     }
     for (const qsizetype position : std::as_const(images)) {
-        const DesktopEntry& image = m_entries.at(position);
+        const DesktopEntry& image = *m_entries.at(position);
         if (image.isApplication && !started.contains(image.path)
             && !started.contains(image.path.section(u'/', -1))) {
             standing.append(position);
@@ -60,7 +61,7 @@ DesktopEntries::DesktopEntries(QList<DesktopEntry> entries)
     }
     // The whole of an ID is more than the end of another, so the ends come last.
     for (const qsizetype position : std::as_const(standing)) {
-        const QString id = similar(m_entries.at(position).id);
+        const QString id = similar(m_entries.at(position)->id);
         if (id.contains(u'.')) {
             add(m_similarIds, id.section(u'.', -1), position, Rivals::none);
         }
@@ -69,7 +70,7 @@ DesktopEntries::DesktopEntries(QList<DesktopEntry> entries)
 
 void DesktopEntries::addNames(qsizetype position)
 {
-    const DesktopEntry& entry = m_entries.at(position);
+    const DesktopEntry& entry = *m_entries.at(position);
     m_paths.insert(entry.path, position);
     m_ids.insert(entry.id, position);
     add(m_similarIds, similar(entry.id), position, Rivals::first);
@@ -93,13 +94,13 @@ void DesktopEntries::add(Index& index, const QString& key, qsizetype position, R
         index.insert(key, position);
         return;
     }
-    const DesktopEntry& challenger = m_entries.at(position);
+    const DesktopEntry& challenger = *m_entries.at(position);
     if (*found < 0) {
         const bool mayTake = *found == tiedWithArguments && !challenger.takesArguments;
         *found = mayTake && !challenger.isHidden ? position : *found;
         return;
     }
-    const DesktopEntry& holder = m_entries.at(*found);
+    const DesktopEntry& holder = *m_entries.at(*found);
     if (*found == position || rivals == Rivals::first) {
         *found = holder.isHidden && !challenger.isHidden ? position : *found;
     } else if (holder.isHidden != challenger.isHidden) {
@@ -116,7 +117,14 @@ void DesktopEntries::add(Index& index, const QString& key, qsizetype position, R
 const DesktopEntry* DesktopEntries::at(const Index& index, const QString& key) const
 {
     const auto found = index.constFind(key);
-    return found == index.cend() || *found < 0 ? nullptr : &m_entries.at(*found);
+    return found == index.cend() || *found < 0 ? nullptr : m_entries.at(*found).get();
+}
+
+bool DesktopEntries::operator==(const DesktopEntries& other) const
+{
+    return std::ranges::equal(m_entries, other.m_entries, [](const auto& left, const auto& right) {
+        return left == right || *left == *right;
+    });
 }
 
 const DesktopEntry* DesktopEntries::withPath(const QString& path) const

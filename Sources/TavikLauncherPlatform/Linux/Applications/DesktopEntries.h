@@ -17,10 +17,10 @@ class DesktopEntries
 public:
     DesktopEntries() = default;
     /// The most important first: of several entries with the same ID the first one counts.
-    explicit DesktopEntries(QList<DesktopEntry> entries);
+    explicit DesktopEntries(QList<SharedDesktopEntry> entries);
 
     /// Also those that do not count.
-    [[nodiscard]] const QList<DesktopEntry>& all() const { return m_entries; }
+    [[nodiscard]] const QList<SharedDesktopEntry>& all() const { return m_entries; }
     [[nodiscard]] const DesktopEntry* withPath(const QString& path) const;
     [[nodiscard]] const DesktopEntry* withId(const QString& id) const;
     /// Without regard to case, to blanks in place of dashes and to the domain before the name
@@ -33,7 +33,7 @@ public:
     /// it, unless just one of them starts it without arguments of its own.
     [[nodiscard]] const DesktopEntry* withProgram(const QString& program) const;
 
-    bool operator==(const DesktopEntries& other) const { return m_entries == other.m_entries; }
+    bool operator==(const DesktopEntries& other) const;
 
 private:
     using Index = QHash<QString, qsizetype>;
@@ -47,7 +47,7 @@ private:
     void add(Index& index, const QString& key, qsizetype position, Rivals rivals);
     void addNames(qsizetype position);
 
-    QList<DesktopEntry> m_entries;
+    QList<SharedDesktopEntry> m_entries;
     Index m_paths;
     Index m_ids;
     Index m_similarIds; ///< Here and below, a negative one for a name that tells nothing.

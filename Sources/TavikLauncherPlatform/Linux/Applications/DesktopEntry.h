@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
 #include <optional>
 
 namespace Tavik {
@@ -44,6 +45,9 @@ struct DesktopEntry
 
     bool operator==(const DesktopEntry&) const = default;
 };
+
+/// One that all who need it hold in common: there may be thousands.
+using SharedDesktopEntry = std::shared_ptr<const DesktopEntry>;
 
 namespace DesktopEntryFile {
 

@@ -8,34 +8,34 @@
 
 namespace Tavik {
 
-DesktopEntry DesktopEntryCache::read(const QString& path, const QString& id)
+SharedDesktopEntry DesktopEntryCache::read(const QString& path, const QString& id)
 {
     // Before the reading: what is written in between has another stamp.
     const Stamp stamp = stampOf(path);
-    if (std::optional<DesktopEntry> entry = known(path, id, stamp)) {
-        return *std::move(entry);
+    if (SharedDesktopEntry entry = known(path, id, stamp)) {
+        return entry;
     }
     const QMutexLocker reading(&m_reading.at(qHash(path) % m_reading.size()));
-    if (std::optional<DesktopEntry> entry = known(path, id, stamp)) {
-        return *std::move(entry);
+    if (SharedDesktopEntry entry = known(path, id, stamp)) {
+        return entry;
     }
-    const DesktopEntry entry = path.endsWith(QLatin1String(".desktop"))
-        ? DesktopEntryFile::read(path, id)
-        : m_images.entry(path);
+    SharedDesktopEntry entry = std::make_shared<DesktopEntry>(
+        path.endsWith(QLatin1String(".desktop")) ? DesktopEntryFile::read(path, id)
+                                                 : m_images.entry(path));
     const QMutexLocker lock(&m_mutex);
     ++m_reads;
     m_known.insert(path, {.stamp = stamp, .entry = entry});
     return entry;
 }
 
-std::optional<DesktopEntry>
+SharedDesktopEntry
 DesktopEntryCache::known(const QString& path, const QString& id, const Stamp& stamp) const
 {
     const QMutexLocker lock(&m_mutex);
     const auto found = m_known.constFind(path);
     const bool isCurrent
-        = found != m_known.cend() && found->stamp == stamp && found->entry.id == id;
-    return isCurrent ? std::optional(found->entry) : std::nullopt;
+        = found != m_known.cend() && found->stamp == stamp && found->entry->id == id;
+    return isCurrent ? found->entry : nullptr;
 }
 
 void DesktopEntryCache::keepOnly(const QSet<QString>& paths)

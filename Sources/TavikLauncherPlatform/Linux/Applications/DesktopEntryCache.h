@@ -9,7 +9,6 @@
 #include <QSet>
 
 #include <array>
-#include <optional>
 
 namespace Tavik {
 
@@ -20,7 +19,7 @@ class DesktopEntryCache
 public:
     /// The entry at `path`, or inside of the image there if it is not called ".desktop"; `id` is
     /// its desktop-file ID without the ending. A look at the file alone where nothing has changed.
-    [[nodiscard]] DesktopEntry read(const QString& path, const QString& id);
+    [[nodiscard]] SharedDesktopEntry read(const QString& path, const QString& id);
     [[nodiscard]] const AppImageContent& images() const { return m_images; }
     /// Forgets every entry but those at `paths`.
     void keepOnly(const QSet<QString>& paths);
@@ -42,11 +41,12 @@ private:
     struct Known
     {
         Stamp stamp;
-        DesktopEntry entry;
+        SharedDesktopEntry entry;
     };
     [[nodiscard]] static Stamp stampOf(const QString& path);
 
-    [[nodiscard]] std::optional<DesktopEntry>
+    /// Null where it has to be read.
+    [[nodiscard]] SharedDesktopEntry
     known(const QString& path, const QString& id, const Stamp& stamp) const;
 
     const AppImageContent m_images;

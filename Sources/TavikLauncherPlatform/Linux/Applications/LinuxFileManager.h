@@ -71,7 +71,7 @@ public:
 private:
     [[nodiscard]] bool isInApplicationFolder(const QString& path) const;
     [[nodiscard]] QString desktopFileIdentifier(const QString& path) const;
-    [[nodiscard]] DesktopEntry entry(const QString& path) const;
+    [[nodiscard]] SharedDesktopEntry entry(const QString& path) const;
     [[nodiscard]] std::optional<Bundle> contentOfBundle(const QString& path) const;
 
     MainQueue& m_mainQueue;

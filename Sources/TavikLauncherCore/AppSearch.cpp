@@ -196,8 +196,12 @@ QList<IndexedApp> results(const QString& query, const QList<IndexedApp>& apps, q
         return apps.first(std::min(effectiveLimit, apps.size()));
     }
     const SearchText wanted(trimmed);
+    const WordBeginnings beginnings = WordBeginnings::of(wanted.words());
     BestMatches best(apps, effectiveLimit);
     for (qsizetype index = 0; index < apps.size(); ++index) {
+        if (!apps[index].wordBeginnings().holds(beginnings)) {
+            continue;
+        }
         if (const auto score = scoreOf(wanted, apps[index].name())) {
             best.add({index, Rank::name, *score});
         } else if (const auto other = bestOf(wanted, apps[index].otherNames())) {

@@ -25,12 +25,17 @@ IndexedApp::IndexedApp(QString name,
     , m_bundleIdentifier(std::move(bundleIdentifier))
     , m_path(std::move(path))
     , m_icon(std::move(icon))
-{ }
+{
+    m_wordBeginnings.add(m_name);
+}
 
 IndexedApp IndexedApp::withOtherNames(QStringList otherNames) const
 {
     IndexedApp app = *this;
     app.m_otherNames = std::move(otherNames);
+    for (const QString& name : std::as_const(app.m_otherNames)) {
+        app.m_wordBeginnings.add(name);
+    }
     return app;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <TavikLauncherCore/AppIcon.h>
+#include <TavikLauncherCore/SearchText.h>
 
 #include <QString>
 #include <QStringList>
@@ -29,6 +30,8 @@ public:
     [[nodiscard]] const QString& path() const { return m_path; }
     [[nodiscard]] const AppIcon& icon() const { return m_icon; }
     [[nodiscard]] const QStringList& otherNames() const { return m_otherNames; }
+    /// Of all its names.
+    [[nodiscard]] WordBeginnings wordBeginnings() const { return m_wordBeginnings; }
 
     bool operator==(const IndexedApp& other) const;
 
@@ -38,6 +41,7 @@ private:
     QString m_path;
     AppIcon m_icon;
     QStringList m_otherNames;
+    WordBeginnings m_wordBeginnings;
 };
 
 } // namespace Tavik

@@ -54,4 +54,30 @@ bool SearchText::startsWith(const Word& word, QStringView prefix) const
         && m_isBoundary[static_cast<std::size_t>(offset + prefix.size())];
 }
 
+void WordBeginnings::add(QStringView text)
+{
+    bool isInWord = false;
+    for (const QChar character : text) {
+        const char16_t unit = character.unicode();
+        if (!PlainText::isPlain(unit)) {
+            m_bits = ~quint64{0}; // Only the whole comparison can tell.
+            return;
+        }
+        const bool isSeparator = PlainText::isSeparator(unit);
+        if (!isSeparator && !isInWord) {
+            add(PlainText::folded(unit));
+        }
+        isInWord = !isSeparator;
+    }
+}
+
+WordBeginnings WordBeginnings::of(const std::vector<SearchText::Word>& words)
+{
+    WordBeginnings beginnings;
+    for (const SearchText::Word& word : words) {
+        beginnings.add(word.text.front().unicode());
+    }
+    return beginnings;
+}
+
 } // namespace Tavik

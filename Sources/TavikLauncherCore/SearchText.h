@@ -67,4 +67,21 @@ namespace PlainText {
 
 } // namespace PlainText
 
+/// With which characters the words of some texts begin: a set that may hold more than it was
+/// given, so that most texts a query cannot match are told apart by one comparison.
+class WordBeginnings
+{
+public:
+    void add(QStringView text);
+    /// Whether all that `other` holds is here, too.
+    [[nodiscard]] bool holds(WordBeginnings other) const { return (other.m_bits & ~m_bits) == 0; }
+    /// Of words that are cut and folded already.
+    [[nodiscard]] static WordBeginnings of(const std::vector<SearchText::Word>& words);
+
+private:
+    void add(char16_t folded) { m_bits |= quint64{1} << (folded % 64); }
+
+    quint64 m_bits = 0;
+};
+
 } // namespace Tavik

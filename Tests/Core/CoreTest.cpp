@@ -177,7 +177,8 @@ private Q_SLOTS:
                 names.append(difficultText(random));
             }
             const QList<IndexedApp> apps = appsNamed(names);
-            const QString query = QStringList{u"a"_s, u"-"_s, u"b a"_s, u"ab"_s}[round % 4];
+            const QString query
+                = QStringList{u"a"_s, u"-"_s, u"b a"_s, u"ab"_s, u"É"_s, u"i"_s}[round % 6];
             QList<IndexedApp> expected;
             std::ranges::copy_if(apps, std::back_inserter(expected), [&](const IndexedApp& app) {
                 return AppSearch::score(query, app.name()).has_value();

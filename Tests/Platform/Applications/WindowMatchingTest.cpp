@@ -82,8 +82,8 @@ constexpr std::pair<const char*, const char*> installed[] = {
 
 SharedDesktopEntry entry(const QString& path, const QString& id, const QByteArray& text)
 {
-    return std::make_shared<DesktopEntry>(DesktopEntryFile::parse(
-        "[Desktop Entry]\nType=Application\nName=X\n" + text, path, id));
+    return std::make_shared<DesktopEntry>(
+        DesktopEntryFile::parse("[Desktop Entry]\nType=Application\nName=X\n" + text, path, id));
 }
 
 const DesktopEntries& entries()

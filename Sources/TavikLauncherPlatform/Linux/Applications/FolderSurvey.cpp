@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Applications/DirectoryNames.h>
 #include <TavikLauncherPlatform/Linux/Applications/FolderSurvey.h>
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -58,9 +58,7 @@ void addTurningPoints(const QString& folder, QStringList& points)
 QStringList foldersBelow(const QString& folder)
 {
     QStringList below;
-    const QStringList names
-        = QDir(folder).entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks, QDir::Name);
-    for (const QString& name : names) {
+    for (const QString& name : DirectoryNames::folders(folder)) {
         if (!name.endsWith(".app"_L1)) {
             below.append(childOf(folder, name));
         }

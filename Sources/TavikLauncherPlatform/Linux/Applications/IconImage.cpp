@@ -56,8 +56,11 @@ QImage renderedVector(const QByteArray& bytes, int side)
 
 QImage scaledPixels(QByteArray bytes, int side)
 {
+    // What nearly every icon is; to recognise anything else the toolkit loads all that it can read.
+    constexpr QByteArrayView pngSignature("\x89PNG\r\n\x1a\n");
+    const QByteArray format = bytes.startsWith(pngSignature) ? "png" : QByteArray();
     QBuffer buffer(&bytes);
-    QImageReader reader(&buffer);
+    QImageReader reader(&buffer, format);
     reader.setAutoTransform(true);
     const QSize announced = reader.size();
     if (!announced.isValid() || announced.width() > maxImageSide

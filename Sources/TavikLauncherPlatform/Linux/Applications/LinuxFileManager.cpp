@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Applications/ApplicationFolder.h>
+#include <TavikLauncherPlatform/Linux/Applications/DirectoryNames.h>
 #include <TavikLauncherPlatform/Linux/Applications/FolderWatcher.h>
 #include <TavikLauncherPlatform/Linux/Applications/LinuxFileManager.h>
 #include <TavikLauncherPlatform/Linux/Disk/AppImageFile.h>
@@ -16,7 +17,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <dirent.h>
 #include <filesystem>
 #include <utility>
 
@@ -32,34 +32,6 @@ using namespace Qt::StringLiterals;
 /// One of those that a watcher tells of changes.
 class Listener final : public QObject, public FolderWatch
 { };
-
-struct CloseDirectory
-{
-    void operator()(DIR* directory) const { ::closedir(directory); }
-};
-
-bool hasControlCharacter(const QString& text)
-{
-    return std::ranges::any_of(
-        text, [](QChar character) { return character.category() == QChar::Other_Control; });
-}
-
-/// The names in `folder` that a walk looks at, sorted; empty when it cannot be read. A name that
-/// is not valid text could not be opened again by its path, so it is left out.
-QStringList visibleNames(const QByteArray& folder)
-{
-    QStringList names;
-    const std::unique_ptr<DIR, CloseDirectory> directory(::opendir(folder.constData()));
-    while (const dirent* entry = directory ? ::readdir(directory.get()) : nullptr) {
-        const QByteArray raw(entry->d_name);
-        const QString name = QFile::decodeName(raw);
-        if (!raw.startsWith('.') && !hasControlCharacter(name) && QFile::encodeName(name) == raw) {
-            names.append(name);
-        }
-    }
-    std::ranges::sort(names);
-    return names;
-}
 
 /// What an application at `path` would be; absent for what is none by its name or first bytes.
 std::optional<Bundle::Kind> kindOf(const QString& path)
@@ -90,7 +62,7 @@ void walkFrom(const QString& path, const FileManager::Visit& visit);
 
 void walk(const QString& folder, const FileManager::Visit& visit)
 {
-    for (const QString& name : visibleNames(QFile::encodeName(folder))) {
+    for (const QString& name : DirectoryNames::all(folder)) {
         walkFrom(folder % u'/' % name, visit); // In no more memory than it needs.
     }
 }

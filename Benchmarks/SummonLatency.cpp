@@ -4,10 +4,12 @@
 // changed pixel in the middle of the screen. Several programs are measured in turn within each
 // round, so that other work on the machine burdens all alike.
 //
-//   SummonLatency [--rounds N] [--warm-up N] [--type KEY] (NAME=CHORD | NAME=run:COMMAND)...
+//   SummonLatency [--rounds N] [--warm-up N] [--type KEY]
+//                 (NAME=CHORD | NAME=run:COMMAND | NAME=toggle:COMMAND)...
 //
 // Each chord must show a window over the middle of the screen, and hide it again. A command, which
-// the shell runs as a desktop's own shortcut would, must show one that Escape hides. With --type,
+// the shell runs as a desktop's own shortcut would, must show one that Escape hides, or, with
+// "toggle", that hides when the command runs again. With --type,
 // what is measured is that key in the window that is shown. Rounds to warm up (3) are not counted.
 // Prints NAME, median, 95th percentile and maximum in milliseconds, and the number of rounds
 // without an answer, separated by tabs.
@@ -49,6 +51,7 @@ struct Target
     std::string name;
     KeyPresser::Chord chord; ///< What shows it, unless a command does, and what hides it.
     std::string command;
+    bool isHiddenByCommand = false;
     std::vector<double> milliseconds;
     int missed = 0;
 };
@@ -64,6 +67,7 @@ struct Options
 std::optional<Target> parseTarget(std::string_view argument, const KeyPresser& presser)
 {
     constexpr std::string_view commandPrefix = "run:";
+    constexpr std::string_view togglePrefix = "toggle:";
     const auto separator = argument.find('=');
     if (separator == std::string_view::npos) {
         return std::nullopt;
@@ -73,6 +77,11 @@ std::optional<Target> parseTarget(std::string_view argument, const KeyPresser& p
                   .command = {},
                   .milliseconds = {}};
     auto how = argument.substr(separator + 1);
+    if (how.starts_with(togglePrefix)) {
+        target.command = how.substr(togglePrefix.size());
+        target.isHiddenByCommand = true;
+        return target;
+    }
     if (how.starts_with(commandPrefix)) {
         target.command = how.substr(commandPrefix.size());
         how = "Escape";
@@ -191,7 +200,11 @@ void measureOnce(
     }
     note(target, result, isWarmUp);
 
-    presser.strike(target.chord);
+    if (target.isHiddenByCommand) {
+        run(target.command);
+    } else {
+        presser.strike(target.chord);
+    }
     if (!screen.waitForLook(wholeArea, quiet, patience)) {
         std::fprintf(stderr, "%s did not hide\n", target.name.c_str());
     }
@@ -228,7 +241,7 @@ int main(int argc, char** argv)
     auto options = parse({argv + 1, argv + argc}, presser);
     if (!options) {
         std::fputs("usage: SummonLatency [--rounds N] [--warm-up N] [--type KEY] "
-                   "(NAME=CHORD | NAME=run:COMMAND)...\n",
+                   "(NAME=CHORD | NAME=run:COMMAND | NAME=toggle:COMMAND)...\n",
                    stderr);
         return 2;
     }

@@ -190,10 +190,10 @@ int main(int argc, char** argv)
     saveMemory();
     // Processes of ours are waited for, whatever we were started to ignore.
     std::signal(SIGCHLD, SIG_DFL);
-    CommandLine commandLine = CommandLine::parse(argumentList(argc, argv));
+    const QStringList arguments = argumentList(argc, argv);
+    CommandLine commandLine = CommandLine::parse(arguments);
     if (commandLine.answer) {
         // In the user's language, for which catalogs are needed, and for these the toolkit.
-        const QStringList arguments = argumentList(argc, argv);
         QCoreApplication application(argc, argv);
         Languages::speak(application, Languages::chosen(QLocale::system().uiLanguages()));
         commandLine = CommandLine::parse(arguments);

@@ -60,6 +60,7 @@ void SettingsDiagram::paintEvent(QPaintEvent*)
                           DiagramRow{Texts::tr("Full Disk Access"), Symbol::drive, false},
                           DiagramRow{Texts::tr("Accessibility"), Symbol::figure, true}};
     QPainter painter(this);
+    painter.setLayoutDirection(Qt::LeftToRight); // As it is drawn, wherever it stands.
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF panel = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
     painter.setPen(QPen(WindowStyle::hairline(palette()), 1));

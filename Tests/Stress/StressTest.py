@@ -70,7 +70,8 @@ class Possessions:
         self.threads = len(os.listdir(f"/proc/{pid}/task"))
         self.resources = self._resources(launcher.display.connection, pid)
         rollup = pathlib.Path(f"/proc/{pid}/smaps_rollup").read_text()
-        self.megabytes = next(int(line.split()[1]) / 1024 for line in rollup.splitlines() if line.startswith("Pss:"))
+        # Its own: what it shares with others of its kind counts for less while they run.
+        self.megabytes = next(int(line.split()[1]) / 1024 for line in rollup.splitlines() if line.startswith("Pss_Anon:"))
 
     @staticmethod
     def _resources(connection, pid):

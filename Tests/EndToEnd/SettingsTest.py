@@ -378,7 +378,7 @@ def test_the_ring_follows_the_window_to_another_screen_and_to_its_other_side(lau
 
 
 @pytest.mark.desktop(**LARGE)
-def test_the_window_has_the_keyboard_again_when_its_tour_has_gone(launcher, window, display):
+def test_the_window_has_the_keyboard_again_when_its_tour_or_the_ring_has_gone(launcher, window, display):
     launcher.start(environment=ENVIRONMENT)
     window.open("about")
     window.click(BUTTON, "Repeat Tour")
@@ -386,12 +386,6 @@ def test_the_window_has_the_keyboard_again_when_its_tour_has_gone(launcher, wind
     wait_until(lambda: display.has_focus(tour), "the tour has the keyboard")
     display.press("Return")
     wait_until(lambda: display.has_focus(window.window()), "the settings have it again")
-
-
-@pytest.mark.desktop(**LARGE)
-def test_the_window_has_the_keyboard_again_when_the_ring_has_gone(launcher, window, display):
-    launcher.start(environment=ENVIRONMENT)
-    window.open()
     launcher.summon(1200, 400)
     display.press("Escape")
     launcher.wait_hidden()
@@ -428,19 +422,17 @@ def test_the_window_is_light_and_dark_as_the_desktop_asks(launcher, window, apps
                    what)
         look(what)
 
+    dark, light = (0x1E, 0x1F, 0x22), (0xF4, 0xF5, 0xF7)
     window.open("theme")
-    wait_ground((0x1E, 0x1F, 0x22), "dark from the start")
-    portal.prefer("light")
-    wait_ground((0xF4, 0xF5, 0xF7), "light at once")
-    portal.prefer("dark")
-    wait_ground((0x1E, 0x1F, 0x22), "dark again")
-    portal.prefer("none")
-    wait_ground((0xF4, 0xF5, 0xF7), "the usual look")
+    wait_ground(dark, "dark from the start")
+    for scheme, ground in (("light", light), ("dark", dark), ("none", light)):
+        portal.prefer(scheme)
+        wait_ground(ground, f"{scheme} at once")
     # What was drawn for one opening is drawn again for the next.
     window.close()
     portal.prefer("dark")
     window.open("about")
-    wait_ground((0x1E, 0x1F, 0x22), "dark when opened anew")
+    wait_ground(dark, "dark when opened anew")
     portal.prefer("contrast")
     wait_ground((0, 0, 0), "nothing but black and white")
 

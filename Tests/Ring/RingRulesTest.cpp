@@ -94,14 +94,10 @@ private Q_SLOTS:
         const Table<int, double, int> row;
         row("top", 4, 0.0, 0);
         row("right", 4, 90.0, 1);
-        row("bottom", 4, 180.0, 2);
-        row("left", 4, 270.0, 3);
         row("just before a boundary", 4, 44.99, 0);
         row("just after a boundary", 4, 45.01, 1);
         row("last slot reaches up to the top one", 4, 314.9, 3);
         row("left of the top still belongs to slot 0", 4, 315.1, 0);
-        row("one slot owns the whole band", 1, 200.0, 0);
-        row("many slots", 24, 352.4, 23);
     }
     void slotAtFindsTheWedgeUnderThePoint()
     {

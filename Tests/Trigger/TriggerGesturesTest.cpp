@@ -37,6 +37,9 @@ struct Gestured
     void play(const QString& script)
     {
         using enum TriggerGestures::Shortcut;
+        static const QHash<QChar, ReleaseReason> reasons{{u'R', ReleaseReason::chordReleased},
+                                                         {u'U', ReleaseReason::unregistered},
+                                                         {u'N', ReleaseReason::neverHeld}};
         for (const QString& step : script.split(u' ')) {
             const double time = step.mid(1).toDouble();
             switch (step.front().unicode()) {
@@ -44,13 +47,9 @@ struct Gestured
                 gestures.press(modifierOnly, time);
                 break;
             case u'R':
-                gestures.release(modifierOnly, ReleaseReason::chordReleased, time);
-                break;
             case u'U':
-                gestures.release(modifierOnly, ReleaseReason::unregistered, time);
-                break;
             case u'N':
-                gestures.release(modifierOnly, ReleaseReason::neverHeld, time);
+                gestures.release(modifierOnly, reasons.value(step.front()), time);
                 break;
             case u'E':
                 isVisible = isPinned = false;

@@ -3,6 +3,7 @@
 #include <TavikLauncher/Views/Ring/CenterLayout.h>
 #include <TavikLauncher/Views/Ring/IconSpriteDecoder.h>
 #include <TavikLauncher/Views/Ring/SlotPainter.h>
+#include <TavikLauncher/Views/Ring/ToastPill.h>
 
 #include <QFontMetricsF>
 #include <QGuiApplication>
@@ -156,6 +157,25 @@ private Q_SLOTS:
             = u"Alderwood Collaborative Photograph Retouching Environment Enterprise"_s;
         const QStringList lines = CenterLayout::labels(ring).front().text.split(u'\n');
         QVERIFY(lines.front().startsWith(u"Alder") && lines.back().endsWith(u"Enterprise"));
+    }
+
+    void theSelectedIsPaintedOverItsNeighbours()
+    {
+        RingScene ring = scene(320, 80);
+        ring.selectedSlot = 0;
+        QImage picture(50, 50, QImage::Format_ARGB32_Premultiplied);
+        for (const Qt::GlobalColor color : {Qt::red, Qt::blue}) {
+            picture.fill(color);
+            ring.icons.append({.center = {160, 50}, .icon = picture, .isRunning = true});
+        }
+        QImage image(320, 320, QImage::Format_ARGB32_Premultiplied);
+        QPainter painter(&image);
+        SlotPainter::paintSlots(painter, ring, [](const QRectF&) { return true; });
+        QCOMPARE(image.pixelColor(160, 50), QColor(Qt::red));
+        // White text can be read on the faintest label, whatever lies below.
+        painter.fillRect(image.rect(), Qt::white);
+        ToastPill{.opacity = 0}.paint(painter, QRectF(100, 100, 80, 30));
+        QVERIFY(image.pixelColor(140, 115).lightness() < 118);
     }
 
     void theMarkIsFullForWhatRunsAndHollowForWhatStarts_data()

@@ -136,6 +136,11 @@ private Q_SLOTS:
             QTest::mouseClick(&slider, Qt::LeftButton, {}, {190, slider.height() / 2});
             QCOMPARE(slider.value(), direction == Qt::LeftToRight ? 99 : 0);
             slider.setValue(20);
+            // Gripped beside its middle, the knob does not jump.
+            const QPoint knob(direction == Qt::LeftToRight ? 48 : 152, slider.height() / 2);
+            QTest::mousePress(&slider, Qt::LeftButton, {}, knob + QPoint(6, 0));
+            QCOMPARE(slider.value(), 20);
+            QTest::mouseRelease(&slider, Qt::LeftButton, {}, knob);
             QTest::keyClick(&slider, Qt::Key_Left);
             QCOMPARE(slider.value(), direction == Qt::LeftToRight ? 19 : 21);
         }

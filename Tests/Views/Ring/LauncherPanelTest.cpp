@@ -98,18 +98,6 @@ private Q_SLOTS:
         QCOMPARE(fixture.windowServer.calls.count(u"return focus"_s), 1);
     }
 
-    void thePointerReachesTheDiscAndNotItsCorners()
-    {
-        PanelFixture fixture;
-        fixture.showRing();
-        const QRegion reached = fixture.windowServer.inputRegion;
-        const int margin = qRound(fixture.panel->width() * (1 - 1 / 1.1) / 2);
-        QVERIFY(reached.contains(center));
-        QVERIFY(reached.contains(QPoint(center.x(), margin + 1)));
-        QVERIFY(!reached.contains(QPoint(center.x(), margin - 2)));
-        QVERIFY(!reached.contains(QPoint(margin + 10, margin + 10)));
-    }
-
     void previewNeitherTakesTheKeyboardNorLosesIt()
     {
         PanelFixture fixture;

@@ -182,6 +182,8 @@ private Q_SLOTS:
         QCOMPARE(previews(Section::general, u"fillsRingWithRecentApps"_s), 1);
         QCOMPARE(previews(Section::general, u"searchesAllApps"_s), 0);
         QCOMPARE(previews(Section::appearance, u"keepsCenterHintVisible"_s), 1);
+        fixture.open(Section::theme); // Is seen from the start.
+        QCOMPARE(fixture.previews, 2);
     }
 
     void whatOthersRuleOutIsDisabled()

@@ -13,7 +13,6 @@
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QTest>
-#include <QVBoxLayout>
 #include <QWheelEvent>
 
 using namespace Tavik;
@@ -43,28 +42,6 @@ void scroll(QWidget& widget, int delta)
     QSpontaneKeyEvent::setSpontaneous(&event);
     qApp->notify(&widget, &event);
 }
-
-/// Puts the view into a window, as the program does, for as long as it lives.
-class Framed final
-{
-public:
-    explicit Framed(LauncherSettingsView& view)
-        : m_view(view)
-    {
-        auto* layout = new QVBoxLayout(&m_window);
-        layout->setContentsMargins({});
-        layout->addWidget(&view);
-        m_window.resize(LauncherSettingsView::preferredSize);
-        m_window.show();
-    }
-    ~Framed() { m_view.setParent(nullptr); }
-    Framed(const Framed&) = delete;
-    Framed& operator=(const Framed&) = delete;
-
-private:
-    LauncherSettingsView& m_view;
-    QWidget m_window;
-};
 
 } // namespace
 
@@ -220,7 +197,7 @@ private Q_SLOTS:
     void colorsFollowTheDesktopAtOnce()
     {
         SettingsWindowFixture fixture;
-        const Framed frame(fixture.view);
+        fixture.view.resize(LauncherSettingsView::preferredSize);
         QApplication::setPalette(QPalette(QColor(230, 230, 230), QColor(240, 240, 240)));
         fixture.open(Section::appearance);
         QCOMPARE(picture(fixture.view).pixelColor(500, 690), QColor(0xF4, 0xF5, 0xF7));
@@ -236,7 +213,7 @@ private Q_SLOTS:
     void endlessNamesPushNothingOutOfTheWindow()
     {
         SettingsWindowFixture fixture;
-        const Framed frame(fixture.view);
+        fixture.view.resize(LauncherSettingsView::preferredSize);
         const auto widthBeyondWindow = [&] {
             fixture.settle();
             const SettingsPage& page = *fixture.view.page();

@@ -12,7 +12,7 @@ namespace Tavik::PropertyListBounds {
 namespace {
 
 constexpr int maxDepth = 64;
-constexpr int maxNodes = 65'536;
+constexpr quint64 maxNodes = 65'536;
 constexpr qsizetype headerSize = 8; // "bplist00"
 constexpr qsizetype trailerSize = 32;
 
@@ -63,31 +63,65 @@ private:
         if (!marker) {
             return false;
         }
+        constexpr quint64 asciiKind = 0x5;
+        constexpr quint64 utf16Kind = 0x6;
         constexpr quint64 arrayKind = 0xA;
         constexpr quint64 setKind = 0xC;
         constexpr quint64 dictionaryKind = 0xD;
         const quint64 kind = *marker >> 4;
-        if (kind != arrayKind && kind != setKind && kind != dictionaryKind) {
+        const std::optional<Items> items = itemsAt(*position + 1, *marker & 0xF);
+        switch (kind) {
+        case asciiKind:
+        case utf16Kind:
+            return items && isOneText(*items, kind == asciiKind ? 1 : 2);
+        case arrayKind:
+        case setKind:
+            return items && visitAll(*items, depth);
+        case dictionaryKind:
+            return items && items->count <= maxNodes
+                && visitAll({items->count * 2, items->position}, depth);
+        default:
             return true;
         }
-        return visitContainer(*position + 1, *marker & 0xF, kind == dictionaryKind ? 2 : 1, depth);
     }
 
-    bool visitContainer(quint64 position, quint64 count, quint64 referencesEach, int depth)
+    struct Items
+    {
+        quint64 count = 0;
+        quint64 position = 0; ///< Of the first.
+    };
+    /// Of an object whose marker has that count; a larger one stands in a number behind the marker.
+    [[nodiscard]] std::optional<Items> itemsAt(quint64 position, quint64 count) const
     {
         constexpr quint64 countFollows = 0xF;
-        if (count == countFollows) {
-            const auto countMarker = number(position, 1);
-            const quint64 size = countMarker ? 1ULL << (*countMarker & 0x3) : 0;
-            const auto longCount = number(position + 1, size);
-            if (!longCount || *longCount > maxNodes) {
+        if (count != countFollows) {
+            return Items{count, position};
+        }
+        const auto countMarker = number(position, 1);
+        const quint64 size = countMarker ? 1ULL << (*countMarker & 0x3) : 0;
+        const auto longCount = number(position + 1, size);
+        return longCount ? std::optional(Items{*longCount, position + 1 + size}) : std::nullopt;
+    }
+
+    /// A key with the end of a text inside of it has the library end the program.
+    [[nodiscard]] bool isOneText(const Items& characters, quint64 size) const
+    {
+        for (quint64 index = 0; index < characters.count; ++index) {
+            if (number(characters.position + index * size, size).value_or(0) == 0) {
                 return false;
             }
-            count = *longCount;
-            position += 1 + size;
         }
-        for (quint64 index = 0; index < count * referencesEach; ++index) {
-            const auto reference = number(position + index * m_referenceSize, m_referenceSize);
+        return true;
+    }
+
+    bool visitAll(const Items& references, int depth)
+    {
+        if (references.count > 2 * maxNodes) {
+            return false;
+        }
+        for (quint64 index = 0; index < references.count; ++index) {
+            const auto reference
+                = number(references.position + index * m_referenceSize, m_referenceSize);
             if (!reference || !visit(*reference, depth + 1)) {
                 return false;
             }
@@ -100,7 +134,7 @@ private:
     quint64 m_referenceSize = 0;
     quint64 m_objects = 0;
     quint64 m_table = 0;
-    int m_nodes = 0;
+    quint64 m_nodes = 0;
 };
 
 /// The library recurses into containers when it writes and frees, so a deep nesting would exhaust

@@ -24,6 +24,12 @@ def pytest_configure(config):
     config.addinivalue_line("markers", "desktop(**options): what the virtual desktop is made of")
 
 
+def pytest_runtest_logreport(report):
+    if report.skipped and (told := os.environ.get("TAVIK_SKIPPED")):
+        with open(told, "a") as skipped:
+            skipped.write(f"{report.nodeid}\t{report.longrepr[2].removeprefix('Skipped: ')}\n")
+
+
 @pytest.hookimpl(hookwrapper=True)
 def pytest_runtest_makereport(item, call):
     report = (yield).get_result()

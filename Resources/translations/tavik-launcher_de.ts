@@ -1780,5 +1780,289 @@
             <numerusform>%n Treffer</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Trigger</source>
+        <translation>Auslöser</translation>
+    </message>
+    <message>
+        <source>Nobody listens.</source>
+        <translation>Niemand hört zu.</translation>
+    </message>
+    <message>
+        <source>Tavik Launcher is not running. Start it.</source>
+        <translation>Tavik Launcher läuft nicht. Starten Sie ihn.</translation>
+    </message>
+    <message>
+        <source>Release</source>
+        <translation>Loslassen</translation>
+    </message>
+    <message>
+        <source>Not needed: %1 is pressed once to open and once to close.</source>
+        <translation>Nicht nötig: %1 wird einmal zum Öffnen und einmal zum Schließen gedrückt.</translation>
+    </message>
+    <message>
+        <source>Tray</source>
+        <translation>Infobereich</translation>
+    </message>
+    <message>
+        <source>The panel shows what is described to it.</source>
+        <translation>Die Leiste zeigt, was ihr beschrieben wird.</translation>
+    </message>
+    <message>
+        <source>The panel takes small windows, as older ones do.</source>
+        <translation>Die Leiste nimmt kleine Fenster auf, wie ältere es tun.</translation>
+    </message>
+    <message>
+        <source>No panel shows status items.</source>
+        <translation>Keine Leiste zeigt Statussymbole.</translation>
+    </message>
+    <message>
+        <source>Add a tray to your panel; for GNOME there is an extension. Meanwhile this command opens the settings.</source>
+        <translation>Fügen Sie Ihrer Leiste einen Infobereich hinzu; für GNOME gibt es eine Erweiterung. Bis dahin öffnet dieser Befehl die Einstellungen.</translation>
+    </message>
+    <message>
+        <source>Autostart</source>
+        <translation>Autostart</translation>
+    </message>
+    <message>
+        <source>This session has started the launcher.</source>
+        <translation>Diese Sitzung hat den Launcher gestartet.</translation>
+    </message>
+    <message>
+        <source>This session is not known to read the autostart folder.</source>
+        <translation>Von dieser Sitzung ist nicht bekannt, dass sie den Autostart-Ordner liest.</translation>
+    </message>
+    <message>
+        <source>Add this line to what your session starts.</source>
+        <translation>Fügen Sie diese Zeile dem hinzu, was Ihre Sitzung startet.</translation>
+    </message>
+    <message>
+        <source>An entry in the autostart folder.</source>
+        <translation>Ein Eintrag im Autostart-Ordner.</translation>
+    </message>
+    <message>
+        <source>There is no entry in the autostart folder.</source>
+        <translation>Im Autostart-Ordner ist kein Eintrag.</translation>
+    </message>
+    <message>
+        <source>The launcher does not start when you log in.</source>
+        <translation>Der Launcher startet nicht, wenn Sie sich anmelden.</translation>
+    </message>
+    <message>
+        <source>The entry in the autostart folder is switched off.</source>
+        <translation>Der Eintrag im Autostart-Ordner ist ausgeschaltet.</translation>
+    </message>
+    <message>
+        <source>The launcher&apos;s program is not where it was. Install it again.</source>
+        <translation>Das Programm des Launchers ist nicht mehr an seinem Ort. Installieren Sie es neu.</translation>
+    </message>
+    <message>
+        <source>Pointer</source>
+        <translation>Zeiger</translation>
+    </message>
+    <message>
+        <source>Overlay</source>
+        <translation>Über allen Fenstern</translation>
+    </message>
+    <message>
+        <source>Running programs</source>
+        <translation>Laufende Programme</translation>
+    </message>
+    <message>
+        <source>Bringing to the front</source>
+        <translation>Nach vorn holen</translation>
+    </message>
+    <message>
+        <source>Set Up</source>
+        <translation>Einrichten</translation>
+    </message>
+    <message>
+        <source>Choose Shortcut</source>
+        <translation>Tastenkürzel wählen</translation>
+    </message>
+    <message>
+        <source>Turn On</source>
+        <translation>Einschalten</translation>
+    </message>
+    <message>
+        <source>This desktop gives the launcher all it needs.</source>
+        <translation>Diese Arbeitsumgebung gibt dem Launcher alles, was er braucht.</translation>
+    </message>
+    <message>
+        <source>Needs your attention: %1 of %2.</source>
+        <translation>Braucht Ihre Aufmerksamkeit: %1 von %2.</translation>
+    </message>
+    <message>
+        <source>print what this desktop gives the launcher, and what not</source>
+        <translation>ausgeben, was diese Arbeitsumgebung dem Launcher gibt und was nicht</translation>
+    </message>
+    <message>
+        <source>Check My Desktop</source>
+        <translation>Desktop prüfen</translation>
+    </message>
+    <message>
+        <source>What the launcher needs of this desktop, and how it has it.</source>
+        <translation>Was der Launcher von dieser Arbeitsumgebung braucht und wie er es hat.</translation>
+    </message>
+    <message>
+        <source>%1: works</source>
+        <translation>%1: in Ordnung</translation>
+    </message>
+    <message>
+        <source>%1: needs your attention</source>
+        <translation>%1: braucht Ihre Aufmerksamkeit</translation>
+    </message>
+    <message>
+        <source>Copy Line</source>
+        <translation>Zeile kopieren</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Kopiert</translation>
+    </message>
+    <message>
+        <source>Nobody tells of other programs&apos; windows.</source>
+        <translation>Von Fenstern anderer Programme sagt niemand etwas.</translation>
+    </message>
+    <message>
+        <source>No program is seen to run.</source>
+        <translation>Kein Programm wird als laufend erkannt.</translation>
+    </message>
+    <message>
+        <source>Nobody brings other programs&apos; windows to the front.</source>
+        <translation>Niemand holt Fenster anderer Programme nach vorn.</translation>
+    </message>
+    <message>
+        <source>A program that runs is started once more.</source>
+        <translation>Ein laufendes Programm wird noch einmal gestartet.</translation>
+    </message>
+    <message>
+        <source>Custom shortcuts in GNOME&apos;s keyboard settings.</source>
+        <translation>Eigene Tastenkürzel in den Tastatureinstellungen von GNOME.</translation>
+    </message>
+    <message>
+        <source>A global shortcut of KDE, which System Settings › Shortcuts lists.</source>
+        <translation>Ein globaler Kurzbefehl von KDE; er steht in Systemeinstellungen › Kurzbefehle.</translation>
+    </message>
+    <message>
+        <source>A script inside of KWin lists its windows.</source>
+        <translation>Ein Skript in KWin zählt dessen Fenster auf.</translation>
+    </message>
+    <message>
+        <source>The desktop does not answer.</source>
+        <translation>Die Arbeitsumgebung antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>KWin brings a window forward as for KDE&apos;s own search.</source>
+        <translation>KWin holt ein Fenster nach vorn wie für die Suche von KDE.</translation>
+    </message>
+    <message>
+        <source>The desktop tells it, and so does the ring&apos;s own keyboard.</source>
+        <translation>Die Arbeitsumgebung sagt es, und die Tastatur des Rings auch.</translation>
+    </message>
+    <message>
+        <source>Bindings that sway holds while Tavik Launcher runs.</source>
+        <translation>Belegungen, die sway hält, solange Tavik Launcher läuft.</translation>
+    </message>
+    <message>
+        <source>Its configuration uses the same keys for “%1”, which rests while Tavik Launcher runs.</source>
+        <translation>Seine Konfiguration benutzt dieselben Tasten für „%1“. Das ruht, solange Tavik Launcher läuft.</translation>
+    </message>
+    <message>
+        <source>sway lists its windows.</source>
+        <translation>sway zählt seine Fenster auf.</translation>
+    </message>
+    <message>
+        <source>sway&apos;s command to focus a window.</source>
+        <translation>Der Befehl von sway, ein Fenster nach vorn zu holen.</translation>
+    </message>
+    <message>
+        <source>Only the keys of the launcher&apos;s own windows.</source>
+        <translation>Nur die Tasten in Fenstern des Launchers.</translation>
+    </message>
+    <message>
+        <source>The ring&apos;s own keyboard, while it is open.</source>
+        <translation>Die Tastatur des Rings, solange er offen ist.</translation>
+    </message>
+    <message>
+        <source>The compositor lists its windows for taskbars.</source>
+        <translation>Der Compositor zählt seine Fenster für Fensterleisten auf.</translation>
+    </message>
+    <message>
+        <source>A request to the compositor, as taskbars make it.</source>
+        <translation>Eine Bitte an den Compositor, wie Fensterleisten sie stellen.</translation>
+    </message>
+    <message>
+        <source>An invisible surface on each screen, which the pointer enters.</source>
+        <translation>Eine unsichtbare Fläche auf jedem Bildschirm, die der Zeiger betritt.</translation>
+    </message>
+    <message>
+        <source>This session has no pointer.</source>
+        <translation>Diese Sitzung hat keinen Zeiger.</translation>
+    </message>
+    <message>
+        <source>A surface in the compositor&apos;s layer above all windows.</source>
+        <translation>Eine Fläche in der Ebene des Compositors über allen Fenstern.</translation>
+    </message>
+    <message>
+        <source>The X server tells which modifiers are held.</source>
+        <translation>Der X-Server sagt, welche Sondertasten gehalten werden.</translation>
+    </message>
+    <message>
+        <source>The X server reserves the key for the launcher.</source>
+        <translation>Der X-Server hält die Taste für den Launcher frei.</translation>
+    </message>
+    <message>
+        <source>The X server tells where it is.</source>
+        <translation>Der X-Server sagt, wo er ist.</translation>
+    </message>
+    <message>
+        <source>Beside a Wayland desktop it knows that only over its own windows: the ring may open elsewhere.</source>
+        <translation>Neben einer Wayland-Umgebung weiß er das nur über seinen eigenen Fenstern: Der Ring öffnet sich vielleicht woanders.</translation>
+    </message>
+    <message>
+        <source>A window that the window manager keeps above the others.</source>
+        <translation>Ein Fenster, das die Fensterverwaltung über den anderen hält.</translation>
+    </message>
+    <message>
+        <source>A window of its own above all others.</source>
+        <translation>Ein eigenes Fenster über allen anderen.</translation>
+    </message>
+    <message>
+        <source>The window manager lists its windows.</source>
+        <translation>Die Fensterverwaltung zählt ihre Fenster auf.</translation>
+    </message>
+    <message>
+        <source>Only X11 programs are seen to run.</source>
+        <translation>Nur X11-Programme werden als laufend erkannt.</translation>
+    </message>
+    <message>
+        <source>No window manager runs, or an old one that lists none.</source>
+        <translation>Es läuft keine Fensterverwaltung, oder eine alte, die nichts aufzählt.</translation>
+    </message>
+    <message>
+        <source>A request to the window manager.</source>
+        <translation>Eine Bitte an die Fensterverwaltung.</translation>
+    </message>
+    <message>
+        <source>Other programs than those of X11 are started once more.</source>
+        <translation>Andere als X11-Programme werden noch einmal gestartet.</translation>
+    </message>
+    <message>
+        <source>The desktop places the ring.</source>
+        <translation>Die Arbeitsumgebung gibt dem Ring seinen Platz.</translation>
+    </message>
+    <message>
+        <source>This desktop tells no program where the pointer is.</source>
+        <translation>Diese Arbeitsumgebung sagt keinem Programm, wo der Zeiger ist.</translation>
+    </message>
+    <message>
+        <source>A window like any other.</source>
+        <translation>Ein Fenster wie jedes andere.</translation>
+    </message>
+    <message>
+        <source>This desktop lets no program keep a window above the others.</source>
+        <translation>Diese Arbeitsumgebung lässt kein Programm ein Fenster über den anderen halten.</translation>
+    </message>
 </context>
 </TS>

@@ -1780,5 +1780,289 @@
             <numerusform>%n resultados</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Trigger</source>
+        <translation>Activador</translation>
+    </message>
+    <message>
+        <source>Nobody listens.</source>
+        <translation>Nadie escucha.</translation>
+    </message>
+    <message>
+        <source>Tavik Launcher is not running. Start it.</source>
+        <translation>Tavik Launcher no está en marcha. Inícielo.</translation>
+    </message>
+    <message>
+        <source>Release</source>
+        <translation>Al soltar</translation>
+    </message>
+    <message>
+        <source>Not needed: %1 is pressed once to open and once to close.</source>
+        <translation>No hace falta: %1 se pulsa una vez para abrir y otra para cerrar.</translation>
+    </message>
+    <message>
+        <source>Tray</source>
+        <translation>Bandeja</translation>
+    </message>
+    <message>
+        <source>The panel shows what is described to it.</source>
+        <translation>El panel muestra lo que se le describe.</translation>
+    </message>
+    <message>
+        <source>The panel takes small windows, as older ones do.</source>
+        <translation>El panel acoge ventanas pequeñas, como los antiguos.</translation>
+    </message>
+    <message>
+        <source>No panel shows status items.</source>
+        <translation>Ningún panel muestra iconos de estado.</translation>
+    </message>
+    <message>
+        <source>Add a tray to your panel; for GNOME there is an extension. Meanwhile this command opens the settings.</source>
+        <translation>Añada una bandeja a su panel; para GNOME hay una extensión. Mientras tanto, esta orden abre los ajustes.</translation>
+    </message>
+    <message>
+        <source>Autostart</source>
+        <translation>Inicio automático</translation>
+    </message>
+    <message>
+        <source>This session has started the launcher.</source>
+        <translation>Esta sesión ha iniciado el lanzador.</translation>
+    </message>
+    <message>
+        <source>This session is not known to read the autostart folder.</source>
+        <translation>No se sabe si esta sesión lee la carpeta de inicio automático.</translation>
+    </message>
+    <message>
+        <source>Add this line to what your session starts.</source>
+        <translation>Añada esta línea a lo que inicia su sesión.</translation>
+    </message>
+    <message>
+        <source>An entry in the autostart folder.</source>
+        <translation>Una entrada en la carpeta de inicio automático.</translation>
+    </message>
+    <message>
+        <source>There is no entry in the autostart folder.</source>
+        <translation>No hay ninguna entrada en la carpeta de inicio automático.</translation>
+    </message>
+    <message>
+        <source>The launcher does not start when you log in.</source>
+        <translation>El lanzador no se inicia al iniciar sesión.</translation>
+    </message>
+    <message>
+        <source>The entry in the autostart folder is switched off.</source>
+        <translation>La entrada de la carpeta de inicio automático está desactivada.</translation>
+    </message>
+    <message>
+        <source>The launcher&apos;s program is not where it was. Install it again.</source>
+        <translation>El programa del lanzador ya no está en su sitio. Instálelo de nuevo.</translation>
+    </message>
+    <message>
+        <source>Pointer</source>
+        <translation>Puntero</translation>
+    </message>
+    <message>
+        <source>Overlay</source>
+        <translation>Sobre las ventanas</translation>
+    </message>
+    <message>
+        <source>Running programs</source>
+        <translation>Programas en marcha</translation>
+    </message>
+    <message>
+        <source>Bringing to the front</source>
+        <translation>Traer al frente</translation>
+    </message>
+    <message>
+        <source>Set Up</source>
+        <translation>Configurar</translation>
+    </message>
+    <message>
+        <source>Choose Shortcut</source>
+        <translation>Elegir atajo</translation>
+    </message>
+    <message>
+        <source>Turn On</source>
+        <translation>Activar</translation>
+    </message>
+    <message>
+        <source>This desktop gives the launcher all it needs.</source>
+        <translation>Este escritorio da al lanzador todo lo que necesita.</translation>
+    </message>
+    <message>
+        <source>Needs your attention: %1 of %2.</source>
+        <translation>Requiere su atención: %1 de %2.</translation>
+    </message>
+    <message>
+        <source>print what this desktop gives the launcher, and what not</source>
+        <translation>mostrar lo que este escritorio da al lanzador y lo que no</translation>
+    </message>
+    <message>
+        <source>Check My Desktop</source>
+        <translation>Mi escritorio</translation>
+    </message>
+    <message>
+        <source>What the launcher needs of this desktop, and how it has it.</source>
+        <translation>Lo que el lanzador necesita de este escritorio y cómo lo obtiene.</translation>
+    </message>
+    <message>
+        <source>%1: works</source>
+        <translation>%1: funciona</translation>
+    </message>
+    <message>
+        <source>%1: needs your attention</source>
+        <translation>%1: requiere su atención</translation>
+    </message>
+    <message>
+        <source>Copy Line</source>
+        <translation>Copiar línea</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Copiado</translation>
+    </message>
+    <message>
+        <source>Nobody tells of other programs&apos; windows.</source>
+        <translation>Nadie informa de las ventanas de otros programas.</translation>
+    </message>
+    <message>
+        <source>No program is seen to run.</source>
+        <translation>No se ve ningún programa en marcha.</translation>
+    </message>
+    <message>
+        <source>Nobody brings other programs&apos; windows to the front.</source>
+        <translation>Nadie trae al frente las ventanas de otros programas.</translation>
+    </message>
+    <message>
+        <source>A program that runs is started once more.</source>
+        <translation>Un programa en marcha se inicia otra vez.</translation>
+    </message>
+    <message>
+        <source>Custom shortcuts in GNOME&apos;s keyboard settings.</source>
+        <translation>Atajos personalizados en los ajustes del teclado de GNOME.</translation>
+    </message>
+    <message>
+        <source>A global shortcut of KDE, which System Settings › Shortcuts lists.</source>
+        <translation>Un atajo global de KDE, que aparece en Preferencias del sistema › Atajos.</translation>
+    </message>
+    <message>
+        <source>A script inside of KWin lists its windows.</source>
+        <translation>Un script dentro de KWin enumera sus ventanas.</translation>
+    </message>
+    <message>
+        <source>The desktop does not answer.</source>
+        <translation>El escritorio no responde.</translation>
+    </message>
+    <message>
+        <source>KWin brings a window forward as for KDE&apos;s own search.</source>
+        <translation>KWin trae una ventana al frente como para la búsqueda de KDE.</translation>
+    </message>
+    <message>
+        <source>The desktop tells it, and so does the ring&apos;s own keyboard.</source>
+        <translation>Lo dice el escritorio, y también el teclado del anillo.</translation>
+    </message>
+    <message>
+        <source>Bindings that sway holds while Tavik Launcher runs.</source>
+        <translation>Atajos que sway mantiene mientras Tavik Launcher está en marcha.</translation>
+    </message>
+    <message>
+        <source>Its configuration uses the same keys for “%1”, which rests while Tavik Launcher runs.</source>
+        <translation>Su configuración usa las mismas teclas para «%1», que queda en pausa mientras Tavik Launcher está en marcha.</translation>
+    </message>
+    <message>
+        <source>sway lists its windows.</source>
+        <translation>sway enumera sus ventanas.</translation>
+    </message>
+    <message>
+        <source>sway&apos;s command to focus a window.</source>
+        <translation>La orden de sway para enfocar una ventana.</translation>
+    </message>
+    <message>
+        <source>Only the keys of the launcher&apos;s own windows.</source>
+        <translation>Solo las teclas en las ventanas del lanzador.</translation>
+    </message>
+    <message>
+        <source>The ring&apos;s own keyboard, while it is open.</source>
+        <translation>El teclado del anillo, mientras está abierto.</translation>
+    </message>
+    <message>
+        <source>The compositor lists its windows for taskbars.</source>
+        <translation>El compositor enumera sus ventanas para las barras de tareas.</translation>
+    </message>
+    <message>
+        <source>A request to the compositor, as taskbars make it.</source>
+        <translation>Una petición al compositor, como la de las barras de tareas.</translation>
+    </message>
+    <message>
+        <source>An invisible surface on each screen, which the pointer enters.</source>
+        <translation>Una superficie invisible en cada pantalla, en la que entra el puntero.</translation>
+    </message>
+    <message>
+        <source>This session has no pointer.</source>
+        <translation>Esta sesión no tiene puntero.</translation>
+    </message>
+    <message>
+        <source>A surface in the compositor&apos;s layer above all windows.</source>
+        <translation>Una superficie en la capa del compositor sobre todas las ventanas.</translation>
+    </message>
+    <message>
+        <source>The X server tells which modifiers are held.</source>
+        <translation>El servidor X dice qué modificadores están pulsados.</translation>
+    </message>
+    <message>
+        <source>The X server reserves the key for the launcher.</source>
+        <translation>El servidor X reserva la tecla para el lanzador.</translation>
+    </message>
+    <message>
+        <source>The X server tells where it is.</source>
+        <translation>El servidor X dice dónde está.</translation>
+    </message>
+    <message>
+        <source>Beside a Wayland desktop it knows that only over its own windows: the ring may open elsewhere.</source>
+        <translation>Junto a un escritorio Wayland solo lo sabe sobre sus propias ventanas: el anillo puede abrirse en otro sitio.</translation>
+    </message>
+    <message>
+        <source>A window that the window manager keeps above the others.</source>
+        <translation>Una ventana que el gestor mantiene sobre las demás.</translation>
+    </message>
+    <message>
+        <source>A window of its own above all others.</source>
+        <translation>Una ventana propia sobre todas las demás.</translation>
+    </message>
+    <message>
+        <source>The window manager lists its windows.</source>
+        <translation>El gestor de ventanas enumera sus ventanas.</translation>
+    </message>
+    <message>
+        <source>Only X11 programs are seen to run.</source>
+        <translation>Solo se ven en marcha los programas de X11.</translation>
+    </message>
+    <message>
+        <source>No window manager runs, or an old one that lists none.</source>
+        <translation>No hay gestor de ventanas, o es uno antiguo que no enumera nada.</translation>
+    </message>
+    <message>
+        <source>A request to the window manager.</source>
+        <translation>Una petición al gestor de ventanas.</translation>
+    </message>
+    <message>
+        <source>Other programs than those of X11 are started once more.</source>
+        <translation>Los programas que no son de X11 se inician otra vez.</translation>
+    </message>
+    <message>
+        <source>The desktop places the ring.</source>
+        <translation>El escritorio coloca el anillo.</translation>
+    </message>
+    <message>
+        <source>This desktop tells no program where the pointer is.</source>
+        <translation>Este escritorio no dice a ningún programa dónde está el puntero.</translation>
+    </message>
+    <message>
+        <source>A window like any other.</source>
+        <translation>Una ventana como cualquier otra.</translation>
+    </message>
+    <message>
+        <source>This desktop lets no program keep a window above the others.</source>
+        <translation>Este escritorio no deja que un programa mantenga una ventana sobre las demás.</translation>
+    </message>
 </context>
 </TS>

@@ -1780,5 +1780,289 @@
             <numerusform>%n résultats</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Trigger</source>
+        <translation>Déclencheur</translation>
+    </message>
+    <message>
+        <source>Nobody listens.</source>
+        <translation>Personne n’écoute.</translation>
+    </message>
+    <message>
+        <source>Tavik Launcher is not running. Start it.</source>
+        <translation>Tavik Launcher n’est pas lancé. Lancez-le.</translation>
+    </message>
+    <message>
+        <source>Release</source>
+        <translation>Relâchement</translation>
+    </message>
+    <message>
+        <source>Not needed: %1 is pressed once to open and once to close.</source>
+        <translation>Inutile : %1 s’appuie une fois pour ouvrir et une fois pour fermer.</translation>
+    </message>
+    <message>
+        <source>Tray</source>
+        <translation>Zone de notification</translation>
+    </message>
+    <message>
+        <source>The panel shows what is described to it.</source>
+        <translation>Le tableau de bord montre ce qu’on lui décrit.</translation>
+    </message>
+    <message>
+        <source>The panel takes small windows, as older ones do.</source>
+        <translation>Le tableau de bord accueille de petites fenêtres, comme les anciens.</translation>
+    </message>
+    <message>
+        <source>No panel shows status items.</source>
+        <translation>Aucun tableau de bord ne montre d’icônes d’état.</translation>
+    </message>
+    <message>
+        <source>Add a tray to your panel; for GNOME there is an extension. Meanwhile this command opens the settings.</source>
+        <translation>Ajoutez une zone de notification à votre tableau de bord ; pour GNOME, il existe une extension. En attendant, cette commande ouvre les réglages.</translation>
+    </message>
+    <message>
+        <source>Autostart</source>
+        <translation>Démarrage automatique</translation>
+    </message>
+    <message>
+        <source>This session has started the launcher.</source>
+        <translation>Cette session a démarré le lanceur.</translation>
+    </message>
+    <message>
+        <source>This session is not known to read the autostart folder.</source>
+        <translation>On ne sait pas si cette session lit le dossier de démarrage automatique.</translation>
+    </message>
+    <message>
+        <source>Add this line to what your session starts.</source>
+        <translation>Ajoutez cette ligne à ce que votre session démarre.</translation>
+    </message>
+    <message>
+        <source>An entry in the autostart folder.</source>
+        <translation>Une entrée dans le dossier de démarrage automatique.</translation>
+    </message>
+    <message>
+        <source>There is no entry in the autostart folder.</source>
+        <translation>Le dossier de démarrage automatique n’a pas d’entrée.</translation>
+    </message>
+    <message>
+        <source>The launcher does not start when you log in.</source>
+        <translation>Le lanceur ne démarre pas à l’ouverture de session.</translation>
+    </message>
+    <message>
+        <source>The entry in the autostart folder is switched off.</source>
+        <translation>L’entrée du dossier de démarrage automatique est désactivée.</translation>
+    </message>
+    <message>
+        <source>The launcher&apos;s program is not where it was. Install it again.</source>
+        <translation>Le programme du lanceur n’est plus à sa place. Installez-le de nouveau.</translation>
+    </message>
+    <message>
+        <source>Pointer</source>
+        <translation>Pointeur</translation>
+    </message>
+    <message>
+        <source>Overlay</source>
+        <translation>Au-dessus des fenêtres</translation>
+    </message>
+    <message>
+        <source>Running programs</source>
+        <translation>Programmes en cours</translation>
+    </message>
+    <message>
+        <source>Bringing to the front</source>
+        <translation>Mise au premier plan</translation>
+    </message>
+    <message>
+        <source>Set Up</source>
+        <translation>Configurer</translation>
+    </message>
+    <message>
+        <source>Choose Shortcut</source>
+        <translation>Choisir un raccourci</translation>
+    </message>
+    <message>
+        <source>Turn On</source>
+        <translation>Activer</translation>
+    </message>
+    <message>
+        <source>This desktop gives the launcher all it needs.</source>
+        <translation>Ce bureau donne au lanceur tout ce qu’il lui faut.</translation>
+    </message>
+    <message>
+        <source>Needs your attention: %1 of %2.</source>
+        <translation>Demande votre attention : %1 sur %2.</translation>
+    </message>
+    <message>
+        <source>print what this desktop gives the launcher, and what not</source>
+        <translation>afficher ce que ce bureau donne au lanceur, et ce qui manque</translation>
+    </message>
+    <message>
+        <source>Check My Desktop</source>
+        <translation>Vérifier mon bureau</translation>
+    </message>
+    <message>
+        <source>What the launcher needs of this desktop, and how it has it.</source>
+        <translation>Ce que le lanceur attend de ce bureau, et comment il l’obtient.</translation>
+    </message>
+    <message>
+        <source>%1: works</source>
+        <translation>%1 : fonctionne</translation>
+    </message>
+    <message>
+        <source>%1: needs your attention</source>
+        <translation>%1 : demande votre attention</translation>
+    </message>
+    <message>
+        <source>Copy Line</source>
+        <translation>Copier la ligne</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Copié</translation>
+    </message>
+    <message>
+        <source>Nobody tells of other programs&apos; windows.</source>
+        <translation>Rien ne renseigne sur les fenêtres des autres programmes.</translation>
+    </message>
+    <message>
+        <source>No program is seen to run.</source>
+        <translation>Aucun programme n’est vu en cours d’exécution.</translation>
+    </message>
+    <message>
+        <source>Nobody brings other programs&apos; windows to the front.</source>
+        <translation>Rien ne met au premier plan les fenêtres des autres programmes.</translation>
+    </message>
+    <message>
+        <source>A program that runs is started once more.</source>
+        <translation>Un programme déjà lancé l’est une seconde fois.</translation>
+    </message>
+    <message>
+        <source>Custom shortcuts in GNOME&apos;s keyboard settings.</source>
+        <translation>Des raccourcis personnalisés dans les réglages du clavier de GNOME.</translation>
+    </message>
+    <message>
+        <source>A global shortcut of KDE, which System Settings › Shortcuts lists.</source>
+        <translation>Un raccourci global de KDE, visible dans Configuration du système › Raccourcis.</translation>
+    </message>
+    <message>
+        <source>A script inside of KWin lists its windows.</source>
+        <translation>Un script dans KWin énumère ses fenêtres.</translation>
+    </message>
+    <message>
+        <source>The desktop does not answer.</source>
+        <translation>Le bureau ne répond pas.</translation>
+    </message>
+    <message>
+        <source>KWin brings a window forward as for KDE&apos;s own search.</source>
+        <translation>KWin met une fenêtre au premier plan comme pour la recherche de KDE.</translation>
+    </message>
+    <message>
+        <source>The desktop tells it, and so does the ring&apos;s own keyboard.</source>
+        <translation>Le bureau le dit, et le clavier de l’anneau aussi.</translation>
+    </message>
+    <message>
+        <source>Bindings that sway holds while Tavik Launcher runs.</source>
+        <translation>Des raccourcis que sway garde tant que Tavik Launcher est lancé.</translation>
+    </message>
+    <message>
+        <source>Its configuration uses the same keys for “%1”, which rests while Tavik Launcher runs.</source>
+        <translation>Sa configuration donne les mêmes touches à « %1 », qui se repose tant que Tavik Launcher est lancé.</translation>
+    </message>
+    <message>
+        <source>sway lists its windows.</source>
+        <translation>sway énumère ses fenêtres.</translation>
+    </message>
+    <message>
+        <source>sway&apos;s command to focus a window.</source>
+        <translation>La commande de sway qui active une fenêtre.</translation>
+    </message>
+    <message>
+        <source>Only the keys of the launcher&apos;s own windows.</source>
+        <translation>Seulement les touches dans les fenêtres du lanceur.</translation>
+    </message>
+    <message>
+        <source>The ring&apos;s own keyboard, while it is open.</source>
+        <translation>Le clavier de l’anneau, tant qu’il est ouvert.</translation>
+    </message>
+    <message>
+        <source>The compositor lists its windows for taskbars.</source>
+        <translation>Le compositeur énumère ses fenêtres pour les barres des tâches.</translation>
+    </message>
+    <message>
+        <source>A request to the compositor, as taskbars make it.</source>
+        <translation>Une demande au compositeur, comme en font les barres des tâches.</translation>
+    </message>
+    <message>
+        <source>An invisible surface on each screen, which the pointer enters.</source>
+        <translation>Une surface invisible sur chaque écran, où entre le pointeur.</translation>
+    </message>
+    <message>
+        <source>This session has no pointer.</source>
+        <translation>Cette session n’a pas de pointeur.</translation>
+    </message>
+    <message>
+        <source>A surface in the compositor&apos;s layer above all windows.</source>
+        <translation>Une surface dans la couche du compositeur au-dessus des fenêtres.</translation>
+    </message>
+    <message>
+        <source>The X server tells which modifiers are held.</source>
+        <translation>Le serveur X dit quels modificateurs sont enfoncés.</translation>
+    </message>
+    <message>
+        <source>The X server reserves the key for the launcher.</source>
+        <translation>Le serveur X réserve la touche au lanceur.</translation>
+    </message>
+    <message>
+        <source>The X server tells where it is.</source>
+        <translation>Le serveur X dit où il est.</translation>
+    </message>
+    <message>
+        <source>Beside a Wayland desktop it knows that only over its own windows: the ring may open elsewhere.</source>
+        <translation>À côté d’un bureau Wayland, il ne le sait qu’au-dessus de ses propres fenêtres : l’anneau peut s’ouvrir ailleurs.</translation>
+    </message>
+    <message>
+        <source>A window that the window manager keeps above the others.</source>
+        <translation>Une fenêtre que le gestionnaire garde au-dessus des autres.</translation>
+    </message>
+    <message>
+        <source>A window of its own above all others.</source>
+        <translation>Une fenêtre à lui au-dessus de toutes les autres.</translation>
+    </message>
+    <message>
+        <source>The window manager lists its windows.</source>
+        <translation>Le gestionnaire de fenêtres énumère ses fenêtres.</translation>
+    </message>
+    <message>
+        <source>Only X11 programs are seen to run.</source>
+        <translation>Seuls les programmes X11 sont vus en cours d’exécution.</translation>
+    </message>
+    <message>
+        <source>No window manager runs, or an old one that lists none.</source>
+        <translation>Aucun gestionnaire de fenêtres, ou un ancien qui n’énumère rien.</translation>
+    </message>
+    <message>
+        <source>A request to the window manager.</source>
+        <translation>Une demande au gestionnaire de fenêtres.</translation>
+    </message>
+    <message>
+        <source>Other programs than those of X11 are started once more.</source>
+        <translation>Les programmes autres que X11 sont lancés une seconde fois.</translation>
+    </message>
+    <message>
+        <source>The desktop places the ring.</source>
+        <translation>Le bureau place l’anneau.</translation>
+    </message>
+    <message>
+        <source>This desktop tells no program where the pointer is.</source>
+        <translation>Ce bureau ne dit à aucun programme où est le pointeur.</translation>
+    </message>
+    <message>
+        <source>A window like any other.</source>
+        <translation>Une fenêtre comme les autres.</translation>
+    </message>
+    <message>
+        <source>This desktop lets no program keep a window above the others.</source>
+        <translation>Ce bureau ne laisse aucun programme garder une fenêtre au-dessus des autres.</translation>
+    </message>
 </context>
 </TS>

@@ -1777,5 +1777,289 @@
             <numerusform>%n 件見つかりました</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Trigger</source>
+        <translation>呼び出しキー</translation>
+    </message>
+    <message>
+        <source>Nobody listens.</source>
+        <translation>待ち受けているものがありません。</translation>
+    </message>
+    <message>
+        <source>Tavik Launcher is not running. Start it.</source>
+        <translation>Tavik Launcher が動作していません。起動してください。</translation>
+    </message>
+    <message>
+        <source>Release</source>
+        <translation>キーを放す</translation>
+    </message>
+    <message>
+        <source>Not needed: %1 is pressed once to open and once to close.</source>
+        <translation>不要です。%1 を一度押すと開き、もう一度押すと閉じます。</translation>
+    </message>
+    <message>
+        <source>Tray</source>
+        <translation>トレイ</translation>
+    </message>
+    <message>
+        <source>The panel shows what is described to it.</source>
+        <translation>パネルは項目の説明を受け取って表示します。</translation>
+    </message>
+    <message>
+        <source>The panel takes small windows, as older ones do.</source>
+        <translation>パネルは旧方式の小さなウィンドウを受け入れます。</translation>
+    </message>
+    <message>
+        <source>No panel shows status items.</source>
+        <translation>状態アイコンを表示するパネルがありません。</translation>
+    </message>
+    <message>
+        <source>Add a tray to your panel; for GNOME there is an extension. Meanwhile this command opens the settings.</source>
+        <translation>パネルにトレイを追加してください。GNOME には拡張機能があります。それまではこのコマンドで設定が開きます。</translation>
+    </message>
+    <message>
+        <source>Autostart</source>
+        <translation>自動起動</translation>
+    </message>
+    <message>
+        <source>This session has started the launcher.</source>
+        <translation>このセッションがランチャーを起動しました。</translation>
+    </message>
+    <message>
+        <source>This session is not known to read the autostart folder.</source>
+        <translation>このセッションが自動起動フォルダーを読むかどうかは不明です。</translation>
+    </message>
+    <message>
+        <source>Add this line to what your session starts.</source>
+        <translation>セッションが起動するものにこの行を追加してください。</translation>
+    </message>
+    <message>
+        <source>An entry in the autostart folder.</source>
+        <translation>自動起動フォルダーの項目。</translation>
+    </message>
+    <message>
+        <source>There is no entry in the autostart folder.</source>
+        <translation>自動起動フォルダーに項目がありません。</translation>
+    </message>
+    <message>
+        <source>The launcher does not start when you log in.</source>
+        <translation>ログイン時にランチャーが起動しません。</translation>
+    </message>
+    <message>
+        <source>The entry in the autostart folder is switched off.</source>
+        <translation>自動起動フォルダーの項目がオフになっています。</translation>
+    </message>
+    <message>
+        <source>The launcher&apos;s program is not where it was. Install it again.</source>
+        <translation>ランチャーのプログラムが元の場所にありません。再インストールしてください。</translation>
+    </message>
+    <message>
+        <source>Pointer</source>
+        <translation>ポインター</translation>
+    </message>
+    <message>
+        <source>Overlay</source>
+        <translation>ウィンドウの前面</translation>
+    </message>
+    <message>
+        <source>Running programs</source>
+        <translation>実行中のプログラム</translation>
+    </message>
+    <message>
+        <source>Bringing to the front</source>
+        <translation>前面に出す</translation>
+    </message>
+    <message>
+        <source>Set Up</source>
+        <translation>設定する</translation>
+    </message>
+    <message>
+        <source>Choose Shortcut</source>
+        <translation>ショートカットを選ぶ</translation>
+    </message>
+    <message>
+        <source>Turn On</source>
+        <translation>オンにする</translation>
+    </message>
+    <message>
+        <source>This desktop gives the launcher all it needs.</source>
+        <translation>このデスクトップはランチャーに必要なものをすべて備えています。</translation>
+    </message>
+    <message>
+        <source>Needs your attention: %1 of %2.</source>
+        <translation>確認が必要: %2 件中 %1 件。</translation>
+    </message>
+    <message>
+        <source>print what this desktop gives the launcher, and what not</source>
+        <translation>このデスクトップにあるものと足りないものを表示する</translation>
+    </message>
+    <message>
+        <source>Check My Desktop</source>
+        <translation>デスクトップの確認</translation>
+    </message>
+    <message>
+        <source>What the launcher needs of this desktop, and how it has it.</source>
+        <translation>ランチャーがデスクトップに必要とするものと、その実現方法。</translation>
+    </message>
+    <message>
+        <source>%1: works</source>
+        <translation>%1: 正常</translation>
+    </message>
+    <message>
+        <source>%1: needs your attention</source>
+        <translation>%1: 確認が必要</translation>
+    </message>
+    <message>
+        <source>Copy Line</source>
+        <translation>行をコピー</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>コピーしました</translation>
+    </message>
+    <message>
+        <source>Nobody tells of other programs&apos; windows.</source>
+        <translation>ほかのプログラムのウィンドウは通知されません。</translation>
+    </message>
+    <message>
+        <source>No program is seen to run.</source>
+        <translation>実行中のプログラムを認識できません。</translation>
+    </message>
+    <message>
+        <source>Nobody brings other programs&apos; windows to the front.</source>
+        <translation>ほかのプログラムのウィンドウを前面に出す手段がありません。</translation>
+    </message>
+    <message>
+        <source>A program that runs is started once more.</source>
+        <translation>実行中のプログラムがもう一度起動されます。</translation>
+    </message>
+    <message>
+        <source>Custom shortcuts in GNOME&apos;s keyboard settings.</source>
+        <translation>GNOME のキーボード設定のカスタムショートカット。</translation>
+    </message>
+    <message>
+        <source>A global shortcut of KDE, which System Settings › Shortcuts lists.</source>
+        <translation>KDE のグローバルショートカット。システム設定 › ショートカットに表示されます。</translation>
+    </message>
+    <message>
+        <source>A script inside of KWin lists its windows.</source>
+        <translation>KWin 内のスクリプトがウィンドウを一覧します。</translation>
+    </message>
+    <message>
+        <source>The desktop does not answer.</source>
+        <translation>デスクトップが応答しません。</translation>
+    </message>
+    <message>
+        <source>KWin brings a window forward as for KDE&apos;s own search.</source>
+        <translation>KDE の検索と同じように KWin がウィンドウを前面に出します。</translation>
+    </message>
+    <message>
+        <source>The desktop tells it, and so does the ring&apos;s own keyboard.</source>
+        <translation>デスクトップとリング自身のキーボードの両方から分かります。</translation>
+    </message>
+    <message>
+        <source>Bindings that sway holds while Tavik Launcher runs.</source>
+        <translation>Tavik Launcher の動作中に sway が保持するキー割り当て。</translation>
+    </message>
+    <message>
+        <source>Its configuration uses the same keys for “%1”, which rests while Tavik Launcher runs.</source>
+        <translation>sway の設定では同じキーが「%1」に割り当てられており、Tavik Launcher の動作中は働きません。</translation>
+    </message>
+    <message>
+        <source>sway lists its windows.</source>
+        <translation>sway がウィンドウを一覧します。</translation>
+    </message>
+    <message>
+        <source>sway&apos;s command to focus a window.</source>
+        <translation>ウィンドウにフォーカスする sway のコマンド。</translation>
+    </message>
+    <message>
+        <source>Only the keys of the launcher&apos;s own windows.</source>
+        <translation>ランチャー自身のウィンドウのキーだけ。</translation>
+    </message>
+    <message>
+        <source>The ring&apos;s own keyboard, while it is open.</source>
+        <translation>リングが開いている間のリング自身のキーボード。</translation>
+    </message>
+    <message>
+        <source>The compositor lists its windows for taskbars.</source>
+        <translation>コンポジターがタスクバー向けにウィンドウを一覧します。</translation>
+    </message>
+    <message>
+        <source>A request to the compositor, as taskbars make it.</source>
+        <translation>タスクバーと同じコンポジターへの要求。</translation>
+    </message>
+    <message>
+        <source>An invisible surface on each screen, which the pointer enters.</source>
+        <translation>各画面の見えない面にポインターが入ることで分かります。</translation>
+    </message>
+    <message>
+        <source>This session has no pointer.</source>
+        <translation>このセッションにはポインターがありません。</translation>
+    </message>
+    <message>
+        <source>A surface in the compositor&apos;s layer above all windows.</source>
+        <translation>すべてのウィンドウの上にあるコンポジターのレイヤーの面。</translation>
+    </message>
+    <message>
+        <source>The X server tells which modifiers are held.</source>
+        <translation>押されている修飾キーを X サーバーが知らせます。</translation>
+    </message>
+    <message>
+        <source>The X server reserves the key for the launcher.</source>
+        <translation>X サーバーがランチャーのためにキーを確保します。</translation>
+    </message>
+    <message>
+        <source>The X server tells where it is.</source>
+        <translation>位置を X サーバーが知らせます。</translation>
+    </message>
+    <message>
+        <source>Beside a Wayland desktop it knows that only over its own windows: the ring may open elsewhere.</source>
+        <translation>Wayland デスクトップでは自分のウィンドウの上でしか分からないため、リングが別の場所に開くことがあります。</translation>
+    </message>
+    <message>
+        <source>A window that the window manager keeps above the others.</source>
+        <translation>ウィンドウマネージャーが最前面に保つウィンドウ。</translation>
+    </message>
+    <message>
+        <source>A window of its own above all others.</source>
+        <translation>ほかのすべての上にある独自のウィンドウ。</translation>
+    </message>
+    <message>
+        <source>The window manager lists its windows.</source>
+        <translation>ウィンドウマネージャーがウィンドウを一覧します。</translation>
+    </message>
+    <message>
+        <source>Only X11 programs are seen to run.</source>
+        <translation>X11 のプログラムだけが実行中と認識されます。</translation>
+    </message>
+    <message>
+        <source>No window manager runs, or an old one that lists none.</source>
+        <translation>ウィンドウマネージャーがないか、一覧を出さない古いものです。</translation>
+    </message>
+    <message>
+        <source>A request to the window manager.</source>
+        <translation>ウィンドウマネージャーへの要求。</translation>
+    </message>
+    <message>
+        <source>Other programs than those of X11 are started once more.</source>
+        <translation>X11 以外のプログラムはもう一度起動されます。</translation>
+    </message>
+    <message>
+        <source>The desktop places the ring.</source>
+        <translation>リングの位置はデスクトップが決めます。</translation>
+    </message>
+    <message>
+        <source>This desktop tells no program where the pointer is.</source>
+        <translation>このデスクトップはポインターの位置をプログラムに知らせません。</translation>
+    </message>
+    <message>
+        <source>A window like any other.</source>
+        <translation>ほかと同じ普通のウィンドウ。</translation>
+    </message>
+    <message>
+        <source>This desktop lets no program keep a window above the others.</source>
+        <translation>このデスクトップではプログラムがウィンドウを最前面に保てません。</translation>
+    </message>
 </context>
 </TS>

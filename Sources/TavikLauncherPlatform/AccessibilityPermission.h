@@ -18,6 +18,9 @@ public:
         QString limit; ///< What this desktop does not let a program do.
         QString remedy; ///< What to do instead, and where.
         bool hasSettings = false; ///< Whether `openSettings` has something to open.
+        QString line{}; ///< The remedy as a line to paste.
+        bool isLiftedByPrompt = false; ///< `prompt` asks for what is missing.
+        bool isOfShortcut = false; ///< Another shortcut may be had.
     };
 
     virtual ~AccessibilityPermission() = default;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncherPlatform/Means.h>
+
 #include <QString>
 #include <QtGlobal>
 
@@ -117,6 +119,9 @@ public:
     [[nodiscard]] virtual int hotKeyStatus(const HotKey& hotKey) = 0;
     /// False where modifiers without a key can be no shortcut, because nobody tells of them.
     [[nodiscard]] virtual bool hearsChords() const { return true; }
+    /// How a shortcut that was asked for is heard now, and how it is known that a chord was let go.
+    [[nodiscard]] virtual Means triggerMeans(bool /*isChord*/) const { return {}; }
+    [[nodiscard]] virtual Means releaseMeans() const { return {}; }
     /// Whether the keyboard has all of these modifiers and, when one is given, the key.
     [[nodiscard]] virtual bool hasKeys(quint64 modifierFlags,
                                        std::optional<quint16> keyCode) const = 0;

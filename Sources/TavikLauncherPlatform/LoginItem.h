@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QString>
+
 namespace Tavik {
 
 /// Whether the system starts this program when the user logs in. Main thread only.
@@ -23,6 +25,9 @@ public:
     /// Where the system would start this program in a place that it has been moved away from: has
     /// it start the one that runs.
     virtual void mend() { }
+    /// Where nobody is known to look for what `registerItem` leaves: a line that does the same in
+    /// whatever the user's session starts. Empty elsewhere.
+    [[nodiscard]] virtual QString lineOfOwn() const { return {}; }
 };
 
 } // namespace Tavik

@@ -53,6 +53,8 @@ struct PlatformOptions
     using Permission = std::unique_ptr<AccessibilityPermission>;
 
     UpdateSource updates;
+    /// False for a platform that is only looked at: the desktop is asked for no shortcut.
+    bool listens = true;
     /// Gives what stands in the place of the session's own permission; none leaves that there.
     std::function<Permission(Permission)> replacePermission;
 };

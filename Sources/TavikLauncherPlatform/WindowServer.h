@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncherPlatform/Means.h>
+
 #include <QByteArray>
 #include <QImage>
 #include <QPoint>
@@ -9,6 +11,7 @@
 #include <QtGui/qwindowdefs.h>
 
 #include <functional>
+#include <optional>
 
 namespace Tavik {
 
@@ -28,6 +31,9 @@ class WindowServer
 public:
     virtual ~WindowServer() = default;
 
+    /// How it is known where the pointer is, and what puts the ring above other windows.
+    [[nodiscard]] virtual Means pointerMeans() const { return {}; }
+    [[nodiscard]] virtual Means overlayMeans() const { return {}; }
     /// Whether the panel is a window like others to the desktop. Where it is not, nothing but this
     /// gives it the keyboard and keeps it there.
     [[nodiscard]] virtual bool isPanelManaged() const = 0;
@@ -62,6 +68,11 @@ public:
     /// hear only of the last one, and us of its virtual desktop; see `onDesktopChanged`. May be
     /// repeated.
     virtual void reportMoves(WId window) = 0;
+    /// False where the toolkit cannot know where our windows are; then `placeOf` may.
+    [[nodiscard]] virtual bool toolkitKnowsPlaces() const { return true; }
+    /// Where a window of ours with that title is, with its frame, in points of the toolkit's plane;
+    /// absent where nobody tells. What has not been told yet comes by `onPlacesChanged`.
+    [[nodiscard]] virtual std::optional<QRect> placeOf(const QString&) { return std::nullopt; }
     /// False while the window is on a virtual desktop that the user has turned away from.
     [[nodiscard]] virtual bool isOnCurrentDesktop(WId) const { return true; }
     /// Gives the keyboard to the shown window, also against focus-stealing prevention.
@@ -98,6 +109,8 @@ public:
     /// Called when the user turns to another virtual desktop, or takes a window there whose moves
     /// are reported.
     std::function<void()> onDesktopChanged;
+    /// Called when `placeOf` has another answer.
+    std::function<void()> onPlacesChanged;
     /// Called when a compositor comes or goes.
     std::function<void()> onCompositingChanged;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncherPlatform/Means.h>
 #include <TavikLauncherPlatform/NotificationCenter.h>
 
 #include <QList>
@@ -53,6 +54,9 @@ public:
 
     virtual ~Workspace() = default;
 
+    /// How it is known what runs, and how that is brought to the front.
+    [[nodiscard]] virtual Means runningMeans() const { return {}; }
+    [[nodiscard]] virtual Means raisingMeans() const { return {}; }
     /// In the order in which the applications' first windows appeared.
     [[nodiscard]] virtual QList<RunningApplication> runningApplications() const = 0;
     /// The application that has the focus, if one has.

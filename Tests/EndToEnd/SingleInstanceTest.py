@@ -181,6 +181,7 @@ def test_a_hot_key_that_another_program_holds_is_reported_and_toggle_still_works
         lambda: [line for line in launcher.log_lines() if "RegisterEventHotKey status" in line],
         "the refused key is in the log")
     assert len(lines) == 1
+    assert "\n[!!] Trigger: " in "\n" + launcher.command("--check-desktop").stdout
     launcher.command("--toggle")
     launcher.wait_open()
     assert launcher.defaults()["LauncherSettings.hotKeyConfig"] == hot_key_record(launcher.hot_key)

@@ -108,7 +108,8 @@ private Q_SLOTS:
                 } else if (later != atFirst) {
                     view->adjustSize(); // As its window does.
                 }
-                QTest::qWait(0);
+                // A change of fonts goes through the layouts in several turns of the loop.
+                (void)QTest::qWaitFor([view] { return cutTexts(*view).isEmpty(); }, 200);
                 for (const QString& text : cutTexts(*view)) {
                     cut << name + u": "_s + text;
                 }

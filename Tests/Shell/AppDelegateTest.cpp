@@ -140,27 +140,33 @@ private Q_SLOTS:
 
     void aDesktopThatMustBeAskedIsAskedForWhatItCanGive_data()
     {
-        const Table<bool, bool> row; // Whether the shortcut has a key, and whether chords are had.
-        row("a chord", false, true);
-        row("a chord where there are none", false, false);
-        row("a key", true, false);
+        // Whether the shortcut has a key, whether chords are had, and what the button begins with.
+        const Table<bool, bool, QString> row;
+        row("a chord", false, true, u"Enable"_s);
+        row("a chord where there are none", false, false, u"Enable"_s);
+        row("a chord where there are none, from the settings", false, false, u"Set Up"_s);
+        row("a key", true, false, u"Enable"_s);
     }
     void aDesktopThatMustBeAskedIsAskedForWhatItCanGive()
     {
-        const auto [hasKey, hearsChords] = fetch<bool, bool>();
+        const auto [hasKey, hearsChords, words] = fetch<bool, bool, QString>();
         Application application;
         application.keyEvents.listensForChords = application.keyEvents.hearsOfChords = hearsChords;
         application.permission.trusted = false;
         application.permission.forKeys = true;
+        application.permission.told = {.limit = u"May I?"_s, .isLiftedByPrompt = true};
         if (hasKey) {
             application.useKey();
         }
         application.start();
         const QWidget* window = shown(permissionTitle);
         QVERIFY(window);
-        for (auto* button : window->findChildren<QPushButton*>()) {
-            if (button->text().startsWith(u"Enable")) {
-                button->click();
+        application.perform(AppAction::checkDesktop);
+        for (const QWidget* each : QList<const QWidget*>{window, shown(settingsTitle)}) {
+            for (auto* button : each->findChildren<QPushButton*>()) {
+                if (button->text().startsWith(words)) {
+                    button->click();
+                }
             }
         }
         QCOMPARE(application.permission.calls, QStringList{u"prompt"_s});

@@ -127,6 +127,28 @@ void fit(QWidget& view)
     view.resize(view.width(), view.layout()->totalHeightForWidth(view.width()));
 }
 
+/// One that leaves something to be done of each kind.
+DesktopCheck::Facts someDesktop()
+{
+    return {.shortcut = HotKeyConfig::defaultConfig(),
+            .isTrusted = false,
+            .obstacle = {.limit = u"GNOME lets programs listen for no key, so a custom shortcut is "
+                                  "added to its keyboard settings for as long as Tavik Launcher "
+                                  "runs."_s,
+                         .isLiftedByPrompt = true},
+            .triggerMeans = {.way = u"Custom shortcuts in GNOME's keyboard settings."_s},
+            .releaseMeans = {.way = u"The ring's own keyboard, while it is open."_s},
+            .pointer = {.way = u"The X server tells where it is."_s,
+                        .lack = u"Beside a Wayland desktop it knows that only over its own "
+                                "windows: the ring may open elsewhere."_s},
+            .overlay = {.way = u"A window that the window manager keeps above the others."_s},
+            .running = {.way = u"The window manager lists its windows."_s,
+                        .lack = u"Only X11 programs are seen to run."_s},
+            .raising = {.way = u"A request to the window manager."_s},
+            .tray = StatusTray::Host::none,
+            .login = LoginItem::Status::notRegistered};
+}
+
 struct RingPicture : PanelFixture
 {
     explicit RingPicture(QString scheme)
@@ -243,6 +265,7 @@ void GalleryScenes::drawSettings(const Keep& keep)
     installApplications(window);
     pinApplications(window);
     window.pin(window.settings.permanentAppPaths().first(5) + QStringList{u"/gone/Old.desktop"_s});
+    window.desktopFacts = someDesktop();
     int number = 0;
     for (const SettingsSection& section : allSettingsSections) {
         const SettingsPage& page = window.open(section.id);

@@ -187,6 +187,11 @@ QPainterPath shape(LineSymbol symbol)
         return path;
     case LineSymbol::check:
         return polyline({{4, 9.6}, {7.4, 13}, {14, 5.6}});
+    case LineSymbol::screen:
+        path.addRoundedRect(QRectF(2, 3, 14, 9.6), 1.4, 1.4);
+        path.addPath(polyline({{9, 12.6}, {9, 15.2}}));
+        path.addPath(polyline({{5.6, 15.2}, {12.4, 15.2}}));
+        return path;
     }
     return path;
 }

@@ -26,6 +26,7 @@ enum class LineSymbol {
     grip,
     warning,
     check,
+    screen,
 };
 
 /// Draws `symbol` into the square in the middle of `rect`.

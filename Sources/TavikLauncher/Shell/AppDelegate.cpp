@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Look/TavikIconFactory.h>
 #include <TavikLauncher/Shell/AppDelegate.h>
+#include <TavikLauncher/Shell/DesktopSurvey.h>
 #include <TavikLauncher/Shell/OpenPage.h>
 #include <TavikLauncher/Shell/TavikLauncherApp.h>
 #include <TavikLauncher/Views/Ring/LauncherPanel.h>
@@ -63,6 +64,7 @@ AppDelegate::AppDelegate(Platform& platform, NotificationCenter& notifications)
           {
               .hideLauncher = [this] { m_panelController->hide(); },
               .setupHotKey = [this] { m_trigger.setupHotKey(); },
+              .desktopFacts = [this] { return desktopFacts(); },
               .openSupportPage = openSupportPage,
               .tryShortcut =
                   [this](const HotKeyConfig& config) {
@@ -315,10 +317,18 @@ void AppDelegate::showPreview()
 
 void AppDelegate::showSettings(const QString& section)
 {
+    // A window that opens takes the section along; in an open one it is the section that brings up
+    // the ring beside it, which bringing the window to the front takes away.
+    const bool isOpen = m_windows.isSettingsVisible();
+    if (isOpen) {
+        m_windows.showSettings();
+    }
     if (!section.isEmpty()) {
         m_settings.pendingSettingsSectionID.set(section);
     }
-    m_windows.showSettings();
+    if (!isOpen) {
+        m_windows.showSettings();
+    }
 }
 
 void AppDelegate::startedByUser(const Activation& activation, std::function<bool()> isFirstOfLogin)
@@ -326,6 +336,14 @@ void AppDelegate::startedByUser(const Activation& activation, std::function<bool
     m_platform.windowServer->beginActivation(activation);
     m_platform.windowServer->endActivation();
     m_settingsOffer.makeSoon(std::move(isFirstOfLogin));
+}
+
+DesktopCheck::Facts AppDelegate::desktopFacts() const
+{
+    DesktopCheck::Facts facts
+        = surveyDesktop(m_platform, m_settings.hotKeyConfig(), m_trigger.state());
+    facts.isStartedAtLogin = m_isStartedAtLogin;
+    return facts;
 }
 
 void AppDelegate::performSoon(const AppRequest& request)

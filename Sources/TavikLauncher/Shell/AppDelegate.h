@@ -43,6 +43,10 @@ public:
     /// This start was somebody's wish, who will look for the program: where no tray shows it, the
     /// settings window offers itself, unless `isFirstOfLogin` denies.
     void startedByUser(const Activation& activation, std::function<bool()> isFirstOfLogin);
+    /// This start was the session's.
+    void startedAtLogin() { m_isStartedAtLogin = true; }
+    /// How the desktop serves now.
+    [[nodiscard]] DesktopCheck::Facts desktopFacts() const;
     void perform(const AppRequest& request);
     /// From the event loop.
     void performSoon(const AppRequest& request);
@@ -68,6 +72,7 @@ private:
     void pinPanel();
 
     Platform& m_platform;
+    bool m_isStartedAtLogin = false;
     DesktopPalette m_palette;
     NotificationCenter& m_notifications;
     LauncherSettings m_settings;

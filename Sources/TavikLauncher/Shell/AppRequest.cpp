@@ -17,7 +17,7 @@ struct NamedAction
     AppAction action;
     const char16_t* name;
 };
-constexpr std::array<NamedAction, 9> namedActions{{
+constexpr std::array<NamedAction, 10> namedActions{{
     {AppAction::summon, u"summon"},
     {AppAction::showLauncher, u"show-launcher"},
     {AppAction::toggleLauncher, u"toggle-launcher"},
@@ -26,6 +26,7 @@ constexpr std::array<NamedAction, 9> namedActions{{
     {AppAction::reindex, u"reindex"},
     {AppAction::tour, u"tour"},
     {AppAction::checkForUpdates, u"check-for-updates"},
+    {AppAction::checkDesktop, u"check-desktop"},
     {AppAction::quit, u"quit"},
 }};
 

@@ -21,6 +21,7 @@ enum class AppAction {
     reindex,
     tour,
     checkForUpdates,
+    checkDesktop, ///< Shows that page; who sends it over the socket is answered instead.
     quit,
 };
 

@@ -4,6 +4,7 @@
 #include <TavikLauncher/Shell/AuxiliaryWindows.h>
 #include <TavikLauncher/Views/SettingsWindow/LauncherSettingsView.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsFileDialogs.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsSection.h>
 #include <TavikLauncher/Views/Windows/AccessibilityPermissionView.h>
 #include <TavikLauncher/Views/Windows/ConfettiWindow.h>
 #include <TavikLauncher/Views/Windows/OnboardingView.h>
@@ -48,11 +49,17 @@ AuxiliaryWindows::AuxiliaryWindows(const Dependencies& dependencies, Actions act
     m_dependencies.platform.windowServer->onDesktopChanged = [this] {
         desktopChanged();
     };
+    m_dependencies.platform.windowServer->onPlacesChanged = [this] {
+        if (isSettingsVisible()) {
+            m_actions.settingsChangedPlace();
+        }
+    };
 }
 
 AuxiliaryWindows::~AuxiliaryWindows()
 {
     m_dependencies.platform.windowServer->onDesktopChanged = nullptr;
+    m_dependencies.platform.windowServer->onPlacesChanged = nullptr;
     // The end of the program is no closing by the user; and a deletion that is put off would come
     // after the end of what the windows refer to.
     m_isEnding = true;
@@ -121,6 +128,27 @@ void AuxiliaryWindows::chooseShortcutThatCanBeHad()
     if (config.isModifierOnly() && !m_dependencies.platform.keyEvents->hearsChords()) {
         settings.hotKeyConfig.set(config.withSpace());
     }
+}
+
+std::optional<QString> AuxiliaryWindows::repair(DesktopCheck::Repair repair)
+{
+    LauncherSettings& settings = m_dependencies.settings;
+    switch (repair) {
+    case DesktopCheck::Repair::none:
+        break;
+    case DesktopCheck::Repair::setUpTrigger:
+        m_dependencies.platform.accessibility->prompt();
+        chooseShortcutThatCanBeHad();
+        m_actions.setupHotKey();
+        break;
+    case DesktopCheck::Repair::chooseShortcut:
+        settings.pendingSettingsSectionID.set(SettingsSection::shortcut.toString());
+        break;
+    case DesktopCheck::Repair::launchAtLogin:
+        settings.setLaunchesAtLogin(true);
+        return settings.launchAtLoginMessage();
+    }
+    return std::nullopt;
 }
 
 void AuxiliaryWindows::showOnboarding(bool markIncomplete)
@@ -192,6 +220,8 @@ AuxiliaryWindowPointer AuxiliaryWindows::makeSettingsWindow()
         .whyNotUpdating = platform.updater->whyNotUpdating(),
         .openFile = SettingsFileDialogs::openFile(window),
         .saveFile = SettingsFileDialogs::saveFile(window),
+        .desktopFindings = [this] { return DesktopCheck::findings(m_actions.desktopFacts()); },
+        .repairDesktop = [this](DesktopCheck::Repair wanted) { return repair(wanted); },
         .tryShortcut = m_actions.tryShortcut,
         .shortcutRecordingChanged = m_actions.shortcutRecordingChanged,
         .showPreview = m_actions.showPreview,
@@ -230,6 +260,7 @@ void AuxiliaryWindows::showSettings()
         m_settingsWindow = makeSettingsWindow();
         const Platform& platform = m_dependencies.platform;
         m_settingsPlace.emplace(SettingsWindowPlace::Dependencies{*platform.screens,
+                                                                  *platform.windowServer,
                                                                   *platform.mainQueue,
                                                                   m_dependencies.settings},
                                 *m_settingsWindow);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <TavikLauncher/Look/AuxiliaryWindow.h>
+#include <TavikLauncher/Settings/DesktopCheck.h>
 #include <TavikLauncher/Shell/SettingsWindowPlace.h>
 
 #include <QObject>
@@ -37,6 +38,7 @@ public:
     {
         std::function<void()> hideLauncher;
         std::function<void()> setupHotKey;
+        std::function<DesktopCheck::Facts()> desktopFacts;
         std::function<void()> openSupportPage;
         std::function<std::optional<QString>(const HotKeyConfig&)> tryShortcut;
         std::function<void(bool isRecording)> shortcutRecordingChanged;
@@ -82,6 +84,8 @@ private:
     [[nodiscard]] AuxiliaryWindowPointer makeSettingsWindow();
     /// A desktop that gives no chords is asked for their modifiers with a key.
     void chooseShortcutThatCanBeHad();
+    /// Returns what went wrong, in words for the user.
+    std::optional<QString> repair(DesktopCheck::Repair repair);
     void centerOnActiveScreen(AuxiliaryWindow& window) const;
     void desktopChanged();
 

@@ -24,7 +24,7 @@ struct Option
     AppAction action;
     const char* help;
 };
-constexpr std::array<Option, 9> options{{
+constexpr std::array<Option, 10> options{{
     {u"--summon",
      AppAction::summon,
      QT_TRANSLATE_NOOP("Tavik::Texts", "press the shortcut: for a key that the desktop binds")},
@@ -43,6 +43,9 @@ constexpr std::array<Option, 9> options{{
     {u"--check-for-updates",
      AppAction::checkForUpdates,
      QT_TRANSLATE_NOOP("Tavik::Texts", "ask for a newer version")},
+    {u"--check-desktop",
+     AppAction::checkDesktop,
+     QT_TRANSLATE_NOOP("Tavik::Texts", "print what this desktop gives the launcher, and what not")},
     {u"--quit", AppAction::quit, QT_TRANSLATE_NOOP("Tavik::Texts", "end the running launcher")},
 }};
 

@@ -22,6 +22,7 @@ namespace {
 const QString serviceName = u"org.tavik.Launcher"_s;
 const QString objectPath = u"/org/tavik/Launcher"_s;
 const QString interfaceName = u"org.freedesktop.Application"_s;
+const QString ownInterface = u"org.tavik.Launcher"_s;
 constexpr int callTimeoutMilliseconds = 5000;
 
 /// What the caller's desktop gave along, in the standard's names.
@@ -111,13 +112,30 @@ private:
     InstanceBus& m_bus;
 };
 
+/// What the standard's interface has no answer for.
+class OwnAdaptor final : public QDBusAbstractAdaptor
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.tavik.Launcher")
+
+public:
+    explicit OwnAdaptor(InstanceBus& bus)
+        : QDBusAbstractAdaptor(&bus)
+        , m_bus(bus)
+    { }
+
+public Q_SLOTS:
+    QString CheckDesktop() { return m_bus.onCheckDesktop ? m_bus.onCheckDesktop() : QString(); }
+
+private:
+    InstanceBus& m_bus;
+};
+
 QDBusMessage messageOf(const AppRequest& request)
 {
     const bool isNamed = request.action != AppAction::activate;
     QDBusMessage message = QDBusMessage::createMethodCall(
         serviceName, objectPath, interfaceName, isNamed ? u"ActivateAction"_s : u"Activate"_s);
-    // Only who runs is asked; nobody is to be started by the bus.
-    message.setAutoStartService(false);
     if (isNamed) {
         QVariantList parameters;
         if (!request.argument.isEmpty()) {
@@ -129,14 +147,22 @@ QDBusMessage messageOf(const AppRequest& request)
     return message;
 }
 
-InstanceAnswer call(const QDBusConnection& bus, const AppRequest& request)
+InstanceAnswer call(const QDBusConnection& bus, const AppRequest& request, QString* text)
 {
     if (!bus.isConnected()) {
         return InstanceAnswer::none;
     }
     const QDeadlineTimer patience(callTimeoutMilliseconds);
-    const QDBusMessage reply = bus.call(messageOf(request), QDBus::Block, callTimeoutMilliseconds);
+    QDBusMessage message = text
+        ? QDBusMessage::createMethodCall(serviceName, objectPath, ownInterface, u"CheckDesktop"_s)
+        : messageOf(request);
+    // Only who runs is asked; nobody is to be started by the bus.
+    message.setAutoStartService(false);
+    const QDBusMessage reply = bus.call(message, QDBus::Block, callTimeoutMilliseconds);
     if (reply.type() == QDBusMessage::ReplyMessage) {
+        if (text) {
+            *text = reply.arguments().value(0).toString();
+        }
         return InstanceAnswer::given;
     }
     // An early error says that nobody has the name, or that who had it is ending.
@@ -161,6 +187,7 @@ InstanceBus::Claim InstanceBus::claim()
     }
     if (!findChild<ApplicationAdaptor*>()) {
         new ApplicationAdaptor(*this);
+        new OwnAdaptor(*this);
     }
     // The object first: whoever sees the name may call at once.
     bus.registerObject(objectPath, this);
@@ -183,9 +210,10 @@ void InstanceBus::giveUp()
         bus.unregisterService(serviceName);
     }
     onRequest = nullptr;
+    onCheckDesktop = nullptr;
 }
 
-InstanceAnswer InstanceBus::send(const AppRequest& request)
+InstanceAnswer InstanceBus::send(const AppRequest& request, QString* text)
 {
     if (!SessionBus::isOffered()) {
         return InstanceAnswer::none;
@@ -193,8 +221,8 @@ InstanceAnswer InstanceBus::send(const AppRequest& request)
     // A connection of its own: this runs before there is an application object, and the one that
     // the toolkit shares must not be made before that.
     const QString connectionName = u"tavik-launcher-forward"_s;
-    const InstanceAnswer answer
-        = call(QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName), request);
+    const InstanceAnswer answer = call(
+        QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName), request, text);
     QDBusConnection::disconnectFromBus(connectionName);
     return answer;
 }

@@ -32,11 +32,13 @@ public:
     /// The next start may have the name; calls that have not been answered are refused.
     void giveUp();
 
-    /// Hands the action to the instance that has the name. Blocks for a few seconds at most. Needs
-    /// no application object.
-    [[nodiscard]] static InstanceAnswer send(const AppRequest& request);
+    /// Hands the action to the instance that has the name; with a place for it, the answer of
+    /// `onCheckDesktop` is asked for instead. Blocks for a few seconds at most. Needs no
+    /// application object.
+    [[nodiscard]] static InstanceAnswer send(const AppRequest& request, QString* text = nullptr);
 
     std::function<void(const AppRequest&)> onRequest;
+    std::function<QString()> onCheckDesktop;
 
 private:
     bool m_hasName = false;

@@ -53,7 +53,7 @@ InstanceClaim::Outcome InstanceClaim::settle(const Wish& wish)
     Outcome result = Outcome::silent;
     const QString line = wish.request ? lineOf(*wish.request) : QString();
     retry([&] {
-        result = outcome(InstanceSocket::send(line));
+        result = outcome(InstanceSocket::send(line, wish.answer));
         if (result != Outcome::nobody) {
             return true;
         }
@@ -67,7 +67,8 @@ InstanceClaim::Outcome InstanceClaim::settle(const Wish& wish)
         }
         // Here the bus is asked for the first time, before anything of the toolkit's waits for it.
         SessionBus::forgetIfMute();
-        result = wish.needsRunning ? outcome(InstanceBus::send(*wish.request)) : Outcome::first;
+        result = wish.needsRunning ? outcome(InstanceBus::send(*wish.request, wish.answer))
+                                   : Outcome::first;
         return true;
     });
     return result;

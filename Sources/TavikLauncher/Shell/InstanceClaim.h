@@ -27,6 +27,7 @@ public:
         /// Absent when nothing is wanted but that a launcher runs.
         std::optional<AppRequest> request;
         bool needsRunning = false; ///< To be said to one that runs, or not at all.
+        QString* answer = nullptr; ///< Where a text is expected: its place.
     };
 
     /// Blocks for some seconds at most.

@@ -16,7 +16,8 @@ constexpr int connectMilliseconds = 1000;
 /// An instance that has just started reads its first line when it is ready for it.
 constexpr int answerMilliseconds = 5000;
 constexpr qint64 longestLine = 1024;
-constexpr char terminator = '\n';
+const QByteArray terminator = QByteArrayLiteral("\n");
+constexpr qsizetype longestText = 65536;
 
 std::optional<QString> socketPath()
 {
@@ -79,15 +80,17 @@ void InstanceSocket::read(QLocalSocket& connection)
     }
     const QByteArray line = connection.readLine(longestLine).trimmed();
     connection.disconnect(&m_server); // One line each.
-    connection.write(&terminator, 1);
+    const QString words = QString::fromUtf8(line);
+    const std::optional<QString> text = onQuestion ? onQuestion(words) : std::nullopt;
+    connection.write(terminator + text.value_or(QString()).toUtf8());
     connection.flush(); // The line may be the one that ends this program.
     connection.disconnectFromServer();
-    if (onLine && !line.isEmpty()) {
-        onLine(QString::fromUtf8(line));
+    if (onLine && !text && !line.isEmpty()) {
+        onLine(words);
     }
 }
 
-InstanceAnswer InstanceSocket::send(const QString& line)
+InstanceAnswer InstanceSocket::send(const QString& line, QString* text)
 {
     const std::optional<QString> path = socketPath();
     if (!path) {
@@ -100,6 +103,13 @@ InstanceAnswer InstanceSocket::send(const QString& line)
     }
     socket.write(line.toUtf8() + terminator);
     if (socket.waitForReadyRead(answerMilliseconds)) {
+        if (text) {
+            QByteArray read = socket.readAll();
+            while (read.size() < longestText && socket.waitForReadyRead(answerMilliseconds)) {
+                read += socket.readAll();
+            }
+            *text = QString::fromUtf8(read.mid(terminator.size()));
+        }
         return InstanceAnswer::given;
     }
     // A connection that was closed without an answer was not read.

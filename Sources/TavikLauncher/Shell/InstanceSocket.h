@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
 
 class QLocalSocket;
 
@@ -14,7 +15,7 @@ namespace Tavik {
 
 /// A local socket in the user's runtime folder, which only the user can reach: where other starts
 /// find the one that runs, with a session bus or without. One line is sent per connection and
-/// answered with a byte. An empty line asks only whether anybody is there.
+/// answered with a byte, and perhaps a text. An empty line asks only whether anybody is there.
 class InstanceSocket
 {
 public:
@@ -29,11 +30,13 @@ public:
     /// Whoever has no answer yet gets none, and may try elsewhere.
     void close();
 
-    /// Hands a line to the instance that listens. Blocks for as long as that takes, at most a few
-    /// seconds. Needs no application object.
-    [[nodiscard]] static InstanceAnswer send(const QString& line);
+    /// Hands a line to the instance that listens; with a place for it, its text is waited for, too.
+    /// Blocks for as long as that takes, at most a few seconds. Needs no application object.
+    [[nodiscard]] static InstanceAnswer send(const QString& line, QString* text = nullptr);
 
     std::function<void(const QString& line)> onLine;
+    /// Answers a line that is a question; for others nothing, and `onLine` gets them.
+    std::function<std::optional<QString>(const QString& line)> onQuestion;
 
 private:
     void accept();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Shell/RequestPerformer.h>
 #include <TavikLauncher/Shell/ScreenGuard.h>
+#include <TavikLauncher/Views/SettingsWindow/SettingsSection.h>
 
 #include <utility>
 
@@ -63,6 +64,9 @@ void RequestPerformer::carryOut(const AppRequest& request)
         break;
     case AppAction::checkForUpdates:
         m_actions.checkForUpdates();
+        break;
+    case AppAction::checkDesktop:
+        m_actions.showSettings(SettingsSection::desktop.toString());
         break;
     case AppAction::quit:
         m_actions.quit();

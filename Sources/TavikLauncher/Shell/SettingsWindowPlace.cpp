@@ -82,6 +82,15 @@ void SettingsWindowPlace::settle(int attempt)
 
 QRectF SettingsWindowPlace::frame() const
 {
+    if (!m_dependencies.windowServer.toolkitKnowsPlaces()) {
+        const QRect screen = m_window.screen()->geometry();
+        QRect middle(QPoint(), m_window.size());
+        middle.moveCenter(screen.center());
+        QRect told = m_dependencies.windowServer.placeOf(m_window.windowTitle()).value_or(middle);
+        // A window that fills its screen has nothing to show at its right.
+        told.setWidth(std::min(told.width(), LauncherSettingsView::preferredSize.width()));
+        return ScreenPlane::flipped(QRectF(told), primaryBottom());
+    }
     const QRect frame
         = border().isValid() ? m_window.windowHandle()->frameGeometry() : m_window.geometry();
     return ScreenPlane::flipped(QRectF(frame), primaryBottom());

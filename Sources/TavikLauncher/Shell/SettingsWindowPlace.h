@@ -4,6 +4,7 @@
 #include <TavikLauncher/Settings/SettingsPreviewLayout.h>
 #include <TavikLauncherPlatform/MainQueue.h>
 #include <TavikLauncherPlatform/Screens.h>
+#include <TavikLauncherPlatform/WindowServer.h>
 
 #include <QPoint>
 #include <QRectF>
@@ -25,6 +26,7 @@ public:
     struct Dependencies
     {
         const Screens& screens;
+        WindowServer& windowServer;
         MainQueue& mainQueue;
         const LauncherSettings& settings;
     };
@@ -36,7 +38,8 @@ public:
     /// frame.
     void settle();
 
-    /// The window with its manager's frame.
+    /// The window with its manager's frame. Where nobody tells its place, that is taken to be the
+    /// middle of its screen.
     [[nodiscard]] QRectF frame() const;
     /// Where the window belongs on its screen, and the ring preview beside it wherever it stands
     /// now; absent without a screen.

@@ -16,6 +16,14 @@ bool SingleInstance::listen()
     m_bus.onRequest = [this](const AppRequest& request) {
         perform(request);
     };
+    m_bus.onCheckDesktop = [this] {
+        return onCheckDesktop ? onCheckDesktop() : QString();
+    };
+    m_socket.onQuestion = [this](const QString& line) {
+        const std::optional<AppRequest> request = requestIn(line);
+        const bool isQuestion = request && request->action == AppAction::checkDesktop;
+        return isQuestion && onCheckDesktop ? std::optional(onCheckDesktop()) : std::nullopt;
+    };
     m_socket.onLine = [this](const QString& line) {
         if (const std::optional<AppRequest> request = requestIn(line)) {
             perform(*request);

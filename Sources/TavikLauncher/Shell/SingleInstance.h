@@ -24,6 +24,8 @@ public:
     void giveUp();
 
     std::function<void(const AppRequest&)> onRequest;
+    /// Answers who asks how this desktop serves.
+    std::function<QString()> onCheckDesktop;
 
 private:
     void perform(const AppRequest& request) const;

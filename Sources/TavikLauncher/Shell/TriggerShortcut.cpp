@@ -41,8 +41,22 @@ void TriggerShortcut::setupHotKey()
     }
 }
 
+DesktopCheck::Trigger TriggerShortcut::state() const
+{
+    if (m_isRecording) {
+        return m_stateBeforeRecording;
+    }
+    using Hearing = GlobalHotKey::Hearing;
+    // Without one the keyboard cannot give it.
+    const Hearing hearing = m_hotKey ? m_hotKey->hearing() : Hearing::shared;
+    return hearing == Hearing::heard ? DesktopCheck::Trigger::heard
+        : hearing == Hearing::shared ? DesktopCheck::Trigger::refused
+                                     : DesktopCheck::Trigger::unheard;
+}
+
 void TriggerShortcut::setRecording(bool isRecording)
 {
+    m_stateBeforeRecording = state();
     m_isRecording = isRecording;
     setupHotKey();
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncher/Settings/DesktopCheck.h>
 #include <TavikLauncher/Trigger/TriggerGestures.h>
 
 #include <functional>
@@ -42,6 +43,8 @@ public:
     TriggerShortcut(const TriggerShortcut&) = delete;
     TriggerShortcut& operator=(const TriggerShortcut&) = delete;
 
+    /// What has become of it; while one is recorded, what had.
+    [[nodiscard]] DesktopCheck::Trigger state() const;
     /// Registers the shortcut of the settings in place of the one before, and from then on again
     /// when a changed keyboard may have what was refused.
     void setupHotKey();
@@ -58,6 +61,7 @@ private:
     TriggerGestures m_gestures;
     std::unique_ptr<GlobalHotKey> m_hotKey; ///< Null while there is none, or it rests.
     bool m_isRecording = false;
+    DesktopCheck::Trigger m_stateBeforeRecording = DesktopCheck::Trigger::heard;
 };
 
 } // namespace Tavik

@@ -3,6 +3,7 @@
 #include <TavikLauncher/Shell/AppDelegate.h>
 #include <TavikLauncher/Shell/BuildOptions.h>
 #include <TavikLauncher/Shell/CommandLine.h>
+#include <TavikLauncher/Shell/DesktopSurvey.h>
 #include <TavikLauncher/Shell/InstanceClaim.h>
 #include <TavikLauncher/Shell/RuntimeFolder.h>
 #include <TavikLauncher/Shell/SingleInstance.h>
@@ -30,6 +31,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int failure = 1;
+constexpr double secondsToAnswer = 0.7;
 constexpr const char* startupIdVariable = "DESKTOP_STARTUP_ID";
 constexpr const char* tokenVariable = "XDG_ACTIVATION_TOKEN";
 
@@ -49,7 +51,8 @@ void print(std::FILE* stream, const QString& text)
 
 bool needsRunningInstance(AppAction action)
 {
-    return action == AppAction::hideLauncher || action == AppAction::quit;
+    return action == AppAction::hideLauncher || action == AppAction::quit
+        || action == AppAction::checkDesktop;
 }
 
 /// What the desktop gave this process along; the toolkit takes some of it away when it starts.
@@ -96,6 +99,12 @@ void beginService(SingleInstance& instance, AppDelegate& delegate, const Command
     const auto isFirstOfLogin = [] {
         return RuntimeFolder::isFirstOfLogin(u"tavik-launcher.shown"_s);
     };
+    if (commandLine.starter == Starter::login) {
+        delegate.startedAtLogin();
+    }
+    instance.onCheckDesktop = [&delegate] {
+        return DesktopReport::toText(DesktopReport::of(delegate.desktopFacts()));
+    };
     instance.onRequest = [&delegate, isFirstOfLogin, isFirst = commandLine.starter == Starter::bus](
                              const AppRequest& wanted) mutable {
         // The bus started this process for its first message; a plain one means the start.
@@ -110,6 +119,29 @@ void beginService(SingleInstance& instance, AppDelegate& delegate, const Command
     } else if (commandLine.starter == Starter::user) {
         delegate.startedByUser(commandLine.request.activation, isFirstOfLogin);
     }
+}
+
+/// What can be said of the desktop while no launcher runs, without asking it for a shortcut.
+int checkDesktop(int argc, char** argv)
+{
+    if (const std::optional<QString> fault = chooseDisplay()) {
+        return complain(*fault);
+    }
+    TavikLauncherApp application(argc, argv);
+    Languages::speak(application, Languages::chosen(QLocale::system().uiLanguages()));
+    PlatformOptions options = buildOptions();
+    options.listens = false;
+    const std::unique_ptr<Platform> platform = makePlatform(options);
+    // Nobody tells when the last part of the desktop has answered.
+    const Task end = platform->mainQueue->after(secondsToAnswer, [] { TavikLauncherApp::exit(); });
+    TavikLauncherApp::exec();
+    const DesktopReport::Report report = DesktopReport::of(surveyDesktop(*platform));
+    print(stdout, report.text);
+    std::fflush(stdout);
+    if (!platform->workQueue->finish()) {
+        std::_Exit(report.exitCode);
+    }
+    return report.exitCode;
 }
 
 /// How a run of the program ended.
@@ -214,7 +246,18 @@ int main(int argc, char** argv)
     // What the running instance is to do needs neither windows nor fonts here: it is on its way
     // before the toolkit would have started.
     InstanceClaim claim;
-    const InstanceClaim::Outcome outcome = claim.settle(wishOf(commandLine));
+    InstanceClaim::Wish wish = wishOf(commandLine);
+    QString answer;
+    wish.answer = request.action == AppAction::checkDesktop ? &answer : nullptr;
+    const InstanceClaim::Outcome outcome = claim.settle(wish);
+    if (wish.answer && outcome == InstanceClaim::Outcome::nobody) {
+        return checkDesktop(argc, argv);
+    }
+    if (wish.answer && outcome == InstanceClaim::Outcome::handedOver) {
+        const DesktopReport::Report report = DesktopReport::fromText(answer);
+        print(stdout, report.text);
+        return report.exitCode;
+    }
     if (outcome != InstanceClaim::Outcome::first) {
         return conclude(claim, outcome, request);
     }

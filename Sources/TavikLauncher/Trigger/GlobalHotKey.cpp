@@ -85,6 +85,17 @@ std::optional<QString> GlobalHotKey::refusal(KeyEvents& keyEvents, const HotKeyC
     return std::nullopt;
 }
 
+GlobalHotKey::Hearing GlobalHotKey::hearing() const
+{
+    if (m_hotKey) {
+        return Hearing::heard;
+    }
+    if (!m_eventTap && !m_globalMonitor) {
+        return Hearing::unheard;
+    }
+    return m_config.isModifierOnly() ? Hearing::heard : Hearing::shared;
+}
+
 bool GlobalHotKey::registerHotKey()
 {
     // Without modifiers a chord would be held whenever nothing is, and a key would be taken from

@@ -38,6 +38,12 @@ public:
     using PressHandler = std::function<void(double time)>;
     using ReleaseHandler = std::function<void(ReleaseReason reason, double time)>;
 
+    enum class Hearing {
+        heard,
+        shared, ///< Somebody else has been given the key; we hear of it, too.
+        unheard, ///< But in our own windows.
+    };
+
     /// Shortcuts with a key have no release.
     GlobalHotKey(const Dependencies& dependencies,
                  HotKeyConfig config,
@@ -50,6 +56,9 @@ public:
     /// A trial: why the shortcut could not be had now, in words for the user; absent when it could.
     [[nodiscard]] static std::optional<QString> refusal(KeyEvents& keyEvents,
                                                         const HotKeyConfig& config);
+
+    /// What has become of the registration by now.
+    [[nodiscard]] Hearing hearing() const;
 
     /// Returns whether at least one way of delivery was installed. (`register` would be its name,
     /// were it not a word of the language.)

@@ -78,7 +78,7 @@ ShortcutSource* addPermission(Platform& platform,
         platform.accessibility = options.replacePermission(std::move(platform.accessibility));
         return nullptr;
     }
-    std::unique_ptr<ShortcutSource> made = isWayland
+    std::unique_ptr<ShortcutSource> made = isWayland && options.listens
         ? shortcutSourceOfSession(
             *platform.mainQueue, *platform.workQueue, *platform.userDefaults, ownProgram())
         : nullptr;
@@ -95,7 +95,8 @@ void addX11Services(Platform& platform,
                     const PlatformOptions& options,
                     xcb_connection_t* toolkit)
 {
-    auto source = std::make_unique<X11WindowTracker>(*platform.mainQueue);
+    const bool isXwayland = x11IsXwayland(toolkit);
+    auto source = std::make_unique<X11WindowTracker>(*platform.mainQueue, isXwayland);
     X11WindowTracker& windows = *source;
     platform.workspace = std::make_unique<ApplicationWorkspace>(
         *platform.mainQueue, *platform.workQueue, files, std::move(source));
@@ -104,7 +105,6 @@ void addX11Services(Platform& platform,
         .focusedPoint = [&windows] { return windows.focusedPoint(); },
         .availableArea = [&windows](const QRect& screen) { return windows.availableArea(screen); },
     });
-    const bool isXwayland = x11IsXwayland(toolkit);
     ShortcutSource* shortcuts
         = addPermission(platform, options, x11KeyboardLimit(toolkit), isXwayland);
     auto windowServer = std::make_unique<X11WindowServer>(toolkit, *platform.mainQueue, isXwayland);
@@ -152,7 +152,7 @@ std::unique_ptr<WindowSource> windowSourceOfSession(MainQueue& mainQueue, WorkQu
     makers.emplace_back([&mainQueue] {
         const bool hasXServer
             = !qEnvironmentVariableIsEmpty("DISPLAY") && !X11Connection().isBroken();
-        return hasXServer ? Made(std::make_unique<X11WindowTracker>(mainQueue)) : nullptr;
+        return hasXServer ? Made(std::make_unique<X11WindowTracker>(mainQueue, true)) : nullptr;
     });
     return std::make_unique<NextBestWindows>(mainQueue, std::move(makers));
 }
@@ -163,8 +163,22 @@ void addWaylandServices(Platform& platform, LinuxFileManager& files, const Platf
     const bool isWayland = QGuiApplication::platformName() == u"wayland"_s;
     platform.screens = std::make_unique<QtScreens>();
     platform.windowServer = std::make_unique<NullWindowServer>();
+    std::unique_ptr<WindowSource> source;
+    if (isWayland) {
+        source = windowSourceOfSession(*platform.mainQueue, *platform.workQueue);
+    } else {
+        source = std::make_unique<NoWindows>();
+    }
 #ifdef TAVIK_HAS_WAYLAND
     if (auto server = isWayland ? WaylandWindowServer::make(*platform.mainQueue) : nullptr) {
+        server->findPlace = [&windows = *source](const QString& title) {
+            return windows.placeOfOwn(title);
+        };
+        source->onOwnPlacesChanged = [&server = *server] {
+            if (server.onPlacesChanged) {
+                server.onPlacesChanged();
+            }
+        };
         platform.screens
             = std::make_unique<QtScreens>(QtScreens::Hooks{.pointerInPoints = [&server = *server] {
                   return server.pointer();
@@ -173,11 +187,7 @@ void addWaylandServices(Platform& platform, LinuxFileManager& files, const Platf
     }
 #endif
     platform.workspace = std::make_unique<ApplicationWorkspace>(
-        *platform.mainQueue,
-        *platform.workQueue,
-        files,
-        isWayland ? windowSourceOfSession(*platform.mainQueue, *platform.workQueue)
-                  : std::make_unique<NoWindows>());
+        *platform.mainQueue, *platform.workQueue, files, std::move(source));
     ShortcutSource* shortcuts
         = addPermission(platform, options, SessionAccessibilityPermission::waylandLimit(), true);
     platform.keyEvents = std::make_unique<ToolkitKeyEvents>();
@@ -264,7 +274,10 @@ std::unique_ptr<Platform> makePlatform(const PlatformOptions& options)
     }
     platform->appearance = std::make_unique<PortalAppearance>(*platform->workQueue);
     platform->loginItem = std::make_unique<AutostartLoginItem>(AutostartLoginItem::Paths{
-        .entry = AutostartLoginItem::defaultEntryPath(), .program = ownProgram()});
+        .entry = AutostartLoginItem::defaultEntryPath(),
+        .program = ownProgram(),
+        .lineOfOwn = AutostartLoginItem::lineFor(currentDesktop(),
+                                                 !qEnvironmentVariableIsEmpty("SESSION_MANAGER"))});
     platform->statusTray = std::make_unique<LinuxStatusTray>(
         *platform->workQueue,
         LinuxStatusTray::Session{.isX11 = x11 && x11->connection(), .desktop = currentDesktop()});

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Null/NullServices.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QGuiApplication>
 #include <QWindow>
@@ -20,6 +21,18 @@ const QWindow* windowWithId(WId id)
 }
 
 } // namespace
+
+Means NullWindowServer::pointerMeans() const
+{
+    return {.way = Texts::tr("The desktop places the ring."),
+            .lack = Texts::tr("This desktop tells no program where the pointer is.")};
+}
+
+Means NullWindowServer::overlayMeans() const
+{
+    return {.way = Texts::tr("A window like any other."),
+            .lack = Texts::tr("This desktop lets no program keep a window above the others.")};
+}
 
 void NullWindowServer::preparePanel(WId) { }
 

@@ -14,6 +14,8 @@ namespace Tavik {
 class NullWindowServer final : public WindowServer
 {
 public:
+    [[nodiscard]] Means pointerMeans() const override;
+    [[nodiscard]] Means overlayMeans() const override;
     [[nodiscard]] bool isPanelManaged() const override { return true; }
     void preparePanel(WId window) override;
     void setInputRegion(WId window, const QRegion& region) override;

@@ -219,6 +219,46 @@ private Q_SLOTS:
         QVERIFY(!listening.shortcuts.serves());
     }
 
+    void theUsersOwnBindingsAreTold_data()
+    {
+        const Table<QByteArray, int, QString> row; // Configuration, key, and what it does there.
+        row("by name",
+            R"(set $mod Mod1\n  bindsym --to-code Control+$mod+Space exec a b)",
+            49,
+            u"exec a b"_s);
+        row("by place", R"(bindcode ctrl+Alt+65 kill)", 49, u"kill"_s);
+        row("in a block",
+            R"(bindsym {\n # two\n Ctrl+Mod1+x nop\n Ctrl+Mod1+space \\\n exec a\n})",
+            49,
+            u"exec a"_s);
+        row("a chord", R"(bindsym Mod1+Control_L exec a)", -1, u"exec a"_s);
+        row("longer names first",
+            R"(set $m Mod4\nset $mod Mod1\nbindsym Ctrl+$mod+space a)",
+            49,
+            u"a"_s);
+        row("of a mode",
+            R"(mode \"x\" {\nbindsym Ctrl+Mod1+space kill\n}\n#bindsym Ctrl+Mod1+space a)",
+            49,
+            {});
+        row("of other keys",
+            R"(bindsym Ctrl+Mod1+Return a\nbindsym Mod1+space b\nbindsym\n}\n{)",
+            49,
+            {});
+    }
+    void theUsersOwnBindingsAreTold()
+    {
+        const auto [told, key, command] = fetch<QByteArray, int, QString>();
+        KeyEvents::HotKey hotKey{.keyCode = {}, .modifierFlags = chord};
+        if (key >= 0) {
+            hotKey.keyCode = static_cast<quint16>(key);
+        }
+        Listening listening(hotKey);
+        listening.sway.say(framed(9, R"({"config":")" + told + R"("})"));
+        QCOMPARE(listening.shortcuts.status(hotKey) != 0, !command.isEmpty());
+        QCOMPARE(listening.shortcuts.means().lack.section(u"“"_s, 1).section(u"”"_s, 0, 0),
+                 command);
+    }
+
     void whereNobodyListensNothingIsHad()
     {
         SwayShortcuts shortcuts(u"/nonexistent/socket"_s);
@@ -253,6 +293,27 @@ private Q_SLOTS:
         sway.say(told);
         QVERIFY(source.isReady());
         QCOMPARE(described(source), windows);
+    }
+
+    void ownWindowsHaveAPlace()
+    {
+        FakeSway sway;
+        SwayWindows source(sway.server.fullServerName());
+        (void)sway.next(4);
+        int changes = 0;
+        source.onOwnPlacesChanged = [&changes] {
+            ++changes;
+        };
+        const QByteArray place = R"(,"name":"Ours","rect":{"x":1,"y":-2,"width":30,"height":40}})";
+        sway.say(tree(alder.chopped(1) + place));
+        QCOMPARE(source.placeOfOwn(u"Ours"_s), std::nullopt);
+        const QByteArray own = QByteArray::number(QCoreApplication::applicationPid());
+        const QByteArray told = tree(QByteArray(alder).replace("70", own).chopped(1) + place);
+        sway.say(told + told);
+        QCOMPARE(source.placeOfOwn(u"Ours"_s), QRect(1, -2, 30, 40));
+        sway.say(tree(alder));
+        QCOMPARE(source.placeOfOwn(u"Ours"_s), std::nullopt);
+        QCOMPARE(changes, 2);
     }
 
     void itIsAskedOnceForManyChangesAndRaisesByNumber()

@@ -4,9 +4,13 @@
 #include <TavikLauncher/Views/SettingsWindow/SettingsSection.h>
 
 #include <QAbstractButton>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QPointer>
 #include <QTest>
+
+#include <algorithm>
 
 using namespace Tavik;
 using namespace Tavik::Test;
@@ -222,6 +226,39 @@ private Q_SLOTS:
         fixture.settle();
         fixture.open(Section::backup);
         QVERIFY(!fixture.control<QAbstractButton>(u"undoImport"_s).isVisible());
+    }
+
+    void theDesktopIsLookedAtWhileItsPageIsShown()
+    {
+        SettingsWindowFixture fixture;
+        fixture.desktopFacts.tray = StatusTray::Host::none;
+        const auto button = [&](const QString& name) -> QAbstractButton* {
+            const auto buttons = fixture.view.page()->findChildren<QAbstractButton*>();
+            const auto found = std::ranges::find(buttons, name, &QAbstractButton::accessibleName);
+            return found == buttons.end() || !(*found)->isVisible() ? nullptr : *found;
+        };
+        fixture.open(Section::desktop);
+        const auto& summary = fixture.control<QLabel>(u"desktopSummary"_s);
+        QCOMPARE(summary.text(), u"Needs your attention: 1 of 8."_s);
+        QTest::keyClick(button(u"Copy Line: Tray"_s), Qt::Key_Return);
+        QCOMPARE(QGuiApplication::clipboard()->text(), u"tavik-launcher --settings"_s);
+        QVERIFY(button(u"Copied: Tray"_s));
+
+        fixture.desktopFacts.tray = StatusTray::Host::notifier;
+        fixture.mainQueue.advance(1);
+        QCOMPARE(summary.text(), u"This desktop gives the launcher all it needs."_s);
+        QVERIFY(!button(u"Copied: Tray"_s));
+        fixture.desktopFacts.login = LoginItem::Status::notRegistered;
+        fixture.mainQueue.advance(1);
+        fixture.repairFault = u"It is locked."_s;
+        QTest::keyClick(button(u"Turn On: Autostart"_s), Qt::Key_Space);
+        QCOMPARE(fixture.repairs, QList{DesktopCheck::Repair::launchAtLogin});
+        QCOMPARE(fixture.message(u"repairMessage"_s), u"It is locked."_s);
+        // Nothing runs for a page that is not seen.
+        fixture.view.showSection(u"hints"_s);
+        fixture.desktopFacts.login = LoginItem::Status::enabled;
+        fixture.mainQueue.advance(5);
+        QCOMPARE(summary.text(), u"Needs your attention: 1 of 8."_s);
     }
 
     void buttonsReachWhoIsAskedFor()

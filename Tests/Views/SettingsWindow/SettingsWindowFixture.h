@@ -99,6 +99,9 @@ struct SettingsWindowFixture : RingFixture
     QString chosenFile;
     std::optional<QString> shortcutRefusal;
     QList<bool> recordings; ///< Whether a shortcut is being recorded, at each change.
+    DesktopCheck::Facts desktopFacts; ///< At first of a desktop that has nothing to tell.
+    QList<DesktopCheck::Repair> repairs; ///< Wanted, in order.
+    std::optional<QString> repairFault;
     int previews = 0; ///< Asked for beside those that the settings post.
     int tours = 0;
     int supportPages = 0;
@@ -116,6 +119,12 @@ struct SettingsWindowFixture : RingFixture
         .display = u"X11"_s,
         .openFile = dialog(),
         .saveFile = dialog(),
+        .desktopFindings = [this] { return DesktopCheck::findings(desktopFacts); },
+        .repairDesktop =
+            [this](DesktopCheck::Repair repair) {
+                repairs.append(repair);
+                return repairFault;
+            },
         .tryShortcut = [this](const HotKeyConfig&) { return shortcutRefusal; },
         .shortcutRecordingChanged = [this](bool isRecording) { recordings.append(isRecording); },
         .showPreview = [this] { ++previews; },

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncher/Settings/DesktopCheck.h>
+
 #include <QString>
 
 #include <functional>
@@ -17,7 +19,6 @@ class MainQueue;
 class NotificationCenter;
 class SettingsSnapshot;
 class WorkQueue;
-struct HotKeyConfig;
 
 /// What a file dialog is to ask for.
 struct FileRequest
@@ -50,6 +51,10 @@ struct SettingsDependencies
 
     ChooseFile openFile;
     ChooseFile saveFile;
+    /// How the desktop serves now; cheap enough for once a second.
+    std::function<QList<DesktopCheck::Finding>()> desktopFindings;
+    /// Returns what went wrong, if it was told at once.
+    std::function<std::optional<QString>(DesktopCheck::Repair)> repairDesktop;
     /// Whether a shortcut can be had: nothing when it can, else the reason why not.
     std::function<std::optional<QString>(const HotKeyConfig&)> tryShortcut;
     /// A shortcut is being recorded: its keys are not to trigger anything meanwhile.

@@ -23,6 +23,7 @@ constexpr std::array makers{Maker{SettingsSection::general, makeGeneral},
                             Maker{SettingsSection::permanentApps, makePermanentApps},
                             Maker{SettingsSection::hints, makeHints},
                             Maker{SettingsSection::updates, makeUpdates},
+                            Maker{SettingsSection::desktop, makeDesktop},
                             Maker{SettingsSection::backup, makeBackup},
                             Maker{SettingsSection::about, makeAbout}};
 

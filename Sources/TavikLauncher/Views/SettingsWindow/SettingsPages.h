@@ -23,6 +23,7 @@ makeAppearance(const SettingsDependencies& dependencies);
 makePermanentApps(const SettingsDependencies& dependencies);
 [[nodiscard]] std::unique_ptr<SettingsPage> makeHints(const SettingsDependencies& dependencies);
 [[nodiscard]] std::unique_ptr<SettingsPage> makeUpdates(const SettingsDependencies& dependencies);
+[[nodiscard]] std::unique_ptr<SettingsPage> makeDesktop(const SettingsDependencies& dependencies);
 [[nodiscard]] std::unique_ptr<SettingsPage> makeBackup(const SettingsDependencies& dependencies);
 [[nodiscard]] std::unique_ptr<SettingsPage> makeAbout(const SettingsDependencies& dependencies);
 

@@ -24,6 +24,7 @@ struct SettingsSection
     static constexpr QStringView permanentApps = u"permanentApps";
     static constexpr QStringView hints = u"hints";
     static constexpr QStringView updates = u"updates";
+    static constexpr QStringView desktop = u"desktop";
     static constexpr QStringView backup = u"backup";
     static constexpr QStringView about = u"about";
 };
@@ -48,6 +49,9 @@ inline constexpr std::array allSettingsSections{
     SettingsSection{SettingsSection::updates,
                     QT_TRANSLATE_NOOP("Tavik::Texts", "Updates"),
                     LineSymbol::refresh},
+    SettingsSection{SettingsSection::desktop,
+                    QT_TRANSLATE_NOOP("Tavik::Texts", "Check My Desktop"),
+                    LineSymbol::screen},
     SettingsSection{
         SettingsSection::backup, QT_TRANSLATE_NOOP("Tavik::Texts", "Backup"), LineSymbol::archive},
     SettingsSection{

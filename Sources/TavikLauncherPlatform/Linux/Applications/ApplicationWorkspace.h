@@ -33,6 +33,8 @@ public:
                          std::unique_ptr<WindowSource> windows);
     ~ApplicationWorkspace() override;
 
+    [[nodiscard]] Means runningMeans() const override { return m_windows->runningMeans(); }
+    [[nodiscard]] Means raisingMeans() const override { return m_windows->raisingMeans(); }
     [[nodiscard]] QList<RunningApplication> runningApplications() const override;
     [[nodiscard]] std::optional<RunningApplication> frontmostApplication() const override;
     [[nodiscard]] QStringList startingApplications() const override;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Applications/ToldWindows.h>
 
+#include <QCoreApplication>
 #include <QSet>
 
 #include <utility>
@@ -10,6 +11,12 @@ namespace Tavik {
 WindowSource::Facts ToldWindows::factsOf(WindowId window) const
 {
     return m_windows.value(window).facts;
+}
+
+std::optional<QRect> ToldWindows::placeOfOwn(const QString& title)
+{
+    const auto found = m_ownPlaces.constFind(title);
+    return found == m_ownPlaces.cend() ? std::nullopt : std::optional(*found);
 }
 
 WindowId ToldWindows::mostRecent(const QList<WindowId>& windows) const
@@ -63,6 +70,21 @@ void ToldWindows::take(const QList<Window>& windows, const std::optional<QString
         onWindowsChanged();
     } else if (before != m_active && onActiveWindowChanged) {
         onActiveWindowChanged();
+    }
+    takeOwnPlaces(windows);
+}
+
+void ToldWindows::takeOwnPlaces(const QList<Window>& windows)
+{
+    QHash<QString, QRect> places;
+    for (const Window& window : windows) {
+        if (window.facts.processId == QCoreApplication::applicationPid()
+            && !window.place.isEmpty()) {
+            places.insert(window.title, window.place);
+        }
+    }
+    if (std::exchange(m_ownPlaces, places) != places && onOwnPlacesChanged) {
+        onOwnPlacesChanged();
     }
 }
 

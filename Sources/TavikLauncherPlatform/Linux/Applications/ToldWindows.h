@@ -20,8 +20,11 @@ public:
     {
         QString name; ///< As the desktop tells it from the others.
         Facts facts;
+        QString title{}; ///< Needed of this program's own windows only, as is the place.
+        QRect place{}; ///< With its frame, in points.
     };
 
+    [[nodiscard]] std::optional<QRect> placeOfOwn(const QString& title) override;
     [[nodiscard]] bool isReady() const override { return m_isReady; }
     [[nodiscard]] QList<WindowId> windows() const override { return m_order; }
     [[nodiscard]] Facts factsOf(WindowId window) const override;
@@ -51,10 +54,12 @@ private:
         quint64 lastActive = 0; ///< Larger is later; 0 for never.
     };
     void setActive(WindowId window);
+    void takeOwnPlaces(const QList<Window>& windows);
 
     QList<WindowId> m_order;
     QHash<WindowId, Remembered> m_windows;
     QHash<QString, WindowId> m_ids;
+    QHash<QString, QRect> m_ownPlaces; ///< By title.
     WindowId m_active = 0;
     WindowId m_lastId = 0;
     quint64 m_activations = 0;

@@ -4,10 +4,14 @@
 #include <TavikLauncherPlatform/Linux/Applications/ApplicationLaunch.h>
 #include <TavikLauncherPlatform/Linux/Applications/RunningApplicationList.h>
 #include <TavikLauncherPlatform/Linux/Applications/WindowMatching.h>
+#include <TavikLauncherPlatform/Means.h>
 
 #include <QList>
+#include <QRect>
+#include <QString>
 
 #include <functional>
+#include <optional>
 
 namespace Tavik {
 
@@ -28,6 +32,10 @@ public:
 
     virtual ~WindowSource() = default;
 
+    /// What the workspace says by the same names.
+    [[nodiscard]] virtual Means runningMeans() const { return {}; }
+    [[nodiscard]] virtual Means raisingMeans() const { return {}; }
+
     /// Whether it is known yet which windows there were at the start; `onWindowsChanged` tells.
     [[nodiscard]] virtual bool isReady() const { return true; }
     /// In the order in which they were first seen.
@@ -38,6 +46,9 @@ public:
     [[nodiscard]] virtual WindowId activeWindow() const = 0;
     /// The one of `windows` that had the focus last, the newest if none had it.
     [[nodiscard]] virtual WindowId mostRecent(const QList<WindowId>& windows) const = 0;
+    /// Where this program's window with that title is, with its frame, in points; absent where the
+    /// desktop does not tell, or there is none. News come by `onOwnPlacesChanged`.
+    [[nodiscard]] virtual std::optional<QRect> placeOfOwn(const QString&) { return std::nullopt; }
     /// Raises a window, focuses it, and shows it if it is minimised or on another desktop.
     virtual void activate(WindowId window) = 0;
 
@@ -51,6 +62,8 @@ public:
 
     /// Called when windows came, went or changed their facts.
     std::function<void()> onWindowsChanged;
+    /// Called when a window of this program has another place.
+    std::function<void()> onOwnPlacesChanged;
     /// Called when another window, or after a while none, has the focus.
     std::function<void()> onActiveWindowChanged;
     /// Called when this can tell no more; the log says why.
@@ -62,6 +75,8 @@ public:
 class NoWindows final : public WindowSource
 {
 public:
+    [[nodiscard]] Means runningMeans() const override;
+    [[nodiscard]] Means raisingMeans() const override;
     [[nodiscard]] QList<WindowId> windows() const override { return {}; }
     [[nodiscard]] Facts factsOf(WindowId) const override { return {}; }
     [[nodiscard]] WindowId activeWindow() const override { return 0; }

@@ -141,6 +141,11 @@ bool GnomeShortcuts::serves() const
     return isAllowed() && !m_isRefused;
 }
 
+Means GnomeShortcuts::means() const
+{
+    return {.way = Texts::tr("Custom shortcuts in GNOME's keyboard settings.")};
+}
+
 QString GnomeShortcuts::request() const
 {
     return Texts::tr("GNOME lets programs listen for no key, so a custom shortcut is added to its "

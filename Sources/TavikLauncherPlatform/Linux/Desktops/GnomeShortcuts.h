@@ -28,6 +28,9 @@ public:
     [[nodiscard]] bool hearsChords() const override { return true; }
     [[nodiscard]] bool hidesKeys() const override { return false; }
     [[nodiscard]] bool serves() const override;
+    [[nodiscard]] Means means() const override;
+    [[nodiscard]] bool awaitsConsent() const override { return !isAllowed(); }
+    [[nodiscard]] bool isRefused() const override { return m_isRefused; }
     [[nodiscard]] QString request() const override;
     void allow() override;
     int bind(const KeyEvents::HotKey& hotKey, Handlers handlers) override;

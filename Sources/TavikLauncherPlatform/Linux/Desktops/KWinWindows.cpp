@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Desktops/KWinWindows.h>
 #include <TavikLauncherPlatform/Linux/Session/SessionBus.h>
+#include <TavikLauncherPlatform/Texts.h>
 
+#include <QCoreApplication>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
@@ -35,12 +37,16 @@ const told = (method, text) => callDBus("%1", "%2", "org.tavik.Launcher.Windows"
 const all = () => workspace.windowList ? workspace.windowList() : workspace.clientList();
 const active = () => workspace.activeWindow || workspace.activeClient || null;
 const id = window => window ? String(window.internalId) : "";
+const isOwn = window => Number(window.pid) === %3;
+const place = window => ["x", "y", "width", "height"].map(name => Math.round(window.frameGeometry[name]));
 const facts = window => ({
     id: id(window), desktopFile: String(window.desktopFileName), name: String(window.resourceName),
-    className: String(window.resourceClass), pid: Number(window.pid), isSkipped: window.skipTaskbar});
+    className: String(window.resourceClass), pid: Number(window.pid), isSkipped: window.skipTaskbar,
+    title: isOwn(window) ? String(window.caption) : "", place: isOwn(window) ? place(window) : []});
 const tell = gone => told("tellWindows", JSON.stringify(
     {windows: all().filter(window => window !== gone).map(facts), active: id(active())}));
-const follow = window => ["desktopFileNameChanged", "windowClassChanged", "skipTaskbarChanged"].forEach(
+const follow = window => ["desktopFileNameChanged", "windowClassChanged", "skipTaskbarChanged"].concat(
+    isOwn(window) ? ["frameGeometryChanged", "captionChanged"] : []).forEach(
     name => window[name] && window[name].connect(() => tell(null)));
 all().forEach(follow);
 (workspace.windowAdded || workspace.clientAdded).connect(window => { follow(window); tell(null); });
@@ -48,6 +54,11 @@ all().forEach(follow);
 (workspace.windowActivated || workspace.clientActivated).connect(window => told("tellActive", id(window)));
 tell(null);
 )"_s;
+
+QRect placeIn(const QJsonArray& told)
+{
+    return {told.at(0).toInt(), told.at(1).toInt(), told.at(2).toInt(), told.at(3).toInt()};
+}
 
 QDBusMessage scriptingCall(const QString& method, const QVariantList& arguments)
 {
@@ -74,6 +85,20 @@ KWinWindows::~KWinWindows()
     }
 }
 
+Means KWinWindows::runningMeans() const
+{
+    // It is told anew when KWin starts again, and until then nobody speaks for it.
+    const bool isTold = isReady() && !m_kwin.isEmpty();
+    return {.way = Texts::tr("A script inside of KWin lists its windows."),
+            .lack = isTold ? QString() : Texts::tr("The desktop does not answer.")};
+}
+
+Means KWinWindows::raisingMeans() const
+{
+    return {.way = Texts::tr("KWin brings a window forward as for KDE's own search."),
+            .lack = runningMeans().lack};
+}
+
 void KWinWindows::opened(const QDBusConnection& bus)
 {
     m_bus = bus;
@@ -93,7 +118,10 @@ void KWinWindows::load()
         ? std::make_unique<QTemporaryFile>()
         : std::make_unique<QTemporaryFile>(folder + u"/tavik-windows-XXXXXX.js"_s);
     if (!m_script->open()
-        || m_script->write(script.arg(m_bus->baseService(), objectPath).toUtf8()) < 0
+        || m_script->write(script.arg(m_bus->baseService(), objectPath)
+                               .arg(QCoreApplication::applicationPid())
+                               .toUtf8())
+            < 0
         || !m_script->flush()) {
         giveUp(m_script->errorString());
         return;
@@ -161,7 +189,10 @@ void KWinWindows::tellWindows(const QString& words)
         facts.isOnTaskbar = !window[u"isSkipped"_s].toBool();
         facts.processId = window[u"pid"_s].toInteger();
         if (const QString id = window[u"id"_s].toString(); !id.isEmpty()) {
-            windows.append({id, facts});
+            windows.append({.name = id,
+                            .facts = facts,
+                            .title = window[u"title"_s].toString(),
+                            .place = placeIn(window[u"place"_s].toArray())});
         }
     }
     take(windows, told[u"active"_s].toString());

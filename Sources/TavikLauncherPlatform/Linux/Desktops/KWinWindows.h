@@ -30,6 +30,9 @@ public:
     KWinWindows(MainQueue& mainQueue, WorkQueue& workQueue);
     ~KWinWindows() override;
 
+    [[nodiscard]] Means runningMeans() const override;
+    [[nodiscard]] Means raisingMeans() const override;
+
 public Q_SLOTS:
     /// Called by the script, whose words are JSON.
     Q_SCRIPTABLE void tellWindows(const QString& windows);

@@ -74,6 +74,11 @@ KdeShortcuts::~KdeShortcuts()
     unbind();
 }
 
+Means KdeShortcuts::means() const
+{
+    return {.way = Texts::tr("A global shortcut of KDE, which System Settings › Shortcuts lists.")};
+}
+
 QString KdeShortcuts::request() const
 {
     return Texts::tr("KDE gives programs no shortcut of modifiers alone, so it is asked for the "

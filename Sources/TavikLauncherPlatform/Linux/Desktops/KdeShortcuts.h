@@ -28,6 +28,9 @@ public:
     [[nodiscard]] bool hearsChords() const override { return false; }
     [[nodiscard]] bool hidesKeys() const override { return false; }
     [[nodiscard]] bool serves() const override { return m_fault == 0; }
+    [[nodiscard]] Means means() const override;
+    [[nodiscard]] bool awaitsConsent() const override { return m_fault == statusNoSuchKey; }
+    [[nodiscard]] bool isRefused() const override { return m_fault == statusTaken; }
     [[nodiscard]] QString request() const override;
     int bind(const KeyEvents::HotKey& hotKey, Handlers handlers) override;
     void unbind() override;

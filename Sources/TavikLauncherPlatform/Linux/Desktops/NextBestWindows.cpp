@@ -33,6 +33,11 @@ void NextBestWindows::takeNext()
             onActiveWindowChanged();
         }
     };
+    m_windows->onOwnPlacesChanged = [this] {
+        if (onOwnPlacesChanged) {
+            onOwnPlacesChanged();
+        }
+    };
     m_windows->onLost = [this] {
         // It is still at work.
         m_nextTask = m_mainQueue.after(0, [this] {
@@ -40,6 +45,11 @@ void NextBestWindows::takeNext()
             m_windows->onWindowsChanged();
         });
     };
+}
+
+std::optional<QRect> NextBestWindows::placeOfOwn(const QString& title)
+{
+    return m_windows->placeOfOwn(title);
 }
 
 WindowSource::Facts NextBestWindows::factsOf(WindowId window) const

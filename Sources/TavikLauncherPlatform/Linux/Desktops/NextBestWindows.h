@@ -20,6 +20,9 @@ public:
     /// The best first. `mainQueue` must outlive this.
     NextBestWindows(MainQueue& mainQueue, std::vector<Maker> makers);
 
+    [[nodiscard]] Means runningMeans() const override { return m_windows->runningMeans(); }
+    [[nodiscard]] Means raisingMeans() const override { return m_windows->raisingMeans(); }
+    [[nodiscard]] std::optional<QRect> placeOfOwn(const QString& title) override;
     [[nodiscard]] bool isReady() const override { return m_windows->isReady(); }
     [[nodiscard]] QList<WindowId> windows() const override { return m_windows->windows(); }
     [[nodiscard]] Facts factsOf(WindowId window) const override;

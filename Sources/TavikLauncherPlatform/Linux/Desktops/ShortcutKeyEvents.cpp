@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Desktops/ShortcutKeyEvents.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QGuiApplication>
 #include <QPointer>
@@ -103,6 +104,19 @@ int ShortcutKeyEvents::hotKeyStatus(const HotKey& hotKey)
 {
     return m_dependencies.source.serves() ? m_dependencies.source.status(hotKey)
                                           : m_ownWindows->hotKeyStatus(hotKey);
+}
+
+Means ShortcutKeyEvents::triggerMeans(bool isChord) const
+{
+    const ShortcutSource& source = m_dependencies.source;
+    return source.serves() ? source.means() : m_ownWindows->triggerMeans(isChord);
+}
+
+Means ShortcutKeyEvents::releaseMeans() const
+{
+    return m_isBound && m_dependencies.source.tellsReleases()
+        ? Means{.way = Texts::tr("The desktop tells it, and so does the ring's own keyboard.")}
+        : m_ownWindows->releaseMeans();
 }
 
 bool ShortcutKeyEvents::hasKeys(quint64 modifierFlags, std::optional<quint16> keyCode) const

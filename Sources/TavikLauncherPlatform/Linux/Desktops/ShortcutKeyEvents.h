@@ -33,6 +33,8 @@ public:
                                               HotKeyHandlers handlers) override;
     [[nodiscard]] int hotKeyStatus(const HotKey& hotKey) override;
     [[nodiscard]] bool hearsChords() const override { return m_dependencies.source.hearsChords(); }
+    [[nodiscard]] Means triggerMeans(bool isChord) const override;
+    [[nodiscard]] Means releaseMeans() const override;
     [[nodiscard]] bool hasKeys(quint64 modifierFlags,
                                std::optional<quint16> keyCode) const override;
     [[nodiscard]] std::unique_ptr<KeyMonitor> addLocalMonitor(Kind kind, Filter filter) override;

@@ -17,6 +17,8 @@ AccessibilityPermission::Obstacle ShortcutPermission::obstacle() const
     if (const QString request = m_source->request(); !request.isEmpty()) {
         told.limit = request;
     }
+    told.isLiftedByPrompt = m_source->awaitsConsent();
+    told.isOfShortcut = m_source->isRefused();
     return told;
 }
 

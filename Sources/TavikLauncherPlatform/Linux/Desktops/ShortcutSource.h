@@ -37,6 +37,14 @@ public:
     /// Whether what was asked for last is had, as far as is known, or could be if nothing was.
     /// Cheap.
     [[nodiscard]] virtual bool serves() const = 0;
+    /// How the desktop gives the shortcut.
+    [[nodiscard]] virtual Means means() const { return {}; }
+    /// Whether the desktop tells that a chord was let go; our own windows' keys do in any case.
+    [[nodiscard]] virtual bool tellsReleases() const { return false; }
+    /// Whether what was asked for last is missing for want of `allow`, or of a key in it.
+    [[nodiscard]] virtual bool awaitsConsent() const { return false; }
+    /// Whether the desktop is there and has refused what was asked for last.
+    [[nodiscard]] virtual bool isRefused() const { return false; }
     /// What the desktop is asked for, as a sentence for people; empty when it needs no telling.
     [[nodiscard]] virtual QString request() const { return {}; }
     /// The user agrees to `request`.

@@ -20,6 +20,7 @@ public:
         runCommand = 0,
         subscribe = 2,
         tree = 4,
+        configuration = 9,
     };
     /// The answer to a request bears its number, an event one of these.
     enum class Event : quint32 {

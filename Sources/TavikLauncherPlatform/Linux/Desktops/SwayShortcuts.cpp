@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Desktops/SwayShortcuts.h>
 #include <TavikLauncherPlatform/Linux/Session/KeyCodes.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -18,6 +19,7 @@ namespace {
 
 Q_LOGGING_CATEGORY(log, "tavik.platform.desktops")
 
+constexpr qsizetype longestCommand = 60; // Of what people read.
 constexpr QLatin1String pressCommand("nop tavik-launcher press");
 constexpr QLatin1String releaseCommand("nop tavik-launcher release");
 
@@ -97,6 +99,7 @@ SwayShortcuts::SwayShortcuts(const QString& socketPath)
         lose(statusGone);
     };
     m_sway.send(SwayConnection::Request::subscribe, R"(["binding","workspace"])");
+    m_sway.send(SwayConnection::Request::configuration);
 }
 
 SwayShortcuts::~SwayShortcuts()
@@ -106,7 +109,23 @@ SwayShortcuts::~SwayShortcuts()
     unbind();
 }
 
+Means SwayShortcuts::means() const
+{
+    const auto own = m_bound ? m_own.commandAt(*m_bound) : std::nullopt;
+    return {.way = Texts::tr("Bindings that sway holds while Tavik Launcher runs."),
+            .lack = own ? Texts::tr("Its configuration uses the same keys for “%1”, which rests "
+                                    "while Tavik Launcher runs.")
+                              .arg(own->left(longestCommand))
+                        : QString()};
+}
+
 int SwayShortcuts::status(const KeyEvents::HotKey& hotKey)
+{
+    const int result = refusal(hotKey);
+    return result == 0 && m_own.commandAt(hotKey) ? statusTaken : result;
+}
+
+int SwayShortcuts::refusal(const KeyEvents::HotKey& hotKey) const
 {
     if (!m_sway.isOpen()) {
         return statusGone;
@@ -117,7 +136,7 @@ int SwayShortcuts::status(const KeyEvents::HotKey& hotKey)
 int SwayShortcuts::bind(const KeyEvents::HotKey& hotKey, Handlers handlers)
 {
     unbind();
-    const int result = status(hotKey);
+    const int result = refusal(hotKey);
     m_isRefused = result != 0;
     if (result == 0) {
         m_bound = hotKey;
@@ -183,9 +202,12 @@ void SwayShortcuts::receive(quint32 type, const QJsonDocument& message)
             checkOutcome(message.array());
         }
     } else if (type == static_cast<quint32>(Event::workspace) && change == u"reload") {
+        m_sway.send(SwayConnection::Request::configuration);
         if (m_bound) {
             giveBindings();
         }
+    } else if (type == static_cast<quint32>(SwayConnection::Request::configuration)) {
+        m_own = SwayBindings(message[u"config"].toString());
     } else if (type == static_cast<quint32>(Event::binding) && change == u"run") {
         bindingRan(message[u"binding"].toObject());
     }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <TavikLauncherPlatform/Linux/Desktops/ShortcutSource.h>
+#include <TavikLauncherPlatform/Linux/Desktops/SwayBindings.h>
 #include <TavikLauncherPlatform/Linux/Desktops/SwayConnection.h>
 
 #include <QStringList>
@@ -27,13 +28,20 @@ public:
     [[nodiscard]] bool hearsChords() const override { return true; }
     [[nodiscard]] bool hidesKeys() const override { return true; }
     [[nodiscard]] bool serves() const override { return m_sway.isOpen() && !m_isRefused; }
+    /// Lacks the binding of the user's own that has the same keys.
+    [[nodiscard]] Means means() const override;
+    [[nodiscard]] bool tellsReleases() const override { return true; }
+    [[nodiscard]] bool isRefused() const override { return m_sway.isOpen() && m_isRefused; }
     int bind(const KeyEvents::HotKey& hotKey, Handlers handlers) override;
     void unbind() override;
+    /// Also tells of what the user's own configuration has there, which `bind` puts to rest.
     [[nodiscard]] int status(const KeyEvents::HotKey& hotKey) override;
 
 private:
     /// What the bindings are called, each with its command: in all orders of a chord's keys.
     [[nodiscard]] static QStringList keysOf(const KeyEvents::HotKey& hotKey);
+    /// Why the shortcut cannot be had at all, or 0.
+    [[nodiscard]] int refusal(const KeyEvents::HotKey& hotKey) const;
     void giveBindings();
     void receive(quint32 type, const QJsonDocument& message);
     void checkOutcome(const QJsonArray& results);
@@ -41,6 +49,7 @@ private:
     void lose(int status);
 
     SwayConnection m_sway;
+    SwayBindings m_own; ///< Of the user.
     std::optional<KeyEvents::HotKey> m_bound;
     Handlers m_handlers;
     QList<bool> m_asked; ///< For each command that is not answered yet: whether it gives bindings.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Desktops/SwayWindows.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -26,6 +27,14 @@ QString nameOf(const QJsonObject& node)
     return QString::number(node[u"id"_s].toInteger());
 }
 
+QRect placeIn(const QJsonObject& told)
+{
+    return {told[u"x"_s].toInt(),
+            told[u"y"_s].toInt(),
+            told[u"width"_s].toInt(),
+            told[u"height"_s].toInt()};
+}
+
 WindowSource::Facts factsOf(const QJsonObject& node)
 {
     const QJsonObject ofX = node[u"window_properties"_s].toObject();
@@ -45,7 +54,10 @@ void collect(const QJsonObject& node, Tree& tree) // NOLINT(misc-no-recursion)
 {
     const bool isWindow = node[u"pid"_s].toInteger() > 0;
     if (isWindow) {
-        tree.windows.append({nameOf(node), factsOf(node)});
+        tree.windows.append({.name = nameOf(node),
+                             .facts = factsOf(node),
+                             .title = node[u"name"_s].toString(),
+                             .place = placeIn(node[u"rect"_s].toObject())});
     }
     if (node[u"focused"_s].toBool()) {
         tree.focused = isWindow ? nameOf(node) : QString();
@@ -76,6 +88,23 @@ SwayWindows::~SwayWindows()
 {
     m_sway.onMessage = nullptr;
     m_sway.onClosed = nullptr;
+}
+
+Means SwayWindows::runningMeans() const
+{
+    return {.way = Texts::tr("sway lists its windows."),
+            .lack = isOpen() ? QString() : Texts::tr("The desktop does not answer.")};
+}
+
+Means SwayWindows::raisingMeans() const
+{
+    return {.way = Texts::tr("sway's command to focus a window."), .lack = runningMeans().lack};
+}
+
+std::optional<QRect> SwayWindows::placeOfOwn(const QString& title)
+{
+    ask();
+    return ToldWindows::placeOfOwn(title);
 }
 
 void SwayWindows::raise(const QString& name)

@@ -16,6 +16,10 @@ public:
     SwayWindows(const SwayWindows&) = delete;
     SwayWindows& operator=(const SwayWindows&) = delete;
 
+    [[nodiscard]] Means runningMeans() const override;
+    [[nodiscard]] Means raisingMeans() const override;
+    /// Asks again, because sway tells nobody of a window that is dragged.
+    [[nodiscard]] std::optional<QRect> placeOfOwn(const QString& title) override;
     [[nodiscard]] bool isOpen() const { return m_sway.isOpen(); }
 
 private:

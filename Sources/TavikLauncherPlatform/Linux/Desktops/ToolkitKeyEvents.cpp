@@ -2,6 +2,8 @@
 #include <TavikLauncherPlatform/Linux/Desktops/ToolkitKeyEvents.h>
 #include <TavikLauncherPlatform/Linux/Session/KeyCodes.h>
 #include <TavikLauncherPlatform/Linux/Session/KeySymbols.h>
+#include <TavikLauncherPlatform/Linux/Session/SessionAccessibilityPermission.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -90,6 +92,17 @@ private:
 };
 
 } // namespace
+
+Means ToolkitKeyEvents::triggerMeans(bool) const
+{
+    return {.way = Texts::tr("Only the keys of the launcher's own windows."),
+            .lack = SessionAccessibilityPermission::waylandLimit()};
+}
+
+Means ToolkitKeyEvents::releaseMeans() const
+{
+    return {.way = Texts::tr("The ring's own keyboard, while it is open.")};
+}
 
 KeyEvents::HotKeyResult ToolkitKeyEvents::registerHotKey(const HotKey&, HotKeyHandlers)
 {

@@ -13,6 +13,8 @@ public:
     [[nodiscard]] HotKeyResult registerHotKey(const HotKey& hotKey,
                                               HotKeyHandlers handlers) override;
     [[nodiscard]] int hotKeyStatus(const HotKey&) override { return statusUnsupported; }
+    [[nodiscard]] Means triggerMeans(bool isChord) const override;
+    [[nodiscard]] Means releaseMeans() const override;
     [[nodiscard]] bool hasKeys(quint64, std::optional<quint16>) const override { return true; }
     [[nodiscard]] std::unique_ptr<KeyMonitor> addLocalMonitor(Kind kind, Filter filter) override;
     [[nodiscard]] std::unique_ptr<KeyMonitor> addGlobalMonitor(Kind kind,

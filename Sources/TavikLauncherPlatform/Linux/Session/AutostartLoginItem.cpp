@@ -8,6 +8,7 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <glib.h>
 #include <memory>
 #include <utility>
@@ -95,6 +96,33 @@ QString AutostartLoginItem::defaultEntryPath()
 {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
         + u"/autostart/org.tavik.Launcher.desktop"_s;
+}
+
+QString AutostartLoginItem::lineFor(const QString& desktop, bool hasSessionManager)
+{
+    static const QStringList reading{u"GNOME"_s,
+                                     u"KDE"_s,
+                                     u"XFCE"_s,
+                                     u"MATE"_s,
+                                     u"LXQt"_s,
+                                     u"LXDE"_s,
+                                     u"X-Cinnamon"_s,
+                                     u"Budgie"_s,
+                                     u"COSMIC"_s,
+                                     u"Pantheon"_s,
+                                     u"Unity"_s};
+    const QStringList names = desktop.split(u':');
+    const auto isReading = [](const QString& name) {
+        return reading.contains(name, Qt::CaseInsensitive);
+    };
+    if (hasSessionManager || std::ranges::any_of(names, isReading)) {
+        return {};
+    }
+    if (names.contains(u"sway"_s)) {
+        return u"exec tavik-launcher --background"_s;
+    }
+    return names.contains(u"Hyprland"_s) ? u"exec-once = tavik-launcher --background"_s
+                                         : u"tavik-launcher --background &"_s;
 }
 
 LoginItem::Status AutostartLoginItem::status() const

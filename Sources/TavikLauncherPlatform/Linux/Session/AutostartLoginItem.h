@@ -17,6 +17,7 @@ public:
     {
         QString entry; ///< The desktop entry in the autostart folder.
         QString program; ///< What it starts, an executable file.
+        QString lineOfOwn{}; ///< See LoginItem.
     };
 
     explicit AutostartLoginItem(Paths paths);
@@ -24,7 +25,12 @@ public:
     /// Where the desktop looks for the program's entry.
     [[nodiscard]] static QString defaultEntryPath();
 
+    /// What `lineOfOwn` is in the session of that environment: empty where a session manager or a
+    /// desktop is known to start what is in the folder.
+    [[nodiscard]] static QString lineFor(const QString& desktop, bool hasSessionManager);
+
     [[nodiscard]] Status status() const override;
+    [[nodiscard]] QString lineOfOwn() const override { return m_paths.lineOfOwn; }
     bool registerItem() override;
     bool unregisterItem() override;
     void mend() override;

@@ -23,6 +23,7 @@ struct ShortcutSettings
     QStringView desktop; ///< A name in $XDG_CURRENT_DESKTOP.
     const char* place; ///< For `Texts::tr`.
     QStringView program; ///< The identifier of what opens there; empty when nothing does.
+    QStringView line = u"tavik-launcher --summon"; ///< The command in that desktop's words.
 };
 
 constexpr std::array shortcutSettings{
@@ -47,11 +48,13 @@ constexpr std::array shortcutSettings{
                      u"lxqt-config-globalkeyshortcuts"},
     ShortcutSettings{u"sway",
                      QT_TRANSLATE_NOOP("Tavik::Texts", "with bindsym in the configuration of sway"),
-                     {}},
+                     {},
+                     u"bindsym Mod4+space exec tavik-launcher --summon"},
     ShortcutSettings{
         u"Hyprland",
         QT_TRANSLATE_NOOP("Tavik::Texts", "with bind in the configuration of Hyprland"),
-        {}},
+        {},
+        u"bind = SUPER, SPACE, exec, tavik-launcher --summon"},
 };
 constexpr ShortcutSettings unknownDesktop{
     {},
@@ -96,7 +99,8 @@ AccessibilityPermission::Obstacle SessionAccessibilityPermission::obstacle() con
             .remedy
             = Texts::tr("Bind the command tavik-launcher --summon to a key of your choice %1.")
                   .arg(Texts::tr(settingsOf(m_session.desktop).place)),
-            .hasSettings = settingsPath().has_value()};
+            .hasSettings = settingsPath().has_value(),
+            .line = settingsOf(m_session.desktop).line.toString()};
 }
 
 std::optional<QString> SessionAccessibilityPermission::settingsPath() const

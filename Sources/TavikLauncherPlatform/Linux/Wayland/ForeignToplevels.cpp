@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Wayland/ForeignToplevels.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -91,6 +92,18 @@ ForeignToplevels::ForeignToplevels()
 }
 
 ForeignToplevels::~ForeignToplevels() = default;
+
+Means ForeignToplevels::runningMeans() const
+{
+    return {.way = Texts::tr("The compositor lists its windows for taskbars."),
+            .lack = isReady() ? QString() : Texts::tr("The desktop does not answer.")};
+}
+
+Means ForeignToplevels::raisingMeans() const
+{
+    return {.way = Texts::tr("A request to the compositor, as taskbars make it."),
+            .lack = runningMeans().lack};
+}
 
 void ForeignToplevels::raise(const QString& name)
 {

@@ -21,6 +21,9 @@ public:
     ForeignToplevels(const ForeignToplevels&) = delete;
     ForeignToplevels& operator=(const ForeignToplevels&) = delete;
 
+    [[nodiscard]] Means runningMeans() const override;
+    [[nodiscard]] Means raisingMeans() const override;
+
 private:
     struct Toplevel;
     struct Listeners;

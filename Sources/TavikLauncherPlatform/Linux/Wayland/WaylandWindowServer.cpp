@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Wayland/WaylandWindowServer.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QGuiApplication>
 #include <QLoggingCategory>
@@ -66,6 +67,23 @@ WaylandWindowServer::WaylandWindowServer(MainQueue& mainQueue)
 }
 
 WaylandWindowServer::~WaylandWindowServer() = default;
+
+Means WaylandWindowServer::pointerMeans() const
+{
+    return {.way = Texts::tr("An invisible surface on each screen, which the pointer enters."),
+            .lack
+            = m_connection.hasPointer() ? QString() : Texts::tr("This session has no pointer.")};
+}
+
+Means WaylandWindowServer::overlayMeans() const
+{
+    return {.way = Texts::tr("A surface in the compositor's layer above all windows.")};
+}
+
+std::optional<QRect> WaylandWindowServer::placeOf(const QString& title)
+{
+    return findPlace ? findPlace(title) : std::nullopt;
+}
 
 std::optional<QPointF> WaylandWindowServer::pointer()
 {

@@ -9,6 +9,7 @@
 
 #include <QPointer>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -28,6 +29,8 @@ public:
     /// Takes a round trip or two, and 70 ms at most.
     [[nodiscard]] std::optional<QPointF> pointer();
 
+    [[nodiscard]] Means pointerMeans() const override;
+    [[nodiscard]] Means overlayMeans() const override;
     [[nodiscard]] bool isPanelManaged() const override { return false; }
     void preparePanel(WId window) override;
     [[nodiscard]] bool panelShown(WId window) override;
@@ -36,8 +39,12 @@ public:
     void setInputRegion(WId window, const QRegion& region) override;
     /// Only the desktop's own windows can ask for that.
     void setSkipsTaskbar(WId, bool) override { }
-    /// Nobody tells where a window is.
+    /// The toolkit is not told where a window is, nor anybody but the desktop's own lists.
     void reportMoves(WId) override { }
+    [[nodiscard]] bool toolkitKnowsPlaces() const override { return false; }
+    [[nodiscard]] std::optional<QRect> placeOf(const QString& title) override;
+    /// Answers `placeOf`; empty where nobody can.
+    std::function<std::optional<QRect>(const QString& title)> findPlace;
     void takeKeyboardFocus(WId window) override;
     void takeKeyboardFocusForPanel() override;
     /// The compositor gives it back when the panel goes.

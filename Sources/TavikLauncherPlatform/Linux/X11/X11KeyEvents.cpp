@@ -2,11 +2,13 @@
 #include <TavikLauncherPlatform/AccessibilityPermission.h>
 #include <TavikLauncherPlatform/Linux/Session/KeyCodes.h>
 #include <TavikLauncherPlatform/Linux/Session/KeySymbols.h>
+#include <TavikLauncherPlatform/Linux/Session/SessionAccessibilityPermission.h>
 #include <TavikLauncherPlatform/Linux/X11/X11Connection.h>
 #include <TavikLauncherPlatform/Linux/X11/X11EventTap.h>
 #include <TavikLauncherPlatform/Linux/X11/X11KeyEvents.h>
 #include <TavikLauncherPlatform/Linux/X11/X11KeyMonitors.h>
 #include <TavikLauncherPlatform/Linux/X11/XkbProtocol.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QCoreApplication>
 #include <QLoggingCategory>
@@ -68,6 +70,23 @@ X11KeyEvents::X11KeyEvents(Dependencies dependencies)
 }
 
 X11KeyEvents::~X11KeyEvents() = default;
+
+Means X11KeyEvents::triggerMeans(bool isChord) const
+{
+    if (m_dependencies.isXwayland) {
+        return {.way = Texts::tr("Only the keys of the launcher's own windows."),
+                .lack = SessionAccessibilityPermission::waylandLimit()};
+    }
+    return {.way = isChord ? Texts::tr("The X server tells which modifiers are held.")
+                           : Texts::tr("The X server reserves the key for the launcher.")};
+}
+
+Means X11KeyEvents::releaseMeans() const
+{
+    return {.way = m_dependencies.isXwayland
+                ? Texts::tr("The ring's own keyboard, while it is open.")
+                : Texts::tr("The X server tells which modifiers are held.")};
+}
 
 KeyEvents::HotKeyResult X11KeyEvents::registerHotKey(const HotKey& hotKey, HotKeyHandlers handlers)
 {

@@ -45,6 +45,8 @@ public:
     [[nodiscard]] HotKeyResult registerHotKey(const HotKey& hotKey,
                                               HotKeyHandlers handlers) override;
     [[nodiscard]] int hotKeyStatus(const HotKey& hotKey) override;
+    [[nodiscard]] Means triggerMeans(bool isChord) const override;
+    [[nodiscard]] Means releaseMeans() const override;
     [[nodiscard]] bool hasKeys(quint64 modifierFlags,
                                std::optional<quint16> keyCode) const override;
     [[nodiscard]] std::unique_ptr<KeyMonitor> addLocalMonitor(Kind kind, Filter filter) override;

@@ -3,6 +3,7 @@
 #include <TavikLauncherPlatform/Linux/X11/X11StartupNotification.h>
 #include <TavikLauncherPlatform/Linux/X11/X11WindowServer.h>
 #include <TavikLauncherPlatform/Linux/X11/X11WindowTree.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QRegion>
 
@@ -72,6 +73,7 @@ bool delaysUnmanagedWindows(const X11Connection& connection, const X11Atoms& ato
 X11WindowServer::X11WindowServer(xcb_connection_t* toolkit, MainQueue& mainQueue, bool isXwayland)
     : m_toolkit(toolkit)
     , m_atoms(m_connection.get(), m_connection.screenNumber())
+    , m_isXwayland(isXwayland)
     , m_isPanelManaged(isXwayland || delaysUnmanagedWindows(m_connection, m_atoms))
     , m_compositor(m_connection, m_atoms[X11Atom::compositor])
     , m_moves(m_connection)
@@ -91,6 +93,21 @@ X11WindowServer::X11WindowServer(xcb_connection_t* toolkit, MainQueue& mainQueue
                }})
 {
     m_pump.drainSoon();
+}
+
+Means X11WindowServer::pointerMeans() const
+{
+    return {.way = Texts::tr("The X server tells where it is."),
+            .lack = m_isXwayland ? Texts::tr("Beside a Wayland desktop it knows that only over its "
+                                             "own windows: the ring may open elsewhere.")
+                                 : QString()};
+}
+
+Means X11WindowServer::overlayMeans() const
+{
+    return {.way = m_isPanelManaged
+                ? Texts::tr("A window that the window manager keeps above the others.")
+                : Texts::tr("A window of its own above all others.")};
 }
 
 void X11WindowServer::preparePanel(WId window)

@@ -23,6 +23,8 @@ public:
     /// decided here, once.
     X11WindowServer(xcb_connection_t* toolkit, MainQueue& mainQueue, bool isXwayland = false);
 
+    [[nodiscard]] Means pointerMeans() const override;
+    [[nodiscard]] Means overlayMeans() const override;
     [[nodiscard]] bool isPanelManaged() const override { return m_isPanelManaged; }
     void preparePanel(WId window) override;
     void movePanel(WId window, QPoint pixel) override;
@@ -56,6 +58,7 @@ private:
     xcb_connection_t* m_toolkit;
     X11Connection m_connection;
     X11Atoms m_atoms;
+    bool m_isXwayland;
     bool m_isPanelManaged;
     X11SelectionOwner m_compositor;
     X11MoveReports m_moves;

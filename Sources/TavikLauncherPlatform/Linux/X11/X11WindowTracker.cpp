@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/X11/X11StartupNotification.h>
 #include <TavikLauncherPlatform/Linux/X11/X11WindowTracker.h>
+#include <TavikLauncherPlatform/Texts.h>
 
 #include <QCoreApplication>
 #include <QSysInfo>
@@ -19,8 +20,9 @@ constexpr double inactiveSeconds = 0.15;
 
 } // namespace
 
-X11WindowTracker::X11WindowTracker(MainQueue& mainQueue)
+X11WindowTracker::X11WindowTracker(MainQueue& mainQueue, bool isXwayland)
     : m_mainQueue(mainQueue)
+    , m_isXwayland(isXwayland)
     , m_atoms(m_connection.get(), m_connection.screenNumber())
     , m_pump(
           m_connection,
@@ -46,6 +48,29 @@ X11WindowTracker::X11WindowTracker(MainQueue& mainQueue)
     }
     readActiveWindow();
     m_pump.drainSoon();
+}
+
+Means X11WindowTracker::runningMeans() const
+{
+    Means means{.way = Texts::tr("The window manager lists its windows.")};
+    if (m_isXwayland) {
+        means.lack = Texts::tr("Only X11 programs are seen to run.");
+    } else if (X11Properties::firstWindow(
+                   m_connection.get(), m_connection.root(), m_atoms[X11Atom::netSupportingWmCheck])
+               == XCB_NONE) {
+        means.lack = Texts::tr("No window manager runs, or an old one that lists none.");
+    }
+    // The answer may have come with events.
+    m_pump.drainSoon();
+    return means;
+}
+
+Means X11WindowTracker::raisingMeans() const
+{
+    return {.way = Texts::tr("A request to the window manager."),
+            .lack = m_isXwayland
+                ? Texts::tr("Other programs than those of X11 are started once more.")
+                : runningMeans().lack};
 }
 
 WindowSource::Facts X11WindowTracker::factsOf(WindowId window) const

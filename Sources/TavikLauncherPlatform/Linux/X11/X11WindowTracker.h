@@ -21,10 +21,14 @@ namespace Tavik {
 class X11WindowTracker final : public WindowSource
 {
 public:
-    explicit X11WindowTracker(MainQueue& mainQueue);
+    /// `isXwayland` says that other programs than those of this server run, too.
+    explicit X11WindowTracker(MainQueue& mainQueue, bool isXwayland = false);
     X11WindowTracker(const X11WindowTracker&) = delete;
     X11WindowTracker& operator=(const X11WindowTracker&) = delete;
 
+    /// Asks the server whether a window manager is there.
+    [[nodiscard]] Means runningMeans() const override;
+    [[nodiscard]] Means raisingMeans() const override;
     [[nodiscard]] QList<WindowId> windows() const override { return m_order; }
     [[nodiscard]] Facts factsOf(WindowId window) const override;
     [[nodiscard]] WindowId activeWindow() const override { return m_activeWindow; }
@@ -56,9 +60,10 @@ private:
     void setActiveWindow(xcb_window_t window);
 
     MainQueue& m_mainQueue;
+    bool m_isXwayland;
     X11Connection m_connection;
     X11Atoms m_atoms;
-    X11EventPump m_pump;
+    mutable X11EventPump m_pump;
     QList<WindowId> m_order;
     QHash<xcb_window_t, Tracked> m_tracked;
     QSet<xcb_window_t> m_dirty;

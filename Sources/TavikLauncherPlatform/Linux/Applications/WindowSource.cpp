@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Applications/WindowSource.h>
+#include <TavikLauncherPlatform/Texts.h>
+
+namespace Tavik {
+
+Means NoWindows::runningMeans() const
+{
+    return {.way = Texts::tr("Nobody tells of other programs' windows."),
+            .lack = Texts::tr("No program is seen to run.")};
+}
+
+Means NoWindows::raisingMeans() const
+{
+    return {.way = Texts::tr("Nobody brings other programs' windows to the front."),
+            .lack = Texts::tr("A program that runs is started once more.")};
+}
+
+} // namespace Tavik

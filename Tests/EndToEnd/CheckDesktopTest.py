@@ -1,0 +1,132 @@
+# SPDX-License-Identifier: MIT
+"""What the launcher says of the desktop that it runs on: by the command and on the page of the settings."""
+import dataclasses
+import itertools
+
+import pytest
+
+from conftest import PICTURES
+from harness.notifier_host import NotifierHost
+from harness.settings_window import BUTTON, ENVIRONMENT, SettingsWindow
+from harness.waiting import wait_until
+from harness.wayland import KWin, Sway
+from WaylandTest import Ring
+
+X11 = {"Trigger": "The X server reserves the key for the launcher.", "Pointer": "The X server tells where it is.",
+       "Overlay": "A window of its own above all others.", "Running programs": "The window manager lists its windows."}
+LAYER = {"Release": "Not needed: ctrl+alt+space is pressed once to open and once to close.",
+         "Pointer": "An invisible surface on each screen, which the pointer enters.",
+         "Overlay": "A surface in the compositor's layer above all windows."}
+
+
+class SwayWithOwnKeys(Sway):
+    configuration = Sway.configuration + "bindsym Ctrl+Mod1+space exec mine\n"
+
+
+WAYLAND = {
+    Sway: {**LAYER, "Trigger": "Bindings that sway holds while Tavik Launcher runs.",
+           "Running programs": "sway lists its windows.", "Bringing to the front": "sway's command to focus a window."},
+    KWin: {**LAYER, "Trigger": "A global shortcut of KDE, which System Settings › Shortcuts lists.",
+           "Running programs": "A script inside of KWin lists its windows.",
+           "Bringing to the front": "KWin brings a window forward as for KDE's own search."}}
+
+
+def parts(seen, before):
+    """Of what has changed, from left to right: where each part begins that stands beside the others, and how wide it is."""
+    changed = [any(seen.pixel(x, y) != before.pixel(x, y) for y in range(0, seen.height, 5)) for x in range(seen.width)]
+    runs = [list(run) for _, run in itertools.groupby(range(seen.width), changed.__getitem__)]
+    return [(run[0], len(run)) for run in runs if changed[run[0]]]
+
+
+def check(launcher):
+    """What the command says is well and what is not, by name; and its exit code."""
+    answer = launcher.command("--check-desktop")
+    assert answer.stderr == "", answer.stderr
+    told = [line[5:].split(": ", 1) for mark in ("[ok]", "[!!]") for line in answer.stdout.splitlines() if line.startswith(mark)]
+    good = answer.stdout.count("[ok]")
+    assert len(told) == 8
+    assert answer.returncode == (0 if good == 8 else 1)
+    return dict(told[:good]), dict(told[good:])
+
+
+def test_the_command_is_true_on_x11(launcher, desktop, display):
+    good, missing = check(launcher)
+    assert missing["Trigger"] == "Nobody listens."
+    assert X11.items() - good.items() == {("Trigger", X11["Trigger"])}
+    assert not display.is_grabbed(launcher.hot_key) and not desktop.name_has_owner("org.tavik.Launcher")
+    launcher.start()
+    good, missing = check(launcher)
+    assert good.items() >= X11.items() and set(missing) == {"Tray"}
+    with NotifierHost(desktop):
+        wait_until(lambda: check(launcher)[1] == {}, "all is well with a tray")
+        answer = desktop.call("org.tavik.Launcher", "/org/tavik/Launcher", "org.tavik.Launcher.CheckDesktop")[0]
+        assert answer == "0\n" + launcher.command("--check-desktop").stdout
+
+
+@pytest.mark.desktop(width=1700, height=900)
+def test_the_page_shows_it_and_repairs(launcher, desktop, look):
+    window = SettingsWindow(launcher)
+    launcher.start(environment={**ENVIRONMENT, "XDG_CURRENT_DESKTOP": "XFCE"})
+    window.open("desktop")
+    window.wait_text("Needs your attention: 2 of 8.")
+    assert set(X11.values()) <= window.texts()
+    look("two are missing")
+    window.focus(BUTTON, "Turn On: Autostart")
+    window.display.press("space")
+    window.wait_text("Needs your attention: 1 of 8.")
+    assert (desktop.home / "config" / "autostart" / "org.tavik.Launcher.desktop").exists()
+    with NotifierHost(desktop):
+        window.wait_text("This desktop gives the launcher all it needs.")
+        look("all is well")
+
+
+@pytest.mark.parametrize("kind", [*WAYLAND, SwayWithOwnKeys])
+def test_the_command_is_true_on_wayland(kind):
+    if reason := kind.missing():
+        pytest.skip(reason)
+    with kind(False) as desktop:
+        ring = Ring(desktop)
+        missing = check(ring.launcher)[1]
+        assert missing["Trigger"] == "Nobody listens."
+        ring.start()
+        good, missing = check(ring.launcher)
+        if kind is SwayWithOwnKeys:
+            assert "Trigger" in missing, "the user's own binding rests"
+            return
+        assert good.items() >= WAYLAND[kind].items()
+        assert set(missing) == ({"Tray", "Autostart"} if kind is KWin else {"Tray"}), "KDE would start what the folder has"
+        ring.launcher.command("--settings=desktop")
+        ring.wait_shown()
+        ring.display.picture().save(desktop.home / "page.png")
+        ring.launcher.stop()
+
+
+class FloatingSway(Sway):
+    configuration = Sway.configuration + 'for_window [app_id="org.tavik.Launcher"] floating enable, move absolute position 40 60\n'
+
+
+@pytest.mark.parametrize("kind", [FloatingSway, KWin])
+def test_the_preview_stands_beside_its_window_on_wayland(kind):
+    if reason := kind.missing():
+        pytest.skip(reason)
+    made = kind(False)
+    made.options = dataclasses.replace(made.options, width=1700, height=900)
+    with made as desktop:
+        ring = Ring(desktop)
+        ring.launcher.pin(desktop.applications.add("Birch"))
+        ring.start()
+        ring.launcher.command("--settings=general")
+        ring.wait_shown()
+        ring.launcher.command("--settings=appearance")
+
+        def stands_beside():
+            seen = parts(ring.display.picture(), ring.empty)
+            return len(seen) == 2 and seen[0][1] >= 850 and seen[1][1] > 200 and seen
+
+        try:
+            wait_until(stands_beside, "the ring stands at the right of its window")
+            ring.display.press("super+Left")
+            wait_until(lambda: (seen := stands_beside()) and seen[0][0] <= 40, "it follows its window to the left")
+        finally:
+            ring.display.picture().save(PICTURES / f"CheckDesktopTest.preview-{kind.__name__}.png")
+            ring.launcher.stop()

@@ -8,12 +8,24 @@
 #include <QString>
 #include <QTemporaryDir>
 
+#include <filesystem>
+
 namespace Tavik::Test {
 
 /// A scratch folder that a test fills with files; gone when the test is.
 class FileTree
 {
 public:
+    FileTree() = default;
+    ~FileTree()
+    {
+        // The toolkit leaves what has a name that is no text.
+        std::error_code error;
+        std::filesystem::remove_all(m_folder.path().toStdString(), error);
+    }
+    FileTree(const FileTree&) = delete;
+    FileTree& operator=(const FileTree&) = delete;
+
     /// The absolute path of something in the folder.
     [[nodiscard]] QString path(const QString& inner = {}) const
     {

@@ -135,8 +135,12 @@ def test_sway_hears_a_key(ring, desktop):
         if not reload:
             ring.launcher.command("--quit")
             assert ring.launcher.wait_exit() == 0
-            desktop.display.press("ctrl+alt+space")
-            wait_until((desktop.home / "sway" / "own").exists, "the user's own binding of these keys is back")
+
+            def is_own_again():
+                desktop.display.press("ctrl+alt+space")
+                return (desktop.home / "sway" / "own").exists()
+
+            wait_until(is_own_again, "the user's own binding of these keys is back", interval=0.3)
             ring.start()
 
 

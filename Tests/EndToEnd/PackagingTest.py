@@ -17,7 +17,7 @@ PACKAGING = BUILD / "Packaging"
 # A menu takes the keyboard, so the ring is hidden before this could be chosen from one; the other is for keys.
 NOT_IN_MENUS = {"--hide", "--summon"}
 # Of the bus and of questions.
-NOT_FOR_THE_BUS = {"--background", "--version", "--help"}
+NOT_FOR_THE_BUS = {"--background", "--check-desktop", "--version", "--help"}
 
 
 def entry():

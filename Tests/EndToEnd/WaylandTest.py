@@ -127,7 +127,7 @@ def test_sway_hears_a_key(ring, desktop):
     ring.start()
     for reload in (False, True):
         if reload:
-            desktop.message("reload")
+            desktop.reload()
         ring.press_until_shown("ctrl+alt+space")
         stays(ring.is_shown, "it stays without the key", 0.5)
         desktop.display.press("ctrl+alt+space")

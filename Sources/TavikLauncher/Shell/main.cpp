@@ -205,6 +205,7 @@ Ending run(int argc, char** argv, const CommandLine& commandLine, InstanceClaim&
     ending.programToRelaunch = platform->updater->programToRelaunch();
     // No job may outlive what it refers to; what hangs ends with the process.
     if (!platform->workQueue->finish()) {
+        platform->accessibility.reset(); // Gives back the keys that the desktop was asked for.
         platform->userDefaults.reset(); // Writes what is not on disk yet.
         claim.release();
         std::_Exit(relaunch(ending));

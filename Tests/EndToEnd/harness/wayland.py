@@ -94,6 +94,7 @@ class Sway(WaylandDesktop):
             f"xwayland {'enable' if self.has_x else 'disable'}\n{self.configuration}"
             f"output X11-1 resolution {self.options.width}x{self.options.height} position 0,0 background #307090 solid_color\n"
             f"{'exec xhost +local:' if self.has_x else ''}\n"
+            f"exec_always echo >> {run}/loads\n"
             f"exec env > {run}/environment.part && mv {run}/environment.part {run}/environment\n")
         command = ["sway", "-c", str(configuration)]
         if os.getuid() == 0:
@@ -113,6 +114,13 @@ class Sway(WaylandDesktop):
         wait_until(lambda: self.display.picture().pixel(5, 5) == (0x30, 0x70, 0x90), "the background is drawn", timeout=20)
         if self.has_x:  # It starts when it is first asked, and lets nobody in at first.
             wait_until(lambda: self.run(["xset", "q"]).returncode == 0, "the X server takes programs", timeout=20)
+
+    def reload(self):
+        """Returns when it has happened; sway answers before."""
+        loads = self.home / "sway" / "loads"
+        before = loads.stat().st_size
+        self.message("reload")
+        wait_until(lambda: loads.stat().st_size > before, "sway has read its configuration again")
 
     def message(self, *words):
         answer = self.run(["swaymsg", *words])

@@ -92,7 +92,8 @@ class Sway(WaylandDesktop):
         configuration = run / "config"
         configuration.write_text(
             f"xwayland {'enable' if self.has_x else 'disable'}\n{self.configuration}"
-            f"output X11-1 resolution {self.options.width}x{self.options.height} position 0,0 background #307090 solid_color\n"
+            f"output X11-1 resolution {self.options.width}x{self.options.height} position 0,0\n"
+            "exec swaybg -c '#307090'\n"  # Of our own: sway's goes for a moment at each reload.
             f"{'exec xhost +local:' if self.has_x else ''}\n"
             f"exec_always echo >> {run}/loads\n"
             f"exec env > {run}/environment.part && mv {run}/environment.part {run}/environment\n")

@@ -10,6 +10,7 @@
 
 #include <Support/RecordingPlatform.h>
 #include <Support/Table.h>
+#include <algorithm>
 
 using namespace Tavik;
 using namespace Tavik::Test;
@@ -175,6 +176,23 @@ private Q_SLOTS:
         QVERIFY(shown(permissionTitle) && application.keyEvents.hotKeyPressed);
         const std::optional<quint16> key = application.keyEvents.requests.last().keyCode;
         QCOMPARE(key.value_or(0), !hasKey && hearsChords ? 0 : 49);
+    }
+
+    void aWalkThatIsAskedForIsCelebrated()
+    {
+        Application application;
+        application.start();
+        application.workQueue.runAll();
+        application.perform(AppAction::reindex);
+        for (auto* button : shown(reindexTitle)->findChildren<QPushButton*>()) {
+            button->click();
+        }
+        application.workQueue.runAll();
+        application.mainQueue.advance(0.2);
+        QVERIFY(std::ranges::any_of(QApplication::topLevelWidgets(), [](const QWidget* window) {
+            return window->objectName() == u"confetti"_s && window->isVisible();
+        }));
+        application.mainQueue.advance(10); // Until it is over.
     }
 
     void windowsAreReusedWhileTheyLiveAndOnlyTheSettingsOutliveTheirClosing_data()

@@ -244,6 +244,11 @@ private Q_SLOTS:
             R"(bindsym Ctrl+Mod1+Return a\nbindsym Mod1+space b\nbindsym\n}\n{)",
             49,
             {});
+        row("of values that double",
+            R"(set $a x\n)" + QByteArray(R"(set $a $a$a\n)").repeated(16)
+                + "bindsym Ctrl+Mod1+space $a",
+            49,
+            {});
     }
     void theUsersOwnBindingsAreTold()
     {

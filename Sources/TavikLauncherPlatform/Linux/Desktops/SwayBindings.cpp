@@ -15,7 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype longestConfiguration = 1024 * 1024; // In characters.
+constexpr qsizetype longestConfiguration = 1024 * 1024; // In characters, as below.
+constexpr qsizetype longestLine = 4096;
 
 /// A modifier's flag by its name in a binding, or by that of a key that is one; 0 for others.
 quint64 flagNamed(const QString& name)
@@ -35,15 +36,18 @@ quint64 flagNamed(const QString& name)
     return flags.value(isKey ? name.chopped(2) : name);
 }
 
-/// Each variable in a line replaced by its value, long names first.
+/// Each variable in a line replaced by its value, long names first. Empty for what grows beyond any
+/// use: values may hold other values, twice each.
 QString expanded(QString line, const QHash<QString, QString>& variables)
 {
     QStringList names = variables.keys();
     std::ranges::sort(names, std::greater(), &QString::size);
     for (const QString& name : names) {
-        line.replace(name, variables.value(name));
+        if (line.size() <= longestLine) {
+            line.replace(name, variables.value(name));
+        }
     }
-    return line;
+    return line.size() <= longestLine ? line : QString();
 }
 
 } // namespace
@@ -73,7 +77,7 @@ SwayBindings::SwayBindings(const QString& configuration)
 
 void SwayBindings::addBinding(const QString& words)
 {
-    QStringList rest = words.split(u' ');
+    QStringList rest = words.split(u' ', Qt::SkipEmptyParts);
     while (!rest.isEmpty() && rest.front().startsWith(u"--"_s)) {
         rest.removeFirst();
     }

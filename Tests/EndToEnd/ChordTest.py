@@ -23,11 +23,6 @@ SHOWN = "Tavik Launcher panel: shown"
 
 
 @pytest.fixture
-def apps(applications):
-    return [applications.add(name) for name in NAMES]
-
-
-@pytest.fixture
 def ring(launcher, apps, display):
     launcher.pin(*apps)
     launcher.use_chord()
@@ -129,12 +124,19 @@ def test_letters_filter_and_return_launches_from_within_a_terminal(ring, apps, d
     ring.wait_hidden()
 
 
-def test_the_chord_works_while_another_program_holds_the_keyboard(ring, display):
+def test_the_chord_works_while_another_program_holds_the_keyboard_and_leaves_it_free_for_everybody(ring, display):
     with keyboard_grabbed(display):
         with display.held(*CHORD):
             display.wait_for("Tavik Launcher")
             stays(ring.is_shown, "the ring is shown while the chord is held", seconds=0.5)
         ring.wait_hidden()
+    time.sleep(1)  # That was no tap, but the next would be near it.
+    with display.held(*CHORD):
+        ring.wait_open()
+        for _ in range(10):
+            with keyboard_grabbed(display):
+                pass
+    ring.wait_hidden()
 
 
 def test_letters_of_the_users_own_layout_filter(launcher, applications, desktop, display, look):
@@ -210,18 +212,6 @@ def test_a_hundred_fast_chords_show_the_ring_a_hundred_times(launcher, apps, dis
     stays(lambda: not launcher.is_shown(), "the ring is hidden")
     assert shows(launcher) == 100
     assert not launcher.exited()
-
-
-def test_the_keyboard_stays_free_for_everybody(ring, display):
-    def keyboard_is_free():
-        with contextlib.suppress(AssertionError), keyboard_grabbed(display):
-            return True
-        return False
-
-    with display.held(*CHORD):
-        ring.wait_open()
-        stays(keyboard_is_free, "the keyboard is nobody's while the chord is held", seconds=0.5)
-    ring.wait_hidden()
 
 
 @under("metacity", "xfwm4", "kwin", "mutter", "gnome-shell")

@@ -63,39 +63,6 @@ def test_the_tour_meets_a_new_user_once(new_user, display, desktop, look):
     stays(lambda: display.find(TOUR) is None, "the tour does not come again")
 
 
-def test_the_tour_of_a_chord_tells_to_hold_it_and_leads_to_the_settings(new_user, display, desktop):
-    new_user.use_chord()
-    new_user.start(by_hand=True, environment=READABLE)
-    window = wait_front(display, TOUR)
-    accessibility.wait_text(desktop, "Hold the shortcut", "Press and hold ⌃⌥ to open the ring at the pointer.")
-    with display.held("ctrl", "alt"):
-        new_user.wait_open()
-    new_user.wait_hidden()
-    accessibility.click(desktop, "Open Settings")
-    display.wait_for(SETTINGS)
-    assert display.find(TOUR) == window
-    display.activate(window)
-    wait_until(lambda: display.has_focus(window), "the tour is in front again")
-    accessibility.click(desktop, "Start Using Tavik")
-    display.wait_gone(TOUR)
-    wait_until(lambda: new_user.defaults()[COMPLETED], "the tour counts as taken")
-
-
-def test_the_menu_repeats_the_tour_which_comes_until_it_is_taken(new_user, panel, display):
-    new_user.settings(hasCompletedOnboarding=True)
-    new_user.start(by_hand=True)
-    panel.wait_item().choose("Repeat Tour")
-    wait_front(display, TOUR)
-    wait_until(lambda: not new_user.defaults()[COMPLETED], "it is offered anew")
-    new_user.process.terminate()
-    assert new_user.wait_exit() == 0
-    new_user.start(by_hand=True)
-    wait_front(display, TOUR)  # Cut short by the end of the program, it comes again.
-    display.press("Return")
-    display.wait_gone(TOUR)
-    wait_until(lambda: new_user.defaults()[COMPLETED], "the tour counts as taken")
-
-
 REPEATS = 0.9  # Seconds after which a key that is held down repeats.
 
 

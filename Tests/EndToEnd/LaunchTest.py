@@ -10,11 +10,6 @@ from harness.window_managers import leave_desktop, switching_managers, under
 
 
 @pytest.fixture
-def apps(applications):
-    return [applications.add(name) for name in ("Alder", "Birch", "Cedar")]
-
-
-@pytest.fixture
 def ring(launcher, apps):
     launcher.pin(*apps)
     return launcher.start(environment={"TAVIK_TEST_MARK": "kept", "LC_NUMERIC": "C"})

@@ -9,7 +9,6 @@ import time
 
 import pytest
 from gi.repository import Gio, GLib
-from Xlib import X
 
 from harness import accessibility
 from harness.launcher import BUS_NAME, IN_BACKGROUND, hot_key_record
@@ -21,13 +20,6 @@ TAP = 0.08  # Seconds.
 APART = 1.0  # Too long for two taps to pair.
 LOGIND = "/org/freedesktop/login1"
 APPLICATION = "org.freedesktop.Application"
-
-
-@pytest.fixture
-def ring(launcher, applications, panel):
-    """Running, on a desktop with a panel."""
-    launcher.pin(applications.add("Alder"), applications.add("Birch"))
-    return launcher.start()
 
 
 # --- windows
@@ -72,32 +64,14 @@ def test_the_dock_is_switched_with_the_settings_staying_in_front(launcher, panel
 # --- what comes from the desktop
 
 
-class StartupMessages:
-    """The texts that are broadcast under start-up notification. Each comes in pieces, which may come late."""
-
-    def __init__(self, display):
-        display.root.change_attributes(event_mask=X.PropertyChangeMask)
-        display.connection.sync()
-        self._connection, self._pieces, self._heard = display.connection, {}, []
-
-    def heard(self):
-        for _ in range(self._connection.pending_events()):
-            event = self._connection.next_event()
-            name = self._connection.get_atom_name(event.client_type) if event.type == X.ClientMessage else ""
-            if name.startswith("_NET_STARTUP_INFO"):
-                pieces = self._pieces.setdefault(event.window.id, bytearray())
-                pieces.extend(bytes(event.data[1]))
-                text, end, _ = pieces.partition(b"\0")
-                if end:
-                    self._heard.append(text.decode())
-                    del self._pieces[event.window.id]
-        return self._heard
-
-
 def test_what_a_start_was_given_is_handed_on_and_completed(launcher, panel, display):
-    messages, expected = StartupMessages(display), ['remove: ID="some-panel_TIME4711"']
+    heard, expected = display.listen_to_starts(), ['ID="some-panel_TIME4711"']
+
+    def completed():
+        return [text for kind, text in heard() if kind == "remove"]
+
     ring = launcher.start(by_hand=True, environment={"DESKTOP_STARTUP_ID": "some-panel_TIME4711"})
-    wait_until(lambda: expected[0] in messages.heard(), "our own is completed")
+    wait_until(lambda: expected[0] in completed(), "our own is completed")
     del ring.environment["DESKTOP_STARTUP_ID"]
     for variable in ("DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN"):
         for arguments, window in ((), "Tavik Launcher"), (("--hide",), None), (("--reindex",), REINDEX):
@@ -107,10 +81,10 @@ def test_what_a_start_was_given_is_handed_on_and_completed(launcher, panel, disp
             opened = window and wait_front(display, window)
             if window:
                 wait_until(lambda: display.property(opened, "_NET_STARTUP_ID") == identifier, "the window answers it")
-            expected.append('remove: ID="%s"' % identifier.replace('"', '\\"'))
-            wait_until(lambda: expected[-1] in messages.heard(), "the start is completed")
+            expected.append('ID="%s"' % identifier.replace('"', '\\"'))
+            wait_until(lambda: expected[-1] in completed(), "the start is completed")
             # The toolkit tells of the program's own, too.
-            assert set(messages.heard()) - {"remove: ID=some-panel_TIME4711"} == set(expected)
+            assert set(completed()) - {"ID=some-panel_TIME4711"} == set(expected)
         display.close_window(opened)
         display.wait_gone(REINDEX)
 
@@ -157,7 +131,22 @@ def has_match(desktop, address, member):
     return any(member in rule for of_one in rules.values() for rule in of_one)
 
 
-# --- bad neighbours
+# --- bad neighbours, and damaged settings
+
+
+def test_settings_of_wrong_types_are_repaired_and_the_others_kept(launcher, applications):
+    alder = applications.add("Alder")
+    launcher.pin(alder)
+    launcher.settings(
+        ringDiameter="wide", ringThickness=[1, 2], iconSize={}, maxVisibleApps=-7, ringColorHex=b"\0",
+        pillOpacity=1e308, hasShownLaunchHintIntro="yes")
+    launcher.write_defaults(RecentAppsPaths=7, SomebodyElses={"kept": [1, 2.5, True, b"data"]})
+    launcher.start().summon(640, 400)
+    launcher.wait_shows(alder)
+    launcher.command("--quit")
+    launcher.wait_exit()
+    assert launcher.defaults()["SomebodyElses"] == {"kept": [1, 2.5, True, b"data"]}
+    assert launcher.defaults()["LauncherSettings.hotKeyConfig"] == hot_key_record(launcher.hot_key)
 
 
 def test_hostile_calls_on_the_bus_change_nothing(ring, display):

@@ -3,7 +3,7 @@
 import pytest
 
 from harness.launcher import FLAGS
-from harness.locker import Locker
+from harness.locker import Grab, LoginManager, ScreenSaver
 from harness.waiting import stays, wait_until
 
 
@@ -16,7 +16,7 @@ def system_bus(desktop):
 def locker(desktop, launcher, system_bus):
     """Makes a locker and starts the launcher, with the chord as its shortcut."""
     def make(kind):
-        made = Locker(desktop, kind, system_bus if kind == "login manager" else desktop.bus_address)
+        made = kind(desktop, system_bus)
         launcher.use_chord(FLAGS["ctrl"] | FLAGS["alt"])
         launcher.start(environment={"DBUS_SYSTEM_BUS_ADDRESS": system_bus})
         return made
@@ -29,11 +29,11 @@ def chord_shows(launcher, display):
     launcher.wait_hidden()
 
 
-@pytest.mark.parametrize("kind", ["grab", "screen saver", "login manager"])
+@pytest.mark.parametrize("kind", [Grab, ScreenSaver, LoginManager])
 def test_neither_the_chord_nor_a_request_shows_the_ring_while_the_screen_is_locked(launcher, locker, display, kind):
     made = locker(kind)
     chord_shows(launcher, display)
-    if kind != "grab":
+    if kind != Grab:
         launcher.command("--show")
         launcher.wait_open()
     made.lock()
@@ -52,7 +52,7 @@ def test_neither_the_chord_nor_a_request_shows_the_ring_while_the_screen_is_lock
 
 
 def test_a_screen_saver_that_dies_leaves_nothing_locked(launcher, locker, desktop, display):
-    made = locker("screen saver")
+    made = locker(ScreenSaver)
     launcher.command("--show")
     launcher.wait_open()
     made.lock()
@@ -63,7 +63,7 @@ def test_a_screen_saver_that_dies_leaves_nothing_locked(launcher, locker, deskto
 
 
 def test_a_choice_waits_for_its_menu_to_give_the_input_back(launcher, locker):
-    made = locker("grab")
+    made = locker(Grab)
     made.lock()
     launcher.command("--show")
     made.lock(False)

@@ -147,19 +147,6 @@ def test_a_bus_that_is_of_no_use_costs_a_second_and_no_start(launcher, display, 
     assert launcher.wait_exit() == 0
 
 
-def test_with_the_bus_gone_a_second_start_finds_the_first(launcher, applications, desktop):
-    launcher.pin(applications.add("Alder"))
-    launcher.start()
-    desktop.end_bus()
-    for _ in range(2):
-        assert launcher.command("--show").returncode == 0
-        launcher.wait_open()
-        assert launcher.command("--hide").returncode == 0
-        launcher.wait_hidden()
-    assert launcher.command("--quit").returncode == 0
-    assert launcher.wait_exit() == 0
-
-
 def test_questions_and_mistakes_are_answered_without_a_running_program(launcher, desktop):
     for arguments, code, expected in (
             (("--version",), 0, "tavik-launcher 0."), (("--version",), 0, "\ndisplay: X11\n"),

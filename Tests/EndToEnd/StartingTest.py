@@ -145,27 +145,6 @@ def test_each_program_gets_a_scope_of_its_own(launcher, applications, desktop, d
     assert values["PIDs"] == [start["pid"]] and values["Slice"] == "app.slice"
 
 
-def test_launching_leaves_nothing_behind(launcher, applications, display):
-    quick = applications.add("Quick", arguments="--report-only")
-    launcher.pin(quick)
-    launcher.start()
-
-    def descriptors():
-        return len(os.listdir(f"/proc/{launcher.process.pid}/fd"))
-
-    def start(times):
-        launch(launcher, display)
-        quick.wait_started(times)
-        wait_until(lambda: not processes.is_alive(quick.starts()[-1]["pid"]), "it has exited")
-
-    for times in range(1, 4):
-        start(times)
-    before = descriptors()
-    for times in range(4, 16):
-        start(times)
-    wait_until(lambda: descriptors() <= before, f"no more than {before} files are open")
-
-
 def test_windows_join_their_entries_whatever_started_them(launcher, applications, desktop, display):
     """A program that the desktop has started by a script, and an entry that changes while it runs."""
     alder = applications.add("Alder", arguments="--class odd Odd")

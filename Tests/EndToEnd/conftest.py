@@ -74,6 +74,20 @@ def applications(desktop):
 
 
 @pytest.fixture
+def apps(request, applications):
+    """Applications with the names that the journey's file has chosen, or four."""
+    names = getattr(request.module, "NAMES", ("Alder", "Birch", "Cedar", "Dogwood"))
+    return [applications.add(name) for name in names]
+
+
+@pytest.fixture
+def ring(launcher, apps):
+    """The launcher, started, with these applications on the ring."""
+    launcher.pin(*apps)
+    return launcher.start()
+
+
+@pytest.fixture
 def panel(desktop):
     """A panel that shows status items, running before the launcher is."""
     with NotifierHost(desktop) as host:

@@ -28,41 +28,6 @@ class LauncherSettingsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void emptyDefaultsGiveTheTableAndWriteNothing()
-    {
-        const SettingsStore store;
-        const QVariantMap expected{
-            {u"ringDiameter"_s, 320.0},
-            {u"ringThickness"_s, 80.0},
-            {u"iconSize"_s, 50.0},
-            {u"maxVisibleApps"_s, 15LL},
-            {u"keepsCenterHintVisible"_s, false},
-            {u"showsAppNames"_s, true},
-            {u"showsLaunchHints"_s, true},
-            {u"launchHintInterval"_s, 25LL},
-            {u"searchesAllApps"_s, false},
-            {u"fillsRingWithRecentApps"_s, true},
-            {u"doubleTapModifiersPinsLauncher"_s, true},
-            {u"hasCompletedOnboarding"_s, false},
-            {u"showInDock"_s, false},
-            {u"ringColorHex"_s, u"#000000"_s},
-            {u"ringOpacity"_s, 0.82},
-            {u"highlightColorHex"_s, u"#0A84FF"_s},
-            {u"highlightOpacity"_s, 0.72},
-            {u"pillOpacity"_s, 0.94},
-            {u"runningDotColorHex"_s, u"#0A84FF"_s},
-            {u"showsRunningDot"_s, true},
-            {permanent, QVariantList()},
-            {pinned, QVariantList()},
-            {u"autoUpdatesEnabled"_s, true},
-            {u"updateCheckFrequency"_s, u"daily"_s},
-            {u"hotKeyConfig"_s,
-             u"{\"displayName\":\"⌃⌥ (hold)\",\"modifierFlagsRaw\":786432}"_s.toUtf8()},
-        };
-        QCOMPARE(store.values(), expected);
-        QVERIFY(store.defaults.written.isEmpty());
-    }
-
     void storedValuesAreRepaired_data()
     {
         QTest::addColumn<QString>("name");
@@ -90,6 +55,8 @@ private Q_SLOTS:
         row(u"launchHintInterval"_s, 30LL, 25LL);
         row(u"launchHintInterval"_s, beyondInt + 5, 25LL);
         row(u"showsAppNames"_s, 0LL, true);
+        row(u"hasCompletedOnboarding"_s, 1LL, false);
+        row(u"runningDotColorHex"_s, 1LL, u"#0A84FF"_s);
         row(u"ringOpacity"_s, 0.0, 0.2);
         row(u"highlightOpacity"_s, 7.0, 1.0);
         row(u"pillOpacity"_s, std::nan(""), 0.94);

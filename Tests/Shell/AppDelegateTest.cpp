@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/SegmentedChoice.h>
 #include <TavikLauncher/Shell/AppDelegate.h>
 #include <TavikLauncher/Shell/TavikLauncherApp.h>
 
@@ -33,6 +34,16 @@ QWidget* shown(const QString& title)
         }
     }
     return nullptr;
+}
+
+/// Clicks what begins with those words in a window.
+void click(const QWidget& window, const QString& words)
+{
+    for (auto* button : window.findChildren<QPushButton*>()) {
+        if (button->text().startsWith(words)) {
+            button->click();
+        }
+    }
 }
 
 /// Lets windows that were forgotten go.
@@ -163,13 +174,8 @@ private Q_SLOTS:
         const QWidget* window = shown(permissionTitle);
         QVERIFY(window);
         application.perform(AppAction::checkDesktop);
-        for (const QWidget* each : QList<const QWidget*>{window, shown(settingsTitle)}) {
-            for (auto* button : each->findChildren<QPushButton*>()) {
-                if (button->text().startsWith(words)) {
-                    button->click();
-                }
-            }
-        }
+        click(*window, words);
+        click(*shown(settingsTitle), words);
         QCOMPARE(application.permission.calls, QStringList{u"prompt"_s});
         application.permission.trusted = true;
         application.mainQueue.advance(1.1);
@@ -184,9 +190,7 @@ private Q_SLOTS:
         application.start();
         application.workQueue.runAll();
         application.perform(AppAction::reindex);
-        for (auto* button : shown(reindexTitle)->findChildren<QPushButton*>()) {
-            button->click();
-        }
+        click(*shown(reindexTitle), u"Reindex Now"_s);
         application.workQueue.runAll();
         application.mainQueue.advance(0.2);
         QVERIFY(std::ranges::any_of(QApplication::topLevelWidgets(), [](const QWidget* window) {
@@ -244,6 +248,40 @@ private Q_SLOTS:
         QTest::keyPress(control, key);
         settle();
         QVERIFY(!control);
+    }
+
+    void theTourLeadsToTheSettingsAndIsTakenOnceItIsLeft()
+    {
+        Application application;
+        application.start();
+        application.perform(AppAction::tour);
+        const QWidget* tour = shown(tourTitle);
+        click(*tour, u"Open Settings"_s);
+        QVERIFY(shown(settingsTitle));
+        QCOMPARE(shown(tourTitle), tour);
+        QCOMPARE(application.stored(u"hasCompletedOnboarding"_s), QVariant(false));
+        click(*tour, u"Start"_s);
+        QVERIFY(!shown(tourTitle));
+        QCOMPARE(application.stored(u"hasCompletedOnboarding"_s), QVariant(true));
+    }
+
+    void theUpdaterFollowsTheSettingsAndStopsAtTheEnd()
+    {
+        Application application;
+        application.start();
+        application.delegate->perform({.action = AppAction::settings, .argument = u"updates"_s});
+        const auto* frequency
+            = shown(settingsTitle)->findChild<SegmentedChoice*>(u"updateCheckFrequency"_s);
+        frequency->segments().at(1)->click();
+        frequency->segments().at(2)->click();
+        shown(settingsTitle)->findChild<QAbstractButton*>(u"autoUpdatesEnabled"_s)->click();
+        application.perform(AppAction::checkForUpdates);
+        const QStringList& calls = application.updater.calls;
+        QCOMPARE(calls.mid(1).join(u'|'),
+                 u"check by itself|every 86400 s|check by itself|every 604800 s|"
+                 "check by itself|every 2592000 s|check when asked|every 2592000 s|check"_s);
+        application.delegate.reset();
+        QCOMPARE(calls.constLast(), u"stop updater"_s);
     }
 
     void theTourGrowsWithTheNameOfTheShortcut()

@@ -28,11 +28,6 @@ COUNT, RECENTS = "LauncherSettings.ringLaunchCount", "RecentAppsPaths"
 CLOCK = pathlib.Path("/usr/lib/x86_64-linux-gnu/faketime/libfaketimeMT.so.1")
 
 
-@pytest.fixture
-def apps(applications):
-    return [applications.add(name) for name in NAMES]
-
-
 def works(launcher, app):
     """It shows the ring, hears letters, and launches."""
     before = len(app.starts())

@@ -57,8 +57,10 @@ public:
     [[nodiscard]] std::optional<QString> writeFileAtomically(const QString& path,
                                                              const QByteArray& bytes) const override
     {
-        contents.insert(path, bytes);
-        return std::nullopt;
+        if (!writeFault) {
+            contents.insert(path, bytes);
+        }
+        return writeFault;
     }
     [[nodiscard]] std::optional<QString> appendToFile(const QString& path,
                                                       const QByteArray& bytes) const override
@@ -80,6 +82,7 @@ public:
     QMap<QString, QList<DirectoryItem>> items; ///< By search path.
     QMap<QString, Bundle> bundles;
     mutable QMap<QString, QByteArray> contents; ///< Of ordinary files, by path.
+    std::optional<QString> writeFault; ///< Of whole files.
     FolderResult support;
     unsigned user = 1000;
     mutable int bundleReads = 0;

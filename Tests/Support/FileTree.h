@@ -53,6 +53,18 @@ public:
         QFile::link(target, path(inner));
         return path(inner);
     }
+    /// What is in a file; null when it cannot be read.
+    [[nodiscard]] static QByteArray contents(const QString& path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    /// What lies in a folder, whatever it is.
+    [[nodiscard]] static QStringList names(const QString& folder)
+    {
+        return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System
+                                      | QDir::NoDotAndDotDot);
+    }
 
 private:
     QTemporaryDir m_folder;

@@ -181,6 +181,10 @@ class Desktop:
         self._cleanup.callback(processes.end, process)
         return process
 
+    def at_end(self, act):
+        """Has something done before what runs by now is ended with the desktop."""
+        self._cleanup.callback(act)
+
     def open(self, application):
         """Starts an application as a file manager does."""
         self.spawn(["gio", "launch", application.path], log="gio")

@@ -5,13 +5,14 @@ import typing
 
 import Xlib.display
 import Xlib.error
-from Xlib import X, XK, Xatom
+from Xlib import X, XK, Xatom, Xutil
 from Xlib.ext import xtest
 from Xlib.protocol import event
 
 from harness.picture import Picture
 from harness.waiting import wait_until
 
+SYMBOLS = {".": "period", "/": "slash", "-": "minus", " ": "space"}
 KEYS = {"ctrl": "Control_L", "alt": "Alt_L", "super": "Super_L", "shift": "Shift_L"}
 MODIFIER_MASKS = {"ctrl": X.ControlMask, "alt": X.Mod1Mask, "super": X.Mod4Mask, "shift": X.ShiftMask}
 GONE = (Xlib.error.BadWindow, Xlib.error.BadDrawable, Xlib.error.BadMatch)
@@ -178,6 +179,9 @@ class Display:
         """Asks the window manager, as a pager does, to give the focus to a window."""
         self._ask_window_manager(window_id, "_NET_ACTIVE_WINDOW", [2, X.CurrentTime, 0, 0, 0])
 
+    def minimise(self, window_id):
+        self._ask_window_manager(window_id, "WM_CHANGE_STATE", [Xutil.IconicState, 0, 0, 0, 0])
+
     def close_window(self, window_id):
         """Asks the window manager, as its close button does, to close a window."""
         self._ask_window_manager(window_id, "_NET_CLOSE_WINDOW", [X.CurrentTime, 2, 0, 0, 0])
@@ -254,9 +258,9 @@ class Display:
             pass
 
     def type(self, text):
-        """Types lower-case letters, digits and blanks, one key press each."""
+        """Types lower-case letters, digits and a few symbols, one key press each."""
         for character in text:
-            self.press("space" if character == " " else character)
+            self.press(SYMBOLS.get(character, character))
 
     def _grab_key(self, client, chord):
         """Asks for a chord on another client's behalf; returns how it can be given back, or nothing."""

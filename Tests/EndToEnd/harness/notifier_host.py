@@ -3,10 +3,10 @@
 say of themselves, and chooses from their menus as a user does."""
 import contextlib
 import dataclasses
-import threading
 
 from gi.repository import Gio, GLib
 
+from harness.bus_service import BusService
 from harness.waiting import wait_until
 
 WATCHER = "org.kde.StatusNotifierWatcher"
@@ -15,39 +15,24 @@ ITEM = "org.kde.StatusNotifierItem"
 MENU = "com.canonical.dbusmenu"
 PROPERTIES = "org.freedesktop.DBus.Properties"
 TIMEOUT = 5000
-DESCRIPTION = f"""
-<node><interface name="{WATCHER}">
+MEMBERS = """
   <method name="RegisterStatusNotifierItem"><arg type="s" direction="in"/></method>
   <method name="RegisterStatusNotifierHost"><arg type="s" direction="in"/></method>
   <property name="RegisteredStatusNotifierItems" type="as" access="read"/>
   <property name="IsStatusNotifierHostRegistered" type="b" access="read"/>
   <property name="ProtocolVersion" type="i" access="read"/>
-  <signal name="StatusNotifierHostRegistered"/>
-</interface></node>"""
+  <signal name="StatusNotifierHostRegistered"/>"""
 
 
-class NotifierHost:
-    """Use as a context manager. Serves the bus on a thread of its own."""
-
+class NotifierHost(BusService):
     def __init__(self, desktop):
-        self._desktop = desktop
-        self._bus = self._loop = self._thread = None
         self._registered = []
-
-    def __enter__(self):
-        ready = threading.Event()
-        self._thread = threading.Thread(target=self._serve, args=(ready,), daemon=True)
-        self._thread.start()
-        assert ready.wait(TIMEOUT / 1000), "the panel did not start"
-        return self
-
-    def __exit__(self, *_):
-        self._loop.quit()
-        self._thread.join()
+        super().__init__(desktop, WATCHER, (WATCHER_PATH, WATCHER, MEMBERS))
+        self.signal(WATCHER_PATH, WATCHER, "StatusNotifierHostRegistered", None)
 
     def items(self):
         """Everything that has registered and not been forgotten, oldest first."""
-        return [Item(self._bus, name) for name in self._registered]
+        return [Item(self.bus, name) for name in self._registered]
 
     def wait_item(self, timeout=15.0):
         """The first item of all; waits until there is one whose menu answers."""
@@ -57,42 +42,20 @@ class NotifierHost:
 
     # --- what the items call
 
-    def _serve(self, ready):
-        context = GLib.MainContext.new()
-        context.push_thread_default()
-        self._loop = GLib.MainLoop.new(context, False)
-        self._bus = self._desktop.bus()
-        interface = Gio.DBusNodeInfo.new_for_xml(DESCRIPTION).interfaces[0]
-        self._bus.register_object(WATCHER_PATH, interface, self._called, self._asked, None)
-        self._request_name()
-        self._bus.emit_signal(None, WATCHER_PATH, WATCHER, "StatusNotifierHostRegistered", None)
-        ready.set()
-        self._loop.run()
-        with contextlib.suppress(GLib.Error):
-            self._bus.close_sync(None)
-        context.pop_thread_default()
-
-    def _request_name(self):
-        do_not_queue = 4
-        answer = self._bus.call_sync(
-            "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "RequestName",
-            GLib.Variant("(su)", (WATCHER, do_not_queue)), None, Gio.DBusCallFlags.NONE, TIMEOUT, None)
-        assert answer.unpack() == (1,), "another panel is running"
-
-    def _called(self, _bus, sender, _path, _interface, method, arguments, invocation):
+    def called(self, sender, method, arguments, invocation):
         if method == "RegisterStatusNotifierItem":
-            service = arguments.unpack()[0]
+            service, = arguments
             name = sender if service.startswith("/") else service
             if name not in self._registered:
                 self._registered.append(name)
         invocation.return_value(None)
 
-    def _asked(self, _bus, _sender, _path, _interface, name):
+    def properties(self):
         return {
             "RegisteredStatusNotifierItems": GLib.Variant("as", self._registered),
             "IsStatusNotifierHostRegistered": GLib.Variant("b", True),
             "ProtocolVersion": GLib.Variant("i", 0),
-        }[name]
+        }
 
 
 @dataclasses.dataclass(frozen=True)

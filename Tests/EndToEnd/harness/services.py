@@ -1,16 +1,11 @@
-#!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Services on the session bus that write down what they are asked, in a process of their own."""
-import json
-import pathlib
-import subprocess
-import sys
+"""Services that programs expect on the session bus: some write down what they are asked, the portal has settings."""
+from gi.repository import GLib
 
-from gi.repository import Gio, GLib
-
+from harness.bus_service import BusService
 from harness.waiting import wait_until
 
-DESCRIPTIONS = {
+MEMBERS = {
     "org.freedesktop.Application": """
       <method name="Activate"><arg type="a{sv}" direction="in"/></method>""",
     "org.freedesktop.systemd1.Manager": """
@@ -27,24 +22,23 @@ ANSWERS = {
 }
 
 
-class Service:
-    """One service; it has its name when it is made. Its manner: "answers", "refuses" or "is silent"."""
+class Service(BusService):
+    """Its manner: "answers", "refuses" or "is silent"."""
 
     def __init__(self, desktop, name, path, interface, manner="answers"):
-        self._process = desktop.spawn(
-            [sys.executable, str(pathlib.Path(__file__)), name, path, interface, manner], log=name,
-            environment={"PYTHONPATH": str(pathlib.Path(__file__).parents[1])}, stdout=subprocess.PIPE, text=True)
-        self._log, self._calls = desktop.home / "logs" / f"{name}.calls", []
-        wait_until(lambda: desktop.name_has_owner(name), f"{name} is on the bus")
-
-    def calls(self):
-        """The arguments of each call so far."""
-        if not self._log.exists():
-            return []
-        return [json.loads(line) for line in self._log.read_text().splitlines() if line.endswith("]")]
+        self._manner, self._calls = manner, []
+        super().__init__(desktop, name, (path, interface, MEMBERS[interface]))
 
     def wait_called(self):
-        return wait_until(lambda: self.calls() and self.calls()[-1], "the service is called")
+        """The arguments of the last call."""
+        return wait_until(lambda: self._calls and self._calls[-1], "the service is called")
+
+    def called(self, _sender, method, arguments, invocation):
+        self._calls.append(arguments)
+        if self._manner == "answers":
+            invocation.return_value(ANSWERS.get(method))
+        elif self._manner == "refuses":
+            invocation.return_dbus_error("org.example.Error", "not today")
 
 
 def application(desktop, application_id, manner="answers"):
@@ -62,23 +56,28 @@ def notifications(desktop):
         desktop, "org.freedesktop.Notifications", "/org/freedesktop/Notifications", "org.freedesktop.Notifications")
 
 
-def _serve(name, path, interface, manner):
-    bus = Gio.bus_get_sync(Gio.BusType.SESSION)
-    log = pathlib.Path.home() / "logs" / f"{name}.calls"
+class Portal(BusService):
+    """A desktop's settings, with colour scheme and contrast."""
+    PATH, INTERFACE, GROUP = "/org/freedesktop/portal/desktop", "org.freedesktop.portal.Settings", "org.freedesktop.appearance"
+    WISHES = {"none": ("color-scheme", 0), "dark": ("color-scheme", 1), "light": ("color-scheme", 2), "contrast": ("contrast", 1)}
 
-    def call(_connection, _sender, _path, _interface, method, arguments, invocation):
-        with log.open("a") as stream:
-            stream.write(json.dumps(list(arguments.unpack())) + "\n")
-        if manner == "answers":
-            invocation.return_value(ANSWERS.get(method))
-        elif manner == "refuses":
-            invocation.return_dbus_error("org.example.Error", "not today")
+    def __init__(self, desktop, wish):
+        self._values = {"contrast": 0, **dict([self.WISHES[wish]])}
+        super().__init__(desktop, "org.freedesktop.portal.Desktop", (self.PATH, self.INTERFACE, """
+          <method name="Read"><arg type="s" direction="in"/><arg type="s" direction="in"/><arg type="v" direction="out"/></method>
+          <signal name="SettingChanged"><arg type="s"/><arg type="s"/><arg type="v"/></signal>"""))
 
-    text = f'<node><interface name="{interface}">{DESCRIPTIONS[interface]}</interface></node>'
-    bus.register_object(path, Gio.DBusNodeInfo.new_for_xml(text).interfaces[0], call, None, None)
-    Gio.bus_own_name_on_connection(bus, name, Gio.BusNameOwnerFlags.NONE, None, None)
-    GLib.MainLoop().run()
+    def prefer(self, wish):
+        """Changes one setting to what a word of `WISHES` says, and tells whoever listens."""
+        key, value = self.WISHES[wish]
+        self._values[key] = value
+        self.signal(self.PATH, self.INTERFACE, "SettingChanged", "(ssv)", self.GROUP, key, GLib.Variant("u", value))
 
-
-if __name__ == "__main__":
-    _serve(*sys.argv[1:])
+    def called(self, _sender, _method, arguments, invocation):
+        group, key = arguments
+        if group == self.GROUP and key in self._values:
+            # Twice wrapped, as this old call has always answered.
+            inner = GLib.Variant("v", GLib.Variant("u", self._values[key]))
+            invocation.return_value(GLib.Variant("(v)", (inner,)))
+        else:
+            invocation.return_dbus_error("org.freedesktop.portal.Error.NotFound", "no such setting")

@@ -6,47 +6,17 @@
 #include <QTest>
 
 #include <Support/FileTree.h>
+#include <Support/FullDisk.h>
 #include <Support/StepWorkQueue.h>
 #include <Support/Table.h>
 #include <Support/VirtualMainQueue.h>
-#include <csignal>
 #include <memory>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 using namespace Tavik;
 using namespace Tavik::Test;
 using namespace Qt::StringLiterals;
-
-namespace {
-
-QByteArray contentsOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-/// While it lives this process cannot write a file longer than `bytes`, as on a full disk.
-class FullDisk
-{
-public:
-    explicit FullDisk(rlim_t bytes)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit now{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &now);
-    }
-    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &m_before); }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-private:
-    rlimit m_before{};
-};
-
-} // namespace
 
 class PropertyListDefaultsTest : public QObject
 {
@@ -74,7 +44,7 @@ private Q_SLOTS:
         endTurn();
         QCOMPARE(open()->doubleValue(u"a"_s), 0.5);
         QCOMPARE(open()->integerValue(u"b"_s), 7);
-        QCOMPARE(filesIn(m_tree->path(u"deep/er"_s)), QStringList{u"Defaults.plist"_s});
+        QCOMPARE(FileTree::names(m_tree->path(u"deep/er"_s)), QStringList{u"Defaults.plist"_s});
 
         defaults->setObject(u"a"_s, {});
         endTurn();
@@ -158,15 +128,15 @@ private Q_SLOTS:
         }
         QCOMPARE(open()->boolValue(u"b"_s), true);
         QByteArrayList kept;
-        for (const QString& file : filesIn(m_tree->path())) {
+        for (const QString& file : FileTree::names(m_tree->path())) {
             const QRegularExpression name(u"^Defaults\\.plist\\.damaged-\\d{8}T\\d{6}Z(-\\d)?$"_s);
             if (name.match(file).hasMatch()) {
-                kept.append(contentsOf(m_tree->path(file)));
+                kept.append(FileTree::contents(m_tree->path(file)));
             }
         }
         std::ranges::sort(kept);
         QVERIFY(kept == QByteArrayList({damaged.at(0), damaged.at(1), damaged.at(2)}));
-        QCOMPARE(filesIn(m_tree->path()).size(), damaged.size() + 1);
+        QCOMPARE(FileTree::names(m_tree->path()).size(), damaged.size() + 1);
     }
 
     void linksAreKept_data()
@@ -197,7 +167,7 @@ private Q_SLOTS:
         for (const QString& path : {m_path, m_tree->path(u"between"_s), target}) {
             QCOMPARE(QFileInfo(path).isSymLink(), path != target);
         }
-        QCOMPARE(filesIn(m_tree->path(u"dotfiles"_s)).size(), files);
+        QCOMPARE(FileTree::names(m_tree->path(u"dotfiles"_s)).size(), files);
         QCOMPARE(PropertyListDefaults(target, m_queue, m_work).integerValue(u"a"_s), 1);
     }
 
@@ -206,7 +176,7 @@ private Q_SLOTS:
         const auto defaults = open();
         defaults->setObject(u"a"_s, u"old"_s);
         endTurn();
-        const QByteArray before = contentsOf(m_path);
+        const QByteArray before = FileTree::contents(m_path);
         {
             const FullDisk full(static_cast<rlim_t>(before.size()));
             QTest::ignoreMessage(
@@ -217,8 +187,8 @@ private Q_SLOTS:
                 endTurn();
             }
         }
-        QCOMPARE(contentsOf(m_path), before);
-        QCOMPARE(filesIn(m_tree->path()), QStringList{u"Defaults.plist"_s});
+        QCOMPARE(FileTree::contents(m_path), before);
+        QCOMPARE(FileTree::names(m_tree->path()), QStringList{u"Defaults.plist"_s});
         QCOMPARE(defaults->stringValue(u"a"_s)->size(), 5000);
 
         defaults->setObject(u"b"_s, 1LL);
@@ -243,13 +213,13 @@ private Q_SLOTS:
         for (const QString& path :
              {m_tree->makeFolder(u"folder"_s), pipe, m_tree->link(pipe, u"link"_s)}) {
             m_path = path;
-            const QStringList before = filesIn(m_tree->path());
+            const QStringList before = FileTree::names(m_tree->path());
             QTest::ignoreMessage(QtWarningMsg,
                                  QRegularExpression(u"is not a regular file, settings start"_s));
             QTest::ignoreMessage(QtWarningMsg,
                                  QRegularExpression(u"failed to save settings: .*not a regular"_s));
             open()->setObject(u"a"_s, 1LL);
-            QCOMPARE(filesIn(m_tree->path()), before);
+            QCOMPARE(FileTree::names(m_tree->path()), before);
             QVERIFY(!QFileInfo(m_path).isFile());
         }
     }
@@ -282,11 +252,6 @@ private:
     {
         m_queue.drain();
         m_work.runAll();
-    }
-    [[nodiscard]] QStringList filesIn(const QString& folder) const
-    {
-        return QDir(folder).entryList(QDir::AllEntries | QDir::System | QDir::Hidden
-                                      | QDir::NoDotAndDotDot);
     }
 
     std::unique_ptr<Test::FileTree> m_tree;

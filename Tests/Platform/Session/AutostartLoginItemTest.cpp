@@ -79,9 +79,7 @@ private Q_SLOTS:
             "# mine\n[Desktop Entry]\nType=Application\nName=My Wheel\nName[de]=Mein Rad\n"
             "Exec=old\nHidden=true\nX-KDE-autostart-after=panel\n");
         QVERIFY(item().registerItem());
-        QFile file(m_tree->path(m_entry));
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QByteArray entry = file.readAll();
+        const QByteArray entry = m_tree->contents(m_tree->path(m_entry));
         for (const char* kept :
              {"# mine", "Name=My Wheel", "Name[de]=Mein Rad", "X-KDE-autostart-after=panel"}) {
             QVERIFY2(entry.contains(kept), kept);
@@ -105,9 +103,7 @@ private Q_SLOTS:
               QByteArray("[Desktop Entry]\nExec=sh\n")}) {
             m_tree->write(m_entry, entry);
             item().mend();
-            QFile file(m_tree->path(m_entry));
-            QVERIFY(file.open(QIODevice::ReadOnly));
-            QCOMPARE(file.readAll(), entry);
+            QCOMPARE(m_tree->contents(m_tree->path(m_entry)), entry);
         }
         QVERIFY(QFile::remove(m_tree->path(m_entry)));
         item().mend();

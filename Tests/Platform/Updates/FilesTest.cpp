@@ -22,7 +22,7 @@ using Test::Table;
 namespace {
 
 const auto image = &Test::UpdaterBench::image;
-const auto contents = &Test::UpdateFixture::contents;
+const auto contents = &Test::FileTree::contents;
 
 /// An image with a real file system, made then; 0 for one that does not say when.
 QByteArray imageMadeAt(quint32 seconds, bool isWide = true)

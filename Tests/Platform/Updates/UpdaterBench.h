@@ -101,19 +101,6 @@ struct UpdateFixture
         return {.mainQueue = mainQueue, .userAgent = "TavikLauncher/2.0"};
     }
 
-    /// What lies in a folder, hidden files included.
-    [[nodiscard]] static QStringList files(const QString& folder)
-    {
-        return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System
-                                      | QDir::NoDotAndDotDot);
-    }
-
-    [[nodiscard]] static QByteArray contents(const QString& path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-
     UpdateServer server;
     FileTree tree;
     VirtualMainQueue mainQueue;
@@ -149,7 +136,6 @@ struct UpdaterBench : UpdateFixture
         QByteArray path = "/new.AppImage";
         QByteArray file = image("new");
         QByteArray signature; ///< Empty: that of `file`.
-        QByteArray statedVersion; ///< Empty: `version`.
         QByteArray more; ///< Elements.
     };
 
@@ -159,9 +145,8 @@ struct UpdaterBench : UpdateFixture
         const QByteArray signature
             = item.signature.isEmpty() ? signer.sign(item.file) : item.signature;
         const QByteArray digest = QCryptographicHash::hash(item.file, QCryptographicHash::Sha256);
-        const QByteArray version = item.statedVersion.isEmpty() ? item.version : item.statedVersion;
         const UpdateStatement statement{
-            .version = QString::fromLatin1(version),
+            .version = QString::fromLatin1(item.version),
             .length = item.file.size(),
             .kind = updateKindName({.url = QUrl(QString::fromLatin1(item.path))}),
             .processor = QStringLiteral("any"),
@@ -230,10 +215,10 @@ struct UpdaterBench : UpdateFixture
     [[nodiscard]] bool isClean(const QByteArray& expected)
     {
         workQueue.runAll(); // What is removed is removed there.
-        return contents(imagePath) == expected
-            && files(tree.path(QStringLiteral("apps")))
+        return FileTree::contents(imagePath) == expected
+            && FileTree::names(tree.path(QStringLiteral("apps")))
             == QStringList{QStringLiteral("my.AppImage")}
-        && files(tree.path(QStringLiteral("cache/Updates"))).isEmpty();
+        && FileTree::names(tree.path(QStringLiteral("cache/Updates"))).isEmpty();
     }
     [[nodiscard]] bool playUntil(const QString& call)
     {

@@ -63,6 +63,10 @@ private Q_SLOTS:
         startWithSchedule();
         QVERIFY(m_bench->play([this] { return calls().size() == 1; }, 0.05));
         m_bench->offer(next);
+        const auto seen = [this](const char* what) {
+            return m_bench->defaults.values.value(u"Updater.newestSeen"_s + QLatin1String(what));
+        };
+        const QVariant timeBefore = seen("Time");
         if (!warning.isEmpty()) {
             QTest::ignoreMessage(QtWarningMsg, QRegularExpression(warning));
         }
@@ -72,6 +76,9 @@ private Q_SLOTS:
         }
         QVERIFY(m_bench->play([this] { return m_bench->mainQueue.pendingTasks() == 1; }));
         QCOMPARE(m_bench->feedRequests(), 2);
+        // What was refused is not remembered as seen.
+        QCOMPARE(seen("Version").toByteArray(), warning.isEmpty() ? next.version : "2.1");
+        QCOMPARE(seen("Time") == timeBefore, !warning.isEmpty());
         QCOMPARE(calls().mid(1), reminder.isEmpty() ? QStringList() : QStringList{reminder});
         m_bench->driver.reminds = false; // The user is looking at it.
         m_bench->mainQueue.advance(10 * day);
@@ -295,7 +302,7 @@ private Q_SLOTS:
         QVERIFY(m_bench->checkToTheEnd());
         QCOMPARE(calls().last(2), (QStringList{u"handed over"_s, u"over"_s}));
         QCOMPARE(m_bench->opened.last(), QUrl::fromLocalFile(package));
-        QCOMPARE(m_bench->contents(package), "package");
+        QCOMPARE(Test::FileTree::contents(package), "package");
         QCOMPARE(m_bench->updater->programToRelaunch(), std::nullopt);
     }
 

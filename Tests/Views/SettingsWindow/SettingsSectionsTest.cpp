@@ -228,6 +228,21 @@ private Q_SLOTS:
         QVERIFY(!fixture.control<QAbstractButton>(u"undoImport"_s).isVisible());
     }
 
+    void anExportThatFailsSaysWhy()
+    {
+        SettingsWindowFixture fixture;
+        fixture.open(Section::backup);
+        fixture.chosenFile = u"/home/me/mine.json"_s;
+        fixture.fileManager.writeFault = u"No space left on device"_s;
+        fixture.click(u"exportSettings"_s);
+        QCOMPARE(fixture.message(u"backupMessage"_s),
+                 u"Couldn't export: No space left on device"_s);
+        fixture.fileManager.writeFault.reset();
+        fixture.click(u"exportSettings"_s);
+        QCOMPARE(fixture.message(u"backupMessage"_s), u"Settings exported to mine.json."_s);
+        QVERIFY(fixture.fileManager.contents.contains(fixture.chosenFile));
+    }
+
     void theDesktopIsLookedAtWhileItsPageIsShown()
     {
         SettingsWindowFixture fixture;

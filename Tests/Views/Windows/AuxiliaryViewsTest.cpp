@@ -329,6 +329,7 @@ private Q_SLOTS:
     {
         HotKeyConfig shortcut = HotKeyConfig::defaultConfig();
         shortcut.displayName = u"⌃ (hold)%1⌥ (hold)"_s;
+        QCOMPARE(tourRows(shortcut).front().title, u"Hold the shortcut"_s);
         QCOMPARE(tourRows(shortcut).front().detail,
                  u"Press and hold ⌃%1⌥ to open the ring at the pointer. Release to dismiss unless "
                  u"search mode is active. Go ahead — try it right now!"_s);

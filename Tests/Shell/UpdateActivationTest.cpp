@@ -1,19 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include <TavikLauncher/Settings/LauncherSettings.h>
-#include <TavikLauncher/Shell/SoftwareUpdates.h>
 #include <TavikLauncher/Shell/UpdateActivation.h>
 #include <TavikLauncher/Shell/UpdateDebugLog.h>
-#include <TavikLauncherPlatform/NotificationCenter.h>
 
 #include <QApplication>
 #include <QTest>
 
-#include <Support/FakeDesktop.h>
 #include <Support/FakeFileManager.h>
-#include <Support/FakeLoginItem.h>
-#include <Support/FakeUpdater.h>
-#include <Support/FakeWindowServer.h>
-#include <Support/MemoryUserDefaults.h>
 #include <Support/Table.h>
 #include <Support/VirtualMainQueue.h>
 #include <algorithm>
@@ -66,31 +58,6 @@ public:
     QStringList calls;
 };
 
-struct SoftwareUpdatesFixture
-{
-    VirtualMainQueue mainQueue;
-    FakeWindowServer windowServer;
-    FakeAppearance appearance;
-    FakeFileManager fileManager;
-    FakeUpdater updater;
-    FakeUpdaterApplication application;
-    MemoryUserDefaults defaults;
-    FakeLoginItem loginItem;
-    NotificationCenter notifications;
-    LauncherSettings settings{defaults, loginItem, notifications};
-    std::optional<SoftwareUpdates> updates{
-        std::in_place,
-        SoftwareUpdates::Dependencies{.updater = updater,
-                                      .settings = settings,
-                                      .mainQueue = mainQueue,
-                                      .windowServer = windowServer,
-                                      .appearance = appearance,
-                                      .fileManager = fileManager,
-                                      .application = application,
-                                      .version = u"2.0"_s},
-        SoftwareUpdates::Actions{}};
-};
-
 constexpr int never = -1;
 
 struct ActivationFixture
@@ -125,27 +92,11 @@ struct ActivationFixture
 
 } // namespace
 
-class SoftwareUpdatesTest final : public QObject
+class UpdateActivationTest final : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void theUpdaterFollowsTheSettingsAndStopsAtTheEnd()
-    {
-        using enum UpdateCheckFrequency;
-        SoftwareUpdatesFixture fixture;
-        for (const UpdateCheckFrequency frequency : {daily, weekly, monthly}) {
-            fixture.settings.autoUpdatesEnabled.set(frequency != weekly);
-            fixture.settings.updateCheckFrequency.set(frequency);
-            fixture.updates->applyUpdateSettings();
-        }
-        fixture.updates->checkForUpdates();
-        fixture.updates.reset();
-        QCOMPARE(fixture.updater.calls.join(u'|'),
-                 u"start updater|check by itself|every 86400 s|check when asked|every 604800 s|"
-                 "check by itself|every 2592000 s|check|stop updater"_s);
-    }
-
     void stepsEndInTime_data()
     {
         // Whether it repositions, the steps that open and activate, and what they lead to.
@@ -254,5 +205,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(SoftwareUpdatesTest)
-#include "SoftwareUpdatesTest.moc"
+QTEST_MAIN(UpdateActivationTest)
+#include "UpdateActivationTest.moc"

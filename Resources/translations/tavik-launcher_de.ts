@@ -251,8 +251,8 @@
         <translation>Desktop-Einträge, Starten von Anwendungen</translation>
     </message>
     <message>
-        <source>The X11 session and its keyboard</source>
-        <translation>Die X11-Sitzung und ihre Tastatur</translation>
+        <source>X11 and Wayland sessions, and their keyboards</source>
+        <translation>X11- und Wayland-Sitzungen und ihre Tastaturen</translation>
     </message>
     <message>
         <source>Property lists</source>

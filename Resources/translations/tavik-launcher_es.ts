@@ -251,8 +251,8 @@
         <translation>Entradas de escritorio, inicio de aplicaciones</translation>
     </message>
     <message>
-        <source>The X11 session and its keyboard</source>
-        <translation>La sesión X11 y su teclado</translation>
+        <source>X11 and Wayland sessions, and their keyboards</source>
+        <translation>Las sesiones X11 y Wayland y sus teclados</translation>
     </message>
     <message>
         <source>Property lists</source>

@@ -251,8 +251,8 @@
         <translation>Fichiers .desktop, lancement des applications</translation>
     </message>
     <message>
-        <source>The X11 session and its keyboard</source>
-        <translation>La session X11 et son clavier</translation>
+        <source>X11 and Wayland sessions, and their keyboards</source>
+        <translation>Les sessions X11 et Wayland et leurs claviers</translation>
     </message>
     <message>
         <source>Property lists</source>

@@ -250,8 +250,8 @@
         <translation>デスクトップエントリ、アプリの起動</translation>
     </message>
     <message>
-        <source>The X11 session and its keyboard</source>
-        <translation>X11 セッションとキーボード</translation>
+        <source>X11 and Wayland sessions, and their keyboards</source>
+        <translation>X11 と Wayland のセッションとキーボード</translation>
     </message>
     <message>
         <source>Property lists</source>

@@ -14,6 +14,7 @@ namespace {
 constexpr double cornerRadius = 10;
 constexpr int sidePadding = 16;
 constexpr int verticalPadding = 8;
+constexpr int textPadding = 3; ///< More above and below texts, which have no frame of their own.
 constexpr int lowestRow = 54;
 
 } // namespace
@@ -25,10 +26,11 @@ CardRow::CardRow(const RowText& text, QWidget* control, QWidget* parent)
     auto* row = new QHBoxLayout(this);
     // A control's focus ring may reach into the padding.
     row->setContentsMargins(
-        sidePadding, verticalPadding, sidePadding - focusMargin, verticalPadding);
+        margins(sidePadding, verticalPadding, sidePadding - focusMargin, verticalPadding));
     row->setSpacing(sidePadding);
     auto* texts = new QVBoxLayout;
     texts->setSpacing(1);
+    texts->setContentsMargins(0, textPadding, 0, textPadding);
     texts->addStretch();
     texts->addWidget(new Label(Label::Role::body, text.title, this));
     texts->addWidget(m_help);

@@ -152,6 +152,12 @@ QRectF placed(const QWidget& widget, const QRectF& part, const QRectF& whole)
         : part.translated(whole.left() + whole.right() - part.left() - part.right(), 0);
 }
 
+QMargins margins(int leading, int top, int trailing, int bottom)
+{
+    return QGuiApplication::isLeftToRight() ? QMargins(leading, top, trailing, bottom)
+                                            : QMargins(trailing, top, leading, bottom);
+}
+
 double textScale()
 {
     constexpr double usualSize = 12; // Of a desktop that nobody has set up, in pixels.

@@ -4,6 +4,7 @@
 #include <QColor>
 #include <QFont>
 #include <QList>
+#include <QMargins>
 #include <QPalette>
 #include <QRectF>
 
@@ -55,6 +56,8 @@ inline constexpr QColor systemBlue(0x0A, 0x84, 0xFF);
 /// A part of what `widget` paints, given as for writing from left to right, where it belongs in the
 /// direction in which the widget is written; `whole` is what it is a part of.
 [[nodiscard]] QRectF placed(const QWidget& widget, const QRectF& part, const QRectF& whole);
+/// A layout's margins, which layouts do not turn round where writing runs from right to left.
+[[nodiscard]] QMargins margins(int leading, int top, int trailing, int bottom);
 /// `font` scaled by `factor`, at `weight`.
 [[nodiscard]] QFont scaledFont(QFont font, double factor, QFont::Weight weight = QFont::Normal);
 

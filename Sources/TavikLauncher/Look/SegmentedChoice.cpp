@@ -65,7 +65,7 @@ SegmentedChoice::SegmentedChoice(const QStringList& titles, QWidget* parent)
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     auto* row = new QHBoxLayout(this);
     // In line with the controls whose focus rings reach beyond them.
-    row->setContentsMargins(0, 0, focusMargin, 0);
+    row->setContentsMargins(margins(0, 0, focusMargin, 0));
     row->setSpacing(0);
     for (int position = 0; position < titles.size(); ++position) {
         auto* segment = new Segment(titles.at(position), this);
@@ -111,7 +111,7 @@ void SegmentedChoice::paintEvent(QPaintEvent*)
     painter.setOpacity(isEnabled() ? 1 : 0.6);
     painter.setPen(QPen(look.outline, 1));
     painter.setBrush(look.track);
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -focusMargin - 0.5, -0.5),
+    painter.drawRoundedRect(QRectF(layout()->contentsRect()).adjusted(0.5, 0.5, -0.5, -0.5),
                             cornerRadius + 1,
                             cornerRadius + 1);
 }

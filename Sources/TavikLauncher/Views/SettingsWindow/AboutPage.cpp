@@ -32,8 +32,8 @@ constexpr std::array libraries{
     Library{u"GLib and GIO",
             QT_TRANSLATE_NOOP("Tavik::Texts", "Desktop entries, starting applications"),
             u"LGPL 2.1"},
-    Library{u"XCB and xkbcommon",
-            QT_TRANSLATE_NOOP("Tavik::Texts", "The X11 session and its keyboard"),
+    Library{u"XCB, Wayland and xkbcommon",
+            QT_TRANSLATE_NOOP("Tavik::Texts", "X11 and Wayland sessions, and their keyboards"),
             u"MIT"},
     Library{u"libplist", QT_TRANSLATE_NOOP("Tavik::Texts", "Property lists"), u"LGPL 2.1"},
     Library{u"libsodium", QT_TRANSLATE_NOOP("Tavik::Texts", "Signatures of updates"), u"ISC"}};
@@ -89,7 +89,7 @@ QWidget* makeLicence(const Library& library)
 {
     auto* label = new Label(Label::Role::help, library.licence.toString());
     // In line with the controls whose focus rings reach beyond them.
-    label->setContentsMargins(0, 0, focusMargin, 0);
+    label->setContentsMargins(margins(0, 0, focusMargin, 0));
     return label;
 }
 

@@ -39,13 +39,14 @@ FindingRow::FindingRow(QWidget* parent)
     m_line->setFont(fixed);
     auto* texts = new QVBoxLayout;
     texts->setSpacing(1);
+    texts->setContentsMargins(0, 3, 0, 3);
     texts->addStretch();
     for (Label* label : {m_name, m_mechanism, m_advice, m_line}) {
         texts->addWidget(label);
     }
     texts->addStretch();
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(padding, 8, padding - focusMargin, 8);
+    row->setContentsMargins(margins(padding, 8, padding - focusMargin, 8));
     row->setSpacing(padding);
     row->addSpacing(symbolSide + symbolGap);
     row->addLayout(texts, 1);

@@ -51,7 +51,7 @@ SettingsPage::SettingsPage(const SettingsDependencies& dependencies,
     // The scroll bar always has its place, so that pages do not jump; controls at the right reach
     // into the margin with their focus rings.
     m_column->setContentsMargins(
-        sideMargin - 6, 26, sideMargin - verticalScrollBar()->width() - focusMargin, 26);
+        margins(sideMargin - 6, 26, sideMargin - verticalScrollBar()->width() - focusMargin, 26));
     m_column->setSpacing(0);
     for (const auto& [role, text] :
          {std::pair(Label::Role::title, title), std::pair(Label::Role::subtitle, subtitle)}) {
@@ -75,7 +75,7 @@ Card& SettingsPage::addCard(const QString& heading)
     auto* card = new Card(widget());
     card->setAccessibleName(heading);
     auto* row = new QHBoxLayout;
-    row->setContentsMargins(0, 0, focusMargin, 0);
+    row->setContentsMargins(margins(0, 0, focusMargin, 0));
     row->addWidget(card);
     m_column->insertLayout(m_column->count() - 1, row);
     return *card;
@@ -129,7 +129,7 @@ SettingsPage::tieSlider(Card& card, const RowText& text, Setting<T>& setting, co
     value->setWordWrap(false);
     value->setFixedWidth(fontMetrics().horizontalAdvance(u"0000 pt"_s));
     auto* row = new QHBoxLayout(control);
-    row->setContentsMargins(0, 0, focusMargin, 0);
+    row->setContentsMargins(margins(0, 0, focusMargin, 0));
     row->setSpacing(8);
     row->addWidget(slider);
     row->addWidget(value);

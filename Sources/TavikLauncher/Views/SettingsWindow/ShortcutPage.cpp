@@ -127,7 +127,7 @@ private:
     {
         auto* question = new QWidget(this);
         auto* row = new QHBoxLayout(question);
-        row->setContentsMargins(16, 6, 16 - focusMargin, 6);
+        row->setContentsMargins(margins(16, 6, 16 - focusMargin, 6));
         row->addStretch(1);
         const auto add = [&](const QString& text, const QString& name, auto clicked) {
             auto* button = new Button(text);

@@ -34,11 +34,12 @@ UpdateView::UpdateView()
     setFocusPolicy(Qt::StrongFocus);
     auto* layout = new QVBoxLayout(this);
     // The buttons have a margin of their own, for the ring around the focused one.
-    layout->setContentsMargins(padding, padding, padding - focusMargin, padding - focusMargin);
+    layout->setContentsMargins(
+        margins(padding, padding, padding - focusMargin, padding - focusMargin));
     layout->setSpacing(padding);
 
     auto* head = new QHBoxLayout;
-    head->setContentsMargins(0, 0, focusMargin, 0);
+    head->setContentsMargins(margins(0, 0, focusMargin, 0));
     head->setSpacing(iconGap);
     head->addWidget(new AppIconView(iconSide, this), 0, Qt::AlignTop);
     m_column = new QVBoxLayout;

@@ -50,7 +50,7 @@ OnboardingView::OnboardingView(const HotKeyConfig& hotKey, Actions actions, QWid
 {
     auto* layout = new QVBoxLayout(this);
     // The buttons have a margin of their own, for the ring around the focused one.
-    layout->setContentsMargins(padding, padding - 4, padding - focusMargin, padding - 6);
+    layout->setContentsMargins(margins(padding, padding - 4, padding - focusMargin, padding - 6));
     layout->setSpacing(0);
     layout->addLayout(makeHeader());
     layout->addSpacing(14);
@@ -107,7 +107,7 @@ QLayout* OnboardingView::makeRow(const TourRow& row, const QStringList& keys)
     auto* layout = new QHBoxLayout;
     // The symbols stand on the icon's axis.
     constexpr int aside = (iconSide - rowSymbol) / 2;
-    layout->setContentsMargins(aside, 0, focusMargin, 0);
+    layout->setContentsMargins(margins(aside, 0, focusMargin, 0));
     layout->setSpacing(aside + headerGap);
     layout->addWidget(symbol, 0, Qt::AlignTop);
     layout->addLayout(texts, 1);

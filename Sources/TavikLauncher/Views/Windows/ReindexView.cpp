@@ -45,7 +45,8 @@ ReindexView::ReindexView(const ReindexSession::Dependencies& dependencies,
 {
     auto* layout = new QVBoxLayout(this);
     // The buttons have a margin of their own, for the ring around the focused one.
-    layout->setContentsMargins(padding, padding, padding - focusMargin, padding - focusMargin);
+    layout->setContentsMargins(
+        margins(padding, padding, padding - focusMargin, padding - focusMargin));
     layout->setSpacing(14);
     layout->addLayout(makeHeader());
     m_explanation = makeExplanation();
@@ -80,7 +81,7 @@ QWidget* ReindexView::makeExplanation()
 {
     auto* body = new QWidget(this);
     auto* layout = new QVBoxLayout(body);
-    layout->setContentsMargins(0, 0, focusMargin, 0);
+    layout->setContentsMargins(margins(0, 0, focusMargin, 0));
     layout->setSpacing(10);
     for (const QString& paragraph :
          {Texts::tr("Tavik Launcher keeps an index of every app in your Applications folders — it "
@@ -98,7 +99,7 @@ QWidget* ReindexView::makeSuccess()
 {
     auto* body = new QWidget(this);
     auto* layout = new QVBoxLayout(body);
-    layout->setContentsMargins(0, 0, focusMargin, 0);
+    layout->setContentsMargins(margins(0, 0, focusMargin, 0));
     layout->setSpacing(10);
     layout->addStretch(1);
     auto* outcome = new QHBoxLayout;

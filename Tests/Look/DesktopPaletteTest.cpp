@@ -107,6 +107,9 @@ private Q_SLOTS:
                 QVERIFY2(seen >= least,
                          qPrintable(QString::number(text) + u' ' + QString::number(seen)));
             }
+            const Look look = Look::of(palette);
+            QVERIFY(contrast(look.outline, look.card) >= 3);
+            QVERIFY(contrast(look.outline, look.window) >= 3);
         }
     }
 };

@@ -321,6 +321,11 @@ private Q_SLOTS:
         }
         other.commands.prepareForShow(true);
         QVERIFY(!other.ring.launchHint());
+        other.settings.launchHintInterval.set(1);
+        other.commands.prepareForShow(true);
+        QVERIFY(other.ring.launchHint());
+        other.type(u"a"_s);
+        QVERIFY(!other.ring.launchHint());
 
         // The next showing without a hint of its own ends it at once.
         for (const bool isUserSummon : {true, false}) {

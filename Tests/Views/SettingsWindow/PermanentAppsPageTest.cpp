@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "SettingsWindowFixture.h"
 #include <TavikLauncher/Look/Button.h>
+#include <TavikLauncher/Views/SettingsWindow/AppListModel.h>
 #include <TavikLauncher/Views/SettingsWindow/AppListView.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsSection.h>
 
@@ -69,8 +70,11 @@ private Q_SLOTS:
         QVERIFY(search.text().isEmpty() && !results.isVisible());
         // What is permanent already is found, and not added again.
         QTest::keyClicks(&search, u"a"_s);
-        QVERIFY(results.isVisible() && results.isTaken(fixture.path(u"A"_s)));
+        QVERIFY(results.isVisible());
         QCOMPARE(results.model()->rowCount(), 1);
+        for (const int role : {int(AppListModel::noteRole), int(Qt::AccessibleTextRole)}) {
+            QVERIFY(results.model()->index(0, 0).data(role).toString().contains(u"Already on"_s));
+        }
         QTest::keyClick(&search, Qt::Key_Return);
         QCOMPARE(fixture.order(), u"ABCE"_s);
     }

@@ -162,8 +162,10 @@ private Q_SLOTS:
         QCOMPARE(fixture.settings.highlightColorHex(), accentSwatches()[1].hex);
         // Tab goes round inside; Escape takes back what was picked.
         for (qsizetype i = 0; i < buttons.size(); ++i) {
+            const QWidget* before = QApplication::focusWidget();
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
             QVERIFY(popover->isAncestorOf(QApplication::focusWidget()));
+            QVERIFY(QApplication::focusWidget() != before);
         }
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
         QVERIFY(well.hasFocus());

@@ -20,7 +20,8 @@ namespace Tavik::Test {
 /// `chosenFile`, or not at all while it is empty.
 struct SettingsWindowFixture : RingFixture
 {
-    SettingsWindowFixture()
+    explicit SettingsWindowFixture(std::optional<QString> whyNot = std::nullopt)
+        : whyNotUpdating(std::move(whyNot))
     {
         QObject::connect(&settings,
                          &LauncherSettings::propertyChanged,
@@ -105,6 +106,7 @@ struct SettingsWindowFixture : RingFixture
     int previews = 0; ///< Asked for beside those that the settings post.
     int tours = 0;
     int supportPages = 0;
+    std::optional<QString> whyNotUpdating;
     std::vector<ObserverToken> tokens;
     LauncherSettingsView view{SettingsDependencies{
         .settings = settings,
@@ -117,6 +119,7 @@ struct SettingsWindowFixture : RingFixture
         .keyEvents = keyEvents,
         .version = u"9.8.7"_s,
         .display = u"X11"_s,
+        .whyNotUpdating = whyNotUpdating,
         .openFile = dialog(),
         .saveFile = dialog(),
         .desktopFindings = [this] { return DesktopCheck::findings(desktopFacts); },

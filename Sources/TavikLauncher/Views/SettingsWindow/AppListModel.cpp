@@ -62,11 +62,20 @@ QVariant AppListModel::data(const QModelIndex& index, int role) const
         return path;
     }
     const Entry shown = entry(path);
+    const bool isTaken = m_taken.contains(path);
     switch (role) {
     case Qt::DisplayRole:
         return shown.name;
     case Qt::AccessibleTextRole:
-        return shown.isMissing ? Texts::tr("%1, not installed").arg(shown.name) : shown.name;
+        return shown.isMissing ? Texts::tr("%1, not installed").arg(shown.name)
+            : isTaken          ? u"%1, %2"_s.arg(shown.name, Texts::tr("Already on the ring"))
+                               : shown.name;
+    case noteRole:
+        return shown.isMissing ? Texts::tr("Not installed — %1").arg(path)
+            : isTaken          ? Texts::tr("Already on the ring")
+                               : QString();
+    case isTakenRole:
+        return isTaken;
     case iconSourceRole:
         return shown.icon.source;
     case isMissingRole:

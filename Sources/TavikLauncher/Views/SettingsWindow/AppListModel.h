@@ -5,6 +5,7 @@
 
 #include <QAbstractListModel>
 #include <QHash>
+#include <QSet>
 #include <QStringList>
 
 namespace Tavik {
@@ -23,12 +24,16 @@ public:
         pathRole = Qt::UserRole, ///< QString
         iconSourceRole, ///< QString, as in AppIcon.
         isMissingRole, ///< bool: no file is there.
+        isTakenRole, ///< bool: it is not to be picked again.
+        noteRole, ///< QString: what there is to say beside the name; mostly nothing.
     };
 
     AppListModel(const AppCatalog& catalog, const FileManager& fileManager, QObject* parent);
 
     [[nodiscard]] const QStringList& paths() const { return m_paths; }
     void setPaths(const QStringList& paths);
+    /// Paths that are on the ring already: shown, and not to be picked again.
+    void setTaken(const QSet<QString>& paths) { m_taken = paths; }
     void move(int from, int to);
     /// Looks everything up anew.
     void forgetEntries();
@@ -48,6 +53,7 @@ private:
     const AppCatalog& m_catalog;
     const FileManager& m_fileManager;
     QStringList m_paths;
+    QSet<QString> m_taken;
     mutable QHash<QString, Entry> m_entries; ///< By path; filled when shown.
 };
 

@@ -59,17 +59,18 @@ public:
         paintIcon(*painter, row, index);
         paintTexts(*painter, row, index, look);
         const bool isPick = m_view.form() == AppListView::Form::pick;
+        const bool isTaken = index.data(AppListModel::isTakenRole).toBool();
         constexpr double glyph = 16;
         paintSymbol(
             *painter,
-            isTaken(index) ? LineSymbol::check
-                : isPick   ? LineSymbol::plus
-                           : LineSymbol::grip,
+            isTaken      ? LineSymbol::check
+                : isPick ? LineSymbol::plus
+                         : LineSymbol::grip,
             placed(
                 m_view,
                 QRectF(row.right() - padding - glyph, row.center().y() - glyph / 2, glyph, glyph),
                 row),
-            isPick && !isTaken(index) ? look.accent : withOpacity(look.secondaryText, 0.7));
+            isPick && !isTaken ? look.accent : withOpacity(look.secondaryText, 0.7));
         painter->restore();
     }
 
@@ -123,7 +124,7 @@ private:
         const double left = row.left() + padding + iconSide + 12;
         const double width = row.right() - padding - 16 - 12 - left;
         const double lineHeight = QFontMetricsF(nameFont).height();
-        const QString note = this->note(index);
+        const QString note = index.data(AppListModel::noteRole).toString();
         const double height = lineHeight + (note.isEmpty() ? 0 : QFontMetricsF(pathFont).height());
         const double top = row.center().y() - height / 2;
         const auto line
@@ -140,22 +141,6 @@ private:
             painter.setPen(isMissing ? look.warning : look.secondaryText);
             line(pathFont, note, top + lineHeight, Qt::ElideMiddle);
         }
-    }
-
-    /// What there is to say beside the name; mostly nothing.
-    [[nodiscard]] QString note(const QModelIndex& index) const
-    {
-        if (index.data(AppListModel::isMissingRole).toBool()) {
-            return Texts::tr("Not installed — %1")
-                .arg(index.data(AppListModel::pathRole).toString());
-        }
-        return isTaken(index) ? Texts::tr("Already on the ring") : QString();
-    }
-
-    [[nodiscard]] bool isTaken(const QModelIndex& index) const
-    {
-        return m_view.form() == AppListView::Form::pick
-            && m_view.isTaken(index.data(AppListModel::pathRole).toString());
     }
 
     AppListView& m_view;

@@ -4,7 +4,6 @@
 #include <TavikLauncher/Catalog/AppIconCache.h>
 
 #include <QListView>
-#include <QSet>
 
 namespace Tavik {
 
@@ -32,9 +31,6 @@ public:
     [[nodiscard]] Form form() const { return m_options.form; }
     [[nodiscard]] AppIconCache& icons() const { return m_icons; }
     void setModel(QAbstractItemModel* model) override;
-    /// Paths that are on the ring already: shown, and not to be picked again.
-    void setTaken(const QSet<QString>& paths) { m_taken = paths; }
-    [[nodiscard]] bool isTaken(const QString& path) const { return m_taken.contains(path); }
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
@@ -59,7 +55,6 @@ private:
 
     AppIconCache& m_icons;
     Options m_options;
-    QSet<QString> m_taken;
     int m_dragOrigin = -1; ///< The row that was pressed; -1 without a drag.
     QPoint m_pressedAt;
     bool m_isDragging = false;

@@ -227,7 +227,7 @@ private:
                  AppSearch::results(query, dependencies().catalog.apps(), mostResults)) {
                 paths.append(app.path());
             }
-            m_resultList->setTaken(known);
+            m_results.setTaken(known);
             m_message->clear();
         }
         m_results.setPaths(paths);

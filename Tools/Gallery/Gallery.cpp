@@ -3,6 +3,7 @@
 #include <TavikLauncher/Languages/Languages.h>
 
 #include <QApplication>
+#include <QCollator>
 #include <QDir>
 #include <QFile>
 #include <QLocale>
@@ -100,23 +101,35 @@ QImage contactSheet(const QList<QStringList>& desktops)
     return sheet;
 }
 
-int drawAll(const QString& folder, const QRegularExpression& only)
+/// Those in `folder` whose name matches, "page-2" before "page-10".
+QStringList picturesIn(const QDir& folder, const QRegularExpression& only)
+{
+    QStringList names = folder.entryList({u"*.png"_s}, QDir::Files);
+    names.removeIf([&only](const QString& name) { return !name.contains(only); });
+    QCollator numbers(QLocale(QLocale::English)); // That of "C" knows no numbers.
+    numbers.setNumericMode(true);
+    std::ranges::sort(names, numbers);
+    for (QString& name : names) {
+        name = folder.filePath(name);
+    }
+    return names;
+}
+
+/// Draws the desktops whose name matches, and a sheet of those pictures whose name does.
+int drawAll(const QString& folder,
+            const QRegularExpression& desktopsOnly,
+            const QRegularExpression& picturesOnly)
 {
     QList<QStringList> desktops;
     for (const Surroundings& surroundings : allSurroundings()) {
-        if (!surroundings.name().contains(only)) {
+        if (!surroundings.name().contains(desktopsOnly)) {
             continue;
         }
         if (!drawIn(surroundings, folder)) {
             std::fprintf(stderr, "%s could not be drawn\n", qPrintable(surroundings.name()));
             return 1;
         }
-        const QDir made(QDir(folder).filePath(surroundings.name()));
-        QStringList pictures;
-        for (const QString& file : made.entryList({u"*.png"_s}, QDir::Files, QDir::Name)) {
-            pictures.append(made.filePath(file));
-        }
-        desktops.append(pictures);
+        desktops.append(picturesIn(QDir(QDir(folder).filePath(surroundings.name())), picturesOnly));
     }
     return contactSheet(desktops).save(QDir(folder).filePath(u"sheet.png"_s)) ? 0 : 1;
 }
@@ -137,8 +150,9 @@ int drawOne(const QString& scheme, double font, const QString& folder)
 
 } // namespace
 
-/// tavik-gallery FOLDER [EXPRESSION]: in the language of the session ("LANGUAGE=de"); those
-/// desktops only whose name has a part that matches.
+/// tavik-gallery FOLDER [DESKTOPS [PICTURES]]: in the language of the session ("LANGUAGE=de");
+/// those desktops, and on the sheet those pictures, whose name has a part that matches the
+/// expression.
 int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -149,8 +163,11 @@ int main(int argc, char** argv)
         return drawOne(arguments.at(2), arguments.at(3).toDouble(), arguments.at(4));
     }
     if (arguments.size() < 2) {
-        std::fputs("tavik-gallery FOLDER [EXPRESSION], as light-1x or dark\n", stderr);
+        std::fputs("tavik-gallery FOLDER [DESKTOPS [PICTURES]], as light-1x or dark, and ring\n",
+                   stderr);
         return 2;
     }
-    return drawAll(arguments.at(1), QRegularExpression(arguments.value(2)));
+    return drawAll(arguments.at(1),
+                   QRegularExpression(arguments.value(2)),
+                   QRegularExpression(arguments.value(3)));
 }

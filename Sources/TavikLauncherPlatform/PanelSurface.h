@@ -28,6 +28,9 @@ public:
     /// Takes the window off the screen and gives the keyboard back to the window that had it.
     virtual void orderOut() = 0;
 
+    /// Called when the pointer, which the window was shown at, is elsewhere. Nothing of the window
+    /// has been seen until then.
+    std::function<void()> onPointerFound;
     /// Called when another window takes the keyboard.
     std::function<void()> onResignKey;
 };

@@ -100,6 +100,9 @@ public:
     /// Tells the desktop that the action has been carried out, so that nobody waits for a window.
     virtual void endActivation() = 0;
 
+    /// Called before `onPanelPlaced` when only the waiting has told where the pointer is: a panel
+    /// that was shown at it belongs where `Screens` knows it now.
+    std::function<void()> onPointerFound;
     /// Called when a shown panel that had to wait for its place has got it.
     std::function<void()> onPanelPlaced;
     /// Called while the panel has taken the keyboard, when the user has turned to something else:

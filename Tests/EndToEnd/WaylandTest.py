@@ -2,6 +2,7 @@
 """Wayland desktops: the trigger that each of them listens for in our place, and the ring at the pointer where a
 window can be placed."""
 import contextlib
+import re
 import sys
 import time
 
@@ -52,12 +53,21 @@ class Ring:
     def wait_hidden(self):
         wait_until(lambda: not self.is_shown(), "the ring is gone")
 
-    def middle(self, x, y):
-        """The middle of what has changed on the row and on the column through a place."""
+    def open_at(self, place):
+        """Asks for it, and sees that it opens there; its shadow lies lower."""
+        self.display.move_pointer(*place)
+        time.sleep(0.2)  # Until the desktop has drawn the pointer there.
+        self.empty = self.display.picture()
+        self.launcher.command("--toggle")
+        self.wait_shown()
+        wait_until(lambda: self.is_around(*place), f"it is at {place}", 3)
+
+    def is_around(self, x, y):
+        """Whether the middle of what has changed on the row and on the column through a place is there."""
         seen = self.display.picture()
         row = [at for at in range(seen.width) if seen.pixel(at, y) != self.empty.pixel(at, y)]
-        column = [at for at in range(seen.height) if seen.pixel(x, at) != self.empty.pixel(x, at)]
-        return (row[0] + row[-1]) / 2, (column[0] + column[-1]) / 2
+        column = [at for at in range(80, seen.height) if seen.pixel(x, at) != self.empty.pixel(x, at)]  # Below title bars.
+        return row and column and abs((row[0] + row[-1]) / 2 - x) <= 1 and abs((column[0] + column[-1]) / 2 - y) <= 5
 
 
 @pytest.fixture
@@ -204,19 +214,60 @@ def test_the_ring_opens_at_the_pointer_and_goes_with_a_click_elsewhere(ring, des
     assert ring.launcher.command("--version").stdout.endswith("display: Wayland\n")
     ring.start()
     for place in ((400, 300), (901, 499)):
-        display.move_pointer(*place)
-        time.sleep(0.2)  # Until the desktop has drawn the pointer there.
-        ring.empty = display.picture()
-        ring.launcher.command("--toggle")
-        ring.wait_shown()
-        time.sleep(0.3)
+        ring.open_at(place)
         look(f"at {place}")
-        middle = ring.middle(*place)
-        assert abs(middle[0] - place[0]) <= 1 and abs(middle[1] - place[1]) <= 5, f"{middle}; its shadow lies lower"
         display.move_pointer(640, 40)
         stays(ring.is_shown, "a pointer that leaves takes nothing from it", 0.3)
         display.click()
         ring.wait_hidden()
+
+
+@on(GnomeShell, natively=(False,))
+def test_gnome_tells_where_the_pointer_is_over_native_windows(ring, desktop, look):
+    """Its X server hears of the pointer only over its own: a window of ours, seen through, has it told for a moment."""
+    display, report = desktop.display, desktop.home / "cedar"
+    ring.launcher.pin(birch := desktop.applications.add("Birch"))
+    ring.start()
+    desktop.spawn(["xev", "-root", "-event", "substructure"], log="windows")
+    desktop.applications.open_native(desktop, "Cedar", "--report", str(report))
+    wait_until(lambda: display.picture().pixel(1200, 700) == (0xF5, 0xF5, 0xF5), "a native window is below the pointer")
+
+    def made():
+        return re.findall(r"window (0x\w+), \(0,0\), width 1280, height 800", desktop.log("windows"))
+
+    def wait_all_gone():
+        wait_until(lambda: all(re.search(rf"Destroy.*\n.* window {one}\b", desktop.log("windows")) for one in made()), "it goes")
+
+    searches = 0
+    for place in (400, 300), (901, 499), (901, 499):
+        ring.open_at(place)
+        look(f"at {place}")
+        display.press("Escape")
+        ring.wait_hidden()
+        searches += 1
+        assert len(made()) == searches
+        wait_all_gone()
+        clicks = report.read_text().count("click")
+        display.click()
+        wait_until(lambda: report.read_text().count("click") > clicks, "what lies below has the click")
+
+    for key, then in ("Escape", "hidden"), ("Return", "started"):
+        display.move_pointer(300 + len(key), 600)
+        ring.launcher.command("--toggle")
+        time.sleep(0.06)  # It has the keyboard, and mostly is looked for still.
+        display.press(key)
+        wait_all_gone()
+        if then == "started":
+            birch.wait_started()
+        else:
+            time.sleep(0.5)
+            assert not ring.is_shown()
+    # Its own window the server knows about.
+    desktop.spawn([sys.executable, str(WINDOW_PROGRAM), "--title", "Dogwood", "--full-screen", "--colour", "205020"], log="Dogwood")
+    wait_until(lambda: display.picture().pixel(1200, 700) == (0x20, 0x50, 0x20), "an X window is below the pointer")
+    searches = len(made())
+    ring.open_at((500, 400))
+    assert len(made()) == searches, "nothing is waited for"
 
 
 @on(Sway, KWin, AnotherWlroots)

@@ -129,6 +129,26 @@ private Q_SLOTS:
         QVERIFY(fixture.controller.isPinnedForSearch());
     }
 
+    void pointerThatIsFoundLateTakesTheRingAlongAndOpensItAnew()
+    {
+        Controlled fixture;
+        fixture.controller.show(userSummon);
+        fixture.mainQueue.advance(0.2);
+        fixture.screens.pointer = {300, 300};
+        fixture.panel->onPointerFound();
+        QCOMPARE(fixture.panel->rect.center(), QPointF(300, 300));
+        QCOMPARE(fixture.presentation.opacity(), 0.2);
+        QCOMPARE(fixture.prepared.size(), 1);
+        fixture.finishOpening();
+        QCOMPARE(fixture.panel->rect.center(), QPointF(300, 300));
+
+        fixture.controller.hide();
+        fixture.controller.show(menuSummon);
+        const QRectF onScreen = fixture.panel->rect;
+        fixture.panel->onPointerFound();
+        QCOMPARE(fixture.panel->rect, onScreen);
+    }
+
     void hidingResetsEverythingForTheNextShow()
     {
         Controlled fixture;

@@ -29,8 +29,9 @@ public:
     {
         return screens.isEmpty() ? std::nullopt : std::optional(screens.first());
     }
-    [[nodiscard]] QPointF mouseLocation() const override { return {960, 540}; }
+    [[nodiscard]] QPointF mouseLocation() const override { return pointer; }
 
+    QPointF pointer{960, 540};
     QList<Screen> screens{{QRectF(0, 0, 1920, 1080), QRectF(0, 0, 1920, 1040)}};
 };
 

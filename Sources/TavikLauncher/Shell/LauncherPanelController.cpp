@@ -53,6 +53,9 @@ void LauncherPanelController::makePanel()
     m_dependencies.commands.close = [this] {
         hide();
     };
+    m_panel->onPointerFound = [this] {
+        pointerFound();
+    };
     m_panel->onResignKey = [this] {
         hide();
     };
@@ -88,6 +91,7 @@ void LauncherPanelController::show(const ShowOptions& options)
             m_dependencies.commands.prepareForShow(options.activatesApp);
         }
     }
+    m_isAtPoint = options.centeredAt.has_value();
     updateDiameterOverride(options);
     m_dependencies.catalog.reindexIfStale(catalogMaxAge);
     place(options);
@@ -111,6 +115,17 @@ void LauncherPanelController::show(const ShowOptions& options)
         m_ensureCompositedTask
             = m_dependencies.mainQueue.after(0, [this] { checkPreviewComposited(1); });
     }
+}
+
+/// The opening begins anew, so that it is seen.
+void LauncherPanelController::pointerFound()
+{
+    if (!isVisible() || !m_isAtPoint) {
+        return;
+    }
+    place({.centeredAt = m_dependencies.screens.mouseLocation()});
+    preparePresentationAnimation();
+    animatePresentation();
 }
 
 void LauncherPanelController::followSettingsWindow()

@@ -82,6 +82,7 @@ private:
     [[nodiscard]] QSizeF panelSize() const;
     void preparePresentationAnimation();
     void animatePresentation();
+    void pointerFound();
     void stepPresentation(double start);
     void finishPresentation();
     void checkLauncherComposited(int attempt);
@@ -90,6 +91,7 @@ private:
     Dependencies m_dependencies;
     std::unique_ptr<PanelSurface> m_panel;
     QRectF m_finalFrame; ///< Where the panel belongs while it is shown.
+    bool m_isAtPoint = false; ///< It was asked for there, not on a screen.
     bool m_isAnimatingPresentation = false;
     Task m_ensureCompositedTask;
     Task m_presentationTask;

@@ -90,6 +90,14 @@ ShortcutSource* addPermission(Platform& platform,
     return source;
 }
 
+X11WindowServer::Xwayland kindOfXwayland(bool isXwayland)
+{
+    using enum X11WindowServer::Xwayland;
+    // Other compositors tell nothing, and would be waited for in vain.
+    const bool isGnome = currentDesktop().split(u':').contains(u"GNOME"_s);
+    return !isXwayland ? no : isGnome ? findsPointer : yes;
+}
+
 void addX11Services(Platform& platform,
                     LinuxFileManager& files,
                     const PlatformOptions& options,
@@ -100,14 +108,15 @@ void addX11Services(Platform& platform,
     X11WindowTracker& windows = *source;
     platform.workspace = std::make_unique<ApplicationWorkspace>(
         *platform.mainQueue, *platform.workQueue, files, std::move(source));
+    auto windowServer = std::make_unique<X11WindowServer>(
+        toolkit, *platform.mainQueue, kindOfXwayland(isXwayland));
     platform.screens = std::make_unique<QtScreens>(QtScreens::Hooks{
-        .pointer = [&windows] { return windows.pointer(); },
+        .pointer = [&server = *windowServer] { return server.pointer(); },
         .focusedPoint = [&windows] { return windows.focusedPoint(); },
         .availableArea = [&windows](const QRect& screen) { return windows.availableArea(screen); },
     });
     ShortcutSource* shortcuts
         = addPermission(platform, options, x11KeyboardLimit(toolkit), isXwayland);
-    auto windowServer = std::make_unique<X11WindowServer>(toolkit, *platform.mainQueue, isXwayland);
     auto keyEvents = std::make_unique<X11KeyEvents>(X11KeyEvents::Dependencies{
         .toolkit = toolkit,
         .mainQueue = *platform.mainQueue,

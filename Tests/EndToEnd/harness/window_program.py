@@ -70,6 +70,8 @@ def show_native_window(options):
     window.connect("destroy", Gtk.main_quit)
     if options.report:
         window.connect("key-press-event", lambda _, event: note(options.report, f"key {Gdk.keyval_name(event.keyval)}"))
+        window.add_events(Gdk.EventMask.BUTTON_PRESS_MASK)
+        window.connect("button-press-event", lambda *_: note(options.report, "click"))
     window.maximize()
     window.show()
     Gtk.main()

@@ -7,11 +7,17 @@
 #include <QRasterWindow>
 #include <QTest>
 
+#include <algorithm>
+#include <span>
+
 namespace Tavik {
 
 namespace {
 
 using namespace Test;
+using namespace Qt::StringLiterals;
+
+using Xwayland = X11WindowServer::Xwayland;
 
 constexpr xcb_keycode_t keyA = 38;
 
@@ -62,10 +68,23 @@ private:
         return hasFocus ? victim : XCB_NONE;
     }
 
+    [[nodiscard]] bool isScreenCovered() const
+    {
+        xcb_connection_t* connection = m_client.connection();
+        const X11Reply<xcb_query_tree_reply_t> tree(
+            xcb_query_tree_reply(connection, xcb_query_tree(connection, m_client.root()), nullptr));
+        const std::span children(xcb_query_tree_children(tree.get()), tree->children_len);
+        return std::ranges::any_of(children, [connection](xcb_window_t window) {
+            const X11Reply<xcb_get_geometry_reply_t> place(
+                xcb_get_geometry_reply(connection, xcb_get_geometry(connection, window), nullptr));
+            return place && place->depth == 32 && place->width == 1280;
+        });
+    }
+
 private Q_SLOTS:
     void panelIsMarkedAtEachShowing()
     {
-        X11WindowServer server(toolkitConnection(), m_queue, true);
+        X11WindowServer server(toolkitConnection(), m_queue, Xwayland::yes);
         Panel panel(true);
         for (int showing = 0; showing < 2; ++showing) {
             server.preparePanel(panel.winId());
@@ -130,7 +149,8 @@ private Q_SLOTS:
             other,
             nobody,
         };
-        X11WindowServer server(toolkitConnection(), m_queue, isManaged);
+        X11WindowServer server(
+            toolkitConnection(), m_queue, isManaged ? Xwayland::yes : Xwayland::no);
         Panel panel(isManaged);
         int keys = 0;
         int lefts = 0;
@@ -219,6 +239,67 @@ private Q_SLOTS:
         QTRY_VERIFY(!server.isOnScreen(panel.winId()));
         m_client.destroy(curtain);
         QTRY_VERIFY(server.isOnScreen(panel.winId()));
+    }
+
+    /// A server that hears of each motion stands in for one that hears of it only over our window.
+    void panelWaitsForAPointerThatIsNotSure_data()
+    {
+        QTest::addColumn<QString>("meanwhile");
+        for (const char* meanwhile : {"moved", "not told", "hidden"}) {
+            QTest::newRow(meanwhile) << meanwhile;
+        }
+    }
+    void panelWaitsForAPointerThatIsNotSure()
+    {
+        QFETCH(const QString, meanwhile);
+        m_client.movePointer({100, 700});
+        m_client.sync();
+        X11WindowServer server(toolkitConnection(), m_queue, Xwayland::findsPointer);
+        QStringList told;
+        server.onPointerFound = [&] {
+            told << u"found"_s;
+        };
+        server.onPanelPlaced = [&] {
+            told << u"placed"_s;
+        };
+        Panel panel(true);
+        const auto show = [&] {
+            QVERIFY(server.pointer());
+            server.preparePanel(panel.winId());
+            panel.show();
+        };
+        show();
+        QVERIFY(!server.panelShown(panel.winId()));
+        QTRY_VERIFY(isScreenCovered());
+        settle();
+        QVERIFY(told.isEmpty());
+        const QPoint place(meanwhile == u"moved"_s ? QPoint(333, 444) : QPoint(100, 700));
+        if (meanwhile == u"moved"_s) {
+            m_client.movePointer(place);
+        } else if (meanwhile == u"hidden"_s) {
+            server.panelHides(panel.winId());
+            panel.hide();
+            QVERIFY(!isScreenCovered());
+            QTest::qWait(450);
+            QVERIFY(told.isEmpty());
+            return;
+        }
+        QTRY_COMPARE(told, (QStringList{u"found"_s, u"placed"_s}));
+        QCOMPARE(server.pointer(), place);
+        QVERIFY(!isScreenCovered());
+        server.panelHides(panel.winId());
+        panel.hide();
+        if (qgetenv("TAVIK_TEST_MANAGER") == "none") {
+            return; // Nobody says who has the focus.
+        }
+        const xcb_window_t victim = showVictim();
+        m_client.place(victim, {500, 400, 200, 150});
+        m_client.movePointer({600, 480});
+        settle();
+        show();
+        QVERIFY(server.panelShown(panel.winId()));
+        panel.hide();
+        m_client.destroy(victim);
     }
 
     void questionsAboutNoWindowAreAnswered()

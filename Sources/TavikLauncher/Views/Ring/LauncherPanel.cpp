@@ -90,6 +90,11 @@ LauncherPanel::LauncherPanel(const Dependencies& dependencies,
         m_ring->updateShape();
         m_ring->update();
     };
+    m_dependencies.windowServer.onPointerFound = [this] {
+        if (onPointerFound) {
+            onPointerFound();
+        }
+    };
     m_dependencies.windowServer.onPanelPlaced = [this] {
         setUpdatesEnabled(true);
         // What was to be painted meanwhile has asked in vain, and does not ask again.
@@ -104,6 +109,7 @@ LauncherPanel::LauncherPanel(const Dependencies& dependencies,
 
 LauncherPanel::~LauncherPanel()
 {
+    m_dependencies.windowServer.onPointerFound = nullptr;
     m_dependencies.windowServer.onPanelPlaced = nullptr;
     m_dependencies.windowServer.onPanelLeft = nullptr;
     m_dependencies.windowServer.onCompositingChanged = nullptr;

@@ -5,7 +5,9 @@
 #include <TavikLauncherPlatform/Linux/X11/X11WindowTree.h>
 #include <TavikLauncherPlatform/Texts.h>
 
+#include <QGuiApplication>
 #include <QRegion>
+#include <QWindow>
 
 #include <algorithm>
 #include <array>
@@ -68,13 +70,23 @@ bool delaysUnmanagedWindows(const X11Connection& connection, const X11Atoms& ato
     return X11Properties::windowManagerName(connection.get(), connection.root(), atoms) == "KWin";
 }
 
+bool acceptsKeyboard(WId id)
+{
+    const QWindowList windows = QGuiApplication::topLevelWindows();
+    return std::ranges::none_of(windows, [id](const QWindow* window) {
+        return window->handle() && window->winId() == id
+            && window->flags().testFlag(Qt::WindowDoesNotAcceptFocus);
+    });
+}
+
 } // namespace
 
-X11WindowServer::X11WindowServer(xcb_connection_t* toolkit, MainQueue& mainQueue, bool isXwayland)
+X11WindowServer::X11WindowServer(xcb_connection_t* toolkit, MainQueue& mainQueue, Xwayland xwayland)
     : m_toolkit(toolkit)
+    , m_mainQueue(mainQueue)
     , m_atoms(m_connection.get(), m_connection.screenNumber())
-    , m_isXwayland(isXwayland)
-    , m_isPanelManaged(isXwayland || delaysUnmanagedWindows(m_connection, m_atoms))
+    , m_xwayland(xwayland)
+    , m_isPanelManaged(xwayland != Xwayland::no || delaysUnmanagedWindows(m_connection, m_atoms))
     , m_compositor(m_connection, m_atoms[X11Atom::compositor])
     , m_moves(m_connection)
     , m_pump(m_connection,
@@ -92,15 +104,22 @@ X11WindowServer::X11WindowServer(xcb_connection_t* toolkit, MainQueue& mainQueue
                    }
                }})
 {
+    if (xwayland == Xwayland::findsPointer) {
+        m_finder.emplace(m_connection, m_atoms, m_pump, mainQueue);
+    }
     m_pump.drainSoon();
 }
 
 Means X11WindowServer::pointerMeans() const
 {
+    if (m_finder) {
+        return {.way = Texts::tr("An invisible surface on each screen, which the pointer enters.")};
+    }
     return {.way = Texts::tr("The X server tells where it is."),
-            .lack = m_isXwayland ? Texts::tr("Beside a Wayland desktop it knows that only over its "
-                                             "own windows: the ring may open elsewhere.")
-                                 : QString()};
+            .lack = m_xwayland == Xwayland::yes
+                ? Texts::tr("Beside a Wayland desktop it knows that only over its own windows: the "
+                            "ring may open elsewhere.")
+                : QString()};
 }
 
 Means X11WindowServer::overlayMeans() const
@@ -110,6 +129,21 @@ Means X11WindowServer::overlayMeans() const
                 : Texts::tr("A window of its own above all others.")};
 }
 
+std::optional<QPoint> X11WindowServer::pointer()
+{
+    if (m_finder) {
+        const std::optional<X11PointerFinder::Place> place = m_finder->ask();
+        m_isPointerUnsure = place && !place->isSure && !m_isPanelShown;
+        m_unusedTask = m_mainQueue.after(0, [this] { m_isPointerUnsure = false; });
+        return place ? std::optional(place->pixel) : std::nullopt;
+    }
+    xcb_connection_t* connection = m_connection.get();
+    const X11Reply<xcb_query_pointer_reply_t> reply(xcb_query_pointer_reply(
+        connection, xcb_query_pointer(connection, m_connection.root()), nullptr));
+    m_pump.drainSoon();
+    return reply ? std::optional(QPoint(reply->root_x, reply->root_y)) : std::nullopt;
+}
+
 void X11WindowServer::preparePanel(WId window)
 {
     m_panel = static_cast<xcb_window_t>(window);
@@ -117,6 +151,12 @@ void X11WindowServer::preparePanel(WId window)
     if (!m_isPanelManaged) {
         declineShadow(window);
         return;
+    }
+    if (m_isPointerUnsure) {
+        // While it waits, with the keyboard, at a place that may be wrong, nothing of it is to be
+        // seen: the server itself makes it transparent.
+        constexpr uint32_t clear = 0;
+        xcb_change_window_attributes(m_toolkit, m_panel, XCB_CW_BACK_PIXEL, &clear);
     }
     awaitWithdrawal(m_panel);
     // The window manager forgets all this when the window goes, and the toolkit adds its own states
@@ -142,6 +182,34 @@ void X11WindowServer::movePanel(WId window, QPoint pixel)
                          static_cast<xcb_window_t>(window),
                          XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y,
                          place.data());
+}
+
+bool X11WindowServer::panelShown(WId window)
+{
+    m_isPanelShown = true;
+    if (std::exchange(m_isPointerUnsure, false) && acceptsKeyboard(window)) {
+        m_finder->search([this] { pointerFound(); });
+    }
+    return !m_finder || !m_finder->isSearching();
+}
+
+void X11WindowServer::pointerFound()
+{
+    if (onPointerFound) {
+        onPointerFound();
+    }
+    if (onPanelPlaced) {
+        onPanelPlaced();
+    }
+}
+
+void X11WindowServer::panelHides(WId)
+{
+    m_isPanelShown = false;
+    if (m_finder) {
+        m_finder->end();
+        m_finder->forget();
+    }
 }
 
 void X11WindowServer::setBlurBehind(WId window, const QRegion& region)
@@ -358,6 +426,9 @@ void X11WindowServer::handle(const xcb_generic_event_t& event)
 {
     m_moves.handle(event);
     m_focus.handle(event);
+    if (m_finder) {
+        m_finder->handle(event);
+    }
     if (event.response_type == XCB_PROPERTY_NOTIFY) {
         const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
         const bool isDesktop = change.atom == m_atoms[X11Atom::netCurrentDesktop]

@@ -5,6 +5,7 @@
 #include <TavikLauncherPlatform/Linux/X11/X11EventPump.h>
 #include <TavikLauncherPlatform/Linux/X11/X11KeyboardFocus.h>
 #include <TavikLauncherPlatform/Linux/X11/X11MoveReports.h>
+#include <TavikLauncherPlatform/Linux/X11/X11PointerFinder.h>
 #include <TavikLauncherPlatform/Linux/X11/X11SelectionOwner.h>
 #include <TavikLauncherPlatform/MainQueue.h>
 #include <TavikLauncherPlatform/WindowServer.h>
@@ -18,16 +19,30 @@ namespace Tavik {
 class X11WindowServer final : public WindowServer
 {
 public:
-    /// `toolkit` is the toolkit's connection and must outlive this. `isXwayland` says that the
-    /// server speaks for another window system. Whether the window manager manages the panel is
-    /// decided here, once.
-    X11WindowServer(xcb_connection_t* toolkit, MainQueue& mainQueue, bool isXwayland = false);
+    /// Where the server speaks for another window system.
+    enum class Xwayland {
+        no,
+        yes,
+        findsPointer, ///< Its compositor tells a window of ours where the pointer is.
+    };
+
+    /// `toolkit` is the toolkit's connection and must outlive this. Whether the window manager
+    /// manages the panel is decided here, once.
+    X11WindowServer(xcb_connection_t* toolkit,
+                    MainQueue& mainQueue,
+                    Xwayland xwayland = Xwayland::no);
+
+    /// Where the pointer is, in device pixels; asks the server. Where that is not sure, a panel
+    /// that is shown next and takes the keyboard waits for its place; see `onPointerFound`.
+    [[nodiscard]] std::optional<QPoint> pointer();
 
     [[nodiscard]] Means pointerMeans() const override;
     [[nodiscard]] Means overlayMeans() const override;
     [[nodiscard]] bool isPanelManaged() const override { return m_isPanelManaged; }
     void preparePanel(WId window) override;
     void movePanel(WId window, QPoint pixel) override;
+    [[nodiscard]] bool panelShown(WId window) override;
+    void panelHides(WId window) override;
     void setInputRegion(WId window, const QRegion& region) override;
     void setShape(WId window, const QRegion& region) override;
     void setSkipsTaskbar(WId window, bool skips) override;
@@ -54,16 +69,22 @@ private:
     void handle(const xcb_generic_event_t& event);
     void awaitWithdrawal(xcb_window_t panel);
     [[nodiscard]] bool isWithdrawn(xcb_window_t panel);
+    void pointerFound();
 
     xcb_connection_t* m_toolkit;
+    MainQueue& m_mainQueue;
     X11Connection m_connection;
     X11Atoms m_atoms;
-    bool m_isXwayland;
+    Xwayland m_xwayland;
     bool m_isPanelManaged;
     X11SelectionOwner m_compositor;
     X11MoveReports m_moves;
     mutable X11EventPump m_pump;
     X11KeyboardFocus m_focus;
+    std::optional<X11PointerFinder> m_finder;
+    bool m_isPointerUnsure = false; ///< As it was asked for in this round of the main loop.
+    bool m_isPanelShown = false;
+    Task m_unusedTask; ///< Nobody has shown the panel since the pointer was asked for.
     xcb_window_t m_panel = XCB_NONE; ///< The one that was prepared last.
     QByteArray m_startupId; ///< Of the action that is being carried out.
 };

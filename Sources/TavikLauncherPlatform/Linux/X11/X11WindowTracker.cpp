@@ -105,15 +105,6 @@ QRect X11WindowTracker::availableArea(const QRect& screen) const
     return X11Properties::availableArea(screen, m_desktopSize, reserving);
 }
 
-std::optional<QPoint> X11WindowTracker::pointer()
-{
-    xcb_connection_t* connection = m_connection.get();
-    const X11Reply<xcb_query_pointer_reply_t> reply(xcb_query_pointer_reply(
-        connection, xcb_query_pointer(connection, m_connection.root()), nullptr));
-    m_pump.drainSoon();
-    return reply ? std::optional(QPoint(reply->root_x, reply->root_y)) : std::nullopt;
-}
-
 std::optional<QPoint> X11WindowTracker::focusedPoint()
 {
     if (m_activeWindow == XCB_NONE) {

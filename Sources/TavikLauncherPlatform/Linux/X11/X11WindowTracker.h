@@ -35,8 +35,6 @@ public:
     [[nodiscard]] WindowId mostRecent(const QList<WindowId>& windows) const override;
     /// A screen's geometry without panels and docks, in device pixels.
     [[nodiscard]] QRect availableArea(const QRect& screen) const;
-    /// Where the pointer is, in device pixels; asks the server.
-    [[nodiscard]] std::optional<QPoint> pointer();
     /// The middle of the active window in device pixels; asks the server.
     [[nodiscard]] std::optional<QPoint> focusedPoint();
 

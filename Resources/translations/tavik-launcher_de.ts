@@ -2064,5 +2064,37 @@
         <source>This desktop lets no program keep a window above the others.</source>
         <translation>Diese Arbeitsumgebung lässt kein Programm ein Fenster über den anderen halten.</translation>
     </message>
+    <message>
+        <source>A global shortcut that the desktop gives.</source>
+        <translation>Ein globales Tastenkürzel, das die Arbeitsumgebung vergibt.</translation>
+    </message>
+    <message>
+        <source>A global shortcut that the desktop gives: %1.</source>
+        <translation>Ein globales Tastenkürzel, das die Arbeitsumgebung vergibt: %1.</translation>
+    </message>
+    <message>
+        <source>The desktop was asked for a shortcut and has given none. Check My Desktop in the settings can ask again.</source>
+        <translation>Die Arbeitsumgebung wurde um ein Tastenkürzel gebeten und hat keines vergeben. „Desktop prüfen“ in den Einstellungen kann noch einmal fragen.</translation>
+    </message>
+    <message>
+        <source>This desktop gives a program a shortcut after it has asked you.</source>
+        <translation>Diese Arbeitsumgebung gibt einem Programm ein Tastenkürzel, nachdem sie Sie gefragt hat.</translation>
+    </message>
+    <message>
+        <source>It knows none of modifiers alone, so the same modifiers with Space are proposed.</source>
+        <translation>Sie kennt keines aus Sondertasten allein. Darum werden dieselben Sondertasten mit der Leertaste vorgeschlagen.</translation>
+    </message>
+    <message>
+        <source>Add this line to the configuration of your desktop: %1</source>
+        <translation>Fügen Sie der Konfiguration Ihrer Arbeitsumgebung diese Zeile hinzu: %1</translation>
+    </message>
+    <message>
+        <source>A shortcut that Hyprland&apos;s configuration gives.</source>
+        <translation>Ein Tastenkürzel, das die Konfiguration von Hyprland vergibt.</translation>
+    </message>
+    <message>
+        <source>Hyprland gives a shortcut to the program that its configuration names. It is active as soon as you have pressed it once.</source>
+        <translation>Hyprland gibt ein Tastenkürzel dem Programm, das seine Konfiguration nennt. Es gilt, sobald Sie es einmal gedrückt haben.</translation>
+    </message>
 </context>
 </TS>

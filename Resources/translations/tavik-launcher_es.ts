@@ -2064,5 +2064,37 @@
         <source>This desktop lets no program keep a window above the others.</source>
         <translation>Este escritorio no deja que un programa mantenga una ventana sobre las demás.</translation>
     </message>
+    <message>
+        <source>A global shortcut that the desktop gives.</source>
+        <translation>Un atajo global que da el escritorio.</translation>
+    </message>
+    <message>
+        <source>A global shortcut that the desktop gives: %1.</source>
+        <translation>Un atajo global que da el escritorio: %1.</translation>
+    </message>
+    <message>
+        <source>The desktop was asked for a shortcut and has given none. Check My Desktop in the settings can ask again.</source>
+        <translation>Se pidió un atajo al escritorio y no ha dado ninguno. «Mi escritorio», en los ajustes, puede volver a pedirlo.</translation>
+    </message>
+    <message>
+        <source>This desktop gives a program a shortcut after it has asked you.</source>
+        <translation>Este escritorio da un atajo a un programa después de preguntarle a usted.</translation>
+    </message>
+    <message>
+        <source>It knows none of modifiers alone, so the same modifiers with Space are proposed.</source>
+        <translation>No conoce atajos solo de modificadoras, así que se proponen las mismas con Espacio.</translation>
+    </message>
+    <message>
+        <source>Add this line to the configuration of your desktop: %1</source>
+        <translation>Añada esta línea a la configuración de su escritorio: %1</translation>
+    </message>
+    <message>
+        <source>A shortcut that Hyprland&apos;s configuration gives.</source>
+        <translation>Un atajo que da la configuración de Hyprland.</translation>
+    </message>
+    <message>
+        <source>Hyprland gives a shortcut to the program that its configuration names. It is active as soon as you have pressed it once.</source>
+        <translation>Hyprland da un atajo al programa que nombra su configuración. Está activo en cuanto lo pulsa una vez.</translation>
+    </message>
 </context>
 </TS>

@@ -2064,5 +2064,37 @@
         <source>This desktop lets no program keep a window above the others.</source>
         <translation>Ce bureau ne laisse aucun programme garder une fenêtre au-dessus des autres.</translation>
     </message>
+    <message>
+        <source>A global shortcut that the desktop gives.</source>
+        <translation>Un raccourci global que donne le bureau.</translation>
+    </message>
+    <message>
+        <source>A global shortcut that the desktop gives: %1.</source>
+        <translation>Un raccourci global que donne le bureau : %1.</translation>
+    </message>
+    <message>
+        <source>The desktop was asked for a shortcut and has given none. Check My Desktop in the settings can ask again.</source>
+        <translation>Un raccourci a été demandé au bureau, qui n’en a donné aucun. « Vérifier mon bureau », dans les réglages, peut le redemander.</translation>
+    </message>
+    <message>
+        <source>This desktop gives a program a shortcut after it has asked you.</source>
+        <translation>Ce bureau donne un raccourci à un programme après vous avoir posé la question.</translation>
+    </message>
+    <message>
+        <source>It knows none of modifiers alone, so the same modifiers with Space are proposed.</source>
+        <translation>Il n’en connaît pas qui soient faits des seules touches de modification ; les mêmes touches avec Espace sont donc proposées.</translation>
+    </message>
+    <message>
+        <source>Add this line to the configuration of your desktop: %1</source>
+        <translation>Ajoutez cette ligne à la configuration de votre bureau : %1</translation>
+    </message>
+    <message>
+        <source>A shortcut that Hyprland&apos;s configuration gives.</source>
+        <translation>Un raccourci que donne la configuration de Hyprland.</translation>
+    </message>
+    <message>
+        <source>Hyprland gives a shortcut to the program that its configuration names. It is active as soon as you have pressed it once.</source>
+        <translation>Hyprland donne un raccourci au programme que nomme sa configuration. Il est actif dès que vous l’avez pressé une fois.</translation>
+    </message>
 </context>
 </TS>

@@ -2061,5 +2061,37 @@
         <source>This desktop lets no program keep a window above the others.</source>
         <translation>このデスクトップではプログラムがウィンドウを最前面に保てません。</translation>
     </message>
+    <message>
+        <source>A global shortcut that the desktop gives.</source>
+        <translation>デスクトップが割り当てるグローバルショートカット。</translation>
+    </message>
+    <message>
+        <source>A global shortcut that the desktop gives: %1.</source>
+        <translation>デスクトップが割り当てるグローバルショートカット: %1。</translation>
+    </message>
+    <message>
+        <source>The desktop was asked for a shortcut and has given none. Check My Desktop in the settings can ask again.</source>
+        <translation>デスクトップにショートカットを要求しましたが、割り当てられませんでした。設定の「デスクトップの確認」からもう一度要求できます。</translation>
+    </message>
+    <message>
+        <source>This desktop gives a program a shortcut after it has asked you.</source>
+        <translation>このデスクトップは、確認のうえでプログラムにショートカットを割り当てます。</translation>
+    </message>
+    <message>
+        <source>It knows none of modifiers alone, so the same modifiers with Space are proposed.</source>
+        <translation>修飾キーだけのショートカットには対応しないため、同じ修飾キーと Space の組み合わせを提案します。</translation>
+    </message>
+    <message>
+        <source>Add this line to the configuration of your desktop: %1</source>
+        <translation>デスクトップの設定に次の行を追加してください: %1</translation>
+    </message>
+    <message>
+        <source>A shortcut that Hyprland&apos;s configuration gives.</source>
+        <translation>Hyprland の設定が割り当てるショートカット。</translation>
+    </message>
+    <message>
+        <source>Hyprland gives a shortcut to the program that its configuration names. It is active as soon as you have pressed it once.</source>
+        <translation>Hyprland は、設定に書かれたプログラムにショートカットを割り当てます。一度押すと有効になります。</translation>
+    </message>
 </context>
 </TS>

@@ -30,7 +30,7 @@ ROOMS = {  # room: (rooms it may include, may use widgets, may use native header
     DESKTOPS: (BASE | {SESSION, APPLICATIONS}, False, True),
     UPDATES: (BASE | {DISK}, False, True),
     X11: (BASE | {DISK, SESSION, APPLICATIONS}, False, True),
-    WAYLAND: (BASE | {APPLICATIONS}, False, True),
+    WAYLAND: (BASE | {APPLICATIONS, DESKTOPS}, False, True),
     LINUX: (BASE | {f"{PLATFORM}/Null", DISK, SESSION, APPLICATIONS, DESKTOPS, UPDATES, X11, WAYLAND}, False, True),
     CATALOG: (BASE, False, False),
     SETTINGS: (BASE, False, False),

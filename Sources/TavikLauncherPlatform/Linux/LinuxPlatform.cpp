@@ -7,6 +7,7 @@
 #include <TavikLauncherPlatform/Linux/Desktops/DesktopShortcuts.h>
 #include <TavikLauncherPlatform/Linux/Desktops/DesktopWindows.h>
 #include <TavikLauncherPlatform/Linux/Desktops/NextBestWindows.h>
+#include <TavikLauncherPlatform/Linux/Desktops/PortalShortcuts.h>
 #include <TavikLauncherPlatform/Linux/Desktops/ShortcutKeyEvents.h>
 #include <TavikLauncherPlatform/Linux/Desktops/ShortcutPermission.h>
 #include <TavikLauncherPlatform/Linux/Desktops/ToolkitKeyEvents.h>
@@ -24,6 +25,7 @@
 #include <TavikLauncherPlatform/Linux/Updates/UpdateSignature.h>
 #ifdef TAVIK_HAS_WAYLAND
 #include <TavikLauncherPlatform/Linux/Wayland/ForeignToplevels.h>
+#include <TavikLauncherPlatform/Linux/Wayland/HyprlandShortcuts.h>
 #include <TavikLauncherPlatform/Linux/Wayland/WaylandWindowServer.h>
 #endif
 #include <TavikLauncherPlatform/Linux/X11/X11Connection.h>
@@ -65,6 +67,24 @@ QString currentDesktop()
     return qEnvironmentVariable("XDG_CURRENT_DESKTOP");
 }
 
+/// Who listens for the trigger in a Wayland session: the desktop by an interface of its own, else
+/// its portal, if it has one.
+std::unique_ptr<ShortcutSource> makeShortcutSource(Platform& platform)
+{
+    auto made = shortcutSourceOfDesktop(
+        *platform.mainQueue, *platform.workQueue, *platform.userDefaults, ownProgram());
+#ifdef TAVIK_HAS_WAYLAND
+    if (!made) {
+        made = HyprlandShortcuts::make(*platform.userDefaults);
+    }
+#endif
+    if (!made) {
+        made = std::make_unique<PortalShortcuts>(PortalShortcuts::Dependencies{
+            *platform.mainQueue, *platform.workQueue, *platform.userDefaults});
+    }
+    return made;
+}
+
 /// Returns what listens for the trigger in our place, where that is what the permission is about.
 ShortcutSource* addPermission(Platform& platform,
                               const PlatformOptions& options,
@@ -78,10 +98,8 @@ ShortcutSource* addPermission(Platform& platform,
         platform.accessibility = options.replacePermission(std::move(platform.accessibility));
         return nullptr;
     }
-    std::unique_ptr<ShortcutSource> made = isWayland && options.listens
-        ? shortcutSourceOfSession(
-            *platform.mainQueue, *platform.workQueue, *platform.userDefaults, ownProgram())
-        : nullptr;
+    std::unique_ptr<ShortcutSource> made
+        = isWayland && options.listens ? makeShortcutSource(platform) : nullptr;
     ShortcutSource* source = made.get();
     if (source) {
         platform.accessibility = std::make_unique<ShortcutPermission>(

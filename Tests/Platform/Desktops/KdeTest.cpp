@@ -4,13 +4,11 @@
 #include <TavikLauncherPlatform/Linux/Desktops/NextBestWindows.h>
 
 #include <QDBusArgument>
-#include <QDBusMessage>
-#include <QDBusVirtualObject>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QThread>
 
+#include <Support/FakeBusService.h>
 #include <Support/StepWorkQueue.h>
 #include <Support/Table.h>
 #include <Support/VirtualMainQueue.h>
@@ -21,32 +19,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// KDE's side, on a thread and a connection of its own: what it was asked, and what it says.
-class FakeKde final : public QDBusVirtualObject
+/// KDE's side: what it was asked, and what it says.
+class FakeKde final : public FakeBusService
 {
 public:
     FakeKde()
-    {
-        m_bus.registerVirtualObject(u"/"_s, this, QDBusConnection::SubPath);
-        m_bus.registerService(u"org.kde.kglobalaccel"_s);
-        m_bus.registerService(u"org.kde.KWin"_s);
-        moveToThread(&m_thread);
-        m_thread.start();
-    }
-    ~FakeKde() override
-    {
-        m_thread.quit();
-        m_thread.wait();
-    }
-    /// After all that it has been asked before.
-    void onItsThread(const std::function<void()>& act)
-    {
-        QMetaObject::invokeMethod(this, act, Qt::BlockingQueuedConnection);
-    }
-    void send(const QDBusMessage& message)
-    {
-        onItsThread([&] { m_bus.send(message); });
-    }
+        : FakeBusService({u"org.kde.kglobalaccel"_s, u"org.kde.KWin"_s})
+    { }
     void tellOfKey(const QString& signal, const QString& component)
     {
         send(QDBusMessage::createSignal(
@@ -62,14 +41,7 @@ public:
         });
     }
     /// The last of its calls with that name; empty when there was none.
-    [[nodiscard]] QString last(const QString& method)
-    {
-        QString words;
-        onItsThread([&] { words = asked.value(method); });
-        return words;
-    }
-
-    QString introspect(const QString&) const override { return {}; }
+    [[nodiscard]] QString last(const QString& method) { return copyOf(asked).value(method); }
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& bus) override
     {
         const QVariantList given = message.arguments();
@@ -93,10 +65,8 @@ public:
     QHash<QString, QString> asked; ///< By the method.
 
 private:
-    QDBusConnection m_bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"fake"_s);
     QList<int> m_keys;
     int m_script = 3;
-    QThread m_thread;
 };
 
 /// What would be taken next.

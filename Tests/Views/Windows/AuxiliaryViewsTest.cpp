@@ -168,8 +168,10 @@ private Q_SLOTS:
         QCOMPARE(there.phase(), PermissionPhase::prompt);
 
         Asked polled;
+        polled.permission.told.limit = remedy; // What a desktop says to the question.
         polled.queue.advance(1.5);
         QCOMPARE(polled.granted, 0);
+        QVERIFY(says(*polled.view, remedy));
         polled.permission.trusted = true;
         polled.queue.advance(0.6);
         QCOMPARE(polled.phase(), PermissionPhase::granted);

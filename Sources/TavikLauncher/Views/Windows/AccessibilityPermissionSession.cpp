@@ -35,9 +35,11 @@ void AccessibilityPermissionSession::appear()
 void AccessibilityPermissionSession::disappear()
 {
     if (m_poll.isActive()) {
-        // One last look: what was granted in this very second must not wait for the next start.
-        poll();
         m_poll.cancel();
+        // One last look: what was granted in this very second must not wait for the next start.
+        if (m_permission.isTrusted()) {
+            grant();
+        }
     }
 }
 
@@ -62,7 +64,7 @@ void AccessibilityPermissionSession::openSettings()
 
 void AccessibilityPermissionSession::copyCommand()
 {
-    QGuiApplication::clipboard()->setText(QStringLiteral("tavik-launcher --summon"));
+    QGuiApplication::clipboard()->setText(m_obstacle.command);
     m_hasCopiedCommand = true;
     Q_EMIT changed();
 }
@@ -87,6 +89,12 @@ void AccessibilityPermissionSession::poll()
     if (m_permission.isTrusted()) {
         m_poll.cancel();
         grant();
+        return;
+    }
+    // A desktop may answer late, or with no.
+    const AccessibilityPermission::Obstacle now = m_permission.obstacle();
+    if (std::exchange(m_obstacle, now) != now) {
+        Q_EMIT changed();
     }
 }
 

@@ -35,7 +35,7 @@ public:
     [[nodiscard]] Phase phase() const { return m_phase; }
     /// Whether the user is told that the switch is still off.
     [[nodiscard]] bool showsNotEnabledHint() const { return m_showsNotEnabledHint; }
-    /// What stands in the way, as it was found at the start.
+    /// What stands in the way, as it was found a second ago at most.
     [[nodiscard]] const AccessibilityPermission::Obstacle& obstacle() const { return m_obstacle; }
     /// Whether `openSettings` has given the command instead.
     [[nodiscard]] bool hasCopiedCommand() const { return m_hasCopiedCommand; }
@@ -45,13 +45,13 @@ public:
     void disappear();
 
     void enableAccess();
-    /// Where no settings open, puts the command that summons the ring into the clipboard.
+    /// Where no settings open, puts what makes the desktop summon the ring into the clipboard.
     void openSettings();
     void done();
     void skip();
 
 Q_SIGNALS:
-    /// The phase, the hint, or that the command was copied.
+    /// The phase, the obstacle, the hint, or that the command was copied.
     void changed();
 
 private:

@@ -144,16 +144,15 @@ QLayout* AccessibilityPermissionView::makeHead()
     head->addWidget(m_text);
     for (QLabel** note : {&m_limit, &m_remedy}) {
         head->addSpacing(8);
-        head->addWidget(*note = makeNote(note == &m_limit ? m_session.obstacle().limit
-                                                          : m_session.obstacle().remedy));
+        head->addWidget(*note = makeNote());
     }
     return head;
 }
 
 /// Can be selected, for there may be a command in it.
-QLabel* AccessibilityPermissionView::makeNote(const QString& text)
+QLabel* AccessibilityPermissionView::makeNote()
 {
-    QLabel* note = WindowStyle::makeLabel(text, {.size = 12}, this);
+    QLabel* note = WindowStyle::makeLabel({}, {.size = 12}, this);
     note->setAlignment(Qt::AlignHCenter);
     note->setTextInteractionFlags(Qt::TextSelectableByMouse);
     return note;
@@ -241,6 +240,8 @@ void AccessibilityPermissionView::showPhase()
                   : Texts::tr("Tavik Launcher needs Accessibility permission so the hotkey works "
                               "when other apps are in the foreground."));
     const AccessibilityPermission::Obstacle& obstacle = m_session.obstacle();
+    m_limit->setText(obstacle.limit);
+    m_remedy->setText(obstacle.remedy);
     m_limit->setVisible(!isGranted && !obstacle.limit.isEmpty());
     m_remedy->setVisible(phase == Phase::waitingForUser && !obstacle.remedy.isEmpty());
     m_diagram->setVisible(phase == Phase::prompt);

@@ -45,7 +45,7 @@ private:
     class Divider;
     QLayout* makeHead();
     QLayout* makeControls();
-    QLabel* makeNote(const QString& text);
+    QLabel* makeNote();
     void tie(Button& button, void (AccessibilityPermissionSession::*action)());
     /// Goes over to what the session says now.
     void changePhase();

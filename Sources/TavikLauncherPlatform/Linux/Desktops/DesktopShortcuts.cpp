@@ -8,7 +8,7 @@ namespace Tavik {
 
 using namespace Qt::StringLiterals;
 
-std::unique_ptr<ShortcutSource> shortcutSourceOfSession(MainQueue& mainQueue,
+std::unique_ptr<ShortcutSource> shortcutSourceOfDesktop(MainQueue& mainQueue,
                                                         WorkQueue& workQueue,
                                                         UserDefaults& userDefaults,
                                                         const QString& program)

@@ -12,8 +12,8 @@ class UserDefaults;
 class WorkQueue;
 
 /// What listens for the trigger on the Wayland desktop that the environment names; null where
-/// nothing is known to. `program` is how ours is started.
-[[nodiscard]] std::unique_ptr<ShortcutSource> shortcutSourceOfSession(MainQueue& mainQueue,
+/// it has no interface of its own that we know. `program` is how ours is started.
+[[nodiscard]] std::unique_ptr<ShortcutSource> shortcutSourceOfDesktop(MainQueue& mainQueue,
                                                                       WorkQueue& workQueue,
                                                                       UserDefaults& userDefaults,
                                                                       const QString& program);

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 
+#include <xkbcommon/xkbcommon.h>
+
 namespace Tavik::KeyNames {
 
 using namespace Qt::StringLiterals;
@@ -58,6 +60,21 @@ std::optional<QString> acceleratorKey(quint16 virtualKeyCode)
     }
     const std::optional<quint16> place = KeyCodes::evdevCode(virtualKeyCode);
     return place ? std::optional(u"0x%1"_s.arg(*place + KeyCodes::x11Offset, 0, 16)) : std::nullopt;
+}
+
+std::optional<QString> symbolName(quint16 virtualKeyCode, const QString& label)
+{
+    if (const Key* key = keyOf(virtualKeyCode)) {
+        return QString::fromUtf16(key->name);
+    }
+    const QString character = label.toLower();
+    std::array<char, 32> name{};
+    const bool isNamed = character.size() == 1
+        && xkb_keysym_get_name(
+               xkb_utf32_to_keysym(character.front().unicode()), name.data(), name.size())
+            > 0;
+    return isNamed && character.front().isPrint() ? std::optional(QString::fromUtf8(name.data()))
+                                                  : std::nullopt;
 }
 
 } // namespace Tavik::KeyNames

@@ -15,4 +15,8 @@ namespace Tavik::KeyNames {
 /// in every layout. Absent for a key that keyboards here do not have.
 [[nodiscard]] std::optional<QString> acceleratorKey(quint16 virtualKeyCode);
 
+/// The name of its symbol in the layout in which the shortcut was recorded, as the keyboard's
+/// library has it.
+[[nodiscard]] std::optional<QString> symbolName(quint16 virtualKeyCode, const QString& label);
+
 } // namespace Tavik::KeyNames

@@ -102,8 +102,9 @@ KeyEvents::HotKeyResult ShortcutKeyEvents::registerHotKey(const HotKey& hotKey,
 
 int ShortcutKeyEvents::hotKeyStatus(const HotKey& hotKey)
 {
-    return m_dependencies.source.serves() ? m_dependencies.source.status(hotKey)
-                                          : m_ownWindows->hotKeyStatus(hotKey);
+    // Also where it does not serve yet: for this one it may.
+    ShortcutSource& source = m_dependencies.source;
+    return source.isThere() ? source.status(hotKey) : m_ownWindows->hotKeyStatus(hotKey);
 }
 
 Means ShortcutKeyEvents::triggerMeans(bool isChord) const

@@ -20,7 +20,7 @@ public:
     [[nodiscard]] ShortcutSource& source() { return *m_source; }
 
     [[nodiscard]] bool isTrusted() const override { return m_source->serves(); }
-    [[nodiscard]] bool isForKeys() const override { return true; }
+    [[nodiscard]] bool isForKeys() const override { return m_source->isThere(); }
     [[nodiscard]] Obstacle obstacle() const override;
     void prompt() override { m_source->allow(); }
     void openSettings(std::function<void()> failed) override;

@@ -30,6 +30,8 @@ public:
 
     virtual ~ShortcutSource() = default;
 
+    /// Whether the desktop has what this asks, as far as is known; else this is as good as none.
+    [[nodiscard]] virtual bool isThere() const { return true; }
     /// Whether modifiers without a key can be had.
     [[nodiscard]] virtual bool hearsChords() const = 0;
     /// Whether programs never get to hear of keys that make a shortcut.
@@ -47,6 +49,9 @@ public:
     [[nodiscard]] virtual bool isRefused() const { return false; }
     /// What the desktop is asked for, as a sentence for people; empty when it needs no telling.
     [[nodiscard]] virtual QString request() const { return {}; }
+    /// The line with which the desktop's own configuration gives the shortcut; empty where it needs
+    /// none.
+    [[nodiscard]] virtual QString line() const { return {}; }
     /// The user agrees to `request`.
     virtual void allow() { }
 

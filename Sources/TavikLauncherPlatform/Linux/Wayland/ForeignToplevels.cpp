@@ -86,6 +86,9 @@ ForeignToplevels::ForeignToplevels()
                 },
         };
         zwlr_foreign_toplevel_manager_v1_add_listener(m_manager.get(), &listener, this);
+        m_connection.onBroken = [this] {
+            lose();
+        };
         m_connection.listen();
         m_connection.flush();
     }

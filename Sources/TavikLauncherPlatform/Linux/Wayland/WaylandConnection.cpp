@@ -61,6 +61,8 @@ struct WaylandConnection::Listeners
             bind(connection.m_viewporter, registry, name, wp_viewporter_interface, 1);
         } else if (kind == zwlr_foreign_toplevel_manager_v1_interface.name) {
             connection.m_toplevels = name;
+        } else if (kind == hyprland_global_shortcuts_manager_v1_interface.name) {
+            connection.m_shortcuts = name;
         } else if (kind == "zxdg_decoration_manager_v1") {
             connection.m_drawsFrames = true;
         } else if (kind == wl_seat_interface.name && !connection.m_seat) {
@@ -190,6 +192,19 @@ WaylandObject<zwlr_foreign_toplevel_manager_v1> WaylandConnection::bindToplevels
     return manager;
 }
 
+WaylandObject<hyprland_global_shortcuts_manager_v1> WaylandConnection::bindShortcuts()
+{
+    WaylandObject<hyprland_global_shortcuts_manager_v1> manager;
+    if (m_shortcuts != 0 && !m_isBroken) {
+        Listeners::bind(manager,
+                        m_registry.get(),
+                        m_shortcuts,
+                        hyprland_global_shortcuts_manager_v1_interface,
+                        1);
+    }
+    return manager;
+}
+
 /// Waits until the compositor has handled what it was asked; not for one that never answers.
 bool WaylandConnection::roundTrip()
 {
@@ -263,6 +278,9 @@ void WaylandConnection::fail()
     qCWarning(log, "The compositor's connection is broken: %s", std::strerror(errno));
     if (m_notifier) {
         m_notifier->setEnabled(false);
+    }
+    if (onBroken) {
+        onBroken();
     }
 }
 

@@ -12,6 +12,7 @@
 
 #include <wayland-client.h>
 #include <wayland-foreign-toplevels.h>
+#include <wayland-hyprland-shortcuts.h>
 #include <wayland-layer-shell.h>
 #include <wayland-viewporter.h>
 
@@ -44,6 +45,14 @@ struct WaylandDestroyed
     void operator()(zwlr_foreign_toplevel_handle_v1* object) const
     {
         zwlr_foreign_toplevel_handle_v1_destroy(object);
+    }
+    void operator()(hyprland_global_shortcuts_manager_v1* object) const
+    {
+        hyprland_global_shortcuts_manager_v1_destroy(object);
+    }
+    void operator()(hyprland_global_shortcut_v1* object) const
+    {
+        hyprland_global_shortcut_v1_destroy(object);
     }
     void operator()(zwlr_layer_surface_v1* object) const { zwlr_layer_surface_v1_destroy(object); }
 };
@@ -88,6 +97,11 @@ public:
     /// The compositor's list of windows, or null. It tells of all that there are from then on, so
     /// whoever takes it listens before the next events are handled.
     [[nodiscard]] WaylandObject<zwlr_foreign_toplevel_manager_v1> bindToplevels();
+    /// What gives shortcuts to programs by a name, or null.
+    [[nodiscard]] WaylandObject<hyprland_global_shortcuts_manager_v1> bindShortcuts();
+    [[nodiscard]] bool isBroken() const { return m_isBroken; }
+    /// Called once when the compositor has gone or has ended the connection.
+    std::function<void()> onBroken;
     [[nodiscard]] const std::vector<std::unique_ptr<Output>>& outputs() const { return m_outputs; }
 
     /// Handles from now on what comes, as part of the main thread's event loop.
@@ -116,6 +130,7 @@ private:
     WaylandObject<wp_viewporter> m_viewporter;
     std::vector<std::unique_ptr<Output>> m_outputs;
     uint32_t m_toplevels = 0; ///< The registry's number of the list of windows, or 0.
+    uint32_t m_shortcuts = 0; ///< Likewise of Hyprland's shortcuts.
     PointerHandlers m_pointerHandlers;
     std::unique_ptr<QSocketNotifier> m_notifier;
     bool m_drawsFrames = false;

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVirtualObject>
+#include <QStringList>
+#include <QThread>
+
+#include <functional>
+
+namespace Tavik::Test {
+
+/// Somebody on the session bus, on a thread and a connection of its own, with an object at every
+/// path. What it keeps is for `onItsThread`.
+class FakeBusService : public QDBusVirtualObject
+{
+public:
+    explicit FakeBusService(const QStringList& names)
+    {
+        m_bus.registerVirtualObject(QStringLiteral("/"), this, QDBusConnection::SubPath);
+        for (const QString& name : names) {
+            m_bus.registerService(name);
+        }
+        moveToThread(&m_thread);
+        m_thread.start();
+    }
+    ~FakeBusService() override
+    {
+        m_thread.quit();
+        m_thread.wait();
+    }
+    /// After all that it has been asked before.
+    void onItsThread(const std::function<void()>& act)
+    {
+        QMetaObject::invokeMethod(this, act, Qt::BlockingQueuedConnection);
+    }
+    void send(const QDBusMessage& message)
+    {
+        onItsThread([&] { m_bus.send(message); });
+    }
+    template <typename T> [[nodiscard]] T copyOf(const T& kept)
+    {
+        T copy;
+        onItsThread([&] { copy = kept; });
+        return copy;
+    }
+    [[nodiscard]] QString introspect(const QString&) const override { return {}; }
+
+protected:
+    QDBusConnection m_bus
+        = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("fake"));
+
+private:
+    QThread m_thread;
+};
+
+} // namespace Tavik::Test

@@ -44,10 +44,12 @@ bool readFeed(const QByteArray& bytes);
 bool readFetched(const QByteArray& bytes);
 bool readNotes(const QByteArray& bytes);
 // What the session tells.
+bool readBindings(const QByteArray& bytes);
 bool readRequest(const QByteArray& bytes);
 bool readSway(const QByteArray& bytes);
 
 inline constexpr std::array parsers{Parser{"backup", readBackup},
+                                    Parser{"bindings", readBindings},
                                     Parser{"bundle", readBundle},
                                     Parser{"cache", readCache},
                                     Parser{"defaults", readDefaults},

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Shell/AppRequest.h>
+#include <TavikLauncherPlatform/Linux/Desktops/SwayBindings.h>
 #include <TavikLauncherPlatform/Linux/Desktops/SwayShortcuts.h>
 #include <TavikLauncherPlatform/Linux/Desktops/SwayWindows.h>
 
@@ -61,6 +62,29 @@ QByteArray message(const QByteArray& bytes)
 }
 
 } // namespace
+
+bool readBindings(const QByteArray& bytes)
+{
+    const SwayBindings bindings(QString::fromUtf8(bytes));
+    constexpr qsizetype longest = 4096;
+    bool isBound = false;
+    for (quint64 modifiers = 0; modifiers <= ModifierFlags::all;
+         modifiers += ModifierFlags::shift) {
+        for (const KeyEvents::HotKey& hotKey :
+             {KeyEvents::HotKey{.keyCode = {}, .modifierFlags = modifiers},
+              KeyEvents::HotKey{.keyCode = quint16{36}, .modifierFlags = modifiers},
+              KeyEvents::HotKey{
+                  .keyCode = quint16{40}, .modifierFlags = modifiers, .label = u"K"_s},
+              KeyEvents::HotKey{.keyCode = quint16{49}, .modifierFlags = modifiers}}) {
+            const std::optional<QString> command = bindings.commandAt(hotKey);
+            require(!command || (!command->isEmpty() && command->size() <= longest),
+                    "a command has words, and an end");
+            require(!command || !command->contains(u'\n'), "it is one line");
+            isBound = isBound || command;
+        }
+    }
+    return isBound;
+}
 
 bool readRequest(const QByteArray& bytes)
 {

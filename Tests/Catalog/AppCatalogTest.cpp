@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <Support/AppNames.h>
 #include <Support/FakeFileManager.h>
 #include <Support/StepWorkQueue.h>
 #include <Support/VirtualMainQueue.h>
@@ -161,14 +162,7 @@ private:
             m_files->existing.insert(path);
         }
     }
-    [[nodiscard]] QStringList names() const
-    {
-        QStringList names;
-        for (const IndexedApp& app : m_catalog->apps()) {
-            names.append(app.name());
-        }
-        return names;
-    }
+    [[nodiscard]] QStringList names() const { return namesOf(m_catalog->apps()); }
 
     QTemporaryDir m_folder;
     std::unique_ptr<FakeFileManager> m_files;

@@ -6,6 +6,7 @@
 #include <QTest>
 #include <QTextBoundaryFinder>
 
+#include <Support/AppNames.h>
 #include <Support/Table.h>
 #include <algorithm>
 #include <limits>
@@ -23,15 +24,6 @@ QList<IndexedApp> appsNamed(const QStringList& names)
         apps.append({name, std::nullopt, u"/apps/%1"_s.arg(apps.size()), {}});
     }
     return apps;
-}
-
-QStringList namesOf(const QList<IndexedApp>& apps)
-{
-    QStringList names;
-    for (const IndexedApp& app : apps) {
-        names.append(app.name());
-    }
-    return names;
 }
 
 /// Short texts over few letters, so that they match each other often, with everything in them that
@@ -70,11 +62,7 @@ private Q_SLOTS:
                                      app(u"Open a File"_s),
                                      app(u"Filer"_s, {u"File"_s})};
         const auto names = [&apps](const QString& query) {
-            QStringList found;
-            for (const IndexedApp& record : AppSearch::results(query, apps, 9)) {
-                found.append(record.name());
-            }
-            return found;
+            return namesOf(AppSearch::results(query, apps, 9));
         };
         QCOMPARE(names(u"file"_s),
                  (QStringList{u"Filer"_s, u"Open a File"_s, u"Archive"_s, u"Dateien"_s}));

@@ -85,8 +85,7 @@ def test_a_tap_and_a_press_pin_the_ring(ring, apps, display, look):
     stays(ring.is_shown, "the pinned ring stays after the second release")
     display.type("al")
     ring.wait_shows(apps[0])
-    display.press("Escape")
-    ring.wait_hidden()
+    ring.dismiss()
     time.sleep(1)  # A press any sooner after that tap is the second of two, and pins.
     with display.held(*CHORD):
         ring.wait_open()
@@ -154,8 +153,7 @@ def test_letters_of_the_users_own_layout_filter(launcher, applications, desktop,
         launcher.wait_shows(photo)
         look("filtered")
     stays(launcher.is_shown, "what was typed into stays open after the release")
-    display.press("Escape")
-    launcher.wait_hidden()
+    launcher.dismiss()
 
 
 def test_digits_launch_where_the_digit_row_needs_shift(launcher, apps, desktop, display):

@@ -50,8 +50,7 @@ def test_without_a_compositor_the_ring_is_shaped_and_nothing_is_black(ring, disp
         look("filtered")
         assert_see_through(display, ring)
         assert_texts_have_no_black_corners(display, ring)
-        display.press("Escape")
-        ring.wait_hidden()
+        ring.dismiss()
 
 
 @pytest.mark.desktop(has_compositor=False)
@@ -62,8 +61,7 @@ def test_a_compositor_that_comes_and_goes_is_followed(ring, desktop, display, lo
     band = display.picture().pixel(*ring.slot_place(0.5, 4))
     assert band[2] > band[0], f"the band lets the background through: {band}"
     assert_see_through(display, ring)
-    display.press("Escape")
-    ring.wait_hidden()
+    ring.dismiss()
 
     processes.end(compositor)
     wait_until(lambda: not desktop.is_composited(), "the compositor is gone")

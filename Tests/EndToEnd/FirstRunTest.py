@@ -64,8 +64,7 @@ def test_the_tour_meets_a_new_user_once(new_user, display, desktop, look):
     display.close_window(window)
     display.wait_gone(TOUR)
     wait_until(lambda: new_user.defaults()[COMPLETED], "the tour counts as taken")
-    new_user.command("--quit")
-    assert new_user.wait_exit() == 0
+    new_user.quit()
     new_user.start(by_hand=True)
     stays(lambda: display.find(TOUR) is None, "the tour does not come again")
 

@@ -30,8 +30,7 @@ def test_a_launched_program_shows_its_window_and_outlives_the_launcher(ring, app
     look("started")
     assert start["session"] != os.getsid(ring.process.pid), "it has a session of its own"
     if end == "quit":
-        ring.command("--quit")
-        assert ring.wait_exit() == 0
+        ring.quit()
     else:
         ring.process.kill()
         ring.wait_exit()

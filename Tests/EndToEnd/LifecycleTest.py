@@ -116,8 +116,7 @@ def test_a_tap_before_sleep_does_not_pair_with_one_after_it(launcher, panel, app
                 stays(lambda: not launcher.is_shown(), "nothing is pinned", 0.5)
             else:
                 launcher.wait_open()
-                display.press("Escape")
-                launcher.wait_hidden()
+                launcher.dismiss()
                 time.sleep(APART)
     finally:
         bus.close_sync(None)
@@ -222,8 +221,7 @@ def test_a_bare_x_server_is_enough(launcher, applications, desktop, display):
     launcher.wait_open()
     socket = desktop.home / "runtime" / "tavik-launcher.socket"
     assert stat.S_IMODE(socket.stat().st_mode) & 0o077 == 0, "no other user gets in"
-    assert launcher.command("--quit").returncode == 0
-    assert launcher.wait_exit() == 0
+    launcher.quit()
     assert not socket.exists() and not display.is_grabbed(launcher.hot_key)
     assert launcher.command("--quit").returncode == 1
     assert problems(launcher) == []
@@ -253,8 +251,7 @@ def test_quitting_in_the_middle_of_a_walk_loses_nothing(launcher, panel, applica
     assert not launcher.cache_file.exists(), "the walk is under way"
     before = launcher.defaults()
     began = time.monotonic()
-    assert launcher.command("--quit").returncode == 0
-    assert launcher.wait_exit() == 0
+    launcher.quit()
     assert time.monotonic() - began < 2
     assert before.items() <= launcher.defaults().items()
     left = list(launcher.cache_file.parent.iterdir()) if launcher.cache_file.parent.exists() else []
@@ -301,8 +298,7 @@ def test_a_signal_that_it_was_started_to_ignore_stays_ignored(launcher):
     launcher.wait_ready()
     launcher.process.send_signal(signal.SIGHUP)
     stays(lambda: not launcher.exited(), "it goes on", 1)
-    assert launcher.command("--quit").returncode == 0
-    assert launcher.wait_exit() == 0
+    launcher.quit()
 
 
 def test_when_the_display_goes_it_ends_with_everything_saved(ring, desktop, display):
@@ -328,5 +324,4 @@ def test_a_compositor_that_never_answers_leaves_the_x_server(launcher, desktop, 
         silent.listen()
         launcher.environment.update(WAYLAND_DISPLAY="wayland-0", XDG_SESSION_TYPE="wayland")
         launcher.start().summon(640, 400)
-        display.press("Escape")
-        launcher.wait_hidden()
+        launcher.dismiss()

@@ -34,17 +34,3 @@ def test_a_gesture_with_altgr_becomes_no_other_shortcut(recorder, launcher, desk
     recorder.control(BUTTON, RECORDING)
     display.press("ctrl+F9")
     wait_until(lambda: display.is_grabbed("ctrl+F9"), "the next gesture is taken")
-
-
-def test_a_shortcut_that_programs_use_is_taken_only_when_the_user_insists(recorder, display, look):
-    display.press("ctrl+c")
-    recorder.wait_text(
-        "Programs use Control + C themselves to copy. As the shortcut of the ring it would not reach any of them any "
-        "more.")
-    look("asked")
-    stays(lambda: not display.is_grabbed("ctrl+c"), "it is not taken", 0.3)
-    recorder.click(BUTTON, "Choose Another")
-    recorder.control(BUTTON, RECORDING)
-    display.press("ctrl+v")
-    recorder.click(BUTTON, "Use It Anyway")
-    wait_until(lambda: display.is_grabbed("ctrl+v"), "what the user insists on is taken")

@@ -25,8 +25,7 @@ def test_the_ring_opens_with_a_dot_that_grows(ring, display, look):
     window = ring.summon(640, 400)
     place = display.geometry(window)
     complete = display.picture(place)
-    display.press("Escape")
-    ring.wait_hidden()
+    ring.dismiss()
     empty = display.picture(place)
 
     looks = []

@@ -15,7 +15,7 @@ from harness.settings_window import (
     BUTTON, ENVIRONMENT, FIELD, ITEM, LIST, RADIO, SLIDER, SWITCH, SettingsWindow, TITLE as SETTINGS_TITLE)
 from harness.waiting import stays, wait_until
 
-LARGE = {"width": 1700, "height": 900}
+pytestmark = pytest.mark.desktop(width=1700, height=900)
 GAP = 40  # Between the window and the largest ring.
 LARGEST = 550
 BEFORE = 350  # The diameter before it is changed to the largest.
@@ -46,47 +46,52 @@ class Keyboard:
     def __init__(self, window):
         self.window, self.display = window, window.display
 
+    def turn_to(self, role, name):
+        self.window.focus(role, self.window.control(role, name).name)
+
+    def act(self, role, name):
+        self.turn_to(role, name)
+        self.display.press("Return")
+
     def set_to_most(self, name):
-        self.window.focus(SLIDER, name)
+        self.turn_to(SLIDER, name)
         self.display.press("End")
 
-    def toggle(self, name):
-        self.window.focus(SWITCH, name)
-        self.display.press("space")
-
     def choose_next(self, chosen, _following):
-        self.window.focus(RADIO, chosen)
+        self.turn_to(RADIO, chosen)
         self.display.press("Right")
 
     def type_colour(self, name, colour):
-        self.window.focus(FIELD, name)
+        self.turn_to(FIELD, name)
         self.display.press("ctrl+a")
         self.display.type(colour)
 
     def pick_swatch(self, name, _swatch):
-        self.window.focus(BUTTON, f"{name}: choose a color")
+        self.turn_to(BUTTON, f"{name}: choose a color")
         for key in ("space", "Right", "Return"):
             self.display.press(key)
 
     def add(self, app):
-        self.window.focus(FIELD, "Search applications")
+        self.turn_to(FIELD, "Search applications")
         self.display.type(app.name.lower())
         self.window.control(ITEM, app.name)
+        self.take(app)
+
+    def take(self, _app):
         self.display.press("Return")
 
     def move_first_down(self, _app):
-        self.window.focus(LIST, "Permanent applications")
+        self.turn_to(LIST, "Permanent applications")
         for key in ("Home", "alt+Down"):
             self.display.press(key)
 
     def remove_last(self, _app):
-        self.window.focus(LIST, "Permanent applications")
+        self.turn_to(LIST, "Permanent applications")
         for key in ("End", "Delete"):
             self.display.press(key)
 
     def record(self, chord):
-        self.window.focus(BUTTON, self.window.control(BUTTON, "Trigger shortcut: ").name)
-        self.display.press("Return")
+        self.act(BUTTON, "Trigger shortcut: ")
         self.window.control(BUTTON, "Trigger shortcut: Press a shortcut…")
         self.display.press(chord)
 
@@ -94,32 +99,27 @@ class Keyboard:
 class Pointer(Keyboard):
     """A user who types only where there is no other way."""
 
+    def turn_to(self, role, name):
+        self.window.click(role, name)
+        self.window.wait(role, name, lambda control: control.is_focused, "has the keyboard")
+
+    def act(self, role, name):
+        self.window.click(role, name)
+
     def set_to_most(self, name):
         place = self.window.control(SLIDER, name).place
         with self.display.button_held(*place.centre):
             for step in range(1, 6):
                 self.display.move_pointer(place.centre[0] + step * place.width // 10, place.centre[1])
 
-    def toggle(self, name):
-        self.window.click(SWITCH, name)
-
     def choose_next(self, _chosen, following):
         self.window.click(RADIO, following)
-
-    def type_colour(self, name, colour):
-        self.window.click(FIELD, name)
-        self.window.wait(FIELD, name, lambda field: field.is_focused, "has the keyboard")
-        self.display.press("ctrl+a")
-        self.display.type(colour)
 
     def pick_swatch(self, name, swatch):
         self.window.click(BUTTON, f"{name}: choose a color")
         self.window.click(RADIO, swatch)
 
-    def add(self, app):
-        self.window.click(FIELD, "Search applications")
-        self.window.wait(FIELD, "Search applications", lambda field: field.is_focused, "has the keyboard")
-        self.display.type(app.name.lower())
+    def take(self, app):
         self.window.click(ITEM, app.name)
 
     def move_first_down(self, app):
@@ -132,11 +132,6 @@ class Pointer(Keyboard):
     def remove_last(self, app):
         self.window.click(ITEM, app.name)
         self.window.click(BUTTON, "Remove")
-
-    def record(self, chord):
-        self.window.click(BUTTON, "Trigger shortcut: ")
-        self.window.control(BUTTON, "Trigger shortcut: Press a shortcut…")
-        self.display.press(chord)
 
 
 def setting(launcher, name):
@@ -162,7 +157,6 @@ def wait_holds(launcher, apps):
     wait_until(holds, f"the ring holds {', '.join(app.name for app in apps)}")
 
 
-@pytest.mark.desktop(**LARGE)
 @pytest.mark.parametrize("hand", [Keyboard, Pointer])
 def test_each_kind_of_control_shows_in_the_ring_and_is_kept(launcher, window, apps, display, look, hand):
     *first, added = apps
@@ -176,7 +170,7 @@ def test_each_kind_of_control_shows_in_the_ring_and_is_kept(launcher, window, ap
     wait_preview(display, lambda frame: frame.width == round(BEFORE * 1.1), "the ring is shown from the start")
     user.set_to_most("Diameter")
     wait_preview(display, lambda frame: frame.width == round(LARGEST * 1.1), "the ring shows its new size")
-    user.toggle("Show application names")
+    user.act(SWITCH, "Show application names")
     wait_setting(launcher, "showsAppNames", False)
     look("sizes")
 
@@ -269,7 +263,6 @@ def show_preview(window, look):
     look("beside")
 
 
-@pytest.mark.desktop(**LARGE)
 @pytest.mark.parametrize("desktop_options", [{"window_manager": name} for name in ("openbox", "xfwm4", "metacity")],
                          ids=lambda options: options["window_manager"])
 def test_the_ring_moves_with_the_window_and_goes_with_it(launcher, window, apps, display, look, desktop_options):
@@ -323,7 +316,6 @@ def test_the_ring_follows_the_window_to_another_screen_and_to_its_other_side(lau
     look("other side")
 
 
-@pytest.mark.desktop(**LARGE)
 def test_the_window_has_the_keyboard_again_when_its_tour_or_the_ring_has_gone(launcher, window, display):
     launcher.start(environment=ENVIRONMENT)
     window.open("about")
@@ -333,8 +325,7 @@ def test_the_window_has_the_keyboard_again_when_its_tour_or_the_ring_has_gone(la
     display.press("Return")
     wait_until(lambda: display.has_focus(window.window()), "the settings have it again")
     launcher.summon(1200, 400)
-    display.press("Escape")
-    launcher.wait_hidden()
+    launcher.dismiss()
     window.wait_open()
 
 
@@ -356,7 +347,6 @@ def test_on_a_small_screen_the_window_is_lower_and_shown_whole(launcher, window,
 
 # --- light and dark
 
-@pytest.mark.desktop(**LARGE)
 def test_the_window_is_light_and_dark_as_the_desktop_asks(launcher, window, apps, desktop, display, look):
     launcher.pin(*apps)
     portal = Portal(desktop, "dark")
@@ -408,7 +398,6 @@ IMPORT, IMPORT_TITLE = "Import Settings…", "Import Tavik Launcher Settings"
 FILE_NAME = "Tavik Launcher Settings.json"
 
 
-@pytest.mark.desktop(**LARGE)
 def test_settings_are_exported_imported_and_the_import_undone(launcher, window, apps, desktop, display, look):
     launcher.pin(*apps)
     launcher.settings(ringThickness=99.0)

@@ -132,8 +132,7 @@ def test_without_a_tray_the_settings_offer_themselves_once_per_login_to_who_star
             display.wait_for(SETTINGS)
         else:
             stays(lambda: display.find(SETTINGS) is None and not launcher.is_shown(), "nothing is shown", 3.4)
-        launcher.command("--quit")
-        assert launcher.wait_exit() == 0
+        launcher.quit()
 
     starts(by_hand=False, shows_settings=False)
     starts(by_hand=True, shows_settings=True)

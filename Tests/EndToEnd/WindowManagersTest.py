@@ -42,8 +42,7 @@ def test_the_ring_takes_the_focus_at_once_and_gives_it_back(ring, desktop, displ
         assert display.is_above(window, editor)
         assert display.geometry(window).centre == middle, "no frame moves it"
         display.type("b")
-        display.press("Escape")
-        ring.wait_hidden()
+        ring.dismiss()
         wait_until(lambda: display.has_focus(editor), "the editor has the focus again")
 
 
@@ -56,8 +55,7 @@ def test_the_ring_appears_above_a_full_screen_window(ring, desktop, display, loo
     assert display.is_above(window, film)
     x, y = ring.slot_place(1, 4)
     assert display.picture().pixel(x, y) != (0x28, 0xC8, 0x3C), "the ring is seen, not the film"
-    display.press("Escape")
-    ring.wait_hidden()
+    ring.dismiss()
     wait_until(lambda: display.has_focus(film), "the film has the focus again")
 
 
@@ -145,16 +143,14 @@ def test_a_pointer_that_crosses_other_windows_takes_nothing_from_the_ring(ring, 
         display.move_pointer(x, 400)
         time.sleep(0.1)
         wait_until(lambda: ring.is_shown() and display.has_focus(ring.window()), "the ring has the keyboard")
-    display.press("Escape")
-    ring.wait_hidden()
+    ring.dismiss()
 
 
 @under(*switching_managers())
 def test_nobody_is_thrown_back_to_a_desktop_that_was_left(ring, desktop, display, desktop_options):
     film = open_window(desktop, "Film", "--full-screen", "--colour", "28c83c")
     ring.summon(640, 400)
-    display.press("Escape")
-    ring.wait_hidden()
+    ring.dismiss()
     stays(lambda: display.geometry(film)[2:] == display.size, "the film fills the screen")
 
     ring.summon(640, 400)

@@ -11,6 +11,7 @@
 
 #include <QTemporaryDir>
 
+#include <Support/AppNames.h>
 #include <Support/FakeFileManager.h>
 #include <Support/FakeLoginItem.h>
 #include <Support/FakeWorkspace.h>
@@ -112,11 +113,7 @@ struct RingFixture
 
 inline QString names(const QList<IndexedApp>& apps)
 {
-    QStringList list;
-    for (const IndexedApp& app : apps) {
-        list << app.name();
-    }
-    return list.join(u' ');
+    return namesOf(apps).join(u' ');
 }
 
 } // namespace Tavik::Test

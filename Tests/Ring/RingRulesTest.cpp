@@ -89,27 +89,12 @@ private Q_SLOTS:
         QCOMPARE(geometry.iconRadius, (geometry.innerRadius + 158.0) / 2);
     }
 
-    void slotAtFindsTheWedgeUnderThePoint_data()
-    {
-        const Table<int, double, int> row;
-        row("top", 4, 0.0, 0);
-        row("right", 4, 90.0, 1);
-        row("just before a boundary", 4, 44.99, 0);
-        row("just after a boundary", 4, 45.01, 1);
-        row("last slot reaches up to the top one", 4, 314.9, 3);
-        row("left of the top still belongs to slot 0", 4, 315.1, 0);
-    }
-    void slotAtFindsTheWedgeUnderThePoint()
-    {
-        const auto [slotCount, degreesFromTop, slot] = fetch<int, double, int>();
-        const RingGeometry geometry = ring(slotCount);
-        QCOMPARE(geometry.slotAt(onBand(geometry, degreesFromTop)), std::optional(slot));
-    }
-
     void everyWedgeIsWhatItsSlotAnswersTo()
     {
         for (const int count : {1, 2, 3, 6, 24}) {
             const RingGeometry geometry = ring(count);
+            QCOMPARE(geometry.slotCenter(0),
+                     geometry.center - QPointF(0, geometry.iconRadius)); // At the top.
             for (int slot = 0; slot < count; ++slot) {
                 QCOMPARE(geometry.slotAt(geometry.slotCenter(slot)), std::optional(slot));
                 const QPainterPath wedge = geometry.wedgeShape(geometry.slotAngle(slot));

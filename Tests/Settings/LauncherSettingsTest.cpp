@@ -153,22 +153,6 @@ private Q_SLOTS:
         QCOMPARE(store.told, (QStringList{permanent, preview}));
         QCOMPARE(settings.permanentAppPaths(), QStringList{u"X"_s});
     }
-
-    void launchAtLoginShowsTheRealStatus()
-    {
-        using enum LoginItem::Status;
-        SettingsStore store;
-        for (const auto status : {enabled, notRegistered, requiresApproval, notFound}) {
-            store.loginItem.state = status;
-            store.settings.refreshLaunchAtLoginStatus();
-            QCOMPARE(store.settings.launchesAtLogin(),
-                     status == enabled || status == requiresApproval);
-            QCOMPARE(store.settings.launchAtLoginMessage().has_value(), status == requiresApproval);
-            const LauncherSettings fresh(store.defaults, store.loginItem, store.notifications);
-            QCOMPARE(fresh.launchesAtLogin(), store.settings.launchesAtLogin());
-        }
-        QVERIFY(store.defaults.written.isEmpty());
-    }
 };
 
 QTEST_APPLESS_MAIN(LauncherSettingsTest)

@@ -92,6 +92,11 @@ struct Application : RecordingPlatform
     std::optional<AppDelegate> delegate;
 };
 
+struct Started : Application
+{
+    Started() { start(); }
+};
+
 } // namespace
 
 class AppDelegateTest final : public QObject
@@ -186,8 +191,7 @@ private Q_SLOTS:
 
     void aWalkThatIsAskedForIsCelebrated()
     {
-        Application application;
-        application.start();
+        Started application;
         application.workQueue.runAll();
         application.perform(AppAction::reindex);
         click(*shown(reindexTitle), u"Reindex Now"_s);
@@ -209,8 +213,7 @@ private Q_SLOTS:
     void windowsAreReusedWhileTheyLiveAndOnlyTheSettingsOutliveTheirClosing()
     {
         const auto [title, action, isKept] = fetch<QString, AppAction, bool>();
-        Application application;
-        application.start();
+        Started application;
         application.perform(action);
         const QPointer<QWidget> first = shown(title);
         QVERIFY(first);
@@ -238,8 +241,7 @@ private Q_SLOTS:
     void aKeyThatComesAfterTheWindowsEndDoesNoHarm()
     {
         const auto [title, action, key] = fetch<QString, AppAction, Qt::Key>();
-        Application application;
-        application.start();
+        Started application;
         application.perform(action);
         const QPointer<QWidget> control = shown(title)->focusWidget();
         QTest::keyPress(control, key);
@@ -252,8 +254,7 @@ private Q_SLOTS:
 
     void theTourLeadsToTheSettingsAndIsTakenOnceItIsLeft()
     {
-        Application application;
-        application.start();
+        Started application;
         application.perform(AppAction::tour);
         const QWidget* tour = shown(tourTitle);
         click(*tour, u"Open Settings"_s);
@@ -267,8 +268,7 @@ private Q_SLOTS:
 
     void theUpdaterFollowsTheSettingsAndStopsAtTheEnd()
     {
-        Application application;
-        application.start();
+        Started application;
         application.delegate->perform({.action = AppAction::settings, .argument = u"updates"_s});
         const auto* frequency
             = shown(settingsTitle)->findChild<SegmentedChoice*>(u"updateCheckFrequency"_s);
@@ -304,8 +304,7 @@ private Q_SLOTS:
 
     void theSettingsHideTheRingAndShowItsPreviewBesideThem()
     {
-        Application application;
-        application.start();
+        Started application;
         const auto requestPreview = [&application] {
             application.notifications.post(LauncherSettings::previewRequestNotification);
         };
@@ -364,8 +363,7 @@ private Q_SLOTS:
 
     void theSessionsEndClosesNoWindow()
     {
-        Application application;
-        application.start();
+        Started application;
         application.perform(AppAction::tour);
         const auto endSession = [] {
             QEvent quit(QEvent::Quit);
@@ -403,8 +401,7 @@ private Q_SLOTS:
     void onlyWhatUsersLaunchIsRecorded()
     {
         const auto [frontmost, isRecorded] = fetch<std::optional<RunningApplication>, bool>();
-        Application application;
-        application.start();
+        Started application;
         application.workspace.frontmost = frontmost;
         application.workspace.center.post(Workspace::didActivateApplication);
         QCOMPARE(application.userDefaults.values.value(u"RecentAppsPaths"_s).toStringList(),

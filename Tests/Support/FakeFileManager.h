@@ -6,10 +6,12 @@
 #include <QMap>
 #include <QSet>
 
+#include <Support/Noting.h>
+
 namespace Tavik::Test {
 
 /// A file system of records: what exists, what a walk finds, and what the bundles say.
-class FakeFileManager : public FileManager
+class FakeFileManager : public FileManager, public Noting
 {
 public:
     [[nodiscard]] bool fileExists(const QString& path) const override
@@ -73,6 +75,7 @@ public:
     [[nodiscard]] std::unique_ptr<FolderWatch> watch(const QStringList& folders,
                                                      FoldersChanged changed) override
     {
+        note("watch folders");
         watched = folders;
         folderChanged = std::move(changed);
         return std::make_unique<FolderWatch>();

@@ -7,14 +7,19 @@
 #include <QList>
 #include <QStringList>
 
+#include <Support/Noting.h>
 #include <utility>
 
 namespace Tavik::Test {
 
-class FakeAccessibilityPermission : public AccessibilityPermission
+class FakeAccessibilityPermission : public AccessibilityPermission, public Noting
 {
 public:
-    [[nodiscard]] bool isTrusted() const override { return trusted; }
+    [[nodiscard]] bool isTrusted() const override
+    {
+        note("ask for the permission");
+        return trusted;
+    }
     void prompt() override { calls << QStringLiteral("prompt"); }
     [[nodiscard]] bool isForKeys() const override { return forKeys; }
     [[nodiscard]] Obstacle obstacle() const override { return told; }
@@ -34,7 +39,7 @@ public:
 };
 
 /// A keyboard whose events the test writes, source by source. Must outlive what it hands out.
-class FakeKeyEvents : public KeyEvents
+class FakeKeyEvents : public KeyEvents, public Noting
 {
 public:
     [[nodiscard]] HotKeyResult registerHotKey(const HotKey& hotKey,
@@ -42,6 +47,9 @@ public:
     {
         if (!hotKey.keyCode && !listensForChords) {
             return {.registration = nullptr, .status = -1};
+        }
+        if (hotKey.keyCode) {
+            note("take the key");
         }
         requests.append(hotKey);
         if (hotKeyError != 0) {

@@ -5,30 +5,32 @@
 
 #include <QStringList>
 
+#include <Support/Noting.h>
+
 namespace Tavik::Test {
 
 /// An updater that finds what the test says; notes what it was told in order.
-class FakeUpdater final : public Updater
+class FakeUpdater final : public Updater, public Noting
 {
 public:
     [[nodiscard]] std::optional<QString> whyNotUpdating() const override { return whyNot; }
     void startUpdater(UpdateUserDriver& userDriver) override
     {
-        note(QStringLiteral("start updater"));
+        told(QStringLiteral("start updater"));
         driver = &userDriver;
     }
     void setAutomaticallyChecksForUpdates(bool checks) override
     {
-        note(checks ? QStringLiteral("check by itself") : QStringLiteral("check when asked"));
+        told(checks ? QStringLiteral("check by itself") : QStringLiteral("check when asked"));
     }
     void setUpdateCheckInterval(std::chrono::seconds interval) override
     {
-        note(QStringLiteral("every %1 s").arg(interval.count()));
+        told(QStringLiteral("every %1 s").arg(interval.count()));
     }
-    void checkForUpdates() override { note(QStringLiteral("check")); }
+    void checkForUpdates() override { told(QStringLiteral("check")); }
     void stopUpdater() override
     {
-        note(QStringLiteral("stop updater"));
+        told(QStringLiteral("stop updater"));
         driver = nullptr;
     }
     [[nodiscard]] std::optional<QString> programToRelaunch() const override { return std::nullopt; }
@@ -36,15 +38,12 @@ public:
     std::optional<QString> whyNot;
     UpdateUserDriver* driver = nullptr; ///< While it is started.
     QStringList calls;
-    std::function<void(const QString&)> onCall; ///< May be empty.
 
 private:
-    void note(const QString& call)
+    void told(const QString& call)
     {
         calls << call;
-        if (onCall) {
-            onCall(call);
-        }
+        note(qPrintable(call));
     }
 };
 

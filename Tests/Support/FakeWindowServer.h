@@ -6,10 +6,12 @@
 #include <QPainter>
 #include <QStringList>
 
+#include <Support/Noting.h>
+
 namespace Tavik::Test {
 
 /// A window system of answers; records what the panel asked for.
-class FakeWindowServer : public WindowServer
+class FakeWindowServer : public WindowServer, public Noting
 {
 public:
     [[nodiscard]] bool isPanelManaged() const override { return isManaged; }
@@ -29,7 +31,11 @@ public:
         calls << (skips ? QStringLiteral("skip taskbar") : QStringLiteral("in taskbar"));
     }
     void reportMoves(WId) override { }
-    void takeKeyboardFocus(WId) override { calls << QStringLiteral("take focus"); }
+    void takeKeyboardFocus(WId) override
+    {
+        note("bring a window to the front");
+        calls << QStringLiteral("take focus");
+    }
     void takeKeyboardFocusForPanel() override { calls << QStringLiteral("take focus"); }
     void returnKeyboardFocus() override { calls << QStringLiteral("return focus"); }
     [[nodiscard]] bool hasKeyboardFocus(WId) const override { return hasFocus; }

@@ -6,10 +6,12 @@
 #include <QMap>
 #include <QStringList>
 
+#include <Support/Noting.h>
+
 namespace Tavik::Test {
 
 /// A workspace whose applications the test starts and ends; records what was opened.
-class FakeWorkspace : public Workspace
+class FakeWorkspace : public Workspace, public Noting
 {
 public:
     [[nodiscard]] QList<RunningApplication> runningApplications() const override { return running; }
@@ -29,7 +31,11 @@ public:
         opened.append(path);
         completion(openError);
     }
-    [[nodiscard]] NotificationCenter& notificationCenter() override { return center; }
+    [[nodiscard]] NotificationCenter& notificationCenter() override
+    {
+        note("");
+        return center;
+    }
 
     /// Adds a regular application and says so.
     void launch(const QString& path, const QString& identifier = {})

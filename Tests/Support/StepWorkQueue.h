@@ -3,16 +3,21 @@
 
 #include <TavikLauncherPlatform/WorkQueue.h>
 
+#include <Support/Noting.h>
 #include <deque>
 #include <utility>
 
 namespace Tavik::Test {
 
 /// A work queue that the test runs piece by piece, so that every interleaving can be played.
-class StepWorkQueue : public WorkQueue
+class StepWorkQueue : public WorkQueue, public Noting
 {
 public:
-    void schedule(WorkPriority, Job job) override { m_waiting.push_back(std::move(job)); }
+    void schedule(WorkPriority, Job job) override
+    {
+        note("work");
+        m_waiting.push_back(std::move(job));
+    }
 
     bool finish() override
     {

@@ -9,7 +9,8 @@ import shutil
 import subprocess
 import sys
 
-from harness.picture import write_png
+from PIL import Image
+
 from harness.waiting import wait_until
 
 PROGRAM = pathlib.Path(__file__).with_name("window_program.py")
@@ -124,7 +125,7 @@ class Applications:
     def _icon(self, colour, side=64):
         path = self.icons / f"{colour}.png"
         if not path.exists():
-            write_png(path, side, side, bytes((*PALETTE[colour], 255)) * (side * side), channels=4)
+            Image.new("RGB", (side, side), PALETTE[colour]).save(path)
         return path
 
 

@@ -142,9 +142,6 @@ class Display:
 
         return heard
 
-    def active_window(self):
-        return (self.root_property("_NET_ACTIVE_WINDOW") or [0])[0]
-
     def focused_window(self):
         """The window that receives key presses, or 0."""
         focus = self.connection.get_input_focus().focus

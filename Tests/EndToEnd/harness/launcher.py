@@ -113,6 +113,10 @@ class Launcher:
         except subprocess.TimeoutExpired as error:
             raise AssertionError("the launcher did not end") from error
 
+    def quit(self):
+        assert self.command("--quit").returncode == 0
+        assert self.wait_exit() == 0
+
     def stop(self):
         if self.process:
             processes.end(self.process)
@@ -166,6 +170,10 @@ class Launcher:
 
     def wait_hidden(self):
         self.display.wait_gone(TITLE, wider_than=LARGEST_ICON)
+
+    def dismiss(self):
+        self.display.press("Escape")
+        self.wait_hidden()
 
     def slot_place(self, slot, count, scale=1.0, diameter=320, thickness=80):
         """The centre of a slot's icon on the screen, in pixels."""

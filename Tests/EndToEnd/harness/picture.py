@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: MIT
 """Pixels as the X server sends them: compared, probed, and written as PNG."""
 import pathlib
-import struct
-import zlib
+
+from PIL import Image
 
 
 class Picture:
@@ -35,24 +35,8 @@ class Picture:
         return sum(a != b for a, b in zip(mine, theirs)) / max(1, len(mine))
 
     def save(self, path):
-        rgb = bytearray(3 * self.width * self.height)
-        rgb[0::3], rgb[1::3], rgb[2::3] = self.data[2::4], self.data[1::4], self.data[0::4]
-        write_png(path, self.width, self.height, bytes(rgb), channels=3)
-
-
-def write_png(path, width, height, pixels, channels):
-    """Writes 8-bit RGB (3 channels) or RGBA (4 channels) pixels, rows from top to bottom."""
-
-    def chunk(kind, body):
-        return struct.pack(">I", len(body)) + kind + body + struct.pack(">I", zlib.crc32(kind + body))
-
-    stride = width * channels
-    rows = b"".join(b"\0" + pixels[row * stride:(row + 1) * stride] for row in range(height))
-    header = struct.pack(">IIBBBBB", width, height, 8, {3: 2, 4: 6}[channels], 0, 0, 0)
-    path = pathlib.Path(path)
-    path.parent.mkdir(parents=True, exist_ok=True)
-    path.write_bytes(
-        b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header) + chunk(b"IDAT", zlib.compress(rows, 3)) + chunk(b"IEND", b""))
+        pathlib.Path(path).parent.mkdir(parents=True, exist_ok=True)
+        Image.frombytes("RGB", (self.width, self.height), self.data, "raw", "BGRX").save(path, compress_level=3)
 
 
 def colour_distance(one, other):

@@ -2,12 +2,18 @@
 #include <TavikLauncherPlatform/KeyEvents.h>
 #include <TavikLauncherPlatform/Linux/Session/KeyCodes.h>
 #include <TavikLauncherPlatform/Linux/Session/PortalWishes.h>
+#include <TavikLauncherPlatform/Linux/Session/SessionAccessibilityPermission.h>
 #include <TavikLauncherPlatform/Linux/X11/X11GrabModifiers.h>
 
 #include <QDBusVariant>
 #include <QTest>
 
+#include <Support/FakeWorkspace.h>
+#include <Support/Table.h>
+
 namespace Tavik {
+using namespace Test;
+using namespace Qt::StringLiterals;
 
 class SessionRulesTest : public QObject
 {
@@ -32,17 +38,17 @@ private Q_SLOTS:
             PortalWishes wishes;
             wishes.take(
                 QLatin1String(group), QLatin1String(key), QVariant::fromValue(QDBusVariant(value)));
-            return (wishes.reduceMotion() ? u"calm"_qs : QString())
-                + (wishes.wantHighContrast() ? u"strong"_qs : QString());
+            return (wishes.reduceMotion() ? u"calm"_s : QString())
+                + (wishes.wantHighContrast() ? u"strong"_s : QString());
         };
-        QCOMPARE(asks("org.gnome.desktop.interface", "enable-animations", false), u"calm"_qs);
+        QCOMPARE(asks("org.gnome.desktop.interface", "enable-animations", false), u"calm"_s);
         QCOMPARE(asks("org.gnome.desktop.interface", "enable-animations", true), QString());
-        QCOMPARE(asks("org.freedesktop.appearance", "reduced-motion", 1U), u"calm"_qs);
+        QCOMPARE(asks("org.freedesktop.appearance", "reduced-motion", 1U), u"calm"_s);
         QCOMPARE(asks("org.freedesktop.appearance", "reduced-motion", 0U), QString());
-        QCOMPARE(asks("org.kde.kdeglobals.KDE", "AnimationDurationFactor", u"0"_qs), u"calm"_qs);
-        QCOMPARE(asks("org.kde.kdeglobals.KDE", "AnimationDurationFactor", u"odd"_qs), QString());
-        QCOMPARE(asks("org.freedesktop.appearance", "contrast", 1U), u"strong"_qs);
-        QCOMPARE(asks("org.gnome.desktop.a11y.interface", "high-contrast", true), u"strong"_qs);
+        QCOMPARE(asks("org.kde.kdeglobals.KDE", "AnimationDurationFactor", u"0"_s), u"calm"_s);
+        QCOMPARE(asks("org.kde.kdeglobals.KDE", "AnimationDurationFactor", u"odd"_s), QString());
+        QCOMPARE(asks("org.freedesktop.appearance", "contrast", 1U), u"strong"_s);
+        QCOMPARE(asks("org.gnome.desktop.a11y.interface", "high-contrast", true), u"strong"_s);
         QCOMPARE(asks("org.freedesktop.appearance", "color-scheme", 1U), QString());
     }
 
@@ -56,6 +62,48 @@ private Q_SLOTS:
         QVERIFY(isAbout(uptimeOfServerTime(1000, 3 * wrap + 1.01), 3 * wrap + 1));
         QVERIFY(isAbout(uptimeOfServerTime(0xffffffff, wrap + 0.01), wrap - 0.001));
         QVERIFY(isAbout(uptimeOfServerTime(5'000'000, 100), 100)); // Of another clock.
+    }
+
+    void anUntrustedUserIsToldTheWayOfTheDesktop_data()
+    {
+        // The desktop, a word of where its shortcuts are made, and what is opened there.
+        const Table<QString, QString, QString> row;
+        row("known", u"XFCE"_s, u"Application Shortcuts"_s, u"/xfce"_s);
+        row("a flavour of a known one", u"ubuntu:GNOME"_s, u"Settings › Keyboard"_s, u"/gnome"_s);
+        row("known, not installed", u"MATE"_s, u"Control Center"_s, QString());
+        row("with a text file", u"sway"_s, u"bindsym"_s, QString());
+        row("another's settings are no help", u"openbox"_s, u"window manager"_s, QString());
+    }
+    void anUntrustedUserIsToldTheWayOfTheDesktop()
+    {
+        const auto [desktop, place, program] = fetch<QString, QString, QString>();
+        FakeWorkspace workspace;
+        workspace.paths
+            = {{u"xfce-keyboard-settings"_s, u"/xfce"_s}, {u"gnome-keyboard-panel"_s, u"/gnome"_s}};
+        SessionAccessibilityPermission permission(workspace, {u"It does not."_s, desktop});
+        QVERIFY(!permission.isTrusted());
+        const auto told = permission.obstacle();
+        QCOMPARE(told.limit, u"It does not."_s);
+        QVERIFY2(told.remedy.contains(place), qPrintable(told.remedy));
+        QVERIFY(told.remedy.contains(u"tavik-launcher --summon"_s));
+        QCOMPARE(told.hasSettings, !program.isEmpty());
+        int failures = 0;
+        const auto failed = [&failures] {
+            ++failures;
+        };
+        permission.openSettings(failed);
+        QCOMPARE(workspace.opened.join(u','), program);
+        QCOMPARE(failures, program.isEmpty() ? 1 : 0);
+        workspace.openError = u"broken"_s;
+        permission.openSettings(failed);
+        QCOMPARE(failures, program.isEmpty() ? 2 : 1);
+    }
+
+    void whereNothingHindersThereIsNothingToTell()
+    {
+        FakeWorkspace workspace;
+        const SessionAccessibilityPermission permission(workspace, {std::nullopt, u"GNOME"_s});
+        QVERIFY(permission.isTrusted() && permission.obstacle().limit.isEmpty());
     }
 };
 

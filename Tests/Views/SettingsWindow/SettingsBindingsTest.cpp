@@ -142,8 +142,7 @@ private Q_SLOTS:
 
     void slidersShowTheirValueWithItsUnit()
     {
-        SettingsWindowFixture fixture;
-        fixture.open(Section::appearance);
+        SettingsWindowFixture fixture(Section::appearance);
         QCOMPARE(fixture.control<QLabel>(u"ringDiameterValue"_s).text(), u"320 pt"_s);
         QCOMPARE(fixture.control<QLabel>(u"maxVisibleAppsValue"_s).text(), u"15"_s);
         fixture.open(Section::theme);
@@ -155,8 +154,7 @@ private Q_SLOTS:
 
     void slidersAssignExactlyTheNumberTheyShow()
     {
-        SettingsWindowFixture fixture;
-        fixture.open(Section::theme);
+        SettingsWindowFixture fixture(Section::theme);
         auto& slider = fixture.control<Slider>(u"ringOpacity"_s);
         for (int percent = 20; percent <= 100; ++percent) {
             slider.setValue(percent);
@@ -188,8 +186,7 @@ private Q_SLOTS:
 
     void whatOthersRuleOutIsDisabled()
     {
-        SettingsWindowFixture fixture;
-        fixture.open(Section::hints);
+        SettingsWindowFixture fixture(Section::hints);
         auto& interval = fixture.control<SegmentedChoice>(u"launchHintInterval"_s);
         QVERIFY(interval.isEnabled());
         fixture.settings.keepsCenterHintVisible.set(true);

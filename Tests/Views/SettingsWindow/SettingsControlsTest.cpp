@@ -125,8 +125,7 @@ private Q_SLOTS:
 
     void colorsAreTypedAndMistypedOnesForgotten()
     {
-        SettingsWindowFixture fixture;
-        fixture.open(Section::theme);
+        SettingsWindowFixture fixture(Section::theme);
         QLineEdit& entry = fixture.control<ColorField>(u"ringColorHex"_s).hexEntry();
         entry.setFocus();
         entry.selectAll();
@@ -144,8 +143,7 @@ private Q_SLOTS:
 
     void swatchesArePickedByKeyboard()
     {
-        SettingsWindowFixture fixture;
-        fixture.open(Section::theme);
+        SettingsWindowFixture fixture(Section::theme);
         auto& well = fixture.control<ColorField>(u"highlightColorHex"_s).well();
         well.setFocus(Qt::TabFocusReason);
         QTest::keyClick(&well, Qt::Key_Space);
@@ -176,8 +174,7 @@ private Q_SLOTS:
 
     void theSwatchesGoWhenSomethingElseIsDone()
     {
-        SettingsWindowFixture fixture;
-        fixture.open(Section::theme);
+        SettingsWindowFixture fixture(Section::theme);
         auto& well = fixture.control<ColorField>(u"ringColorHex"_s).well();
         const auto isOpen = [&] {
             fixture.settle();

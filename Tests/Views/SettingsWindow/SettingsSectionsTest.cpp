@@ -24,8 +24,7 @@ class SettingsSectionsTest final : public QObject
 private Q_SLOTS:
     void pendingSectionsAreBroughtUpAndForgotten()
     {
-        SettingsWindowFixture fixture;
-        fixture.open(Section::hints);
+        SettingsWindowFixture fixture(Section::hints);
         QCOMPARE(fixture.settings.pendingSettingsSectionID(), std::nullopt);
         // While the window is open, too.
         fixture.settings.pendingSettingsSectionID.set(u"theme"_s);
@@ -57,8 +56,7 @@ private Q_SLOTS:
 
     void launchAtLoginShowsTheStatusAndTheMessage()
     {
-        SettingsWindowFixture fixture;
-        fixture.open(Section::general);
+        SettingsWindowFixture fixture(Section::general);
         auto& control = fixture.control<Switch>(u"launchesAtLogin"_s);
         QVERIFY(!control.isChecked());
         QCOMPARE(fixture.message(u"launchAtLoginMessage"_s), QString());
@@ -79,12 +77,16 @@ private Q_SLOTS:
         QCoreApplication::sendEvent(fixture.view.page(), &back);
         QCOMPARE(fixture.message(u"launchAtLoginMessage"_s),
                  u"Enable Tavik Launcher in System Settings > Login Items to finish setup."_s);
+        QVERIFY(control.isChecked());
+        fixture.loginItem.state = LoginItem::Status::notFound;
+        QCoreApplication::sendEvent(fixture.view.page(), &back);
+        QVERIFY(!control.isChecked());
+        QCOMPARE(fixture.message(u"launchAtLoginMessage"_s), QString());
     }
 
     void aRecordedShortcutIsTakenOver()
     {
-        SettingsWindowFixture fixture;
-        fixture.open(Section::shortcut);
+        SettingsWindowFixture fixture(Section::shortcut);
         auto& field = fixture.control<QAbstractButton>(u"hotKeyConfig"_s);
         auto& prompt = fixture.control<QLabel>(u"recordingPrompt"_s);
         QCOMPARE(field.text(), u"⌃⌥ (hold)"_s);
@@ -138,8 +140,7 @@ private Q_SLOTS:
 
     void aShortcutThatProgramsUseIsAskedAbout()
     {
-        SettingsWindowFixture fixture;
-        fixture.open(Section::shortcut);
+        SettingsWindowFixture fixture(Section::shortcut);
         auto& field = fixture.control<QAbstractButton>(u"hotKeyConfig"_s);
         const auto& insist = fixture.control<QAbstractButton>(u"useDoubtful"_s);
         const auto& another = fixture.control<QAbstractButton>(u"chooseAnother"_s);
@@ -163,8 +164,7 @@ private Q_SLOTS:
 
     void themesAreChosenAndRecognised()
     {
-        SettingsWindowFixture fixture;
-        fixture.open(Section::theme);
+        SettingsWindowFixture fixture(Section::theme);
         const auto isChosen = [&](const QString& id) {
             return fixture.control<QAbstractButton>(id).isChecked();
         };
@@ -230,8 +230,7 @@ private Q_SLOTS:
 
     void anExportThatFailsSaysWhy()
     {
-        SettingsWindowFixture fixture;
-        fixture.open(Section::backup);
+        SettingsWindowFixture fixture(Section::backup);
         fixture.chosenFile = u"/home/me/mine.json"_s;
         fixture.fileManager.writeFault = u"No space left on device"_s;
         fixture.click(u"exportSettings"_s);
@@ -278,8 +277,7 @@ private Q_SLOTS:
 
     void buttonsReachWhoIsAskedFor()
     {
-        SettingsWindowFixture fixture;
-        fixture.open(Section::appearance);
+        SettingsWindowFixture fixture(Section::appearance);
         fixture.click(u"resetRingLayout"_s);
         QCOMPARE(fixture.changed.size(), 4);
         fixture.open(Section::updates);

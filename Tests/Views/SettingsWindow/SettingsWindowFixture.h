@@ -37,6 +37,12 @@ struct SettingsWindowFixture : RingFixture
         }
     }
 
+    explicit SettingsWindowFixture(QStringView section)
+        : SettingsWindowFixture()
+    {
+        open(section);
+    }
+
     /// Opens the window at a section, as the keyboard's.
     SettingsPage& open(QStringView section)
     {

@@ -9,6 +9,7 @@
 #include <Support/FileTree.h>
 #include <Support/StepWorkQueue.h>
 #include <Support/Table.h>
+#include <Support/Warnings.h>
 
 using namespace Tavik;
 using namespace Tavik::Test;
@@ -200,8 +201,7 @@ private Q_SLOTS:
     {
         const auto [content] = fetch<QByteArray>();
         write(content);
-        QTest::ignoreMessage(QtWarningMsg,
-                             QRegularExpression(u"^TavikLauncher: failed to load cache: \\S"_s));
+        expectWarning(u"^TavikLauncher: failed to load cache: \\S"_s);
         QCOMPARE(CatalogCache::loadCachedApplications(*m_files), {});
     }
 

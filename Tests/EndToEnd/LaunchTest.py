@@ -15,15 +15,9 @@ def ring(launcher, apps):
     return launcher.start(environment={"TAVIK_TEST_MARK": "kept", "LC_NUMERIC": "C"})
 
 
-def launch(ring, display, slot):
-    ring.summon(640, 400)
-    display.press(f"ctrl+{slot + 1}")
-    ring.wait_hidden()
-
-
 @pytest.mark.parametrize("end", ["quit", "kill"])
 def test_a_launched_program_shows_its_window_and_outlives_the_launcher(ring, apps, display, look, end):
-    launch(ring, display, 0)
+    ring.launch(0)
     start = apps[0].wait_started()
     window = display.wait_for("Alder")
     wait_until(lambda: display.has_focus(window), "the new window has the focus")
@@ -38,7 +32,7 @@ def test_a_launched_program_shows_its_window_and_outlives_the_launcher(ring, app
 
 
 def test_a_launched_program_sees_the_users_environment_and_nothing_of_ours(ring, apps, desktop, display):
-    launch(ring, display, 0)
+    ring.launch(0)
     given = apps[0].wait_started()["environment"]
     expected = {**desktop.environment, **ring.environment}
     allowed = {"GIO_LAUNCHED_DESKTOP_FILE", "GIO_LAUNCHED_DESKTOP_FILE_PID", "DESKTOP_STARTUP_ID",
@@ -49,12 +43,12 @@ def test_a_launched_program_sees_the_users_environment_and_nothing_of_ours(ring,
 
 @under(*switching_managers())
 def test_applications_come_up_from_everywhere(ring, apps, desktop, display, look, desktop_options):
-    launch(ring, display, 0)
+    ring.launch(0)
     window = display.wait_for("Alder")
     wait_until(lambda: display.has_focus(window), "what was started has the focus")
     leave_desktop(desktop, display)
     wait_until(lambda: not display.has_focus(window), "its desktop is left")
-    launch(ring, display, 0)
+    ring.launch(0)
     wait_until(lambda: display.has_focus(window) and display.is_viewable(window), "it is up again")
     look("up again")
     assert len(apps[0].starts()) == 1

@@ -11,22 +11,16 @@ from harness.launcher import IN_BACKGROUND
 from harness.waiting import stays, wait_until
 
 
-def launch(ring, display, slot=0):
-    ring.summon(640, 400)
-    display.press(f"ctrl+{slot + 1}")
-    ring.wait_hidden()
-
-
 def test_a_slow_starter_is_started_once_and_says_that_it_starts(launcher, applications, display):
     slow = applications.add("Slow", arguments="--delay 2.5")
     launcher.pin(slow)
     heard = display.listen_to_starts()
     launcher.start()
-    launch(launcher, display)
+    launcher.launch()
     slow.wait_started()
-    launch(launcher, display)
+    launcher.launch()
     display.wait_for("Slow")
-    launch(launcher, display)
+    launcher.launch()
     stays(lambda: len(slow.starts()) == 1, "it was started once", seconds=1.0)
     given = slow.starts()[0]["environment"]["DESKTOP_STARTUP_ID"]
     told = [kind for kind, text in heard() if f'ID="{given}"' in text]
@@ -38,16 +32,16 @@ def test_a_browser_and_its_web_application_are_two_though_one_process(launcher, 
     page = applications.add("Page", arguments="--class crx_page Browser", lines="StartupWMClass=crx_page\n")
     launcher.pin(browser, page)
     launcher.start()
-    launch(launcher, display, 1)
+    launcher.launch(1)
     window = display.wait_for("Page")
     wait_until(lambda: display.has_focus(window), "the page has the focus")
 
-    launch(launcher, display, 0)
+    launcher.launch(0)
     browser.wait_started()
     other = display.wait_for("Browser")
     wait_until(lambda: display.has_focus(other), "the browser has the focus")
 
-    launch(launcher, display, 1)
+    launcher.launch(1)
     wait_until(lambda: display.has_focus(window), "the page has the focus again")
     assert display.is_above(window, other)
     assert len(page.starts()) == 1 and len(browser.starts()) == 1
@@ -74,7 +68,7 @@ def test_an_activatable_entry_is_asked_and_otherwise_started(launcher, applicati
     service = manner != "missing" and services.application(desktop, "org.example.alder", manner)
     launcher.pin(alder)
     launcher.start()
-    launch(launcher, display)
+    launcher.launch()
     if service:
         [platform_data] = service.wait_called()
         assert "_TIME" in platform_data["desktop-startup-id"]
@@ -97,7 +91,7 @@ def test_a_terminal_program_starts_in_a_terminal(launcher, applications, desktop
     (folder / "python3").symlink_to("/usr/bin/python3")
     launcher.pin(alder)
     launcher.start(environment={"PATH": str(folder)})
-    launch(launcher, display)
+    launcher.launch()
     assert alder.wait_started()["folder"] == str(desktop.home / "share")
     assert seen.read_text().splitlines()[:len(words)] == words
 
@@ -113,7 +107,7 @@ def test_what_cannot_start_is_one_line_and_a_word(launcher, applications, deskto
     (desktop.home / "empty").mkdir()
     launcher.pin(broken)
     launcher.start(environment={"PATH": str(desktop.home / "empty")})
-    launch(launcher, display)
+    launcher.launch()
     assert "Broken" in notices.wait_called()[3]
     lines = [line for line in launcher.log_lines() if "failed to open" in line]
     assert len(lines) == 1 and broken.path in lines[0], lines
@@ -126,7 +120,7 @@ def test_no_bus_is_started_where_there_is_none(launcher, applications, desktop, 
     launcher.environment.update(DBUS_SESSION_BUS_ADDRESS="")
     launcher.process = desktop.spawn([launcher.program, *IN_BACKGROUND], launcher.environment, log="launcher")
     wait_until(lambda: display.is_grabbed(launcher.hot_key), "the hot key is taken")
-    launch(launcher, display)
+    launcher.launch()
     assert not alder.wait_started()["environment"]["DBUS_SESSION_BUS_ADDRESS"]
     ours = [pathlib.Path(f"/proc/{pid}/comm").read_text().strip() for pid in processes.descendants(os.getpid())]
     assert "dbus-launch" not in ours
@@ -137,7 +131,7 @@ def test_each_program_gets_a_scope_of_its_own(launcher, applications, desktop, d
     manager = services.unit_manager(desktop)
     launcher.pin(alder)
     launcher.start()
-    launch(launcher, display)
+    launcher.launch()
     start = alder.wait_started()
     name, mode, properties, _ = manager.wait_called()
     assert name.startswith("app-tavik-org.example.alder-") and name.endswith(".scope") and mode == "fail"
@@ -156,7 +150,7 @@ def test_windows_join_their_entries_whatever_started_them(launcher, applications
     pathlib.Path(alder.path).write_text(text.replace("StartupWMClass=Alder", "StartupWMClass=Late"))
 
     def is_raised():
-        launch(launcher, display)
+        launcher.launch()
         return display.has_focus(stray)
 
     wait_until(is_raised, "the entry, edited in place, has the window", timeout=6)

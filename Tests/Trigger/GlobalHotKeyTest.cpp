@@ -7,6 +7,7 @@
 #include <Support/FakeKeyEvents.h>
 #include <Support/Table.h>
 #include <Support/VirtualMainQueue.h>
+#include <Support/Warnings.h>
 #include <algorithm>
 
 using namespace Tavik;
@@ -19,6 +20,8 @@ constexpr quint64 control = ModifierFlags::control;
 constexpr quint64 chord = ModifierFlags::control | ModifierFlags::option;
 constexpr quint64 lockBits = 0x10000; // Caps Lock, outside the four that count.
 constexpr quint16 space = 49;
+constexpr const char* fallingBack
+    = "Tavik Launcher: Carbon RegisterEventHotKey failed, falling back to NSEvent monitors";
 
 /// A hot key among fakes; `story` tells what it reported: "P", "R", "U" or "N" (it was never held)
 /// and the time.
@@ -392,9 +395,7 @@ private Q_SLOTS:
         Triggered triggered(keyed());
         triggered.keys.hotKeyError = 10;
         QTest::ignoreMessage(QtWarningMsg, "Tavik Launcher: RegisterEventHotKey status 10");
-        QTest::ignoreMessage(QtWarningMsg,
-                             "Tavik Launcher: Carbon RegisterEventHotKey failed, falling back to "
-                             "NSEvent monitors");
+        QTest::ignoreMessage(QtWarningMsg, fallingBack);
         QVERIFY(triggered.hotKey.registerHotKey());
         // Two sources tell of one press, and a tenth of a second is one press too.
         triggered.play(u"t1000:chord g1000.001:chord t1000.2:again W0.09 g1000.1:chord"_s);
@@ -413,9 +414,7 @@ private Q_SLOTS:
             status = error;
         };
         QVERIFY(triggered.hotKey.registerHotKey());
-        QTest::ignoreMessage(QtWarningMsg,
-                             "Tavik Launcher: Carbon RegisterEventHotKey failed, falling back to "
-                             "NSEvent monitors");
+        QTest::ignoreMessage(QtWarningMsg, fallingBack);
         triggered.keys.hotKeyLost(10);
         QCOMPARE(status, 10);
         QVERIFY(!triggered.keys.hotKeyPressed);
@@ -439,9 +438,8 @@ private Q_SLOTS:
         Triggered triggered(config);
         triggered.keys.missingKeys = {52};
         triggered.keys.missingModifiers = ModifierFlags::command;
-        QTest::ignoreMessage(QtWarningMsg,
-                             QRegularExpression(u"^Tavik Launcher: failed to install hotkey "
-                                                "monitors: .*"_s));
+        expectWarning(u"^Tavik Launcher: failed to install hotkey "
+                      "monitors: .*"_s);
         QTest::failOnWarning(QRegularExpression(u".*"_s));
         QVERIFY(!triggered.hotKey.registerHotKey());
         QVERIFY(!triggered.keys.local && !triggered.keys.tap);

@@ -171,6 +171,12 @@ class Launcher:
     def wait_hidden(self):
         self.display.wait_gone(TITLE, wider_than=LARGEST_ICON)
 
+    def launch(self, slot=0):
+        """Launches one of the first nine from the ring."""
+        self.summon(640, 400)
+        self.display.press(f"ctrl+{slot + 1}")
+        self.wait_hidden()
+
     def dismiss(self):
         self.display.press("Escape")
         self.wait_hidden()

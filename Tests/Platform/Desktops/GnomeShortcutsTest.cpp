@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Desktops/GnomeShortcuts.h>
 
-#include <QFile>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <QTest>
 
+#include <Support/FileTree.h>
 #include <Support/MemoryUserDefaults.h>
 #include <Support/Table.h>
 #include <Support/VirtualMainQueue.h>
@@ -28,19 +27,15 @@ class Settings
 public:
     Settings()
     {
-        QFile file(m_folder.filePath(u"keys.gschema.xml"_s));
-        if (file.open(QIODevice::WriteOnly)) {
-            file.write("<schemalist><schema id='" + schema + "' path='" + root
-                       + "'><key name='custom-keybindings' type='as'><default>[]</default></key>"
-                         "</schema><schema id='"
-                       + schema + ".custom-keybinding'>");
-            for (const char* key : {"name", "command", "binding"}) {
-                file.write(QByteArray("<key name='") + key
-                           + "' type='s'><default>''</default></key>");
-            }
-            file.write("</schema></schemalist>");
-        }
-        file.close();
+        const auto text = [](const QByteArray& name) -> QByteArray {
+            return "<key name='" + name + "' type='s'><default>''</default></key>";
+        };
+        m_folder.write(u"keys.gschema.xml"_s,
+                       "<schemalist><schema id='" + schema + "' path='" + root
+                           + "'><key name='custom-keybindings' type='as'><default>[]</default>"
+                             "</key></schema><schema id='"
+                           + schema + ".custom-keybinding'>" + text("name") + text("command")
+                           + text("binding") + "</schema></schemalist>");
         QProcess::execute(u"glib-compile-schemas"_s, {m_folder.path()});
         qputenv("GSETTINGS_SCHEMA_DIR", m_folder.path().toUtf8());
         qputenv("GSETTINGS_BACKEND", "memory");
@@ -52,34 +47,32 @@ public:
     }
     static void bind(const char* path, const QString& accelerator)
     {
-        GSettings* entry
-            = g_settings_new_with_path((schema + ".custom-keybinding").constData(), path);
+        g_autoptr(GSettings) entry = entryAt(path);
         g_settings_set_string(entry, "binding", accelerator.toUtf8().constData());
-        g_object_unref(entry);
     }
     /// The last parts of the paths, and for each of ours what is bound.
     [[nodiscard]] QStringList bindings() const
     {
         QStringList found;
-        char** paths = g_settings_get_strv(m_list.get(), "custom-keybindings");
+        g_auto(GStrv) paths = g_settings_get_strv(m_list.get(), "custom-keybindings");
         for (char** path = paths; *path; ++path) {
-            const std::unique_ptr<GSettings, decltype(&g_object_unref)> entry(
-                g_settings_new_with_path((schema + ".custom-keybinding").constData(), *path),
-                g_object_unref);
-            char* binding = g_settings_get_string(entry.get(), "binding");
-            char* command = g_settings_get_string(entry.get(), "command");
+            g_autoptr(GSettings) entry = entryAt(*path);
+            g_autofree char* binding = g_settings_get_string(entry, "binding");
+            g_autofree char* command = g_settings_get_string(entry, "command");
             found << QString::fromUtf8(*path).section(u'/', -2, -2) + u' '
                     + QString::fromUtf8(binding) + u' '
                     + QString::fromUtf8(command).section(u'"', -2, -2);
-            g_free(binding);
-            g_free(command);
         }
-        g_strfreev(paths);
         return found;
     }
 
 private:
-    QTemporaryDir m_folder;
+    static GSettings* entryAt(const char* path)
+    {
+        return g_settings_new_with_path((schema + ".custom-keybinding").constData(), path);
+    }
+
+    FileTree m_folder;
     std::unique_ptr<GSettings, decltype(&g_object_unref)> m_list{nullptr, g_object_unref};
 };
 

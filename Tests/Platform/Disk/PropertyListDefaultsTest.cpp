@@ -10,6 +10,7 @@
 #include <Support/StepWorkQueue.h>
 #include <Support/Table.h>
 #include <Support/VirtualMainQueue.h>
+#include <Support/Warnings.h>
 #include <memory>
 
 #include <sys/stat.h>
@@ -118,10 +119,8 @@ private Q_SLOTS:
                                      "<plist><dict><key>a</key><true/>"};
         for (const QByteArray& contents : damaged) {
             m_tree->write(u"Defaults.plist"_s, contents);
-            QTest::ignoreMessage(
-                QtWarningMsg,
-                QRegularExpression(
-                    u"^TavikLauncher: settings could not be read .*Defaults\\.plist is now .*"_s));
+            expectWarning(
+                u"^TavikLauncher: settings could not be read .*Defaults\\.plist is now .*"_s);
             const auto defaults = open();
             QVERIFY(!defaults->object(u"a"_s).isValid());
             defaults->setObject(u"b"_s, true);
@@ -157,8 +156,7 @@ private Q_SLOTS:
             m_tree->write(u"dotfiles/settings.plist"_s, contents);
         }
         if (files == 2) {
-            QTest::ignoreMessage(QtWarningMsg,
-                                 QRegularExpression(u"settings\\.plist\\.damaged-"_s));
+            expectWarning(u"settings\\.plist\\.damaged-"_s);
         }
         const auto defaults = open();
         QCOMPARE(defaults->boolValue(u"old"_s).has_value(), contents.contains("old"));
@@ -179,8 +177,7 @@ private Q_SLOTS:
         const QByteArray before = FileTree::contents(m_path);
         {
             const FullDisk full(static_cast<rlim_t>(before.size()));
-            QTest::ignoreMessage(
-                QtWarningMsg, QRegularExpression(u"^TavikLauncher: failed to save settings: "_s));
+            expectWarning(u"^TavikLauncher: failed to save settings: "_s);
             // One line in the log, however often it fails.
             for (int attempt = 0; attempt < 3; ++attempt) {
                 defaults->setObject(u"a"_s, QString(5000, u'x'));
@@ -200,8 +197,7 @@ private Q_SLOTS:
     void whatCouldNotBeReadAgainIsNotWritten()
     {
         open()->setObject(u"a"_s, u"old"_s);
-        QTest::ignoreMessage(QtWarningMsg,
-                             QRegularExpression(u"failed to save settings: .*too many"_s));
+        expectWarning(u"failed to save settings: .*too many"_s);
         open()->setObject(u"b"_s, QString(PropertyListBounds::mostBytes, u'x'));
         QCOMPARE(open()->stringValue(u"a"_s), u"old"_s);
     }
@@ -214,10 +210,8 @@ private Q_SLOTS:
              {m_tree->makeFolder(u"folder"_s), pipe, m_tree->link(pipe, u"link"_s)}) {
             m_path = path;
             const QStringList before = FileTree::names(m_tree->path());
-            QTest::ignoreMessage(QtWarningMsg,
-                                 QRegularExpression(u"is not a regular file, settings start"_s));
-            QTest::ignoreMessage(QtWarningMsg,
-                                 QRegularExpression(u"failed to save settings: .*not a regular"_s));
+            expectWarning(u"is not a regular file, settings start"_s);
+            expectWarning(u"failed to save settings: .*not a regular"_s);
             open()->setObject(u"a"_s, 1LL);
             QCOMPARE(FileTree::names(m_tree->path()), before);
             QVERIFY(!QFileInfo(m_path).isFile());
@@ -228,10 +222,8 @@ private Q_SLOTS:
     {
         // A regular file whose first byte nobody can read, not even an administrator.
         m_tree->link(u"/proc/self/mem"_s, u"Defaults.plist"_s);
-        QTest::ignoreMessage(QtWarningMsg,
-                             QRegularExpression(u"could not be opened, settings start .*: .+"_s));
-        QTest::ignoreMessage(QtWarningMsg,
-                             QRegularExpression(u"failed to save settings: .*left as it is"_s));
+        expectWarning(u"could not be opened, settings start .*: .+"_s);
+        expectWarning(u"failed to save settings: .*left as it is"_s);
         const auto defaults = open();
         defaults->setObject(u"a"_s, 1LL);
         endTurn();

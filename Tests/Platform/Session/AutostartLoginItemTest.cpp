@@ -6,6 +6,7 @@
 
 #include <Support/FileTree.h>
 #include <Support/Table.h>
+#include <Support/Warnings.h>
 #include <glib.h>
 #include <memory>
 
@@ -17,17 +18,14 @@ namespace {
 /// What a desktop would start, read with GLib as desktops do; empty when it could not.
 QString programIn(const QString& entryPath)
 {
-    const std::unique_ptr<GKeyFile, decltype(&g_key_file_unref)> entry(g_key_file_new(),
-                                                                       g_key_file_unref);
-    if (!g_key_file_load_from_file(entry.get(), qPrintable(entryPath), G_KEY_FILE_NONE, nullptr)) {
+    g_autoptr(GKeyFile) entry = g_key_file_new();
+    if (!g_key_file_load_from_file(entry, qPrintable(entryPath), G_KEY_FILE_NONE, nullptr)) {
         return {};
     }
-    const std::unique_ptr<char, decltype(&g_free)> line(
-        g_key_file_get_string(entry.get(), "Desktop Entry", "Exec", nullptr), g_free);
+    g_autofree char* line = g_key_file_get_string(entry, "Desktop Entry", "Exec", nullptr);
     gint count = 0;
-    gchar** arguments = nullptr;
-    g_shell_parse_argv(line.get(), &count, &arguments, nullptr);
-    const std::unique_ptr<gchar*, decltype(&g_strfreev)> owned(arguments, g_strfreev);
+    g_auto(GStrv) arguments = nullptr;
+    g_shell_parse_argv(line, &count, &arguments, nullptr);
     const bool isStartAtLogin = count == 2 && qstrcmp(arguments[1], "--background") == 0;
     return isStartAtLogin ? QString::fromUtf8(arguments[0]).replace(u"%%"_s, u"%"_s) : QString();
 }
@@ -126,11 +124,9 @@ private Q_SLOTS:
     {
         m_tree->makeFolder(m_entry + u"/not empty"_s);
         QCOMPARE(item().status(), LoginItem::Status::notRegistered);
-        QTest::ignoreMessage(QtWarningMsg,
-                             QRegularExpression(u"failed to set launch at login: "_s));
+        Test::expectWarning(u"failed to set launch at login: "_s);
         QVERIFY(!item().registerItem());
-        QTest::ignoreMessage(QtWarningMsg,
-                             QRegularExpression(u"failed to end launch at login: "_s));
+        Test::expectWarning(u"failed to end launch at login: "_s);
         QVERIFY(!item().unregisterItem());
     }
 

@@ -5,6 +5,7 @@
 #include <QRegularExpression>
 
 #include <Support/Table.h>
+#include <Support/Warnings.h>
 
 using namespace Tavik;
 using namespace Qt::StringLiterals;
@@ -68,7 +69,7 @@ private Q_SLOTS:
         };
         const QVariant timeBefore = seen("Time");
         if (!warning.isEmpty()) {
-            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(warning));
+            Test::expectWarning(warning);
         }
         m_bench->mainQueue.advance(day - 60);
         while (m_bench->mainQueue.pendingTasks() == 1) {

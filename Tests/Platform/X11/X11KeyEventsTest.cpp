@@ -163,27 +163,19 @@ private Q_SLOTS:
 
     void keysGoOnWhenNobodyAnswers()
     {
-        const X11Connection other;
-        const xcb_window_t window = xcb_generate_id(other.get());
+        TestClient other;
+        const xcb_window_t window = other.createWindow(QByteArrayLiteral("other\0Other\0"));
         const std::array<uint32_t, 2> values{1, XCB_EVENT_MASK_KEY_PRESS};
-        xcb_create_window(other.get(),
-                          XCB_COPY_FROM_PARENT,
-                          window,
-                          other.root(),
-                          0,
-                          0,
-                          100,
-                          100,
-                          0,
-                          XCB_WINDOW_CLASS_INPUT_OUTPUT,
-                          XCB_COPY_FROM_PARENT,
-                          XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK,
-                          values.data());
-        xcb_map_window(other.get(), window);
-        xcb_set_input_focus(other.get(), XCB_INPUT_FOCUS_POINTER_ROOT, window, XCB_CURRENT_TIME);
-        xcb_flush(other.get());
+        xcb_change_window_attributes(other.connection(),
+                                     window,
+                                     XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK,
+                                     values.data());
+        other.map(window);
+        xcb_set_input_focus(
+            other.connection(), XCB_INPUT_FOCUS_POINTER_ROOT, window, XCB_CURRENT_TIME);
+        other.sync();
         const auto hasKey = [&other] {
-            return X11Reply<xcb_generic_event_t>(xcb_poll_for_event(other.get())) != nullptr;
+            return X11Reply<xcb_generic_event_t>(xcb_poll_for_event(other.connection())) != nullptr;
         };
         bool wasHeld = false;
         bool wentOn = false;

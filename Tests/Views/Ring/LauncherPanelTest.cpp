@@ -61,8 +61,7 @@ private Q_SLOTS:
     {
         const auto [key, modifiers, text, effect]
             = fetch<int, Qt::KeyboardModifiers, QString, QString>();
-        PanelFixture fixture;
-        fixture.showRing();
+        ShownPanel fixture;
         const RingInteraction& ring = fixture.ring().interaction();
         QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, u"\r"_s, true);
         QCoreApplication::sendEvent(&fixture.ring().filterField(), &repeated);
@@ -159,8 +158,7 @@ private Q_SLOTS:
 
     void emptyRingHasNoWedge()
     {
-        PanelFixture fixture;
-        fixture.showRing();
+        ShownPanel fixture;
         fixture.commands.insertText(u"zz"_s);
         fixture.settle();
         QVERIFY(!fixture.ring().scene().showsWedge);
@@ -189,8 +187,7 @@ private Q_SLOTS:
 
     void nextSummonIsDrawnAheadAndItsIconsDecoded()
     {
-        PanelFixture fixture;
-        fixture.showRing();
+        ShownPanel fixture;
         fixture.commands.insertText(u"c"_s);
         fixture.panel->orderOut();
         fixture.settle();
@@ -208,8 +205,7 @@ private Q_SLOTS:
 
     void emptyFieldFadesUnlessItIsToStay()
     {
-        PanelFixture fixture;
-        fixture.showRing();
+        ShownPanel fixture;
         QCOMPARE(fixture.ring().scene().center.fieldOpacity, 1.0);
         fixture.commands.moveSelectionRight();
         fixture.mainQueue.advance(1);
@@ -228,8 +224,7 @@ private Q_SLOTS:
 
     void clickLaunchesTheSlotThatWasPressed()
     {
-        PanelFixture fixture;
-        fixture.showRing();
+        ShownPanel fixture;
         QWidget* ring = &fixture.ring();
         QTest::mousePress(ring, Qt::LeftButton, {}, fixture.slotPoint(1));
         QTest::mouseRelease(ring, Qt::LeftButton, {}, fixture.slotPoint(2));
@@ -246,8 +241,7 @@ private Q_SLOTS:
 
     void aClickSelectsNothingThatTheRingHasNotReachedYet()
     {
-        PanelFixture fixture;
-        fixture.showRing();
+        ShownPanel fixture;
         fixture.presentation.setAppearance(0.5, 0.5);
         QTest::mouseClick(&fixture.ring(), Qt::LeftButton, {}, fixture.slotPoint(1));
         QVERIFY(fixture.workspace.opened.isEmpty());
@@ -397,8 +391,7 @@ private Q_SLOTS:
 
     void theOvershootIsNotCutOffToASquare()
     {
-        PanelFixture fixture;
-        fixture.showRing();
+        ShownPanel fixture;
         fixture.presentation.setAppearance(1.1, 1);
         const QImage image = picture(fixture);
         for (int at = 0; at < image.width(); at += 4) {
@@ -417,8 +410,7 @@ private Q_SLOTS:
 
     void wheelTurnsTheSelectionStepByStep()
     {
-        PanelFixture fixture;
-        fixture.showRing();
+        ShownPanel fixture;
         for (const int angle : {-60, -60, -240, 120}) {
             QWheelEvent event(
                 center, center, {}, {0, angle}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
@@ -429,8 +421,7 @@ private Q_SLOTS:
 
     void assistiveTechnologyPressesTheButtons()
     {
-        PanelFixture fixture;
-        fixture.showRing();
+        ShownPanel fixture;
         QAccessibleInterface* ring = QAccessible::queryAccessibleInterface(&fixture.ring());
         QAccessibleInterface* third = ring->child(ring->childCount() - 3);
         QCOMPARE(ring->indexOfChild(third), ring->childCount() - 3);

@@ -74,4 +74,9 @@ struct PanelFixture : RingFixture
     std::unique_ptr<LauncherPanel> panel;
 };
 
+struct ShownPanel : PanelFixture
+{
+    ShownPanel() { showRing(); }
+};
+
 } // namespace Tavik::Test

@@ -7,6 +7,7 @@
 #include <Support/FakeStatusTray.h>
 #include <Support/Table.h>
 #include <Support/VirtualMainQueue.h>
+#include <Support/Warnings.h>
 
 using namespace Tavik;
 using namespace Tavik::Test;
@@ -82,7 +83,7 @@ private Q_SLOTS:
         const auto [hosts, expected] = fetch<QList<Host>, int>();
         StatusItemFixture fixture;
         if (!hosts.contains(Host::notifier) && !hosts.contains(Host::embedding)) {
-            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"no tray"_s));
+            expectWarning(u"no tray"_s);
         }
         int installedAfter = -1;
         for (int second = 0; second < 20; ++second) {

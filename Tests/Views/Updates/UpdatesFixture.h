@@ -13,6 +13,7 @@
 
 #include <Support/FakeDesktop.h>
 #include <Support/FakeWindowServer.h>
+#include <Support/Hands.h>
 #include <Support/Table.h>
 #include <Support/VirtualMainQueue.h>
 #include <algorithm>
@@ -91,34 +92,22 @@ struct UpdatesFixture
     [[nodiscard]] static QStringList texts()
     {
         QStringList texts;
-        for (const QLabel* label : window()->findChildren<QLabel*>()) {
-            if (label->isVisible() && !label->text().isEmpty()) {
-                texts << label->text();
-            }
+        for (const QLabel* label : visible<QLabel>(*window())) {
+            texts << label->text();
         }
+        texts.removeAll(QString());
         return texts;
     }
     /// The visible buttons from left to right.
     [[nodiscard]] static QList<QPushButton*> buttons()
     {
-        QList<QPushButton*> buttons;
-        for (QPushButton* button : window()->findChildren<QPushButton*>()) {
-            if (button->isVisible()) {
-                buttons << button;
-            }
-        }
+        QList<QPushButton*> buttons = visible<QPushButton>(*window());
         std::ranges::sort(buttons, {}, [](const QPushButton* button) { return button->x(); });
         return buttons;
     }
     static void click(const QString& text)
     {
-        for (QPushButton* button : buttons()) {
-            if (button->text() == text) {
-                QTest::mouseClick(button, Qt::LeftButton);
-                return;
-            }
-        }
-        QFAIL(qPrintable(u"no button "_s + text));
+        QVERIFY2(Test::click(*window(), text), qPrintable(u"no button "_s + text));
     }
     static void press(Qt::Key key)
     {

@@ -19,6 +19,7 @@
 #include <Support/CutTexts.h>
 #include <Support/FakeDesktop.h>
 #include <Support/FakeKeyEvents.h>
+#include <Support/Hands.h>
 #include <Support/Table.h>
 #include <optional>
 
@@ -30,29 +31,10 @@ using Phase = ReindexSession::Phase;
 
 namespace {
 
-/// The first visible button or label with that text, or null.
-template <typename Control> Control* find(const QWidget& view, const QString& text)
-{
-    for (auto* control : view.findChildren<Control*>()) {
-        if (control->isVisible() && control->text() == text) {
-            return control;
-        }
-    }
-    return nullptr;
-}
 bool says(const QWidget& view, const QString& text)
 {
     return find<QLabel>(view, text) != nullptr;
 }
-bool click(const QWidget& view, const QString& text)
-{
-    auto* button = find<QPushButton>(view, text);
-    if (button) {
-        QTest::mouseClick(button, Qt::LeftButton);
-    }
-    return button != nullptr;
-}
-
 std::function<void()> counting(int& count)
 {
     return [&count] {

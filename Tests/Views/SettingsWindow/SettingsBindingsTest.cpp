@@ -198,8 +198,8 @@ private Q_SLOTS:
         fixture.settings.autoUpdatesEnabled.set(false);
         QVERIFY(!fixture.control<SegmentedChoice>(u"updateCheckFrequency"_s).isEnabled());
         // What cannot be had at all has no control, but its reason.
-        SettingsWindowFixture other(u"A package of Debian's."_s);
-        const QWidget& page = other.open(Section::updates);
+        SettingsWindowFixture other(Section::updates, u"A package of Debian's."_s);
+        const QWidget& page = *other.view.page();
         QVERIFY(page.findChildren<QAbstractButton*>().isEmpty());
         QVERIFY(std::ranges::any_of(page.findChildren<QLabel*>(), [&](const QLabel* label) {
             return label->text() == other.whyNotUpdating;

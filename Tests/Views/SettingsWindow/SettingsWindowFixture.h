@@ -20,7 +20,9 @@ namespace Tavik::Test {
 /// `chosenFile`, or not at all while it is empty.
 struct SettingsWindowFixture : RingFixture
 {
-    explicit SettingsWindowFixture(std::optional<QString> whyNot = std::nullopt)
+    /// Opens the window at that section, if one is given.
+    explicit SettingsWindowFixture(QStringView section = {},
+                                   std::optional<QString> whyNot = std::nullopt)
         : whyNotUpdating(std::move(whyNot))
     {
         QObject::connect(&settings,
@@ -35,12 +37,9 @@ struct SettingsWindowFixture : RingFixture
             tokens.push_back(notifications.addObserver(
                 name, [this](const auto& notification) { posted.append(notification.name); }));
         }
-    }
-
-    explicit SettingsWindowFixture(QStringView section)
-        : SettingsWindowFixture()
-    {
-        open(section);
+        if (!section.isEmpty()) {
+            open(section);
+        }
     }
 
     /// Opens the window at a section, as the keyboard's.

@@ -3,8 +3,10 @@
 the pointer do in it."""
 import pytest
 
+from conftest import PICTURES
 from harness.desktop import Monitor
 from harness.display import Rect
+from harness.services import Portal
 from harness.waiting import wait_until
 from harness.window_managers import under
 
@@ -53,27 +55,32 @@ def test_a_dense_screen_has_the_ring_around_the_pointers_own_pixel(
     apps[1].wait_started()
 
 
-def test_the_ring_opens_with_a_dot_that_grows(ring, display, look):
+@pytest.mark.parametrize("motion", ["none", "calm"])
+def test_the_ring_opens_with_a_dot_that_grows_or_where_motion_is_reduced_fades_in_its_place(
+        launcher, apps, desktop, display, motion):
     """Time is under test: between the key press and the end of the animation there are steps."""
-    window = ring.summon(640, 400)
-    place = display.geometry(window)
+    Portal(desktop, motion)
+    launcher.pin(*apps)
+    place = display.geometry(launcher.start().summon(640, 400))
     complete = display.picture(place)
-    ring.dismiss()
+    launcher.dismiss()
     empty = display.picture(place)
 
     looks = []
-    display.press(ring.hot_key)
+    display.press(launcher.hot_key)
     while len(looks) < 2000 and (not looks or looks[-1] != complete):
         looks.append(display.picture(place))
-    look("open")
-    sizes = [taken.share_unlike(empty) for taken in looks if taken != empty and taken != complete]
-    full = complete.share_unlike(empty)
-    assert len({round(size, 3) for size in sizes}) >= 4, f"shares of the square seen: {sizes}"
-    assert min(sizes) < 0.5 * full, "it starts small"
+    steps = [taken for taken in looks if taken not in (empty, complete)]
+    steps[len(steps) // 3].save(PICTURES / f"RingTest.opening-motion-{motion}.png")
+    sizes = [taken.share_unlike(empty) / complete.share_unlike(empty) for taken in steps]
     # Just outside the ring at rest, left of it, where only its shadow lies then.
-    beyond = 18, 233
-    shade = sum(complete.pixel(*beyond))
-    assert min(sum(taken.pixel(*beyond)) for taken in looks) < shade - 60, "it overshoots before it settles"
+    shades = [sum(taken.pixel(18, 233)) for taken in (*looks, complete)]
+    assert len({taken.data for taken in steps}) >= 4, "it takes its time"
+    if motion == "calm":
+        assert min(sizes) > 0.9 and min(shades) == shades[-1], "it is where it will be"
+    else:
+        assert min(sizes) < 0.5, "it starts small"
+        assert min(shades) < shades[-1] - 60, "it overshoots before it settles"
 
 
 def test_typing_filters_backspace_brings_all_back_and_arrows_go_around_to_what_return_launches(ring, apps, display, look):

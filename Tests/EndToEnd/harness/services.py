@@ -59,10 +59,11 @@ def notifications(desktop):
 class Portal(BusService):
     """A desktop's settings, with colour scheme and contrast."""
     PATH, INTERFACE, GROUP = "/org/freedesktop/portal/desktop", "org.freedesktop.portal.Settings", "org.freedesktop.appearance"
-    WISHES = {"none": ("color-scheme", 0), "dark": ("color-scheme", 1), "light": ("color-scheme", 2), "contrast": ("contrast", 1)}
+    WISHES = {"none": ("color-scheme", 0), "dark": ("color-scheme", 1), "light": ("color-scheme", 2), "contrast": ("contrast", 1),
+              "calm": ("reduced-motion", 1)}
 
     def __init__(self, desktop, wish):
-        self._values = {"contrast": 0, **dict([self.WISHES[wish]])}
+        self._values = {"contrast": 0, "reduced-motion": 0, **dict([self.WISHES[wish]])}
         super().__init__(desktop, "org.freedesktop.portal.Desktop", (self.PATH, self.INTERFACE, """
           <method name="Read"><arg type="s" direction="in"/><arg type="s" direction="in"/><arg type="v" direction="out"/></method>
           <signal name="SettingChanged"><arg type="s"/><arg type="s"/><arg type="v"/></signal>"""))

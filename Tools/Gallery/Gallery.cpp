@@ -162,7 +162,7 @@ int main(int argc, char** argv)
     if (arguments.size() == 5 && arguments.at(1) == u"--scheme") {
         return drawOne(arguments.at(2), arguments.at(3).toDouble(), arguments.at(4));
     }
-    if (arguments.size() < 2) {
+    if (arguments.size() < 2 || arguments.at(1).startsWith(u'-')) {
         std::fputs("tavik-gallery FOLDER [DESKTOPS [PICTURES]], as light-1x or dark, and ring\n",
                    stderr);
         return 2;

@@ -3,6 +3,7 @@
 drives and watches the desktop."""
 import ast
 import contextlib
+import dataclasses
 import json
 import os
 import pathlib
@@ -21,16 +22,25 @@ from harness.window_managers import WINDOW_MANAGERS, wants_all
 NOBODY = 65534  # sway refuses to run as root; root's programs may use it all the same.
 
 
+@dataclasses.dataclass(frozen=True)
+class Screens:
+    """`count` outputs side by side, which share the display's width."""
+    count: int = 1
+    scale: float = 1
+
+
 class WaylandDesktop(Desktop):
     """Use as a context manager. `has_x` says whether programs also find an X server."""
     program = ""  # What has to be installed.
     name = ""  # In $XDG_CURRENT_DESKTOP.
     is_heavy = False  # Only there where all desktops were installed.
     hears_chords = True
+    has_one_window = False  # For all screens; else one for each.
 
-    def __init__(self, has_x):
+    def __init__(self, has_x, screens=Screens()):
         super().__init__(DesktopOptions(window_manager="none", has_compositor=False))
         self.has_x = has_x
+        self.screens = screens
         self._session = {}
         self.compositor = None
 
@@ -44,7 +54,7 @@ class WaylandDesktop(Desktop):
     def _start(self):
         super()._start()
         self._session = {"XDG_SESSION_TYPE": "wayland", "XDG_CURRENT_DESKTOP": self.name, **self._start_compositor()}
-        self._focus_the_one_window()
+        self._place_windows()
         self.settle()
 
     def _start_compositor(self):
@@ -67,16 +77,20 @@ class WaylandDesktop(Desktop):
         session = {**super().environment, **self._session}
         return {name: value for name, value in session.items() if value}
 
-    def _focus_the_one_window(self):
-        """Nobody else gives it the keyboard."""
-        def window():
-            shown = (w for w in self.display.root.query_tree().children
-                     if self.display.is_viewable(w.id) and self.display.geometry(w.id).width >= self.options.width)
-            return next(shown, None)
+    @property
+    def screen_width(self):
+        return self.options.width // self.screens.count
 
-        host = wait_until(window, "the desktop has its window")
-        host.configure(x=0, y=0)
-        host.set_input_focus(X.RevertToParent, X.CurrentTime)
+    def _place_windows(self):
+        """Nobody else does, and gives one the keyboard."""
+        def windows():
+            shown = [w for w in self.display.root.query_tree().children
+                     if self.display.is_viewable(w.id) and self.display.geometry(w.id).width >= self.screen_width]
+            return len(shown) >= (1 if self.has_one_window else self.screens.count) and sorted(shown, key=lambda w: w.id)
+
+        for position, host in enumerate(wait_until(windows, "the desktop has its windows")):
+            host.configure(x=position * self.screen_width, y=0)
+            host.set_input_focus(X.RevertToParent, X.CurrentTime)
         self.display.connection.sync()
 
 
@@ -92,7 +106,8 @@ class Sway(WaylandDesktop):
         configuration = run / "config"
         configuration.write_text(
             f"xwayland {'enable' if self.has_x else 'disable'}\n{self.configuration}"
-            f"output X11-1 resolution {self.options.width}x{self.options.height} position 0,0\n"
+            + "".join(f"output X11-{i + 1} resolution {self.screen_width}x{self.options.height}"
+                      f" position {i * self.screen_width},0 scale {self.screens.scale}\n" for i in range(self.screens.count)) +
             "exec swaybg -c '#307090'\n"  # Of our own: sway's goes for a moment at each reload.
             f"{'exec xhost +local:' if self.has_x else ''}\n"
             f"exec_always echo >> {run}/loads\n"
@@ -103,7 +118,7 @@ class Sway(WaylandDesktop):
                 os.chown(path, NOBODY, NOBODY)
             command = ["setpriv", f"--reuid={NOBODY}", f"--regid={NOBODY}", "--clear-groups", *command]
         self.compositor = self.spawn(command, {
-            "XDG_RUNTIME_DIR": str(run), "HOME": str(run), "WLR_BACKENDS": "x11", "WLR_X11_OUTPUTS": "1",
+            "XDG_RUNTIME_DIR": str(run), "HOME": str(run), "WLR_BACKENDS": "x11", "WLR_X11_OUTPUTS": str(self.screens.count),
             "WLR_RENDERER": "pixman", "WLR_LIBINPUT_NO_DEVICES": "1"}, log="compositor")
         told = run / "environment"
         wait_until(told.exists, "sway runs", timeout=20)
@@ -148,9 +163,11 @@ class KWin(WaylandDesktop):
     def _start_compositor(self):
         # The installed file has a capability that a container may not give, and then cannot be run.
         copy = shutil.copy(shutil.which(self.program), self.home)
+        width, height = (str(round(side / self.screens.scale)) for side in (self.screen_width, self.options.height))
         self.compositor = self.spawn(
-            [copy, "--no-lockscreen", "--x11-display", self.display_name, "--width", str(self.options.width), "--height",
-             str(self.options.height), "--socket", "wayland-test", *(["--xwayland"] if self.has_x else [])],
+            [copy, "--no-lockscreen", "--x11-display", self.display_name, "--width", width, "--height", height, "--output-count",
+             str(self.screens.count), "--scale", str(self.screens.scale), "--socket", "wayland-test",
+             *(["--xwayland"] if self.has_x else [])],
             {"KWIN_COMPOSE": "O2", "LIBGL_ALWAYS_SOFTWARE": "1"}, log="compositor")
         wait_until(lambda: self.name_has_owner("org.kde.kglobalaccel"), "KWin runs", timeout=30)
         session = {"WAYLAND_DISPLAY": "wayland-test", "KDE_FULL_SESSION": "true", "KDE_SESSION_VERSION": "5", "DISPLAY": ""}
@@ -165,12 +182,14 @@ class GnomeShell(WaylandDesktop):
     media_keys = "org.gnome.settings-daemon.plugins.media-keys"
     name = "GNOME"
     is_heavy = True
+    has_one_window = True
 
     def _start_compositor(self):
         manager = WINDOW_MANAGERS["gnome-shell"]
         self._session = {
             **manager.prepare(self), "GSETTINGS_SCHEMA_DIR": "/usr/share/glib-2.0/schemas",
-            "MUTTER_DEBUG_DUMMY_MODE_SPECS": f"{self.options.width}x{self.options.height}"}
+            "MUTTER_DEBUG_DUMMY_MODE_SPECS": f"{self.screen_width}x{self.options.height}",
+            "MUTTER_DEBUG_NUM_DUMMY_MONITORS": str(self.screens.count)}
         with (self.home / "config" / "glib-2.0" / "settings" / "keyfile").open("a") as settings:
             settings.write("[org/gnome/desktop/notifications]\nshow-banners=false\n")
         self.compositor = self.spawn(["gnome-shell", "--wayland", "--nested", "--unsafe-mode", "--wayland-display", "wayland-test",

@@ -9,8 +9,6 @@
 #include <Support/FakeKeyEvents.h>
 #include <Support/MemoryUserDefaults.h>
 #include <atomic>
-#include <map>
-#include <mutex>
 #include <thread>
 
 #include <wayland-hyprland-shortcuts-server.h>
@@ -21,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A compositor with nothing but Hyprland's shortcuts, on a thread of its own.
+/// A compositor with one of Hyprland's shortcuts and nothing else, on a thread of its own.
 class FakeHyprland
 {
 public:
@@ -33,20 +31,7 @@ public:
                          1,
                          this,
                          &FakeHyprland::bind);
-        m_thread = std::thread([this] {
-            while (!m_isEnding) {
-                constexpr int moment = 5; // Milliseconds.
-                wl_event_loop_dispatch(wl_display_get_event_loop(m_display), moment);
-                const std::lock_guard lock(m_mutex);
-                for (; m_presses > 0; --m_presses) {
-                    for (const auto& [name, shortcut] : m_shortcuts) {
-                        hyprland_global_shortcut_v1_send_pressed(shortcut, 0, 0, 0);
-                        hyprland_global_shortcut_v1_send_released(shortcut, 0, 0, 0);
-                    }
-                }
-                wl_display_flush_clients(m_display);
-            }
-        });
+        m_thread = std::thread([this] { run(); });
     }
     ~FakeHyprland()
     {
@@ -58,38 +43,38 @@ public:
     FakeHyprland(const FakeHyprland&) = delete;
     FakeHyprland& operator=(const FakeHyprland&) = delete;
 
-    /// Presses and releases what its configuration binds, which is all.
-    void press()
-    {
-        const std::lock_guard lock(m_mutex);
-        ++m_presses;
-    }
-    [[nodiscard]] QStringList names()
-    {
-        const std::lock_guard lock(m_mutex);
-        QStringList names;
-        for (const auto& [name, shortcut] : m_shortcuts) {
-            names << name;
-        }
-        return names;
-    }
+    /// Presses and releases the keys that its configuration has for our shortcut.
+    void press() { m_isPressed = true; }
+    [[nodiscard]] bool knowsOurs() const { return m_shortcut; }
 
 private:
+    using Resource = wl_resource;
+
+    void run()
+    {
+        while (!m_isEnding) {
+            constexpr int moment = 5; // Milliseconds.
+            wl_event_loop_dispatch(wl_display_get_event_loop(m_display), moment);
+            if (m_shortcut && m_isPressed.exchange(false)) {
+                hyprland_global_shortcut_v1_send_pressed(m_shortcut, 0, 0, 0);
+                hyprland_global_shortcut_v1_send_released(m_shortcut, 0, 0, 0);
+            }
+            wl_display_flush_clients(m_display);
+        }
+    }
+    static void end(wl_client*, Resource* resource) { wl_resource_destroy(resource); }
     static void bind(wl_client* client, void* data, uint32_t version, uint32_t id)
     {
         static const struct hyprland_global_shortcuts_manager_v1_interface calls
         {
-            .register_shortcut = &FakeHyprland::take,
-            .destroy = [](wl_client*, wl_resource* resource) {
-                wl_resource_destroy(resource);
-            }
+            take, end
         };
-        wl_resource* manager = wl_resource_create(
-            client, &hyprland_global_shortcuts_manager_v1_interface, static_cast<int>(version), id);
-        wl_resource_set_implementation(manager, &calls, data, nullptr);
+        const auto* kind = &hyprland_global_shortcuts_manager_v1_interface;
+        Resource* made = wl_resource_create(client, kind, static_cast<int>(version), id);
+        wl_resource_set_implementation(made, &calls, data, nullptr);
     }
     static void take(wl_client* client,
-                     wl_resource* manager,
+                     Resource* manager,
                      uint32_t number,
                      const char* id,
                      const char* application,
@@ -97,34 +82,27 @@ private:
                      const char*)
     {
         auto& self = *static_cast<FakeHyprland*>(wl_resource_get_user_data(manager));
-        const std::lock_guard lock(self.m_mutex);
-        const QString name = u"%1:%2"_s.arg(QLatin1String(application), QLatin1String(id));
-        if (self.m_shortcuts.contains(name)) {
-            wl_resource_post_error(
-                manager, HYPRLAND_GLOBAL_SHORTCUTS_MANAGER_V1_ERROR_ALREADY_TAKEN, "taken");
+        const bool isOurs
+            = qstrcmp(id, "summon") == 0 && qstrcmp(application, "org.tavik.Launcher") == 0;
+        if (self.m_shortcut || !isOurs) {
+            constexpr uint32_t taken = HYPRLAND_GLOBAL_SHORTCUTS_MANAGER_V1_ERROR_ALREADY_TAKEN;
+            wl_resource_post_error(manager, taken, "taken");
             return;
         }
         static const struct hyprland_global_shortcut_v1_interface calls
         {
-            .destroy = [](wl_client*, wl_resource* resource) {
-                wl_resource_destroy(resource);
-            }
+            end
         };
-        wl_resource* shortcut
+        self.m_shortcut
             = wl_resource_create(client, &hyprland_global_shortcut_v1_interface, 1, number);
-        self.m_shortcuts[name] = shortcut;
-        wl_resource_set_implementation(shortcut, &calls, &self, [](wl_resource* gone) {
-            auto& owner = *static_cast<FakeHyprland*>(wl_resource_get_user_data(gone));
-            const std::lock_guard ownerLock(owner.m_mutex);
-            std::erase_if(owner.m_shortcuts,
-                          [gone](const auto& each) { return each.second == gone; });
+        wl_resource_set_implementation(self.m_shortcut, &calls, &self, [](Resource* gone) {
+            static_cast<FakeHyprland*>(wl_resource_get_user_data(gone))->m_shortcut = nullptr;
         });
     }
 
     wl_display* m_display = wl_display_create();
-    std::mutex m_mutex;
-    std::map<QString, wl_resource*> m_shortcuts;
-    int m_presses = 0;
+    std::atomic<Resource*> m_shortcut = nullptr;
+    std::atomic<bool> m_isPressed = false;
     std::atomic<bool> m_isEnding = false;
     std::thread m_thread;
 };
@@ -167,7 +145,7 @@ private Q_SLOTS:
         QCOMPARE(permission.obstacle().command, line);
         hotKey.keyCode = 49;
         QCOMPARE(shortcuts.bind(hotKey, handlers()), 0);
-        QTRY_COMPARE(hyprland.names(), QStringList{u"org.tavik.Launcher:summon"_s});
+        QTRY_VERIFY(hyprland.knowsOurs());
         QVERIFY(!permission.isTrusted() && !permission.obstacle().isLiftedByPrompt);
         QVERIFY(permission.obstacle().remedy.endsWith(line));
         hyprland.press();
@@ -189,7 +167,7 @@ private Q_SLOTS:
         QCOMPARE(shortcuts.bind(hotKey, handlers()), 0);
         QVERIFY(!permission.isTrusted());
         shortcuts.unbind();
-        QTRY_VERIFY(hyprland.names().isEmpty());
+        QTRY_VERIFY(!hyprland.knowsOurs());
     }
 
 private:

@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
-"""The chord: modifiers held alone show the ring, tapped twice they pin it."""
+"""The chord: modifiers held alone show the ring, tapped twice they pin it, beside the shortcuts of the desktop and of
+other programs."""
 import contextlib
 import ctypes
 import time
@@ -16,6 +17,7 @@ from harness.window_managers import under
 CONTROL_SHIFT = 0x60000
 NAMES = ("Alder", "Birch", "Dog Rose", "Dogwood")
 CHORD = ("ctrl", "alt")
+DELAYS = (0.01, 0.03, 0.12, 0.3, 0.6)  # Seconds from the chord to another key.
 XKB_CORE_KEYBOARD = 0x100
 TAP = 0.08  # Seconds from press to release, and between two taps.
 REGISTERED = "Tavik Launcher hotkey registered (modifier-only): local=1 tap=1 global=1 AXTrusted=1"
@@ -256,3 +258,72 @@ def test_a_shortcut_changed_while_it_is_held_lets_go_and_the_new_one_serves(laun
     with display.held(*CHORD):
         launcher.wait_open()
     launcher.wait_hidden()
+
+
+# --- beside the shortcuts of others
+
+
+def press_with_chord(display, ring, key, delay):
+    """Returns whether the ring was still there a moment after the key, with the chord held."""
+    with display.held(*CHORD):
+        time.sleep(delay)
+        display.press(key)
+        time.sleep(0.1)
+        was_shown = ring.is_shown()
+    return was_shown
+
+
+@under("openbox", "xfwm4")
+def test_the_desktops_own_shortcut_switches_the_workspace(ring, display, desktop_options):
+    def workspace():
+        return (display.root_property("_NET_CURRENT_DESKTOP") or [None])[0]
+
+    assert display.root_property("_NET_NUMBER_OF_DESKTOPS")[0] >= 2
+    for delay, key in zip(DELAYS, ("Right", "Left") * len(DELAYS)):
+        before = workspace()
+        assert not press_with_chord(display, ring, key, delay)
+        wait_until(lambda: workspace() != before, f"the workspace is another, {delay} s after the chord")
+        stays(lambda: not ring.is_shown(), "the ring is gone", seconds=0.2)
+
+
+@under("openbox", "xfwm4")
+def test_another_programs_shortcut_reaches_it_and_pins_nothing(ring, desktop, display, look, desktop_options):
+    editor = open_window(desktop, "Editor", "--geometry", "400", "300", "60", "60")
+    display.grab("ctrl+alt+t")
+    for delay in DELAYS:
+        for _ in range(2):  # Two quick ones are no double tap.
+            assert not press_with_chord(display, ring, "t", delay)
+            assert [event.type for event in display.grabbed_events()] == [X.KeyPress, X.KeyRelease]
+            assert not ring.is_shown()
+            wait_until(lambda: display.has_focus(editor), "the editor has the keyboard again")
+        look(f"after {delay} s")
+
+
+def test_a_third_modifier_that_is_let_go_first_is_no_second_press(ring, display):
+    with display.held(*CHORD):
+        ring.wait_open()
+        with display.held("shift"):
+            ring.wait_hidden()
+        stays(lambda: not ring.is_shown(), "the ring is not there again")
+    with display.held(*CHORD):
+        ring.wait_open()
+    ring.wait_hidden()
+
+
+def test_switching_the_layout_with_the_pair_shows_no_ring(ring, desktop, display):
+    desktop.run(["setxkbmap", "-layout", "us,ru", "-option", "grp:ctrl_alt_toggle"])
+    time.sleep(0.5)  # The launcher reads the new map.
+    for _ in range(4):
+        with display.held(*CHORD):
+            stays(lambda: not ring.is_shown(), "no ring", seconds=0.2)
+
+
+def test_sticky_keys_hold_the_chord_until_the_next_key(ring, desktop, display):
+    desktop.run(["xkbset", "accessx", "sticky"])
+    display.press("ctrl")
+    display.press("alt")
+    ring.wait_open()
+    display.press("b")
+    stays(ring.is_shown, "what was typed into stays open")
+    display.press("Escape")
+    ring.dismiss()

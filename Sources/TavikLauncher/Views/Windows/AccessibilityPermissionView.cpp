@@ -144,18 +144,13 @@ QLayout* AccessibilityPermissionView::makeHead()
     head->addWidget(m_text);
     for (QLabel** note : {&m_limit, &m_remedy}) {
         head->addSpacing(8);
-        head->addWidget(*note = makeNote());
+        *note = WindowStyle::makeLabel({}, {.size = 12}, this);
+        (*note)->setAlignment(Qt::AlignHCenter);
+        head->addWidget(*note);
     }
+    // There may be a command in it.
+    m_remedy->setTextInteractionFlags(Qt::TextSelectableByMouse);
     return head;
-}
-
-/// Can be selected, for there may be a command in it.
-QLabel* AccessibilityPermissionView::makeNote()
-{
-    QLabel* note = WindowStyle::makeLabel({}, {.size = 12}, this);
-    note->setAlignment(Qt::AlignHCenter);
-    note->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    return note;
 }
 
 QLayout* AccessibilityPermissionView::makeControls()

@@ -45,7 +45,6 @@ private:
     class Divider;
     QLayout* makeHead();
     QLayout* makeControls();
-    QLabel* makeNote();
     void tie(Button& button, void (AccessibilityPermissionSession::*action)());
     /// Goes over to what the session says now.
     void changePhase();

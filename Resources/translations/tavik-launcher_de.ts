@@ -1925,16 +1925,16 @@
         <translation>Von Fenstern anderer Programme sagt niemand etwas.</translation>
     </message>
     <message>
-        <source>No program is seen to run.</source>
-        <translation>Kein Programm wird als laufend erkannt.</translation>
+        <source>Only programs with a name on the session bus are seen to run.</source>
+        <translation>Man sieht nur Programme laufen, die einen Namen auf dem Sitzungsbus haben.</translation>
     </message>
     <message>
         <source>Nobody brings other programs&apos; windows to the front.</source>
         <translation>Niemand holt Fenster anderer Programme nach vorn.</translation>
     </message>
     <message>
-        <source>A program that runs is started once more.</source>
-        <translation>Ein laufendes Programm wird noch einmal gestartet.</translation>
+        <source>A program that runs is started once more, unless it has a name on the session bus.</source>
+        <translation>Ein laufendes Programm wird noch einmal gestartet, außer es hat einen Namen auf dem Sitzungsbus.</translation>
     </message>
     <message>
         <source>Custom shortcuts in GNOME&apos;s keyboard settings.</source>
@@ -2033,8 +2033,8 @@
         <translation>Die Fensterverwaltung zählt ihre Fenster auf.</translation>
     </message>
     <message>
-        <source>Only X11 programs are seen to run.</source>
-        <translation>Nur X11-Programme werden als laufend erkannt.</translation>
+        <source>Of programs other than X11&apos;s, only those with a name on the session bus are seen to run.</source>
+        <translation>Von anderen Programmen als denen von X11 sieht man nur die laufen, die einen Namen auf dem Sitzungsbus haben.</translation>
     </message>
     <message>
         <source>No window manager runs, or an old one that lists none.</source>
@@ -2045,8 +2045,8 @@
         <translation>Eine Bitte an die Fensterverwaltung.</translation>
     </message>
     <message>
-        <source>Other programs than those of X11 are started once more.</source>
-        <translation>Andere als X11-Programme werden noch einmal gestartet.</translation>
+        <source>Programs other than X11&apos;s are started once more, unless they have a name on the session bus.</source>
+        <translation>Andere Programme als die von X11 werden noch einmal gestartet, außer sie haben einen Namen auf dem Sitzungsbus.</translation>
     </message>
     <message>
         <source>The desktop places the ring.</source>

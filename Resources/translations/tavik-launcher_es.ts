@@ -1925,16 +1925,16 @@
         <translation>Nadie informa de las ventanas de otros programas.</translation>
     </message>
     <message>
-        <source>No program is seen to run.</source>
-        <translation>No se ve ningún programa en marcha.</translation>
+        <source>Only programs with a name on the session bus are seen to run.</source>
+        <translation>Solo se ven en marcha los programas que tienen nombre en el bus de sesión.</translation>
     </message>
     <message>
         <source>Nobody brings other programs&apos; windows to the front.</source>
         <translation>Nadie trae al frente las ventanas de otros programas.</translation>
     </message>
     <message>
-        <source>A program that runs is started once more.</source>
-        <translation>Un programa en marcha se inicia otra vez.</translation>
+        <source>A program that runs is started once more, unless it has a name on the session bus.</source>
+        <translation>Un programa en marcha se inicia otra vez, salvo si tiene nombre en el bus de sesión.</translation>
     </message>
     <message>
         <source>Custom shortcuts in GNOME&apos;s keyboard settings.</source>
@@ -2033,8 +2033,8 @@
         <translation>El gestor de ventanas enumera sus ventanas.</translation>
     </message>
     <message>
-        <source>Only X11 programs are seen to run.</source>
-        <translation>Solo se ven en marcha los programas de X11.</translation>
+        <source>Of programs other than X11&apos;s, only those with a name on the session bus are seen to run.</source>
+        <translation>De los programas que no son de X11 solo se ven en marcha los que tienen nombre en el bus de sesión.</translation>
     </message>
     <message>
         <source>No window manager runs, or an old one that lists none.</source>
@@ -2045,8 +2045,8 @@
         <translation>Una petición al gestor de ventanas.</translation>
     </message>
     <message>
-        <source>Other programs than those of X11 are started once more.</source>
-        <translation>Los programas que no son de X11 se inician otra vez.</translation>
+        <source>Programs other than X11&apos;s are started once more, unless they have a name on the session bus.</source>
+        <translation>Los programas que no son de X11 se inician otra vez, salvo si tienen nombre en el bus de sesión.</translation>
     </message>
     <message>
         <source>The desktop places the ring.</source>

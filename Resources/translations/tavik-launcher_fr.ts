@@ -1925,16 +1925,16 @@
         <translation>Rien ne renseigne sur les fenêtres des autres programmes.</translation>
     </message>
     <message>
-        <source>No program is seen to run.</source>
-        <translation>Aucun programme n’est vu en cours d’exécution.</translation>
+        <source>Only programs with a name on the session bus are seen to run.</source>
+        <translation>Seuls les programmes qui ont un nom sur le bus de session sont vus actifs.</translation>
     </message>
     <message>
         <source>Nobody brings other programs&apos; windows to the front.</source>
         <translation>Rien ne met au premier plan les fenêtres des autres programmes.</translation>
     </message>
     <message>
-        <source>A program that runs is started once more.</source>
-        <translation>Un programme déjà lancé l’est une seconde fois.</translation>
+        <source>A program that runs is started once more, unless it has a name on the session bus.</source>
+        <translation>Un programme actif est lancé une fois de plus, sauf s’il a un nom sur le bus de session.</translation>
     </message>
     <message>
         <source>Custom shortcuts in GNOME&apos;s keyboard settings.</source>
@@ -2033,8 +2033,8 @@
         <translation>Le gestionnaire de fenêtres énumère ses fenêtres.</translation>
     </message>
     <message>
-        <source>Only X11 programs are seen to run.</source>
-        <translation>Seuls les programmes X11 sont vus en cours d’exécution.</translation>
+        <source>Of programs other than X11&apos;s, only those with a name on the session bus are seen to run.</source>
+        <translation>Parmi les programmes autres que ceux de X11, seuls ceux qui ont un nom sur le bus de session sont vus actifs.</translation>
     </message>
     <message>
         <source>No window manager runs, or an old one that lists none.</source>
@@ -2045,8 +2045,8 @@
         <translation>Une demande au gestionnaire de fenêtres.</translation>
     </message>
     <message>
-        <source>Other programs than those of X11 are started once more.</source>
-        <translation>Les programmes autres que X11 sont lancés une seconde fois.</translation>
+        <source>Programs other than X11&apos;s are started once more, unless they have a name on the session bus.</source>
+        <translation>Les programmes autres que ceux de X11 sont lancés une fois de plus, sauf s’ils ont un nom sur le bus de session.</translation>
     </message>
     <message>
         <source>The desktop places the ring.</source>

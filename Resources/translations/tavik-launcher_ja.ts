@@ -1922,16 +1922,16 @@
         <translation>ほかのプログラムのウィンドウは通知されません。</translation>
     </message>
     <message>
-        <source>No program is seen to run.</source>
-        <translation>実行中のプログラムを認識できません。</translation>
+        <source>Only programs with a name on the session bus are seen to run.</source>
+        <translation>セッションバスに名前を持つプログラムだけが実行中と分かります。</translation>
     </message>
     <message>
         <source>Nobody brings other programs&apos; windows to the front.</source>
         <translation>ほかのプログラムのウィンドウを前面に出す手段がありません。</translation>
     </message>
     <message>
-        <source>A program that runs is started once more.</source>
-        <translation>実行中のプログラムがもう一度起動されます。</translation>
+        <source>A program that runs is started once more, unless it has a name on the session bus.</source>
+        <translation>実行中のプログラムは、セッションバスに名前を持たない限り、もう一度起動されます。</translation>
     </message>
     <message>
         <source>Custom shortcuts in GNOME&apos;s keyboard settings.</source>
@@ -2030,8 +2030,8 @@
         <translation>ウィンドウマネージャーがウィンドウを一覧します。</translation>
     </message>
     <message>
-        <source>Only X11 programs are seen to run.</source>
-        <translation>X11 のプログラムだけが実行中と認識されます。</translation>
+        <source>Of programs other than X11&apos;s, only those with a name on the session bus are seen to run.</source>
+        <translation>X11 以外のプログラムは、セッションバスに名前を持つものだけが実行中と分かります。</translation>
     </message>
     <message>
         <source>No window manager runs, or an old one that lists none.</source>
@@ -2042,8 +2042,8 @@
         <translation>ウィンドウマネージャーへの要求。</translation>
     </message>
     <message>
-        <source>Other programs than those of X11 are started once more.</source>
-        <translation>X11 以外のプログラムはもう一度起動されます。</translation>
+        <source>Programs other than X11&apos;s are started once more, unless they have a name on the session bus.</source>
+        <translation>X11 以外のプログラムは、セッションバスに名前を持たない限り、もう一度起動されます。</translation>
     </message>
     <message>
         <source>The desktop places the ring.</source>

@@ -84,13 +84,14 @@ def desktop(request):
         yield made
 
 
-def on(*kinds, natively=(False, True), screens=(Screens(),)):
-    """Repeats a test on those desktops, with and without an X server, and with those screens."""
-    every = list(itertools.product(kinds, natively, screens))
+def on(*kinds, natively=(False, True), screens=(Screens(),), others=()):
+    """Repeats a test on those desktops, with and without an X server, and with those screens; on others as they say."""
+    every = [(kind, not native, these) for kind, native, these in itertools.product(kinds, natively, screens)]
+    every += [(kind, has_x, Screens()) for kind, has_x in others]
     return pytest.mark.parametrize(
-        "desktop", [(kind, not native, these) for kind, native, these in every], indirect=True,
-        ids=[f"{kind.name}-{'native' if native else 'with an X server'}" + (f"-{these.count} at {these.scale}" if these != Screens() else "")
-             for kind, native, these in every])
+        "desktop", every, indirect=True,
+        ids=[f"{kind.name}-{'with an X server' if has_x else 'native'}" + (f"-{these.count} at {these.scale}" if these != Screens() else "")
+             for kind, has_x, these in every])
 
 
 @pytest.fixture
@@ -294,7 +295,7 @@ def test_gnome_tells_where_the_pointer_is_over_native_windows(ring, desktop, loo
     assert len(made()) == searches, "nothing is waited for"
 
 
-@on(Sway, KWin, AnotherWlroots)
+@on(Sway, KWin, AnotherWlroots, others=[(GnomeShell, True)])
 def test_a_native_program_is_seen_to_run_and_raised(ring, desktop, look):
     display = desktop.display
     alder = desktop.applications.add("Alder", "red", "--native --colour 205020")

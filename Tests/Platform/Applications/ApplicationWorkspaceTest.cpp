@@ -2,6 +2,8 @@
 #include <TavikLauncherPlatform/Linux/Applications/ApplicationWorkspace.h>
 #include <TavikLauncherPlatform/Linux/Applications/LinuxFileManager.h>
 
+#include <QDBusConnection>
+#include <QScopeGuard>
 #include <QTest>
 
 #include <Support/FileTree.h>
@@ -19,6 +21,7 @@ namespace {
 class FakeWindows final : public WindowSource
 {
 public:
+    [[nodiscard]] bool tellsOfAll() const override { return isComplete; }
     [[nodiscard]] QList<WindowId> windows() const override { return facts.keys(); }
     [[nodiscard]] Facts factsOf(WindowId window) const override { return facts.value(window); }
     [[nodiscard]] WindowId activeWindow() const override { return 0; }
@@ -44,6 +47,20 @@ public:
     QMap<WindowId, Facts> facts;
     QList<WindowId> raised;
     int ended = 0;
+    bool isComplete = true;
+};
+
+/// An application under its name on the bus; ours are on another thread's connection.
+class FakeApplication final : public QObject
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+public:
+    QVariantMap asked;
+
+public Q_SLOTS:
+    void Activate(const QVariantMap& data) { asked = data; } // NOLINT: the interface's own name
 };
 
 } // namespace
@@ -90,6 +107,49 @@ private Q_SLOTS:
         }
         QCOMPARE(m_workspace->startingApplications().isEmpty(), isOver);
         QCOMPARE(m_windows->ended, isOver ? 1 : 0);
+    }
+
+    void whatHasItsNameOnTheBusRunsWhereNotAllWindowsAreTold_data()
+    {
+        const Table<QByteArray, bool, bool> row; // Its ID, whether windows are told of, it is seen.
+        row("not told", "org.example.Fir", false, true);
+        row("all windows are told", "org.example.Fir", true, false);
+        row("no name", "fir", false, false);
+        row("kept out of menus", "org.example.Hidden", false, false);
+    }
+    void whatHasItsNameOnTheBusRunsWhereNotAllWindowsAreTold()
+    {
+        const auto [id, isComplete, isSeen] = fetch<QByteArray, bool, bool>();
+        const QString name = QString::fromLatin1(id);
+        const QString path = u"apps/%1.desktop"_s.arg(name);
+        m_tree.write(path,
+                     entry + "Exec=slow\n" + (id.endsWith("Hidden") ? "NoDisplay=true\n" : ""));
+        auto windows = std::make_unique<FakeWindows>();
+        windows->isComplete = isComplete;
+        m_workspace.emplace(m_queue, m_work, m_files, std::move(windows));
+        m_work.runAll();
+        m_work.runAll(); // The bus is opened.
+        auto bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"fir"_s);
+        FakeApplication application;
+        bus.registerObject(u"/org/example/Fir"_s, &application, QDBusConnection::ExportAllSlots);
+        bus.registerService(name);
+        const auto leave = qScopeGuard([&] { bus.unregisterService(name); });
+        const auto runs = [&] {
+            return !m_workspace->runningApplications().isEmpty();
+        };
+        if (!isSeen) {
+            QTest::qWait(60);
+            QVERIFY(!runs());
+            return;
+        }
+        QTRY_VERIFY(runs());
+        QVERIFY(!m_workspace->frontmostApplication());
+        m_workspace->openApplication(
+            m_tree.path(path), {.activates = true}, [](const std::optional<QString>&) {});
+        QTRY_COMPARE(application.asked.value(u"desktop-startup-id"_s), QVariant(u"start"_s));
+        QVERIFY(m_workspace->startingApplications().isEmpty());
+        bus.unregisterService(name);
+        QTRY_VERIFY(!runs());
     }
 
     void whatMenusDoNotShowIsNotListed()

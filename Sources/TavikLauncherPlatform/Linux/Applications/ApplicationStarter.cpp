@@ -21,6 +21,8 @@ namespace {
 
 /// How long a program may take to show a window, in seconds.
 constexpr double patience = 10.0;
+/// How long an application that has been asked may still need what announces its raising.
+constexpr double raisingSeconds = 1.0;
 /// How long a service may take to answer, in milliseconds.
 constexpr int serviceTimeout = 5000;
 /// A window may name the start it answers long after the program that was started has gone.
@@ -95,6 +97,37 @@ void ApplicationStarter::start(const QString& path,
                 self->activate(attempt.target, tokens, completion);
             }
         });
+}
+
+void ApplicationStarter::raise(const DesktopEntry& entry, Workspace::OpenCompletion completion)
+{
+    const LaunchTokens tokens = m_dependencies.windows.beginStart(entry);
+    std::optional<QDBusMessage> message
+        = m_bus ? ServiceCalls::activation(entry.id, tokens) : std::nullopt;
+    if (!message) {
+        m_dependencies.windows.endStart(tokens);
+        start(entry.path, &entry, std::move(completion));
+        return;
+    }
+    message->setAutoStartService(false);
+    auto* watcher = new QDBusPendingCallWatcher(m_bus->asyncCall(*message, serviceTimeout), this);
+    connect(watcher,
+            &QDBusPendingCallWatcher::finished,
+            this,
+            [this, entry, tokens, completion](QDBusPendingCallWatcher* call) {
+                call->deleteLater();
+                // What the application has asked of the desktop meanwhile may still be on its way.
+                m_raised[tokens.startupId]
+                    = m_dependencies.mainQueue.after(raisingSeconds, [this, tokens] {
+                          m_dependencies.windows.endStart(tokens);
+                          const auto raised = m_raised.extract(tokens.startupId);
+                      });
+                if (call->isError()) {
+                    start(entry.path, &entry, completion);
+                } else {
+                    completion(std::nullopt);
+                }
+            });
 }
 
 void ApplicationStarter::run(const LaunchTarget& target,

@@ -48,6 +48,9 @@ public:
     /// it is known in memory, to be announced by.
     void
     start(const QString& path, const DesktopEntry* known, Workspace::OpenCompletion completion);
+    /// Has an application that runs under its ID's name on the bus show itself; starts it where it
+    /// does not answer.
+    void raise(const DesktopEntry& entry, Workspace::OpenCompletion completion);
     /// A window of the application, or one with that start-up ID, has come.
     void windowCame(const QString& path, const QByteArray& startupId);
     /// Forgets what no longer runs.
@@ -86,6 +89,7 @@ private:
     Dependencies m_dependencies;
     std::optional<QDBusConnection> m_bus;
     std::map<QString, Start> m_starting; ///< By path.
+    std::map<QByteArray, Task> m_raised; ///< What ends announcements, by start-up ID.
     QHash<qint64, QString> m_processes; ///< What we started, by process.
     QList<std::pair<QByteArray, QString>> m_startupIds; ///< The latest ones with their paths.
 };

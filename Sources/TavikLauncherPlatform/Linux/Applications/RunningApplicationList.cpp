@@ -46,7 +46,9 @@ RunningApplicationList::setWindows(const QList<ApplicationWindow>& windows)
         Entry& entry = entryFor(window);
         entry.windows.append(window.window);
         if (window.isRegular) {
-            entry.regularWindows.append(window.window);
+            if (window.window != 0) {
+                entry.regularWindows.append(window.window);
+            }
             entry.application.activationPolicy = Policy::regular;
         }
     }
@@ -77,7 +79,8 @@ std::optional<RunningApplication> RunningApplicationList::applicationOf(WindowId
 {
     const auto found = std::ranges::find_if(
         m_entries, [window](const Entry& entry) { return entry.windows.contains(window); });
-    return found == m_entries.end() ? std::nullopt : std::optional(found->application);
+    return window == 0 || found == m_entries.end() ? std::nullopt
+                                                   : std::optional(found->application);
 }
 
 QList<WindowId> RunningApplicationList::windowsOf(const QString& bundlePath) const

@@ -18,7 +18,7 @@ using WindowId = quint64;
 /// One window, once it is known whose it is.
 struct ApplicationWindow
 {
-    WindowId window = 0;
+    WindowId window = 0; ///< 0 for an application that runs though no window is told of.
     bool isRegular = false; ///< A taskbar would show it.
     QString group; ///< Windows with the same text belong to one application; never empty.
     std::optional<QString> bundlePath;

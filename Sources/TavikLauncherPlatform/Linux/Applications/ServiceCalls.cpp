@@ -67,12 +67,17 @@ Q_DECLARE_METATYPE(Tavik::AuxiliaryUnit)
 
 namespace Tavik::ServiceCalls {
 
-std::optional<QDBusMessage> activation(const QString& id, const LaunchTokens& tokens)
+bool isBusName(const QString& id)
 {
     static const QRegularExpression busName(
         u"^[A-Za-z_-][A-Za-z0-9_-]*(?:\\.[A-Za-z_-][A-Za-z0-9_-]*)+$"_s);
     constexpr qsizetype longestBusName = 255;
-    if (id.size() > longestBusName || !busName.match(id).hasMatch()) {
+    return id.size() <= longestBusName && busName.match(id).hasMatch();
+}
+
+std::optional<QDBusMessage> activation(const QString& id, const LaunchTokens& tokens)
+{
+    if (!isBusName(id)) {
         return std::nullopt;
     }
     const QString path = u'/' + QString(id).replace(u'.', u'/').replace(u'-', u'_');

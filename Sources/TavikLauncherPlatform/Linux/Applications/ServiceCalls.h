@@ -12,6 +12,9 @@ namespace Tavik::ServiceCalls {
 
 /// The messages that starting an application sends over the session bus. Values only.
 
+/// Whether an application of that ID can have it as its name on the bus.
+[[nodiscard]] bool isBusName(const QString& id);
+
 /// Asks the application with that ID to start or to show itself; absent where the ID is no name
 /// that the bus knows.
 [[nodiscard]] std::optional<QDBusMessage> activation(const QString& id, const LaunchTokens& tokens);

@@ -7,13 +7,15 @@ namespace Tavik {
 Means NoWindows::runningMeans() const
 {
     return {.way = Texts::tr("Nobody tells of other programs' windows."),
-            .lack = Texts::tr("No program is seen to run.")};
+            .lack = Texts::tr("Only programs with a name on the session bus are seen to run.")};
 }
 
 Means NoWindows::raisingMeans() const
 {
-    return {.way = Texts::tr("Nobody brings other programs' windows to the front."),
-            .lack = Texts::tr("A program that runs is started once more.")};
+    return {
+        .way = Texts::tr("Nobody brings other programs' windows to the front."),
+        .lack = Texts::tr(
+            "A program that runs is started once more, unless it has a name on the session bus.")};
 }
 
 } // namespace Tavik

@@ -38,6 +38,8 @@ public:
 
     /// Whether it is known yet which windows there were at the start; `onWindowsChanged` tells.
     [[nodiscard]] virtual bool isReady() const { return true; }
+    /// False where programs may have windows that nobody tells of.
+    [[nodiscard]] virtual bool tellsOfAll() const { return true; }
     /// In the order in which they were first seen.
     [[nodiscard]] virtual QList<WindowId> windows() const = 0;
     /// The facts of one of `windows()`.
@@ -77,6 +79,7 @@ class NoWindows final : public WindowSource
 public:
     [[nodiscard]] Means runningMeans() const override;
     [[nodiscard]] Means raisingMeans() const override;
+    [[nodiscard]] bool tellsOfAll() const override { return false; }
     [[nodiscard]] QList<WindowId> windows() const override { return {}; }
     [[nodiscard]] Facts factsOf(WindowId) const override { return {}; }
     [[nodiscard]] WindowId activeWindow() const override { return 0; }

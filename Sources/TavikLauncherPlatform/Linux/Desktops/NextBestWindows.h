@@ -24,6 +24,7 @@ public:
     [[nodiscard]] Means raisingMeans() const override { return m_windows->raisingMeans(); }
     [[nodiscard]] std::optional<QRect> placeOfOwn(const QString& title) override;
     [[nodiscard]] bool isReady() const override { return m_windows->isReady(); }
+    [[nodiscard]] bool tellsOfAll() const override { return m_windows->tellsOfAll(); }
     [[nodiscard]] QList<WindowId> windows() const override { return m_windows->windows(); }
     [[nodiscard]] Facts factsOf(WindowId window) const override;
     [[nodiscard]] WindowId activeWindow() const override { return m_windows->activeWindow(); }

@@ -54,7 +54,8 @@ Means X11WindowTracker::runningMeans() const
 {
     Means means{.way = Texts::tr("The window manager lists its windows.")};
     if (m_isXwayland) {
-        means.lack = Texts::tr("Only X11 programs are seen to run.");
+        means.lack = Texts::tr("Of programs other than X11's, only those with a name on the "
+                               "session bus are seen to run.");
     } else if (X11Properties::firstWindow(
                    m_connection.get(), m_connection.root(), m_atoms[X11Atom::netSupportingWmCheck])
                == XCB_NONE) {
@@ -68,9 +69,9 @@ Means X11WindowTracker::runningMeans() const
 Means X11WindowTracker::raisingMeans() const
 {
     return {.way = Texts::tr("A request to the window manager."),
-            .lack = m_isXwayland
-                ? Texts::tr("Other programs than those of X11 are started once more.")
-                : runningMeans().lack};
+            .lack = m_isXwayland ? Texts::tr("Programs other than X11's are started once more, "
+                                             "unless they have a name on the session bus.")
+                                 : runningMeans().lack};
 }
 
 WindowSource::Facts X11WindowTracker::factsOf(WindowId window) const

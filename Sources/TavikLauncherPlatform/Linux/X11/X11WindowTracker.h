@@ -29,6 +29,7 @@ public:
     /// Asks the server whether a window manager is there.
     [[nodiscard]] Means runningMeans() const override;
     [[nodiscard]] Means raisingMeans() const override;
+    [[nodiscard]] bool tellsOfAll() const override { return !m_isXwayland; }
     [[nodiscard]] QList<WindowId> windows() const override { return m_order; }
     [[nodiscard]] Facts factsOf(WindowId window) const override;
     [[nodiscard]] WindowId activeWindow() const override { return m_activeWindow; }

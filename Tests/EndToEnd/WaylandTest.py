@@ -160,8 +160,8 @@ def test_sway_hears_a_key(ring, desktop):
             ring.start()
 
 
-@on(KWin)
-def test_kde_is_asked_for_a_key_and_gives_it(ring, desktop, look):
+@on(KWin, others=[(GnomeShell, False)])
+def test_a_desktop_without_chords_is_asked_for_a_key_and_gives_it(ring, desktop, look):
     """The chord of the first start cannot be had there: the window offers what can be."""
     ring.launcher.pin(desktop.applications.add("Birch"))
     ring.launcher.use_chord()

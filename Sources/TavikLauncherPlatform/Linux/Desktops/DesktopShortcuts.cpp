@@ -4,6 +4,8 @@
 #include <TavikLauncherPlatform/Linux/Desktops/KdeShortcuts.h>
 #include <TavikLauncherPlatform/Linux/Desktops/SwayShortcuts.h>
 
+#include <QGuiApplication>
+
 namespace Tavik {
 
 using namespace Qt::StringLiterals;
@@ -22,7 +24,10 @@ std::unique_ptr<ShortcutSource> shortcutSourceOfDesktop(MainQueue& mainQueue,
         return std::make_unique<KdeShortcuts>(workQueue);
     }
     if (desktops.contains(u"GNOME"_s) && GnomeShortcuts::isOffered()) {
-        return std::make_unique<GnomeShortcuts>(mainQueue, userDefaults, program);
+        using Chords = GnomeShortcuts::Chords;
+        const bool isNative = QGuiApplication::platformName() == u"wayland"_s;
+        return std::make_unique<GnomeShortcuts>(
+            mainQueue, userDefaults, program, isNative ? Chords::missed : Chords::heard);
     }
     return nullptr;
 }

@@ -104,10 +104,14 @@ QString namesOf(quint64 flags)
 
 } // namespace
 
-GnomeShortcuts::GnomeShortcuts(MainQueue& mainQueue, UserDefaults& userDefaults, QString program)
+GnomeShortcuts::GnomeShortcuts(MainQueue& mainQueue,
+                               UserDefaults& userDefaults,
+                               QString program,
+                               Chords chords)
     : m_mainQueue(mainQueue)
     , m_userDefaults(userDefaults)
     , m_program(std::move(program))
+    , m_chords(chords)
 {
     takeBack();
 }
@@ -247,13 +251,16 @@ int GnomeShortcuts::status(const KeyEvents::HotKey& hotKey)
     return isTaken ? statusTaken : 0;
 }
 
-QStringList GnomeShortcuts::acceleratorsOf(const KeyEvents::HotKey& hotKey)
+QStringList GnomeShortcuts::acceleratorsOf(const KeyEvents::HotKey& hotKey) const
 {
     if (hotKey.keyCode) {
         const std::optional<QString> key = KeyNames::acceleratorKey(*hotKey.keyCode);
         return key ? QStringList{namesOf(hotKey.modifierFlags) + *key} : QStringList();
     }
     QStringList accelerators;
+    if (!hearsChords()) {
+        return accelerators;
+    }
     for (const Modifier& last : modifiers) {
         for (const QLatin1String key : last.keys) {
             if ((hotKey.modifierFlags & last.flag) != 0 && !key.isEmpty()) {

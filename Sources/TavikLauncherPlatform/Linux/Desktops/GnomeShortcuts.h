@@ -16,8 +16,16 @@ class UserDefaults;
 class GnomeShortcuts final : public ShortcutSource
 {
 public:
+    enum class Chords {
+        heard,
+        missed, ///< Without an X server we do not hear what becomes of one that is held.
+    };
+
     /// `program` is what a shortcut starts; `userDefaults` remember the consent.
-    GnomeShortcuts(MainQueue& mainQueue, UserDefaults& userDefaults, QString program);
+    GnomeShortcuts(MainQueue& mainQueue,
+                   UserDefaults& userDefaults,
+                   QString program,
+                   Chords chords = Chords::heard);
     ~GnomeShortcuts() override;
     GnomeShortcuts(const GnomeShortcuts&) = delete;
     GnomeShortcuts& operator=(const GnomeShortcuts&) = delete;
@@ -25,7 +33,7 @@ public:
     /// Whether this desktop has such settings, and they may be written.
     [[nodiscard]] static bool isOffered();
 
-    [[nodiscard]] bool hearsChords() const override { return true; }
+    [[nodiscard]] bool hearsChords() const override { return m_chords == Chords::heard; }
     [[nodiscard]] bool hidesKeys() const override { return false; }
     [[nodiscard]] bool serves() const override;
     [[nodiscard]] Means means() const override;
@@ -40,7 +48,7 @@ public:
 
 private:
     /// In the form of GNOME's settings; a chord has one for each key that can be its last.
-    [[nodiscard]] static QStringList acceleratorsOf(const KeyEvents::HotKey& hotKey);
+    [[nodiscard]] QStringList acceleratorsOf(const KeyEvents::HotKey& hotKey) const;
     [[nodiscard]] bool isAllowed() const;
     [[nodiscard]] QString commandAt(const QString& path) const;
     void write(const QStringList& accelerators);
@@ -49,6 +57,7 @@ private:
     MainQueue& m_mainQueue;
     UserDefaults& m_userDefaults;
     QString m_program;
+    Chords m_chords;
     QStringList m_written; ///< The accelerators that are in the settings.
     Task m_takingBack;
     bool m_isRefused = false;

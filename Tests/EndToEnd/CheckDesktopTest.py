@@ -3,6 +3,7 @@
 import dataclasses
 import itertools
 import re
+import time
 
 import pytest
 
@@ -10,13 +11,14 @@ from conftest import PICTURES
 from harness.notifier_host import NotifierHost
 from harness.settings_window import BUTTON, ENVIRONMENT, SettingsWindow
 from harness.waiting import wait_until
-from harness.wayland import KWin, Sway
+from harness.wayland import GnomeShell, KWin, Sway
 from WaylandTest import Ring
 
 # What some of the eight parts say where they are well.
 X11 = ("The X server reserves the key", "The X server tells where it is.", "A window of its own above all others.",
        "The window manager lists its windows.")
 LAYER = ("Not needed: ctrl+alt+space is pressed once", "An invisible surface on each screen", "layer above all windows.")
+GNOME = ("Custom shortcuts in GNOME's", "The ring's own keyboard", LAYER[1], "A window that the window manager keeps above")
 WAYLAND = {
     Sway: (*LAYER, "Bindings that sway holds", "sway lists its windows.", "sway's command to focus a window."),
     KWin: (*LAYER, "A global shortcut of KDE", "A script inside of KWin", "KWin brings a window forward")}
@@ -88,6 +90,24 @@ def test_the_command_is_true_on_wayland(kind):
             return
         assert all(part in good for part in WAYLAND[kind])
         assert missing == (["Tray", "Autostart"] if kind is KWin else ["Tray"]), "KDE would start what the folder has"
+        ring.launcher.stop()
+
+
+def test_command_and_page_are_true_on_gnome():
+    if reason := GnomeShell.missing():
+        pytest.skip(reason)
+    with GnomeShell(True) as desktop:
+        ring = Ring(desktop)
+        ring.launcher.use_chord()
+        ring.start()
+        ring.wait_shown()  # The window that asks.
+        assert "Trigger" in check(ring.launcher)[1]
+        ring.display.press("Return")
+        wait_until(lambda: all(part in check(ring.launcher)[0] for part in GNOME), "the trigger is set up, too")
+        assert check(ring.launcher)[1] == ["Running programs", "Bringing to the front", "Tray", "Autostart"]
+        ring.launcher.command("--settings=desktop")
+        time.sleep(1)
+        ring.display.picture().save(PICTURES / "CheckDesktopTest.gnome.png")
         ring.launcher.stop()
 
 

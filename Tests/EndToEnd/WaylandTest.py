@@ -258,14 +258,22 @@ def test_gnome_tells_where_the_pointer_is_over_native_windows(ring, desktop, loo
     def wait_all_gone():
         wait_until(lambda: all(re.search(rf"Destroy.*\n.* window {one}\b", desktop.log("windows")) for one in made()), "it goes")
 
-    searches = 0
+    def opens_at(place):
+        """A busy machine may tell too late now and then."""
+        with contextlib.suppress(AssertionError):
+            ring.open_at(place)
+            return True
+        display.press("Escape")
+        ring.wait_hidden()
+        return False
+
     for place in (400, 300), (901, 499), (901, 499):
-        ring.open_at(place)
+        searches = len(made())
+        wait_until(lambda: opens_at(place), f"it opens at {place}", 20)
+        assert len(made()) > searches
         look(f"at {place}")
         display.press("Escape")
         ring.wait_hidden()
-        searches += 1
-        assert len(made()) == searches
         wait_all_gone()
         clicks = report.read_text().count("click")
         display.click()

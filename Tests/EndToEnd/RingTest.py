@@ -62,6 +62,8 @@ def test_the_ring_opens_with_a_dot_that_grows_or_where_motion_is_reduced_fades_i
     Portal(desktop, motion)
     launcher.pin(*apps)
     place = display.geometry(launcher.start().summon(640, 400))
+    launcher.wait_shows(*apps)  # Before anything is painted it is still, too.
+    launcher.wait_still()
     complete = display.picture(place)
     launcher.dismiss()
     empty = display.picture(place)

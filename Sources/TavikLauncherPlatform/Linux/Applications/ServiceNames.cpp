@@ -4,8 +4,6 @@
 #include <TavikLauncherPlatform/Linux/Session/SessionBus.h>
 
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
 
 #include <utility>
@@ -57,21 +55,19 @@ void ServiceNames::watch()
         return;
     }
     m_watcher->setWatchedServices(m_ids.values());
-    // After the watching has begun, so that no change falls between the two.
-    auto* call = new QDBusPendingCallWatcher(
-        m_bus->asyncCall(QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s,
-                                                        u"/org/freedesktop/DBus"_s,
-                                                        u"org.freedesktop.DBus"_s,
-                                                        u"ListNames"_s)),
-        this);
-    connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
-        call->deleteLater();
-        const QDBusPendingReply<QStringList> names = *call;
-        if (!names.isError()) {
-            const QStringList all = names.value();
-            take(QSet<QString>(all.begin(), all.end()) & m_ids);
-        }
-    });
+    // After the watching has begun, so that no change falls between the two. A slot is called in
+    // the order in which the bus speaks; a pending call may be told of after a later change.
+    m_bus->callWithCallback(QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s,
+                                                           u"/org/freedesktop/DBus"_s,
+                                                           u"org.freedesktop.DBus"_s,
+                                                           u"ListNames"_s),
+                            this,
+                            SLOT(takeAll(QStringList)));
+}
+
+void ServiceNames::takeAll(const QStringList& names)
+{
+    take(QSet<QString>(names.begin(), names.end()) & m_ids);
 }
 
 void ServiceNames::take(const QSet<QString>& owned)

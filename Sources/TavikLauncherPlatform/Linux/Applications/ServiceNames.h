@@ -4,7 +4,7 @@
 #include <QDBusConnection>
 #include <QObject>
 #include <QSet>
-#include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -31,6 +31,9 @@ public:
 
 Q_SIGNALS:
     void changed();
+
+private Q_SLOTS:
+    void takeAll(const QStringList& names);
 
 private:
     void watch();

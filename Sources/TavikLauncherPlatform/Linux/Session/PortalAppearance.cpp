@@ -27,7 +27,10 @@ void PortalAppearance::settingChanged(const QDBusMessage& message)
     const QVariantList arguments = message.arguments();
     constexpr qsizetype expected = 3;
     if (arguments.size() == expected) {
-        take(arguments.at(0).toString(), arguments.at(1).toString(), arguments.at(2));
+        const QString group = arguments.at(0).toString();
+        const QString key = arguments.at(1).toString();
+        delete m_questions.take({group, key}); // Its answer may be older, and yet come later.
+        take(group, key, arguments.at(2));
     }
 }
 
@@ -48,6 +51,7 @@ void PortalAppearance::listen(const QDBusConnection& bus)
             = QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("Read"));
         call.setArguments({group, key});
         auto* watcher = new QDBusPendingCallWatcher(connection.asyncCall(call), this);
+        m_questions.insert({group, key}, watcher);
         connect(watcher,
                 &QDBusPendingCallWatcher::finished,
                 this,
@@ -56,7 +60,7 @@ void PortalAppearance::listen(const QDBusConnection& bus)
                     if (reply.isValid()) {
                         take(group, key, reply.value().variant());
                     }
-                    watcher->deleteLater();
+                    m_questions.take({group, key})->deleteLater();
                 });
     }
 }

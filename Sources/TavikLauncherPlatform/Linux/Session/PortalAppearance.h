@@ -6,7 +6,12 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QHash>
 #include <QObject>
+
+#include <utility>
+
+class QDBusPendingCallWatcher;
 
 namespace Tavik {
 
@@ -33,6 +38,8 @@ private:
     void take(const QString& group, const QString& key, const QVariant& value);
 
     PortalWishes m_wishes;
+    /// Those not answered, by group and key; children.
+    QHash<std::pair<QString, QString>, QDBusPendingCallWatcher*> m_questions;
 };
 
 } // namespace Tavik

@@ -99,14 +99,11 @@ void SessionLockMonitor::followScreenSavers(const QDBusConnection& bus)
                            u"ActiveChanged"_s,
                            this,
                            SLOT(screenSaverChanged(bool, QDBusMessage)));
-        ask(bus,
-            QDBusMessage::createMethodCall(name, path, name, u"GetActive"_s),
-            this,
-            [this](const QDBusMessage& reply) {
-                if (reply.type() == QDBusMessage::ReplyMessage && reply.signature() == u"b") {
-                    setScreenSaverActive(reply.service(), reply.arguments().constFirst().toBool());
-                }
-            });
+        QDBusMessage call = QDBusMessage::createMethodCall(name, path, name, u"GetActive"_s);
+        call.setAutoStartService(false);
+        // A slot is called in the order in which the bus speaks; a pending call may be told of
+        // after a later change.
+        connection.callWithCallback(call, this, SLOT(screenSaverChanged(bool, QDBusMessage)));
     }
 }
 

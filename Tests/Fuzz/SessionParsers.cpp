@@ -10,6 +10,7 @@
 #include <QTemporaryDir>
 
 #include <Fuzz/Parsers.h>
+#include <Support/Counting.h>
 #include <array>
 #include <memory>
 
@@ -110,9 +111,7 @@ bool readSway(const QByteArray& bytes)
     const auto toWindows = server.tell(message(bytes));
     SwayShortcuts shortcuts(server.path());
     int told = 0;
-    const auto tell = [&told] {
-        ++told;
-    };
+    const auto tell = Test::counting(told);
     (void)shortcuts.bind({.keyCode = {}, .modifierFlags = 0x140000},
                          {.pressed = tell, .released = tell, .joined = tell, .lost = {}});
     const auto toShortcuts = server.tell(message(bytes));

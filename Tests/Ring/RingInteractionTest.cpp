@@ -5,6 +5,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <Support/Counting.h>
+
 using namespace Tavik;
 using namespace Qt::StringLiterals;
 using namespace Tavik::Test;
@@ -29,9 +31,7 @@ struct Interacting : RingFixture
     {
         launch(all);
         settings.showsLaunchHints.set(false);
-        commands.pinForSearch = [this] {
-            ++pins;
-        };
+        commands.pinForSearch = counting(pins);
         commands.close = [] {
         };
         ring.appear();
@@ -44,13 +44,16 @@ struct Interacting : RingFixture
                                    .iconSize = 50,
                                    .slotCount = static_cast<int>(ring.ringApps().size())});
     }
-    void hover(QPointF point) { ring.hoverAt(point, geometry()); }
+    /// What is selected when the pointer is there.
+    int hover(QPointF point)
+    {
+        ring.hoverAt(point, geometry());
+        return ring.selectedIndex();
+    }
 
     int pins = 0;
     int closes = 0;
-    RingInteraction ring{ringDependencies(), ownIdentifier, [this] {
-                             ++closes;
-                         }};
+    RingInteraction ring{ringDependencies(), ownIdentifier, counting(closes)};
 };
 
 } // namespace
@@ -247,18 +250,13 @@ private Q_SLOTS:
         fixture.hover(right + QPointF(50, 0));
         fixture.presentation.setAcceptsHover(true);
         fixture.hover(right);
-        fixture.hover(right + QPointF(6, 0));
-        QCOMPARE(fixture.ring.selectedIndex(), 0);
-        fixture.hover(right + QPointF(6.01, 0));
-        QCOMPARE(fixture.ring.selectedIndex(), 1);
-        fixture.hover(QPointF(160, 160));
-        QCOMPARE(fixture.ring.selectedIndex(), 1);
-        fixture.hover(fixture.geometry().slotCenter(3));
-        QCOMPARE(fixture.ring.selectedIndex(), 3);
+        QCOMPARE(fixture.hover(right + QPointF(6, 0)), 0);
+        QCOMPARE(fixture.hover(right + QPointF(6.01, 0)), 1);
+        QCOMPARE(fixture.hover(QPointF(160, 160)), 1);
+        QCOMPARE(fixture.hover(fixture.geometry().slotCenter(3)), 3);
 
         fixture.ring.prepareForShow(true);
-        fixture.hover(right);
-        QCOMPARE(fixture.ring.selectedIndex(), 0);
+        QCOMPARE(fixture.hover(right), 0);
     }
 
     void ringFollowsTheWorkspaceTheCatalogAndTheSettings()

@@ -7,6 +7,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <Support/Counting.h>
 #include <Support/Table.h>
 
 using namespace Tavik;
@@ -27,9 +28,7 @@ struct Recorded
             names << config.displayName;
             last = config;
         };
-        recorder.onLevelRefused = [this] {
-            ++refusals;
-        };
+        recorder.onLevelRefused = counting(refusals);
         recorder.start();
     }
 

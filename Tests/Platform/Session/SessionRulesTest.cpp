@@ -8,6 +8,7 @@
 #include <QDBusVariant>
 #include <QTest>
 
+#include <Support/Counting.h>
 #include <Support/FakeWorkspace.h>
 #include <Support/Table.h>
 
@@ -88,9 +89,7 @@ private Q_SLOTS:
         QVERIFY(told.remedy.contains(u"tavik-launcher --summon"_s));
         QCOMPARE(told.hasSettings, !program.isEmpty());
         int failures = 0;
-        const auto failed = [&failures] {
-            ++failures;
-        };
+        const auto failed = counting(failures);
         permission.openSettings(failed);
         QCOMPARE(workspace.opened.join(u','), program);
         QCOMPARE(failures, program.isEmpty() ? 1 : 0);

@@ -11,11 +11,13 @@
 #include <QProcess>
 #include <QTest>
 
+#include <Support/Counting.h>
 #include <cstdlib>
 
 namespace Tavik {
 using namespace Qt::StringLiterals;
 using Host = StatusTray::Host;
+using Test::counting;
 using Test::TestClient;
 
 class LinuxPlatformTest : public QObject
@@ -117,9 +119,7 @@ private Q_SLOTS:
     {
         const auto platform = makePlatform({});
         int changes = 0;
-        platform->appearance->onChanged = [&changes] {
-            ++changes;
-        };
+        platform->appearance->onChanged = counting(changes);
         const auto animate = [](bool animates) {
             QDBusMessage signal = QDBusMessage::createSignal(u"/org/freedesktop/portal/desktop"_s,
                                                              u"org.freedesktop.portal.Settings"_s,
@@ -138,9 +138,7 @@ private Q_SLOTS:
     {
         LinuxStatusTray tray(m_workQueue, m_session);
         int changes = 0;
-        tray.onChanged = [&changes] {
-            ++changes;
-        };
+        tray.onChanged = counting(changes);
         QCOMPARE(tray.host(), Host::none);
 
         const xcb_window_t panel = m_client.createWindow(QByteArrayLiteral("panel\0Panel\0"));

@@ -6,6 +6,7 @@
 #include <TavikLauncher/Views/Ring/LauncherPanel.h>
 #include <TavikLauncher/Views/Ring/RadialLauncherView.h>
 
+#include <Support/Counting.h>
 #include <Support/FakeDesktop.h>
 #include <Support/FakeKeyEvents.h>
 #include <Support/FakeWindowServer.h>
@@ -21,9 +22,8 @@ struct PanelFixture : RingFixture
 {
     PanelFixture()
     {
-        for (auto bundle = fileManager.bundles.begin(); bundle != fileManager.bundles.end();
-             ++bundle) {
-            bundle->iconSource = u"red"_s;
+        for (Bundle& bundle : fileManager.bundles) {
+            bundle.iconSource = u"red"_s;
         }
         walk();
         settings.showsLaunchHints.set(false);
@@ -39,9 +39,7 @@ struct PanelFixture : RingFixture
         });
         panel = std::make_unique<LauncherPanel>(
             LauncherPanel::Dependencies{commands, windowServer, keyEvents}, std::move(view));
-        commands.close = [this] {
-            ++closes;
-        };
+        commands.close = counting(closes);
         settle();
     }
 

@@ -9,6 +9,7 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+#include <Support/Counting.h>
 #include <Support/FakeKeyEvents.h>
 
 using namespace Tavik;
@@ -104,9 +105,7 @@ private Q_SLOTS:
     {
         Bridged bridged;
         int refusals = 0;
-        bridged.recorder.onLevelRefused = [&refusals] {
-            ++refusals;
-        };
+        bridged.recorder.onLevelRefused = counting(refusals);
         bridged.recorder.start();
         bridged.send(QEvent::KeyPress, Qt::Key_AltGr, Qt::NoModifier);
         QCOMPARE(refusals, 1);

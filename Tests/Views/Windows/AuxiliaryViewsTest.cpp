@@ -16,11 +16,11 @@
 #include <QPushButton>
 #include <QTest>
 
+#include <Support/Counting.h>
 #include <Support/CutTexts.h>
 #include <Support/FakeDesktop.h>
 #include <Support/FakeKeyEvents.h>
 #include <Support/Hands.h>
-#include <Support/Table.h>
 #include <optional>
 
 using namespace Tavik;
@@ -34,12 +34,6 @@ namespace {
 bool says(const QWidget& view, const QString& text)
 {
     return find<QLabel>(view, text) != nullptr;
-}
-std::function<void()> counting(int& count)
-{
-    return [&count] {
-        ++count;
-    };
 }
 
 /// As long as the longest.
@@ -90,7 +84,12 @@ struct ReindexFixture : RingFixture
     }
     [[nodiscard]] const ReindexSession& session() const { return view->session(); }
     [[nodiscard]] Phase phase() const { return session().phase(); }
-    void press(Qt::Key key) { QTest::keyClick(view->focusWidget(), key); }
+    /// How often the window was to close by then.
+    int press(Qt::Key key)
+    {
+        QTest::keyClick(view->focusWidget(), key);
+        return closes;
+    }
 
     FakeAppearance appearance;
     int celebrations = 0;
@@ -168,23 +167,18 @@ private Q_SLOTS:
         }
     }
 
-    void whereNoSettingsOpenTheCommandIsGiven_data()
-    {
-        const Table<bool> row;
-        row("there are none", false);
-        row("they do not open", true);
-    }
     void whereNoSettingsOpenTheCommandIsGiven()
     {
-        const auto [hasSettings] = fetch<bool>();
-        Asked asked(false, hasSettings);
-        asked.permission.settingsOpen = false;
-        QGuiApplication::clipboard()->clear();
-        QVERIFY(click(*asked.view, enable));
-        const QString open = u"Open Accessibility Settings"_s;
-        QVERIFY(click(*asked.view, hasSettings ? open : u"Copy the Command"_s));
-        QCOMPARE(QGuiApplication::clipboard()->text(), u"tavik-launcher --summon"_s);
-        QVERIFY(find<QPushButton>(*asked.view, u"Command Copied"_s) && asked.fits());
+        for (const bool hasSettings : {false, true}) {
+            Asked asked(false, hasSettings);
+            asked.permission.settingsOpen = false;
+            QGuiApplication::clipboard()->clear();
+            QVERIFY(click(*asked.view, enable));
+            const QString open = u"Open Accessibility Settings"_s;
+            QVERIFY(click(*asked.view, hasSettings ? open : u"Copy the Command"_s));
+            QCOMPARE(QGuiApplication::clipboard()->text(), u"tavik-launcher --summon"_s);
+            QVERIFY(find<QPushButton>(*asked.view, u"Command Copied"_s) && asked.fits());
+        }
     }
 
     void phasesFadeUnlessMotionIsReduced()
@@ -280,22 +274,17 @@ private Q_SLOTS:
     void returnAndEscapeDependOnTheReindexPhase()
     {
         ReindexFixture fixture;
-        fixture.press(Qt::Key_Escape);
-        QCOMPARE(fixture.closes, 1);
-        fixture.press(Qt::Key_Return);
+        QCOMPARE(fixture.press(Qt::Key_Escape), 1);
+        QCOMPARE(fixture.press(Qt::Key_Return), 1);
         QCOMPARE(fixture.phase(), Phase::running);
-        fixture.press(Qt::Key_Return);
-        QCOMPARE(fixture.closes, 1);
-        fixture.press(Qt::Key_Escape);
-        QCOMPARE(fixture.closes, 2);
+        QCOMPARE(fixture.press(Qt::Key_Return), 1);
+        QCOMPARE(fixture.press(Qt::Key_Escape), 2);
         fixture.workQueue.runAll();
-        fixture.press(Qt::Key_Escape);
-        QCOMPARE(fixture.closes, 2);
+        QCOMPARE(fixture.press(Qt::Key_Escape), 2);
         QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, u"\r"_s, true);
         QCoreApplication::sendEvent(fixture.view->focusWidget(), &held);
         QCOMPARE(fixture.closes, 2);
-        fixture.press(Qt::Key_Return);
-        QCOMPARE(fixture.closes, 3);
+        QCOMPARE(fixture.press(Qt::Key_Return), 3);
     }
 
     void nothingCelebratesOnceTheReindexWindowIsGone()

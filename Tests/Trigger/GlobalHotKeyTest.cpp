@@ -4,6 +4,7 @@
 #include <QRandomGenerator>
 #include <QTest>
 
+#include <Support/Counting.h>
 #include <Support/FakeKeyEvents.h>
 #include <Support/Table.h>
 #include <Support/VirtualMainQueue.h>
@@ -24,7 +25,7 @@ constexpr const char* fallingBack
     = "Tavik Launcher: Carbon RegisterEventHotKey failed, falling back to NSEvent monitors";
 
 /// A hot key among fakes; `story` tells what it reported: "P", "R", "U" or "N" (it was never held)
-/// and the time.
+/// and the time; "M", a modifier joined, "O", another key did, and "L", all was let go.
 struct Triggered
 {
     explicit Triggered(const HotKeyConfig& config = HotKeyConfig::defaultConfig())
@@ -37,72 +38,53 @@ struct Triggered
             })
     {
         hotKey.onOtherKey = [this](OtherKey key) {
-            story << (key == OtherKey::modifier ? u"modifier"_s : u"other"_s);
+            story << (key == OtherKey::modifier ? u"M"_s : u"O"_s);
         };
         hotKey.onLetGo = [this] {
-            story << u"let go"_s;
+            story << u"L"_s;
         };
     }
 
     void tell(char16_t what, double time) { story << what + QString::number(time); }
-    [[nodiscard]] QString told() const { return story.join(u' '); }
     [[nodiscard]] bool isWatching() const { return keys.local || keys.tap || keys.global; }
 
-    /// Plays "L10:chord G11:", a source, the event's time and what is held after it; "l10:chord",
-    /// the key pressed with that held; "O10:chord", a key that somebody else got; "K10", the hot
-    /// key; "H:chord", what the keyboard answers from now on (until then it cannot be asked);
-    /// "W0.5", time goes by; and by a letter: D the tap is switched off, X the hot key is
-    /// unregistered, S a command summons, Y and Z the desktop tells press and release of the chord,
-    /// J what joined it.
-    void play(const QString& script)
+    /// Returns the story after "L10:chord G11:", a source, the event's time and what is held after
+    /// it; "l10:chord", the key pressed with that held; "O10:chord", a key that somebody else got;
+    /// "K10", the hot key; "H:chord", what the keyboard answers from now on (until then it cannot
+    /// be asked); "W0.5", time goes by; and by a letter: D the tap is switched off, X the hot key
+    /// is unregistered, S a command summons, Y and Z the desktop tells press and release of the
+    /// chord, J what joined it.
+    QString play(const QString& script)
     {
         static const QHash<QString, quint64> states{
-            {u""_s, 0},
             {u"ctrl"_s, control},
             {u"chord"_s, chord},
             {u"locked"_s, chord | lockBits},
             {u"more"_s, chord | ModifierFlags::shift},
             {u"again"_s, chord}, // As the keyboard repeats a key that is held.
         };
+        double time = 0;
+        quint64 state = 0;
+        QHash<QChar, std::function<void()>> acts;
+        acts.insert(u'H', [&] { keys.held = state; });
+        acts.insert(u'W', [&] { queue.advance(time); });
+        acts.insert(u'D', [&] {
+            keys.tapEnabled = false;
+            keys.tapDisabled();
+        });
+        acts.insert(u'X', [&] { hotKey.unregister(); });
+        acts.insert(u'K', [&] { keys.hotKeyPressed(time); });
+        acts.insert(u'S', [&] { hotKey.summon(); });
+        acts.insert(u'Y', [&] { keys.hotKeyPressed(queue.systemUptime()); });
+        acts.insert(u'J', [&] { keys.hotKeyJoined(queue.systemUptime()); });
+        acts.insert(u'Z', [&] { keys.hotKeyReleased(queue.systemUptime()); });
         for (const QString& step : script.split(u' ')) {
-            const double time = step.section(u':', 0, 0).mid(1).toDouble();
             const QString name = step.section(u':', 1);
-            const quint64 state = states.value(name, 0);
-            switch (step.front().unicode()) {
-            case u'H':
-                keys.held = state;
-                break;
-            case u'W':
-                queue.advance(time);
-                break;
-            case u'O':
-                keys.tap({.kind = KeyEvents::Kind::takenElsewhere,
-                          .modifierFlags = state,
-                          .time = time});
-                break;
-            case u'D':
-                keys.tapEnabled = false;
-                keys.tapDisabled();
-                break;
-            case u'X':
-                hotKey.unregister();
-                break;
-            case u'K':
-                keys.hotKeyPressed(time);
-                break;
-            case u'S':
-                hotKey.summon();
-                break;
-            case u'Y':
-                keys.hotKeyPressed(queue.systemUptime());
-                break;
-            case u'J':
-                keys.hotKeyJoined(queue.systemUptime());
-                break;
-            case u'Z':
-                keys.hotKeyReleased(queue.systemUptime());
-                break;
-            default:
+            time = step.section(u':', 0, 0).mid(1).toDouble();
+            state = states.value(name);
+            if (const auto act = acts.value(step.front())) {
+                act();
+            } else {
                 send(step.front(),
                      {.keyCode = space,
                       .modifierFlags = state,
@@ -110,13 +92,16 @@ struct Triggered
                       .time = time});
             }
         }
+        return story.join(u' ');
     }
     void send(QChar source, KeyEvents::Event event)
     {
         using enum KeyEvents::Kind;
-        event.kind = source.isLower() ? keyDown : modifiersChanged;
+        event.kind = source == u'O' ? takenElsewhere
+            : source.isLower()      ? keyDown
+                                    : modifiersChanged;
         if (source.toUpper() != u'L') {
-            (source.toUpper() == u'T' ? keys.tap : keys.global)(event);
+            (source.toUpper() == u'G' ? keys.global : keys.tap)(event);
         } else if (keys.local(event)) {
             story << u"taken"_s;
         }
@@ -162,39 +147,27 @@ private Q_SLOTS:
         row("one lost the press", u"T9:ctrl G10:chord T11:ctrl G11:ctrl"_s, u"P10 R11"_s);
         row("locks change nothing", u"T10:locked T10.5:chord T10.7:locked T11:"_s, u"P10 R11"_s);
         row("one modifier too few", u"T10:ctrl T11:"_s, {});
-        row("one modifier more ends it",
-            u"T10:chord T11:more T12:chord T13:"_s,
-            u"P10 modifier R11 P12 R13 let go"_s);
-        row("one modifier more from the start",
-            u"T9:more T10:chord T11:"_s,
-            u"modifier P10 R11 let go"_s);
-        row("let go with one more still down",
+        row("one modifier more", u"T10:chord T11:more T12:chord T13:"_s, u"P10 M R11 P12 R13 L"_s);
+        row("one more from the start", u"T9:more T10:chord T11:"_s, u"M P10 R11 L"_s);
+        row("let go one by one",
             u"T10:chord T11:more T12:ctrl T13: T14:chord T15:"_s,
-            u"P10 modifier R11 let go P14 R15"_s);
-        row("somebody else gets a key",
-            u"T10:chord O10.1:chord T10.2:ctrl T10.3:"_s,
-            u"P10 other R10.2 let go"_s);
-        row("told before its chord", u"O10.1:chord T10:chord T11:"_s, u"other P10 R11 let go"_s);
-        row("told after its chord", u"T10:chord T10.2: O10.1:chord"_s, u"P10 R10.2 other let go"_s);
+            u"P10 M R11 L P14 R15"_s);
+        row("others get a key", u"T10:chord O10.1:chord T10.2:ctrl T10.3:"_s, u"P10 O R10.2 L"_s);
+        row("told before its chord", u"O10.1:chord T10:chord T11:"_s, u"O P10 R11 L"_s);
+        row("told after its chord", u"T10:chord T10.2: O10.1:chord"_s, u"P10 R10.2 O L"_s);
         row("the key of an earlier shortcut", u"O9:chord W0.06 T10:chord T11:"_s, u"P10 R11"_s);
         row("a key with other modifiers", u"T10:chord O10.1:ctrl T11:"_s, u"P10 R11"_s);
-        row("a lost release is found by asking",
-            u"H:chord T1000:chord W5 H: W0.3 G1005.4:"_s,
-            u"P1000 R1005.25"_s);
+        row("a lost release", u"H:chord T1000:chord W5 H: W0.3 G1005.4:"_s, u"P1000 R1005.25"_s);
         row("nobody can be asked", u"T1000:chord W3 T1003:"_s, u"P1000 R1003"_s);
         row("a tap that was off tells old news first",
             u"D W0.25 T1000:chord T1000.1: G1000.2:chord G1000.3: W0.01 T1001:chord T1002:"_s,
             u"P1000.2 R1000.3 P1001 R1002"_s);
         row("summoned with the chord down", u"H:chord S W1 H: W0.25"_s, u"P1000 R1001.25"_s);
         row("summoned by another key", u"H:ctrl S W2 S W0.1"_s, u"P1000 N1000 P1002 N1002"_s);
-        row("summoned, and the ring finds it held",
-            u"S W0.1 L1000.1:chord L1003:"_s,
-            u"P1000 R1003"_s);
-        row("summoned, and the ring finds nothing", u"S W0.1 L1000.1: W0.1"_s, u"P1000 N1000"_s);
-        row("summoned by what was heard itself",
-            u"H:chord T1000:chord S T1001:"_s,
-            u"P1000 R1001"_s);
-        row("nobody tells of the first release",
+        row("summoned, and it is held", u"S W0.1 L1000.1:chord L1003:"_s, u"P1000 R1003"_s);
+        row("summoned, and nothing is held", u"S W0.1 L1000.1: W0.1"_s, u"P1000 N1000"_s);
+        row("summoned by what was heard", u"H:chord T1000:chord S T1001:"_s, u"P1000 R1001"_s);
+        row("the first release is lost",
             u"S W1.5 S W1.5 L1003: W0.1"_s,
             u"P1000 N1001.5 P1001.5 N1001.5"_s);
         row("unregistered while it is held", u"H:chord L1000:chord X X"_s, u"P1000 U1000"_s);
@@ -204,8 +177,7 @@ private Q_SLOTS:
     {
         const auto [script, story] = fetch<QString, QString>();
         Registered triggered;
-        triggered.play(script);
-        QCOMPARE(triggered.told(), story);
+        QCOMPARE(triggered.play(script), story);
         // The keyboard is asked only while the chord is held; the tap's watchdog goes on.
         QCOMPARE(triggered.queue.pendingTasks(), triggered.isWatching() ? 1 : 0);
     }
@@ -217,14 +189,12 @@ private Q_SLOTS:
         row("released before the ring could see it", u"Y W0.1 L1000.1: W0.2 Z"_s, u"P1000 R1000"_s);
         row("the release is lost", u"Y W3 Y W0.1 Z"_s, u"P1000 R1003 P1003 R1003.1"_s);
         row("the ring hears of it first", u"H:chord L1000:chord Y W1 L1001: Z"_s, u"P1000 R1001"_s);
-        row("somebody else's key joins it", u"Y W1 J W1 Z"_s, u"P1000 other R1002 let go"_s);
+        row("somebody else's key joins it", u"Y W1 J W1 Z"_s, u"P1000 O R1002 L"_s);
         row("held keys are told to the ring one by one",
             u"Y W0.1 L1000.1: L1000.1:ctrl W0.05 L1000.2:chord W2 L1002:ctrl"_s,
             u"P1000 R1002"_s);
         row("the ring hears of one key alone", u"Y W0.1 L1000.1:ctrl W2 Z"_s, u"P1000 R1002.1"_s);
-        row("and the release is lost",
-            u"Y J W2 Y W0.1 Z"_s,
-            u"P1000 other R1002 let go P1002 R1002.1"_s);
+        row("and the release is lost", u"Y J W2 Y W0.1 Z"_s, u"P1000 O R1002 L P1002 R1002.1"_s);
         row("its command", u"S W0.2 L1000.2: W0.1"_s, u"P1000 R1000"_s);
     }
 
@@ -235,8 +205,7 @@ private Q_SLOTS:
         triggered.keys.listensForChords = true;
         triggered.keys.hasTap = triggered.keys.hasGlobal = false;
         QVERIFY(triggered.hotKey.registerHotKey());
-        triggered.play(script);
-        QCOMPARE(triggered.told(), story);
+        QCOMPARE(triggered.play(script), story);
         QCOMPARE(triggered.queue.pendingTasks(), 0);
     }
 
@@ -278,7 +247,7 @@ private Q_SLOTS:
             if (ends) {
                 late.clear();
                 QCOMPARE(count(u'P'), count(u'R'));
-                QVERIFY2(count(u'P') <= chords, qPrintable(triggered.told()));
+                QVERIFY2(count(u'P') <= chords, qPrintable(triggered.story.join(u' ')));
             }
         }
         QVERIFY(count(u'P') > chords / 2);
@@ -330,9 +299,7 @@ private Q_SLOTS:
     {
         Registered triggered;
         int revocations = 0;
-        triggered.hotKey.onAccessibilityRevoked = [&] {
-            ++revocations;
-        };
+        triggered.hotKey.onAccessibilityRevoked = counting(revocations);
         triggered.permission.trusted = false;
         triggered.play(u"H:chord T1000:chord W2"_s); // A tap that works is none of its business.
         QCOMPARE(revocations, 0);
@@ -340,9 +307,8 @@ private Q_SLOTS:
         QTest::ignoreMessage(
             QtWarningMsg,
             "Tavik Launcher hotkey: Accessibility revoked mid-session — standing down");
-        triggered.play(u"W1"_s);
+        QCOMPARE(triggered.play(u"W1"_s), u"P1000 U1003"_s);
         QCOMPARE(revocations, 1);
-        QCOMPARE(triggered.told(), u"P1000 U1003"_s);
         QVERIFY(!triggered.isWatching());
         QCOMPARE(triggered.queue.pendingTasks(), 0);
     }
@@ -385,8 +351,8 @@ private Q_SLOTS:
         QCOMPARE(triggered.keys.requests.first().modifierFlags, chord);
         QCOMPARE(triggered.keys.requests.first().label, u"Space"_s);
         QVERIFY(!triggered.keys.tap && !triggered.keys.global);
-        triggered.play(u"K12 l13:chord l14:ctrl l15:more l16:again X"_s);
-        QCOMPARE(triggered.told(), u"P12 P13 taken taken"_s);
+        QCOMPARE(triggered.play(u"K12 l13:chord l14:ctrl l15:more l16:again X"_s),
+                 u"P12 P13 taken taken"_s);
         QVERIFY(!triggered.keys.hotKeyPressed && !triggered.isWatching());
     }
 
@@ -398,12 +364,12 @@ private Q_SLOTS:
         QTest::ignoreMessage(QtWarningMsg, fallingBack);
         QVERIFY(triggered.hotKey.registerHotKey());
         // Two sources tell of one press, and a tenth of a second is one press too.
-        triggered.play(u"t1000:chord g1000.001:chord t1000.2:again W0.09 g1000.1:chord"_s);
-        QCOMPARE(triggered.told(), u"P1000"_s);
+        QCOMPARE(triggered.play(u"t1000:chord g1000.001:chord t1000.2:again W0.09 g1000.1:chord"_s),
+                 u"P1000"_s);
         triggered.play(u"W0.2 g1000.3:chord t1000.3:ctrl"_s);
         // A key press in our own window, told by the tap first.
-        triggered.play(u"W1 t1001.3:chord l1001.3:chord"_s);
-        QCOMPARE(triggered.told(), u"P1000 P1000.3 P1001.3 taken"_s);
+        QCOMPARE(triggered.play(u"W1 t1001.3:chord l1001.3:chord"_s),
+                 u"P1000 P1000.3 P1001.3 taken"_s);
     }
 
     void keyThatIsLostLaterIsWatchedForAndToldOf()
@@ -418,8 +384,7 @@ private Q_SLOTS:
         triggered.keys.hotKeyLost(10);
         QCOMPARE(status, 10);
         QVERIFY(!triggered.keys.hotKeyPressed);
-        triggered.play(u"t1000:chord"_s);
-        QCOMPARE(triggered.told(), u"P1000"_s);
+        QCOMPARE(triggered.play(u"t1000:chord"_s), u"P1000"_s);
     }
 
     void impossibleShortcutsAreNotRegisteredWithOneLine_data()

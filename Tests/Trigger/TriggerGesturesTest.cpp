@@ -36,45 +36,26 @@ struct Gestured
     /// = all is let go.
     void play(const QString& script)
     {
+        using enum ReleaseReason;
         using enum TriggerGestures::Shortcut;
-        static const QHash<QChar, ReleaseReason> reasons{{u'R', ReleaseReason::chordReleased},
-                                                         {u'U', ReleaseReason::unregistered},
-                                                         {u'N', ReleaseReason::neverHeld}};
+        double time = 0;
+        QHash<QChar, std::function<void()>> acts;
+        acts.insert(u'P', [&] { gestures.press(modifierOnly, time); });
+        acts.insert(u'R', [&] { gestures.release(modifierOnly, chordReleased, time); });
+        acts.insert(u'U', [&] { gestures.release(modifierOnly, unregistered, time); });
+        acts.insert(u'N', [&] { gestures.release(modifierOnly, neverHeld, time); });
+        acts.insert(u'E', [&] { isVisible = isPinned = false; });
+        acts.insert(u'K', [&] { gestures.press(keyed, time); });
+        acts.insert(u'k', [&] { gestures.release(keyed, unregistered, time); });
+        acts.insert(u'O', [&] { gestures.otherKey(OtherKey::takenElsewhere); });
+        acts.insert(u'M', [&] { gestures.otherKey(OtherKey::modifier); });
+        acts.insert(u'L', [&] { gestures.letGo(); });
+        acts.insert(u'S', [&] { gestures.systemWillSleep(); });
+        acts.insert(u'n', [&] { pins = false; });
+        acts.insert(u'y', [&] { pins = true; });
         for (const QString& step : script.split(u' ')) {
-            const double time = step.mid(1).toDouble();
-            switch (step.front().unicode()) {
-            case u'P':
-                gestures.press(modifierOnly, time);
-                break;
-            case u'R':
-            case u'U':
-            case u'N':
-                gestures.release(modifierOnly, reasons.value(step.front()), time);
-                break;
-            case u'E':
-                isVisible = isPinned = false;
-                break;
-            case u'K':
-                gestures.press(keyed, time);
-                break;
-            case u'k':
-                gestures.release(keyed, ReleaseReason::unregistered, time);
-                break;
-            case u'O':
-                gestures.otherKey(OtherKey::takenElsewhere);
-                break;
-            case u'M':
-                gestures.otherKey(OtherKey::modifier);
-                break;
-            case u'L':
-                gestures.letGo();
-                break;
-            case u'S':
-                gestures.systemWillSleep();
-                break;
-            default:
-                pins = step == u"y";
-            }
+            time = step.mid(1).toDouble();
+            acts[step.front()]();
         }
     }
 };
@@ -114,14 +95,8 @@ private Q_SLOTS:
         row("a shortcut is no second tap", u"P10 R10.1 P10.3 O R10.4 L"_s, false, false);
         row("told late", u"P10 R10.1 O L P10.5"_s, true, false);
         row("a third modifier let go first", u"P10 M R10.1 P10.2"_s, false, false);
-        row("a third modifier pins nothing",
-            u"P10 R10.1 P10.3 M R10.31 P10.32 R10.4 L"_s,
-            false,
-            false);
-        row("a third modifier in a pinned ring",
-            u"P10 R10.1 P10.3 R10.4 P12 M R12.1 L"_s,
-            true,
-            true);
+        row("a third pins nothing", u"P10 R10.1 P10.3 M R10.31 P10.32 R10.4 L"_s, false, false);
+        row("a third in a pinned ring", u"P10 R10.1 P10.3 R10.4 P12 M R12.1 L"_s, true, true);
         row("the desktop's key in a pinned ring", u"P10 R10.1 P10.3 R10.4 P12 O"_s, false, false);
         row("pinning is not wanted", u"n P10 R10.2 P10.7"_s, true, false);
         row("nor does the tap of before count later", u"n P10 R10.2 P11 y P11.1"_s, true, false);

@@ -6,6 +6,7 @@
 
 #include <Support/FileTree.h>
 #include <Support/MemoryUserDefaults.h>
+#include <Support/ShortcutStory.h>
 #include <Support/Table.h>
 #include <Support/VirtualMainQueue.h>
 #include <gio/gio.h>
@@ -17,7 +18,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr quint64 chord = ModifierFlags::control | ModifierFlags::option;
 const QByteArray root = "/org/gnome/settings-daemon/plugins/media-keys/";
 const QByteArray schema = "org.gnome.settings-daemon.plugins.media-keys";
 
@@ -85,19 +85,15 @@ class GnomeShortcutsTest final : public QObject
 private Q_SLOTS:
     void shortcutsComeAfterTheConsentAndGoAgain_data()
     {
-        const Table<quint64, int, QStringList> row; // Modifiers, key, and what is bound.
-        row("a chord", chord, -1, {u"<Control>Alt_L"_s, u"<Control>Alt_R"_s});
-        row("a key", ModifierFlags::command, 49, {u"<Super>space"_s});
-        row("a key by its place", chord, 40, {u"<Control><Alt>0x2d"_s});
-        row("no key at all", chord, 300, {});
+        const Table<KeyEvents::HotKey, QStringList> row; // And what is bound.
+        row("a chord", chord, {u"<Control>Alt_L"_s, u"<Control>Alt_R"_s});
+        row("a key", {quint16{49}, ModifierFlags::command}, {u"<Super>space"_s});
+        row("a key by its place", {quint16{40}, chordFlags}, {u"<Control><Alt>0x2d"_s});
+        row("no key at all", {quint16{300}, chordFlags}, {});
     }
     void shortcutsComeAfterTheConsentAndGoAgain()
     {
-        const auto [modifiers, key, accelerators] = fetch<quint64, int, QStringList>();
-        KeyEvents::HotKey hotKey{.keyCode = {}, .modifierFlags = modifiers};
-        if (key >= 0) {
-            hotKey.keyCode = static_cast<quint16>(key);
-        }
+        const auto [hotKey, accelerators] = fetch<KeyEvents::HotKey, QStringList>();
         m_settings.setPaths("['/a/theirs/', '/org/gnome/settings-daemon/plugins/media-keys/"
                             "custom-keybindings/tavik-launcher-7/']");
         const QStringList theirs{u"theirs  "_s};
@@ -132,22 +128,20 @@ private Q_SLOTS:
 
     void whatGnomeUsesItselfIsToldOf_data()
     {
-        const Table<QString, quint64, quint16, QString, bool> row;
-        row("as it is written", u"<Control><Alt>space"_s, chord, 49, {}, true);
-        row("in other words", u"<Mod1><Primary>Space"_s, chord, 49, {}, true);
-        row("by the key's name", u"<Super>k"_s, ModifierFlags::command, 40, u"K"_s, true);
-        row("with more modifiers", u"<Super><Control><Alt>space"_s, chord, 49, {}, false);
-        row("nothing", u""_s, chord, 49, {}, false);
+        const Table<QString, KeyEvents::HotKey, bool> row;
+        row("as it is written", u"<Control><Alt>space"_s, chordAndSpace, true);
+        row("in other words", u"<Mod1><Primary>Space"_s, chordAndSpace, true);
+        row("by the key's name", u"<Super>k"_s, superK, true);
+        row("with more modifiers", u"<Super><Control><Alt>space"_s, chordAndSpace, false);
+        row("nothing", u""_s, chordAndSpace, false);
     }
     void whatGnomeUsesItselfIsToldOf()
     {
-        const auto [used, modifiers, key, label, isTaken]
-            = fetch<QString, quint64, quint16, QString, bool>();
+        const auto [used, hotKey, isTaken] = fetch<QString, KeyEvents::HotKey, bool>();
         m_settings.setPaths("['no path', '/a/theirs/']");
         m_settings.bind("/a/theirs/", used);
         MemoryUserDefaults defaults;
         GnomeShortcuts shortcuts(m_queue, defaults, u"/tavik"_s);
-        const KeyEvents::HotKey hotKey{.keyCode = key, .modifierFlags = modifiers, .label = label};
         QCOMPARE(shortcuts.status(hotKey) != 0, isTaken);
         m_settings.bind("/a/theirs/", {});
     }

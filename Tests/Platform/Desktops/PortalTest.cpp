@@ -8,6 +8,7 @@
 
 #include <Support/FakeBusService.h>
 #include <Support/MemoryUserDefaults.h>
+#include <Support/ShortcutStory.h>
 #include <Support/StepWorkQueue.h>
 #include <Support/Table.h>
 #include <Support/VirtualMainQueue.h>
@@ -22,8 +23,6 @@ const QString portalName = u"org.freedesktop.portal.Desktop"_s;
 const QString portalPath = u"/org/freedesktop/portal/desktop"_s;
 const QString consentKey = u"PortalShortcutsAllowed"_s;
 const QString ours = u"summon-100000-40"_s; ///< Of Super and the key of K.
-const KeyEvents::HotKey superK{
-    .keyCode = quint16{40}, .modifierFlags = ModifierFlags::command, .label = u"k"_s};
 
 /// How the portal answers.
 struct Manner
@@ -126,24 +125,13 @@ struct Run
     }
     int bind(const KeyEvents::HotKey& hotKey = superK)
     {
-        const auto tell = [this](char16_t letter) {
-            return [this, letter] {
-                told += letter;
-            };
-        };
-        return shortcuts.bind(hotKey,
-                              {.pressed = tell(u'P'),
-                               .released = tell(u'R'),
-                               .joined = {},
-                               .lost = [lost = tell(u'L')](int) {
-                                   lost();
-                               }});
+        return shortcuts.bind(hotKey, story.handlers());
     }
 
     VirtualMainQueue mainQueue;
     StepWorkQueue workQueue;
     PortalShortcuts shortcuts;
-    QString told;
+    ShortcutStory story;
 };
 
 /// Returns when what somebody else has said has been heard.
@@ -176,7 +164,7 @@ private Q_SLOTS:
         QVERIFY(userDefaults.values.isEmpty() && run->shortcuts.request().isEmpty());
         QTRY_VERIFY(run->shortcuts.awaitsConsent());
         const QString unasked = run->shortcuts.request();
-        QVERIFY(run->bind({.keyCode = {}, .modifierFlags = ModifierFlags::command}) != 0);
+        QVERIFY(run->bind(chord) != 0);
         QVERIFY(run->bind() != 0);
         QVERIFY(run->shortcuts.request() != unasked); // No word of chords any more.
         QCOMPARE(m_portal.asked(), u"Get"_s);
@@ -194,7 +182,7 @@ private Q_SLOTS:
         m_portal.send(m_portal.signal(u"Activated"_s, ours) << 4);
         m_portal.send(m_portal.signal(u"Activated"_s, ours));
         m_portal.send(m_portal.signal(u"Deactivated"_s, ours));
-        QTRY_COMPARE(run->told, u"PR"_s);
+        QTRY_COMPARE(run->story.told, u"PR"_s);
 
         run.reset();
         QTRY_VERIFY(m_portal.asked().endsWith(u"Close"_s));
@@ -211,10 +199,7 @@ private Q_SLOTS:
         m_portal.is(true, {.has = ours});
         QTRY_COMPARE(m_portal.asked(), u"Get CreateSession ListShortcuts"_s);
         // Other keys are another shortcut, of another session.
-        QCOMPARE(
-            next.bind(
-                {.keyCode = quint16{37}, .modifierFlags = ModifierFlags::all, .label = u"L"_s}),
-            0);
+        QCOMPARE(next.bind({quint16{37}, ModifierFlags::all, u"L"_s}), 0);
         QTRY_VERIFY(m_portal.asked().endsWith(
             u"Close CreateSession ListShortcuts BindShortcuts CTRL+ALT+SHIFT+LOGO+l"_s));
     }
@@ -254,7 +239,7 @@ private Q_SLOTS:
         } else if (!happens.isEmpty()) {
             m_portal.send(m_portal.signal(happens, u"another"_s));
         }
-        QTRY_COMPARE(run.told, u"L"_s);
+        QTRY_COMPARE(run.story.told, u"L"_s);
         QVERIFY(!run.shortcuts.serves() && run.bind() != 0);
         QCOMPARE(userDefaults.values.contains(consentKey), isKept);
         QTRY_COMPARE(run.shortcuts.awaitsConsent(), run.shortcuts.isThere());

@@ -5,6 +5,7 @@
 #include <QWindow>
 
 #include <Support/FakeKeyEvents.h>
+#include <Support/ShortcutStory.h>
 #include <Support/Table.h>
 #include <Support/VirtualMainQueue.h>
 
@@ -13,8 +14,6 @@ using namespace Tavik::Test;
 using Kind = KeyEvents::Kind;
 
 namespace {
-
-constexpr quint64 chord = ModifierFlags::control | ModifierFlags::option;
 
 /// A desktop that takes every shortcut, or none.
 class FakeSource final : public ShortcutSource
@@ -40,21 +39,18 @@ class ShortcutKeyEventsTest final : public QObject
 private Q_SLOTS:
     void whatIsHeldIsKnownOnlyWithTheKeyboardAndAfterAMoment_data()
     {
-        const Table<double> row; // How long that takes; less than nothing for ever.
+        const Table<std::optional<double>> row; // How long that takes; nothing for ever.
         row("at once", 0);
         row("it settles", 0.06);
-        row("never", -1);
+        row("never", {});
     }
     void whatIsHeldIsKnownOnlyWithTheKeyboardAndAfterAMoment()
     {
-        const auto [settling] = fetch<double>();
+        const auto [settling] = fetch<std::optional<double>>();
         auto own = std::make_unique<FakeKeyEvents>();
         own->held = ModifierFlags::control; // As it was when we had the keyboard last.
         FakeKeyEvents& ours = *own;
-        const bool everSettles = settling >= 0;
-        ShortcutKeyEvents events(
-            {m_mainQueue, m_source, everSettles ? std::optional(settling) : std::nullopt},
-            std::move(own));
+        ShortcutKeyEvents events({m_mainQueue, m_source, settling}, std::move(own));
         QList<quint64> told;
         const auto monitor
             = events.addLocalMonitor(Kind::modifiersChanged, [&](const KeyEvents::Event& event) {
@@ -67,12 +63,12 @@ private Q_SLOTS:
         window.show();
         window.requestActivate();
         QVERIFY(QTest::qWaitForWindowActive(&window));
-        m_mainQueue.advance(settling / 2);
+        m_mainQueue.advance(settling.value_or(0) / 2);
         QCOMPARE(events.heldModifiers().has_value(), settling == 0);
-        ours.held = chord;
+        ours.held = chordFlags;
         m_mainQueue.advance(1);
-        QCOMPARE(events.heldModifiers(), everSettles ? std::optional(chord) : std::nullopt);
-        QCOMPARE(told.size(), everSettles ? 1 : 0);
+        QCOMPARE(events.heldModifiers(), settling ? std::optional(chordFlags) : std::nullopt);
+        QCOMPARE(told.size(), settling ? 1 : 0);
     }
 
     void nobodyElseIsBelievedWhileTheDesktopServes()
@@ -82,7 +78,7 @@ private Q_SLOTS:
             auto own = std::make_unique<FakeKeyEvents>();
             own->hotKeyError = 1;
             ShortcutKeyEvents events({m_mainQueue, m_source, 0}, std::move(own));
-            auto had = events.registerHotKey({.keyCode = {}, .modifierFlags = chord}, {});
+            auto had = events.registerHotKey(chord, {});
             const auto hasOthers = [&events] {
                 return events.addGlobalMonitor(Kind::modifiersChanged, {})
                     || events.createEventTap(Kind::modifiersChanged, {}, {});

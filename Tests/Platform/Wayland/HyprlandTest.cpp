@@ -8,6 +8,7 @@
 
 #include <Support/FakeKeyEvents.h>
 #include <Support/MemoryUserDefaults.h>
+#include <Support/ShortcutStory.h>
 #include <atomic>
 #include <thread>
 
@@ -124,47 +125,33 @@ private Q_SLOTS:
     {
         FakeHyprland hyprland;
         MemoryUserDefaults userDefaults;
-        QString told;
-        const auto handlers = [&told] {
-            return ShortcutSource::Handlers{.pressed = [&told] { told += u'P'; },
-                                            .released = [&told] { told += u'R'; },
-                                            .joined = {},
-                                            .lost =
-                                                [&told](int) {
-                                                    told += u'L';
-                                                }};
-        };
+        ShortcutStory story;
         ShortcutPermission permission(HyprlandShortcuts::make(userDefaults),
                                       std::make_unique<FakeAccessibilityPermission>());
         ShortcutSource& shortcuts = permission.source();
-        KeyEvents::HotKey hotKey{.keyCode = {},
-                                 .modifierFlags = ModifierFlags::control | ModifierFlags::option};
-        QVERIFY(shortcuts.bind(hotKey, handlers()) != 0);
+        QVERIFY(shortcuts.bind(chord, story.handlers()) != 0);
         QVERIFY(permission.obstacle().isLiftedByPrompt);
         const QString line = u"bind = CTRL ALT, space, global, org.tavik.Launcher:summon"_s;
         QCOMPARE(permission.obstacle().command, line);
-        hotKey.keyCode = 49;
-        QCOMPARE(shortcuts.bind(hotKey, handlers()), 0);
+        QCOMPARE(shortcuts.bind(chordAndSpace, story.handlers()), 0);
         QTRY_VERIFY(hyprland.knowsOurs());
         QVERIFY(!permission.isTrusted() && !permission.obstacle().isLiftedByPrompt);
         QVERIFY(permission.obstacle().remedy.endsWith(line));
         hyprland.press();
-        QTRY_COMPARE(told, u"PR"_s);
+        QTRY_COMPARE(story.told, u"PR"_s);
         QVERIFY(permission.isTrusted());
 
         // Whose name is taken loses its connection; the first keeps its own.
         const auto second = HyprlandShortcuts::make(userDefaults);
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"^The compositor's connection.*"_s));
-        QCOMPARE(second->bind(hotKey, handlers()), 0);
+        QCOMPARE(second->bind(chordAndSpace, story.handlers()), 0);
         QVERIFY(second->serves()); // As it was heard before.
-        QTRY_COMPARE(told, u"PRL"_s);
-        QVERIFY(!second->serves() && second->status(hotKey) != 0);
+        QTRY_COMPARE(story.told, u"PRL"_s);
+        QVERIFY(!second->serves() && second->status(chordAndSpace) != 0);
         hyprland.press();
-        QTRY_COMPARE(told, u"PRLPR"_s);
+        QTRY_COMPARE(story.told, u"PRLPR"_s);
 
-        hotKey.label = u"K"_s; // Other keys are another line.
-        hotKey.keyCode = 40;
-        QCOMPARE(shortcuts.bind(hotKey, handlers()), 0);
+        QCOMPARE(shortcuts.bind(superK, story.handlers()), 0); // Other keys are another line.
         QVERIFY(!permission.isTrusted());
         shortcuts.unbind();
         QTRY_VERIFY(!hyprland.knowsOurs());

@@ -59,14 +59,6 @@ void TestClient::destroy(xcb_window_t window)
     sync();
 }
 
-void TestClient::setText(xcb_window_t window,
-                         const char* property,
-                         const QByteArray& text,
-                         const char* type)
-{
-    change(window, property, type, 8, text);
-}
-
 void TestClient::setNumbers(xcb_window_t window,
                             const char* property,
                             const QList<uint32_t>& numbers,

@@ -45,7 +45,10 @@ public:
     void place(xcb_window_t window, const QRect& frame);
     void destroy(xcb_window_t window);
     void
-    setText(xcb_window_t window, const char* property, const QByteArray& text, const char* type);
+    setText(xcb_window_t window, const char* property, const QByteArray& text, const char* type)
+    {
+        change(window, property, type, 8, text);
+    }
     void setNumbers(xcb_window_t window,
                     const char* property,
                     const QList<uint32_t>& numbers,

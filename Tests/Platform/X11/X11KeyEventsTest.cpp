@@ -9,6 +9,7 @@
 #include <QThread>
 #include <QWindow>
 
+#include <Support/Counting.h>
 #include <Support/FakeKeyEvents.h>
 #include <array>
 
@@ -53,12 +54,14 @@ private:
     X11KeyEvents m_events{
         {.toolkit = toolkitConnection(), .mainQueue = m_queue, .permission = m_permission}};
 
-    KeyEvents::HotKeyResult registerKey(quint64 flags, QList<double>& presses)
+    KeyEvents::HotKeyResult registerKey(quint64 flags, std::function<void(double)> pressed)
     {
-        return m_events.registerHotKey({.keyCode = f9, .modifierFlags = flags},
-                                       {.pressed = [&presses](double time) {
-                                           presses.append(time);
-                                       }});
+        return m_events.registerHotKey({f9, flags}, {.pressed = std::move(pressed)});
+    }
+    /// Each press is told in `m_presses`.
+    KeyEvents::HotKeyResult registerKey(quint64 flags = 0)
+    {
+        return registerKey(flags, [this](double time) { m_presses << time; });
     }
 
     /// "+38 -38": a key goes down and up, as fast as the server takes it.
@@ -70,25 +73,28 @@ private:
         }
     }
 
+    QList<double> m_presses; ///< The time of each.
+
 private Q_SLOTS:
+    void init() { m_presses.clear(); }
+
     void pressIsReportedAtItsTimeWithAnyLocks()
     {
-        QList<double> presses;
-        const auto result = registerKey(ModifierFlags::control, presses);
+        const auto result = registerKey(ModifierFlags::control);
         QCOMPARE(result.status, 0);
         // Toggled in turn: none, caps, both, num alone.
         for (const xcb_keycode_t lock : {xcb_keycode_t{}, capsLock, numLock, capsLock}) {
             if (lock != 0) {
                 m_client.tapKey(lock);
             }
-            presses.clear();
+            m_presses.clear();
             const double before = m_queue.systemUptime();
             m_client.pressKey(control);
             play(u"+75 -75 +75 -75 +75 -75"_qs); // Most of it in one millisecond.
             m_client.releaseKey(control);
-            QTRY_COMPARE(presses.size(), 3);
-            QVERIFY(presses.first() > before - 0.05);
-            QVERIFY(presses.last() <= m_queue.systemUptime());
+            QTRY_COMPARE(m_presses.size(), 3);
+            QVERIFY(m_presses.first() > before - 0.05);
+            QVERIFY(m_presses.last() <= m_queue.systemUptime());
         }
         m_client.tapKey(numLock);
     }
@@ -97,8 +103,7 @@ private Q_SLOTS:
     {
         QCOMPARE(QProcess::execute(u"xmodmap"_qs, {u"-e"_qs, u"add mod3 = Scroll_Lock"_qs}), 0);
         QTest::qWait(400); // The map settles.
-        QList<double> presses;
-        const auto result = registerKey(ModifierFlags::control, presses);
+        const auto result = registerKey(ModifierFlags::control);
         // Every set of what is neither Shift, Control, Alt nor Super.
         constexpr quint8 others
             = XCB_MOD_MASK_LOCK | XCB_MOD_MASK_2 | XCB_MOD_MASK_3 | XCB_MOD_MASK_5;
@@ -110,7 +115,7 @@ private Q_SLOTS:
             m_client.tapKey(f9Key);
             m_client.releaseKey(control);
             ++expected;
-            QTRY_COMPARE(presses.size(), expected);
+            QTRY_COMPARE(m_presses.size(), expected);
             locked = static_cast<quint8>((locked - others) & others);
         } while (locked != 0);
         m_client.lockModifiers(others, 0);
@@ -118,10 +123,9 @@ private Q_SLOTS:
 
     void onlyTheExactModifiersCount()
     {
-        QList<double> plain;
-        QList<double> controlled;
-        const auto first = registerKey(0, plain);
-        const auto second = registerKey(ModifierFlags::control, controlled);
+        int controlled = 0;
+        const auto first = registerKey();
+        const auto second = registerKey(ModifierFlags::control, counting(controlled));
         QVERIFY(first.registration && second.registration);
         m_client.pressKey(control);
         m_client.tapKey(f9Key);
@@ -129,26 +133,23 @@ private Q_SLOTS:
         m_client.tapKey(f9Key);
         m_client.releaseKey(shift);
         m_client.releaseKey(control);
-        QTRY_COMPARE(controlled.size(), 1);
+        QTRY_COMPARE(controlled, 1);
         settle();
-        QCOMPARE(controlled.size(), 1);
-        QCOMPARE(plain.size(), 0);
+        QCOMPARE(controlled, 1);
+        QCOMPARE(m_presses.size(), 0);
         m_client.tapKey(f9Key);
-        QTRY_COMPARE(plain.size(), 1);
+        QTRY_COMPARE(m_presses.size(), 1);
     }
 
     void keysThatFollowWaitForThePressToBeAnswered()
     {
         Typed window;
-        const auto result
-            = m_events.registerHotKey({.keyCode = f9, .modifierFlags = 0}, {.pressed = [&](double) {
-                                          window.show();
-                                          xcb_set_input_focus(toolkitConnection(),
-                                                              XCB_INPUT_FOCUS_POINTER_ROOT,
-                                                              window.id(),
-                                                              XCB_CURRENT_TIME);
-                                          xcb_flush(toolkitConnection());
-                                      }});
+        const auto result = registerKey(0, [&](double) {
+            window.show();
+            xcb_set_input_focus(
+                toolkitConnection(), XCB_INPUT_FOCUS_POINTER_ROOT, window.id(), XCB_CURRENT_TIME);
+            xcb_flush(toolkitConnection());
+        });
         QVERIFY(result.registration);
         // With no pause, and with the hot key still down when the next key comes.
         for (const QString& script : {u"+75 -75 +38 -38 +56 -56"_qs,
@@ -179,13 +180,12 @@ private Q_SLOTS:
         };
         bool wasHeld = false;
         bool wentOn = false;
-        const auto result
-            = m_events.registerHotKey({.keyCode = f9, .modifierFlags = 0}, {.pressed = [&](double) {
-                                          QThread::msleep(100);
-                                          wasHeld = !hasKey();
-                                          QThread::msleep(250);
-                                          wentOn = hasKey();
-                                      }});
+        const auto result = registerKey(0, [&](double) {
+            QThread::msleep(100);
+            wasHeld = !hasKey();
+            QThread::msleep(250);
+            wentOn = hasKey();
+        });
         play(u"+75 -75 +38 -38"_qs);
         QTRY_VERIFY(wentOn);
         QVERIFY(wasHeld);
@@ -195,8 +195,7 @@ private Q_SLOTS:
 
     void whatAnotherProgramMakesUpPressesNothing()
     {
-        QList<double> presses;
-        const auto result = registerKey(0, presses);
+        const auto result = registerKey();
         xcb_key_press_event_t event{};
         event.response_type = XCB_KEY_PRESS;
         event.detail = f9Key;
@@ -208,30 +207,28 @@ private Q_SLOTS:
                        reinterpret_cast<const char*>(&event));
         m_client.sync();
         settle();
-        QCOMPARE(presses.size(), 0);
+        QCOMPARE(m_presses.size(), 0);
     }
 
     void heldKeyIsReportedOnce()
     {
         QCOMPARE(QProcess::execute(u"xset"_qs, {u"r"_qs, u"rate"_qs, u"100"_qs, u"50"_qs}), 0);
-        QList<double> presses;
-        const auto result = registerKey(0, presses);
+        const auto result = registerKey();
         QVERIFY(result.registration);
         m_client.pressKey(f9Key);
         QTest::qWait(500);
         m_client.releaseKey(f9Key);
         settle();
-        QCOMPARE(presses.size(), 1);
+        QCOMPARE(m_presses.size(), 1);
         m_client.tapKey(f9Key);
-        QTRY_COMPARE(presses.size(), 2);
+        QTRY_COMPARE(m_presses.size(), 2);
     }
 
     void keyOfAnotherProgramIsRefusedAndNothingIsKept()
     {
         constexpr uint16_t lockedControl = XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_LOCK;
         QVERIFY(m_client.grabKey(lockedControl, f9Key));
-        QList<double> presses;
-        const auto result = registerKey(ModifierFlags::control, presses);
+        const auto result = registerKey(ModifierFlags::control);
         QVERIFY(!result.registration);
         QCOMPARE(result.status, int{XCB_ACCESS});
         QTRY_VERIFY(m_client.grabKey(XCB_MOD_MASK_CONTROL, f9Key));
@@ -257,9 +254,7 @@ private Q_SLOTS:
         m_client.ungrabKey(0, f9Key);
         settle();
         QCOMPARE(presses, 1);
-        result = events->registerHotKey(hotKey, {.pressed = [&presses](double) {
-                                            ++presses;
-                                        }});
+        result = events->registerHotKey(hotKey, {.pressed = counting(presses)});
         m_client.tapKey(f9Key);
         QTRY_COMPARE(presses, 2);
         events.reset();
@@ -284,17 +279,15 @@ private Q_SLOTS:
     {
         constexpr quint16 yen = 93; // Of Japanese keyboards.
         for (const quint16 key : {quint16{52}, quint16{0xffff}, yen}) {
-            QVERIFY(m_events.registerHotKey({.keyCode = key, .modifierFlags = 0}, {}).status != 0);
+            QVERIFY(m_events.registerHotKey({key}, {}).status != 0);
         }
-        QList<double> presses;
-        const auto result = registerKey(0, presses);
-        QCOMPARE(registerKey(0, presses).status, int{XCB_ACCESS});
+        const auto result = registerKey();
+        QCOMPARE(registerKey().status, int{XCB_ACCESS});
     }
 
     void keyFollowsAChangedModifierMap()
     {
-        QList<double> presses;
-        const auto result = registerKey(ModifierFlags::command, presses);
+        const auto result = registerKey(ModifierFlags::command);
         QVERIFY(result.registration);
         const QString moved = u"-e|clear mod4|-e|clear mod3|-e|add mod3 = Super_L Super_R"_qs;
         QCOMPARE(QProcess::execute(u"xmodmap"_qs, moved.split(u'|')), 0);
@@ -304,7 +297,7 @@ private Q_SLOTS:
         m_client.pressKey(super);
         m_client.tapKey(f9Key);
         m_client.releaseKey(super);
-        QTRY_COMPARE(presses.size(), 1);
+        QTRY_COMPARE(m_presses.size(), 1);
     }
 };
 

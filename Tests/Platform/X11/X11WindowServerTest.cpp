@@ -7,6 +7,7 @@
 #include <QRasterWindow>
 #include <QTest>
 
+#include <Support/Counting.h>
 #include <algorithm>
 #include <span>
 
@@ -144,20 +145,13 @@ private Q_SLOTS:
     void keyboardComesAndGoesToWhomItBelongs()
     {
         QFETCH(const bool, isManaged);
-        enum class Owner {
-            previous,
-            other,
-            nobody,
-        };
         X11WindowServer server(
             toolkitConnection(), m_queue, isManaged ? Xwayland::yes : Xwayland::no);
         Panel panel(isManaged);
         int keys = 0;
         int lefts = 0;
-        server.onPanelLeft = [&] {
-            ++lefts;
-        };
-        for (const Owner owner : {Owner::previous, Owner::previous, Owner::other, Owner::nobody}) {
+        server.onPanelLeft = counting(lefts);
+        for (const QString& owner : {u"previous"_s, u"previous"_s, u"other"_s, u"nobody"_s}) {
             const xcb_window_t victim = showVictim();
             QVERIFY(victim != XCB_NONE);
             server.preparePanel(panel.winId());
@@ -172,17 +166,17 @@ private Q_SLOTS:
             QVERIFY(server.panelGotKey(keyA, panel.lastKeyTime));
             QVERIFY(!server.panelGotKey(keyA, panel.lastKeyTime + 1));
             lefts = 0;
-            const xcb_window_t other = owner == Owner::other ? showVictim() : victim;
-            QTRY_VERIFY(owner != Owner::other || lefts > 0);
-            if (owner == Owner::nobody) {
+            const xcb_window_t other = owner == u"other" ? showVictim() : victim;
+            QTRY_VERIFY(owner != u"other" || lefts > 0);
+            if (owner == u"nobody") {
                 m_client.destroy(victim);
             }
             server.returnKeyboardFocus();
             panel.hide();
-            if (owner != Owner::previous) {
+            if (owner != u"previous") {
                 QTest::qWait(250); // Longer than a return takes.
             }
-            QTRY_VERIFY(owner == Owner::nobody || m_client.focused() == other);
+            QTRY_VERIFY(owner == u"nobody" || m_client.focused() == other);
             QVERIFY(!server.hasKeyboardFocus(panel.winId()));
             m_client.destroy(other);
             m_client.destroy(victim);
@@ -194,9 +188,7 @@ private Q_SLOTS:
         X11WindowServer server(toolkitConnection(), m_queue);
         Panel panel;
         int lefts = 0;
-        server.onPanelLeft = [&] {
-            ++lefts;
-        };
+        server.onPanelLeft = counting(lefts);
         const QPoint inside = QRect(300, 200, 240, 240).center();
         const QPoint corner(304, 204);
         server.setInputRegion(panel.winId(), QRegion(0, 0, 240, 240, QRegion::Ellipse));

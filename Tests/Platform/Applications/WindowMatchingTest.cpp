@@ -17,67 +17,70 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// An installed desktop, the most important entries first: ID, then what stands below the name.
-constexpr std::pair<const char*, const char*> installed[] = {
+struct Installed
+{
+    const char* id;
+    const char* command;
+    const char* windowClass = "";
+    const char* more = ""; ///< Lines of the entry.
+};
+
+/// An installed desktop, the most important entries first.
+constexpr Installed installed[] = {
     // Browsers, and web applications that run in their processes.
-    {"google-chrome", "Exec=/usr/bin/google-chrome-stable %U"},
-    {"chrome-aghbi-Default",
-     "Exec=/opt/google/chrome/google-chrome --app-id=aghbi\nStartupWMClass=crx_aghbi"},
-    {"chromium", "Exec=/usr/bin/chromium %U\nStartupWMClass=Chromium"},
-    {"chrome-mail-Profile_1",
-     "Exec=/usr/bin/chromium --app=https://mail\nStartupWMClass=mail.example.org"},
-    {"firefox-esr", "Exec=firefox-esr %u\nStartupWMClass=firefox-esr"},
-    {"FFPWA-01H", "Exec=firefoxpwa site launch 01H\nStartupWMClass=FFPWA-01H"},
-    {"org.gnome.Epiphany", "Exec=epiphany %U"},
+    {"google-chrome", "/usr/bin/google-chrome-stable %U"},
+    {"chrome-aghbi-Default", "/opt/google/chrome/google-chrome --app-id=aghbi", "crx_aghbi"},
+    {"chromium", "/usr/bin/chromium %U", "Chromium"},
+    {"chrome-mail-Profile_1", "/usr/bin/chromium --app=https://mail", "mail.example.org"},
+    {"firefox-esr", "firefox-esr %u", "firefox-esr"},
+    {"FFPWA-01H", "firefoxpwa site launch 01H", "FFPWA-01H"},
+    {"org.gnome.Epiphany", "epiphany %U"},
     {"org.gnome.Epiphany.WebApp_news",
-     "Exec=epiphany --application-mode news\nStartupWMClass=org.gnome.Epiphany.WebApp_news"},
+     "epiphany --application-mode news",
+     "org.gnome.Epiphany.WebApp_news"},
     // One program under a runtime that many share.
-    {"code", "Exec=/usr/share/code/code %F\nStartupWMClass=Code"},
-    {"code-url-handler",
-     "Exec=/usr/share/code/code --open-url %U\nNoDisplay=true\nStartupWMClass=Code"},
-    {"notes", "Exec=electron /usr/lib/notes/app.asar %U"},
-    {"chat", "Exec=/opt/Chat/chat --no-sandbox %U"},
-    {"jetbrains-idea", "Exec=/opt/idea/bin/idea.sh %f\nStartupWMClass=jetbrains-idea"},
-    {"editor-java", "Exec=java -jar /opt/editor/editor.jar"},
-    {"wine-Programs-Draw",
-     "Exec=env WINEPREFIX=/w wine C:\\\\\\\\Draw\\\\\\\\draw.lnk\nStartupWMClass=draw.exe"},
+    {"code", "/usr/share/code/code %F", "Code"},
+    {"code-url-handler", "/usr/share/code/code --open-url %U", "Code", "NoDisplay=true"},
+    {"notes", "electron /usr/lib/notes/app.asar %U"},
+    {"chat", "/opt/Chat/chat --no-sandbox %U"},
+    {"jetbrains-idea", "/opt/idea/bin/idea.sh %f", "jetbrains-idea"},
+    {"editor-java", "java -jar /opt/editor/editor.jar"},
+    {"wine-Programs-Draw", "env WINEPREFIX=/w wine C:\\\\\\\\Draw\\\\\\\\draw.lnk", "draw.exe"},
     // Suites: one process, many applications.
-    {"libreoffice-startcenter", "Exec=libreoffice %U\nStartupWMClass=libreoffice-startcenter"},
-    {"libreoffice-writer", "Exec=libreoffice --writer %U\nStartupWMClass=libreoffice-writer"},
-    {"libreoffice-calc", "Exec=libreoffice --calc %U\nStartupWMClass=libreoffice-calc"},
-    {"gimp", "Exec=gimp-2.10 %U\nStartupWMClass=gimp"},
+    {"libreoffice-startcenter", "libreoffice %U", "libreoffice-startcenter"},
+    {"libreoffice-writer", "libreoffice --writer %U", "libreoffice-writer"},
+    {"libreoffice-calc", "libreoffice --calc %U", "libreoffice-calc"},
+    {"gimp", "gimp-2.10 %U", "gimp"},
     // Packages that bring their own surroundings.
     {"org.mozilla.Thunderbird",
-     "Exec=/usr/bin/flatpak run --command=thunderbird org.mozilla.Thunderbird"},
-    {"com.spotify.Client",
-     "Exec=/usr/bin/flatpak run com.spotify.Client %U\nStartupWMClass=spotify"},
-    {"spotify", "Exec=/snap/bin/spotify-web"},
-    {"vlc_vlc", "Exec=/snap/bin/vlc %U"},
-    {"skype_skypeforlinux", "Exec=/snap/bin/skype %U"},
+     "/usr/bin/flatpak run --command=thunderbird org.mozilla.Thunderbird"},
+    {"com.spotify.Client", "/usr/bin/flatpak run com.spotify.Client %U", "spotify"},
+    {"spotify", "/snap/bin/spotify-web"},
+    {"vlc_vlc", "/snap/bin/vlc %U"},
+    {"skype_skypeforlinux", "/snap/bin/skype %U"},
     // Terminals and what runs in them.
-    {"xterm", "Exec=xterm\nCategories=System;TerminalEmulator;\nStartupWMClass=XTerm"},
-    {"org.gnome.Terminal",
-     "Exec=gnome-terminal\nCategories=TerminalEmulator;\nStartupWMClass=Gnome-terminal"},
-    {"htop", "Exec=htop\nTerminal=true"},
+    {"xterm", "xterm", "XTerm", "Categories=System;TerminalEmulator;"},
+    {"org.gnome.Terminal", "gnome-terminal", "Gnome-terminal", "Categories=TerminalEmulator;"},
+    {"htop", "htop", "", "Terminal=true"},
     // Games that a launcher of games starts.
-    {"steam", "Exec=/usr/bin/steam %U"},
-    {"Half Way", "Exec=steam steam://rungameid/70"},
+    {"steam", "/usr/bin/steam %U"},
+    {"Half Way", "steam steam://rungameid/70"},
     // Scripts and odd ones.
-    {"org.tool.Painter", "Exec=/usr/bin/painter %F"},
-    {"painter-wrapper", "Exec=/opt/painter/start.sh"},
-    {"meld", "Exec=meld %F"},
-    {"gvim", "Exec=gvim %f"},
-    {"vim-settings", "Exec=vim-settings\nStartupWMClass=GVIM"},
-    {"unity-game", "Exec=/opt/game/run"},
-    {"Sublime-Text", "Exec=/opt/sublime_text/sublime_text %F"},
-    {"org.inkscape.Inkscape", "Exec=inkscape %F"},
-    {"org.a.Twin", "Exec=twin-a"},
-    {"org.b.Twin", "Exec=twin-b"},
-    {"org.kde.dolphin", "Exec=dolphin %u"},
-    {"hidden-viewer", "Exec=viewer\nNoDisplay=true\nStartupWMClass=Viewer"},
-    {"viewer", "Exec=viewer\nStartupWMClass=Viewer"},
-    {"draw", "Exec=/home/u/Draw.AppImage %F"},
-    {"org.tavik.Launcher", "Exec=tavik-launcher"},
+    {"org.tool.Painter", "/usr/bin/painter %F"},
+    {"painter-wrapper", "/opt/painter/start.sh"},
+    {"meld", "meld %F"},
+    {"gvim", "gvim %f"},
+    {"vim-settings", "vim-settings", "GVIM"},
+    {"unity-game", "/opt/game/run"},
+    {"Sublime-Text", "/opt/sublime_text/sublime_text %F"},
+    {"org.inkscape.Inkscape", "inkscape %F"},
+    {"org.a.Twin", "twin-a"},
+    {"org.b.Twin", "twin-b"},
+    {"org.kde.dolphin", "dolphin %u"},
+    {"hidden-viewer", "viewer", "Viewer", "NoDisplay=true"},
+    {"viewer", "viewer", "Viewer"},
+    {"draw", "/home/u/Draw.AppImage %F"},
+    {"org.tavik.Launcher", "tavik-launcher"},
 };
 
 SharedDesktopEntry entry(const QString& path, const QString& id, const QByteArray& text)
@@ -90,8 +93,10 @@ const DesktopEntries& entries()
 {
     static const DesktopEntries all = [] {
         QList<SharedDesktopEntry> list;
-        for (const auto& [id, text] : installed) {
+        for (const auto& [id, command, windowClass, more] : installed) {
             const QLatin1String name(id);
+            const QByteArray text = QByteArray("Exec=") + command + '\n' + more
+                + (*windowClass ? "\nStartupWMClass=" : "") + windowClass;
             list.append(entry(u"/apps/%1.desktop"_s.arg(name), name, text));
         }
         return DesktopEntries(list);

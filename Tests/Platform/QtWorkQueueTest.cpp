@@ -4,8 +4,6 @@
 #include <QSemaphore>
 #include <QTest>
 
-#include <Support/Table.h>
-
 using namespace Tavik;
 using namespace std::chrono_literals;
 using Done = WorkQueue::Done;
@@ -15,31 +13,26 @@ class QtWorkQueueTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theEndCompletesWritesAndGivesUpOnWhatHangs_data()
-    {
-        const Test::Table<WorkPriority> row;
-        row("read", WorkPriority::userInitiated);
-        row("launch", WorkPriority::launch);
-    }
     void theEndCompletesWritesAndGivesUpOnWhatHangs()
     {
-        const auto [hanging] = Test::fetch<WorkPriority>();
-        QSemaphore started;
-        QSemaphore goesOn;
-        QSemaphore written;
-        QtWorkQueue queue({}, 1ms);
-        queue.schedule(hanging, [&] {
-            started.release();
-            goesOn.acquire();
-            return Done();
-        });
-        started.acquire();
-        for (int write = 0; write < 3; ++write) {
-            queue.schedule(WorkPriority::utility, [&] { return written.release(), Done(); });
+        for (const WorkPriority hanging : {WorkPriority::userInitiated, WorkPriority::launch}) {
+            QSemaphore started;
+            QSemaphore goesOn;
+            QSemaphore written;
+            QtWorkQueue queue({}, 1ms);
+            queue.schedule(hanging, [&] {
+                started.release();
+                goesOn.acquire();
+                return Done();
+            });
+            started.acquire();
+            for (int write = 0; write < 3; ++write) {
+                queue.schedule(WorkPriority::utility, [&] { return written.release(), Done(); });
+            }
+            QVERIFY(!queue.finish());
+            QCOMPARE(written.available(), 3);
+            goesOn.release();
         }
-        QVERIFY(!queue.finish());
-        QCOMPARE(written.available(), 3);
-        goesOn.release();
     }
 
     void aLaunchOvertakesWritesAndOutlivesTheEnd()

@@ -35,12 +35,8 @@ private Q_SLOTS:
         tree.write(u"File.app"_s);
         tree.link(u"/dev/zero"_s, u"Device.app"_s);
         QCOMPARE(::mkfifo(QFile::encodeName(tree.path(u"Pipe.app"_s)).constData(), 0600), 0);
-        const QStringList expected{u"Foo.app"_s,
-                                   u"Utilities"_s,
-                                   u"Utilities/Deep"_s,
-                                   u"Utilities/Deep/c.desktop"_s,
-                                   u"b.desktop"_s};
-        QCOMPARE(walk(tree.path()), expected);
+        QCOMPARE(walk(tree.path()).join(u' '),
+                 u"Foo.app Utilities Utilities/Deep Utilities/Deep/c.desktop b.desktop"_s);
         QCOMPARE(walk(tree.path(u"missing"_s)), {});
         QCOMPARE(walk(tree.path(u"b.desktop"_s)), {});
     }
@@ -289,15 +285,10 @@ private Q_SLOTS:
         qputenv("HOME", "/home/test");
         qputenv("XDG_DATA_HOME", "/home/test/.data");
         qputenv("XDG_DATA_DIRS", "/exports/share:relative:/usr/share/:/usr/share");
-        const QStringList expected{u"/Applications"_s,
-                                   u"/System/Applications"_s,
-                                   u"/home/test/Applications"_s,
-                                   u"/home/test/.data/applications"_s,
-                                   u"/exports/share/applications"_s,
-                                   u"/usr/share/applications"_s,
-                                   u"/home/test/AppImages"_s,
-                                   u"/home/test/.local/bin"_s};
-        QCOMPARE(LinuxFileManager::sessionApplicationFolders(), expected);
+        QCOMPARE(LinuxFileManager::sessionApplicationFolders().join(u' '),
+                 u"/Applications /System/Applications /home/test/Applications "
+                 "/home/test/.data/applications /exports/share/applications "
+                 "/usr/share/applications /home/test/AppImages /home/test/.local/bin"_s);
     }
 
     void theSupportFolderIsMade()

@@ -76,16 +76,9 @@ private Q_SLOTS:
         row("exact for the scale", all, 96, 2.0, u"48@2/x.png"_s);
         row("next larger", all, 40, 1.0, u"48/x.png"_s);
         row("vector before far too large", all, 110, 1.0, u"scalable/x.svg"_s);
-        row("vector before enlarging",
-            {u"48/x.png"_s, u"scalable/x.svg"_s},
-            92,
-            1.0,
-            u"scalable/x.svg"_s);
-        row("small vector before enlarging",
-            {u"48/x.png"_s, u"16/x.svg"_s},
-            92,
-            1.0,
-            u"16/x.svg"_s);
+        const QString vector = u"scalable/x.svg"_s;
+        row("vector before enlarging", {u"48/x.png"_s, vector}, 92, 1.0, vector);
+        row("small vector before it", {u"48/x.png"_s, u"16/x.svg"_s}, 92, 1.0, u"16/x.svg"_s);
         row("larger before smaller", {u"16/x.png"_s, u"256/x.png"_s}, 24, 1.0, u"256/x.png"_s);
         row("the largest of the small", {u"16/x.png"_s, u"48/x.png"_s}, 92, 1.0, u"48/x.png"_s);
         row("outside of the theme", {u"16/x.png"_s, u"../out/x.png"_s}, 40, 1.0, u"16/x.png"_s);

@@ -20,6 +20,12 @@ QByteArray document(const QByteArray& root)
     return R"(<?xml version="1.0" encoding="UTF-8"?><plist version="1.0">)" + root + "</plist>";
 }
 
+/// With this value and no other.
+QByteArray holding(const QByteArray& value)
+{
+    return document("<dict><key>k</key>" + value + "</dict>");
+}
+
 } // namespace
 
 class PropertyListTest : public QObject
@@ -72,7 +78,7 @@ private Q_SLOTS:
     void valuesAreReadInTheirType()
     {
         const auto [xml, value] = fetch<QByteArray, QVariant>();
-        const auto list = PropertyList::fromBytes(document("<dict><key>k</key>" + xml + "</dict>"));
+        const auto list = PropertyList::fromBytes(holding(xml));
         QVERIFY(list);
         QCOMPARE(list->value(u"k"_s).typeId(), value.typeId());
         QCOMPARE(list->value(u"k"_s), value);
@@ -100,21 +106,18 @@ private Q_SLOTS:
     {
         const Table<QByteArray> row;
         row("another root", document("<array/>"));
-        row("cut off", document("<dict><key>a</key><true/></dict>").chopped(12));
-        row("binary and cut off",
-            binaryPropertyList(document("<dict><key>a</key><string>b</string></dict>")).chopped(9));
+        row("cut off", holding("<true/>").chopped(12));
+        row("binary and cut off", binaryPropertyList(holding("<string>b</string>")).chopped(9));
         row("deep lists",
-            document("<dict><key>a</key>" + QByteArray("<array>").repeated(30'000)
-                     + QByteArray("</array>").repeated(30'000) + "</dict>"));
+            holding(QByteArray("<array>").repeated(30'000)
+                    + QByteArray("</array>").repeated(30'000)));
         row("deep behind comments",
             document(QByteArray("<dict><key>a</key><!--</dict>-->").repeated(3000)
                      + QByteArray("</dict>").repeated(3000)));
         row("nothing but entities",
-            document("<dict><key>a</key><string>" + QByteArray("&amp;").repeated(400'000)
-                     + "</string></dict>"));
+            holding("<string>" + QByteArray("&amp;").repeated(400'000) + "</string>"));
         row("too long",
-            document("<dict><key>a</key><string>" + QByteArray(PropertyListBounds::mostBytes, 'x')
-                     + "</string></dict>"));
+            holding("<string>" + QByteArray(PropertyListBounds::mostBytes, 'x') + "</string>"));
     }
 
     void badTextIsRefused()
@@ -129,8 +132,7 @@ private Q_SLOTS:
         if (!comma) {
             QSKIP("no locale with a decimal comma is installed");
         }
-        const auto list
-            = PropertyList::fromBytes(document("<dict><key>k</key><real>0.82</real></dict>"));
+        const auto list = PropertyList::fromBytes(holding("<real>0.82</real>"));
         const QByteArray xml = list->toXml();
         std::setlocale(LC_NUMERIC, "C");
         QCOMPARE(list->value(u"k"_s), QVariant(0.82));

@@ -157,8 +157,8 @@ private Q_SLOTS:
 
     void theNewestThatSuitsIsOffered_data()
     {
-        const Table<QList<AppcastItem>, Circumstances, QString>
-            row; // The version with its marks, or why not.
+        // Last the version with its marks, or why there is none.
+        const Table<QList<AppcastItem>, Circumstances, QString> row;
         const Circumstances usual = circumstances();
         const Circumstances skipped = circumstances(u"2"_s);
         const QString skip = u"You chose to skip Tavik Launcher 2."_s;
@@ -249,8 +249,8 @@ private Q_SLOTS:
     void theFileThatCanBeInstalledHereIsChosen_data()
     {
         using Files = QList<AppcastEnclosure>;
-        const Table<Files, QString, QString>
-            row; // Page's host; the file's name, or what comes of it.
+        // The page's host; the file's name, or what comes of it.
+        const Table<Files, QString, QString> row;
         const Files four{file("a.deb", "x86_64"),
                          file("b.AppImage", "arm64"),
                          file("c.AppImage", "x86_64"),

@@ -75,10 +75,8 @@ UpdateServer::UpdateServer(Protection protection)
     : m_server(makeServer(protection))
     , m_isProtected(protection != Protection::none)
 {
-    QObject::connect(m_server.get(),
-                     &QTcpServer::pendingConnectionAvailable,
-                     m_server.get(),
-                     [this] { accept(); });
+    QTcpServer* server = m_server.get();
+    QObject::connect(server, &QTcpServer::pendingConnectionAvailable, server, [this] { accept(); });
     if (!m_server->listen(QHostAddress::LocalHost)) {
         qFatal("No server can be started.");
     }

@@ -116,8 +116,8 @@ struct UpdaterBench : UpdateFixture
     /// An image for the usual computer.
     [[nodiscard]] static QByteArray image(const QByteArray& mark)
     {
-        return program() + QByteArray("hsqs\0\0\0\0\1\0\0\0", 12)
-            + mark; // Made a second after 1970.
+        // Made a second after 1970.
+        return program() + QByteArray("hsqs\0\0\0\0\1\0\0\0", 12) + mark;
     }
     /// What lies before an image's file system.
     [[nodiscard]] static QByteArray program(bool isWide = true)

@@ -112,8 +112,8 @@ private Q_SLOTS:
         m_cache->invalidate();
         QCOMPARE(ready.count(), 1);
         QCOMPARE(m_decoder->reloads, 1);
-        QVERIFY(
-            !m_cache->image(AppIcon{u"ring"_s}, 50, 1).isNull()); // No gap in the ring meanwhile.
+        // No gap in the ring meanwhile.
+        QVERIFY(!m_cache->image(AppIcon{u"ring"_s}, 50, 1).isNull());
         StepWorkQueue::finish(outdated);
         QVERIFY(m_cache->image(AppIcon{u"late"_s}, 50, 1).isNull());
         m_work->runAll();

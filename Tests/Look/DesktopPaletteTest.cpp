@@ -13,6 +13,7 @@
 
 using namespace Tavik;
 using namespace Tavik::Test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -47,15 +48,12 @@ private Q_SLOTS:
         window.show();
         const DesktopPalette palette(appearance);
         using enum ColorScheme;
+        const QHash<QString, ColorScheme> schemes{{u"dark"_s, dark}, {u"light"_s, light}};
         // Asked twice for the same, another answer of the desktop's has changed.
-        for (const auto& [scheme, contrast] : {std::pair(dark, false),
-                                               {dark, false},
-                                               {light, false},
-                                               {light, true},
-                                               {dark, true},
-                                               {dark, false},
-                                               {noPreference, true},
-                                               {noPreference, false}}) {
+        const QString wishes = u"dark dark light light+ dark+ dark any+ any"_s;
+        for (const QString& wish : wishes.split(u' ')) {
+            const auto scheme = schemes.value(QString(wish).remove(u'+'), noPreference);
+            const bool contrast = wish.contains(u'+');
             appearance.scheme = scheme;
             appearance.contrast = contrast;
             appearance.onChanged();
@@ -87,22 +85,16 @@ private Q_SLOTS:
         const QPalette light = asked(dark, {ColorScheme::light});
         const QPalette pureDark = asked(light, {ColorScheme::dark, true});
         const QPalette pureLight = asked(dark, {ColorScheme::light, true});
-        struct Pair
-        {
-            QPalette::ColorRole text;
-            QPalette::ColorRole ground;
-            double least;
-        };
         for (const QPalette& palette : {dark, light, pureDark, pureLight}) {
-            for (const auto& [text, ground, least] : {Pair{WindowText, Window, 12},
-                                                      Pair{Text, Base, 12},
-                                                      Pair{Text, AlternateBase, 11},
-                                                      Pair{ButtonText, Button, 9},
-                                                      Pair{ToolTipText, ToolTipBase, 9},
-                                                      Pair{PlaceholderText, Base, 4.5},
-                                                      Pair{PlaceholderText, Window, 4.5},
-                                                      Pair{Link, Window, 4.5},
-                                                      Pair{HighlightedText, Highlight, 3}}) {
+            for (const auto& [text, ground, least] : {std::tuple(WindowText, Window, 12.0),
+                                                      {Text, Base, 12},
+                                                      {Text, AlternateBase, 11},
+                                                      {ButtonText, Button, 9},
+                                                      {ToolTipText, ToolTipBase, 9},
+                                                      {PlaceholderText, Base, 4.5},
+                                                      {PlaceholderText, Window, 4.5},
+                                                      {Link, Window, 4.5},
+                                                      {HighlightedText, Highlight, 3}}) {
                 const double seen = contrast(palette.color(text), palette.color(ground));
                 QVERIFY2(seen >= least,
                          qPrintable(QString::number(text) + u' ' + QString::number(seen)));

@@ -72,11 +72,9 @@ private Q_SLOTS:
 
     void tooltipGoesWhenSomethingIsDone()
     {
-        for (const QEvent::Type use : {QEvent::KeyPress,
-                                       QEvent::MouseButtonPress,
-                                       QEvent::Wheel,
-                                       QEvent::WindowActivate,
-                                       QEvent::WindowDeactivate}) {
+        using enum QEvent::Type;
+        for (const auto use :
+             {KeyPress, MouseButtonPress, Wheel, WindowActivate, WindowDeactivate}) {
             for (const double hovering : {0.2, 1.0}) {
                 HoveredButton hovered;
                 hovered.send(QEvent::Enter);

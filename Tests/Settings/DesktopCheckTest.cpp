@@ -20,6 +20,7 @@ private Q_SLOTS:
         // What a terminal is told that something is wrong, and what the button says.
         const Table<Facts, QString, QString> row;
         const QString taken = u"Trigger: W. Keys cannot be had"_s;
+        const QString choose = u"Choose Shortcut"_s;
         const HotKeyConfig chord{.displayName = u"Keys"_s};
         const HotKeyConfig key{.keyCode = 49, .displayName = u"Keys"_s};
         const Means lacking{.way = u"W."_s, .lack = u"L."_s};
@@ -38,7 +39,7 @@ private Q_SLOTS:
         row("a key is taken",
             {.trigger = refused, .shortcut = chord, .triggerMeans = way},
             taken,
-            u"Choose Shortcut"_s);
+            choose);
         row("this shortcut is refused",
             {.trigger = unheard,
              .shortcut = chord,
@@ -46,7 +47,7 @@ private Q_SLOTS:
              .obstacle = {.limit = u"No."_s, .isOfShortcut = true},
              .triggerMeans = way},
             taken,
-            u"Choose Shortcut"_s);
+            choose);
         row("consent is awaited",
             {.isTrusted = false,
              .obstacle = {.limit = u"May I?"_s,
@@ -62,15 +63,9 @@ private Q_SLOTS:
              .triggerMeans = way},
             u"Trigger: W. No. Bind. $ bind"_s,
             {});
-        row("a shortcut of the user's own",
-            {.triggerMeans = lacking},
-            u"Trigger: W. L."_s,
-            u"Choose Shortcut"_s);
+        row("keys of the user's own", {.triggerMeans = lacking}, u"Trigger: W. L."_s, choose);
         row("no tray", {.tray = none}, u"Tray: No panel shows status items. Add a tray"_s, {});
-        row("not at login",
-            {.login = notRegistered},
-            u"Autostart: There is no entry"_s,
-            u"Turn On"_s);
+        row("no login", {.login = notRegistered}, u"Autostart: There is no entry"_s, u"Turn On"_s);
         row("switched off elsewhere",
             {.login = requiresApproval},
             u"Autostart: The entry in the autostart folder is switched off."_s,
@@ -79,7 +74,7 @@ private Q_SLOTS:
             {.loginLine = u"exec"_s},
             u"Autostart: This session is not known to read the autostart folder. Add this line to what your session starts. $ exec"_s,
             {});
-        row("a line of the session's own",
+        row("a line of its own",
             {.login = notRegistered, .loginLine = u"exec"_s, .isStartedAtLogin = true},
             {},
             {});

@@ -30,13 +30,11 @@ class LauncherSettingsTest : public QObject
 private Q_SLOTS:
     void storedValuesAreRepaired_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QVariant>("stored");
-        QTest::addColumn<QVariant>("loaded");
-        const auto row = [](const QString& name, const QVariant& stored, const QVariant& loaded) {
-            QTest::addRow(
-                "%s from %s %s", qPrintable(name), stored.typeName(), qPrintable(stored.toString()))
-                << name << stored << loaded;
+        const Table<QString, QVariant, QVariant> table; // The setting, what is stored and loaded.
+        const auto row = [&](const QString& name, const QVariant& stored, const QVariant& loaded) {
+            const QString type = QLatin1String(stored.typeName());
+            const QString title = u"%1 from %2 %3"_s.arg(name, type, stored.toString());
+            table(qPrintable(title), name, stored, loaded);
         };
         constexpr double infinity = std::numeric_limits<double>::infinity();
         constexpr auto beyondInt = qlonglong{1} << 40;
@@ -73,10 +71,9 @@ private Q_SLOTS:
 
     void storedValuesAreRepaired()
     {
-        QFETCH(const QString, name);
-        QFETCH(const QVariant, stored);
+        const auto [name, stored, loaded] = fetch<QString, QVariant, QVariant>();
         const SettingsStore store({{name, stored}});
-        QTEST(store.values().value(name), "loaded");
+        QCOMPARE(store.values().value(name), loaded);
         QVERIFY(store.defaults.written.isEmpty());
     }
 

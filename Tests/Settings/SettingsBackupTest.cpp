@@ -31,25 +31,19 @@ struct Machine : SettingsStore
     /// Gives every setting another value than its initial one.
     void changeEverything() const
     {
+        const QHash<int, QVariant> others{
+            {QMetaType::LongLong, 5LL},
+            {QMetaType::QString, u"monthly"_s},
+            {QMetaType::QVariantList, QVariantList{appB, oddlyNamed}},
+            {QMetaType::QByteArray, HotKeyConfig::make(0x40000, 49).toJson()}};
         for (SettingRow* row : settings.rows()) {
-            switch (const QVariant value = row->stored(); value.typeId()) {
-            case QMetaType::Bool:
+            const QVariant value = row->stored();
+            if (value.typeId() == QMetaType::Bool) {
                 row->restore(!value.toBool());
-                break;
-            case QMetaType::LongLong:
-                row->restore(5LL);
-                break;
-            case QMetaType::Double:
+            } else if (value.typeId() == QMetaType::Double) {
                 row->restore(value.toDouble() <= 1 ? 0.55 : value.toDouble() + 0.5);
-                break;
-            case QMetaType::QString:
-                row->restore(u"monthly"_s);
-                break;
-            case QMetaType::QVariantList:
-                row->restore(QVariantList{appB, oddlyNamed});
-                break;
-            default:
-                row->restore(HotKeyConfig::make(0x40000, 49).toJson());
+            } else {
+                row->restore(others.value(value.typeId()));
             }
         }
     }
@@ -121,21 +115,12 @@ void SettingsBackupTest::membersAreAssignedInOrderAndRepairedAsAtLoad()
         "maxVisibleApps": 12.0,
         "pinnedPermanentAppPaths": [], "ringColorHex": "#111111", "ringDiameter": 9999})";
     QVERIFY(machine.import(contents));
-    const QString preview = LauncherSettings::previewRequestNotification.toString();
-    const QStringList expected{u"ringDiameter"_s,
-                               preview,
-                               u"maxVisibleApps"_s,
-                               preview,
-                               u"launchHintInterval"_s,
-                               u"ringColorHex"_s,
-                               preview,
-                               u"pinnedPermanentAppPaths"_s,
-                               preview,
-                               u"hotKeyConfig"_s,
-                               LauncherSettings::hotKeyChanged.toString(),
-                               u"showInDock"_s,
-                               u"autoUpdatesEnabled"_s};
-    QCOMPARE(machine.told, expected);
+    QString told = machine.told.join(u' ');
+    told.replace(LauncherSettings::previewRequestNotification.toString(), u"*"_s);
+    told.replace(LauncherSettings::hotKeyChanged.toString(), u"!"_s);
+    QCOMPARE(told,
+             u"ringDiameter * maxVisibleApps * launchHintInterval ringColorHex * "
+             "pinnedPermanentAppPaths * hotKeyConfig ! showInDock autoUpdatesEnabled"_s);
     QCOMPARE(machine.settings.ringDiameter(), 550.0);
     QCOMPARE(machine.settings.maxVisibleApps(), 12);
     QCOMPARE(machine.settings.launchHintInterval(), 25);

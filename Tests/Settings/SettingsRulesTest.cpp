@@ -177,16 +177,8 @@ private Q_SLOTS:
         row("as placed", {55, 200, 800, 600}, 320, {1170, 500}, 550);
         row("as placed, rounded", {54, 201, 801, 600}, 320, {1170, 500}, 550);
         row("a little aside", {95, 230, 800, 600}, 320, {1210, 530}, 527.27);
-        row("less room than the largest ring needs",
-            {260, 200, 800, 600},
-            320,
-            {1300, 500},
-            363.64);
-        row("less than this ring needs, and less at the left",
-            {320, 200, 800, 600},
-            400,
-            {1330, 500},
-            309.09);
+        row("less room than the largest needs", {260, 200, 800, 600}, 320, {1300, 500}, 363.64);
+        row("less than this ring needs", {320, 200, 800, 600}, 400, {1330, 500}, 309.09);
         row("more at the left", {500, 200, 800, 600}, 320, {230, 500}, 418.18);
         row("half off the screen", {1100, 200, 800, 600}, 320, {785, 500}, 550);
         row("as wide as the screen, high up", {0, 500, 1500, 500}, 320, {750, 230}, 418.18);

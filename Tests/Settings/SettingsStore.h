@@ -22,10 +22,9 @@ struct SettingsStore
     explicit SettingsStore(const QVariantMap& stored = {})
         : settings(holding(stored), loginItem, notifications)
     {
-        QObject::connect(&settings,
-                         &LauncherSettings::propertyChanged,
-                         &settings,
-                         [this](const QString& name) { told.append(name); });
+        constexpr auto assigned = &LauncherSettings::propertyChanged;
+        QObject::connect(
+            &settings, assigned, &settings, [this](const QString& name) { told << name; });
         for (const QStringView name :
              {LauncherSettings::previewRequestNotification, LauncherSettings::hotKeyChanged}) {
             tokens.push_back(notifications.addObserver(

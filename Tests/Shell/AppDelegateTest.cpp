@@ -95,29 +95,24 @@ class AppDelegateTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void startUpFollowsItsOrder_data()
-    {
-        const Table<bool, QString> row;
-        row("key", true, u"take the key"_s);
-        row("chord without permission", false, u"ask for the permission"_s);
-    }
     void startUpFollowsItsOrder()
     {
-        const auto [hasKey, shortcut] = fetch<bool, QString>();
-        Application application;
-        application.store(u"hasCompletedOnboarding"_s, false);
-        application.permission.trusted = hasKey;
-        if (hasKey) {
-            application.useKey();
+        for (const QString& shortcut : {u"take the key"_s, u"ask for the permission"_s}) {
+            Application application;
+            application.store(u"hasCompletedOnboarding"_s, false);
+            application.permission.trusted = shortcut == u"take the key";
+            if (application.permission.trusted) {
+                application.useKey();
+            }
+            application.launch();
+            QCOMPARE(application.record.events.join(u", "),
+                     u"observe showInDockChanged, icon, start updater, check by itself, "
+                     u"every 86400 s, watch folders, work, ask for a tray, "
+                     u"observe previewRequestNotification, observe hotKeyChanged, "
+                     u"observe updateSettingsChanged, observe checkForUpdatesNow, "
+                     u"observe willSleep, observe didActivateApplication, "_s
+                         + shortcut + u", bring a window to the front"_s);
         }
-        application.launch();
-        QCOMPARE(application.record.events.join(u", "),
-                 u"observe showInDockChanged, icon, start updater, check by itself, every 86400 s, "
-                 u"watch folders, work, ask for a tray, observe previewRequestNotification, "
-                 u"observe hotKeyChanged, observe updateSettingsChanged, "
-                 u"observe checkForUpdatesNow, observe willSleep, "
-                 u"observe didActivateApplication, "_s
-                     + shortcut + u", bring a window to the front"_s);
     }
 
     void theFirstRunShowsOneWindow_data()
@@ -222,24 +217,21 @@ private Q_SLOTS:
         QVERIFY(shown(settingsTitle));
     }
 
-    void aKeyThatComesAfterTheWindowsEndDoesNoHarm_data()
-    {
-        const Table<QString, AppAction, Qt::Key> row;
-        row("re-index", reindexTitle, AppAction::reindex, Qt::Key_Escape);
-        row("tour", tourTitle, AppAction::tour, Qt::Key_Return);
-    }
     void aKeyThatComesAfterTheWindowsEndDoesNoHarm()
     {
-        const auto [title, action, key] = fetch<QString, AppAction, Qt::Key>();
         Started application;
-        application.perform(action);
-        const QPointer<QWidget> control = shown(title)->focusWidget();
-        QTest::keyPress(control, key);
-        QVERIFY(!shown(title));
-        QVERIFY2(control, "both keys were on their way");
-        QTest::keyPress(control, key);
-        settle();
-        QVERIFY(!control);
+        for (const auto& [title, action, key] :
+             {std::tuple(reindexTitle, AppAction::reindex, Qt::Key_Escape),
+              std::tuple(tourTitle, AppAction::tour, Qt::Key_Return)}) {
+            application.perform(action);
+            const QPointer<QWidget> control = shown(title)->focusWidget();
+            QTest::keyPress(control, key);
+            QVERIFY(!shown(title));
+            QVERIFY2(control, "both keys were on their way");
+            QTest::keyPress(control, key);
+            settle();
+            QVERIFY(!control);
+        }
     }
 
     void theTourLeadsToTheSettingsAndIsTakenOnceItIsLeft()
@@ -315,40 +307,33 @@ private Q_SLOTS:
         QVERIFY2(!shown(ringTitle), "the settings are there, but hidden");
     }
 
-    void aScreenThatIsNotTheUsersShowsNoRing_data()
-    {
-        // Whether the session is locked and the input taken; whether a choice waits for the end.
-        const Table<bool, bool, bool> row;
-        row("locked", true, false, false);
-        row("the input is taken", false, true, true);
-    }
     void aScreenThatIsNotTheUsersShowsNoRing()
     {
-        const auto [isLocked, isTaken, waits] = fetch<bool, bool, bool>();
-        Application application;
-        application.useKey();
-        application.start();
-        application.perform(AppAction::showLauncher);
-        application.sessionLock.inputTaken = isTaken;
-        if (isLocked) {
-            application.sessionLock.lock();
+        for (const bool isLocked : {true, false}) { // Or somebody else has taken the input.
+            Application application;
+            application.useKey();
+            application.start();
+            application.perform(AppAction::showLauncher);
+            application.sessionLock.inputTaken = !isLocked;
+            if (isLocked) {
+                application.sessionLock.lock();
+            } else {
+                application.perform(AppAction::toggleLauncher); // It can always be sent away.
+            }
             QVERIFY(!shown(ringTitle));
-        } else {
+            application.keyEvents.hotKeyPressed(1);
+            QVERIFY(!shown(ringTitle));
+            application.perform(AppAction::showLauncher);
             application.perform(AppAction::toggleLauncher);
-            QVERIFY2(!shown(ringTitle), "a ring can always be sent away");
-        }
-        application.keyEvents.hotKeyPressed(1);
-        QVERIFY(!shown(ringTitle));
-        application.perform(AppAction::showLauncher);
-        application.perform(AppAction::toggleLauncher);
-        QVERIFY(!shown(ringTitle));
+            QVERIFY(!shown(ringTitle));
 
-        application.sessionLock.locked = application.sessionLock.inputTaken = false;
-        application.mainQueue.advance(0.1);
-        QCOMPARE(shown(ringTitle) != nullptr, waits);
-        application.perform(AppAction::hideLauncher);
-        application.keyEvents.hotKeyPressed(2);
-        QVERIFY(shown(ringTitle));
+            application.sessionLock.locked = application.sessionLock.inputTaken = false;
+            application.mainQueue.advance(0.1);
+            QCOMPARE(shown(ringTitle) == nullptr, isLocked); // Else a choice waits for the end.
+            application.perform(AppAction::hideLauncher);
+            application.keyEvents.hotKeyPressed(2);
+            QVERIFY(shown(ringTitle));
+        }
     }
 
     void theSessionsEndClosesNoWindow()

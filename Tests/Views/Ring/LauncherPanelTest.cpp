@@ -11,6 +11,7 @@
 #include <QWindow>
 
 #include <Support/Table.h>
+#include <array>
 
 using namespace Tavik;
 using namespace Qt::StringLiterals;
@@ -347,24 +348,21 @@ private Q_SLOTS:
         QVERIFY2(rim.blue() > 40, qPrintable(rim.name()));
     }
 
-    void iconsStayInThePanel_data()
-    {
-        const Table<double, double, double, double> row; // Last the side they are drawn with.
-        row("as it comes, however many there are", 320, 80, 50, 50);
-        row("thick and small", 250, 220, 92, 62.96);
-        row("thin", 250, 60, 92, 42);
-    }
     void iconsStayInThePanel()
     {
-        const auto [diameter, thickness, icon, side] = fetch<double, double, double, double>();
-        const RingGeometry ring = RingGeometry::make({.area = QSizeF(diameter, diameter),
-                                                      .ringThickness = thickness,
-                                                      .iconSize = icon,
-                                                      .slotCount = 24});
-        QVERIFY2(std::abs(ring.drawnIconSize() - side) < 0.01,
-                 qPrintable(QString::number(ring.drawnIconSize())));
-        const double reach = ring.drawnIconSize() * RingGeometry::selectedScale / 2;
-        QVERIFY(ring.iconRadius + reach <= RingGeometry::panelSide(diameter) / 2 + 0.001);
+        // As it comes, however many there are; thick and small; thin.
+        for (const auto& [diameter, thickness, icon, side] : {std::array{320.0, 80.0, 50.0, 50.0},
+                                                              {250.0, 220.0, 92.0, 62.96},
+                                                              {250.0, 60.0, 92.0, 42.0}}) {
+            const RingGeometry ring = RingGeometry::make({.area = QSizeF(diameter, diameter),
+                                                          .ringThickness = thickness,
+                                                          .iconSize = icon,
+                                                          .slotCount = 24});
+            QVERIFY2(std::abs(ring.drawnIconSize() - side) < 0.01,
+                     qPrintable(QString::number(ring.drawnIconSize())));
+            const double reach = ring.drawnIconSize() * RingGeometry::selectedScale / 2;
+            QVERIFY(ring.iconRadius + reach <= RingGeometry::panelSide(diameter) / 2 + 0.001);
+        }
     }
 
     void whatLiesBehindIsNeverThePanelItself()

@@ -25,10 +25,9 @@ struct SettingsWindowFixture : RingFixture
                                    std::optional<QString> whyNot = std::nullopt)
         : whyNotUpdating(std::move(whyNot))
     {
-        QObject::connect(&settings,
-                         &LauncherSettings::propertyChanged,
-                         &settings,
-                         [this](const QString& name) { changed.append(name); });
+        constexpr auto assigned = &LauncherSettings::propertyChanged;
+        QObject::connect(
+            &settings, assigned, &settings, [this](const QString& name) { changed << name; });
         for (const QStringView name : {LauncherSettings::previewRequestNotification,
                                        LauncherSettings::hotKeyChanged,
                                        LauncherSettings::checkForUpdatesNow,

@@ -1,11 +1,9 @@
 # SPDX-License-Identifier: MIT
 """The ring as assistive technology sees it."""
 from harness import accessibility
-from harness.settings_window import BUTTON, ENVIRONMENT, SettingsWindow
+from harness.settings_window import ENVIRONMENT
 from harness.waiting import wait_until
 
-ANY_ALT_GR = 92  # Stands for it in every layout, without being on a keyboard.
-SECTIONS = ("general", "shortcut", "appearance", "theme", "permanentApps", "hints", "updates", "backup", "about")
 
 
 def wait_slots(desktop, *names, selected=None, text=None):
@@ -51,24 +49,3 @@ def test_what_the_filter_finds_is_announced(launcher, applications, desktop, dis
             wait_until(lambda: ("object:state-changed:showing", "notification", told) in events(), told)
             # The first slot has another application now, and the reader has spoken of it before.
             assert not selected or ("object:property-change:accessible-name", "push button", selected) in events()
-
-
-def controls(window):
-    return [node for node in window.nodes() if "focusable" in node["states"]]
-
-
-def test_the_pages_of_the_settings_and_what_comes_of_an_action_are_told(launcher, desktop, display):
-    window = SettingsWindow(launcher)
-    launcher.start(environment=ENVIRONMENT)
-    for section in SECTIONS:
-        window.open(section)
-        wait_until(lambda: len(controls(window)) >= len(SECTIONS), "the page is told")
-        assert all(node["name"] for node in controls(window)), section
-    window.open("shortcut")
-    with accessibility.heard(desktop) as events:
-        window.click(BUTTON, "Trigger shortcut: ")
-        window.control(BUTTON, "Trigger shortcut: Press")
-        with display.held("ctrl", ANY_ALT_GR, "e"):
-            pass
-        shown = ("object:state-changed:showing", "notification")
-        wait_until(lambda: shown in {event[:2] for event in events()}, "the refusal is announced")

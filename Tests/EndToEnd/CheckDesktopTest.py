@@ -12,7 +12,7 @@ from harness.notifier_host import NotifierHost
 from harness.settings_window import BUTTON, ENVIRONMENT, SettingsWindow
 from harness.waiting import wait_until
 from harness.wayland import GnomeShell, KWin, Sway
-from WaylandTest import Ring
+from WaylandTest import Ring, present
 
 # What some of the eight parts say where they are well.
 X11 = ("The X server reserves the key", "The X server tells where it is.", "A window of its own above all others.",
@@ -78,9 +78,7 @@ def test_the_page_shows_it_and_repairs(launcher, desktop, look):
 
 @pytest.mark.parametrize("kind", [*WAYLAND, SwayWithOwnKeys])
 def test_the_command_is_true_on_wayland(kind):
-    if reason := kind.missing():
-        pytest.skip(reason)
-    with kind(False) as desktop:
+    with present(kind, False) as desktop:
         ring = Ring(desktop)
         assert "Trigger" in check(ring.launcher)[1]
         ring.start()
@@ -94,9 +92,7 @@ def test_the_command_is_true_on_wayland(kind):
 
 
 def test_command_and_page_are_true_on_gnome():
-    if reason := GnomeShell.missing():
-        pytest.skip(reason)
-    with GnomeShell(True) as desktop:
+    with present(GnomeShell, True) as desktop:
         ring = Ring(desktop)
         ring.launcher.use_chord()
         ring.start()
@@ -117,13 +113,11 @@ class FloatingSway(Sway):
 
 @pytest.mark.parametrize("kind", [FloatingSway, KWin])
 def test_the_preview_stands_beside_its_window_on_wayland(kind):
-    if reason := kind.missing():
-        pytest.skip(reason)
-    made = kind(False)
-    made.options = dataclasses.replace(made.options, width=1700, height=900)
-    with made as desktop:
+    wide = present(kind, False)
+    wide.options = dataclasses.replace(wide.options, width=1700, height=900)
+    with wide as desktop:
         ring = Ring(desktop)
-        ring.launcher.pin(desktop.applications.add("Birch"))
+        ring.launcher.pin(ring.birch)
         ring.start()
         ring.launcher.command("--settings=general")
         ring.wait_shown()

@@ -5,7 +5,7 @@ import os
 import pytest
 
 from harness import processes
-from harness.waiting import stays, wait_until
+from harness.waiting import stays, wait_front, wait_until
 from harness.window_managers import leave_desktop, switching_managers, under
 
 
@@ -19,8 +19,7 @@ def ring(launcher, apps):
 def test_a_launched_program_shows_its_window_and_outlives_the_launcher(ring, apps, display, look, end):
     ring.launch(0)
     start = apps[0].wait_started()
-    window = display.wait_for("Alder")
-    wait_until(lambda: display.has_focus(window), "the new window has the focus")
+    window = wait_front(display, "Alder")
     look("started")
     assert start["session"] != os.getsid(ring.process.pid), "it has a session of its own"
     if end == "quit":
@@ -44,19 +43,10 @@ def test_a_launched_program_sees_the_users_environment_and_nothing_of_ours(ring,
 @under(*switching_managers())
 def test_applications_come_up_from_everywhere(ring, apps, desktop, display, look, desktop_options):
     ring.launch(0)
-    window = display.wait_for("Alder")
-    wait_until(lambda: display.has_focus(window), "what was started has the focus")
+    window = wait_front(display, "Alder")
     leave_desktop(desktop, display)
     wait_until(lambda: not display.has_focus(window), "its desktop is left")
     ring.launch(0)
     wait_until(lambda: display.has_focus(window) and display.is_viewable(window), "it is up again")
     look("up again")
     assert len(apps[0].starts()) == 1
-
-
-def test_an_application_started_elsewhere_joins_the_ring(ring, apps, desktop, display, applications):
-    stranger = applications.add("Stranger")
-    desktop.open(stranger)
-    display.wait_for("Stranger")
-    ring.summon(640, 400)
-    ring.wait_shows(*apps, stranger)

@@ -117,11 +117,10 @@ def test_the_debian_package_lives_and_goes(packages, root, desktop, display, loo
     assert not [path for path in installed if "avik" in path and (root.path / path.lstrip("/")).exists()]
 
 
-@pytest.mark.parametrize("kind", [Sway])
-def test_the_debian_package_runs_under_wayland(packages, kind):
-    if reason := kind.missing() or why_none():
+def test_the_debian_package_runs_under_wayland(packages):
+    if reason := Sway.missing() or why_none():
         pytest.skip(reason)
-    with kind(False) as desktop, ScratchRoot(desktop) as root:
+    with Sway(False) as desktop, ScratchRoot(desktop) as root:
         root.run(["dpkg", "-i", str(only(packages, ".deb"))])
         root.spawn(["tavik-launcher", "--background"])
         wait_until(lambda: runs(root), "it runs")

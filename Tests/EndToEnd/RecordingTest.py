@@ -2,6 +2,7 @@
 """What the shortcut recorder does with gestures that would cost the user something."""
 import pytest
 
+from harness import accessibility
 from harness.settings_window import BUTTON, ENVIRONMENT, SettingsWindow
 from harness.waiting import stays, wait_until
 
@@ -26,8 +27,11 @@ def recorder(launcher):
 def test_a_gesture_with_altgr_becomes_no_other_shortcut(recorder, launcher, desktop, display, look, layout, alt_gr):
     assert desktop.run(["setxkbmap", layout]).returncode == 0
     before = launcher.defaults()
-    with display.held("ctrl", alt_gr, "e"):
-        pass
+    with accessibility.heard(desktop) as events:
+        with display.held("ctrl", alt_gr, "e"):
+            pass
+        shown = ("object:state-changed:showing", "notification")
+        wait_until(lambda: shown in {event[:2] for event in events()}, "the refusal is announced")
     recorder.wait_text(ALT_GR)
     look("refused")
     stays(lambda: launcher.defaults() == before and not display.is_grabbed("ctrl+e"), "nothing is taken", 0.3)

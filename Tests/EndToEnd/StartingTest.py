@@ -8,15 +8,20 @@ import pytest
 
 from harness import processes, services
 from harness.launcher import IN_BACKGROUND
-from harness.waiting import stays, wait_until
+from harness.waiting import stays, wait_front, wait_until
+
+
+def launch(launcher, application, **options):
+    """Starts the launcher with this application on the ring, and launches it."""
+    launcher.pin(application)
+    launcher.start(**options)
+    launcher.launch()
 
 
 def test_a_slow_starter_is_started_once_and_says_that_it_starts(launcher, applications, display):
     slow = applications.add("Slow", arguments="--delay 2.5")
-    launcher.pin(slow)
     heard = display.listen_to_starts()
-    launcher.start()
-    launcher.launch()
+    launch(launcher, slow)
     slow.wait_started()
     launcher.launch()
     display.wait_for("Slow")
@@ -33,13 +38,11 @@ def test_a_browser_and_its_web_application_are_two_though_one_process(launcher, 
     launcher.pin(browser, page)
     launcher.start()
     launcher.launch(1)
-    window = display.wait_for("Page")
-    wait_until(lambda: display.has_focus(window), "the page has the focus")
+    window = wait_front(display, "Page")
 
     launcher.launch(0)
     browser.wait_started()
-    other = display.wait_for("Browser")
-    wait_until(lambda: display.has_focus(other), "the browser has the focus")
+    other = wait_front(display, "Browser")
 
     launcher.launch(1)
     wait_until(lambda: display.has_focus(window), "the page has the focus again")
@@ -57,8 +60,7 @@ def test_an_image_is_started_once_and_shows_what_is_inside(launcher, application
         launcher.summon(640, 400)
         launcher.wait_shows(alder)
         display.press("ctrl+1")
-        window = display.wait_for("Alder")
-        wait_until(lambda: display.has_focus(window), "it has the focus")
+        window = wait_front(display, "Alder")
     assert len(alder.starts()) == 1
 
 
@@ -66,9 +68,7 @@ def test_an_image_is_started_once_and_shows_what_is_inside(launcher, application
 def test_an_activatable_entry_is_asked_and_otherwise_started(launcher, applications, desktop, display, manner):
     alder = applications.add("Alder", lines="DBusActivatable=true\n")
     service = manner != "missing" and services.application(desktop, "org.example.alder", manner)
-    launcher.pin(alder)
-    launcher.start()
-    launcher.launch()
+    launch(launcher, alder)
     if service:
         [platform_data] = service.wait_called()
         assert "_TIME" in platform_data["desktop-startup-id"]
@@ -89,9 +89,7 @@ def test_a_terminal_program_starts_in_a_terminal(launcher, applications, desktop
     program.write_text(f'#!/bin/sh\nprintf "%s\\n" "$@" > {seen}\nshift {len(words)}\nexec "$@"\n')
     program.chmod(0o755)
     (folder / "python3").symlink_to("/usr/bin/python3")
-    launcher.pin(alder)
-    launcher.start(environment={"PATH": str(folder)})
-    launcher.launch()
+    launch(launcher, alder, environment={"PATH": str(folder)})
     assert alder.wait_started()["folder"] == str(desktop.home / "share")
     assert seen.read_text().splitlines()[:len(words)] == words
 
@@ -105,9 +103,7 @@ def test_what_cannot_start_is_one_line_and_a_word(launcher, applications, deskto
         broken.entry.write_text("\n".join(kept))
     notices = services.notifications(desktop)
     (desktop.home / "empty").mkdir()
-    launcher.pin(broken)
-    launcher.start(environment={"PATH": str(desktop.home / "empty")})
-    launcher.launch()
+    launch(launcher, broken, environment={"PATH": str(desktop.home / "empty")})
     assert "Broken" in notices.wait_called()[3]
     lines = [line for line in launcher.log_lines() if "failed to open" in line]
     assert len(lines) == 1 and broken.path in lines[0], lines
@@ -129,9 +125,7 @@ def test_no_bus_is_started_where_there_is_none(launcher, applications, desktop, 
 def test_each_program_gets_a_scope_of_its_own(launcher, applications, desktop, display):
     alder = applications.add("Alder")
     manager = services.unit_manager(desktop)
-    launcher.pin(alder)
-    launcher.start()
-    launcher.launch()
+    launch(launcher, alder)
     start = alder.wait_started()
     name, mode, properties, _ = manager.wait_called()
     assert name.startswith("app-tavik-org.example.alder-") and name.endswith(".scope") and mode == "fail"

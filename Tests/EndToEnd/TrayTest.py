@@ -120,8 +120,7 @@ def test_a_tray_of_the_older_kind_shows_the_icon_and_its_menu(launcher, desktop,
         lambda: [w for w in display.all_windows() if display.is_viewable(w) and display.geometry(w).height > 150],
         "the menu is open")
     look("menu")
-    for key in ("Down", "Down", "Return"):
-        display.press(key)
+    display.press("Down", "Down", "Return")
     display.wait_for(SETTINGS)
 
 

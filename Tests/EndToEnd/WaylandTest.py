@@ -25,6 +25,7 @@ class Ring:
     def __init__(self, desktop):
         self.desktop, self.display = desktop, desktop.display
         self.launcher = Launcher(desktop, PROGRAM)
+        self.birch = desktop.applications.add("Birch")
         self.empty = None
 
     def start(self, in_background=True):
@@ -54,6 +55,10 @@ class Ring:
     def wait_hidden(self):
         wait_until(lambda: not self.is_shown(), "the ring is gone")
 
+    def dismiss(self):
+        self.display.press("Escape")
+        self.wait_hidden()
+
     def open_at(self, place, around=None):
         """Asks for it there, and sees that it opens around it or the other place."""
         self.display.move_pointer(*place)
@@ -62,6 +67,17 @@ class Ring:
         self.launcher.command("--toggle")
         self.wait_shown()
         wait_until(lambda: self.is_around(*(around or place), below_bars=around is None), f"it is at {around or place}", 3)
+
+    def grant(self, is_granted, what, look):
+        """Answers the window that asks whether the launcher may have its shortcut."""
+        self.wait_shown()
+        look("asks")
+        assert not is_granted(), "nothing is done unasked"
+        self.display.press("Return")
+        wait_until(is_granted, what)
+        time.sleep(1.5)
+        look("granted")
+        self.dismiss()
 
     def is_around(self, x, y, below_bars=True):
         """Whether the middle of what has changed on the row and on the column through a place is there; the shadow
@@ -73,14 +89,19 @@ class Ring:
         return row and column and abs((row[0] + row[-1]) / 2 - x) <= 1 and abs((column[0] + column[-1]) / 2 - y) <= lower
 
 
+def present(kind, has_x, **options):
+    """A desktop of that kind; skips the test where it is not installed."""
+    if reason := kind.missing():
+        pytest.skip(reason)
+    return kind(has_x, **options)
+
+
 @pytest.fixture
 def desktop(request):
     kind, has_x, screens = request.param
-    if reason := kind.missing():
-        pytest.skip(reason)
     if not has_x and not speaks_wayland():
         pytest.skip("Qt's plugin for Wayland is not installed")
-    with kind(has_x, screens) as made:
+    with present(kind, has_x, screens=screens) as made:
         yield made
 
 
@@ -97,13 +118,13 @@ def on(*kinds, natively=(False, True), screens=(Screens(),), others=()):
 @pytest.fixture
 def ring(desktop):
     made = Ring(desktop)
+    made.launcher.pin(made.birch)
     yield made
     made.launcher.stop()
 
 
 @on(Sway)
 def test_sway_hears_a_chord_and_gives_it_back(ring, desktop, look):
-    ring.launcher.pin(birch := desktop.applications.add("Birch"))
     ring.launcher.use_chord()
     ring.start()
     for chord in (("ctrl", "alt"), ("alt", "ctrl")):
@@ -125,9 +146,8 @@ def test_sway_hears_a_chord_and_gives_it_back(ring, desktop, look):
     ring.wait_shown()
     stays(ring.is_shown, "tapped twice, it is pinned", 0.5)
     desktop.display.press("Return")
-    birch.wait_started()
-    ring.launcher.command("--quit")
-    assert ring.launcher.wait_exit() == 0
+    ring.birch.wait_started()
+    ring.launcher.quit()
     if desktop.has_x:  # Else it has had no window.
         desktop.message("[title=Birch] kill")
     ring.wait_hidden()
@@ -137,7 +157,6 @@ def test_sway_hears_a_chord_and_gives_it_back(ring, desktop, look):
 
 @on(Sway)
 def test_sway_hears_a_key(ring, desktop):
-    ring.launcher.pin(desktop.applications.add("Birch"))
     ring.launcher.settings(hotKeyConfig=hot_key_record("ctrl+alt+space"))
     desktop.message("bindcode", "Ctrl+Mod1+65", f"exec touch {desktop.home}/sway/own")
     ring.start()
@@ -149,8 +168,7 @@ def test_sway_hears_a_key(ring, desktop):
         desktop.display.press("ctrl+alt+space")
         ring.wait_hidden()
         if not reload:
-            ring.launcher.command("--quit")
-            assert ring.launcher.wait_exit() == 0
+            ring.launcher.quit()
 
             def is_own_again():
                 desktop.display.press("ctrl+alt+space")
@@ -163,44 +181,26 @@ def test_sway_hears_a_key(ring, desktop):
 @on(KWin, others=[(GnomeShell, False)])
 def test_a_desktop_without_chords_is_asked_for_a_key_and_gives_it(ring, desktop, look):
     """The chord of the first start cannot be had there: the window offers what can be."""
-    ring.launcher.pin(desktop.applications.add("Birch"))
     ring.launcher.use_chord()
     ring.start()
-    ring.wait_shown()  # The window that asks.
-    look("asks")
-    desktop.display.press("Return")
-    wait_until(lambda: b'"keyCode":49' in ring.launcher.defaults()["LauncherSettings.hotKeyConfig"], "it has a key now")
-    time.sleep(1.5)
-    look("granted")
-    desktop.display.press("Escape")
-    ring.wait_hidden()
+    ring.grant(lambda: b'"keyCode":49' in ring.launcher.defaults()["LauncherSettings.hotKeyConfig"], "it has a key now", look)
     for _ in range(2):
         desktop.display.press("ctrl+alt+space")
         ring.wait_shown()
         stays(ring.is_shown, "it stays without the key", 0.5)
         desktop.display.press("ctrl+alt+space")
         ring.wait_hidden()
-    ring.launcher.command("--quit")
-    assert ring.launcher.wait_exit() == 0
+    ring.launcher.quit()
     desktop.display.press("ctrl+alt+space")
     stays(lambda: not ring.is_shown(), "nobody answers any more", 0.5)
 
 
 @on(GnomeShell, natively=(False,))
 def test_gnome_is_given_shortcuts_that_go_again(ring, desktop, look):
-    ring.launcher.pin(desktop.applications.add("Birch"))
     ring.launcher.use_chord()
     assert ring.launcher.command("--version").stdout.endswith("display: Xwayland\n")
     ring.start()
-    ring.wait_shown()  # The window that asks.
-    look("asks")
-    assert "tavik" not in desktop.custom_shortcuts(), "nothing is written unasked"
-    desktop.display.press("Return")
-    wait_until(lambda: "tavik" in desktop.custom_shortcuts(), "the shortcut is written")
-    time.sleep(1.5)
-    look("granted")
-    desktop.display.press("Escape")
-    ring.wait_hidden()
+    ring.grant(lambda: "tavik" in desktop.custom_shortcuts(), "the shortcut is written", look)
     for _ in range(2):
         with desktop.display.held("ctrl", "alt"):
             ring.wait_shown()
@@ -208,15 +208,13 @@ def test_gnome_is_given_shortcuts_that_go_again(ring, desktop, look):
         ring.wait_hidden()
         time.sleep(1.1)
     assert desktop.run_shortcut(lambda command: command.replace(str(PROGRAM), "/gone")) == "''", "uninstalled, it frees the keys"
-    ring.launcher.command("--quit")
-    assert ring.launcher.wait_exit() == 0
+    ring.launcher.quit()
     assert "tavik" not in desktop.custom_shortcuts()
 
 
 @on(Sway, KWin)
 def test_the_ring_opens_at_the_pointer_and_goes_with_a_click_elsewhere(ring, desktop, look):
     display = desktop.display
-    ring.launcher.pin(desktop.applications.add("Birch"))
     assert ring.launcher.command("--version").stdout.endswith("display: Wayland\n")
     ring.start()
     for place in ((400, 300), (901, 499)):
@@ -230,22 +228,19 @@ def test_the_ring_opens_at_the_pointer_and_goes_with_a_click_elsewhere(ring, des
 
 @on(Sway, KWin, natively=(True,), screens=(Screens(2), Screens(scale=1.5), Screens(scale=2)))
 def test_on_every_screen_the_ring_is_at_the_pointer_and_whole(ring, desktop, look):
-    ring.launcher.pin(desktop.applications.add("Birch"))
     ring.start()
     width, height, half = desktop.screen_width, desktop.options.height, round(176 * desktop.screens.scale)
     for left in range(0, desktop.options.width, width):
         for x, y in (width // 2 - 40, height // 2 + 21), (0, 0), (width - 1, height - 1):
             ring.open_at((left + x, y), around=(left + min(max(x, half), width - half), min(max(y, half), height - half)))
             look(f"at {left + x} {y}")
-            desktop.display.press("Escape")
-            ring.wait_hidden()
+            ring.dismiss()
 
 
 @on(GnomeShell, natively=(False,), screens=(Screens(), Screens(2)))
 def test_gnome_tells_where_the_pointer_is_over_native_windows(ring, desktop, look):
     """Its X server hears of the pointer only over its own: a window of ours, seen through, has it told for a moment."""
     display, report = desktop.display, desktop.home / "cedar"
-    ring.launcher.pin(birch := desktop.applications.add("Birch"))
     ring.start()
     desktop.spawn(["xev", "-root", "-event", "substructure"], log="windows")
     desktop.applications.open_native(desktop, "Cedar", "--report", str(report))
@@ -263,8 +258,7 @@ def test_gnome_tells_where_the_pointer_is_over_native_windows(ring, desktop, loo
         with contextlib.suppress(AssertionError):
             ring.open_at(place)
             return True
-        display.press("Escape")
-        ring.wait_hidden()
+        ring.dismiss()
         return False
 
     for place, end in ((400, 300), "Escape"), ((901, 499), "Escape"), ((901, 499), "a click elsewhere"):
@@ -292,7 +286,7 @@ def test_gnome_tells_where_the_pointer_is_over_native_windows(ring, desktop, loo
             display.press(key)
         wait_all_gone()
         if then == "started":
-            birch.wait_started()
+            ring.birch.wait_started()
         else:
             time.sleep(0.5)
             assert not ring.is_shown()
@@ -323,6 +317,7 @@ def test_a_native_program_is_seen_to_run_and_raised(ring, desktop, look):
         display.type("alder")
         display.press("Return")
 
+    ring.launcher.pin()
     ring.launcher.settings(searchesAllApps=True)
     ring.start()
     ring.launcher.wait_indexed()
@@ -336,8 +331,7 @@ def test_a_native_program_is_seen_to_run_and_raised(ring, desktop, look):
     top = PLACE[0], PLACE[1] - 121
     wait_until(lambda: looks_like(display.picture().mean(*top), alder.colour), "it runs, so the ring shows it")
     look("running")
-    display.press("Escape")
-    ring.wait_hidden()
+    ring.dismiss()
     choose_alder()
     wait_seen(0x20, 0x50, 0x20)
     display.press("k")
@@ -347,7 +341,6 @@ def test_a_native_program_is_seen_to_run_and_raised(ring, desktop, look):
 
 @on(Sway, KWin, natively=(True,))
 def test_a_compositor_that_hangs_does_not_hang_the_launcher(ring, desktop):
-    ring.launcher.pin(desktop.applications.add("Birch"))
     ring.start()
     durations = []
     with desktop.hung():
@@ -360,14 +353,12 @@ def test_a_compositor_that_hangs_does_not_hang_the_launcher(ring, desktop):
         time.sleep(0.4)
     assert min(durations) < 0.1, f"80 ms and the bus: {durations}"
     ring.wait_shown()  # As soon as it can be.
-    desktop.display.press("Escape")
-    ring.wait_hidden()
+    ring.dismiss()
 
 
 @on(Sway, KWin, natively=(False,))
 def test_a_held_chord_shows_the_ring_once(ring, desktop):
     """The X server tells of releases whenever the focus moves, as it does to the ring."""
-    ring.launcher.pin(desktop.applications.add("Birch"))
     ring.launcher.use_chord()
     ring.launcher.settings(hasCompletedOnboarding=False)
     ring.launcher.environment["QT_QPA_PLATFORM"] = "xcb"

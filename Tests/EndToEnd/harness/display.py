@@ -249,10 +249,11 @@ class Display:
         """Holds keys down for the duration of the block."""
         return self._down(X.KeyPress, X.KeyRelease, [self.keycode(key) for key in keys])
 
-    def press(self, chord):
-        """Presses and releases a chord such as "ctrl+alt+space" or a single key such as "Return"."""
-        with self.held(*chord.split("+")):
-            pass
+    def press(self, *chords):
+        """Presses and releases chords such as "ctrl+alt+space" or single keys such as "Return", one after the other."""
+        for chord in chords:
+            with self.held(*chord.split("+")):
+                pass
 
     def type(self, text):
         """Types lower-case letters, digits and a few symbols, one key press each."""

@@ -51,14 +51,11 @@ class Launcher:
             return {}
         return plistlib.loads(self.defaults_file.read_bytes())
 
-    def write_defaults(self, **values):
-        """Stores raw values under raw keys."""
-        self.defaults_file.parent.mkdir(parents=True, exist_ok=True)
-        self.defaults_file.write_bytes(plistlib.dumps({**self.defaults(), **values}))
-
     def settings(self, **values):
         """Stores settings by their property names."""
-        self.write_defaults(**{f"LauncherSettings.{name}": value for name, value in values.items()})
+        stored = {f"LauncherSettings.{name}": value for name, value in values.items()}
+        self.defaults_file.parent.mkdir(parents=True, exist_ok=True)
+        self.defaults_file.write_bytes(plistlib.dumps({**self.defaults(), **stored}))
 
     def use_hot_key(self, chord):
         self.hot_key = chord

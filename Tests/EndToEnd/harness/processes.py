@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
 """Child processes that never outlive a test, also those that have left their parents."""
+import contextlib
 import ctypes
 import os
 import pathlib
@@ -62,15 +63,11 @@ def end_orphans(known):
 
 
 def _reap_or_end(pid, number):
-    try:
+    with contextlib.suppress(ChildProcessError):
         if os.waitpid(pid, os.WNOHANG)[0] == pid:
             return
-    except ChildProcessError:
-        pass
-    try:
+    with contextlib.suppress(ProcessLookupError):
         os.kill(pid, number)
-    except ProcessLookupError:
-        pass
 
 
 def end(process, timeout=5.0):

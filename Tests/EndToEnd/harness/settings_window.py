@@ -2,7 +2,7 @@
 """The settings window as a user and assistive technology see it."""
 from harness import accessibility
 from harness.display import Rect
-from harness.waiting import wait_until
+from harness.waiting import wait_front, wait_until
 
 TITLE = "Tavik Launcher Settings"
 ENVIRONMENT = {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
@@ -38,8 +38,7 @@ class SettingsWindow:
         self.wait_still()
 
     def wait_open(self):
-        window = self.display.wait_for(TITLE)
-        wait_until(lambda: self.display.has_focus(window), "the settings window has the keyboard")
+        wait_front(self.display, TITLE)
 
     def wait_still(self):
         """Waits until the window manager has put the window where it is wanted."""

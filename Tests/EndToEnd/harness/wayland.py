@@ -224,17 +224,11 @@ class GnomeShell(WaylandDesktop):
 
 def x_server_below(pid):
     """The name of the X server that a compositor has started, or nothing."""
-    for below in processes.descendants(pid):
-        with contextlib.suppress(OSError):
-            words = pathlib.Path(f"/proc/{below}/cmdline").read_bytes().decode().split("\0")
-            if words[0].endswith("Xwayland"):
-                return next((word for word in words if word.startswith(":")), None)
-    return None
+    commands = map(processes.command, processes.descendants(pid))
+    words = next((words for words in commands if words and words[0].endswith("Xwayland")), ())
+    return next((word for word in words if word.startswith(":")), None)
 
 
 def speaks_wayland():
     """Whether the toolkit can do without an X server here."""
-    plugins = pathlib.Path("/usr/lib").glob("*/qt6/plugins/platforms/libqwayland*.so")
-    with contextlib.suppress(StopIteration):
-        return bool(next(plugins))
-    return False
+    return any(pathlib.Path("/usr/lib").glob("*/qt6/plugins/platforms/libqwayland*.so"))

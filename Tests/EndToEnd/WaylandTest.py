@@ -149,7 +149,7 @@ def test_sway_hears_a_chord_and_gives_it_back(ring, desktop, look):
     ring.birch.wait_started()
     ring.launcher.quit()
     if desktop.has_x:  # Else it has had no window.
-        desktop.message("[title=Birch] kill")
+        wait_until(lambda: desktop.run(["swaymsg", "[title=Birch] kill"]).returncode == 0, "its window has come, and goes")
     ring.wait_hidden()
     with desktop.display.held("ctrl", "alt"):
         stays(lambda: not ring.is_shown(), "nobody answers any more", 0.3)

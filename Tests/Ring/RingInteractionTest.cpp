@@ -274,6 +274,8 @@ private Q_SLOTS:
         fixture.fileManager.bundles[fixture.path(u"A"_s)].name = u"Renamed"_s;
         fixture.walk();
         QCOMPARE(names(fixture.ring.ringApps()), u"Renamed B C D"_s);
+        fixture.workspace.launch(fixture.path(u"E"_s));
+        QCOMPARE(names(fixture.ring.ringApps()), u"Renamed B C D E"_s);
 
         QSignalSpy refreshed(&fixture.ring, &RingInteraction::ringChanged);
         fixture.workspace.center.post(Workspace::didActivateApplication, fixture.path(u"A"_s));

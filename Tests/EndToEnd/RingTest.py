@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The ring under a hand: where the hot key opens it on one screen or two, also on dense ones, and what the keyboard and
+"""The ring under a hand: where the hot key opens it on two screens and on a dense one, and what the keyboard and
 the pointer do in it."""
 import pytest
 

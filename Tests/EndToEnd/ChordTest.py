@@ -11,7 +11,7 @@ from Xlib import display as xlib_display
 
 from harness.accessibility import find
 from harness.applications import open_window
-from harness.waiting import stays, wait_front, wait_until
+from harness.waiting import settles, stays, wait_front, wait_until
 from harness.window_managers import under
 
 CONTROL_SHIFT = 0x60000
@@ -231,7 +231,7 @@ def test_a_blink_of_the_chord_leaves_nothing_behind(launcher, apps, desktop, dis
             with display.held("shift"):
                 time.sleep(0.004 + count % 2 * 0.004)
         wait_until(lambda: display.has_focus(editor), "the editor has the keyboard again")
-    stays(lambda: not launcher.is_shown() and display.has_focus(editor), "nothing is left of the ring")
+    settles(lambda: not launcher.is_shown() and display.has_focus(editor), "nothing is left of the ring")
 
 
 def test_a_shortcut_changed_while_it_is_held_lets_go_and_the_new_one_serves(launcher, apps, desktop, display):

@@ -23,6 +23,19 @@ def stays(condition, what, seconds=0.4, interval=0.02):
         time.sleep(interval)
 
 
+def settles(condition, what, seconds=0.4, timeout=10.0):
+    """Waits until `condition()` has been true for `seconds`: on a busy machine things still come and go."""
+    since = time.monotonic()
+
+    def is_settled():
+        nonlocal since
+        if not condition():
+            since = time.monotonic()
+        return time.monotonic() - since > seconds
+
+    wait_until(is_settled, what, timeout)
+
+
 def wait_front(display, title):
     """Waits until the window of that title has the keyboard, and returns it."""
     window = display.wait_for(title)

@@ -63,11 +63,6 @@ struct PlatformOptions
 /// Implemented by the one system that the build contains.
 [[nodiscard]] std::unique_ptr<Platform> makePlatform(const PlatformOptions& options);
 
-/// What this program does when the platform has started it as a process of its own, to the end;
-/// absent when it is meant to be the launcher. To be asked before anything else. Implemented beside
-/// `makePlatform`.
-[[nodiscard]] std::optional<int> runAsHelper(int argc, char** argv);
-
 /// Has all threads share one heap, without the pictures: threads work seldom at the same time, and
 /// a heap for each would mostly be holes, as would one that large pictures come to and go from. To
 /// be called before the first thread begins. Implemented beside `makePlatform`.

@@ -82,6 +82,8 @@ def test_the_debian_package_lives_and_goes(packages, root, desktop, display, loo
     program = root.path / "usr/bin/tavik-launcher"
     if "BUILD_TYPE:STRING=RelWithDebInfo" in (PROGRAM.parent / "CMakeCache.txt").read_text():
         assert program.stat().st_size < MOST_BYTES
+    fetching = root.path / "usr/libexec/tavik-launcher-fetch"
+    assert [b"libQt6Network" in file.read_bytes() for file in (program, fetching)] == [False, True]
     depends = root.run(["dpkg-query", "-W", "-f", "${Depends}", "tavik-launcher"])
     assert {"libqt6svg6", "qt6-wayland", "libqt6widgets6"} <= {word.split()[0] for word in depends.split(", ")}
 

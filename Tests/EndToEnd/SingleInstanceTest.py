@@ -152,7 +152,7 @@ def test_questions_and_mistakes_are_answered_without_a_running_program(launcher,
             (("--version",), 0, "tavik-launcher 0."), (("--version",), 0, "\ndisplay: X11\n"),
             (("--help",), 0, "--toggle"), (("",), 2, "unknown option \n"),
             (("%1",), 2, "unknown option %1\nUsage:"), (("--show", "--quit"), 2, "one option at a time"),
-            (("--quit=now",), 2, "--quit takes no value"), (("--fetch-update",), 2, ""),
+            (("--quit=now",), 2, "--quit takes no value"),
             (("--settings=%1",), 2, 'no section "%1"; there are general, shortcut, appearance, ')):
         answer = launcher.command(*arguments)
         assert answer.returncode == code and expected in (answer.stderr if code else answer.stdout)

@@ -3,6 +3,7 @@
 old one is a journey of the packages."""
 import os
 import pathlib
+import shutil
 import signal
 import subprocess
 import time
@@ -55,6 +56,7 @@ def launcher(desktop, staged_program, feed, installed, image):
     mounted.parent.mkdir()
     mounted.write_bytes(image)
     mounted.chmod(0o755)
+    shutil.copy(staged_program.with_name("tavik-launcher-fetch"), mounted.parent)
     made = Launcher(desktop, mounted)
     made.environment |= {
         **feed.environment, "APPIMAGE": str(installed), "APPDIR": str(mounted.parent),

@@ -90,10 +90,7 @@ bool readFetched(const QByteArray& bytes)
         if (answer) {
             require(answer->length.value_or(0) >= 0, "a length is one");
         }
-        if (end) {
-            const int error = end->error;
-            require(error >= 0 && error <= QNetworkReply::UnknownServerError, "it is an error");
-        }
+        require(!end || *end <= FetchEnd::brokenOff, "an end is one of those that there are");
         isUnderstood = isUnderstood || request || answer || end;
     }
     return isUnderstood;

@@ -2,9 +2,7 @@
 #include <TavikLauncher/Shell/InstanceSocket.h>
 #include <TavikLauncher/Shell/RuntimeFolder.h>
 
-#include <QLocalSocket>
-
-#include <optional>
+#include <utility>
 
 namespace Tavik {
 
@@ -12,11 +10,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int connectMilliseconds = 1000;
-/// An instance that has just started reads its first line when it is ready for it.
-constexpr int answerMilliseconds = 5000;
-constexpr qint64 longestLine = 1024;
-const QByteArray terminator = QByteArrayLiteral("\n");
+constexpr qsizetype longestLine = 1024;
+constexpr char terminator = '\n';
 constexpr qsizetype longestText = 65536;
 
 std::optional<QString> socketPath()
@@ -28,64 +23,49 @@ std::optional<QString> socketPath()
 
 InstanceSocket::InstanceSocket()
 {
-    m_server.setSocketOptions(QLocalServer::UserAccessOption);
-    QObject::connect(&m_server, &QLocalServer::newConnection, &m_server, [this] { accept(); });
-}
-
-InstanceSocket::~InstanceSocket()
-{
-    close();
+    m_listener.onConnection = [this](FileDescriptor connection) {
+        accept(std::move(connection));
+    };
 }
 
 bool InstanceSocket::listen()
 {
     const std::optional<QString> path = socketPath();
-    if (!path) {
-        return false;
-    }
-    QLocalServer::removeServer(*path);
-    return m_server.listen(*path);
+    return path && m_listener.listen(*path);
 }
 
 void InstanceSocket::close()
 {
-    m_server.close();
-    for (QLocalSocket* connection : m_server.findChildren<QLocalSocket*>()) {
-        connection->disconnect(&m_server);
-        connection->abort();
+    m_listener.close();
+    for (Connection& connection : m_connections) {
+        connection.socket.close();
     }
 }
 
-void InstanceSocket::accept()
+void InstanceSocket::accept(FileDescriptor connection)
 {
-    while (QLocalSocket* connection = m_server.nextPendingConnection()) {
-        QObject::connect(
-            connection, &QLocalSocket::disconnected, connection, &QObject::deleteLater);
-        QObject::connect(connection, &QLocalSocket::readyRead, &m_server, [this, connection] {
-            read(*connection);
-        });
-    }
+    m_connections.remove_if([](const Connection& each) { return !each.socket.isOpen(); });
+    Connection& taken = m_connections.emplace_back(std::move(connection));
+    taken.socket.onReceived = [this, &taken](const QByteArray& bytes) {
+        taken.received += bytes;
+        read(taken);
+    };
 }
 
-void InstanceSocket::read(QLocalSocket& connection)
+void InstanceSocket::read(Connection& connection)
 {
-    if (!m_server.isListening()) {
-        return;
-    }
-    if (!connection.canReadLine()) {
-        if (connection.bytesAvailable() > longestLine) {
-            connection.abort();
+    const qsizetype end = connection.received.indexOf(terminator);
+    if (end < 0 || end >= longestLine) {
+        if (connection.received.size() > longestLine) {
+            connection.socket.close();
         }
         return;
     }
-    const QByteArray line = connection.readLine(longestLine).trimmed();
-    connection.disconnect(&m_server); // One line each.
-    const QString words = QString::fromUtf8(line);
+    const QString words = QString::fromUtf8(connection.received.left(end).trimmed());
     const std::optional<QString> text = onQuestion ? onQuestion(words) : std::nullopt;
-    connection.write(terminator + text.value_or(QString()).toUtf8());
-    connection.flush(); // The line may be the one that ends this program.
-    connection.disconnectFromServer();
-    if (onLine && !text && !line.isEmpty()) {
+    connection.socket.send(terminator + text.value_or(QString()).toUtf8());
+    connection.socket.finish(); // One line each.
+    if (onLine && !text && !words.isEmpty()) {
         onLine(words);
     }
 }
@@ -96,25 +76,16 @@ InstanceAnswer InstanceSocket::send(const QString& line, QString* text)
     if (!path) {
         return InstanceAnswer::none;
     }
-    QLocalSocket socket;
-    socket.connectToServer(*path);
-    if (!socket.waitForConnected(connectMilliseconds)) {
-        return InstanceAnswer::none;
+    // An instance that has just started reads its first line when it is ready for it.
+    const auto [outcome, bytes]
+        = LocalQuestion::ask(*path, line.toUtf8() + terminator, text ? longestText : 1);
+    if (text) {
+        *text = QString::fromUtf8(bytes.mid(1));
     }
-    socket.write(line.toUtf8() + terminator);
-    if (socket.waitForReadyRead(answerMilliseconds)) {
-        if (text) {
-            QByteArray read = socket.readAll();
-            while (read.size() < longestText && socket.waitForReadyRead(answerMilliseconds)) {
-                read += socket.readAll();
-            }
-            *text = QString::fromUtf8(read.mid(terminator.size()));
-        }
-        return InstanceAnswer::given;
-    }
-    // A connection that was closed without an answer was not read.
-    return socket.state() == QLocalSocket::ConnectedState ? InstanceAnswer::silent
-                                                          : InstanceAnswer::none;
+    using enum LocalQuestion::Outcome;
+    return outcome == answered ? InstanceAnswer::given
+        : outcome == silent    ? InstanceAnswer::silent
+                               : InstanceAnswer::none;
 }
 
 } // namespace Tavik

@@ -2,14 +2,14 @@
 #pragma once
 
 #include <TavikLauncher/Shell/AppRequest.h>
+#include <TavikLauncherPlatform/Linux/Session/LocalSocket.h>
 
-#include <QLocalServer>
 #include <QString>
 
 #include <functional>
+#include <list>
 #include <optional>
-
-class QLocalSocket;
+#include <utility>
 
 namespace Tavik {
 
@@ -20,7 +20,6 @@ class InstanceSocket
 {
 public:
     InstanceSocket();
-    ~InstanceSocket();
     InstanceSocket(const InstanceSocket&) = delete;
     InstanceSocket& operator=(const InstanceSocket&) = delete;
 
@@ -39,10 +38,20 @@ public:
     std::function<std::optional<QString>(const QString& line)> onQuestion;
 
 private:
-    void accept();
-    void read(QLocalSocket& connection);
+    struct Connection
+    {
+        explicit Connection(FileDescriptor descriptor)
+            : socket(std::move(descriptor))
+        { }
 
-    QLocalServer m_server;
+        LocalSocket socket;
+        QByteArray received;
+    };
+    void accept(FileDescriptor connection);
+    void read(Connection& connection);
+
+    LocalListener m_listener;
+    std::list<Connection> m_connections; ///< Closed ones go when the next comes.
 };
 
 } // namespace Tavik

@@ -217,9 +217,6 @@ Ending run(int argc, char** argv, const CommandLine& commandLine, InstanceClaim&
 
 int main(int argc, char** argv)
 {
-    if (const std::optional<int> exitCode = runAsHelper(argc, argv)) {
-        return *exitCode;
-    }
     saveMemory();
     // Processes of ours are waited for, whatever we were started to ignore.
     std::signal(SIGCHLD, SIG_DFL);

@@ -20,7 +20,6 @@
 #include <TavikLauncherPlatform/Linux/Session/SessionLockMonitor.h>
 #include <TavikLauncherPlatform/Linux/Updates/AppImage.h>
 #include <TavikLauncherPlatform/Linux/Updates/AppcastUpdater.h>
-#include <TavikLauncherPlatform/Linux/Updates/FetchProgram.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateFolder.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateSignature.h>
 #ifdef TAVIK_HAS_WAYLAND
@@ -236,6 +235,15 @@ std::optional<QString> openOnDesktop(const QUrl& url)
         : std::nullopt;
 }
 
+/// Beside this program where that was built, or else where both are installed.
+QString fetchProgram()
+{
+    // The kernel's link holds also when another version has been put in the place of this file.
+    const QDir folder = QFileInfo(QFile::symLinkTarget(u"/proc/self/exe"_s)).dir();
+    const QString beside = folder.filePath(u"tavik-launcher-fetch"_s);
+    return QFile::exists(beside) ? beside : folder.filePath(QStringLiteral(TAVIK_FETCH_PROGRAM));
+}
+
 std::unique_ptr<Updater> makeUpdater(const UpdateSource& source, Platform& platform)
 {
     if (std::optional<QString> reason = AppcastUpdater::whyNotUpdating(source)) {
@@ -251,6 +259,7 @@ std::unique_ptr<Updater> makeUpdater(const UpdateSource& source, Platform& platf
             .feedUrl = QUrl(source.feedUrl),
             .publicKey
             = *UpdateSignature::fromBase64(source.publicKey, UpdateSignature::publicKeySize),
+            .fetchProgram = fetchProgram(),
             .version = source.version,
             .processor = QSysInfo::buildCpuArchitecture(),
             .pageHosts = QStringList(QUrl(source.feedUrl).host()) + source.pageHosts,
@@ -271,11 +280,6 @@ void saveMemory()
     // in the heap. Above it memory goes back at once.
     constexpr int mapsFrom = 128 * 1024;
     mallopt(M_MMAP_THRESHOLD, mapsFrom);
-}
-
-std::optional<int> runAsHelper(int argc, char** argv)
-{
-    return FetchProgram::run(argc, argv);
 }
 
 std::unique_ptr<Platform> makePlatform(const PlatformOptions& options)

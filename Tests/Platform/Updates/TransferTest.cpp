@@ -337,5 +337,5 @@ private:
     QList<qint64> m_progress;
 };
 
-TAVIK_UPDATES_TEST_MAIN(TransferTest)
+QTEST_GUILESS_MAIN(TransferTest)
 #include "TransferTest.moc"

@@ -98,9 +98,12 @@ struct UpdateFixture
 
     [[nodiscard]] UpdateTransfer::Dependencies transfer()
     {
-        return {.mainQueue = mainQueue, .userAgent = "TavikLauncher/2.0"};
+        return {
+            .mainQueue = mainQueue, .fetchProgram = fetchProgram, .userAgent = "TavikLauncher/2.0"};
     }
 
+    /// The usual one, which trusts the server when it is told to.
+    const QString fetchProgram = QStringLiteral(TAVIK_TEST_FETCH_PROGRAM);
     UpdateServer server;
     FileTree tree;
     VirtualMainQueue mainQueue;
@@ -185,6 +188,7 @@ struct UpdaterBench : UpdateFixture
                             .workQueue = workQueue,
                             .feedUrl = feedUrl.isEmpty() ? server.url("/feed") : feedUrl,
                             .publicKey = signer.publicKey,
+                            .fetchProgram = fetchProgram,
                             .version = QStringLiteral("2.0"),
                             .processor = QStringLiteral("x86_64"),
                             .pageHosts = {QStringLiteral("localhost")},
@@ -250,16 +254,3 @@ struct UpdaterBench : UpdateFixture
 };
 
 } // namespace Tavik::Test
-
-/// The test is also the program that fetches, as the launcher is.
-#define TAVIK_UPDATES_TEST_MAIN(TestClass)                                                         \
-    int main(int argc, char** argv)                                                                \
-    {                                                                                              \
-        Tavik::Test::UpdateServer::trustAsTold();                                                  \
-        if (const std::optional<int> code = Tavik::FetchProgram::run(argc, argv)) {                \
-            return *code;                                                                          \
-        }                                                                                          \
-        const QCoreApplication application(argc, argv);                                            \
-        TestClass test;                                                                            \
-        return QTest::qExec(&test, argc, argv);                                                    \
-    }

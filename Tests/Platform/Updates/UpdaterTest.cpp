@@ -361,5 +361,5 @@ private:
     std::unique_ptr<Test::UpdaterBench> m_bench;
 };
 
-TAVIK_UPDATES_TEST_MAIN(UpdaterTest)
+QTEST_GUILESS_MAIN(UpdaterTest)
 #include "UpdaterTest.moc"

@@ -34,32 +34,27 @@ void append(QByteArray& bytes, quint32 number)
 } // namespace
 
 SwayConnection::SwayConnection(const QString& socketPath)
+    : m_socket(socketPath)
 {
-    connect(&m_socket, &QLocalSocket::readyRead, this, &SwayConnection::read);
-    connect(&m_socket, &QLocalSocket::disconnected, this, &SwayConnection::closed);
-    m_socket.connectToServer(socketPath);
-}
-
-bool SwayConnection::isOpen() const
-{
-    return m_socket.state() == QLocalSocket::ConnectedState;
+    m_socket.onReceived = [this](const QByteArray& bytes) {
+        read(bytes);
+    };
+    m_socket.onClosed = [this] {
+        closed();
+    };
 }
 
 void SwayConnection::send(Request request, const QByteArray& payload)
 {
-    if (!isOpen()) {
-        return;
-    }
     QByteArray message = magic.toByteArray();
     append(message, static_cast<quint32>(payload.size()));
     append(message, static_cast<quint32>(request));
-    m_socket.write(message + payload);
-    m_socket.flush(); // At the end nothing would be written later.
+    m_socket.send(message + payload);
 }
 
-void SwayConnection::read()
+void SwayConnection::read(const QByteArray& bytes)
 {
-    m_received += m_socket.readAll();
+    m_received += bytes;
     const QPointer<SwayConnection> self(this);
     while (self && takeMessage()) { }
 }
@@ -97,7 +92,8 @@ void SwayConnection::fail(const char* fault)
 {
     qCWarning(log, "sway's socket tells %s; nothing more is asked of it", fault);
     m_received.clear();
-    m_socket.abort(); // Which also tells that it is closed.
+    m_socket.close();
+    closed();
 }
 
 void SwayConnection::closed()

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncherPlatform/Linux/Session/LocalSocket.h>
+
 #include <QByteArray>
 #include <QJsonDocument>
-#include <QLocalSocket>
 #include <QObject>
 
 #include <functional>
@@ -33,7 +34,7 @@ public:
     /// Nothing is connected where nobody takes connections.
     explicit SwayConnection(const QString& socketPath);
 
-    [[nodiscard]] bool isOpen() const;
+    [[nodiscard]] bool isOpen() const { return m_socket.isOpen(); }
     void send(Request request, const QByteArray& payload = {});
 
     /// Receives every answer and event, by its number.
@@ -42,13 +43,13 @@ public:
     std::function<void()> onClosed;
 
 private:
-    void read();
+    void read(const QByteArray& bytes);
     /// Returns whether there was a whole message.
     [[nodiscard]] bool takeMessage();
     void fail(const char* fault);
     void closed();
 
-    QLocalSocket m_socket;
+    LocalSocket m_socket;
     QByteArray m_received;
     bool m_isClosed = false;
 };

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Disk/AppImageFile.h>
+#include <TavikLauncherPlatform/Linux/Disk/FileDescriptor.h>
 #include <TavikLauncherPlatform/Linux/Disk/ReplaceFile.h>
 #include <TavikLauncherPlatform/Linux/Updates/AppImage.h>
-#include <TavikLauncherPlatform/Linux/Updates/FileDescriptor.h>
 #include <TavikLauncherPlatform/Texts.h>
 
 #include <QCoreApplication>

@@ -59,9 +59,9 @@ QByteArray pack(const FetchAnswer& answer)
                   answer.lastModified);
 }
 
-QByteArray pack(const FetchEnd& end)
+QByteArray pack(FetchEnd end)
 {
-    return packed(Kind::end, qint32(end.error), end.hasBadCertificate);
+    return packed(Kind::end, static_cast<quint8>(end));
 }
 
 QByteArray packBytes(const QByteArray& bytes)
@@ -119,14 +119,11 @@ std::optional<FetchAnswer> answer(const Message& message)
 
 std::optional<FetchEnd> end(const Message& message)
 {
-    FetchEnd end;
-    qint32 error = 0;
-    const bool isRead = unpack(Kind::end, message, error, end.hasBadCertificate);
-    if (!isRead || error < QNetworkReply::NoError || error > QNetworkReply::UnknownServerError) {
-        return std::nullopt;
-    }
-    end.error = static_cast<QNetworkReply::NetworkError>(error);
-    return end;
+    quint8 end = 0;
+    const bool isRead = unpack(Kind::end, message, end);
+    return isRead && end <= static_cast<quint8>(FetchEnd::brokenOff)
+        ? std::optional(static_cast<FetchEnd>(end))
+        : std::nullopt;
 }
 
 } // namespace Tavik::FetchMessages

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QNetworkReply>
 #include <QUrl>
 
 #include <optional>
@@ -34,11 +33,15 @@ struct FetchAnswer
     QByteArray lastModified;
 };
 
-/// How it ended, as the toolkit saw it.
-struct FetchEnd
-{
-    QNetworkReply::NetworkError error = QNetworkReply::NoError;
-    bool hasBadCertificate = false;
+/// How it ended.
+enum class FetchEnd : quint8 {
+    complete, ///< As far as can be seen there.
+    noSuchHost,
+    noConnection,
+    badCertificate,
+    noProtection,
+    refusedByProxy,
+    brokenOff, ///< Anything else; the last one.
 };
 
 namespace FetchMessages {
@@ -60,7 +63,7 @@ struct Message
 
 [[nodiscard]] QByteArray pack(const FetchRequest& request);
 [[nodiscard]] QByteArray pack(const FetchAnswer& answer);
-[[nodiscard]] QByteArray pack(const FetchEnd& end);
+[[nodiscard]] QByteArray pack(FetchEnd end);
 [[nodiscard]] QByteArray packBytes(const QByteArray& bytes);
 
 /// Takes the first whole message from what has come; absent while there is none. One that is larger

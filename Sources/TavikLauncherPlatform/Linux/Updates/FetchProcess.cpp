@@ -2,6 +2,8 @@
 #include <TavikLauncherPlatform/Linux/Updates/FetchProcess.h>
 #include <TavikLauncherPlatform/Linux/Updates/FetchProgram.h>
 
+#include <QFile>
+
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -16,9 +18,6 @@
 namespace Tavik {
 
 namespace {
-
-/// This very program, also when another version has been put in the place of its file.
-constexpr const char* ownProgram = "/proc/self/exe";
 
 /// How a child of ours starts: with one open file of ours, and hearing every signal.
 class Spawning
@@ -45,13 +44,13 @@ public:
     Spawning& operator=(const Spawning&) = delete;
 
     /// 0 when it cannot be started.
-    [[nodiscard]] int run()
+    [[nodiscard]] int run(const QString& program)
     {
-        QByteArray name = "tavik-launcher";
-        QByteArray argument = FetchProgram::argument;
-        const std::array<char*, 3> words{name.data(), argument.data(), nullptr};
+        QByteArray path = QFile::encodeName(program);
+        const std::array<char*, 2> words{path.data(), nullptr};
         pid_t process = 0;
-        return ::posix_spawn(&process, ownProgram, &m_files, &m_attributes, words.data(), environ)
+        return ::posix_spawn(
+                   &process, path.constData(), &m_files, &m_attributes, words.data(), environ)
                 == 0
             ? process
             : 0;
@@ -64,10 +63,10 @@ private:
 
 } // namespace
 
-FetchProcess::FetchProcess(const FetchRequest& request, Hooks hooks)
+FetchProcess::FetchProcess(const QString& program, const FetchRequest& request, Hooks hooks)
     : m_hooks(std::move(hooks))
 {
-    start(request);
+    start(program, request);
 }
 
 FetchProcess::~FetchProcess()
@@ -75,7 +74,7 @@ FetchProcess::~FetchProcess()
     static_cast<void>(endProcess());
 }
 
-void FetchProcess::start(const FetchRequest& request)
+void FetchProcess::start(const QString& program, const FetchRequest& request)
 {
     std::array<int, 2> ends{-1, -1};
     if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) {
@@ -95,7 +94,7 @@ void FetchProcess::start(const FetchRequest& request)
         != message.size()) {
         return;
     }
-    m_process = Spawning(theirs.get()).run();
+    m_process = Spawning(theirs.get()).run(program);
     if (m_process > 0) {
         m_notifier = std::make_unique<QSocketNotifier>(m_connection.get(), QSocketNotifier::Read);
         QObject::connect(

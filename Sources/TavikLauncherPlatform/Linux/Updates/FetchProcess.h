@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncherPlatform/Linux/Disk/FileDescriptor.h>
 #include <TavikLauncherPlatform/Linux/Updates/FetchMessages.h>
-#include <TavikLauncherPlatform/Linux/Updates/FileDescriptor.h>
 
 #include <QSocketNotifier>
 
@@ -27,12 +27,13 @@ public:
     {
         std::function<void(const FetchAnswer&)> answer;
         std::function<void(const QByteArray&)> bytes;
-        std::function<void(const FetchEnd&)> end;
+        std::function<void(FetchEnd)> end;
         std::function<void(Loss)> lost;
     };
 
-    /// Starts the process; it may turn out that the system has none to give.
-    FetchProcess(const FetchRequest& request, Hooks hooks);
+    /// Starts the program at that path; it may turn out that there is none, or no process to be
+    /// had.
+    FetchProcess(const QString& program, const FetchRequest& request, Hooks hooks);
     ~FetchProcess();
     FetchProcess(const FetchProcess&) = delete;
     FetchProcess& operator=(const FetchProcess&) = delete;
@@ -44,7 +45,7 @@ public:
     void stop();
 
 private:
-    void start(const FetchRequest& request);
+    void start(const QString& program, const FetchRequest& request);
     void read();
     void tell();
     void tell(const FetchMessages::Message& message);

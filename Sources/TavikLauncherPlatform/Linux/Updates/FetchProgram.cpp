@@ -6,12 +6,12 @@
 #include <QFile>
 #include <QNetworkAccessManager>
 #include <QNetworkProxy>
+#include <QNetworkReply>
 #include <QNetworkRequest>
 
 #include <array>
 #include <cerrno>
 #include <csignal>
-#include <cstring>
 #include <exception>
 
 #include <sys/prctl.h>
@@ -133,6 +133,29 @@ FetchAnswer answerOf(const QNetworkReply& reply)
     return answer;
 }
 
+FetchEnd endOf(QNetworkReply::NetworkError error, bool hasBadCertificate)
+{
+    switch (error) {
+    case QNetworkReply::NoError:
+        return FetchEnd::complete;
+    case QNetworkReply::HostNotFoundError:
+        return FetchEnd::noSuchHost;
+    case QNetworkReply::ConnectionRefusedError:
+        return FetchEnd::noConnection;
+    case QNetworkReply::SslHandshakeFailedError:
+        return hasBadCertificate ? FetchEnd::badCertificate : FetchEnd::noProtection;
+    case QNetworkReply::ProxyConnectionRefusedError:
+    case QNetworkReply::ProxyConnectionClosedError:
+    case QNetworkReply::ProxyNotFoundError:
+    case QNetworkReply::ProxyTimeoutError:
+    case QNetworkReply::ProxyAuthenticationRequiredError:
+    case QNetworkReply::UnknownProxyError:
+        return FetchEnd::refusedByProxy;
+    default:
+        return FetchEnd::brokenOff;
+    }
+}
+
 /// One answer of a server, told as it comes.
 class Telling
 {
@@ -168,8 +191,7 @@ private:
     {
         tellHead();
         tellBody();
-        send(FetchMessages::pack(
-            FetchEnd{.error = m_reply.error(), .hasBadCertificate = m_hasBadCertificate}));
+        send(FetchMessages::pack(endOf(m_reply.error(), m_hasBadCertificate)));
         QCoreApplication::quit();
     }
 
@@ -180,12 +202,8 @@ private:
 
 } // namespace
 
-std::optional<int> run(int argc, char** argv)
+int run(int argc, char** argv)
 {
-    if (argc != 2 || std::strcmp(argv[1], argument) != 0) {
-        return std::nullopt;
-    }
-    ::prctl(PR_SET_NAME, "tavik-fetch");
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
     ::close_range(STDERR_FILENO + 1, ~0U, 0);
     const std::optional<FetchRequest> request = readRequest();

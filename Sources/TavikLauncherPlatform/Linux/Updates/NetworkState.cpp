@@ -1,37 +1,36 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Updates/NetworkState.h>
 
-#include <QNetworkInformation>
+#include <gio/gio.h>
 
 namespace Tavik {
 
-bool SystemNetworkState::isOnline()
+namespace {
+
+void tellChange(GNetworkMonitor*, gboolean, gpointer state)
 {
-    if (!m_isLoaded) {
-        load();
+    const auto& tell = static_cast<SystemNetworkState*>(state)->onChange;
+    if (tell) {
+        tell();
     }
-    const QNetworkInformation* information = QNetworkInformation::instance();
-    return !information
-        || information->reachability() != QNetworkInformation::Reachability::Disconnected;
 }
 
-void SystemNetworkState::load()
+} // namespace
+
+SystemNetworkState::~SystemNetworkState()
 {
-    using enum QNetworkInformation::Feature;
-    m_isLoaded = true;
-    // The usual one needs a service that not every system runs.
-    if (!QNetworkInformation::loadDefaultBackend()
-        && !QNetworkInformation::loadBackendByFeatures(Reachability)) {
-        return;
+    if (m_monitor) {
+        g_signal_handler_disconnect(m_monitor, m_listener);
     }
-    QObject::connect(QNetworkInformation::instance(),
-                     &QNetworkInformation::reachabilityChanged,
-                     &m_context,
-                     [this] {
-                         if (onChange) {
-                             onChange();
-                         }
-                     });
+}
+
+bool SystemNetworkState::isOnline()
+{
+    if (!m_monitor) {
+        m_monitor = g_network_monitor_get_default();
+        m_listener = g_signal_connect(m_monitor, "network-changed", G_CALLBACK(tellChange), this);
+    }
+    return g_network_monitor_get_network_available(m_monitor) != 0;
 }
 
 } // namespace Tavik

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QObject>
-
 #include <functional>
+
+struct _GNetworkMonitor;
 
 namespace Tavik {
 
@@ -20,17 +20,20 @@ public:
     std::function<void()> onChange;
 };
 
-/// Asks what the system runs for it. Nothing is loaded before the first question.
+/// Asks what the system runs for it, which is not started before the first question.
 class SystemNetworkState final : public NetworkState
 {
 public:
+    SystemNetworkState() = default;
+    ~SystemNetworkState() override;
+    SystemNetworkState(const SystemNetworkState&) = delete;
+    SystemNetworkState& operator=(const SystemNetworkState&) = delete;
+
     [[nodiscard]] bool isOnline() override;
 
 private:
-    void load();
-
-    bool m_isLoaded = false;
-    QObject m_context;
+    _GNetworkMonitor* m_monitor = nullptr; ///< Everybody's in this process.
+    unsigned long m_listener = 0;
 };
 
 } // namespace Tavik

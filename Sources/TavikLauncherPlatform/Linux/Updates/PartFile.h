@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <TavikLauncherPlatform/Linux/Updates/FileDescriptor.h>
+#include <TavikLauncherPlatform/Linux/Disk/FileDescriptor.h>
 
 #include <QByteArray>
 #include <QString>

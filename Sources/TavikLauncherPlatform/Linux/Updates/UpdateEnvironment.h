@@ -20,6 +20,7 @@ struct UpdateEnvironment
     WorkQueue& workQueue;
     QUrl feedUrl;
     QByteArray publicKey;
+    QString fetchProgram; ///< The path of `FetchProgram`.
     QString version; ///< Of this program.
     QString processor; ///< That this program was built for, as the toolkit names it.
     QStringList pageHosts; ///< Where a page about a version may be.
@@ -33,7 +34,9 @@ struct UpdateEnvironment
 
     [[nodiscard]] UpdateTransfer::Dependencies transfer() const
     {
-        return {.mainQueue = mainQueue, .userAgent = "TavikLauncher/" + version.toLatin1()};
+        return {.mainQueue = mainQueue,
+                .fetchProgram = fetchProgram,
+                .userAgent = "TavikLauncher/" + version.toLatin1()};
     }
 };
 

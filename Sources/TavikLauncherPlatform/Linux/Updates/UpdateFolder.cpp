@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <TavikLauncherPlatform/Linux/Updates/FileDescriptor.h>
+#include <TavikLauncherPlatform/Linux/Disk/FileDescriptor.h>
 #include <TavikLauncherPlatform/Linux/Updates/PartFile.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateFolder.h>
 #include <TavikLauncherPlatform/Texts.h>

@@ -87,37 +87,34 @@ refusal(const FetchAnswer& answer, const QString& subject, bool asksForPiece)
     return std::nullopt;
 }
 
-TransferFault networkFault(const FetchEnd& end, const QString& host)
+TransferFault networkFault(FetchEnd end, const QString& host)
 {
-    switch (end.error) {
-    case QNetworkReply::HostNotFoundError:
+    switch (end) {
+    case FetchEnd::noSuchHost:
         return {.reason
                 = Texts::tr("The server “%1” was not found. Perhaps this computer is not connected "
                             "to the internet.")
                       .arg(host),
                 .mayPass = true};
-    case QNetworkReply::ConnectionRefusedError:
+    case FetchEnd::noConnection:
         return {.reason = Texts::tr("The server “%1” cannot be reached.").arg(host),
                 .mayPass = true};
-    case QNetworkReply::SslHandshakeFailedError:
-        return {
-            .reason = end.hasBadCertificate
-                ? Texts::tr(
-                      "The server “%1” could not prove who it is: its certificate is not valid "
-                      "here.")
-                      .arg(host)
-                : Texts::tr("No protected connection to the server “%1” could be made.").arg(host)};
-    case QNetworkReply::ProxyConnectionRefusedError:
-    case QNetworkReply::ProxyConnectionClosedError:
-    case QNetworkReply::ProxyNotFoundError:
-    case QNetworkReply::ProxyTimeoutError:
-    case QNetworkReply::ProxyAuthenticationRequiredError:
-    case QNetworkReply::UnknownProxyError:
+    case FetchEnd::badCertificate:
+        return {.reason
+                = Texts::tr("The server “%1” could not prove who it is: its certificate is not "
+                            "valid here.")
+                      .arg(host)};
+    case FetchEnd::noProtection:
+        return {.reason
+                = Texts::tr("No protected connection to the server “%1” could be made.").arg(host)};
+    case FetchEnd::refusedByProxy:
         return {.reason = Texts::tr("The proxy of this network let nothing through."),
                 .mayPass = true};
-    default:
-        return brokenOff();
+    case FetchEnd::complete:
+    case FetchEnd::brokenOff:
+        break;
     }
+    return brokenOff();
 }
 
 TransferFault brokenOff()

@@ -42,7 +42,7 @@ namespace Tavik::UpdateReply {
 refusal(const FetchAnswer& answer, const QString& subject, bool asksForPiece);
 
 /// Why there was no answer of that host, or no end of it.
-[[nodiscard]] TransferFault networkFault(const FetchEnd& end, const QString& host);
+[[nodiscard]] TransferFault networkFault(FetchEnd end, const QString& host);
 [[nodiscard]] TransferFault brokenOff();
 
 } // namespace Tavik::UpdateReply

@@ -18,6 +18,7 @@ constexpr qint64 bytesPerMegabyte = 1'000'000;
 
 UpdateTransfer::UpdateTransfer(const Dependencies& dependencies, Request request, Hooks hooks)
     : m_mainQueue(dependencies.mainQueue)
+    , m_fetchProgram(dependencies.fetchProgram)
     , m_userAgent(dependencies.userAgent)
     , m_request(std::move(request))
     , m_hooks(std::move(hooks))
@@ -52,13 +53,14 @@ void UpdateTransfer::open(const QUrl& url)
     m_url = url;
     m_hasAnswer = false;
     m_fetch = std::make_unique<FetchProcess>(
+        m_fetchProgram,
         FetchRequest{.url = url,
                      .userAgent = m_userAgent,
                      .startsAt = m_request.startsAt,
                      .validator = m_request.validator},
         FetchProcess::Hooks{.answer = [this](const FetchAnswer& answer) { answered(answer); },
                             .bytes = [this](const QByteArray& bytes) { take(bytes); },
-                            .end = [this](const FetchEnd& fetchEnd) { fetched(fetchEnd); },
+                            .end = [this](FetchEnd fetchEnd) { fetched(fetchEnd); },
                             .lost =
                                 [this](FetchProcess::Loss loss) {
                                     lost(loss);
@@ -130,9 +132,9 @@ void UpdateTransfer::take(const QByteArray& bytes)
     }
 }
 
-void UpdateTransfer::fetched(const FetchEnd& fetchEnd)
+void UpdateTransfer::fetched(FetchEnd fetchEnd)
 {
-    if (!m_hasAnswer || fetchEnd.error != QNetworkReply::NoError) {
+    if (!m_hasAnswer || fetchEnd != FetchEnd::complete) {
         end(UpdateReply::networkFault(fetchEnd, m_url.host()));
     } else if (m_announced > m_received) {
         end(UpdateReply::brokenOff());

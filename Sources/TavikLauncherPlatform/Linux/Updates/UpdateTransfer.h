@@ -48,6 +48,7 @@ public:
     struct Dependencies
     {
         MainQueue& mainQueue;
+        QString fetchProgram; ///< The path of `FetchProgram`.
         QByteArray userAgent;
     };
 
@@ -66,7 +67,7 @@ private:
     void open(const QUrl& url);
     void answered(const FetchAnswer& answer);
     void take(const QByteArray& bytes);
-    void fetched(const FetchEnd& fetchEnd);
+    void fetched(FetchEnd fetchEnd);
     void lost(FetchProcess::Loss loss);
     void redirect(const QUrl& redirection);
     void end(std::optional<TransferFault> fault);
@@ -74,6 +75,7 @@ private:
     [[nodiscard]] TransferFault tooLarge() const;
 
     MainQueue& m_mainQueue;
+    QString m_fetchProgram;
     QByteArray m_userAgent;
     Request m_request;
     Hooks m_hooks;

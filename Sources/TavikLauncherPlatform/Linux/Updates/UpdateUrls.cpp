@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Updates/UpdateUrls.h>
 
-#include <QHostAddress>
 #include <QUrl>
+
+#include <arpa/inet.h>
+#include <netinet/in.h>
 
 using namespace Qt::StringLiterals;
 
@@ -16,7 +18,12 @@ bool isThisMachine(const QString& host)
         return true;
     }
     // Only addresses as such: any other name could mean another machine by the time it is used.
-    return QHostAddress(host).isLoopback();
+    const QByteArray name = host.toLatin1();
+    in_addr older{};
+    in6_addr newer{};
+    return (::inet_pton(AF_INET, name.constData(), &older) == 1
+            && ntohl(older.s_addr) >> IN_CLASSA_NSHIFT == IN_LOOPBACKNET)
+        || (::inet_pton(AF_INET6, name.constData(), &newer) == 1 && IN6_IS_ADDR_LOOPBACK(&newer));
 }
 
 } // namespace

@@ -25,19 +25,19 @@ const DesktopEntry* entryNamed(const QString& name, const DesktopEntries& entrie
     return entries.withId(id);
 }
 
-/// Undoes systemd's escapes of unit names (`\x2d` for "-").
+/// Undoes systemd's escapes of unit names (`\x2d` for "-"), which are of bytes.
 QString unescaped(const QString& unit)
 {
     constexpr qsizetype length = 4;
-    QString result = unit;
-    for (qsizetype at = result.indexOf("\\x"_L1); at >= 0; at = result.indexOf("\\x"_L1, at + 1)) {
+    QByteArray result = unit.toUtf8();
+    for (qsizetype at = result.indexOf("\\x"); at >= 0; at = result.indexOf("\\x", at + 1)) {
         bool isNumber = false;
-        const ushort code = QStringView(result).mid(at + 2, 2).toUShort(&isNumber, 16);
+        const ushort code = result.mid(at + 2, 2).toUShort(&isNumber, 16);
         if (isNumber && at + length <= result.size()) {
-            result.replace(at, length, QChar(code));
+            result.replace(at, length, QByteArray(1, static_cast<char>(code)));
         }
     }
-    return result;
+    return QString::fromUtf8(result);
 }
 
 /// app[-<launcher>]-<ApplicationID>-<RANDOM>.scope

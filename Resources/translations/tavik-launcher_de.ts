@@ -1925,8 +1925,8 @@
         <translation>Von Fenstern anderer Programme sagt niemand etwas.</translation>
     </message>
     <message>
-        <source>Only programs with a name on the session bus are seen to run.</source>
-        <translation>Man sieht nur Programme laufen, die einen Namen auf dem Sitzungsbus haben.</translation>
+        <source>Programs are seen to run only by their name on the session bus or their systemd unit.</source>
+        <translation>Programme sieht man nur an ihrem Namen auf dem Sitzungsbus oder an ihrer systemd-Unit laufen.</translation>
     </message>
     <message>
         <source>Nobody brings other programs&apos; windows to the front.</source>
@@ -2033,8 +2033,8 @@
         <translation>Die Fensterverwaltung zählt ihre Fenster auf.</translation>
     </message>
     <message>
-        <source>Of programs other than X11&apos;s, only those with a name on the session bus are seen to run.</source>
-        <translation>Von anderen Programmen als denen von X11 sieht man nur die laufen, die einen Namen auf dem Sitzungsbus haben.</translation>
+        <source>Programs other than X11&apos;s are seen to run only by their name on the session bus or their systemd unit.</source>
+        <translation>Andere Programme als die von X11 sieht man nur an ihrem Namen auf dem Sitzungsbus oder an ihrer systemd-Unit laufen.</translation>
     </message>
     <message>
         <source>No window manager runs, or an old one that lists none.</source>

@@ -1925,8 +1925,8 @@
         <translation>Nadie informa de las ventanas de otros programas.</translation>
     </message>
     <message>
-        <source>Only programs with a name on the session bus are seen to run.</source>
-        <translation>Solo se ven en marcha los programas que tienen nombre en el bus de sesión.</translation>
+        <source>Programs are seen to run only by their name on the session bus or their systemd unit.</source>
+        <translation>Los programas solo se ven en marcha por su nombre en el bus de sesión o por su unidad de systemd.</translation>
     </message>
     <message>
         <source>Nobody brings other programs&apos; windows to the front.</source>
@@ -2033,8 +2033,8 @@
         <translation>El gestor de ventanas enumera sus ventanas.</translation>
     </message>
     <message>
-        <source>Of programs other than X11&apos;s, only those with a name on the session bus are seen to run.</source>
-        <translation>De los programas que no son de X11 solo se ven en marcha los que tienen nombre en el bus de sesión.</translation>
+        <source>Programs other than X11&apos;s are seen to run only by their name on the session bus or their systemd unit.</source>
+        <translation>Los programas que no son de X11 solo se ven en marcha por su nombre en el bus de sesión o por su unidad de systemd.</translation>
     </message>
     <message>
         <source>No window manager runs, or an old one that lists none.</source>

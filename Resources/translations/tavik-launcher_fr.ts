@@ -1925,8 +1925,8 @@
         <translation>Rien ne renseigne sur les fenêtres des autres programmes.</translation>
     </message>
     <message>
-        <source>Only programs with a name on the session bus are seen to run.</source>
-        <translation>Seuls les programmes qui ont un nom sur le bus de session sont vus actifs.</translation>
+        <source>Programs are seen to run only by their name on the session bus or their systemd unit.</source>
+        <translation>Les programmes ne sont vus actifs que par leur nom sur le bus de session ou par leur unité systemd.</translation>
     </message>
     <message>
         <source>Nobody brings other programs&apos; windows to the front.</source>
@@ -2033,8 +2033,8 @@
         <translation>Le gestionnaire de fenêtres énumère ses fenêtres.</translation>
     </message>
     <message>
-        <source>Of programs other than X11&apos;s, only those with a name on the session bus are seen to run.</source>
-        <translation>Parmi les programmes autres que ceux de X11, seuls ceux qui ont un nom sur le bus de session sont vus actifs.</translation>
+        <source>Programs other than X11&apos;s are seen to run only by their name on the session bus or their systemd unit.</source>
+        <translation>Les programmes autres que ceux de X11 ne sont vus actifs que par leur nom sur le bus de session ou par leur unité systemd.</translation>
     </message>
     <message>
         <source>No window manager runs, or an old one that lists none.</source>

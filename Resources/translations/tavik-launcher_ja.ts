@@ -1922,8 +1922,8 @@
         <translation>ほかのプログラムのウィンドウは通知されません。</translation>
     </message>
     <message>
-        <source>Only programs with a name on the session bus are seen to run.</source>
-        <translation>セッションバスに名前を持つプログラムだけが実行中と分かります。</translation>
+        <source>Programs are seen to run only by their name on the session bus or their systemd unit.</source>
+        <translation>プログラムは、セッションバス上の名前か systemd のユニットによってのみ実行中と分かります。</translation>
     </message>
     <message>
         <source>Nobody brings other programs&apos; windows to the front.</source>
@@ -2030,8 +2030,8 @@
         <translation>ウィンドウマネージャーがウィンドウを一覧します。</translation>
     </message>
     <message>
-        <source>Of programs other than X11&apos;s, only those with a name on the session bus are seen to run.</source>
-        <translation>X11 以外のプログラムは、セッションバスに名前を持つものだけが実行中と分かります。</translation>
+        <source>Programs other than X11&apos;s are seen to run only by their name on the session bus or their systemd unit.</source>
+        <translation>X11 以外のプログラムは、セッションバス上の名前か systemd のユニットによってのみ実行中と分かります。</translation>
     </message>
     <message>
         <source>No window manager runs, or an old one that lists none.</source>

@@ -25,11 +25,7 @@ public:
         moveToThread(&m_thread);
         m_thread.start();
     }
-    ~FakeBusService() override
-    {
-        m_thread.quit();
-        m_thread.wait();
-    }
+    ~FakeBusService() override { stop(); }
     /// After all that it has been asked before.
     void onItsThread(const std::function<void()>& act)
     {
@@ -48,6 +44,13 @@ public:
     [[nodiscard]] QString introspect(const QString&) const override { return {}; }
 
 protected:
+    /// For the destructor of one that may still be asked something.
+    void stop()
+    {
+        m_thread.quit();
+        m_thread.wait();
+    }
+
     QDBusConnection m_bus
         = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("fake"));
 

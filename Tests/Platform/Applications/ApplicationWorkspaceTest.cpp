@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Applications/ApplicationUnits.h>
 #include <TavikLauncherPlatform/Linux/Applications/ApplicationWorkspace.h>
 #include <TavikLauncherPlatform/Linux/Applications/LinuxFileManager.h>
 
-#include <QDBusConnection>
+#include <QDBusArgument>
+#include <QDBusMetaType>
 #include <QTest>
 
+#include <Support/FakeBusService.h>
 #include <Support/FileTree.h>
 #include <Support/StepWorkQueue.h>
 #include <Support/Table.h>
@@ -49,6 +52,59 @@ public:
     bool isComplete = true;
 };
 
+const QString systemdName = u"org.freedesktop.systemd1"_s;
+
+struct Unit
+{
+    QString name;
+    QString state; ///< As "active running".
+
+    [[nodiscard]] QString path() const { return u"/_%1"_s.arg(qHash(name)); }
+    friend QDBusArgument& operator<<(QDBusArgument& list, const Unit& unit)
+    {
+        const QDBusObjectPath path(unit.path());
+        list.beginStructure();
+        list << unit.name << u"X"_s << u"loaded"_s << unit.state.section(u' ', 0, 0)
+             << unit.state.section(u' ', 1) << QString() << path << 0U << QString() << path;
+        list.endStructure();
+        return list;
+    }
+    friend const QDBusArgument& operator>>(const QDBusArgument& list, Unit&) { return list; }
+};
+
+/// systemd with its units, which tells of changes when somebody has subscribed.
+class FakeSystemd final : public FakeBusService
+{
+public:
+    using FakeBusService::FakeBusService;
+    using FakeBusService::m_bus;
+    ~FakeSystemd() override { stop(); }
+    void put(const Unit& unit)
+    {
+        onItsThread([&] {
+            auto news = QDBusMessage::createSignal(
+                u"/org/freedesktop/systemd1"_s, systemdName + u".Manager"_s, u"UnitNew"_s);
+            if (units.removeIf([&](auto& known) { return known.name == unit.name; }) > 0) {
+                news = QDBusMessage::createSignal(
+                    unit.path(), u"org.freedesktop.DBus.Properties"_s, u"PropertiesChanged"_s);
+            }
+            news << (news.path() == unit.path() ? systemdName + u".Unit"_s : unit.name) << true;
+            units.append(unit);
+            isHeard = isHeard && m_bus.send(news);
+        });
+    }
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& bus) override
+    {
+        qDBusRegisterMetaType<Unit>();
+        qDBusRegisterMetaType<QList<Unit>>();
+        isHeard |= message.member() == u"Subscribe";
+        return bus.send(message.createReply(QVariant::fromValue(units)));
+    }
+
+    QList<Unit> units;
+    bool isHeard = false;
+};
+
 } // namespace
 
 class ApplicationWorkspaceTest final : public QObject
@@ -80,8 +136,8 @@ private Q_SLOTS:
     void whatStartsIsStartedOnceUntilThatIsOver()
     {
         const auto [event, isOver] = fetch<QString, bool>();
-        open();
-        open();
+        open(m_path);
+        open(m_path);
         QCOMPARE(m_work.waiting(), 1U);
         QCOMPARE(m_workspace->startingApplications(), QStringList{m_path});
         if (event == "failure"_L1) {
@@ -95,32 +151,63 @@ private Q_SLOTS:
         QCOMPARE(m_windows->ended, isOver ? 1 : 0);
     }
 
-    void whatHasItsNameOnTheBusRunsWhereNotAllWindowsAreTold_data()
+    void whatHasANameOrAUnitRunsWhereNotAllWindowsAreTold_data()
     {
-        const Table<QByteArray, bool, bool> row; // Its ID, whether windows are told of, it is seen.
-        row("not told", "org.example.Fir", false, true);
-        row("all windows are told", "org.example.Fir", true, false);
-        row("no name", "fir", false, false);
-        row("kept out of menus", "org.example.Hidden", false, false);
+        // Its ID, its unit and its state, whether windows are told of, how often it is seen by its
+        // name and by its unit.
+        const Table<QString, QString, QString, bool, int, int> row;
+        // clang-format off
+        row("not told", u"org.example.Fir"_s, u"app-gnome-org.example.Fir-1.scope"_s, u"active running"_s, false, 1, 1);
+        row("all windows are told", u"org.example.Fir"_s, u"app-gnome-org.example.Fir-1.scope"_s, u"active running"_s, true, 0, 0);
+        row("no name", u"fähre"_s, u"app-tavik-f\\xc3\\xa4hre-1.scope"_s, u"active running"_s, false, 0, 1);
+        row("snap", u"fir_fir"_s, u"snap.fir.fir.scope"_s, u"reloading reload"_s, false, 0, 1);
+        row("failed", u"fir"_s, u"app-fir@1.service"_s, u"failed failed"_s, false, 0, 0);
+        row("no process", u"fir"_s, u"app-fir@1.service"_s, u"active exited"_s, false, 0, 0);
+        row("another's unit", u"fir"_s, u"app-elm@1.service"_s, u"active running"_s, false, 0, 0);
+        row("kept out of menus", u"org.example.Hidden"_s, u"app-org.example.Hidden@1.service"_s, u"active running"_s, false, 0, 0);
+        // clang-format on
     }
-    void whatHasItsNameOnTheBusRunsWhereNotAllWindowsAreTold()
+    void whatHasANameOrAUnitRunsWhereNotAllWindowsAreTold()
     {
-        const auto [id, isComplete, isSeen] = fetch<QByteArray, bool, bool>();
-        const QString name = QString::fromLatin1(id);
-        const QString path = u"apps/%1.desktop"_s.arg(name);
+        const auto [id, unit, state, isComplete, byName, byUnit]
+            = fetch<QString, QString, QString, bool, int, int>();
+        FakeSystemd systemd({systemdName});
+        const QString path = u"apps/%1.desktop"_s.arg(id);
         m_tree.write(path,
-                     entry + "Exec=slow\n" + (id.endsWith("Hidden") ? "NoDisplay=true\n" : ""));
+                     entry + "Exec=slow\n" + (id.endsWith("Hidden"_L1) ? "NoDisplay=true\n" : ""));
         auto windows = std::make_unique<FakeWindows>();
         windows->isComplete = isComplete;
         m_workspace.emplace(m_queue, m_work, m_files, std::move(windows));
+        ApplicationUnits ownUnit(m_queue, m_work, unit);
+        ownUnit.follow({id});
         m_work.runAll();
+        const auto seen = [&] {
+            QTest::qWait(20); // For what should not come.
+            m_queue.advance(0.1);
+            m_work.runAll();
+            return m_workspace->runningApplications().size();
+        };
         auto bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"fir"_s);
-        bus.registerService(name);
-        QTest::qWait(60); // For what should not come.
-        QTRY_COMPARE(m_workspace->runningApplications().size(), isSeen ? 1 : 0);
+        bus.registerService(id);
+        QTRY_COMPARE(seen(), byName);
         QVERIFY(!m_workspace->frontmostApplication());
-        bus.unregisterService(name);
-        QTRY_VERIFY(m_workspace->runningApplications().isEmpty());
+        systemd.put({unit, u"inactive dead"_s});
+        QTRY_COMPARE(seen(), byName);
+        systemd.put({unit, state});
+        QTRY_COMPARE(seen(), byUnit);
+        bus.unregisterService(id);
+        QTest::qWait(100);
+        QCOMPARE(seen(), byUnit);
+        open(m_tree.path(path));
+        QCOMPARE(m_work.waiting(), 1U); // Nobody is there to be asked, so it is started.
+        systemd.m_bus.unregisterService(systemdName);
+        QTRY_COMPARE(seen(), 0);
+        systemd.onItsThread([&] { systemd.isHeard = !systemd.m_bus.registerService(systemdName); });
+        QTRY_VERIFY(systemd.copyOf(systemd.isHeard));
+        QTRY_COMPARE(seen(), byUnit);
+        QVERIFY(ownUnit.running().isEmpty());
+        systemd.put({unit, u"inactive dead"_s});
+        QTRY_COMPARE(seen(), 0);
     }
 
     void whatMenusDoNotShowIsNotListed()
@@ -132,10 +219,10 @@ private Q_SLOTS:
     }
 
 private:
-    void open()
+    void open(const QString& path)
     {
         m_workspace->openApplication(
-            m_path, {.activates = true}, [](const std::optional<QString>&) {});
+            path, {.activates = true}, [](const std::optional<QString>&) {});
     }
 
     const QByteArray entry = "[Desktop Entry]\nType=Application\nName=X\n";

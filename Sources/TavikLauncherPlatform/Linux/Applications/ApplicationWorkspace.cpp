@@ -41,8 +41,8 @@ ApplicationWorkspace::ApplicationWorkspace(MainQueue& mainQueue,
     , m_ownControlGroup(controlGroupOf(QCoreApplication::applicationPid()))
 {
     m_windows->onWindowsChanged = [this] {
-        if (m_hasEntries && m_windows->tellsOfAll() == (m_services != nullptr)) {
-            followServices(); // Another list of windows has taken the place of the first.
+        if (m_hasEntries && m_windows->tellsOfAll() == (m_windowless != nullptr)) {
+            followWindowless(); // Another list of windows has taken the place of the first.
         }
         updateApplications();
         if (!std::exchange(m_hasWindows, m_windows->isReady())) {
@@ -101,7 +101,7 @@ void ApplicationWorkspace::openApplication(const QString& path,
     const QList<WindowId> windows = m_applications.windowsOf(path);
     if (windows.isEmpty()) {
         const DesktopEntry* entry = m_entries.withPath(path);
-        if (entry && m_services && m_services->owned().contains(entry->id)) {
+        if (entry && m_windowless && m_windowless->canBeAsked(entry->id)) {
             m_starter.raise(*entry, std::move(completion));
         } else {
             m_starter.start(path, entry, std::move(completion));
@@ -163,7 +163,7 @@ void ApplicationWorkspace::takeEntries(const DesktopEntries& entries)
         // What was there before the entries were read is no reason to read them again.
         const QList<WindowId> windows = m_windows->windows();
         m_seen = {windows.begin(), windows.end()};
-        followServices();
+        followWindowless();
         updateApplications();
         if (isFirst) {
             // It has the focus since before the start: nobody has switched to it.
@@ -174,39 +174,20 @@ void ApplicationWorkspace::takeEntries(const DesktopEntries& entries)
     read();
 }
 
-void ApplicationWorkspace::followServices()
+void ApplicationWorkspace::followWindowless()
 {
     if (m_windows->tellsOfAll()) {
-        m_services.reset();
+        m_windowless.reset();
         return;
     }
-    if (!m_services) {
-        m_services = std::make_unique<ServiceNames>(m_workQueue);
-        connect(m_services.get(), &ServiceNames::changed, this, [this] { updateApplications(); });
+    if (!m_windowless) {
+        m_windowless = std::make_unique<WindowlessApplications>(
+            m_mainQueue, m_workQueue, m_ownControlGroup.section(u'/', -1));
+        connect(m_windowless.get(), &WindowlessApplications::changed, this, [this] {
+            updateApplications();
+        });
     }
-    QSet<QString> ids;
-    for (const SharedDesktopEntry& entry : m_entries.all()) {
-        if (!entry->isHidden && entry->id != QGuiApplication::desktopFileName()) {
-            ids.insert(entry->id);
-        }
-    }
-    m_services->follow(ids);
-}
-
-QList<ApplicationWindow> ApplicationWorkspace::servicesWithoutWindows() const
-{
-    QList<ApplicationWindow> services;
-    for (const QString& id : m_services ? m_services->owned() : QSet<QString>()) {
-        if (const DesktopEntry* entry = m_entries.withId(id)) {
-            services.append({.window = 0,
-                             .isRegular = true,
-                             .group = entry->path,
-                             .bundlePath = entry->path,
-                             .bundleIdentifier = entry->id});
-        }
-    }
-    std::ranges::sort(services, {}, &ApplicationWindow::group);
-    return services;
+    m_windowless->follow(m_entries);
 }
 
 void ApplicationWorkspace::updateApplications()
@@ -226,8 +207,8 @@ void ApplicationWorkspace::updateApplications()
     m_seen.intersect(existing);
     m_processes.removeIf([&](auto process) { return !existing.contains(process.key()); });
     m_started.removeIf([&](auto started) { return !existing.contains(started.key()); });
-    const RunningApplicationList::Changes changes
-        = m_applications.setWindows(descriptions + servicesWithoutWindows());
+    const RunningApplicationList::Changes changes = m_applications.setWindows(
+        m_windowless ? descriptions + m_windowless->running(m_entries) : descriptions);
     for (const ApplicationWindow& description : std::as_const(descriptions)) {
         if (description.isRegular) {
             m_starter.windowCame(description.bundlePath.value_or(QString()),

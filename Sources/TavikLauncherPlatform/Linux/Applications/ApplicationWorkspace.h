@@ -4,8 +4,8 @@
 #include <TavikLauncherPlatform/Linux/Applications/ApplicationStarter.h>
 #include <TavikLauncherPlatform/Linux/Applications/DesktopEntries.h>
 #include <TavikLauncherPlatform/Linux/Applications/RunningApplicationList.h>
-#include <TavikLauncherPlatform/Linux/Applications/ServiceNames.h>
 #include <TavikLauncherPlatform/Linux/Applications/WindowSource.h>
+#include <TavikLauncherPlatform/Linux/Applications/WindowlessApplications.h>
 #include <TavikLauncherPlatform/Linux/Session/SleepMonitor.h>
 #include <TavikLauncherPlatform/Workspace.h>
 
@@ -21,10 +21,10 @@ class LinuxFileManager;
 class WorkQueue;
 
 /// The workspace of a Linux desktop: an application is the windows of one desktop entry or `.app`
-/// folder, whatever window system tells of them; where that does not tell of all, also a name on
-/// the session bus that is an entry's ID. The desktop entries are read off the main thread, so for
-/// a moment after the start running applications have no bundle path; when they get one, they count
-/// as launched, but the one that has the focus then does not count as activated.
+/// folder, whatever window system tells of them; where that does not tell of all, also an entry
+/// with a name on the session bus or a systemd unit. The desktop entries are read off the main
+/// thread, so for a moment after the start running applications have no bundle path; when they get
+/// one, they count as launched, but the one that has the focus then does not count as activated.
 class ApplicationWorkspace final : public QObject, public Workspace
 {
 public:
@@ -63,8 +63,7 @@ private:
     void read();
     void takeEntries(const DesktopEntries& entries);
     void updateApplications();
-    void followServices();
-    [[nodiscard]] QList<ApplicationWindow> servicesWithoutWindows() const;
+    void followWindowless();
     void updateFrontmost();
     [[nodiscard]] QString frontmostIdentity() const;
     [[nodiscard]] ApplicationWindow describe(WindowId window, const WindowSource::Facts& facts);
@@ -79,7 +78,7 @@ private:
     NotificationCenter m_center;
     std::unique_ptr<WindowSource> m_windows;
     ApplicationStarter m_starter;
-    std::unique_ptr<ServiceNames> m_services; ///< Where not all windows are told of.
+    std::unique_ptr<WindowlessApplications> m_windowless; ///< Where not all windows are told of.
     SleepMonitor m_sleep;
     DesktopEntries m_entries;
     std::unique_ptr<FolderWatch> m_watch;

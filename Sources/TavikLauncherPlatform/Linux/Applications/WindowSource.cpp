@@ -7,7 +7,8 @@ namespace Tavik {
 Means NoWindows::runningMeans() const
 {
     return {.way = Texts::tr("Nobody tells of other programs' windows."),
-            .lack = Texts::tr("Only programs with a name on the session bus are seen to run.")};
+            .lack = Texts::tr("Programs are seen to run only by their name on the session bus or "
+                              "their systemd unit.")};
 }
 
 Means NoWindows::raisingMeans() const

@@ -54,8 +54,8 @@ Means X11WindowTracker::runningMeans() const
 {
     Means means{.way = Texts::tr("The window manager lists its windows.")};
     if (m_isXwayland) {
-        means.lack = Texts::tr("Of programs other than X11's, only those with a name on the "
-                               "session bus are seen to run.");
+        means.lack = Texts::tr("Programs other than X11's are seen to run only by their name on "
+                               "the session bus or their systemd unit.");
     } else if (X11Properties::firstWindow(
                    m_connection.get(), m_connection.root(), m_atoms[X11Atom::netSupportingWmCheck])
                == XCB_NONE) {

@@ -196,11 +196,9 @@ private Q_SLOTS:
         row("startup class before ID, in a sandbox", {.instance = "spotify", .className = "Spotify", .unit = "/app-flatpak-org.mozilla.Thunderbird-1.scope"}, u"com.spotify.Client"_s);
         row("snap", {.executable = "/snap/vlc/1/usr/bin/vlc-bin", .unit = "/snap.vlc.vlc-01234567-89ab-cdef-0123-456789abcdef.scope"}, u"vlc_vlc"_s);
         row("snap with two names", {.className = "Odd", .unit = "/app.slice/snap.skype.skypeforlinux.01234567-89ab-cdef-0123-456789abcdef.scope"}, u"skype_skypeforlinux"_s);
-        row("scope of a desktop", {.executable = "/opt/game/bin/x86", .unit = "/app-gnome-unity\\x2dgame-99.scope"}, u"unity-game"_s);
         row("unit before session", {.unit = "/app-gnome-unity\\x2dgame-99.scope", .session = "/apps/painter-wrapper.desktop"}, u"unity-game"_s);
         row("service", {.executable = "/usr/libexec/files", .unit = "/app-org.kde.dolphin@0.service"}, u"org.kde.dolphin"_s);
         row("service of the bus", {.executable = "/usr/libexec/files", .unit = "/dbus-:1.20-org.kde.dolphin@0.service"}, u"org.kde.dolphin"_s);
-        row("scope of ours", {.executable = "/opt/game/bin/x86", .unit = "/app.slice/app-tavik-unity\\x2dgame-0badcafe.scope"}, u"unity-game"_s);
         row("our own unit", {.executable = "/opt/game/bin/x86", .unit = "/user.slice/app-org.tavik.Launcher-7.scope"}, u""_s);
         row("program before unit", {.executable = "/usr/bin/meld", .unit = "/app-gnome-org.gnome.Terminal-3.scope"}, u"meld"_s);
         // Terminals.

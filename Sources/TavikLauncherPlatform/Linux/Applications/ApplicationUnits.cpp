@@ -80,8 +80,10 @@ ApplicationUnits::ApplicationUnits(MainQueue& mainQueue,
         m_bus = bus;
         m_watcher->setConnection(bus);
         m_watcher->addWatchedService(service);
+        // No service name in the matches: with one the toolkit would wait for the bus to name its
+        // owner. Whoever lies only causes a question.
         m_bus->connect(
-            service, managerPath, managerInterface, u"UnitNew"_s, this, SLOT(unitCame(QString)));
+            QString(), managerPath, managerInterface, u"UnitNew"_s, this, SLOT(unitCame(QString)));
         begin();
     });
 }
@@ -159,7 +161,7 @@ void ApplicationUnits::watch(const QSet<QString>& paths)
 {
     // One rule for each, so that the other units' changes wake nobody.
     const auto tell = [this](const QString& path, auto connectOrDisconnect) {
-        ((*m_bus).*connectOrDisconnect)(service,
+        ((*m_bus).*connectOrDisconnect)(QString(),
                                         path,
                                         u"org.freedesktop.DBus.Properties"_s,
                                         u"PropertiesChanged"_s,

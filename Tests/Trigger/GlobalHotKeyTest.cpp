@@ -25,7 +25,8 @@ constexpr const char* fallingBack
     = "Tavik Launcher: Carbon RegisterEventHotKey failed, falling back to NSEvent monitors";
 
 /// A hot key among fakes; `story` tells what it reported: "P", "R", "U" or "N" (it was never held)
-/// and the time; "M", a modifier joined, "O", another key did, and "L", all was let go.
+/// and the time; "A" and the time of a press that is held after all; "M", a modifier joined, "O",
+/// another key did, and "L", all was let go.
 struct Triggered
 {
     explicit Triggered(const HotKeyConfig& config = HotKeyConfig::defaultConfig())
@@ -40,6 +41,9 @@ struct Triggered
         hotKey.onOtherKey = [this](OtherKey key) {
             story << (key == OtherKey::modifier ? u"M"_s : u"O"_s);
         };
+        hotKey.onHeldAfterAll = [this](double time) {
+            tell(u'A', time);
+        };
         hotKey.onLetGo = [this] {
             story << u"L"_s;
         };
@@ -50,10 +54,10 @@ struct Triggered
 
     /// Returns the story after "L10:chord G11:", a source, the event's time and what is held after
     /// it; "l10:chord", the key pressed with that held; "O10:chord", a key that somebody else got;
-    /// "K10", the hot key; "H:chord", what the keyboard answers from now on (until then it cannot
-    /// be asked); "W0.5", time goes by; and by a letter: D the tap is switched off, X the hot key
-    /// is unregistered, S a command summons, Y and Z the desktop tells press and release of the
-    /// chord, J what joined it.
+    /// "K10", the hot key; "H:chord", what the keyboard answers from now on (until then, and after
+    /// "H:nobody", it cannot be asked); "W0.5", time goes by; and by a letter: D the tap is
+    /// switched off, X the hot key is unregistered, S a command summons, Y and Z the desktop tells
+    /// press and release of the chord, J what joined it.
     QString play(const QString& script)
     {
         static const QHash<QString, quint64> states{
@@ -65,8 +69,10 @@ struct Triggered
         };
         double time = 0;
         quint64 state = 0;
+        QString name;
         QHash<QChar, std::function<void()>> acts;
-        acts.insert(u'H', [&] { keys.held = state; });
+        acts.insert(u'H',
+                    [&] { keys.held = name == u"nobody" ? std::nullopt : std::optional(state); });
         acts.insert(u'W', [&] { queue.advance(time); });
         acts.insert(u'D', [&] {
             keys.tapEnabled = false;
@@ -79,7 +85,7 @@ struct Triggered
         acts.insert(u'J', [&] { keys.hotKeyJoined(queue.systemUptime()); });
         acts.insert(u'Z', [&] { keys.hotKeyReleased(queue.systemUptime()); });
         for (const QString& step : script.split(u' ')) {
-            const QString name = step.section(u':', 1);
+            name = step.section(u':', 1);
             time = step.section(u':', 0, 0).mid(1).toDouble();
             state = states.value(name);
             if (const auto act = acts.value(step.front())) {
@@ -166,6 +172,21 @@ private Q_SLOTS:
         row("summoned by another key", u"H:ctrl S W2 S W0.1"_s, u"P1000 N1000 P1002 N1002"_s);
         row("summoned, and it is held", u"S W0.1 L1000.1:chord L1003:"_s, u"P1000 R1003"_s);
         row("summoned, and nothing is held", u"S W0.1 L1000.1: W0.1"_s, u"P1000 N1000"_s);
+        row("summoned while another window gets the keyboard",
+            u"H: S W0.05 H:nobody W0.1 H:chord L1000.15:chord L1003:"_s,
+            u"P1000 R1003"_s);
+        row("which hears of the chord late",
+            u"H: S W0.08 L1000.08: W0.09 H:chord L1000.17:chord L1003:"_s,
+            u"P1000 R1003"_s);
+        row("which hears of it too late",
+            u"H: S W0.1 L1000.3:chord L1003:"_s,
+            u"P1000 N1000 A1000 R1003"_s);
+        row("a command twice, the second time heard first",
+            u"H: S W0.1 H:chord L1000.3:chord S L1003:"_s,
+            u"P1000 N1000 A1000 P1000.1 R1003"_s);
+        row("the chord some time after a command",
+            u"H: S W1.1 L1001.1:chord L1003:"_s,
+            u"P1000 N1000 P1001.1 R1003"_s);
         row("summoned by what was heard", u"H:chord T1000:chord S T1001:"_s, u"P1000 R1001"_s);
         row("the first release is lost",
             u"S W1.5 S W1.5 L1003: W0.1"_s,

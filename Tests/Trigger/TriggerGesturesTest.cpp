@@ -30,10 +30,10 @@ struct Gestured
         .pin = [this] { isPinned = true; },
     }};
 
-    /// Plays "P10.0 R10.2 …": press, release, U = release by unregistering, N = never held, S =
-    /// sleep, of a chord; E = the user closes it; K = press and k = release of a shortcut with a
-    /// key; n and y = the user's wish to pin; O = somebody else gets a key, M = a modifier joins, L
-    /// = all is let go.
+    /// Plays "P10.0 R10.2 …": press, release, U = release by unregistering, N = never held, A = it
+    /// is held after all, S = sleep, of a chord; E = the user closes it; K = press and k = release
+    /// of a shortcut with a key; n and y = the user's wish to pin; O = somebody else gets a key, M
+    /// = a modifier joins, L = all is let go.
     void play(const QString& script)
     {
         using enum ReleaseReason;
@@ -44,6 +44,7 @@ struct Gestured
         acts.insert(u'R', [&] { gestures.release(modifierOnly, chordReleased, time); });
         acts.insert(u'U', [&] { gestures.release(modifierOnly, unregistered, time); });
         acts.insert(u'N', [&] { gestures.release(modifierOnly, neverHeld, time); });
+        acts.insert(u'A', [&] { gestures.heldAfterAll(time); });
         acts.insert(u'E', [&] { isVisible = isPinned = false; });
         acts.insert(u'K', [&] { gestures.press(keyed, time); });
         acts.insert(u'k', [&] { gestures.release(keyed, unregistered, time); });
@@ -106,6 +107,11 @@ private Q_SLOTS:
         row("a command in the pinned ring", u"P10 N10.1 P10.6 N10.7 P13 N13"_s, false, false);
         row("a command after it was hidden", u"P10 N10 P12 N12 P12.5 N12.5"_s, true, false);
         row("a command after the user closed it", u"P10 N10 E P12 N12"_s, true, false);
+        row("held after all", u"P10 R10 A10"_s, true, false);
+        row("held after all, to its end", u"P10 R10 A10 R11 P11.5"_s, true, false);
+        row("a command's, to its end", u"P10 N10 A10 R11"_s, false, false);
+        row("a command twice, held after all", u"P10 N10 A10 P10.6 R12"_s, true, true);
+        row("held after all, somebody else's", u"P10 O R10 A10"_s, false, false);
         row("a chord never toggles", u"K9 P10"_s, true, false);
         row("a key shows, its release does nothing", u"K10 k10.1"_s, true, false);
         row("a key hides", u"K10 k10.1 K10.3"_s, false, false);

@@ -88,6 +88,11 @@ std::unique_ptr<GlobalHotKey> TriggerShortcut::makeHotKey()
         [this, shortcut](ReleaseReason reason, double time) {
             m_gestures.release(shortcut, reason, time);
         });
+    hotKey->onHeldAfterAll = [this](double time) {
+        if (m_dependencies.screenGuard.isFree()) {
+            m_gestures.heldAfterAll(time);
+        }
+    };
     hotKey->onOtherKey = [this](OtherKey key) {
         m_gestures.otherKey(key);
     };

@@ -37,10 +37,14 @@ bool ChordRecogniser::stop()
 void ChordRecogniser::pressTold(double time)
 {
     const std::optional<quint64> held = m_dependencies.keyEvents.heldModifiers();
-    if (m_isActive && held && holdsChord(*held)) {
-        return; // A source of our own was first.
-    }
     News news{.time = time, .isPress = true};
+    if (m_isActive && held && holdsChord(*held)) {
+        // A source of our own was first, and may have taken this press for the one before.
+        if (std::exchange(m_isHeldAfterAll, false)) {
+            tell(news);
+        }
+        return;
+    }
     if (m_isActive) {
         news.endedBefore = end();
         news.isLetGoBefore = std::exchange(m_isJoined, false);
@@ -48,7 +52,7 @@ void ChordRecogniser::pressTold(double time)
     begin(time);
     m_isHoldSeen = held && isChord(*held);
     if (held && !m_isHoldSeen) {
-        doubt(*held);
+        doubt(std::nullopt);
     }
     tell(news);
 }
@@ -61,10 +65,12 @@ void ChordRecogniser::releaseTold(double time)
 
 /// Keys that were down before a window got the keyboard are told to it one by one, so the chord may
 /// still come to light.
-void ChordRecogniser::doubt(quint64 flags)
+void ChordRecogniser::doubt(std::optional<quint64> told)
 {
-    m_doubtedFlags = flags;
-    if (m_doubt.isActive()) {
+    // What is told at first is what a window knows that has just got the keyboard.
+    const bool isFirstTold = told && !m_toldInDoubt;
+    m_toldInDoubt = told;
+    if (m_doubt.isActive() && !isFirstTold) {
         return;
     }
     m_doubt = m_dependencies.mainQueue.after(doubtSeconds, [this] {
@@ -73,12 +79,15 @@ void ChordRecogniser::doubt(quint64 flags)
             m_isHoldSeen = true;
             return;
         }
-        if (!held && (m_doubtedFlags & m_modifierFlags) != 0) {
-            return; // A window may never be told of a key that made the desktop listen.
+        // A window may never be told of a key that made the desktop listen; and while the keyboard
+        // goes to another window, that one will be asked.
+        if (!held && (!m_toldInDoubt || (*m_toldInDoubt & m_modifierFlags) != 0)) {
+            return;
         }
         // However long it took to find out, it was let go at once.
         News news{.time = m_time};
         news.releasedBy = end();
+        m_hasEndedUnseen = true;
         news.isLetGo = std::exchange(m_isJoined, false);
         tell(news);
     });
@@ -87,6 +96,9 @@ void ChordRecogniser::doubt(quint64 flags)
 void ChordRecogniser::begin(double time)
 {
     m_isActive = true;
+    m_hasEndedUnseen = false;
+    m_isHeldAfterAll = false;
+    m_toldInDoubt.reset();
     m_time = time;
     m_uptime = m_dependencies.mainQueue.systemUptime();
     m_heldTimer = m_dependencies.mainQueue.every(heldModifiersSeconds, [this] { checkHeld(); });
@@ -129,9 +141,17 @@ void ChordRecogniser::modifiersAre(quint64 flags, double time)
         news.joinedBy = OtherKey::modifier;
     }
     if (isChord(flags) && !m_isActive) {
-        begin(time);
+        // A busy desktop may tell a window very late of what was down when it got the keyboard.
+        const bool isHeldAfterAll = m_hasEndedUnseen
+            && m_dependencies.mainQueue.systemUptime() - m_uptime <= askingSeconds;
+        if (isHeldAfterAll) {
+            news.heldSince = m_time;
+        } else {
+            news.isPress = true;
+        }
+        begin(news.heldSince.value_or(time));
+        m_isHeldAfterAll = isHeldAfterAll;
         m_isHoldSeen = true;
-        news.isPress = true;
         if (isRecent(m_lastOtherKeyUptime)) {
             m_isJoined = true;
             news.joinedBy = OtherKey::takenElsewhere;

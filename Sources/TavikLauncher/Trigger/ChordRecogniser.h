@@ -40,6 +40,7 @@ public:
         std::optional<ReleaseReason> endedBefore; ///< A chord whose release nobody told.
         bool isLetGoBefore = false;
         bool isPress = false;
+        std::optional<double> heldSince; ///< The press before, though its end has been told.
         std::optional<ReleaseReason> releasedBy;
         bool isLetGo = false;
     };
@@ -69,7 +70,7 @@ public:
     bool stop();
 
 private:
-    void doubt(quint64 flags);
+    void doubt(std::optional<quint64> told);
     void begin(double time);
     [[nodiscard]] ReleaseReason end();
     [[nodiscard]] bool isChord(quint64 flags) const;
@@ -85,13 +86,16 @@ private:
     bool m_isAskedFor = false;
     bool m_isActive = false;
     bool m_isHoldSeen = false; ///< The keyboard itself has shown that the chord is held.
+    bool m_hasEndedUnseen = false; ///< The press before was told, and never seen to be held.
+    bool m_isHeldAfterAll = false; ///< And then it was, unless this is the next.
     bool m_isJoined = false; ///< Another key is down, or was, since the chord's were all held.
     double m_time = 0; ///< When the chord that is held began, by its event.
     double m_uptime = 0; ///< And by the clock.
     std::optional<double> m_lastReleaseUptime; ///< When the end of the last chord was told.
     std::optional<double> m_lastOtherKeyUptime; ///< Of one that was told before its chord.
     Task m_doubt;
-    quint64 m_doubtedFlags = 0; ///< What was told last of a chord that was never seen.
+    /// What was told last of a chord that was never seen; absent when nothing was.
+    std::optional<quint64> m_toldInDoubt;
     Task m_heldTimer; ///< Runs only while the chord is held and somebody can tell.
 };
 

@@ -298,6 +298,7 @@ void GlobalHotKey::tell(const ChordRecogniser::News& news)
     const PressHandler press = m_onPress;
     const ReleaseHandler release = m_onRelease;
     const std::function<void(OtherKey)> otherKey = onOtherKey;
+    const std::function<void(double)> heldAfterAll = onHeldAfterAll;
     const std::function<void()> letGo = onLetGo;
     if (news.joinedBy && otherKey) {
         otherKey(*news.joinedBy);
@@ -310,6 +311,9 @@ void GlobalHotKey::tell(const ChordRecogniser::News& news)
     }
     if (news.isPress) {
         press(news.time);
+    }
+    if (news.heldSince && heldAfterAll) {
+        heldAfterAll(*news.heldSince);
     }
     if (news.releasedBy) {
         release(*news.releasedBy, news.time);

@@ -71,6 +71,9 @@ public:
 
     /// Called after the permission was withdrawn and this has unregistered itself; may destroy it.
     std::function<void()> onAccessibilityRevoked;
+    /// Called when a press whose release was told turns out to be still held, with its time. Only a
+    /// desktop or a command that tells presses alone can be mistaken like this.
+    std::function<void(double)> onHeldAfterAll;
     /// Called when another key has joined the chord: before the press if it did so from the start,
     /// before the release if that ends the chord, and after it if the news is late.
     std::function<void(OtherKey)> onOtherKey;

@@ -66,6 +66,18 @@ void TriggerGestures::release(Shortcut shortcut, ReleaseReason reason, double ti
     }
 }
 
+void TriggerGestures::heldAfterAll(double time)
+{
+    if (m_isShortcut) {
+        return;
+    }
+    m_staysOpen = false;
+    m_lastPressTime = time;
+    if (!m_panel.isVisible()) {
+        m_panel.showAtPointer();
+    }
+}
+
 void TriggerGestures::otherKey(OtherKey key)
 {
     m_isShortcut = true;

@@ -34,6 +34,8 @@ public:
 
     void press(Shortcut shortcut, double time);
     void release(Shortcut shortcut, ReleaseReason reason, double time);
+    /// The chord whose release was told is still held: its press, at `time`, was no tap.
+    void heldAfterAll(double time);
     /// The chord turns out to be part of somebody else's shortcut: until it is let go it shows
     /// nothing more, and it is no tap.
     void otherKey(OtherKey key);

@@ -153,8 +153,9 @@ void addX11Services(Platform& platform,
     platform.windowServer = std::move(windowServer);
     platform.keyEvents = std::move(keyEvents);
     if (shortcuts) {
-        // Of a change of the focus the server hears twice, by two ways.
-        constexpr double settlingSeconds = 0.06;
+        // Of a change of the focus the server hears twice, by two ways; the compositor may draw a
+        // picture in between.
+        constexpr double settlingSeconds = 0.15;
         platform.keyEvents = std::make_unique<ShortcutKeyEvents>(
             ShortcutKeyEvents::Dependencies{
                 *platform.mainQueue,

@@ -121,6 +121,17 @@ def mute_bus(tmp_path):
         yield f"unix:path={tmp_path / 'bus'}"
 
 
+@pytest.fixture
+def full_bus():
+    """The address of one that takes no more connections, which has no file."""
+    name = f"/tavik-test-{os.getpid()}"
+    with socket.socket(socket.AF_UNIX) as bus, socket.socket(socket.AF_UNIX) as waiting:
+        bus.bind("\0" + name)
+        bus.listen(0)
+        waiting.connect("\0" + name)
+        yield f"tcp:host=127.0.0.1,port=1;unix:guid=0,abstract=%2f{name[1:]}"
+
+
 REFUSING = """<busconfig><type>session</type><listen>unix:tmpdir=/tmp</listen><auth>EXTERNAL</auth>
     <policy context="default"><allow send_destination="*"/><allow receive_sender="*"/><deny own="*"/></policy></busconfig>"""
 
@@ -132,7 +143,7 @@ def refusing_bus(desktop, tmp_path):
     return desktop.start_bus("refusing", f"--config-file={tmp_path / 'refusing.conf'}")
 
 
-@pytest.mark.parametrize("bus", ["mute_bus", "refusing_bus"])
+@pytest.mark.parametrize("bus", ["mute_bus", "full_bus", "refusing_bus"])
 def test_a_bus_that_is_of_no_use_costs_a_second_and_no_start(launcher, display, request, bus):
     launcher.environment["DBUS_SESSION_BUS_ADDRESS"] = request.getfixturevalue(bus)
     began = time.monotonic()

@@ -28,7 +28,7 @@ ROOMS = {  # room: (rooms it may include, may use widgets, may use native header
     SESSION: (BASE | {DISK}, False, True),
     APPLICATIONS: (BASE | {DISK, SESSION}, False, True),
     DESKTOPS: (BASE | {SESSION, APPLICATIONS}, False, True),
-    UPDATES: (BASE | {DISK}, False, True),
+    UPDATES: (BASE | {DISK, SESSION}, False, True),
     X11: (BASE | {DISK, SESSION, APPLICATIONS}, False, True),
     WAYLAND: (BASE | {APPLICATIONS, DESKTOPS}, False, True),
     LINUX: (BASE | {f"{PLATFORM}/Null", DISK, SESSION, APPLICATIONS, DESKTOPS, UPDATES, X11, WAYLAND}, False, True),

@@ -13,6 +13,7 @@ namespace {
 constexpr qsizetype longestLine = 1024;
 constexpr char terminator = '\n';
 constexpr qsizetype longestText = 65536;
+constexpr int patience = 5; // In seconds.
 
 std::optional<QString> socketPath()
 {
@@ -78,7 +79,7 @@ InstanceAnswer InstanceSocket::send(const QString& line, QString* text)
     }
     // An instance that has just started reads its first line when it is ready for it.
     const auto [outcome, bytes]
-        = LocalQuestion::ask(*path, line.toUtf8() + terminator, text ? longestText : 1);
+        = LocalQuestion::ask(*path, line.toUtf8() + terminator, text ? longestText : 1, patience);
     if (text) {
         *text = QString::fromUtf8(bytes.mid(1));
     }

@@ -75,7 +75,7 @@ private Q_SLOTS:
         };
         for (const QByteArray& answer : {QByteArray("I, Who?"), QByteArray()}) {
             auto asked = std::async(std::launch::async,
-                                    [this] { return LocalQuestion::ask(m_path, "Who?", 1); });
+                                    [this] { return LocalQuestion::ask(m_path, "Who?", 1, 5); });
             QTRY_VERIFY(asked.wait_for(std::chrono::seconds(0)) == std::future_status::ready);
             const auto [outcome, bytes] = asked.get();
             QCOMPARE(bytes, answer);
@@ -83,7 +83,7 @@ private Q_SLOTS:
         }
         m_listener.close();
         QVERIFY(!QFile::exists(m_path));
-        QCOMPARE(LocalQuestion::ask(m_path, "Who?", 1).outcome, Outcome::nobody);
+        QCOMPARE(LocalQuestion::ask(m_path, "Who?", 1, 5).outcome, Outcome::nobody);
         QVERIFY(!m_listener.listen(m_tree.path(QString(200, u'x'))));
     }
 

@@ -2,13 +2,12 @@
 #include <TavikLauncherPlatform/Linux/Applications/ApplicationLaunch.h>
 #include <TavikLauncherPlatform/Linux/Applications/CommandLine.h>
 #include <TavikLauncherPlatform/Linux/Applications/TerminalEmulator.h>
+#include <TavikLauncherPlatform/Linux/Session/Gio.h>
 #include <TavikLauncherPlatform/Texts.h>
 
 #include <QFile>
 #include <QFileInfo>
 
-#include <gio/gdesktopappinfo.h>
-#include <gio/gio.h>
 #include <memory>
 
 namespace Tavik {
@@ -17,11 +16,27 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-struct ObjectDeleter
+using OwnedApplication = std::unique_ptr<GAppInfo, GioDeleter>;
+
+/// Null when there is no application, or it is another kind than a desktop entry.
+GDesktopAppInfo* entryOf(const Gio& gio, const OwnedApplication& application)
 {
-    void operator()(gpointer object) const { g_object_unref(object); }
-};
-using OwnedApplication = std::unique_ptr<GAppInfo, ObjectDeleter>;
+    auto* instance = reinterpret_cast<GTypeInstance*>(application.get());
+    const bool isEntry
+        = instance && gio.g_type_check_instance_is_a(instance, gio.g_desktop_app_info_get_type());
+    return isEntry ? reinterpret_cast<GDesktopAppInfo*>(instance) : nullptr;
+}
+
+OwnedApplication defaultFor(const Gio& gio, const QUrl& url)
+{
+    if (!url.isLocalFile()) {
+        return OwnedApplication(
+            gio.g_app_info_get_default_for_uri_scheme(url.scheme().toUtf8().constData()));
+    }
+    const std::unique_ptr<GFile, GioDeleter> file(
+        gio.g_file_new_for_path(QFile::encodeName(url.toLocalFile()).constData()));
+    return OwnedApplication(gio.g_file_query_default_handler(file.get(), nullptr, nullptr));
+}
 
 LaunchEnvironment::Variables environmentFor(const LaunchTokens& tokens)
 {
@@ -84,33 +99,28 @@ LaunchResult launchApplication(const LaunchTarget& target, const LaunchTokens& t
 
 LaunchResult openWithDefault(const QUrl& url)
 {
-    OwnedApplication application;
-    if (url.isLocalFile()) {
-        const std::unique_ptr<GFile, ObjectDeleter> file(
-            g_file_new_for_path(QFile::encodeName(url.toLocalFile()).constData()));
-        application.reset(g_file_query_default_handler(file.get(), nullptr, nullptr));
-    } else {
-        application.reset(g_app_info_get_default_for_uri_scheme(url.scheme().toUtf8().constData()));
-    }
-    if (!G_IS_DESKTOP_APP_INFO(application.get())) {
+    const Gio* gio = Gio::load();
+    const OwnedApplication application = gio ? defaultFor(*gio, url) : nullptr;
+    GDesktopAppInfo* found = gio ? entryOf(*gio, application) : nullptr;
+    if (!found) {
         return {.error = Texts::tr("no program is installed for it")};
     }
-    const QString path
-        = QFile::decodeName(g_desktop_app_info_get_filename(G_DESKTOP_APP_INFO(application.get())));
+    const QString path = QFile::decodeName(gio->g_desktop_app_info_get_filename(found));
     const DesktopEntry entry = DesktopEntryFile::read(path, QFileInfo(path).completeBaseName());
     return launchEntry(entry, {}, QString::fromUtf8(url.toEncoded()));
 }
 
 bool hasInstallerFor(const QString& mimeType)
 {
+    const Gio* gio = Gio::load();
     const OwnedApplication application(
-        g_app_info_get_default_for_type(mimeType.toUtf8().constData(), FALSE));
-    if (!G_IS_DESKTOP_APP_INFO(application.get())) {
+        gio ? gio->g_app_info_get_default_for_type(mimeType.toUtf8().constData(), FALSE) : nullptr);
+    GDesktopAppInfo* found = gio ? entryOf(*gio, application) : nullptr;
+    if (!found) {
         return false;
     }
     // Most packages are archives too, and on a small desktop only a viewer of those knows them.
-    const QByteArray categories(
-        g_desktop_app_info_get_categories(G_DESKTOP_APP_INFO(application.get())));
+    const QByteArray categories(gio->g_desktop_app_info_get_categories(found));
     const QByteArrayList each = categories.split(';');
     return !each.contains("Archiving") && !each.contains("Compression");
 }

@@ -4,13 +4,13 @@
 #include <TavikLauncherPlatform/Linux/Applications/TerminalEmulator.h>
 #include <TavikLauncherPlatform/Linux/Disk/BoundedFile.h>
 #include <TavikLauncherPlatform/Linux/Disk/KeyFile.h>
+#include <TavikLauncherPlatform/Linux/Session/Gio.h>
 
 #include <QFileInfo>
 #include <QStandardPaths>
 
 #include <algorithm>
 #include <array>
-#include <gio/gio.h>
 #include <memory>
 
 namespace Tavik::TerminalEmulator {
@@ -84,17 +84,16 @@ QStringList wrapped(QStringList terminal, const QStringList& command)
 /// A text of the desktop's settings; empty where they, or the part of it, are not installed.
 QString setting(const char* schema, const char* key)
 {
-    GSettingsSchemaSource* source = g_settings_schema_source_get_default();
-    const std::unique_ptr<GSettingsSchema, decltype(&g_settings_schema_unref)> found(
-        source ? g_settings_schema_source_lookup(source, schema, TRUE) : nullptr,
-        &g_settings_schema_unref);
-    if (!found || g_settings_schema_has_key(found.get(), key) == FALSE) {
+    const Gio* gio = Gio::load();
+    GSettingsSchemaSource* source = gio ? gio->g_settings_schema_source_get_default() : nullptr;
+    const std::unique_ptr<GSettingsSchema, GioDeleter> found(
+        source ? gio->g_settings_schema_source_lookup(source, schema, TRUE) : nullptr);
+    if (!found || gio->g_settings_schema_has_key(found.get(), key) == FALSE) {
         return {};
     }
-    const std::unique_ptr<GSettings, decltype(&g_object_unref)> settings(g_settings_new(schema),
-                                                                         &g_object_unref);
-    const std::unique_ptr<char, decltype(&g_free)> text(g_settings_get_string(settings.get(), key),
-                                                        &g_free);
+    const std::unique_ptr<GSettings, GioDeleter> settings(gio->g_settings_new(schema));
+    const std::unique_ptr<char, decltype(&g_free)> text(
+        gio->g_settings_get_string(settings.get(), key), &g_free);
     return QString::fromUtf8(text.get());
 }
 

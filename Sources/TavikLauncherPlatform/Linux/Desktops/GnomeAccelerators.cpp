@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncherPlatform/Linux/Desktops/GnomeAccelerators.h>
+#include <TavikLauncherPlatform/Linux/Session/Gio.h>
 
 #include <QStringList>
 
-#include <gio/gio.h>
 #include <memory>
 
 namespace Tavik::GnomeAccelerators {
@@ -14,26 +14,31 @@ namespace {
 
 constexpr const char* mediaKeys = "org.gnome.settings-daemon.plugins.media-keys";
 
-struct Unref
+struct Deleter : GioDeleter
 {
-    void operator()(GSettings* settings) const { g_object_unref(settings); }
-    void operator()(GSettingsSchema* schema) const { g_settings_schema_unref(schema); }
+    using GioDeleter::operator();
     void operator()(GVariant* value) const { g_variant_unref(value); }
     void operator()(char** texts) const { g_strfreev(texts); }
 };
-template <typename Held> using Owned = std::unique_ptr<Held, Unref>;
+template <typename Held> using Owned = std::unique_ptr<Held, Deleter>;
+
+/// The library: without it GNOME's settings are not offered, and so nothing here is asked.
+const Gio& gio()
+{
+    return *Gio::load();
+}
 
 Owned<GSettingsSchema> schemaNamed(const char* name)
 {
-    GSettingsSchemaSource* source = g_settings_schema_source_get_default();
-    return Owned<GSettingsSchema>(source ? g_settings_schema_source_lookup(source, name, TRUE)
+    GSettingsSchemaSource* source = gio().g_settings_schema_source_get_default();
+    return Owned<GSettingsSchema>(source ? gio().g_settings_schema_source_lookup(source, name, TRUE)
                                          : nullptr);
 }
 
 /// One text, or several.
 QStringList textsOf(GSettings* settings, const char* key)
 {
-    const Owned<GVariant> value(g_settings_get_value(settings, key));
+    const Owned<GVariant> value(gio().g_settings_get_value(settings, key));
     if (g_variant_is_of_type(value.get(), G_VARIANT_TYPE_STRING) != FALSE) {
         return {QString::fromUtf8(g_variant_get_string(value.get(), nullptr))};
     }
@@ -63,8 +68,8 @@ bool isTakenIn(const char* name, const QString& wanted)
     if (!schema) {
         return false;
     }
-    const Owned<GSettings> settings(g_settings_new(name));
-    const Owned<char*> keys(g_settings_schema_list_keys(schema.get()));
+    const Owned<GSettings> settings(gio().g_settings_new(name));
+    const Owned<char*> keys(gio().g_settings_schema_list_keys(schema.get()));
     for (char** key = keys.get(); *key; ++key) {
         if (hasAny(textsOf(settings.get(), *key), wanted)) {
             return true;
@@ -79,7 +84,7 @@ bool isTakenByCustom(const QString& wanted, const QString& ownPath)
     if (!schemaNamed(mediaKeys) || !schemaNamed(entrySchema.constData())) {
         return false;
     }
-    const Owned<GSettings> list(g_settings_new(mediaKeys));
+    const Owned<GSettings> list(gio().g_settings_new(mediaKeys));
     for (const QString& path : textsOf(list.get(), "custom-keybindings")) {
         // What is no path would end the program.
         if (path.startsWith(ownPath) || !path.startsWith(u'/') || !path.endsWith(u'/')
@@ -87,7 +92,7 @@ bool isTakenByCustom(const QString& wanted, const QString& ownPath)
             continue;
         }
         const Owned<GSettings> entry(
-            g_settings_new_with_path(entrySchema.constData(), path.toUtf8().constData()));
+            gio().g_settings_new_with_path(entrySchema.constData(), path.toUtf8().constData()));
         if (hasAny(textsOf(entry.get(), "binding"), wanted)) {
             return true;
         }

@@ -2,12 +2,12 @@
 #include <TavikLauncherPlatform/Linux/Desktops/GnomeAccelerators.h>
 #include <TavikLauncherPlatform/Linux/Desktops/GnomeShortcuts.h>
 #include <TavikLauncherPlatform/Linux/Desktops/KeyNames.h>
+#include <TavikLauncherPlatform/Linux/Session/Gio.h>
 #include <TavikLauncherPlatform/Texts.h>
 #include <TavikLauncherPlatform/UserDefaults.h>
 
 #include <algorithm>
 #include <array>
-#include <gio/gio.h>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -29,22 +29,23 @@ constexpr double takingBackSeconds = 0.3;
 /// In the user defaults.
 const QString consentKey = u"GnomeShortcutsAllowed"_s;
 
-struct Unref
+using Settings = std::unique_ptr<GSettings, GioDeleter>;
+
+/// The library: without it nothing is offered, and so nothing here is asked.
+const Gio& gio()
 {
-    void operator()(GSettings* settings) const { g_object_unref(settings); }
-    void operator()(GSettingsSchema* found) const { g_settings_schema_unref(found); }
-};
-using Settings = std::unique_ptr<GSettings, Unref>;
+    return *Gio::load();
+}
 
 Settings listSettings()
 {
-    return Settings(g_settings_new(schema));
+    return Settings(gio().g_settings_new(schema));
 }
 
 QStringList pathsIn(GSettings* settings)
 {
     const std::unique_ptr<char*, decltype(&g_strfreev)> texts(
-        g_settings_get_strv(settings, listKey), g_strfreev);
+        gio().g_settings_get_strv(settings, listKey), g_strfreev);
     QStringList paths;
     for (char** text = texts.get(); *text; ++text) {
         paths << QString::fromUtf8(*text);
@@ -63,12 +64,12 @@ void writePaths(GSettings* settings, const QStringList& paths)
         pointers.push_back(text.constData());
     }
     pointers.push_back(nullptr);
-    g_settings_set_strv(settings, listKey, pointers.data());
+    gio().g_settings_set_strv(settings, listKey, pointers.data());
 }
 
 Settings entryAt(const QString& path)
 {
-    return Settings(g_settings_new_with_path(entrySchema, path.toUtf8().constData()));
+    return Settings(gio().g_settings_new_with_path(entrySchema, path.toUtf8().constData()));
 }
 
 struct Modifier
@@ -119,20 +120,21 @@ GnomeShortcuts::GnomeShortcuts(MainQueue& mainQueue,
 GnomeShortcuts::~GnomeShortcuts()
 {
     takeBack();
-    g_settings_sync();
+    gio().g_settings_sync();
 }
 
 bool GnomeShortcuts::isOffered()
 {
-    GSettingsSchemaSource* source = g_settings_schema_source_get_default();
+    GSettingsSchemaSource* source
+        = Gio::load() ? gio().g_settings_schema_source_get_default() : nullptr;
     for (const char* name : {schema, entrySchema}) {
-        const std::unique_ptr<GSettingsSchema, Unref> found(
-            source ? g_settings_schema_source_lookup(source, name, TRUE) : nullptr);
+        const std::unique_ptr<GSettingsSchema, GioDeleter> found(
+            source ? gio().g_settings_schema_source_lookup(source, name, TRUE) : nullptr);
         if (!found) {
             return false;
         }
     }
-    return g_settings_is_writable(listSettings().get(), listKey) != FALSE;
+    return gio().g_settings_is_writable(listSettings().get(), listKey) != FALSE;
 }
 
 bool GnomeShortcuts::isAllowed() const
@@ -199,9 +201,10 @@ void GnomeShortcuts::write(const QStringList& accelerators)
     for (qsizetype i = 0; i < accelerators.size(); ++i) {
         const QString path = ownPath + QString::number(i) + u'/';
         const Settings entry = entryAt(path);
-        g_settings_set_string(entry.get(), "name", "Tavik Launcher");
-        g_settings_set_string(entry.get(), "command", commandAt(path).toUtf8().constData());
-        g_settings_set_string(entry.get(), "binding", accelerators.at(i).toUtf8().constData());
+        gio().g_settings_set_string(entry.get(), "name", "Tavik Launcher");
+        gio().g_settings_set_string(entry.get(), "command", commandAt(path).toUtf8().constData());
+        gio().g_settings_set_string(
+            entry.get(), "binding", accelerators.at(i).toUtf8().constData());
         paths << path;
     }
     // After the entries: whoever sees the list reads them.
@@ -225,14 +228,14 @@ void GnomeShortcuts::takeBack()
     }
     paths.removeIf([](const QString& path) { return path.startsWith(ownPath); });
     if (paths.isEmpty()) {
-        g_settings_reset(list.get(), listKey);
+        gio().g_settings_reset(list.get(), listKey);
     } else {
         writePaths(list.get(), paths);
     }
     for (const QString& path : own) {
         const Settings entry = entryAt(path);
         for (const char* key : {"name", "command", "binding"}) {
-            g_settings_reset(entry.get(), key);
+            gio().g_settings_reset(entry.get(), key);
         }
     }
 }

@@ -25,20 +25,30 @@ constexpr qsizetype pieceBytes = 64 * 1024;
 constexpr qsizetype mostWaiting = 16 * 1024 * 1024;
 constexpr int backlog = 50;
 constexpr int takingSeconds = 1;
-constexpr int answerSeconds = 5;
 
 using Piece = std::array<char, pieceBytes>;
 
-/// Absent when a socket's address has no room for the path.
-std::optional<sockaddr_un> addressOf(const QByteArray& path)
+struct Address
 {
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    if (path.isEmpty() || path.contains('\0')
-        || std::size(address.sun_path) <= std::size_t(path.size())) {
+    sockaddr_un value{};
+    socklen_t length = 0;
+
+    [[nodiscard]] const sockaddr* get() const { return reinterpret_cast<const sockaddr*>(&value); }
+};
+
+/// Absent when a socket's address has no room for the path.
+std::optional<Address> addressOf(const QByteArray& path)
+{
+    Address address;
+    address.value.sun_family = AF_UNIX;
+    if (path.isEmpty() || path.indexOf('\0', 1) >= 0
+        || std::size(address.value.sun_path) <= std::size_t(path.size())) {
         return std::nullopt;
     }
-    std::memcpy(address.sun_path, path.constData(), static_cast<std::size_t>(path.size()));
+    std::memcpy(address.value.sun_path, path.constData(), static_cast<std::size_t>(path.size()));
+    // To the kernel a name without a file is as long as the address; a path ends with a zero.
+    const auto end = static_cast<std::size_t>(path.size()) + (path.front() == '\0' ? 0 : 1);
+    address.length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + end);
     return address;
 }
 
@@ -49,10 +59,10 @@ FileDescriptor makeSocket(int flags = 0)
 
 bool connectTo(const FileDescriptor& socket, const QString& path)
 {
-    const std::optional<sockaddr_un> address = addressOf(QFile::encodeName(path));
+    const std::optional<Address> address = addressOf(QFile::encodeName(path));
+    errno = ENOENT;
     return address && socket.isOpen()
-        && ::connect(socket.get(), reinterpret_cast<const sockaddr*>(&*address), sizeof *address)
-        == 0;
+        && ::connect(socket.get(), address->get(), address->length) == 0;
 }
 
 void setPatience(const FileDescriptor& socket, int option, int seconds)
@@ -176,7 +186,7 @@ bool LocalListener::listen(const QString& path)
 {
     close();
     const QByteArray name = QFile::encodeName(path);
-    const std::optional<sockaddr_un> address = addressOf(name);
+    const std::optional<Address> address = addressOf(name);
     FileDescriptor socket = makeSocket(SOCK_NONBLOCK);
     if (!address || !socket.isOpen()) {
         return false;
@@ -184,7 +194,7 @@ bool LocalListener::listen(const QString& path)
     ::unlink(name.constData());
     // The file that comes of it is given the rights of the socket.
     if (::fchmod(socket.get(), S_IRUSR | S_IWUSR) != 0
-        || ::bind(socket.get(), reinterpret_cast<const sockaddr*>(&*address), sizeof *address) != 0
+        || ::bind(socket.get(), address->get(), address->length) != 0
         || ::listen(socket.get(), backlog) != 0) {
         return false;
     }
@@ -217,15 +227,12 @@ void LocalListener::accept()
 }
 
 LocalQuestion::Answer
-LocalQuestion::ask(const QString& path, const QByteArray& words, qsizetype enough)
+LocalQuestion::ask(const QString& path, const QByteArray& words, qsizetype enough, int patience)
 {
     const FileDescriptor socket = makeSocket();
     setPatience(socket, SO_SNDTIMEO, takingSeconds);
-    setPatience(socket, SO_RCVTIMEO, answerSeconds);
-    if (!connectTo(socket, path)) {
-        return {};
-    }
-    if (sendTo(socket, words) != words.size()) {
+    setPatience(socket, SO_RCVTIMEO, patience);
+    if (!connectTo(socket, path) || sendTo(socket, words) != words.size()) {
         return {.outcome = errno == EAGAIN ? Outcome::silent : Outcome::nobody, .bytes = {}};
     }
     Answer answer;

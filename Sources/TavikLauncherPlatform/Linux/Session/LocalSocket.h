@@ -105,10 +105,12 @@ struct Answer
     QByteArray bytes;
 };
 
-/// Sends `words` to whoever listens at `path` and blocks for the answer: at least `enough` bytes of
-/// it, or all until the other side closes. Waits a second to be taken, and five for each piece.
-/// Needs no application object; any thread.
-[[nodiscard]] Answer ask(const QString& path, const QByteArray& words, qsizetype enough);
+/// Sends `words` to whoever listens at `path`, or at the name without a file if it begins with a
+/// zero, and blocks for the answer: at least `enough` bytes of it, or all until the other side
+/// closes. Waits a second to be taken, and `patience` seconds for each piece. Needs no application
+/// object; any thread.
+[[nodiscard]] Answer
+ask(const QString& path, const QByteArray& words, qsizetype enough, int patience);
 
 } // namespace LocalQuestion
 

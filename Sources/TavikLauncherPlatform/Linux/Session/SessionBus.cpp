@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Session/LocalSocket.h>
 #include <TavikLauncherPlatform/Linux/Session/SessionBus.h>
 #include <TavikLauncherPlatform/WorkQueue.h>
 
@@ -6,8 +7,6 @@
 #include <QObject>
 #include <QPointer>
 
-#include <gio/gio.h>
-#include <memory>
 #include <utility>
 
 namespace Tavik::SessionBus {
@@ -30,61 +29,44 @@ void openBus(WorkQueue& workQueue,
 }
 
 constexpr auto addressVariable = "DBUS_SESSION_BUS_ADDRESS";
-constexpr guint patienceMilliseconds = 1000;
+constexpr int patienceSeconds = 1;
 
 QString defaultSocket()
 {
     return qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus");
 }
 
-/// A greeting, as it is seen from the main context that it runs in.
-struct Greeting
+/// Where the first socket of this machine is that a bus's address names, as in
+/// "unix:abstract=%2ftmp%2fbus,guid=1;tcp:…"; empty when it names none.
+QString socketIn(const QByteArray& address)
 {
-    GCancellable* cancellable = g_cancellable_new();
-    bool isMute = false;
-    bool isOver = false;
-};
-
-void greeted(GObject*, GAsyncResult* result, gpointer data)
-{
-    auto* greeting = static_cast<Greeting*>(data);
-    greeting->isOver = true;
-    if (GDBusConnection* bus = g_dbus_connection_new_for_address_finish(result, nullptr)) {
-        g_object_unref(bus); // Which also closes it.
+    for (const QByteArray& place : address.split(';')) {
+        if (!place.startsWith("unix:")) {
+            continue;
+        }
+        for (const QByteArray& pair : place.mid(place.indexOf(':') + 1).split(',')) {
+            const QByteArray value
+                = QByteArray::fromPercentEncoding(pair.mid(pair.indexOf('=') + 1));
+            if (pair.startsWith("path=")) {
+                return QFile::decodeName(value);
+            }
+            if (pair.startsWith("abstract=")) {
+                return QChar() + QFile::decodeName(value);
+            }
+        }
     }
+    return {};
 }
 
-gboolean lostPatience(gpointer data)
-{
-    auto* greeting = static_cast<Greeting*>(data);
-    greeting->isMute = true;
-    g_cancellable_cancel(greeting->cancellable);
-    return G_SOURCE_REMOVE;
-}
-
-/// True when somebody takes the connection and does not answer in time.
+/// True when somebody takes the connection and does not answer in time. Any bus answers this
+/// question with the ways in which it can be greeted (D-Bus Specification, "Authentication
+/// Protocol"). One that is elsewhere is not asked.
 bool isMute(const QByteArray& address)
 {
-    GMainContext* context = g_main_context_new();
-    g_main_context_push_thread_default(context);
-    Greeting greeting;
-    GSource* timer = g_timeout_source_new(patienceMilliseconds);
-    g_source_set_callback(timer, lostPatience, &greeting, nullptr);
-    g_source_attach(timer, context);
-    constexpr auto asClient
-        = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT
-                                            | G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-    g_dbus_connection_new_for_address(
-        address.constData(), asClient, nullptr, greeting.cancellable, greeted, &greeting);
-    while (!greeting.isOver) {
-        g_main_context_iteration(context, TRUE);
-    }
-    g_source_destroy(timer);
-    g_source_unref(timer);
-    g_object_unref(greeting.cancellable);
-    g_main_context_pop_thread_default(context);
-    g_main_context_unref(context);
-    return greeting.isMute;
+    const QString socket = socketIn(address);
+    const QByteArray question("\0AUTH\r\n", 7);
+    return LocalQuestion::ask(socket, question, 1, patienceSeconds).outcome
+        == LocalQuestion::Outcome::silent;
 }
 
 } // namespace

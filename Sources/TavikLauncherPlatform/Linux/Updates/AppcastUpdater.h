@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <TavikLauncherPlatform/Linux/Updates/NetworkState.h>
+#include <TavikLauncherPlatform/Linux/Session/NetworkState.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateEnvironment.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateRecord.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateSession.h>

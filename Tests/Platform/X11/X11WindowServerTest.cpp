@@ -256,7 +256,7 @@ private Q_SLOTS:
             }
             // Nobody tells of the pointer, and that is waited for so long only.
             QTRY_VERIFY(!isScreenCovered());
-            QTest::qWait(isHidden ? 450 : 0);
+            QTest::qWait(isHidden ? 1050 : 0);
             QCOMPARE(told, isHidden ? QStringList() : (QStringList{u"found"_s, u"placed"_s}));
         }
     }

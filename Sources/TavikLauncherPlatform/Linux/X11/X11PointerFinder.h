@@ -35,8 +35,8 @@ public:
 
     /// What the server knows without a search; absent when it does not answer.
     [[nodiscard]] std::optional<Place> ask() const;
-    /// Shows the transparent window until the compositor has told, or 0.4 s have passed. `done` is
-    /// called afterwards, when the server knows as much as it ever will; not after `end`.
+    /// Shows the transparent window until the compositor has told, or a second has passed. `done`
+    /// is called afterwards, when the server knows as much as it ever will; not after `end`.
     void search(std::function<void()> done);
     [[nodiscard]] bool isSearching() const { return m_window != XCB_NONE; }
     void end();

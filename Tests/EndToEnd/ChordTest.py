@@ -21,7 +21,6 @@ DELAYS = (0.01, 0.03, 0.12, 0.3, 0.6)  # Seconds from the chord to another key.
 XKB_CORE_KEYBOARD = 0x100
 TAP = 0.08  # Seconds from press to release, and between two taps.
 REGISTERED = "Tavik Launcher hotkey registered (modifier-only): local=1 tap=1 global=1 AXTrusted=1"
-SHOWN = "Tavik Launcher panel: shown"
 
 
 @pytest.fixture
@@ -40,10 +39,6 @@ def wait_logged(launcher, line):
 def start(launcher, line=REGISTERED, **options):
     launcher.start(**options)
     wait_logged(launcher, line)
-
-
-def shows(launcher):
-    return launcher.desktop.log("launcher").count(SHOWN)
 
 
 def tap(display, *names, hold=TAP):
@@ -74,7 +69,7 @@ def test_holding_shows_the_ring_and_releasing_hides_it(ring, display, look, desk
             look("held")
             stays(ring.is_shown, "the ring is shown while the chord is held", seconds=1)
         ring.wait_hidden()
-        assert shows(ring) == count
+        assert ring.times_shown() == count
 
 
 def test_a_tap_and_a_press_pin_the_ring(ring, apps, display, look):
@@ -207,10 +202,10 @@ def test_a_hundred_fast_chords_show_the_ring_a_hundred_times(launcher, apps, dis
     for _ in range(100):
         tap(display, hold=0.01)
         time.sleep(0.01)
-    wait_until(lambda: shows(launcher) >= 100, "a hundred shows are in the log")
+    wait_until(lambda: launcher.times_shown() >= 100, "a hundred shows are in the log")
     launcher.wait_hidden()
     stays(lambda: not launcher.is_shown(), "the ring is hidden")
-    assert shows(launcher) == 100
+    assert launcher.times_shown() == 100
     assert not launcher.exited()
 
 
@@ -251,9 +246,9 @@ def test_a_shortcut_changed_while_it_is_held_lets_go_and_the_new_one_serves(laun
         wait_until(lambda: desktop.log("launcher").count(REGISTERED) == 2, "the new chord is watched for")
         launcher.wait_hidden()
         stays(lambda: not launcher.is_shown(), "the ring is hidden while the old chord is still down")
-    before = shows(launcher)
+    before = launcher.times_shown()
     tap(display, "ctrl", "shift")
-    stays(lambda: shows(launcher) == before, "the old chord does nothing")
+    stays(lambda: launcher.times_shown() == before, "the old chord does nothing")
     with display.held(*CHORD):
         launcher.wait_open()
     launcher.wait_hidden()

@@ -138,6 +138,10 @@ class Launcher:
     def is_shown(self):
         return self.window() is not None
 
+    def times_shown(self):
+        """How often the ring has come since the start."""
+        return self.desktop.log("launcher").count("panel: shown")
+
     def summon(self, x=None, y=None):
         """Moves the pointer there, presses the hot key, and waits until the ring is open."""
         if x is not None:

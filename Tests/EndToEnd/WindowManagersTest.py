@@ -1,5 +1,7 @@
 # SPDX-License-Identifier: MIT
 """The ring among other windows, under each window manager and under none."""
+import contextlib
+import signal
 import sys
 import time
 
@@ -129,6 +131,36 @@ def test_a_ring_shown_again_at_once_goes_with_a_click_elsewhere(ring, desktop, d
         display.click(place.x + 20, place.y + 40)
         ring.wait_hidden()
         wait_until(lambda: display.has_focus(editor), "the editor has the focus")
+
+
+@contextlib.contextmanager
+def kept_busy(desktop):
+    """The window manager answers nobody meanwhile."""
+    desktop.window_manager_process.send_signal(signal.SIGSTOP)
+    try:
+        yield
+    finally:
+        desktop.window_manager_process.send_signal(signal.SIGCONT)
+
+
+@under("kwin")  # Which manages the ring.
+def test_a_busy_window_manager_delays_the_ring_and_nothing_else(ring, desktop, display, desktop_options):
+    editor = open_window(desktop, "Editor", "--geometry", "400", "300", "60", "60")
+    display.move_pointer(640, 400)
+    with kept_busy(desktop):
+        display.press(ring.hot_key)
+        time.sleep(0.5)
+    ring.wait_open()
+    ring.dismiss()
+    wait_until(lambda: display.has_focus(editor), "the editor has the focus again")
+    with kept_busy(desktop):
+        for action in ("--show", "--hide"):
+            assert ring.command(action).returncode == 0
+        desktop.spawn([ring.program, "--show"], ring.environment)
+        time.sleep(0.1)
+    window = ring.wait_open()
+    assert "_NET_WM_STATE_ABOVE" in display.state(window), "its marks are not lost"
+    ring.dismiss()
 
 
 @pytest.mark.parametrize("desktop_options", [

@@ -133,7 +133,7 @@ class Desktop:
             assert self.options.window_manager == "none"
             return
         environment = manager.prepare(self) if manager.prepare else None
-        self.spawn(manager.command, environment, log="window-manager")
+        self.window_manager_process = self.spawn(manager.command, environment, log="window-manager")
         wait_until(self._window_manager_answers, "the window manager has taken the screen", timeout=30)
         if manager.settle:
             manager.settle(self)

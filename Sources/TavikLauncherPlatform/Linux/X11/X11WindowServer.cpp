@@ -24,7 +24,8 @@ namespace Tavik {
 
 namespace {
 
-constexpr int withdrawalAttempts = 40;
+/// How long a window manager may take to put away what has been hidden.
+constexpr std::chrono::milliseconds longestWithdrawal{200};
 constexpr std::chrono::milliseconds withdrawalInterval{1};
 constexpr uint32_t withdrawnState = 0;
 
@@ -158,7 +159,7 @@ void X11WindowServer::preparePanel(WId window)
         constexpr uint32_t clear = 0;
         xcb_change_window_attributes(m_toolkit, m_panel, XCB_CW_BACK_PIXEL, &clear);
     }
-    awaitWithdrawal(m_panel);
+    awaitWithdrawal();
     // The window manager forgets all this when the window goes, and the toolkit adds its own states
     // to what it finds. "Sticky" says the same as the desktop number, which some take for the last
     // desktop.
@@ -206,6 +207,9 @@ void X11WindowServer::pointerFound()
 void X11WindowServer::panelHides(WId)
 {
     m_isPanelShown = false;
+    if (m_isPanelManaged && isWithdrawn()) {
+        m_hiddenUnheardOf = Clock::now();
+    }
     if (m_finder) {
         m_finder->end();
         m_finder->forget();
@@ -286,21 +290,29 @@ bool X11WindowServer::isOnCurrentDesktop(WId window) const
     return isHere;
 }
 
-void X11WindowServer::awaitWithdrawal(xcb_window_t panel)
+void X11WindowServer::awaitWithdrawal()
 {
     // A window that is shown again at once would lose its marks to the window manager that still
-    // puts away the old ones (ICCCM, 4.1.4). Normally there is nothing to wait for.
-    for (int attempt = 0; !isWithdrawn(panel) && attempt < withdrawalAttempts; ++attempt) {
+    // puts away the old ones (ICCCM, 4.1.4). One that has not heard yet of the last showing first
+    // takes the window, and then lets it go. Normally there is nothing to wait for.
+    const Clock::time_point begin = Clock::now();
+    bool isToBeTaken = begin - m_hiddenUnheardOf < longestWithdrawal;
+    while (Clock::now() - begin < longestWithdrawal) {
+        const bool isLetGo = isWithdrawn();
+        isToBeTaken = isToBeTaken && isLetGo;
+        if (isLetGo && !isToBeTaken) {
+            return;
+        }
         std::this_thread::sleep_for(withdrawalInterval);
     }
 }
 
-bool X11WindowServer::isWithdrawn(xcb_window_t panel)
+bool X11WindowServer::isWithdrawn() const
 {
     // Over the toolkit's connection, so that the answer comes after a hiding that is still on its
     // way.
     const QList<uint32_t> state
-        = X11PropertyQuery(m_toolkit, panel, m_atoms[X11Atom::wmState]).numbers();
+        = X11PropertyQuery(m_toolkit, m_panel, m_atoms[X11Atom::wmState]).numbers();
     return state.isEmpty() || state.constFirst() == withdrawnState;
 }
 

@@ -66,9 +66,11 @@ public:
     void whenSettled(const std::function<void()>& done) { m_focus.whenSettled(done); }
 
 private:
+    using Clock = std::chrono::steady_clock;
+
     void handle(const xcb_generic_event_t& event);
-    void awaitWithdrawal(xcb_window_t panel);
-    [[nodiscard]] bool isWithdrawn(xcb_window_t panel);
+    void awaitWithdrawal();
+    [[nodiscard]] bool isWithdrawn() const;
     void pointerFound();
 
     xcb_connection_t* m_toolkit;
@@ -84,6 +86,8 @@ private:
     std::optional<X11PointerFinder> m_finder;
     bool m_isPointerUnsure = false; ///< As it was asked for in this round of the main loop.
     bool m_isPanelShown = false;
+    /// When the panel was last hidden before the window manager had heard of its showing.
+    Clock::time_point m_hiddenUnheardOf;
     Task m_unusedTask; ///< Nobody has shown the panel since the pointer was asked for.
     xcb_window_t m_panel = XCB_NONE; ///< The one that was prepared last.
     QByteArray m_startupId; ///< Of the action that is being carried out.

@@ -27,7 +27,10 @@ inline QStringList cutTexts(const QWidget& view)
     for (const QLabel* label : view.findChildren<QLabel*>()) {
         const int needed = label->hasHeightForWidth() ? label->heightForWidth(label->width())
                                                       : label->sizeHint().height();
-        const bool isNarrow = !label->wordWrap() && label->width() < label->sizeHint().width();
+        // Of a text that wraps, of its longest word; whatever the label itself says to its layout.
+        const QSize least
+            = label->wordWrap() ? label->QLabel::minimumSizeHint() : label->sizeHint();
+        const bool isNarrow = label->width() < least.width();
         if (label->isVisible() && !label->text().isEmpty()
             && (isNarrow || label->height() < needed)) {
             found << label->text();

@@ -55,8 +55,10 @@ QWidget* makeTip(int number, QStringView text)
     auto* row = new QHBoxLayout(tip);
     row->setContentsMargins(16, 8, 16, 8);
     row->setSpacing(10);
-    auto* figure = new Label(Label::Role::help, QString::number(number), tip);
-    figure->setFixedWidth(figure->fontMetrics().horizontalAdvance(u"00"_s));
+    // All as wide as two digits, in letters of any size.
+    constexpr QChar blankDigit(u'\u2007');
+    auto* figure = new Label(Label::Role::help, u"%1"_s.arg(number, 2, 10, blankDigit), tip);
+    figure->setWordWrap(false);
     figure->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     row->addWidget(figure);
     auto* words = new Label(Label::Role::help, text.toString(), tip);

@@ -1390,8 +1390,8 @@
         <translation>Eine Wayland-Arbeitsumgebung sagt keinem Programm, welche Tasten gehalten werden, während ein anderes vorn ist.</translation>
     </message>
     <message>
-        <source>Bind the command tavik-launcher --summon to a key of your choice %1.</source>
-        <translation>Legen Sie den Befehl tavik-launcher --summon auf eine Taste Ihrer Wahl, %1.</translation>
+        <source>Bind the command %1 to a key of your choice %2.</source>
+        <translation>Legen Sie den Befehl %1 auf eine Taste Ihrer Wahl, %2.</translation>
     </message>
     <message>
         <source>The update cannot be downloaded, because its address is not a safe one.</source>

@@ -1390,8 +1390,8 @@
         <translation>Un escritorio Wayland no dice a ningún programa qué teclas se mantienen mientras otro está delante.</translation>
     </message>
     <message>
-        <source>Bind the command tavik-launcher --summon to a key of your choice %1.</source>
-        <translation>Asigne la orden tavik-launcher --summon a una tecla de su elección %1.</translation>
+        <source>Bind the command %1 to a key of your choice %2.</source>
+        <translation>Asigne la orden %1 a una tecla de su elección %2.</translation>
     </message>
     <message>
         <source>The update cannot be downloaded, because its address is not a safe one.</source>

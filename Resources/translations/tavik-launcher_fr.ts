@@ -1390,8 +1390,8 @@
         <translation>Un bureau Wayland ne dit à aucun programme quelles touches sont maintenues pendant qu’un autre est au premier plan.</translation>
     </message>
     <message>
-        <source>Bind the command tavik-launcher --summon to a key of your choice %1.</source>
-        <translation>Associez la commande tavik-launcher --summon à une touche de votre choix %1.</translation>
+        <source>Bind the command %1 to a key of your choice %2.</source>
+        <translation>Associez la commande %1 à une touche de votre choix %2.</translation>
     </message>
     <message>
         <source>The update cannot be downloaded, because its address is not a safe one.</source>

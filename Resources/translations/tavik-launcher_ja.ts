@@ -1388,8 +1388,8 @@
         <translation>Wayland のデスクトップでは、ほかのプログラムが前面にある間、どのキーが押されているかをプログラムは知ることができません。</translation>
     </message>
     <message>
-        <source>Bind the command tavik-launcher --summon to a key of your choice %1.</source>
-        <translation>%1、コマンド tavik-launcher --summon を好きなキーに割り当ててください。</translation>
+        <source>Bind the command %1 to a key of your choice %2.</source>
+        <translation>%2、コマンド %1 を好きなキーに割り当ててください。</translation>
     </message>
     <message>
         <source>The update cannot be downloaded, because its address is not a safe one.</source>

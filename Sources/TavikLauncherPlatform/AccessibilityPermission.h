@@ -19,7 +19,7 @@ public:
         QString remedy; ///< What to do instead, and where.
         bool hasSettings = false; ///< Whether `openSettings` has something to open.
         QString line{}; ///< The remedy as a line to paste.
-        QString command = QStringLiteral("tavik-launcher --summon"); ///< What the remedy names.
+        QString command{}; ///< What the remedy names.
         bool isLiftedByPrompt = false; ///< `prompt` asks for what is missing.
         bool isOfShortcut = false; ///< Another shortcut may be had.
 

@@ -45,6 +45,7 @@ struct Platform
     std::unique_ptr<StatusTray> statusTray;
     std::unique_ptr<Updater> updater;
     QString display; ///< What `chosenDisplay` says.
+    QString command; ///< This program as the first word of a line that somebody pastes.
 };
 
 /// What a program has its platform made with.

@@ -7,7 +7,7 @@ import time
 
 import pytest
 
-from conftest import PICTURES
+from conftest import PICTURES, PROGRAM
 from harness.notifier_host import NotifierHost
 from harness.settings_window import BUTTON, ENVIRONMENT, SettingsWindow
 from harness.waiting import wait_until
@@ -46,6 +46,7 @@ def check(launcher):
 
 
 def test_the_command_is_true_on_x11(launcher, desktop, display):
+    assert f"     $ {PROGRAM}\n" in launcher.command("--check-desktop").stdout, "nobody finds it by its name"
     good, missing = check(launcher)
     assert "Trigger" in missing and [part for part in X11 if part not in good] == [X11[0]]
     assert not display.is_grabbed(launcher.hot_key) and not desktop.name_has_owner("org.tavik.Launcher")

@@ -182,6 +182,7 @@ def test_an_image_is_mounted_and_replaced_by_its_successor(packages, desktop, di
         launcher.environment |= {**feed.environment, "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
         launcher.start("--background")
         place, = [path for path in mounts() if path not in before]
+        assert f" $ {installed} --settings\n" in launcher.command("--check-desktop").stdout, "not what is inside"
         assert launcher.command("--check-for-updates").returncode == 0
         accessibility.wait_text(desktop, "A new version of Tavik Launcher is available.")
         wait_front(display, "Software Update")

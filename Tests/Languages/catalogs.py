@@ -16,7 +16,7 @@ WORDS = re.compile(r'u"(?:[^"\\]|\\.)*[a-z]{2} (?:[^"\\]|\\.)*"')
 # What is logged, printed by the command, stored or handed to programs, and what the fakes of the platform say.
 NO_TEXTS = re.compile(r"Shell/(main|InstanceBus|UpdateActivation|UpdateDebugLog)|Catalog/|SessionDisplay"
                       r"|PropertyList|SettingsTable|LinuxFileManager|Sway(Shortcuts|Bindings)|ExportIcons|NullServices|ThemePreset")
-NO_TEXT = re.compile(r"qC(Warning|Info|Debug)|^\s*//|nop tavik-launcher|bind = |tavik-launcher --|Tavik Launcher ?(Settings\.json)?\"|Library\{|<<")
+NO_TEXT = re.compile(r"qC(Warning|Info|Debug)|^\s*//|nop tavik-launcher|bind = |%1 --|Tavik Launcher ?(Settings\.json)?\"|Library\{|<<")
 
 
 def faults_of(catalog, updated):

@@ -33,8 +33,8 @@ private Q_SLOTS:
         row("a chord does", {.releaseMeans = lacking}, u"Release: W. L."_s, {});
         row("no pointer", {.pointer = lacking}, u"Pointer: W. L."_s, {});
         row("nobody runs",
-            {.trigger = notRunning},
-            u"Trigger: Nobody listens. Tavik Launcher is not running. Start it. $ tavik-launcher"_s,
+            {.trigger = notRunning, .command = u"'/a b'"_s},
+            u"Trigger: Nobody listens. Tavik Launcher is not running. Start it. $ '/a b'"_s,
             {});
         row("a key is taken",
             {.trigger = refused, .shortcut = chord, .triggerMeans = way},
@@ -64,7 +64,10 @@ private Q_SLOTS:
             u"Trigger: W. No. Bind. $ bind"_s,
             {});
         row("keys of the user's own", {.triggerMeans = lacking}, u"Trigger: W. L."_s, choose);
-        row("no tray", {.tray = none}, u"Tray: No panel shows status items. Add a tray"_s, {});
+        row("no tray",
+            {.tray = none, .command = u"'/a b'"_s},
+            u"Tray: No panel shows status items. Add a tray to your panel; for GNOME there is an extension. Meanwhile this command opens the settings. $ '/a b' --settings"_s,
+            {});
         row("no login", {.login = notRegistered}, u"Autostart: There is no entry"_s, u"Turn On"_s);
         row("switched off elsewhere",
             {.login = requiresApproval},

@@ -32,7 +32,7 @@ Finding triggerFinding(const Facts& facts)
     if (facts.trigger == Trigger::notRunning) {
         finding.mechanism = Texts::tr("Nobody listens.");
         finding.advice = Texts::tr("Tavik Launcher is not running. Start it.");
-        finding.line = u"tavik-launcher"_s;
+        finding.line = facts.command;
     } else if (isMissing && obstacle.isLiftedByPrompt) {
         finding.advice = obstacle.limit;
         finding.repair = Repair::setUpTrigger;
@@ -62,10 +62,10 @@ Finding releaseFinding(const Facts& facts)
                              .arg(facts.shortcut.displayName)};
 }
 
-Finding trayFinding(StatusTray::Host host)
+Finding trayFinding(const Facts& facts)
 {
     Finding finding{.name = Texts::tr("Tray")};
-    switch (host) {
+    switch (facts.tray) {
     case StatusTray::Host::notifier:
         finding.mechanism = Texts::tr("The panel shows what is described to it.");
         break;
@@ -76,7 +76,7 @@ Finding trayFinding(StatusTray::Host host)
         finding.mechanism = Texts::tr("No panel shows status items.");
         finding.advice = Texts::tr("Add a tray to your panel; for GNOME there is an extension. "
                                    "Meanwhile this command opens the settings.");
-        finding.line = u"tavik-launcher --settings"_s;
+        finding.line = facts.command + u" --settings"_s;
         break;
     }
     return finding;
@@ -127,7 +127,7 @@ QList<Finding> findings(const Facts& facts)
             byMeans(Texts::tr("Overlay"), facts.overlay),
             byMeans(Texts::tr("Running programs"), facts.running),
             byMeans(Texts::tr("Bringing to the front"), facts.raising),
-            trayFinding(facts.tray),
+            trayFinding(facts),
             loginFinding(facts)};
 }
 

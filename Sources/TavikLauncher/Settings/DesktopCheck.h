@@ -60,6 +60,7 @@ struct Facts
     StatusTray::Host tray = StatusTray::Host::notifier;
     LoginItem::Status login = LoginItem::Status::enabled;
     QString loginLine{}; ///< See LoginItem::lineOfOwn.
+    QString command{}; ///< See Platform.
     bool isStartedAtLogin = false; ///< This run was.
 };
 

@@ -18,7 +18,8 @@ DesktopCheck::Facts surveyDesktop(const Platform& platform)
             .raising = platform.workspace->raisingMeans(),
             .tray = platform.statusTray->host(),
             .login = platform.loginItem->status(),
-            .loginLine = platform.loginItem->lineOfOwn()};
+            .loginLine = platform.loginItem->lineOfOwn(),
+            .command = platform.command};
 }
 
 DesktopCheck::Facts

@@ -14,11 +14,11 @@
 #include <TavikLauncherPlatform/Linux/Disk/PropertyListDefaults.h>
 #include <TavikLauncherPlatform/Linux/LinuxStatusTray.h>
 #include <TavikLauncherPlatform/Linux/Session/AutostartLoginItem.h>
+#include <TavikLauncherPlatform/Linux/Session/OwnProgram.h>
 #include <TavikLauncherPlatform/Linux/Session/PortalAppearance.h>
 #include <TavikLauncherPlatform/Linux/Session/QtScreens.h>
 #include <TavikLauncherPlatform/Linux/Session/SessionAccessibilityPermission.h>
 #include <TavikLauncherPlatform/Linux/Session/SessionLockMonitor.h>
-#include <TavikLauncherPlatform/Linux/Updates/AppImage.h>
 #include <TavikLauncherPlatform/Linux/Updates/AppcastUpdater.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateFolder.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateSignature.h>
@@ -53,14 +53,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The file that a login must start: the image we run from, if we do, for what is inside has
-/// another path each time.
-QString ownProgram()
-{
-    const QString image = AppImage::running(AppImage::Surroundings::ofProcess());
-    return image.isEmpty() ? QCoreApplication::applicationFilePath() : image;
-}
-
 QString currentDesktop()
 {
     return qEnvironmentVariable("XDG_CURRENT_DESKTOP");
@@ -70,8 +62,10 @@ QString currentDesktop()
 /// its portal, if it has one.
 std::unique_ptr<ShortcutSource> makeShortcutSource(Platform& platform)
 {
-    auto made = shortcutSourceOfDesktop(
-        *platform.mainQueue, *platform.workQueue, *platform.userDefaults, ownProgram());
+    auto made = shortcutSourceOfDesktop(*platform.mainQueue,
+                                        *platform.workQueue,
+                                        *platform.userDefaults,
+                                        OwnProgram::file(OwnProgram::Surroundings::ofProcess()));
 #ifdef TAVIK_HAS_WAYLAND
     if (!made) {
         made = HyprlandShortcuts::make(*platform.userDefaults);
@@ -92,7 +86,8 @@ ShortcutSource* addPermission(Platform& platform,
 {
     using Session = SessionAccessibilityPermission::Session;
     platform.accessibility = std::make_unique<SessionAccessibilityPermission>(
-        *platform.workspace, Session{.limit = limit, .desktop = currentDesktop()});
+        *platform.workspace,
+        Session{.limit = limit, .desktop = currentDesktop(), .command = platform.command});
     if (options.replacePermission) {
         platform.accessibility = options.replacePermission(std::move(platform.accessibility));
         return nullptr;
@@ -264,7 +259,7 @@ std::unique_ptr<Updater> makeUpdater(const UpdateSource& source, Platform& platf
             .version = source.version,
             .processor = QSysInfo::buildCpuArchitecture(),
             .pageHosts = QStringList(QUrl(source.feedUrl).host()) + source.pageHosts,
-            .image = AppImage::running(AppImage::Surroundings::ofProcess()),
+            .image = OwnProgram::image(OwnProgram::Surroundings::ofProcess()),
             .folder = UpdateFolder::defaultPath(),
             .wallClock = [] { return QDateTime::currentDateTimeUtc(); },
             .hasInstaller = hasInstallerFor,
@@ -286,6 +281,8 @@ void saveMemory()
 std::unique_ptr<Platform> makePlatform(const PlatformOptions& options)
 {
     auto platform = std::make_unique<Platform>();
+    const auto surroundings = OwnProgram::Surroundings::ofProcess();
+    platform->command = OwnProgram::command(surroundings);
     platform->mainQueue = std::make_unique<QtMainQueue>();
     // A walk over thousands of entries leaves many small holes in the heap.
     platform->workQueue = std::make_unique<QtWorkQueue>([] { malloc_trim(0); });
@@ -307,9 +304,11 @@ std::unique_ptr<Platform> makePlatform(const PlatformOptions& options)
     platform->appearance = std::make_unique<PortalAppearance>(*platform->workQueue);
     platform->loginItem = std::make_unique<AutostartLoginItem>(AutostartLoginItem::Paths{
         .entry = AutostartLoginItem::defaultEntryPath(),
-        .program = ownProgram(),
-        .lineOfOwn = AutostartLoginItem::lineFor(currentDesktop(),
-                                                 !qEnvironmentVariableIsEmpty("SESSION_MANAGER"))});
+        .program = OwnProgram::file(surroundings),
+        .lineOfOwn = AutostartLoginItem::lineFor(
+            {.desktop = currentDesktop(),
+             .hasSessionManager = !qEnvironmentVariableIsEmpty("SESSION_MANAGER"),
+             .command = platform->command})});
     platform->statusTray = std::make_unique<LinuxStatusTray>(
         *platform->workQueue,
         LinuxStatusTray::Session{.isX11 = x11 && x11->connection(), .desktop = currentDesktop()});

@@ -120,6 +120,20 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(m_tree->path(m_entry)));
     }
 
+    void sessionsThatReadNoFolderHaveALine()
+    {
+        const auto line = [](const QString& desktop, bool hasSessionManager = false) {
+            return AutostartLoginItem::lineFor({.desktop = desktop,
+                                                .hasSessionManager = hasSessionManager,
+                                                .command = u"'/a#b c'"_s});
+        };
+        QCOMPARE(line(u"sway"_s), u"exec '/a#b c' --background"_s);
+        QCOMPARE(line(u"Hyprland"_s), u"exec-once = '/a##b c' --background"_s);
+        QCOMPARE(line(QString()), u"'/a#b c' --background &"_s);
+        QCOMPARE(line(u"ubuntu:gnome"_s), QString());
+        QCOMPARE(line(u"sway"_s, true), QString());
+    }
+
     void failuresAreToldAndLogged()
     {
         m_tree->makeFolder(m_entry + u"/not empty"_s);

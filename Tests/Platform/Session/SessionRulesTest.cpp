@@ -67,26 +67,35 @@ private Q_SLOTS:
 
     void anUntrustedUserIsToldTheWayOfTheDesktop_data()
     {
-        // The desktop, a word of where its shortcuts are made, and what is opened there.
-        const Table<QString, QString, QString> row;
-        row("known", u"XFCE"_s, u"Application Shortcuts"_s, u"/xfce"_s);
-        row("a flavour of a known one", u"ubuntu:GNOME"_s, u"Settings › Keyboard"_s, u"/gnome"_s);
-        row("known, not installed", u"MATE"_s, u"Control Center"_s, QString());
-        row("with a text file", u"sway"_s, u"bindsym"_s, QString());
-        row("another's settings are no help", u"openbox"_s, u"window manager"_s, QString());
+        // The desktop, a word of where its shortcuts are made, what is opened there, and the line.
+        const Table<QString, QString, QString, QString> row;
+        const QString line = u"'/a#b c' --summon"_s;
+        row("known", u"XFCE"_s, u"Application Shortcuts"_s, u"/xfce"_s, line);
+        row("a flavour of one", u"ubuntu:GNOME"_s, u"Settings › Keyboard"_s, u"/gnome"_s, line);
+        row("known, not installed", u"MATE"_s, u"Control Center"_s, {}, line);
+        row("with a text file", u"sway"_s, u"bindsym"_s, {}, u"bindsym Mod4+space exec "_s + line);
+        row("with another",
+            u"Hyprland"_s,
+            u"with bind"_s,
+            {},
+            u"bind = SUPER, SPACE, exec, '/a##b c' --summon"_s);
+        row("another's settings are no help", u"openbox"_s, u"window manager"_s, {}, line);
     }
     void anUntrustedUserIsToldTheWayOfTheDesktop()
     {
-        const auto [desktop, place, program] = fetch<QString, QString, QString>();
+        const auto [desktop, place, program, line] = fetch<QString, QString, QString, QString>();
         FakeWorkspace workspace;
         workspace.paths
             = {{u"xfce-keyboard-settings"_s, u"/xfce"_s}, {u"gnome-keyboard-panel"_s, u"/gnome"_s}};
-        SessionAccessibilityPermission permission(workspace, {u"It does not."_s, desktop});
+        SessionAccessibilityPermission permission(workspace,
+                                                  {u"It does not."_s, desktop, u"'/a#b c'"_s});
         QVERIFY(!permission.isTrusted());
         const auto told = permission.obstacle();
         QCOMPARE(told.limit, u"It does not."_s);
         QVERIFY2(told.remedy.contains(place), qPrintable(told.remedy));
-        QVERIFY(told.remedy.contains(u"tavik-launcher --summon"_s));
+        QCOMPARE(told.line, line);
+        QCOMPARE(told.command, u"'/a#b c' --summon"_s);
+        QVERIFY(told.remedy.contains(told.command));
         QCOMPARE(told.hasSettings, !program.isEmpty());
         int failures = 0;
         const auto failed = counting(failures);
@@ -101,7 +110,7 @@ private Q_SLOTS:
     void whereNothingHindersThereIsNothingToTell()
     {
         FakeWorkspace workspace;
-        const SessionAccessibilityPermission permission(workspace, {std::nullopt, u"GNOME"_s});
+        const SessionAccessibilityPermission permission(workspace, {std::nullopt, u"GNOME"_s, {}});
         QVERIFY(permission.isTrusted() && permission.obstacle().limit.isEmpty());
     }
 };

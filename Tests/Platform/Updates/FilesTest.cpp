@@ -53,24 +53,6 @@ class FilesTest final : public QObject
 private Q_SLOTS:
     void init() { m_tree = std::make_unique<Test::FileTree>(); }
 
-    void programRunsFromAnImageOnlyInsideIt()
-    {
-        const QString program = m_tree->write(u"mount/usr/bin/program"_s);
-        const QString mountPoint = m_tree->path(u"mount"_s);
-        const QString file = m_tree->path(u"my.AppImage"_s);
-        const auto running = [&](const QString& theImage, const QString& theMount) {
-            return AppImage::running(
-                {.image = theImage, .mountPoint = theMount, .program = program});
-        };
-        QCOMPARE(running(file, mountPoint + u'/'), file);
-        // Another image has started this program, or nobody has.
-        for (const QString& other : {m_tree->makeFolder(u"moun"_s), u"/none"_s, QString()}) {
-            QCOMPARE(running(file, other), QString());
-        }
-        QCOMPARE(running(QString(), mountPoint), QString());
-        QCOMPARE(running(u"my.AppImage"_s, mountPoint), QString());
-    }
-
     void imageIsReplacedWithItsPermissions()
     {
         const QString target = m_tree->write(u"store/real.AppImage"_s, image("old"));

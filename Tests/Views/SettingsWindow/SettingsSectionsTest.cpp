@@ -246,6 +246,7 @@ private Q_SLOTS:
     {
         SettingsWindowFixture fixture;
         fixture.desktopFacts.tray = StatusTray::Host::none;
+        fixture.desktopFacts.command = u"tavik-launcher"_s;
         const auto button = [&](const QString& name) -> QAbstractButton* {
             const auto buttons = fixture.view.page()->findChildren<QAbstractButton*>();
             const auto found = std::ranges::find(buttons, name, &QAbstractButton::accessibleName);

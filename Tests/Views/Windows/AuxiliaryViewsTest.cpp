@@ -47,7 +47,10 @@ struct Asked
     explicit Asked(bool isTrusted = false, bool hasSettings = true)
     {
         permission.trusted = isTrusted;
-        permission.told = {limit, remedy, hasSettings};
+        permission.told = {.limit = limit,
+                           .remedy = remedy,
+                           .hasSettings = hasSettings,
+                           .command = u"tavik-launcher --summon"_s};
         view.emplace(AccessibilityPermissionView::Dependencies{permission, queue, appearance},
                      AccessibilityPermissionSession::Actions{
                          counting(enabled), counting(dismissed), counting(granted)});

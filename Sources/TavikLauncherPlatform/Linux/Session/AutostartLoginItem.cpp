@@ -3,6 +3,7 @@
 #include <TavikLauncherPlatform/Linux/Disk/ReplaceFile.h>
 #include <TavikLauncherPlatform/Linux/Disk/StorageLog.h>
 #include <TavikLauncherPlatform/Linux/Session/AutostartLoginItem.h>
+#include <TavikLauncherPlatform/Linux/Session/OwnProgram.h>
 
 #include <QFile>
 #include <QFileInfo>
@@ -98,7 +99,7 @@ QString AutostartLoginItem::defaultEntryPath()
         + u"/autostart/org.tavik.Launcher.desktop"_s;
 }
 
-QString AutostartLoginItem::lineFor(const QString& desktop, bool hasSessionManager)
+QString AutostartLoginItem::lineFor(const Session& session)
 {
     static const QStringList reading{u"GNOME"_s,
                                      u"KDE"_s,
@@ -111,18 +112,19 @@ QString AutostartLoginItem::lineFor(const QString& desktop, bool hasSessionManag
                                      u"COSMIC"_s,
                                      u"Pantheon"_s,
                                      u"Unity"_s};
-    const QStringList names = desktop.split(u':');
+    const QStringList names = session.desktop.split(u':');
     const auto isReading = [](const QString& name) {
         return reading.contains(name, Qt::CaseInsensitive);
     };
-    if (hasSessionManager || std::ranges::any_of(names, isReading)) {
+    if (session.hasSessionManager || std::ranges::any_of(names, isReading)) {
         return {};
     }
     if (names.contains(u"sway"_s)) {
-        return u"exec tavik-launcher --background"_s;
+        return u"exec %1 --background"_s.arg(session.command);
     }
-    return names.contains(u"Hyprland"_s) ? u"exec-once = tavik-launcher --background"_s
-                                         : u"tavik-launcher --background &"_s;
+    return names.contains(u"Hyprland"_s)
+        ? u"exec-once = %1 --background"_s.arg(OwnProgram::forHyprland(session.command))
+        : u"%1 --background &"_s.arg(session.command);
 }
 
 LoginItem::Status AutostartLoginItem::status() const

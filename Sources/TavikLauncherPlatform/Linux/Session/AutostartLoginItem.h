@@ -25,9 +25,16 @@ public:
     /// Where the desktop looks for the program's entry.
     [[nodiscard]] static QString defaultEntryPath();
 
-    /// What `lineOfOwn` is in the session of that environment: empty where a session manager or a
-    /// desktop is known to start what is in the folder.
-    [[nodiscard]] static QString lineFor(const QString& desktop, bool hasSessionManager);
+    struct Session
+    {
+        QString desktop; ///< $XDG_CURRENT_DESKTOP.
+        bool hasSessionManager = false;
+        QString command; ///< See OwnProgram::command.
+    };
+
+    /// What `lineOfOwn` is in that session: empty where a session manager or a desktop is known to
+    /// start what is in the folder.
+    [[nodiscard]] static QString lineFor(const Session& session);
 
     [[nodiscard]] Status status() const override;
     [[nodiscard]] QString lineOfOwn() const override { return m_paths.lineOfOwn; }

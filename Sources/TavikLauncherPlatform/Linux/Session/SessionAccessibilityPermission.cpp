@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncherPlatform/Linux/Session/OwnProgram.h>
 #include <TavikLauncherPlatform/Linux/Session/SessionAccessibilityPermission.h>
 #include <TavikLauncherPlatform/Texts.h>
 #include <TavikLauncherPlatform/Workspace.h>
@@ -23,7 +24,7 @@ struct ShortcutSettings
     QStringView desktop; ///< A name in $XDG_CURRENT_DESKTOP.
     const char* place; ///< For `Texts::tr`.
     QStringView program; ///< The identifier of what opens there; empty when nothing does.
-    QStringView line = u"tavik-launcher --summon"; ///< The command in that desktop's words.
+    QStringView line = u"%1 --summon"; ///< In that desktop's words, with the program as %1.
 };
 
 constexpr std::array shortcutSettings{
@@ -49,12 +50,12 @@ constexpr std::array shortcutSettings{
     ShortcutSettings{u"sway",
                      QT_TRANSLATE_NOOP("Tavik::Texts", "with bindsym in the configuration of sway"),
                      {},
-                     u"bindsym Mod4+space exec tavik-launcher --summon"},
+                     u"bindsym Mod4+space exec %1 --summon"},
     ShortcutSettings{
         u"Hyprland",
         QT_TRANSLATE_NOOP("Tavik::Texts", "with bind in the configuration of Hyprland"),
         {},
-        u"bind = SUPER, SPACE, exec, tavik-launcher --summon"},
+        u"bind = SUPER, SPACE, exec, %1 --summon"},
 };
 constexpr ShortcutSettings unknownDesktop{
     {},
@@ -95,12 +96,16 @@ AccessibilityPermission::Obstacle SessionAccessibilityPermission::obstacle() con
     if (!m_session.limit) {
         return {};
     }
+    const ShortcutSettings& settings = settingsOf(m_session.desktop);
+    const QString command = u"%1 --summon"_s.arg(m_session.command);
     return {.limit = *m_session.limit,
-            .remedy
-            = Texts::tr("Bind the command tavik-launcher --summon to a key of your choice %1.")
-                  .arg(Texts::tr(settingsOf(m_session.desktop).place)),
+            .remedy = Texts::tr("Bind the command %1 to a key of your choice %2.")
+                          .arg(command, Texts::tr(settings.place)),
             .hasSettings = settingsPath().has_value(),
-            .line = settingsOf(m_session.desktop).line.toString()};
+            .line = settings.line.arg(settings.desktop == u"Hyprland"
+                                          ? OwnProgram::forHyprland(m_session.command)
+                                          : m_session.command),
+            .command = command};
 }
 
 std::optional<QString> SessionAccessibilityPermission::settingsPath() const

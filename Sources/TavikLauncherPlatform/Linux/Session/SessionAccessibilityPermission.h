@@ -20,6 +20,7 @@ public:
         /// hindrance.
         std::optional<QString> limit;
         QString desktop; ///< $XDG_CURRENT_DESKTOP.
+        QString command; ///< See OwnProgram::command.
     };
 
     SessionAccessibilityPermission(Workspace& workspace, Session session);

@@ -5,7 +5,6 @@
 #include <TavikLauncherPlatform/Linux/Updates/AppImage.h>
 #include <TavikLauncherPlatform/Texts.h>
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 
@@ -94,21 +93,6 @@ QString notReplaced(const QString& image)
 }
 
 } // namespace
-
-Surroundings Surroundings::ofProcess()
-{
-    return {.image = qEnvironmentVariable("APPIMAGE"),
-            .mountPoint = qEnvironmentVariable("APPDIR"),
-            .program = QCoreApplication::applicationFilePath()};
-}
-
-QString running(const Surroundings& surroundings)
-{
-    const QString mountPoint = QFileInfo(surroundings.mountPoint).canonicalFilePath();
-    const QString program = QFileInfo(surroundings.program).canonicalFilePath();
-    const bool isInside = !mountPoint.isEmpty() && program.startsWith(mountPoint + u'/');
-    return isInside && QFileInfo(surroundings.image).isAbsolute() ? surroundings.image : QString();
-}
 
 std::optional<QString> whyNotReplaceable(const QString& image)
 {

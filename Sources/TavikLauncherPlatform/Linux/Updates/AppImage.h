@@ -7,21 +7,6 @@
 
 namespace Tavik::AppImage {
 
-/// What tells a program that it runs from an image, as the image's runtime leaves it.
-struct Surroundings
-{
-    QString image; ///< The variable APPIMAGE.
-    QString mountPoint; ///< The variable APPDIR.
-    QString program; ///< Where this program's file is.
-
-    /// Of this process.
-    [[nodiscard]] static Surroundings ofProcess();
-};
-
-/// The image that this program runs from; empty when it runs from none. The variables alone do not
-/// count: whatever an image has started inherits them.
-[[nodiscard]] QString running(const Surroundings& surroundings);
-
 /// Why the image cannot be replaced, as a whole sentence for people; absent when it can: it is, or
 /// links to, an image of type 2 in a folder where this user may write.
 [[nodiscard]] std::optional<QString> whyNotReplaceable(const QString& image);

@@ -60,13 +60,19 @@ public:
             g_autofree char* binding = g_settings_get_string(entry, "binding");
             g_autofree char* command = g_settings_get_string(entry, "command");
             found << QString::fromUtf8(*path).section(u'/', -2, -2) + u' '
-                    + QString::fromUtf8(binding) + u' '
-                    + QString::fromUtf8(command).section(u'"', -2, -2);
+                    + QString::fromUtf8(binding) + u' ' + lastWord(command);
         }
         return found;
     }
 
 private:
+    static QString lastWord(const char* command)
+    {
+        gint count = 0;
+        g_auto(GStrv) words = nullptr;
+        g_shell_parse_argv(command, &count, &words, nullptr);
+        return count == 0 ? QString() : QString::fromUtf8(words[count - 1]);
+    }
     static GSettings* entryAt(const char* path)
     {
         return g_settings_new_with_path((schema + ".custom-keybinding").constData(), path);
@@ -99,7 +105,7 @@ private Q_SLOTS:
         const QStringList theirs{u"theirs  "_s};
         MemoryUserDefaults defaults;
         {
-            GnomeShortcuts shortcuts(m_queue, defaults, u"/a b/tavik"_s);
+            GnomeShortcuts shortcuts(m_queue, defaults, u"/a \"b/tavik"_s);
             QCOMPARE(m_settings.bindings(), theirs); // Ours was left by a run that was killed.
             QVERIFY(shortcuts.bind(hotKey, {}) != 0);
             QVERIFY(!shortcuts.serves());
@@ -109,7 +115,7 @@ private Q_SLOTS:
             QCOMPARE(shortcuts.serves(), !accelerators.isEmpty());
             QStringList expected = theirs;
             for (qsizetype i = 0; i < accelerators.size(); ++i) {
-                expected << u"tavik-launcher-%1 %2 /a b/tavik"_s.arg(i).arg(accelerators.at(i));
+                expected << u"tavik-launcher-%1 %2 /a \"b/tavik"_s.arg(i).arg(accelerators.at(i));
             }
             QCOMPARE(m_settings.bindings(), expected);
             shortcuts.unbind();

@@ -3,6 +3,7 @@
 #include <TavikLauncherPlatform/Linux/Desktops/GnomeShortcuts.h>
 #include <TavikLauncherPlatform/Linux/Desktops/KeyNames.h>
 #include <TavikLauncherPlatform/Linux/Session/Gio.h>
+#include <TavikLauncherPlatform/Linux/Session/OwnProgram.h>
 #include <TavikLauncherPlatform/Texts.h>
 #include <TavikLauncherPlatform/UserDefaults.h>
 
@@ -190,8 +191,8 @@ void GnomeShortcuts::unbind()
 /// uninstalled after it was killed: then it gives its keys back itself, when they are pressed.
 QString GnomeShortcuts::commandAt(const QString& path) const
 {
-    return uR"(sh -c 'test -x "$0" && exec "$0" --summon; gsettings reset %1:%2 binding' "%3")"_s
-        .arg(QLatin1String(entrySchema), path, m_program);
+    return uR"(sh -c 'test -x "$0" && exec "$0" --summon; gsettings reset %1:%2 binding' %3)"_s.arg(
+        QLatin1String(entrySchema), path, OwnProgram::shellWord(m_program));
 }
 
 void GnomeShortcuts::write(const QStringList& accelerators)

@@ -127,6 +127,10 @@ void fit(QWidget& view)
     view.resize(view.width(), view.layout()->totalHeightForWidth(view.width()));
 }
 
+/// Of an image that lies deep, with much that no line ends in.
+const QString longCommand
+    = u"/home/somebody/Applications/Downloaded_programs_that_need_no_installation/Tavik-2.0-x86_64.AppImage"_s;
+
 /// One that leaves something to be done of each kind.
 DesktopCheck::Facts someDesktop()
 {
@@ -146,7 +150,8 @@ DesktopCheck::Facts someDesktop()
                         .lack = u"Only X11 programs are seen to run."_s},
             .raising = {.way = u"A request to the window manager."_s},
             .tray = StatusTray::Host::none,
-            .login = LoginItem::Status::notRegistered};
+            .login = LoginItem::Status::notRegistered,
+            .command = longCommand};
 }
 
 struct RingPicture : PanelFixture
@@ -302,6 +307,8 @@ void GalleryScenes::drawSmallWindows(const Keep& keep)
     appearance.reduced = true; // Nothing goes over into anything in a picture.
     FakeAccessibilityPermission permission;
     permission.trusted = false;
+    permission.told.remedy
+        = u"Bind the command %1 --summon to a key of your choice."_s.arg(longCommand);
     AccessibilityPermissionView view({permission, desktop.mainQueue, appearance},
                                      {.onDismiss = [] {},
                                       .onGranted =

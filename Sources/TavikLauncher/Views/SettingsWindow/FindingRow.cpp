@@ -10,6 +10,7 @@
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QPainter>
+#include <QRegularExpression>
 
 namespace Tavik {
 
@@ -21,6 +22,14 @@ constexpr int symbolSide = 18;
 constexpr int padding = 16;
 constexpr int symbolGap = 12;
 constexpr int lowestRow = 54;
+
+/// The line with places to wrap at where it would have none for long, as in a folder's name. For
+/// the eye only.
+QString wrappable(QString line)
+{
+    static const QRegularExpression longRun(u"([^ /]{16})"_s);
+    return line.replace(longRun, u"\\1\u200b"_s);
+}
 
 } // namespace
 
@@ -68,6 +77,8 @@ void FindingRow::setFinding(const DesktopCheck::Finding& finding)
         label->setText(text);
         label->setVisible(!text.isEmpty());
     }
+    m_line->setText(wrappable(finding.line));
+    m_line->setAccessibleName(finding.line);
     const bool repairs = finding.repair != DesktopCheck::Repair::none;
     nameButton(repairs ? DesktopCheck::nameOf(finding.repair) : Texts::tr("Copy Line"));
     m_button->setVisible(repairs || !finding.line.isEmpty());

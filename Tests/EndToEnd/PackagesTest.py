@@ -107,6 +107,7 @@ def test_the_debian_package_lives_and_goes(packages, root, desktop, display, loo
     wait_until(lambda: runs(root), "the login has started it")
     show(root, "tavik-launcher")
     look("login")
+    assert " $ tavik-launcher --settings\n" in root.ask(["sh", "-c", "tavik-launcher --check-desktop || true"])
 
     # Upgraded while it runs, and removed: what is the user's stays, nothing else does.
     root.run(["dpkg", "-i", str(newer(package, desktop.home))])
@@ -135,6 +136,7 @@ def test_the_archive_runs_where_it_lies_and_goes_into_the_menu(packages, desktop
     subprocess.run(["tar", "-xf", only(packages, ".tar.gz"), "-C", place, "--strip-components=1"], check=True)
     launcher = Launcher(desktop, place / "bin" / "tavik-launcher")
     launcher.start().summon(640, 400)
+    assert f" $ '{launcher.program}' --settings\n" in launcher.command("--check-desktop").stdout
     launcher.stop()
 
     subprocess.run([place / "install", target], check=True)

@@ -86,6 +86,13 @@ ForeignToplevels::ForeignToplevels()
                 },
         };
         zwlr_foreign_toplevel_manager_v1_add_listener(m_manager.get(), &listener, this);
+        m_first = m_connection.askForAnswer();
+        static const wl_callback_listener answered{[](void* data, wl_callback*, uint32_t) {
+            auto& self = *static_cast<ForeignToplevels*>(data);
+            self.m_first.reset();
+            self.tell();
+        }};
+        wl_callback_add_listener(m_first.get(), &answered, this);
         m_connection.onBroken = [this] {
             lose();
         };
@@ -119,6 +126,9 @@ void ForeignToplevels::raise(const QString& name)
 
 void ForeignToplevels::tell()
 {
+    if (m_first) {
+        return; // A list with none in it is an answer, too, and part of one is none.
+    }
     QList<Window> windows;
     std::optional<QString> active; // While a panel has the keyboard, no window is.
     for (const auto& toplevel : m_toplevels) {

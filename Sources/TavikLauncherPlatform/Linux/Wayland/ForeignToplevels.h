@@ -34,6 +34,7 @@ private:
 
     WaylandConnection m_connection;
     WaylandObject<zwlr_foreign_toplevel_manager_v1> m_manager;
+    WaylandObject<wl_callback> m_first; ///< Answered when all have come that there were at first.
     std::vector<std::unique_ptr<Toplevel>> m_toplevels; ///< In the order in which they came.
     quint64 m_lastName = 0;
 };

@@ -209,12 +209,17 @@ WaylandObject<hyprland_global_shortcuts_manager_v1> WaylandConnection::bindShort
 bool WaylandConnection::roundTrip()
 {
     bool isDone = false;
-    const WaylandObject<wl_callback> callback(wl_display_sync(m_display.get()));
+    const WaylandObject<wl_callback> callback = askForAnswer();
     static const wl_callback_listener listener{[](void* data, wl_callback*, uint32_t) {
         *static_cast<bool*>(data) = true;
     }};
     wl_callback_add_listener(callback.get(), &listener, &isDone);
     return waitUntil([&isDone] { return isDone; }, longestRoundTrip);
+}
+
+WaylandObject<wl_callback> WaylandConnection::askForAnswer()
+{
+    return WaylandObject<wl_callback>(wl_display_sync(m_display.get()));
 }
 
 void WaylandConnection::flush()

@@ -109,6 +109,8 @@ public:
     void setPointerHandlers(PointerHandlers handlers) { m_pointerHandlers = std::move(handlers); }
     /// Sends what has been asked for.
     void flush();
+    /// What is answered when the compositor has handled all that it was asked so far.
+    [[nodiscard]] WaylandObject<wl_callback> askForAnswer();
     /// Waits until `isDone`, handling what comes meanwhile, at most for so long. Returns whether it
     /// is done.
     bool waitUntil(const std::function<bool()>& isDone, std::chrono::milliseconds longest);

@@ -128,6 +128,7 @@ private Q_SLOTS:
                                                 .command = u"'/a#b c'"_s});
         };
         QCOMPARE(line(u"sway"_s), u"exec '/a#b c' --background"_s);
+        QCOMPARE(line(u"i3"_s), u"exec '/a#b c' --background"_s);
         QCOMPARE(line(u"Hyprland"_s), u"exec-once = '/a##b c' --background"_s);
         QCOMPARE(line(QString()), u"'/a#b c' --background &"_s);
         QCOMPARE(line(u"ubuntu:gnome"_s), QString());

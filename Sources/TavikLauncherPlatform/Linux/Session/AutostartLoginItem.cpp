@@ -119,7 +119,7 @@ QString AutostartLoginItem::lineFor(const Session& session)
     if (session.hasSessionManager || std::ranges::any_of(names, isReading)) {
         return {};
     }
-    if (names.contains(u"sway"_s)) {
+    if (names.contains(u"sway"_s) || names.contains(u"i3"_s)) {
         return u"exec %1 --background"_s.arg(session.command);
     }
     return names.contains(u"Hyprland"_s)

@@ -7,6 +7,7 @@
 #include <TavikLauncherPlatform/NotificationCenter.h>
 
 #include <QSet>
+#include <QTemporaryDir>
 
 #include <Fuzz/Parsers.h>
 #include <Support/FakeFileManager.h>
@@ -45,7 +46,8 @@ public:
         for (int number = 0; number < 6; ++number) {
             existing.insert(u"/Applications/App %1.app"_s.arg(number));
         }
-        support.path = u"/support"_s;
+        static const QTemporaryDir folder; // It is made sure that it exists, by anybody.
+        support.path = folder.path();
     }
 };
 

@@ -47,7 +47,7 @@ def options(launcher):
 def test_menu_manual_and_command_line_know_the_same_options(launcher, options):
     assert set(menu_actions().values()) == options - NOT_IN_MENUS - NOT_FOR_THE_BUS
     described = set(re.findall(r"^\.BR? (--[a-z-]+)", manual(), re.M))
-    assert described == options | {"--dbus-service"}
+    assert described == options
     assert "den Ring zeigen" in launcher.desktop.run([launcher.program, "--help"], {"LANGUAGE": "de"}).stdout
     sections = set(re.search(r"there are (.*)", launcher.command("--settings=none").stderr)[1].split(", "))
     told = re.search(r"at a section: ([\w\s,]+)\.", manual())[1]

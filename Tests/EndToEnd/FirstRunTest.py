@@ -54,6 +54,8 @@ def test_the_tour_meets_a_new_user_once(new_user, display, desktop, look):
         desktop, "A fast radial launcher centered wherever your pointer is.", "Press the shortcut",
         r"Press ctrl\+alt\+space to toggle the ring at the pointer. Press it again or hit Esc to dismiss.")
 
+    assert accessibility.find(desktop, TOUR, "dialog"), "what it says is read out"
+
     # It can be tried at once, and the tour is still there afterwards.
     new_user.summon(640, 400)
     look("tried")

@@ -4,6 +4,7 @@
 #include <TavikLauncher/Look/TavikIconFactory.h>
 #include <TavikLauncherPlatform/WindowServer.h>
 
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QBackingStore>
 #include <QCloseEvent>
@@ -16,8 +17,19 @@
 namespace Tavik {
 
 namespace {
+
 constexpr int iconSide = 256;
+
+/// What a dialog says is read out when it opens. A window to work in is too long for that.
+QAccessibleInterface* makeDialogInterface(const QString&, QObject* object)
+{
+    auto* window = qobject_cast<AuxiliaryWindow*>(object);
+    return window && !window->windowFlags().testFlag(Qt::WindowMinimizeButtonHint)
+        ? new QAccessibleWidget(window, QAccessible::Dialog)
+        : nullptr;
 }
+
+} // namespace
 
 AuxiliaryWindow::AuxiliaryWindow(WindowServer& windowServer,
                                  const Options& options,
@@ -26,6 +38,7 @@ AuxiliaryWindow::AuxiliaryWindow(WindowServer& windowServer,
     , m_skipsTaskbar(options.skipsTaskbar)
     , m_heldKeys(*this)
 {
+    QAccessible::installFactory(makeDialogInterface); // Which is done once.
     const bool isResizable = !options.smallestSize.isEmpty();
     Qt::WindowFlags flags = Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint
         | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;

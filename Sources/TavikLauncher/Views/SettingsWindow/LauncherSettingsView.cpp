@@ -14,7 +14,7 @@
 #include <QPainter>
 #include <QShortcut>
 #include <QShowEvent>
-#include <QStackedWidget>
+#include <QStackedLayout>
 
 #include <algorithm>
 
@@ -25,7 +25,7 @@ LauncherSettingsView::LauncherSettingsView(const SettingsDependencies& dependenc
     : QWidget(parent)
     , m_dependencies(dependencies)
     , m_sidebar(new SettingsSidebar(this))
-    , m_stack(new QStackedWidget(this))
+    , m_stack(new QStackedLayout)
     , m_sectionID(SettingsSection::general.toString())
     , m_font(font())
 {
@@ -37,7 +37,8 @@ LauncherSettingsView::LauncherSettingsView(const SettingsDependencies& dependenc
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(1);
     row->addWidget(m_sidebar);
-    row->addWidget(m_stack, 1);
+    // Not a stack's own widget, which readers announce whenever the focus enters it.
+    row->addLayout(m_stack, 1);
     m_sidebar->setCurrent(m_sectionID);
     connect(m_sidebar, &SettingsSidebar::chosen, this, &LauncherSettingsView::showSection);
     connect(new QShortcut(QKeySequence::Close, this), &QShortcut::activated, this, [this] {

@@ -8,7 +8,7 @@
 #include <QHash>
 #include <QWidget>
 
-class QStackedWidget;
+class QStackedLayout;
 
 namespace Tavik {
 
@@ -53,7 +53,7 @@ private:
     std::optional<SettingsSnapshot> m_beforeImport;
     SettingsDependencies m_dependencies;
     SettingsSidebar* m_sidebar;
-    QStackedWidget* m_stack;
+    QStackedLayout* m_stack;
     QHash<QString, SettingsPage*> m_pages; ///< By section; the stack owns them.
     QString m_sectionID;
     QPalette m_look; ///< What is shown now.

@@ -27,6 +27,19 @@ constexpr int sideMargin = 34;
 constexpr int widestContent = 760;
 constexpr int textIndent = 17; // Of a card's rows; titles and headings stand on the same edge.
 
+/// Rows say things without a full stop; read out one after the other they need one.
+QString asSentences(const QStringList& texts)
+{
+    QString said;
+    for (const QString& text : texts) {
+        if (!said.isEmpty() && !text.isEmpty()) {
+            said += u".。!?…"_s.contains(said.back()) ? u" "_s : u". "_s;
+        }
+        said += text;
+    }
+    return said;
+}
+
 } // namespace
 
 SettingsPage::SettingsPage(const SettingsDependencies& dependencies,
@@ -136,6 +149,9 @@ SettingsPage::tieSlider(Card& card, const RowText& text, Setting<T>& setting, co
     control->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     card.addRow(text, control);
     describe(*slider, text);
+    // What a reader is told of the value is a number; this follows it.
+    slider->setAccessibleDescription(
+        asSentences({scale.unit.trimmed(), slider->accessibleDescription()}));
     connect(slider, &QAbstractSlider::valueChanged, this, [&setting, scale](int step) {
         // Dividing gives the number that is meant, not one next to it.
         setting.set(static_cast<T>(step) / static_cast<T>(scale.stepsPerUnit));
@@ -226,7 +242,7 @@ void SettingsPage::describe(QWidget& control, const RowText& text)
         new HoverTooltip(m_dependencies.mainQueue, control, {.text = text.tooltip});
     }
     // Who cannot see the row is told both.
-    control.setAccessibleDescription(QStringList{text.help, text.tooltip}.join(u' ').trimmed());
+    control.setAccessibleDescription(asSentences({text.help, text.tooltip}));
 }
 
 } // namespace Tavik

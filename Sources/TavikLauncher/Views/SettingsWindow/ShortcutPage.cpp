@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Look/Announcement.h>
 #include <TavikLauncher/Look/Button.h>
 #include <TavikLauncher/Look/Keycaps.h>
 #include <TavikLauncher/Look/Label.h>
@@ -13,6 +14,8 @@
 #include <TavikLauncherPlatform/Texts.h>
 
 #include <QHBoxLayout>
+
+#include <utility>
 
 namespace Tavik {
 
@@ -165,10 +168,11 @@ private:
         const HotKeyConfig& config = settings().hotKeyConfig();
         const bool isRecording = m_recorder.isRecording();
         m_field->setText(isRecording ? Texts::tr("Press a shortcut…") : config.displayName);
-        m_field->setAccessibleName(Texts::tr("Trigger shortcut: %1").arg(m_field->text()));
         m_field->updateGeometry();
         m_row->setHelp(ShortcutWords::description(config));
         const QStringList keys = ShortcutWords::keycaps(config);
+        // In words: not every voice knows the signs of the keys.
+        tell(isRecording ? m_field->text() : keys.join(u" + "_s));
         m_keys->setKeys(keys);
         constexpr qsizetype mostKeyText = 24; // A shortcut may have been given any name.
         m_keys->setVisible(!isRecording && keys.join(QString()).size() <= mostKeyText);
@@ -176,8 +180,31 @@ private:
         m_coexistence->setText(ShortcutWords::coexistence(config));
     }
 
+    /// A reader does not hear of a name that changes under the focus.
+    void tell(const QString& shown)
+    {
+        m_field->setAccessibleName(Texts::tr("Trigger shortcut: %1").arg(shown));
+        m_shown = shown;
+        if (!isVisible()) {
+            m_told = shown;
+            return;
+        }
+        // The recording ends a moment before the new shortcut is known.
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                if (std::exchange(m_told, m_shown) != m_shown) {
+                    m_news.say(m_shown);
+                }
+            },
+            Qt::QueuedConnection);
+    }
+
     HotKeyRecorder m_recorder;
     HotKeyRecorderBridge m_bridge;
+    Announcement m_news{*this};
+    QString m_shown; ///< The shortcut, or what is asked for.
+    QString m_told;
     Button* m_field = nullptr;
     Keycaps* m_keys = nullptr;
     CardRow* m_row = nullptr;

@@ -1,9 +1,11 @@
 # SPDX-License-Identifier: MIT
 """The ring as assistive technology sees it."""
 from harness import accessibility
-from harness.settings_window import ENVIRONMENT
-from harness.waiting import wait_until
+from harness.launcher import LARGEST_ICON
+from harness.settings_window import ENVIRONMENT, SLIDER, SettingsWindow
+from harness.waiting import stays, wait_until
 
+SPOKEN = (("object:state-changed:focused", "push button"), ("object:state-changed:showing", "notification"))
 
 
 def wait_slots(desktop, *names, selected=None, text=None):
@@ -39,13 +41,38 @@ def test_the_slots_the_selection_and_the_filter_are_told(launcher, applications,
     wait_slots(desktop, text="No matches")
 
 
-def test_what_the_filter_finds_is_announced(launcher, applications, desktop, display):
+def told(events):
+    """What a reader speaks of, in order: buttons that come to have the focus, and notifications."""
+    return [event[-1] for event in events if event[:2] in SPOKEN]
+
+
+def test_each_change_of_the_ring_is_told_once(launcher, applications, desktop, display):
     launcher.pin(*map(applications.add, ("Cedar", "Alder", "Calla")))
-    launcher.start(environment=ENVIRONMENT).summon(640, 400)
-    wait_slots(desktop, "Cedar", "Alder", "Calla")
+    launcher.start(environment=ENVIRONMENT).wait_indexed()
     with accessibility.heard(desktop) as events:
-        for letter, told, selected in (("c", "2 matches", "Calla"), ("e", "1 match", "Cedar"), ("z", "No matches", None)):
-            display.type(letter)
-            wait_until(lambda: ("object:state-changed:showing", "notification", told) in events(), told)
-            # The first slot has another application now, and the reader has spoken of it before.
-            assert not selected or ("object:property-change:accessible-name", "push button", selected) in events()
+        expected = []
+        for step, *news in (
+                (lambda: launcher.summon(640, 400), "Cedar"), ("Right", "Alder"), ("c", "Calla"), ("a", "1 match"),
+                ("z", "No matches"), ("BackSpace", "1 match"), ("BackSpace", "2 matches"), ("BackSpace", "Cedar"),
+                (launcher.dismiss,), (lambda: launcher.summon(640, 400), "Cedar")):
+            step() if callable(step) else display.press(step)
+            expected += news
+            wait_until(lambda: told(events()) == expected, f"{expected} is told")
+            stays(lambda: told(events()) == expected, "nothing is told twice", 0.2)
+
+
+def test_the_ring_beside_the_settings_takes_no_focus(launcher, applications, desktop, display):
+    launcher.pin(applications.add("Alder"))
+    launcher.start(environment=ENVIRONMENT)
+    window = SettingsWindow(launcher)
+    window.open("appearance")
+    display.wait_for("Tavik Launcher", wider_than=LARGEST_ICON)
+    window.focus(SLIDER, "Diameter")
+    with accessibility.heard(desktop) as events:
+        display.press("Right")
+        window.wait(SLIDER, "Diameter", lambda slider: slider.value == 321, "is moved")
+        wait_slots(desktop, "Alder")
+        assert told(events()) == []
+    nodes = list(window.nodes())
+    assert "pt. The ring's outer size" in {node["description"] for node in nodes}
+    assert "layered pane" not in {node["role"] for node in nodes}

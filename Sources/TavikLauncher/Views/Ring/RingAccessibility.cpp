@@ -8,7 +8,9 @@
 #include <QAccessible>
 #include <QAccessibleActionInterface>
 #include <QAccessibleWidget>
+#include <QEvent>
 
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <utility>
@@ -51,36 +53,48 @@ private:
     QAccessibleInterface& m_ring;
 };
 
-class SlotButton final : public RingPart, public QAccessibleActionInterface
+/// Whether what is said of the ring is about where the keyboard is: beside the settings the ring is
+/// only seen.
+bool hasKeyboard(RadialLauncherView& view)
+{
+    return view.isVisible() && view.filterField().hasFocus();
+}
+
+/// An application's button. It goes with the application and not with the slot, because a reader
+/// says nothing when the focus stays on the object that it spoke of last. One that has left the
+/// ring still answers, as a reader asks what has lost the focus.
+class AppButton final : public RingPart, public QAccessibleActionInterface
 {
 public:
-    SlotButton(RadialLauncherView& view, QAccessibleInterface& ring, int slot)
+    AppButton(RadialLauncherView& view, QAccessibleInterface& ring, IndexedApp app)
         : RingPart(view, ring)
-        , m_slot(slot)
+        , m_app(std::move(app))
     { }
 
-    [[nodiscard]] bool isValid() const override { return RingPart::isValid() && app(); }
+    void update(const IndexedApp& app) { m_app = app; }
+
     [[nodiscard]] QAccessible::Role role() const override { return QAccessible::PushButton; }
-    [[nodiscard]] QRect rect() const override { return onScreen(view().slotRect(m_slot)); }
+    [[nodiscard]] QRect rect() const override
+    {
+        const int at = slot();
+        return at < 0 ? QRect() : onScreen(view().slotRect(at));
+    }
     [[nodiscard]] QString text(QAccessible::Text kind) const override
     {
-        const IndexedApp* shown = app();
-        if (!shown) {
-            return {};
-        }
         if (kind == QAccessible::Name) {
-            return shown->name();
+            return m_app.name();
         }
-        return kind == QAccessible::Description ? description(*shown) : QString();
+        return kind == QAccessible::Description ? description() : QString();
     }
     [[nodiscard]] QAccessible::State state() const override
     {
+        const int at = slot();
         QAccessible::State state;
         state.selectable = true;
         state.focusable = true;
-        state.invisible = !view().isVisible();
-        state.selected = m_slot == view().interaction().selectedIndex();
-        state.focused = state.selected && view().isVisible();
+        state.invisible = at < 0 || !view().isVisible();
+        state.selected = at >= 0 && at == view().interaction().selectedIndex();
+        state.focused = state.selected && hasKeyboard(view());
         return state;
     }
     void* interface_cast(QAccessible::InterfaceType type) override
@@ -91,33 +105,40 @@ public:
     [[nodiscard]] QStringList actionNames() const override { return {pressAction()}; }
     void doAction(const QString& name) override
     {
-        if (name == pressAction() && app()) {
-            view().interaction().clickSlot(m_slot);
+        const int at = slot();
+        if (name == pressAction() && at >= 0) {
+            view().interaction().clickSlot(at);
         }
     }
     [[nodiscard]] QStringList keyBindingsForAction(const QString&) const override { return {}; }
 
 private:
     /// As in "running, 3 of 15".
-    [[nodiscard]] QString description(const IndexedApp& shown) const
+    [[nodiscard]] QString description() const
     {
+        const int at = slot();
+        if (at < 0) {
+            return {};
+        }
         const RingInteraction& ring = view().interaction();
         QStringList parts;
-        if (ring.isRunning(shown)) {
+        if (ring.isRunning(m_app)) {
             parts << Texts::tr("running");
-        } else if (ring.isStarting(shown)) {
+        } else if (ring.isStarting(m_app)) {
             parts << Texts::tr("starting");
         }
-        parts << Texts::tr("%1 of %2").arg(m_slot + 1).arg(ring.ringApps().size());
+        parts << Texts::tr("%1 of %2").arg(at + 1).arg(ring.ringApps().size());
         return parts.join(u", "_s);
     }
-    [[nodiscard]] const IndexedApp* app() const
+    /// Where the application is now; -1 when it is not on the ring.
+    [[nodiscard]] int slot() const
     {
         const QList<IndexedApp>& apps = view().interaction().ringApps();
-        return m_slot < apps.size() ? &apps.at(m_slot) : nullptr;
+        const auto found = std::ranges::find(apps, m_app.id(), &IndexedApp::id);
+        return found == apps.end() ? -1 : static_cast<int>(found - apps.begin());
     }
 
-    int m_slot;
+    IndexedApp m_app;
 };
 
 /// One of the texts that are painted in the centre.
@@ -166,7 +187,7 @@ public:
         for (const QAccessible::Id id : m_texts) {
             QAccessible::deleteAccessibleInterface(id);
         }
-        for (const auto& [slot, id] : m_slots) {
+        for (const auto& [app, id] : m_buttons) {
             QAccessible::deleteAccessibleInterface(id);
         }
     }
@@ -210,7 +231,7 @@ public:
     [[nodiscard]] QAccessibleInterface* focusChild() const override
     {
         const int selected = m_view.interaction().selectedIndex();
-        return m_view.isVisible() && selected < slotCount() ? slotInterface(selected) : nullptr;
+        return hasKeyboard(m_view) && selected < slotCount() ? slotInterface(selected) : nullptr;
     }
 
 private:
@@ -226,18 +247,21 @@ private:
     [[nodiscard]] int firstSlot() const { return 1 + static_cast<int>(m_texts.size()); }
     [[nodiscard]] QAccessibleInterface* slotInterface(int slot) const
     {
-        const auto found = m_slots.find(slot);
-        if (found != m_slots.end()) {
-            return QAccessible::accessibleInterface(found->second);
+        const IndexedApp& app = m_view.interaction().ringApps().at(slot);
+        const auto found = m_buttons.find(app.id());
+        if (found != m_buttons.end()) {
+            QAccessibleInterface* known = QAccessible::accessibleInterface(found->second);
+            static_cast<AppButton*>(known)->update(app);
+            return known;
         }
-        auto* made = new SlotButton(m_view, const_cast<RingInterface&>(*this), slot);
-        m_slots.emplace(slot, QAccessible::registerAccessibleInterface(made));
+        auto* made = new AppButton(m_view, const_cast<RingInterface&>(*this), app);
+        m_buttons.emplace(app.id(), QAccessible::registerAccessibleInterface(made));
         return made;
     }
 
     RadialLauncherView& m_view;
     std::vector<QAccessible::Id> m_texts;
-    mutable std::map<int, QAccessible::Id> m_slots;
+    mutable std::map<QString, QAccessible::Id> m_buttons; ///< By the application's identity.
 };
 
 /// Tells assistive technology what has changed while the ring is shown.
@@ -249,21 +273,50 @@ public:
         , m_view(view)
         , m_results(view)
     {
-        connect(&view, &RadialLauncherView::selectionChanged, this, [this] {
-            tellOfSelected(QAccessible::Focus);
-        });
+        connect(&view, &RadialLauncherView::selectionChanged, this, &RingSpeaker::tellOfSelected);
         connect(&view, &RadialLauncherView::slotsChanged, this, &RingSpeaker::tellOfSlots);
+        connect(&view.interaction(), &RingInteraction::centerChanged, this, [this] {
+            // That nothing matches is known when there is no more being looked. What is on the ring
+            // follows the query a moment later.
+            if (m_view.interaction().ringApps().isEmpty()) {
+                tellOfResults();
+            }
+        });
+        view.filterField().installEventFilter(this);
+        tellSoon(); // Of a ring that has been open since before somebody listened.
+    }
+
+protected:
+    bool eventFilter(QObject* field, QEvent* event) override
+    {
+        if (event->type() == QEvent::FocusIn) {
+            m_toldApp.clear();
+            tellSoon();
+        }
+        return QObject::eventFilter(field, event);
     }
 
 private:
-    void tellOfSelected(QAccessible::Event kind)
+    /// After the toolkit has told of the field, which it does when the field has the focus.
+    void tellSoon()
     {
-        QAccessibleInterface* ring = QAccessible::isActive() && m_view.isVisible()
+        QMetaObject::invokeMethod(this, &RingSpeaker::tellOfSelected, Qt::QueuedConnection);
+    }
+    void tellOfSelected()
+    {
+        QAccessibleInterface* ring = QAccessible::isActive() && hasKeyboard(m_view)
             ? QAccessible::queryAccessibleInterface(&m_view)
             : nullptr;
-        if (QAccessibleInterface* selected = ring ? ring->focusChild() : nullptr) {
-            QAccessibleEvent event(selected, kind);
+        QAccessibleInterface* selected = ring ? ring->focusChild() : nullptr;
+        if (!selected) {
+            return;
+        }
+        const RingInteraction& interaction = m_view.interaction();
+        const QString& app = interaction.ringApps().at(interaction.selectedIndex()).id();
+        if (std::exchange(m_toldApp, app) != app) {
+            QAccessibleEvent event(selected, QAccessible::Focus);
             QAccessible::updateAccessibility(&event);
+            m_toldResults = resultsOfFilter(); // As in "1 of 2".
         }
     }
     void tellOfSlots()
@@ -273,10 +326,13 @@ private:
         }
         QAccessibleEvent event(&m_view, QAccessible::ObjectReorder);
         QAccessible::updateAccessibility(&event);
-        // The selected slot may be the same one, and have another application now.
-        tellOfSelected(QAccessible::NameChanged);
+        tellOfSelected();
+        tellOfResults();
+    }
+    void tellOfResults()
+    {
         const QString results = resultsOfFilter();
-        if (results != std::exchange(m_told, results) && !results.isEmpty()) {
+        if (results != std::exchange(m_toldResults, results) && !results.isEmpty()) {
             m_results.say(results);
         }
     }
@@ -296,7 +352,8 @@ private:
 
     RadialLauncherView& m_view;
     Announcement m_results;
-    QString m_told;
+    QString m_toldApp; ///< The identity of the selected application that was spoken of last.
+    QString m_toldResults;
 };
 
 QAccessibleInterface* makeInterface(const QString&, QObject* object)

@@ -40,6 +40,9 @@
 #include <TavikLauncherPlatform/Texts.h>
 
 #include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QRandomGenerator>

@@ -77,7 +77,7 @@ WINDOW_MANAGERS = {
     "dwm": WindowManager(("dwm",), is_heavy=True),
     "kwin": WindowManager(**_kwin()),
     "kwin-follow": WindowManager(**_kwin("[Windows]\nFocusPolicy=FocusFollowsMouse\nDelayFocusInterval=0\n"), is_variant=True),
-    "mutter": WindowManager(("mutter", "--x11"), composites=True, is_heavy=True),
+    "mutter": WindowManager(("mutter", "--x11"), composites=True, is_heavy=True, loses_frames=True),
     "gnome-shell": WindowManager(
         ("gnome-shell", "--x11"), composites=True, is_heavy=True, loses_frames=True, prepare=_gnome_login_manager,
         settle=_close_gnome_overview),

@@ -8,6 +8,7 @@
 #include <TavikLauncherPlatform/KeyEvents.h>
 #include <TavikLauncherPlatform/LoginItem.h>
 #include <TavikLauncherPlatform/MainQueue.h>
+#include <TavikLauncherPlatform/Notices.h>
 #include <TavikLauncherPlatform/Screens.h>
 #include <TavikLauncherPlatform/SessionLock.h>
 #include <TavikLauncherPlatform/StatusTray.h>
@@ -43,6 +44,7 @@ struct Platform
     std::unique_ptr<DesktopAppearance> appearance;
     std::unique_ptr<LoginItem> loginItem;
     std::unique_ptr<StatusTray> statusTray;
+    std::unique_ptr<Notices> notices;
     std::unique_ptr<Updater> updater;
     QString display; ///< What `chosenDisplay` says.
     QString command; ///< This program as the first word of a line that somebody pastes.

@@ -6,9 +6,11 @@ import pathlib
 import shutil
 import signal
 import subprocess
+import sys
 import time
 
 import pytest
+from gi.repository import GLib
 
 from harness import accessibility
 from harness.desktop import Monitor
@@ -19,6 +21,7 @@ from harness.waiting import stays, wait_front, wait_until
 
 TITLE = "Software Update"
 REMINDER = "Update to 2.1 Available…"
+NOTIFICATIONS = "org.freedesktop.Notifications"
 CHECK = "Check for Updates…"
 TWO_MONITORS = (Monitor("left", 0, 0, 900, 900), Monitor("right", 900, 0, 900, 900))
 IMAGE_MARK = b"AI\x02"  # Where a program's header has room to spare.
@@ -98,6 +101,20 @@ def test_a_scheduled_update_is_a_quiet_reminder_until_the_user_asks(
     look("found")
     display.press("Escape")
     display.wait_gone(TITLE)
+
+
+def test_where_there_is_no_tray_the_desktop_shows_a_notice(launcher, feed, image, display, desktop):
+    desktop.spawn([sys.executable, "-m", "dbusmock", "--template", "notification_daemon"], log="notices")
+    wait_until(lambda: desktop.name_has_owner(NOTIFICATIONS), "the desktop shows notices")
+    feed.offer("2.1", image)
+    launcher.start("--background")
+    wait_until(lambda: REMINDER in desktop.log("notices"), "a notice tells of the update", 15)
+    stays(lambda: display.find(TITLE) is None, "no window is shown", 0.5)
+    chosen = [GLib.Variant("u", 1), GLib.Variant("s", "default")]
+    desktop.call(NOTIFICATIONS, "/org/freedesktop/Notifications", "org.freedesktop.DBus.Mock.EmitSignal", "(sssav)",
+                 (NOTIFICATIONS, "ActionInvoked", "us", chosen))
+    wait_front(display, TITLE)
+    wait_until(lambda: "CloseNotification 1" in desktop.log("notices"), "the notice is gone")
 
 
 @pytest.mark.desktop(width=1800, height=900, monitors=TWO_MONITORS)

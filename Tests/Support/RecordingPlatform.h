@@ -11,6 +11,7 @@
 #include <Support/FakeFileManager.h>
 #include <Support/FakeKeyEvents.h>
 #include <Support/FakeLoginItem.h>
+#include <Support/FakeNotices.h>
 #include <Support/FakeSessionLock.h>
 #include <Support/FakeStatusTray.h>
 #include <Support/FakeUpdater.h>
@@ -95,6 +96,7 @@ struct RecordingPlatform
     FakeAppearance& appearance = place<FakeAppearance>(platform.appearance);
     FakeLoginItem& loginItem = place<FakeLoginItem>(platform.loginItem);
     FakeStatusTray& tray = place<FakeStatusTray>(platform.statusTray);
+    FakeNotices& notices = place<FakeNotices>(platform.notices);
     FakeUpdater& updater = place<FakeUpdater>(platform.updater);
 
 private:

@@ -278,7 +278,8 @@ void AppDelegate::installUpdateSettingsObserver()
 void AppDelegate::installStatusItem()
 {
     m_statusItem.emplace(
-        StatusItem::Dependencies{*m_platform.statusTray, *m_platform.mainQueue},
+        StatusItem::Dependencies{
+            *m_platform.statusTray, *m_platform.notices, *m_platform.mainQueue},
         StatusItem::Actions{
             .showAbout = [this] { m_windows.showAbout(); },
             .showSettings = [this] { m_windows.showSettings(); },

@@ -19,6 +19,7 @@
 #include <TavikLauncherPlatform/Linux/Session/QtScreens.h>
 #include <TavikLauncherPlatform/Linux/Session/SessionAccessibilityPermission.h>
 #include <TavikLauncherPlatform/Linux/Session/SessionLockMonitor.h>
+#include <TavikLauncherPlatform/Linux/Session/SessionNotices.h>
 #include <TavikLauncherPlatform/Linux/Updates/AppcastUpdater.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateFolder.h>
 #include <TavikLauncherPlatform/Linux/Updates/UpdateSignature.h>
@@ -315,6 +316,7 @@ std::unique_ptr<Platform> makePlatform(const PlatformOptions& options)
     platform->statusTray = std::make_unique<LinuxStatusTray>(
         *platform->workQueue,
         LinuxStatusTray::Session{.isX11 = x11 && x11->connection(), .desktop = currentDesktop()});
+    platform->notices = std::make_unique<SessionNotices>(*platform->workQueue);
     platform->updater = makeUpdater(options.updates, *platform);
     platform->display = chosenDisplay();
     return platform;

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QTest>
 
+#include <Support/FakeNotices.h>
 #include <Support/FakeStatusTray.h>
 #include <Support/Table.h>
 #include <Support/VirtualMainQueue.h>
@@ -20,7 +21,11 @@ struct StatusItemFixture
 {
     VirtualMainQueue mainQueue;
     FakeStatusTray tray;
-    StatusItem item{{tray, mainQueue}, {}};
+    FakeNotices notices;
+    int checks = 0;
+    StatusItem item{{tray, notices, mainQueue}, {.checkForUpdates = [this] {
+                        ++checks;
+                    }}};
 
     [[nodiscard]] QColor wheelColor() const
     {
@@ -54,6 +59,20 @@ private Q_SLOTS:
             QCOMPARE(item.accessibilityDescription(), u"Tavik Launcher"_s);
             QVERIFY(item.icon().isMask());
         }
+    }
+
+    void withoutATrayANoticeTellsOfAnUpdate()
+    {
+        StatusItemFixture fixture;
+        fixture.item.showUpdateReminder(u"2_1&"_s);
+        QCOMPARE(fixture.notices.text, u"Update to 2_1& Available…"_s);
+        fixture.notices.chosen();
+        QCOMPARE(fixture.checks, 1);
+        fixture.item.clearUpdateReminder();
+        QCOMPARE(fixture.notices.text, QString());
+        fixture.tray.become(Host::notifier);
+        fixture.item.showUpdateReminder(u"2.1"_s);
+        QCOMPARE(fixture.notices.text, QString());
     }
 
     void theIconAppearsWithTheTray_data()

@@ -3,6 +3,7 @@
 #include <TavikLauncher/Look/ViewsLog.h>
 #include <TavikLauncher/Look/WindowStyle.h>
 #include <TavikLauncher/Views/Tray/StatusItem.h>
+#include <TavikLauncherPlatform/Notices.h>
 #include <TavikLauncherPlatform/StatusTray.h>
 #include <TavikLauncherPlatform/Texts.h>
 
@@ -100,8 +101,12 @@ QAction* StatusItem::addItem(const QString& title, const std::function<void()>& 
 void StatusItem::showUpdateReminder(const QString& version)
 {
     m_updateVersion = version;
-    m_updateItem->setText(withoutMnemonics(Texts::tr("Update to %1 Available…").arg(version)));
+    const QString title = Texts::tr("Update to %1 Available…").arg(version);
+    m_updateItem->setText(withoutMnemonics(title));
     refreshIcon();
+    if (!m_icon) {
+        m_dependencies.notices.show(title, m_actions.checkForUpdates);
+    }
 }
 
 void StatusItem::clearUpdateReminder()
@@ -109,6 +114,7 @@ void StatusItem::clearUpdateReminder()
     m_updateVersion.reset();
     m_updateItem->setText(checkForUpdatesTitle());
     refreshIcon();
+    m_dependencies.notices.withdraw();
 }
 
 void StatusItem::tell(const QString& message)

@@ -15,6 +15,7 @@
 
 namespace Tavik {
 
+class Notices;
 class StatusTray;
 
 /// The wheel in the desktop's tray and its menu. Appears as soon as the desktop has a tray, which
@@ -28,6 +29,7 @@ public:
     struct Dependencies
     {
         StatusTray& tray;
+        Notices& notices;
         MainQueue& mainQueue;
     };
     struct Actions
@@ -45,7 +47,8 @@ public:
     StatusItem(const Dependencies& dependencies, Actions actions);
     ~StatusItem() override;
 
-    /// Says in the icon and in the menu that this version can be had.
+    /// Says in the icon and in the menu that this version can be had; where there is no item, by a
+    /// notice of the desktop's.
     void showUpdateReminder(const QString& version);
     void clearUpdateReminder();
     /// Tells the user something that nobody has asked for, beside the status item; nothing where

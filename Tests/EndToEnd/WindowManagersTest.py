@@ -1,13 +1,12 @@
 # SPDX-License-Identifier: MIT
 """The ring among other windows, under each window manager and under none."""
-import contextlib
-import signal
 import sys
 import time
 
 import pytest
 
 from harness.applications import PROGRAM, open_window
+from harness.processes import stopped
 from harness.waiting import stays, wait_until
 from harness.window_managers import (
     WINDOW_MANAGERS, leave_desktop, switching_managers, under, wants_all, window_managers)
@@ -133,27 +132,17 @@ def test_a_ring_shown_again_at_once_goes_with_a_click_elsewhere(ring, desktop, d
         wait_until(lambda: display.has_focus(editor), "the editor has the focus")
 
 
-@contextlib.contextmanager
-def kept_busy(desktop):
-    """The window manager answers nobody meanwhile."""
-    desktop.window_manager_process.send_signal(signal.SIGSTOP)
-    try:
-        yield
-    finally:
-        desktop.window_manager_process.send_signal(signal.SIGCONT)
-
-
 @under("kwin")  # Which manages the ring.
 def test_a_busy_window_manager_delays_the_ring_and_nothing_else(ring, desktop, display, desktop_options):
     editor = open_window(desktop, "Editor", "--geometry", "400", "300", "60", "60")
     display.move_pointer(640, 400)
-    with kept_busy(desktop):
+    with stopped(desktop.window_manager_process):
         display.press(ring.hot_key)
         time.sleep(0.5)
     ring.wait_open()
     ring.dismiss()
     wait_until(lambda: display.has_focus(editor), "the editor has the focus again")
-    with kept_busy(desktop):
+    with stopped(desktop.window_manager_process):
         for action in ("--show", "--hide"):
             assert ring.command(action).returncode == 0
         desktop.spawn([ring.program, "--show"], ring.environment)

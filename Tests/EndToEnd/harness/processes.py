@@ -37,6 +37,16 @@ def command(pid):
         return []
 
 
+@contextlib.contextmanager
+def stopped(process):
+    """It runs, and answers nobody meanwhile."""
+    process.send_signal(signal.SIGSTOP)
+    try:
+        yield
+    finally:
+        process.send_signal(signal.SIGCONT)
+
+
 def descendants(pid):
     """The ids of all live processes below `pid`, and of the dead that nobody has waited for."""
     children = {}

@@ -2,7 +2,6 @@
 """Wayland desktops, each in a window that fills a virtual X display: what drives and watches that display
 drives and watches the desktop."""
 import ast
-import contextlib
 import dataclasses
 import json
 import os
@@ -10,7 +9,6 @@ import pathlib
 import re
 import shlex
 import shutil
-import signal
 
 from Xlib import X
 
@@ -64,13 +62,8 @@ class WaylandDesktop(Desktop):
     def settle(self):
         """Waits until keys reach the programs."""
 
-    @contextlib.contextmanager
     def hung(self):
-        self.compositor.send_signal(signal.SIGSTOP)
-        try:
-            yield
-        finally:
-            self.compositor.send_signal(signal.SIGCONT)
+        return processes.stopped(self.compositor)
 
     @property
     def environment(self):

@@ -70,7 +70,10 @@ private Q_SLOTS:
         QCOMPARE(fixture.checks, 1);
         fixture.item.clearUpdateReminder();
         QCOMPARE(fixture.notices.text, QString());
+        fixture.item.showUpdateReminder(u"2.1"_s);
+        QCOMPARE(fixture.notices.text, u"Update to 2.1 Available…"_s);
         fixture.tray.become(Host::notifier);
+        QCOMPARE(fixture.notices.text, QString());
         fixture.item.showUpdateReminder(u"2.1"_s);
         QCOMPARE(fixture.notices.text, QString());
     }

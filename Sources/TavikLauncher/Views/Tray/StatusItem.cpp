@@ -185,6 +185,8 @@ void StatusItem::install()
     connect(m_icon.get(), &QSystemTrayIcon::activated, this, &StatusItem::activated);
     refreshIcon();
     m_icon->show();
+    // What it stood for is told here from now on: at a login the tray may come late.
+    m_dependencies.notices.withdraw();
 }
 
 void StatusItem::refreshIcon()

@@ -21,33 +21,33 @@ IndexedApp::IndexedApp(QString name,
                        std::optional<QString> bundleIdentifier,
                        QString path,
                        AppIcon icon)
-    : m_name(std::move(name))
-    , m_bundleIdentifier(std::move(bundleIdentifier))
-    , m_path(std::move(path))
-    , m_icon(std::move(icon))
+    : m_shared(new Shared)
 {
-    m_wordBeginnings.add(m_name);
+    m_shared->name = std::move(name);
+    m_shared->bundleIdentifier = std::move(bundleIdentifier);
+    m_shared->path = std::move(path);
+    m_shared->icon = std::move(icon);
+    m_wordBeginnings.add(this->name());
 }
 
-IndexedApp IndexedApp::withOtherNames(QStringList otherNames) const
+IndexedApp IndexedApp::withOtherNames(QStringList otherNames) &&
 {
-    IndexedApp app = *this;
-    app.m_otherNames = std::move(otherNames);
-    for (const QString& name : std::as_const(app.m_otherNames)) {
-        app.m_wordBeginnings.add(name);
+    for (const QString& name : std::as_const(otherNames)) {
+        m_wordBeginnings.add(name);
     }
-    return app;
+    m_shared->otherNames = std::move(otherNames);
+    return std::move(*this);
 }
 
 bool IndexedApp::operator==(const IndexedApp& other) const
 {
-    if (!areEquivalent(m_path, other.m_path) || !areEquivalent(m_name, other.m_name)) {
-        return false;
+    if (m_shared == other.m_shared) {
+        return true;
     }
-    if (m_bundleIdentifier.has_value() != other.m_bundleIdentifier.has_value()) {
-        return false;
-    }
-    return !m_bundleIdentifier || areEquivalent(*m_bundleIdentifier, *other.m_bundleIdentifier);
+    const std::optional<QString>& own = bundleIdentifier();
+    const std::optional<QString>& others = other.bundleIdentifier();
+    return areEquivalent(path(), other.path()) && areEquivalent(name(), other.name())
+        && own.has_value() == others.has_value() && (!own || areEquivalent(*own, *others));
 }
 
 } // namespace Tavik

@@ -4,6 +4,8 @@
 #include <TavikLauncherCore/AppIcon.h>
 #include <TavikLauncherCore/SearchText.h>
 
+#include <QSharedData>
+#include <QSharedDataPointer>
 #include <QString>
 #include <QStringList>
 
@@ -12,36 +14,42 @@
 namespace Tavik {
 
 /// One installed application. Two records are equal when identity, name, bundle identifier and path
-/// are; icon and other names take no part. Texts compare by Unicode canonical equivalence.
+/// are; icon and other names take no part. Texts compare by Unicode canonical equivalence. Copies
+/// share what they hold, so a list of thousands is small and quickly copied.
 class IndexedApp
 {
 public:
     IndexedApp(QString name, std::optional<QString> bundleIdentifier, QString path, AppIcon icon);
-    /// The same record, also found by what people may call it besides.
-    [[nodiscard]] IndexedApp withOtherNames(QStringList otherNames) const;
+    /// This record, also found by what people may call it besides.
+    [[nodiscard]] IndexedApp withOtherNames(QStringList otherNames) &&;
 
     /// The record's identity: always its path.
-    [[nodiscard]] const QString& id() const { return m_path; }
-    [[nodiscard]] const QString& name() const { return m_name; }
+    [[nodiscard]] const QString& id() const { return m_shared->path; }
+    [[nodiscard]] const QString& name() const { return m_shared->name; }
     [[nodiscard]] const std::optional<QString>& bundleIdentifier() const
     {
-        return m_bundleIdentifier;
+        return m_shared->bundleIdentifier;
     }
-    [[nodiscard]] const QString& path() const { return m_path; }
-    [[nodiscard]] const AppIcon& icon() const { return m_icon; }
-    [[nodiscard]] const QStringList& otherNames() const { return m_otherNames; }
+    [[nodiscard]] const QString& path() const { return m_shared->path; }
+    [[nodiscard]] const AppIcon& icon() const { return m_shared->icon; }
+    [[nodiscard]] const QStringList& otherNames() const { return m_shared->otherNames; }
     /// Of all its names.
     [[nodiscard]] WordBeginnings wordBeginnings() const { return m_wordBeginnings; }
 
     bool operator==(const IndexedApp& other) const;
 
 private:
-    QString m_name;
-    std::optional<QString> m_bundleIdentifier;
-    QString m_path;
-    AppIcon m_icon;
-    QStringList m_otherNames;
-    WordBeginnings m_wordBeginnings;
+    struct Shared : QSharedData
+    {
+        QString name;
+        std::optional<QString> bundleIdentifier;
+        QString path;
+        AppIcon icon;
+        QStringList otherNames;
+    };
+
+    QSharedDataPointer<Shared> m_shared;
+    WordBeginnings m_wordBeginnings; ///< Here, where a search meets them one behind the other.
 };
 
 } // namespace Tavik

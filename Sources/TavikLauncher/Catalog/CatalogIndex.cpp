@@ -59,6 +59,7 @@ CatalogIndex CatalogIndex::loadApplications(const FileManager& fileManager,
             }
         });
     }
+    index.m_items.squeeze();
     Difference difference;
     index.decideWhatIsShown(difference);
     for (const Item& item : std::as_const(index.m_items)) {
@@ -73,8 +74,12 @@ CatalogIndex CatalogIndex::loadApplications(const FileManager& fileManager,
 
 const IndexedApp* CatalogIndex::withPath(const QString& path) const
 {
-    const auto position = m_positions.constFind(path);
-    return position == m_positions.cend() ? nullptr : &m_apps.at(*position);
+    for (const TextIndex::Entry& candidate : m_positions.candidates(path)) {
+        if (const IndexedApp& app = m_apps.at(candidate.position); app.path() == path) {
+            return &app;
+        }
+    }
+    return nullptr;
 }
 
 bool CatalogIndex::update(const FileManager& fileManager, const QStringList& paths)
@@ -106,7 +111,7 @@ std::optional<CatalogIndex::Item> CatalogIndex::item(const FileManager& fileMana
             return std::nullopt;
         }
         return Item{.app = CatalogRecord::record(found.path, fileManager.bundle(found.path)),
-                    .entryIdentifier = {}};
+                    .image = {}};
     }
     if (found.isImage && isUsersOwnLink(found, fileManager.userId())) {
         return std::nullopt;
@@ -114,9 +119,8 @@ std::optional<CatalogIndex::Item> CatalogIndex::item(const FileManager& fileMana
     if (found.isImage || found.path.endsWith(".desktop"_L1)) {
         if (const std::optional<Bundle> entry = fileManager.bundle(found.path)) {
             return Item{.app = CatalogRecord::record(found.path, entry),
-                        .entryIdentifier
-                        = found.isImage ? QString() : entry->identifier.value_or(QString()),
                         .image = entry->executable.value_or(QString()),
+                        .isEntry = !found.isImage,
                         .isHidden = entry->isHidden,
                         .lacksProgram = entry->lacksProgram};
         }
@@ -150,8 +154,9 @@ void CatalogIndex::decideWhatIsShown(Difference& difference)
         }
     }
     for (Item& item : m_items) {
-        const bool isMasked
-            = (!item.entryIdentifier.isEmpty() && !isNew(identifiers, item.entryIdentifier))
+        const QString identifier
+            = item.isEntry ? item.app.bundleIdentifier().value_or(QString()) : QString();
+        const bool isMasked = (!identifier.isEmpty() && !isNew(identifiers, identifier))
             || (item.image == item.app.path() && images.contains(item.image));
         const bool isShown = !isMasked && !item.isHidden;
         if (std::exchange(item.isShown, isShown) != isShown) {
@@ -190,14 +195,12 @@ bool CatalogIndex::apply(Difference& difference)
 
 void CatalogIndex::notePositions()
 {
-    m_positions.clear();
+    m_positions = TextIndex();
     m_positions.reserve(m_apps.size());
     for (qsizetype position = 0; position < m_apps.size(); ++position) {
-        const QString& path = m_apps.at(position).path();
-        if (!m_positions.contains(path)) {
-            m_positions.insert(path, position);
-        }
+        m_positions.add(m_apps.at(position).path(), position);
     }
+    m_positions.sort();
 }
 
 } // namespace Tavik

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <TavikLauncherCore/IndexedApp.h>
+#include <TavikLauncherPlatform/TextIndex.h>
 #include <TavikLauncherPlatform/WalkOrder.h>
 
 #include <QHash>
@@ -44,8 +45,8 @@ private:
     struct Item
     {
         IndexedApp app;
-        QString entryIdentifier; ///< Empty for what hides nothing and cannot be hidden by others.
         QString image; ///< The AppImage that it is or starts.
+        bool isEntry = false; ///< A desktop entry, which hides others of the same identifier.
         bool isHidden = false;
         bool lacksProgram = false;
         bool isShown = false;
@@ -67,7 +68,7 @@ private:
     WalkOrder m_order;
     QList<Item> m_items; ///< In the order of the walk.
     QList<IndexedApp> m_apps;
-    QHash<QString, qsizetype> m_positions; ///< Among the applications, by path.
+    TextIndex m_positions; ///< Among the applications, by path.
 };
 
 } // namespace Tavik

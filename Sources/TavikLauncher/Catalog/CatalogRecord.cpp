@@ -19,10 +19,11 @@ QString displayName(const QString& path, const std::optional<Bundle>& bundle)
 
 IndexedApp record(const QString& path, const std::optional<Bundle>& bundle)
 {
+    const QString icon = bundle ? bundle->iconSource : QString();
     return IndexedApp(displayName(path, bundle),
                       bundle ? bundle->identifier : std::nullopt,
-                      path,
-                      AppIcon{bundle ? bundle->iconSource : QString()})
+                      icon == path ? icon : path, // Then both share the memory of one text.
+                      AppIcon{icon})
         .withOtherNames(bundle ? bundle->otherNames : QStringList());
 }
 

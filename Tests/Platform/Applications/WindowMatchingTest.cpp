@@ -259,6 +259,18 @@ private Q_SLOTS:
         process.waitForFinished();
     }
 
+    void alikeEntriesAreToldApart()
+    {
+        const DesktopEntries known(
+            {entry(u"/org.a.shelf"_s, u"org.a.shelf"_s, "Exec=a\n"),
+             entry(u"/Shelf"_s, u"Shelf"_s, "Exec=b\nStartupWMClass=Board\n"),
+             entry(u"/shelf"_s, u"shelf"_s, "Exec=c\nStartupWMClass=board\n")});
+        QCOMPARE(known.withId(u"shelf"_s)->path, u"/shelf"_s);
+        QCOMPARE(known.withStartupClass(u"board"_s)->path, u"/shelf"_s);
+        QCOMPARE(known.withSimilarStartupClass(u"BOARD"_s)->path, u"/Shelf"_s);
+        QCOMPARE(known.withSimilarId(u"SHELF"_s)->path, u"/Shelf"_s); // More than an ID's end.
+    }
+
     void entriesMaskOthersWithTheirIdentifier()
     {
         const DesktopEntries known({entry(u"/a/one"_s, u"one"_s, "Exec=one\n"),

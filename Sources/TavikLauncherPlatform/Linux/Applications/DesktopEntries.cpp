@@ -10,13 +10,25 @@ namespace Tavik {
 
 namespace {
 
-/// In place of a position, for a name that several entries answer to.
-constexpr qsizetype tied = -1;
-constexpr qsizetype tiedWithArguments = -2;
-
 QString similar(QString name)
 {
     return std::move(name).toCaseFolded().replace(u' ', u'-');
+}
+
+/// The part behind the domain; the whole where there is none.
+QString endOf(const QString& id)
+{
+    return id.sliced(id.lastIndexOf(u'.') + 1);
+}
+
+QString fileName(const QString& path)
+{
+    return path.sliced(path.lastIndexOf(u'/') + 1);
+}
+
+template <typename Entries> const DesktopEntry* firstOf(const Entries& entries)
+{
+    return entries.isEmpty() ? nullptr : entries.first();
 }
 
 } // namespace
@@ -26,7 +38,7 @@ DesktopEntries::DesktopEntries(QList<SharedDesktopEntry> entries)
 {
     QSet<QString> seen;
     seen.reserve(m_entries.size());
-    for (Index* index : {&m_paths, &m_ids, &m_similarIds, &m_programs}) {
+    for (TextIndex* index : {&m_paths, &m_ids, &m_programs}) {
         index->reserve(m_entries.size());
     }
     QList<qsizetype> standing;
@@ -54,70 +66,50 @@ DesktopEntries::DesktopEntries(QList<SharedDesktopEntry> entries)
     for (const qsizetype position : std::as_const(images)) {
         const DesktopEntry& image = *m_entries.at(position);
         if (image.isApplication && !started.contains(image.path)
-            && !started.contains(image.path.section(u'/', -1))) {
+            && !started.contains(fileName(image.path))) {
             standing.append(position);
             addNames(position);
         }
     }
-    // The whole of an ID is more than the end of another, so the ends come last.
     for (const qsizetype position : std::as_const(standing)) {
-        const QString id = similar(m_entries.at(position)->id);
-        if (id.contains(u'.')) {
-            add(m_similarIds, id.section(u'.', -1), position, Rivals::none);
+        if (const QString id = similar(m_entries.at(position)->id); endOf(id) != id) {
+            m_ids.add(endOf(id), position);
         }
+    }
+    for (TextIndex* index : {&m_paths, &m_ids, &m_classes, &m_programs}) {
+        index->sort();
     }
 }
 
 void DesktopEntries::addNames(qsizetype position)
 {
     const DesktopEntry& entry = *m_entries.at(position);
-    m_paths.insert(entry.path, position);
-    m_ids.insert(entry.id, position);
-    add(m_similarIds, similar(entry.id), position, Rivals::first);
+    m_paths.add(entry.path, position);
+    m_ids.add(similar(entry.id), position);
     for (const QString& name : {entry.startupClass, entry.gameClass}) {
-        add(m_startupClasses, name, position, Rivals::first);
-        add(m_similarClasses, similar(name), position, Rivals::first);
+        m_classes.add(similar(name), position);
     }
-    add(m_programs, entry.program, position, Rivals::plainest);
-    if (const QString name = entry.program.section(u'/', -1); name != entry.program) {
-        add(m_programs, name, position, Rivals::plainest);
-    }
-}
-
-void DesktopEntries::add(Index& index, const QString& key, qsizetype position, Rivals rivals)
-{
-    if (key.isEmpty()) {
-        return;
-    }
-    const auto found = index.find(key);
-    if (found == index.end()) {
-        index.insert(key, position);
-        return;
-    }
-    const DesktopEntry& challenger = *m_entries.at(position);
-    if (*found < 0) {
-        const bool mayTake = *found == tiedWithArguments && !challenger.takesArguments;
-        *found = mayTake && !challenger.isHidden ? position : *found;
-        return;
-    }
-    const DesktopEntry& holder = *m_entries.at(*found);
-    if (*found == position || rivals == Rivals::first) {
-        *found = holder.isHidden && !challenger.isHidden ? position : *found;
-    } else if (holder.isHidden != challenger.isHidden) {
-        *found = holder.isHidden ? position : *found;
-    } else if (rivals == Rivals::none) {
-        *found = similar(holder.id) == key ? *found : tied;
-    } else if (holder.takesArguments == challenger.takesArguments) {
-        *found = holder.takesArguments ? tiedWithArguments : tied;
-    } else {
-        *found = holder.takesArguments ? position : *found;
+    m_programs.add(entry.program, position);
+    if (const QString name = fileName(entry.program); name != entry.program) {
+        m_programs.add(name, position);
     }
 }
 
-const DesktopEntry* DesktopEntries::at(const Index& index, const QString& key) const
+template <typename IsMeant>
+DesktopEntries::Answers
+DesktopEntries::answers(const TextIndex& index, const QString& text, IsMeant isMeant) const
 {
-    const auto found = index.constFind(key);
-    return found == index.cend() || *found < 0 ? nullptr : m_entries.at(*found).get();
+    Answers all;
+    for (const TextIndex::Entry& candidate : index.candidates(text)) {
+        const DesktopEntry* entry = m_entries.at(candidate.position).get();
+        if (isMeant(*entry) && !all.contains(entry)) {
+            all.append(entry);
+        }
+    }
+    if (!std::ranges::all_of(all, &DesktopEntry::isHidden)) {
+        all.removeIf([](const DesktopEntry* entry) { return entry->isHidden; });
+    }
+    return all;
 }
 
 bool DesktopEntries::operator==(const DesktopEntries& other) const
@@ -129,33 +121,59 @@ bool DesktopEntries::operator==(const DesktopEntries& other) const
 
 const DesktopEntry* DesktopEntries::withPath(const QString& path) const
 {
-    return at(m_paths, path);
+    return firstOf(
+        answers(m_paths, path, [&](const DesktopEntry& entry) { return entry.path == path; }));
 }
 
 const DesktopEntry* DesktopEntries::withId(const QString& id) const
 {
-    return at(m_ids, id);
+    return firstOf(
+        answers(m_ids, similar(id), [&](const DesktopEntry& entry) { return entry.id == id; }));
 }
 
 const DesktopEntry* DesktopEntries::withSimilarId(const QString& id) const
 {
-    return at(m_similarIds, similar(id));
+    const QString wanted = similar(id);
+    const Answers found = answers(m_ids, wanted, [&](const DesktopEntry& entry) {
+        const QString own = similar(entry.id);
+        return own == wanted || endOf(own) == wanted;
+    });
+    // The whole of an ID is more than the end of another.
+    const bool isClear
+        = found.size() == 1 || (!found.isEmpty() && similar(found.first()->id) == wanted);
+    return isClear ? found.first() : nullptr;
 }
 
 const DesktopEntry* DesktopEntries::withStartupClass(const QString& startupClass) const
 {
-    return at(m_startupClasses, startupClass);
+    return firstOf(answers(m_classes, similar(startupClass), [&](const DesktopEntry& entry) {
+        return entry.startupClass == startupClass || entry.gameClass == startupClass;
+    }));
 }
 
 const DesktopEntry* DesktopEntries::withSimilarStartupClass(const QString& startupClass) const
 {
-    return at(m_similarClasses, similar(startupClass));
+    const QString wanted = similar(startupClass);
+    return firstOf(answers(m_classes, wanted, [&](const DesktopEntry& entry) {
+        return similar(entry.startupClass) == wanted || similar(entry.gameClass) == wanted;
+    }));
 }
 
 const DesktopEntry* DesktopEntries::withProgram(const QString& program) const
 {
-    const DesktopEntry* entry = at(m_programs, program);
-    return entry ? entry : at(m_programs, program.section(u'/', -1));
+    const DesktopEntry* entry = starting(program);
+    return entry ? entry : starting(fileName(program));
+}
+
+const DesktopEntry* DesktopEntries::starting(const QString& program) const
+{
+    Answers found = answers(m_programs, program, [&](const DesktopEntry& entry) {
+        return entry.program == program || fileName(entry.program) == program;
+    });
+    if (found.size() > 1) {
+        found.removeIf([](const DesktopEntry* entry) { return entry->takesArguments; });
+    }
+    return found.size() == 1 ? found.first() : nullptr;
 }
 
 } // namespace Tavik

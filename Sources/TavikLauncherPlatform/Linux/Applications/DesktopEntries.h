@@ -2,10 +2,11 @@
 #pragma once
 
 #include <TavikLauncherPlatform/Linux/Applications/DesktopEntry.h>
+#include <TavikLauncherPlatform/TextIndex.h>
 
-#include <QHash>
 #include <QList>
 #include <QString>
+#include <QVarLengthArray>
 
 namespace Tavik {
 
@@ -36,24 +37,21 @@ public:
     bool operator==(const DesktopEntries& other) const;
 
 private:
-    using Index = QHash<QString, qsizetype>;
-    /// Who gets a name that several entries answer to.
-    enum class Rivals {
-        first, ///< The first one.
-        none,
-        plainest, ///< The one that takes no arguments, if there is just one.
-    };
-    [[nodiscard]] const DesktopEntry* at(const Index& index, const QString& key) const;
-    void add(Index& index, const QString& key, qsizetype position, Rivals rivals);
+    using Answers = QVarLengthArray<const DesktopEntry*, 4>;
+    /// Those that `index` has for `text` and for which `isMeant` is true; hidden ones only where
+    /// there are no others.
+    template <typename IsMeant>
+    [[nodiscard]] Answers
+    answers(const TextIndex& index, const QString& text, IsMeant isMeant) const;
+    [[nodiscard]] const DesktopEntry* starting(const QString& program) const;
     void addNames(qsizetype position);
 
     QList<SharedDesktopEntry> m_entries;
-    Index m_paths;
-    Index m_ids;
-    Index m_similarIds; ///< Here and below, a negative one for a name that tells nothing.
-    Index m_startupClasses;
-    Index m_similarClasses;
-    Index m_programs; ///< By path and by file name.
+    // Of the entries that count.
+    TextIndex m_paths;
+    TextIndex m_ids; ///< By what they are similar to: first all whole ones, then their ends.
+    TextIndex m_classes; ///< By what they are similar to.
+    TextIndex m_programs; ///< By path and by file name.
 };
 
 } // namespace Tavik

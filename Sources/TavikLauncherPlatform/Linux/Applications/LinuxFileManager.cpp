@@ -165,7 +165,7 @@ void LinuxFileManager::enumerateFrom(const QString& path, const Visit& visit) co
 std::optional<Bundle> LinuxFileManager::bundle(const QString& path) const
 {
     std::optional<Bundle> bundle = contentOfBundle(path);
-    if (bundle) {
+    if (bundle && bundle->kind == Bundle::Kind::applicationFolder) {
         bundle->iconSource = path;
     }
     return bundle;
@@ -201,6 +201,7 @@ std::optional<Bundle> LinuxFileManager::contentOfBundle(const QString& path) con
         Bundle bundle = DesktopEntryFile::bundle(*image);
         bundle.kind = Bundle::Kind::image;
         bundle.executable = path;
+        bundle.iconSource = image->path;
         // That it may not be executed is said to who starts it.
         bundle.isHidden = false;
         bundle.lacksProgram = false;
@@ -211,7 +212,9 @@ std::optional<Bundle> LinuxFileManager::contentOfBundle(const QString& path) con
     if (!isThere) {
         return std::nullopt;
     }
-    Bundle bundle = DesktopEntryFile::bundle(*entry(path));
+    const SharedDesktopEntry known = entry(path);
+    Bundle bundle = DesktopEntryFile::bundle(*known);
+    bundle.iconSource = known->path;
     if (bundle.executable && !isInApplicationFolder(*bundle.executable)) {
         bundle.executable.reset();
     }

@@ -293,18 +293,25 @@ bool X11WindowServer::isOnCurrentDesktop(WId window) const
 void X11WindowServer::awaitWithdrawal()
 {
     // A window that is shown again at once would lose its marks to the window manager that still
-    // puts away the old ones (ICCCM, 4.1.4). One that has not heard yet of the last showing first
-    // takes the window, and then lets it go. Normally there is nothing to wait for.
-    const Clock::time_point begin = Clock::now();
-    bool isToBeTaken = begin - m_hiddenUnheardOf < longestWithdrawal;
-    while (Clock::now() - begin < longestWithdrawal) {
-        const bool isLetGo = isWithdrawn();
-        isToBeTaken = isToBeTaken && isLetGo;
-        if (isLetGo && !isToBeTaken) {
-            return;
-        }
+    // puts away the old ones (ICCCM, 4.1.4). One that had not heard of the last showing first takes
+    // the window, and has let it go when the mark of the last showing is gone (EWMH), which some
+    // leave there. Normally there is nothing to wait for.
+    const Clock::time_point end = Clock::now() + longestWithdrawal;
+    const Clock::time_point marksEnd
+        = std::exchange(m_hiddenUnheardOf, Clock::time_point()) + longestWithdrawal;
+    const auto isLetGo = [this, marksEnd] {
+        return isWithdrawn() && (Clock::now() >= marksEnd || !isMarked());
+    };
+    while (Clock::now() < end && !isLetGo()) {
         std::this_thread::sleep_for(withdrawalInterval);
     }
+}
+
+bool X11WindowServer::isMarked() const
+{
+    return !X11PropertyQuery(m_toolkit, m_panel, m_atoms[X11Atom::netWmDesktop])
+                .numbers()
+                .isEmpty();
 }
 
 bool X11WindowServer::isWithdrawn() const

@@ -71,6 +71,7 @@ private:
     void handle(const xcb_generic_event_t& event);
     void awaitWithdrawal();
     [[nodiscard]] bool isWithdrawn() const;
+    [[nodiscard]] bool isMarked() const;
     void pointerFound();
 
     xcb_connection_t* m_toolkit;

@@ -14,6 +14,8 @@ constexpr qsizetype longestLine = 1024;
 constexpr char terminator = '\n';
 constexpr qsizetype longestText = 65536;
 constexpr int patience = 5; // In seconds.
+/// Each sends its line at once; those that do not must not use up the files that may be open.
+constexpr std::size_t mostConnections = 64;
 
 std::optional<QString> socketPath()
 {
@@ -46,6 +48,9 @@ void InstanceSocket::close()
 void InstanceSocket::accept(FileDescriptor connection)
 {
     m_connections.remove_if([](const Connection& each) { return !each.socket.isOpen(); });
+    if (m_connections.size() == mostConnections) {
+        m_connections.pop_front();
+    }
     Connection& taken = m_connections.emplace_back(std::move(connection));
     taken.socket.onReceived = [this, &taken](const QByteArray& bytes) {
         taken.received += bytes;

@@ -6,6 +6,10 @@
 
 #include <Support/FileTree.h>
 #include <future>
+#include <utility>
+
+#include <sys/resource.h>
+#include <unistd.h>
 
 using namespace Tavik;
 using namespace Tavik::Test;
@@ -62,6 +66,23 @@ private Q_SLOTS:
         m_ends.front()->send(QByteArray(20'000'000, 'x'));
         QCOMPARE(m_ends.size(), 1U); // Not in the middle of the call.
         QTRY_VERIFY(m_ends.empty());
+    }
+
+    void whoeverComesWhileTooManyFilesAreOpenIsTakenLater()
+    {
+        const LocalSocket early(m_path);
+        rlimit limit{};
+        ::getrlimit(RLIMIT_NOFILE, &limit);
+        const rlim_t usual = std::exchange(limit.rlim_cur, FileDescriptor(::dup(0)).get());
+        ::setrlimit(RLIMIT_NOFILE, &limit);
+        QTest::qWait(50);
+        const bool isTaken = !m_ends.empty();
+        limit.rlim_cur = usual;
+        ::setrlimit(RLIMIT_NOFILE, &limit);
+        QVERIFY(early.isOpen() && !isTaken);
+        QTRY_COMPARE(m_ends.size(), 1U);
+        const LocalSocket late(m_path);
+        QTRY_COMPARE(m_ends.size(), 2U);
     }
 
     void aQuestionIsAnsweredOrItIsSaidWhyNot()

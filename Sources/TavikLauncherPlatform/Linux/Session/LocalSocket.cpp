@@ -2,9 +2,11 @@
 #include <TavikLauncherPlatform/Linux/Session/LocalSocket.h>
 
 #include <QFile>
+#include <QTimer>
 
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <iterator>
 #include <optional>
@@ -25,6 +27,7 @@ constexpr qsizetype pieceBytes = 64 * 1024;
 constexpr qsizetype mostWaiting = 16 * 1024 * 1024;
 constexpr int backlog = 50;
 constexpr int takingSeconds = 1;
+constexpr std::chrono::seconds pause{1};
 
 using Piece = std::array<char, pieceBytes>;
 
@@ -222,7 +225,9 @@ void LocalListener::accept()
     if (connection.isOpen()) {
         onConnection(std::move(connection));
     } else if (errno != EAGAIN && errno != EINTR && errno != ECONNABORTED) {
-        close(); // It would be told of again and again.
+        // Too many open files, most often. Until then it would be told of again and again.
+        m_readable->setEnabled(false);
+        QTimer::singleShot(pause, m_readable.get(), [this] { m_readable->setEnabled(true); });
     }
 }
 

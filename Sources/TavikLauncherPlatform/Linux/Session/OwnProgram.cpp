@@ -47,7 +47,7 @@ Surroundings Surroundings::ofProcess()
     return {.image = qEnvironmentVariable("APPIMAGE"),
             .mountPoint = qEnvironmentVariable("APPDIR"),
             .program = QCoreApplication::applicationFilePath(),
-            .searchPath = qEnvironmentVariable("PATH")};
+            .searchPath = u"/usr/local/bin:/usr/bin:/bin"_s};
 }
 
 QString image(const Surroundings& surroundings)

@@ -16,7 +16,9 @@ struct Surroundings
     QString image; ///< The variable APPIMAGE.
     QString mountPoint; ///< The variable APPDIR.
     QString program; ///< Where this program's file is.
-    QString searchPath{}; ///< The variable PATH.
+    /// As in the variable PATH: where each session looks for programs. A terminal may look in more
+    /// folders than the desktop that reads a pasted line.
+    QString searchPath{};
 
     /// Of this process.
     [[nodiscard]] static Surroundings ofProcess();

@@ -20,13 +20,11 @@ namespace {
 
 constexpr int iconSide = 256;
 
-/// What a dialog says is read out when it opens. A window to work in is too long for that.
 QAccessibleInterface* makeDialogInterface(const QString&, QObject* object)
 {
     auto* window = qobject_cast<AuxiliaryWindow*>(object);
-    return window && !window->windowFlags().testFlag(Qt::WindowMinimizeButtonHint)
-        ? new QAccessibleWidget(window, QAccessible::Dialog)
-        : nullptr;
+    return window && window->isDialog() ? new QAccessibleWidget(window, QAccessible::Dialog)
+                                        : nullptr;
 }
 
 } // namespace
@@ -36,6 +34,7 @@ AuxiliaryWindow::AuxiliaryWindow(WindowServer& windowServer,
                                  QWidget* content)
     : m_windowServer(windowServer)
     , m_skipsTaskbar(options.skipsTaskbar)
+    , m_isDialog(options.isDialog)
     , m_heldKeys(*this)
 {
     QAccessible::installFactory(makeDialogInterface); // Which is done once.

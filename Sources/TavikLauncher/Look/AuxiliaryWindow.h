@@ -32,6 +32,8 @@ public:
         QSize size;
         QSize smallestSize; ///< Makes the window resizable and lets it be minimised.
         bool skipsTaskbar = false;
+        /// What it says is read out when it opens. A window to work in is too long for that.
+        bool isDialog = true;
     };
 
     /// Takes `content`.
@@ -44,6 +46,7 @@ public:
     /// Shows the window, if it is not yet shown, and leaves the keyboard where it is.
     void appear();
     void setSkipsTaskbar(bool skips);
+    [[nodiscard]] bool isDialog() const { return m_isDialog; }
 
     std::function<void()> onClose;
     /// Called when the window has been moved, resized, minimised or brought back.
@@ -65,6 +68,7 @@ private:
 
     WindowServer& m_windowServer;
     bool m_skipsTaskbar;
+    bool m_isDialog;
     QPointer<AuxiliaryWindow> m_openedFrom; ///< Where the user was when this came to the front.
     QPalette m_look; ///< What is shown now.
     QRect m_centeredIn; ///< Until the frame is known; empty otherwise.

@@ -236,7 +236,8 @@ AuxiliaryWindowPointer AuxiliaryWindows::makeSettingsWindow()
     view->setMinimumSize(smallest);
     AuxiliaryWindowPointer made = makeWindow({.title = Texts::tr("Tavik Launcher Settings"),
                                               .size = LauncherSettingsView::preferredSize,
-                                              .smallestSize = smallest},
+                                              .smallestSize = smallest,
+                                              .isDialog = false},
                                              view,
                                              m_actions.hideLauncher);
     made->onPlaceChanged = [this] {

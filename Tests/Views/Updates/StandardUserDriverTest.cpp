@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "UpdatesFixture.h"
 
+#include <QAccessible>
+
 using namespace Tavik;
 using namespace Tavik::Test;
 using namespace Qt::StringLiterals;
@@ -24,6 +26,9 @@ private Q_SLOTS:
             fixture.driver.showUserInitiatedUpdateCheck([&] { ++answers; });
             QVERIFY(leaves(u"Cancel"_s));
             fixture.find();
+            const QAccessibleInterface* window
+                = QAccessible::queryAccessibleInterface(fixture.window());
+            QCOMPARE(window->role(), QAccessible::Dialog); // It is read out.
             fixture.leave(way == u"button"_s ? u"Remind Me Later"_s : way);
             QCOMPARE(fixture.replies, QList{UpdateChoice::remindLater});
             fixture.driver.showDownloadInitiated([&] { ++answers; });

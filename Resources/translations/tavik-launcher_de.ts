@@ -187,8 +187,12 @@
         <translation>Es gibt kein Update zu installieren.</translation>
     </message>
     <message>
-        <source>%1 cannot be had: another application may use it, or the keyboard has changed. Choose another shortcut in the settings.</source>
-        <translation>%1 ist nicht zu haben: Eine andere Anwendung benutzt es vielleicht, oder die Tastatur hat sich geändert. Wählen Sie in den Einstellungen ein anderes Tastenkürzel.</translation>
+        <source>%1 cannot be had.</source>
+        <translation>%1 ist nicht zu haben.</translation>
+    </message>
+    <message>
+        <source>Another application may use it, or the keyboard has changed. Choose another shortcut in the settings.</source>
+        <translation>Eine andere Anwendung benutzt das Tastenkürzel vielleicht, oder die Tastatur hat sich geändert. Wählen Sie in den Einstellungen ein anderes.</translation>
     </message>
     <message>
         <source>A shortcut needs at least one modifier key.</source>

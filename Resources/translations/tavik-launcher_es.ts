@@ -187,8 +187,12 @@
         <translation>No hay ninguna actualización que instalar.</translation>
     </message>
     <message>
-        <source>%1 cannot be had: another application may use it, or the keyboard has changed. Choose another shortcut in the settings.</source>
-        <translation>%1 no está disponible: quizá la use otra aplicación, o ha cambiado el teclado. Elija otro atajo en los ajustes.</translation>
+        <source>%1 cannot be had.</source>
+        <translation>%1 no está disponible.</translation>
+    </message>
+    <message>
+        <source>Another application may use it, or the keyboard has changed. Choose another shortcut in the settings.</source>
+        <translation>Quizá lo use otra aplicación, o ha cambiado el teclado. Elija otro atajo en los ajustes.</translation>
     </message>
     <message>
         <source>A shortcut needs at least one modifier key.</source>

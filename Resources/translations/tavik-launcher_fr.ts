@@ -187,8 +187,12 @@
         <translation>Il n’y a aucune mise à jour à installer.</translation>
     </message>
     <message>
-        <source>%1 cannot be had: another application may use it, or the keyboard has changed. Choose another shortcut in the settings.</source>
-        <translation>%1 n’est pas disponible : une autre application l’utilise peut-être, ou le clavier a changé. Choisissez un autre raccourci dans les réglages.</translation>
+        <source>%1 cannot be had.</source>
+        <translation>%1 n’est pas disponible.</translation>
+    </message>
+    <message>
+        <source>Another application may use it, or the keyboard has changed. Choose another shortcut in the settings.</source>
+        <translation>Une autre application l’utilise peut-être, ou le clavier a changé. Choisissez un autre raccourci dans les réglages.</translation>
     </message>
     <message>
         <source>A shortcut needs at least one modifier key.</source>

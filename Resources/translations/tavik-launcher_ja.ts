@@ -186,8 +186,12 @@
         <translation>インストールするアップデートはありません。</translation>
     </message>
     <message>
-        <source>%1 cannot be had: another application may use it, or the keyboard has changed. Choose another shortcut in the settings.</source>
-        <translation>%1 は使えません。ほかのアプリが使っているか、キーボードが変わりました。設定で別のショートカットを選んでください。</translation>
+        <source>%1 cannot be had.</source>
+        <translation>%1 は使えません。</translation>
+    </message>
+    <message>
+        <source>Another application may use it, or the keyboard has changed. Choose another shortcut in the settings.</source>
+        <translation>ほかのアプリが使っているか、キーボードが変わりました。設定で別のショートカットを選んでください。</translation>
     </message>
     <message>
         <source>A shortcut needs at least one modifier key.</source>

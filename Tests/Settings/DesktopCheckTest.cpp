@@ -19,9 +19,9 @@ private Q_SLOTS:
     {
         // What a terminal is told that something is wrong, and what the button says.
         const Table<Facts, QString, QString> row;
-        const QString taken = u"Trigger: W. Keys cannot be had"_s;
+        const QString taken = u"Trigger: W. Ctrl + Alt cannot be had."_s;
         const QString choose = u"Choose Shortcut"_s;
-        const HotKeyConfig chord{.displayName = u"Keys"_s};
+        const HotKeyConfig chord = HotKeyConfig::defaultConfig();
         const HotKeyConfig key{.keyCode = 49, .displayName = u"Keys"_s};
         const Means lacking{.way = u"W."_s, .lack = u"L."_s};
         const Means way{.way = u"W."_s};

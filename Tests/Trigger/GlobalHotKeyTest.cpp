@@ -440,10 +440,10 @@ private Q_SLOTS:
         keys.hotKeyError = 10;
         QVERIFY(!GlobalHotKey::refusal(keys, HotKeyConfig::defaultConfig()));
         QCOMPARE(GlobalHotKey::refusal(keys, keyed()),
-                 u"⌃⌥Space is already used by another application."_s);
+                 u"Ctrl + Alt + Space is already used by another application."_s);
         keys.hearsOfChords = false;
         const auto reason = GlobalHotKey::refusal(keys, HotKeyConfig::defaultConfig());
-        QVERIFY(reason && reason->contains(u"⌃⌥Space"));
+        QVERIFY(reason && reason->contains(u"Ctrl + Alt + Space"));
         QVERIFY(keys.requests.isEmpty());
     }
 };

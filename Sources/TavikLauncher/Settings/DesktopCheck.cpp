@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Settings/DesktopCheck.h>
+#include <TavikLauncher/Settings/ShortcutWords.h>
 #include <TavikLauncherPlatform/Texts.h>
 
 #include <QStringList>
@@ -37,9 +38,7 @@ Finding triggerFinding(const Facts& facts)
         finding.advice = obstacle.limit;
         finding.repair = Repair::setUpTrigger;
     } else if (isRefused) {
-        finding.advice = Texts::tr("%1 cannot be had: another application may use it, or the "
-                                   "keyboard has changed. Choose another shortcut in the settings.")
-                             .arg(facts.shortcut.displayName);
+        finding.advice = sentences({ShortcutWords::lost(facts.shortcut), ShortcutWords::whyLost()});
         finding.repair = Repair::chooseShortcut;
     } else if (isMissing) {
         finding.advice = sentences({obstacle.limit, obstacle.remedy});
@@ -59,7 +58,7 @@ Finding releaseFinding(const Facts& facts)
     }
     return {.name = name,
             .mechanism = Texts::tr("Not needed: %1 is pressed once to open and once to close.")
-                             .arg(facts.shortcut.displayName)};
+                             .arg(ShortcutWords::keys(facts.shortcut))};
 }
 
 Finding trayFinding(const Facts& facts)

@@ -107,6 +107,11 @@ QStringList keycaps(const HotKeyConfig& config)
     return keyNames(config).replaceInStrings(Texts::tr("Control"), Texts::tr("Ctrl"));
 }
 
+QString keys(const HotKeyConfig& config)
+{
+    return keycaps(config).join(u" + "_s);
+}
+
 QString description(const HotKeyConfig& config)
 {
     return (config.isModifierOnly() ? Texts::tr("Hold %1 to show the ring, let go to dismiss it")
@@ -149,6 +154,17 @@ QString coexistence(const HotKeyConfig& config)
             .arg(spoken(config));
     }
     return Texts::tr("Shortcuts that the desktop or another program has taken stay theirs.");
+}
+
+QString lost(const HotKeyConfig& config)
+{
+    return Texts::tr("%1 cannot be had.").arg(keys(config));
+}
+
+QString whyLost()
+{
+    return Texts::tr("Another application may use it, or the keyboard has changed. Choose another "
+                     "shortcut in the settings.");
 }
 
 QString levelRefusal()

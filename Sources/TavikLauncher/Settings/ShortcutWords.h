@@ -16,6 +16,8 @@ namespace ShortcutWords {
 /// The keys as they are printed on a keyboard, one for each: "Ctrl", "Alt". A shortcut that
 /// somebody has named is one key of that name.
 [[nodiscard]] QStringList keycaps(const HotKeyConfig& config);
+/// The same in one line, as in "Ctrl + Alt + Space".
+[[nodiscard]] QString keys(const HotKeyConfig& config);
 /// What it does, in the words of a keyboard, for those to whom its glyphs say nothing.
 [[nodiscard]] QString description(const HotKeyConfig& config);
 /// What the user loses by it, as programs everywhere use it themselves or it types something;
@@ -23,6 +25,9 @@ namespace ShortcutWords {
 [[nodiscard]] std::optional<QString> warning(const HotKeyConfig& config);
 /// How it gets along with the shortcuts that the desktop and other programs have asked for.
 [[nodiscard]] QString coexistence(const HotKeyConfig& config);
+/// That it cannot be had, and what may be the reason: two sentences apart.
+[[nodiscard]] QString lost(const HotKeyConfig& config);
+[[nodiscard]] QString whyLost();
 /// Why a gesture with AltGr becomes no shortcut.
 [[nodiscard]] QString levelRefusal();
 

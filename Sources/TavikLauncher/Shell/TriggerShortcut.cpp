@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Settings/LauncherSettings.h>
+#include <TavikLauncher/Settings/ShortcutWords.h>
 #include <TavikLauncher/Shell/ScreenGuard.h>
 #include <TavikLauncher/Shell/TriggerShortcut.h>
 #include <TavikLauncher/Trigger/GlobalHotKey.h>
-#include <TavikLauncherPlatform/Texts.h>
 
 #include <utility>
 
@@ -99,10 +99,8 @@ std::unique_ptr<GlobalHotKey> TriggerShortcut::makeHotKey()
     hotKey->onLetGo = [this] {
         m_gestures.letGo();
     };
-    hotKey->onHotKeyLost = [this, name = config.displayName](int) {
-        m_actions.tell(Texts::tr("%1 cannot be had: another application may use it, or the "
-                                 "keyboard has changed. Choose another shortcut in the settings.")
-                           .arg(name));
+    hotKey->onHotKeyLost = [this, lost = ShortcutWords::lost(config)](int) {
+        m_actions.tell(lost + u' ' + ShortcutWords::whyLost());
     };
     hotKey->onAccessibilityRevoked = m_actions.checkAccessibilityPermission;
     return hotKey;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncher/Settings/ShortcutWords.h>
 #include <TavikLauncher/Trigger/GlobalHotKey.h>
 #include <TavikLauncherPlatform/AccessibilityPermission.h>
 #include <TavikLauncherPlatform/Texts.h>
@@ -72,15 +73,17 @@ std::optional<QString> GlobalHotKey::refusal(KeyEvents& keyEvents, const HotKeyC
         return Texts::tr("A shortcut needs at least one modifier key.");
     }
     if (!keyEvents.hasKeys(modifiers, config.keyCode)) {
-        return Texts::tr("This keyboard does not have all the keys of %1.").arg(config.displayName);
+        return Texts::tr("This keyboard does not have all the keys of %1.")
+            .arg(ShortcutWords::keys(config));
     }
     if (!config.keyCode && !keyEvents.hearsChords()) {
         return Texts::
             tr("This desktop gives programs no shortcut of modifiers alone. Add a key: %1, say.")
-                .arg(config.withSpace().displayName);
+                .arg(ShortcutWords::keys(config.withSpace()));
     }
     if (config.keyCode && keyEvents.hotKeyStatus(hotKeyOf(config)) != 0) {
-        return Texts::tr("%1 is already used by another application.").arg(config.displayName);
+        return Texts::tr("%1 is already used by another application.")
+            .arg(ShortcutWords::keys(config));
     }
     return std::nullopt;
 }

@@ -132,7 +132,7 @@ private Q_SLOTS:
         QTest::keyClick(&field, Qt::Key_Space, Qt::ControlModifier);
         QCOMPARE(field.text(), u"⌃⌥ (hold)"_s);
         QCOMPARE(fixture.message(u"shortcutMessage"_s),
-                 u"⌃Space cannot be used. Another program uses it."_s);
+                 u"Ctrl + Space cannot be used. Another program uses it."_s);
         QVERIFY(fixture.changed.isEmpty());
         field.click();
         QCOMPARE(fixture.message(u"shortcutMessage"_s), QString());

@@ -69,12 +69,10 @@ public:
         auto* reset = new Button(Texts::tr("Use Default Shortcut"));
         reset->setObjectName(u"defaultShortcut"_s);
         addWidget(reset, Qt::AlignRight);
-        describe(
-            *reset,
-            {.title = reset->text(),
-             .tooltip
-             = Texts::tr("Go back to %1.")
-                   .arg(ShortcutWords::keycaps(HotKeyConfig::defaultConfig()).join(u" + "_s))});
+        describe(*reset,
+                 {.title = reset->text(),
+                  .tooltip = Texts::tr("Go back to %1.")
+                                 .arg(ShortcutWords::keys(HotKeyConfig::defaultConfig()))});
 
         connect(m_field, &QAbstractButton::clicked, this, [this] { toggleRecording(); });
         connect(reset, &QAbstractButton::clicked, this, [this] {
@@ -152,8 +150,9 @@ private:
         forgetOutcome();
         const auto& tryShortcut = dependencies().tryShortcut;
         if (const auto reason = tryShortcut ? tryShortcut(config) : std::nullopt) {
-            m_message->say(OutcomeMessage::Kind::warning,
-                           Texts::tr("%1 cannot be used. %2").arg(config.displayName, *reason));
+            m_message->say(
+                OutcomeMessage::Kind::warning,
+                Texts::tr("%1 cannot be used. %2").arg(ShortcutWords::keys(config), *reason));
         } else if (const auto warning = ShortcutWords::warning(config); warning && !isInsistedOn) {
             m_message->say(OutcomeMessage::Kind::warning, *warning);
             m_doubtful = config;
@@ -172,7 +171,7 @@ private:
         m_row->setHelp(ShortcutWords::description(config));
         const QStringList keys = ShortcutWords::keycaps(config);
         // In words: not every voice knows the signs of the keys.
-        tell(isRecording ? m_field->text() : keys.join(u" + "_s));
+        tell(isRecording ? m_field->text() : ShortcutWords::keys(config));
         m_keys->setKeys(keys);
         constexpr qsizetype mostKeyText = 24; // A shortcut may have been given any name.
         m_keys->setVisible(!isRecording && keys.join(QString()).size() <= mostKeyText);

@@ -7,18 +7,31 @@
 
 namespace Tavik {
 
+/// What a notice says, and what follows when the user chooses it.
+struct Notice
+{
+    QString title; ///< One line.
+    QString text{}; ///< May be empty. Some desktops read markup in it, so it has no marks of that.
+    std::function<void()> chosen{};
+};
+
 /// The desktop's own notices to the user, which it shows in a corner of the screen and may keep in
-/// a list. One of ours at a time. Main thread only.
+/// a list. One of ours at a time for each subject. Main thread only.
 class Notices
 {
 public:
+    enum class Subject {
+        update,
+        shortcut
+    };
+
     virtual ~Notices() = default;
 
-    /// Shows `text`, in one line, in the place of what was shown before. `chosen` is called when
-    /// the user chooses the notice. Where the desktop shows none, the log says so.
-    virtual void show(const QString& text, std::function<void()> chosen) = 0;
-    /// Takes down what is shown.
-    virtual void withdraw() = 0;
+    /// Shows `notice` in the place of the one that there was about `subject`. Where the desktop
+    /// shows none, the log says so.
+    virtual void show(Subject subject, const Notice& notice) = 0;
+    /// Takes down what is shown about `subject`.
+    virtual void withdraw(Subject subject) = 0;
 };
 
 } // namespace Tavik

@@ -2,6 +2,7 @@
 """The wheel in the desktop's tray and its menu, as panels see them, and a desktop without any."""
 import pytest
 
+from harness import services
 from harness.notifier_host import NotifierHost
 from harness.waiting import stays, wait_front, wait_until
 
@@ -136,3 +137,14 @@ def test_without_a_tray_the_settings_offer_themselves_once_per_login_to_who_star
     starts(by_hand=False, shows_settings=False)
     starts(by_hand=True, shows_settings=True)
     starts(by_hand=True, shows_settings=False)
+
+
+def test_without_a_tray_a_notice_tells_of_a_lost_shortcut_and_opens_the_settings(launcher, desktop, display):
+    notices = services.notifications(desktop)
+    launcher.start()
+    desktop.run(["xmodmap", "-e", "clear mod1"])  # Now no key is Alt.
+    *_, title, _text, _actions, _hints, _patience = notices.wait_called()
+    assert title == f"{launcher.hot_key} cannot be had."
+    interface = "org.freedesktop.Notifications"
+    notices.signal("/org/freedesktop/Notifications", interface, "ActionInvoked", "(us)", 1, "default")
+    wait_front(display, SETTINGS)

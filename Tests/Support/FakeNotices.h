@@ -3,23 +3,18 @@
 
 #include <TavikLauncherPlatform/Notices.h>
 
-#include <utility>
+#include <map>
 
 namespace Tavik::Test {
 
-/// A desktop whose one notice is at hand.
+/// A desktop whose notices are at hand.
 class FakeNotices : public Notices
 {
 public:
-    void show(const QString& shown, std::function<void()> choice) override
-    {
-        text = shown;
-        chosen = std::move(choice);
-    }
-    void withdraw() override { show({}, {}); }
+    void show(Subject subject, const Notice& notice) override { shown[subject] = notice; }
+    void withdraw(Subject subject) override { shown.erase(subject); }
 
-    QString text; ///< Empty for none.
-    std::function<void()> chosen;
+    std::map<Subject, Notice> shown;
 };
 
 } // namespace Tavik::Test

@@ -111,7 +111,8 @@ TriggerShortcut::Actions AppDelegate::triggerActions()
         .pin = [this] { pinPanel(); },
     };
     return {.panel = panel,
-            .tell = [this](const QString& text) { m_statusItem->tell(text); },
+            .tell = [this](const QString& title,
+                           const QString& text) { m_statusItem->tell(title, text); },
             .checkAccessibilityPermission =
                 [this] {
                     m_windows.checkAccessibilityPermission();

@@ -100,7 +100,7 @@ std::unique_ptr<GlobalHotKey> TriggerShortcut::makeHotKey()
         m_gestures.letGo();
     };
     hotKey->onHotKeyLost = [this, lost = ShortcutWords::lost(config)](int) {
-        m_actions.tell(lost + u' ' + ShortcutWords::whyLost());
+        m_actions.tell(lost, ShortcutWords::whyLost());
     };
     hotKey->onAccessibilityRevoked = m_actions.checkAccessibilityPermission;
     return hotKey;

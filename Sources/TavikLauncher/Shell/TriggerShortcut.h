@@ -34,7 +34,7 @@ public:
     {
         TriggerGestures::Panel panel;
         /// Something to be read although no window of ours is open.
-        std::function<void(const QString& text)> tell;
+        std::function<void(const QString& title, const QString& text)> tell;
         std::function<void()> checkAccessibilityPermission;
     };
 

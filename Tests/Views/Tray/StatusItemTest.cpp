@@ -22,15 +22,27 @@ struct StatusItemFixture
     VirtualMainQueue mainQueue;
     FakeStatusTray tray;
     FakeNotices notices;
-    int checks = 0;
-    StatusItem item{{tray, notices, mainQueue}, {.checkForUpdates = [this] {
-                        ++checks;
-                    }}};
+    QString chosen;
+    StatusItem item{{tray, notices, mainQueue},
+                    {.showSettings = [this] { chosen += u's'; },
+                     .checkForUpdates =
+                         [this] {
+                             chosen += u'c';
+                         }}};
 
     [[nodiscard]] QColor wheelColor() const
     {
         // The lowest dot, which no badge covers.
         return item.icon().pixmap(100, 100).toImage().pixelColor(50, 86);
+    }
+    /// The titles of the notices.
+    [[nodiscard]] QStringList noticed() const
+    {
+        QStringList titles;
+        for (const auto& [subject, notice] : notices.shown) {
+            titles << notice.title;
+        }
+        return titles;
     }
 };
 
@@ -61,21 +73,39 @@ private Q_SLOTS:
         }
     }
 
-    void withoutATrayANoticeTellsOfAnUpdate()
+    void whatNoTrayTellsANoticeTells()
     {
         StatusItemFixture fixture;
+        const QStringList reminder{u"Update to 2_1& Available…"_s};
         fixture.item.showUpdateReminder(u"2_1&"_s);
-        QCOMPARE(fixture.notices.text, u"Update to 2_1& Available…"_s);
-        fixture.notices.chosen();
-        QCOMPARE(fixture.checks, 1);
+        QCOMPARE(fixture.noticed(), reminder);
         fixture.item.clearUpdateReminder();
-        QCOMPARE(fixture.notices.text, QString());
-        fixture.item.showUpdateReminder(u"2.1"_s);
-        QCOMPARE(fixture.notices.text, u"Update to 2.1 Available…"_s);
+        QCOMPARE(fixture.noticed(), QStringList());
+        fixture.item.showUpdateReminder(u"2_1&"_s);
+        fixture.item.tell(u"lost"_s, u"why"_s);
+        QCOMPARE(fixture.noticed(), reminder + QStringList{u"lost"_s});
+        for (const auto& [subject, notice] : fixture.notices.shown) {
+            notice.chosen();
+        }
+        QCOMPARE(fixture.chosen, u"cs"_s);
+
         fixture.tray.become(Host::notifier);
-        QCOMPARE(fixture.notices.text, QString());
-        fixture.item.showUpdateReminder(u"2.1"_s);
-        QCOMPARE(fixture.notices.text, QString());
+        QCOMPARE(fixture.noticed(), QStringList{u"lost"_s}); // It is told once only.
+        fixture.notices.shown.clear();
+        fixture.item.showUpdateReminder(u"2_1&"_s);
+        fixture.item.tell(u"lost"_s, u"why"_s);
+        QCOMPARE(fixture.noticed(), QStringList());
+        fixture.tray.become(Host::none); // The panel is started anew.
+        fixture.mainQueue.advance(5);
+        QCOMPARE(fixture.noticed(), QStringList());
+        fixture.tray.become(Host::notifier);
+        fixture.mainQueue.advance(60);
+        QCOMPARE(fixture.noticed(), QStringList());
+        fixture.tray.become(Host::none);
+        fixture.mainQueue.advance(11);
+        QCOMPARE(fixture.noticed(), reminder);
+        fixture.tray.become(Host::notifier);
+        QCOMPARE(fixture.noticed(), QStringList());
     }
 
     void theIconAppearsWithTheTray_data()

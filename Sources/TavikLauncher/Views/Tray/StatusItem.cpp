@@ -34,6 +34,11 @@ QString checkForUpdatesTitle()
     return Texts::tr("Check for Updates…");
 }
 
+QString reminderTitle(const QString& version)
+{
+    return Texts::tr("Update to %1 Available…").arg(version);
+}
+
 /// A title whose marks of mnemonics are meant as they stand.
 QString withoutMnemonics(QString text)
 {
@@ -101,12 +106,9 @@ QAction* StatusItem::addItem(const QString& title, const std::function<void()>& 
 void StatusItem::showUpdateReminder(const QString& version)
 {
     m_updateVersion = version;
-    const QString title = Texts::tr("Update to %1 Available…").arg(version);
-    m_updateItem->setText(withoutMnemonics(title));
+    m_updateItem->setText(withoutMnemonics(reminderTitle(version)));
     refreshIcon();
-    if (!m_icon) {
-        m_dependencies.notices.show(title, m_actions.checkForUpdates);
-    }
+    refreshNotice();
 }
 
 void StatusItem::clearUpdateReminder()
@@ -114,13 +116,34 @@ void StatusItem::clearUpdateReminder()
     m_updateVersion.reset();
     m_updateItem->setText(checkForUpdatesTitle());
     refreshIcon();
-    m_dependencies.notices.withdraw();
+    refreshNotice();
 }
 
-void StatusItem::tell(const QString& message)
+void StatusItem::refreshNotice()
 {
-    if (m_icon) {
-        m_icon->showMessage(u"Tavik Launcher"_s, message, m_icon->icon());
+    using enum Notices::Subject;
+    if (m_updateVersion && !isSeen()) {
+        m_dependencies.notices.show(
+            update,
+            {.title = reminderTitle(*m_updateVersion), .chosen = m_actions.checkForUpdates});
+    } else {
+        m_dependencies.notices.withdraw(update);
+    }
+}
+
+bool StatusItem::isSeen() const
+{
+    return m_icon && m_dependencies.tray.host() != StatusTray::Host::none;
+}
+
+void StatusItem::tell(const QString& title, const QString& text)
+{
+    if (isSeen()) {
+        m_icon->showMessage(title, text, m_icon->icon());
+    } else {
+        m_dependencies.notices.show(
+            Notices::Subject::shortcut,
+            {.title = title, .text = text, .chosen = m_actions.showSettings});
     }
 }
 
@@ -161,9 +184,17 @@ void StatusItem::trayChanged()
     const StatusTray::Host host = m_dependencies.tray.host();
     if (host != StatusTray::Host::none) {
         m_reportMissingTray.cancel();
+        m_missTray.cancel();
     }
     if (m_icon) {
         refreshIcon();
+        if (isSeen()) {
+            refreshNotice();
+        } else if (!m_missTray.isActive()) {
+            // A panel that is started anew is back before that.
+            m_missTray
+                = m_dependencies.mainQueue.after(missingTraySeconds, [this] { refreshNotice(); });
+        }
         return;
     }
     // The toolkit settles once, at its first status item, which kind of tray it will ever use.
@@ -185,8 +216,8 @@ void StatusItem::install()
     connect(m_icon.get(), &QSystemTrayIcon::activated, this, &StatusItem::activated);
     refreshIcon();
     m_icon->show();
-    // What it stood for is told here from now on: at a login the tray may come late.
-    m_dependencies.notices.withdraw();
+    // What a notice stood for is told here from now on: at a login the tray may come late.
+    refreshNotice();
 }
 
 void StatusItem::refreshIcon()

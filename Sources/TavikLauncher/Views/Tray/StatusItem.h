@@ -47,13 +47,13 @@ public:
     StatusItem(const Dependencies& dependencies, Actions actions);
     ~StatusItem() override;
 
-    /// Says in the icon and in the menu that this version can be had; where there is no item, by a
-    /// notice of the desktop's.
+    /// Says in the icon and in the menu that this version can be had; while there is no item to be
+    /// seen, by a notice of the desktop's.
     void showUpdateReminder(const QString& version);
     void clearUpdateReminder();
-    /// Tells the user something that nobody has asked for, beside the status item; nothing where
-    /// there is none.
-    void tell(const QString& message);
+    /// Tells the user something about the shortcut that nobody has asked for: beside the status
+    /// item, or by a notice of the desktop's, which opens the settings.
+    void tell(const QString& title, const QString& text);
     /// Makes the menu's key equivalents work while `window` has the keyboard.
     void addKeyEquivalents(QWidget& window);
     /// Only the one that opens the settings, for a window in which keys are typed in haste.
@@ -75,6 +75,8 @@ private:
     QAction* addItem(const QString& title, const std::function<void()>& action);
     void trayChanged();
     void install();
+    [[nodiscard]] bool isSeen() const;
+    void refreshNotice();
     void refreshIcon();
     void drawIcon();
     void lookAtPanel();
@@ -92,6 +94,7 @@ private:
     Task m_waitForNotifier;
     Task m_lookAtPanel;
     Task m_reportMissingTray;
+    Task m_missTray;
 };
 
 } // namespace Tavik

@@ -35,22 +35,22 @@ SessionNotices::SessionNotices(WorkQueue& workQueue)
 
 SessionNotices::~SessionNotices()
 {
-    close(); // Nobody would be there to answer.
+    for (auto& [subject, place] : m_places) {
+        close(place); // Nobody would be there to answer.
+    }
 }
 
-void SessionNotices::show(const QString& text, std::function<void()> chosen)
+void SessionNotices::show(Subject subject, const Notice& notice)
 {
-    m_text = text;
-    m_chosen = std::move(chosen);
+    Place& place = m_places[subject];
+    place.wanted = notice;
     if (m_bus) {
-        send();
+        send(place);
         return;
     }
-    SessionBus::open(m_workQueue, this, [this](const QDBusConnection& bus) {
+    SessionBus::open(m_workQueue, this, [this, &place](const QDBusConnection& bus) {
         listen(bus);
-        if (!m_text.isEmpty()) {
-            send();
-        }
+        send(place);
     });
 }
 
@@ -75,45 +75,56 @@ void SessionNotices::listen(const QDBusConnection& bus)
                    SLOT(notificationClosed(uint, uint)));
 }
 
-void SessionNotices::send()
+void SessionNotices::send(Place& place)
 {
+    // Only the number in the answer lets another notice take its place.
+    if (place.isAwaited || !place.wanted) {
+        return;
+    }
+    const QString title = place.wanted->title;
+    const QString text = place.wanted->text;
     QDBusMessage message
         = QDBusMessage::createMethodCall(service, path, interfaceName, u"Notify"_s);
-    // The text is the summary, because a body may be read as markup.
     message.setArguments({u"Tavik Launcher"_s,
-                          m_shown,
+                          place.shown,
                           applicationId,
-                          m_text,
-                          QString(),
-                          QStringList{defaultAction, m_text},
+                          title,
+                          text,
+                          QStringList{defaultAction, title},
                           QVariantMap{{u"desktop-entry"_s, applicationId}},
                           asLongAsUsual});
+    place.isAwaited = true;
     auto* watcher = new QDBusPendingCallWatcher(m_bus->asyncCall(message), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [=, this, &place] {
         watcher->deleteLater();
         const QDBusPendingReply<uint> reply = *watcher;
+        place.isAwaited = false;
         if (reply.isError()) {
             qCWarning(
                 log, "The desktop shows no notices: %ls", qUtf16Printable(reply.error().message()));
-            return;
+        } else {
+            place.shown = reply.value();
         }
-        m_shown = reply.value();
-        if (m_text.isEmpty()) {
-            close();
+        if (!place.wanted) {
+            close(place);
+        } else if (place.wanted->title != title || place.wanted->text != text) {
+            send(place);
         }
     });
 }
 
-void SessionNotices::withdraw()
+void SessionNotices::withdraw(Subject subject)
 {
-    m_text.clear();
-    m_chosen = {};
-    close();
+    Place& place = m_places[subject];
+    place.wanted.reset();
+    if (!place.isAwaited) {
+        close(place);
+    }
 }
 
-void SessionNotices::close()
+void SessionNotices::close(Place& place)
 {
-    if (const uint shown = std::exchange(m_shown, 0); shown != 0) {
+    if (const uint shown = std::exchange(place.shown, 0); shown != 0) {
         QDBusMessage message
             = QDBusMessage::createMethodCall(service, path, interfaceName, u"CloseNotification"_s);
         message.setArguments({shown});
@@ -123,18 +134,23 @@ void SessionNotices::close()
 
 void SessionNotices::actionInvoked(uint id, const QString& action)
 {
-    if (id != 0 && id == m_shown && action == defaultAction) {
-        // Copied, because whoever is told may withdraw the notice.
-        if (const auto chosen = m_chosen) {
-            chosen();
+    for (const auto& [subject, place] : m_places) {
+        if (id != 0 && id == place.shown && action == defaultAction && place.wanted) {
+            // Copied, because whoever is told may withdraw the notice.
+            if (const auto chosen = place.wanted->chosen) {
+                chosen();
+            }
+            return;
         }
     }
 }
 
 void SessionNotices::notificationClosed(uint id, uint)
 {
-    if (id == m_shown) {
-        m_shown = 0;
+    for (auto& [subject, place] : m_places) {
+        if (id == place.shown) {
+            place.shown = 0;
+        }
     }
 }
 

@@ -6,6 +6,7 @@
 #include <QDBusConnection>
 #include <QObject>
 
+#include <map>
 #include <optional>
 
 namespace Tavik {
@@ -21,23 +22,28 @@ public:
     explicit SessionNotices(WorkQueue& workQueue);
     ~SessionNotices() override;
 
-    void show(const QString& text, std::function<void()> chosen) override;
-    void withdraw() override;
+    void show(Subject subject, const Notice& notice) override;
+    void withdraw(Subject subject) override;
 
 private Q_SLOTS:
     void actionInvoked(uint id, const QString& action);
     void notificationClosed(uint id, uint reason);
 
 private:
+    struct Place
+    {
+        std::optional<Notice> wanted;
+        uint shown = 0; ///< The number that the desktop has given the notice; 0 for none.
+        bool isAwaited = false; ///< The desktop has yet to say that number.
+    };
+
     void listen(const QDBusConnection& bus);
-    void send();
-    void close();
+    void send(Place& place);
+    void close(Place& place);
 
     WorkQueue& m_workQueue;
     std::optional<QDBusConnection> m_bus; ///< Once there was something to show.
-    QString m_text; ///< What is to be shown; empty for nothing.
-    std::function<void()> m_chosen;
-    uint m_shown = 0; ///< The number that the desktop has given the notice; 0 for none.
+    std::map<Subject, Place> m_places;
 };
 
 } // namespace Tavik

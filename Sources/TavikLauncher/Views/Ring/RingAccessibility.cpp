@@ -332,8 +332,15 @@ private:
     void tellOfResults()
     {
         const QString results = resultsOfFilter();
-        if (results != std::exchange(m_toldResults, results) && !results.isEmpty()) {
+        if (results == std::exchange(m_toldResults, results)) {
+            return;
+        }
+        const RingInteraction& ring = m_view.interaction();
+        if (!results.isEmpty()) {
             m_results.say(results);
+        } else if (!ring.isFiltering() && !ring.ringApps().isEmpty() && hasKeyboard(m_view)) {
+            // Without the filter the same application is selected: its focus is no news.
+            m_results.say(ring.ringApps().at(ring.selectedIndex()).name());
         }
     }
     [[nodiscard]] QString resultsOfFilter() const

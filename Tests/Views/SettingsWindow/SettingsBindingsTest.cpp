@@ -133,7 +133,9 @@ private Q_SLOTS:
             fixture.open(section.id);
             missing.removeIf([&](const QString& name) {
                 const auto* control = fixture.view.findChild<QWidget*>(name);
-                return control && !control->accessibleName().isEmpty();
+                const auto* color = fixture.view.findChild<ColorField*>(name);
+                const QWidget* named = color ? &color->hexEntry() : control;
+                return named && !named->accessibleName().isEmpty();
             });
         }
         // The list of permanent applications shows both of its settings; the tour is a button.

@@ -67,6 +67,8 @@ private Q_SLOTS:
                 ++count;
                 const QString name = control->accessibleName();
                 QVERIFY2(!name.isEmpty(), control->metaObject()->className());
+                // Or a reader says it twice.
+                QVERIFY2(control->parentWidget()->accessibleName() != name, qPrintable(name));
                 // A part of a control is explained by the whole.
                 const bool isExplained = !control->accessibleDescription().isEmpty()
                     || !control->parentWidget()->accessibleDescription().isEmpty();

@@ -96,6 +96,9 @@ ColorField::ColorField(QWidget* parent)
 void ColorField::setName(const QString& name)
 {
     m_entry->setAccessibleName(name);
+    m_entry->setAccessibleDescription(accessibleDescription());
+    setAccessibleName({});
+    setAccessibleDescription({});
     m_well->setAccessibleName(Texts::tr("%1: choose a color").arg(name));
 }
 

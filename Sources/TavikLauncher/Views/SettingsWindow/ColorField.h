@@ -18,6 +18,8 @@ public:
 
     [[nodiscard]] QLineEdit& hexEntry() const { return *m_entry; }
     [[nodiscard]] QAbstractButton& well() const { return *m_well; }
+    /// Names the parts, and explains them with the field's own accessible description. The field
+    /// itself has neither then, or a reader would say both twice.
     void setName(const QString& name);
     /// Shows a stored colour, also one that is none, without telling.
     void setHex(const QString& hex);

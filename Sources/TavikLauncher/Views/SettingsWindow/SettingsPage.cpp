@@ -185,8 +185,8 @@ ColorField& SettingsPage::addColor(Card& card, const RowText& text, Setting<QStr
     auto* field = new ColorField;
     field->setObjectName(setting.name());
     card.addRow(text, field);
-    field->setName(text.title);
     describe(*field, text);
+    field->setName(text.title);
     connect(field, &ColorField::chosen, this, [&setting](const QString& hex) { setting.set(hex); });
     follow({setting.name()}, [field, &setting] { field->setHex(setting()); });
     return *field;

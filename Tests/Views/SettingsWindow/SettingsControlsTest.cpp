@@ -90,6 +90,45 @@ private Q_SLOTS:
         QVERIFY2(count >= 35, qPrintable(QString::number(count)));
     }
 
+    void tabReachesEveryPageAndWhereThereIsNoControlThePageItself()
+    {
+        SettingsWindowFixture fixture({}, u"No key."_s);
+        fixture.view.setFixedHeight(300); // As large texts leave it.
+        QStringList reachedItself;
+        for (const Section& section : allSettingsSections) {
+            SettingsPage& page = fixture.open(section.id);
+            auto& chosen = fixture.control<QAbstractButton>(section.id.toString());
+            chosen.setFocus();
+            QTest::keyClick(&chosen, Qt::Key_Tab);
+            if (page.hasFocus()) {
+                reachedItself << page.accessibleName();
+            } else {
+                QVERIFY(page.isAncestorOf(QApplication::focusWidget()));
+            }
+        }
+        const QStringList expected{u"Updates"_s, u"Check My Desktop"_s};
+        QCOMPARE(reachedItself, expected);
+
+        QVERIFY(fixture.open(Section::updates).accessibleDescription().contains(u"No key."_s));
+        SettingsPage& page = fixture.open(Section::desktop);
+        page.setFocus();
+        const QImage focused = picture(page);
+        fixture.view.setFocus();
+        QVERIFY(picture(page) != focused);
+        page.setFocus();
+        QTest::keyClick(&page, Qt::Key_PageDown);
+        QVERIFY(page.verticalScrollBar()->value() > 0);
+        // A repair's button takes its place until it has been pressed.
+        using enum LoginItem::Status;
+        for (const auto& [login, policy] :
+             {std::pair(notRegistered, Qt::NoFocus), {enabled, Qt::TabFocus}}) {
+            fixture.desktopFacts.login = login;
+            fixture.mainQueue.advance(1);
+            fixture.settle();
+            QCOMPARE(page.focusPolicy(), policy);
+        }
+    }
+
     void theWheelScrollsThePageUnlessASliderHasTheFocus()
     {
         SettingsWindowFixture fixture;

@@ -12,9 +12,12 @@
 
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QPainter>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <map>
 #include <utility>
 
 namespace Tavik {
@@ -57,8 +60,8 @@ SettingsPage::SettingsPage(const SettingsDependencies& dependencies,
     setAccessibleName(title);
     auto* content = new QWidget;
     content->setMaximumWidth(widestContent);
-    content->setBackgroundRole(QPalette::Window);
     setWidget(content);
+    content->setAutoFillBackground(false); // Below it is the ring around the page.
     viewport()->setBackgroundRole(QPalette::Window);
     m_column = new QVBoxLayout(content);
     // The scroll bar always has its place, so that pages do not jump; controls at the right reach
@@ -232,6 +235,69 @@ bool SettingsPage::event(QEvent* event)
         m_broughtBack();
     }
     return QScrollArea::event(event);
+}
+
+bool SettingsPage::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool isHandled = QScrollArea::eventFilter(watched, event);
+    if (watched == widget() && event->type() == QEvent::LayoutRequest) {
+        findStop();
+    }
+    return isHandled;
+}
+
+void SettingsPage::findStop()
+{
+    const QList<QWidget*> parts = widget()->findChildren<QWidget*>();
+    const bool hasControl = std::ranges::any_of(parts, [this](const QWidget* part) {
+        return (part->focusPolicy() & Qt::TabFocus) != 0 && part->isVisibleTo(widget())
+            && part->isEnabledTo(widget());
+    });
+    setFocusPolicy(hasControl ? Qt::NoFocus : Qt::TabFocus);
+    setAccessibleDescription(hasControl ? QString() : wholeText());
+}
+
+QString SettingsPage::wholeText() const
+{
+    std::multimap<int, QString> fromTheTop;
+    for (const QLabel* label : widget()->findChildren<QLabel*>()) {
+        if (label->isVisibleTo(widget())) {
+            const QString name = label->accessibleName();
+            fromTheTop.emplace(label->mapTo(widget(), QPoint()).y(),
+                               name.isEmpty() ? label->text() : name);
+        }
+    }
+    QStringList texts;
+    for (const auto& [top, text] : fromTheTop) {
+        texts << text;
+    }
+    texts.removeOne(accessibleName());
+    return asSentences(texts);
+}
+
+void SettingsPage::paintEvent(QPaintEvent* event)
+{
+    QScrollArea::paintEvent(event);
+    constexpr double cornerRadius = 16;
+    constexpr int gap = 12; // From a card, which ends before the texts do.
+    const QRect content = widget()->childrenRect().translated(widget()->pos());
+    const QRect room
+        = viewport()->rect().adjusted(focusMargin, focusMargin, -focusMargin, -focusMargin);
+    QPainter painter(viewport());
+    paintFocusRing(
+        painter, *this, (content + margins(gap, gap, gap - focusMargin, gap)) & room, cornerRadius);
+}
+
+void SettingsPage::focusInEvent(QFocusEvent* event)
+{
+    QScrollArea::focusInEvent(event);
+    viewport()->update();
+}
+
+void SettingsPage::focusOutEvent(QFocusEvent* event)
+{
+    QScrollArea::focusOutEvent(event);
+    viewport()->update();
 }
 
 void SettingsPage::describe(QWidget& control, const RowText& text)

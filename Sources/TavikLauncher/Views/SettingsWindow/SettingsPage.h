@@ -19,7 +19,8 @@ class Switch;
 
 /// A section's page: title, cards, and the ties between controls and settings. A tied control
 /// assigns through its setting whatever the user does, carries the setting's name as its object
-/// name, and follows the setting when it changes elsewhere.
+/// name, and follows the setting when it changes elsewhere. A page without a control is itself what
+/// Tab reaches, to be read out and scrolled.
 class SettingsPage : public QScrollArea
 {
     Q_OBJECT
@@ -68,8 +69,14 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    void findStop();
+    [[nodiscard]] QString wholeText() const;
     template <typename T>
     Slider& tieSlider(Card& card, const RowText& text, Setting<T>& setting, const Scale& scale);
 

@@ -13,6 +13,7 @@ struct Notice
     QString title; ///< One line.
     QString text{}; ///< May be empty. Some desktops read markup in it, so it has no marks of that.
     std::function<void()> chosen{};
+    bool stays = false; ///< Until it is closed; else for as long as the desktop shows others.
 };
 
 /// The desktop's own notices to the user, which it shows in a corner of the screen and may keep in
@@ -28,7 +29,7 @@ public:
     virtual ~Notices() = default;
 
     /// Shows `notice` in the place of the one that there was about `subject`. Where the desktop
-    /// shows none, the log says so.
+    /// shows none, the log says so, and it is shown as soon as the desktop does.
     virtual void show(Subject subject, const Notice& notice) = 0;
     /// Takes down what is shown about `subject`.
     virtual void withdraw(Subject subject) = 0;

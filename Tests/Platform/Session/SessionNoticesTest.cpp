@@ -35,6 +35,23 @@ public:
             }
         });
     }
+    void startAnew()
+    {
+        onItsThread([&] {
+            m_bus.unregisterService(notificationsName);
+            m_shown.clear();
+            m_lastId = 0;
+            m_bus.registerService(notificationsName);
+        });
+    }
+    void closeByUser(const QString& text)
+    {
+        const uint id = copyOf(m_shown).key(text);
+        onItsThread([&] { m_shown.remove(id); });
+        send(QDBusMessage::createSignal(
+                 notificationsPath, notificationsName, u"NotificationClosed"_s)
+             << id << 2U);
+    }
     [[nodiscard]] int heldAnswers() { return int(copyOf(m_held).size()); }
     /// The texts that are shown, oldest first.
     [[nodiscard]] QStringList shown() { return copyOf(m_shown).values(); }
@@ -136,6 +153,36 @@ private Q_SLOTS:
             }
             QTRY_COMPARE(chosen, expected);
         }
+    }
+
+    void whoeverShowsNoticesNextIsAskedAgainButNotForWhatTheUserHasClosed()
+    {
+        StepWorkQueue workQueue;
+        int chosen = 0;
+        SessionNotices notices(workQueue);
+        notices.show(update, {.title = u"u"_s, .chosen = [&chosen] {
+                                  ++chosen;
+                              }});
+        workQueue.runAll();
+        notices.show(shortcut, {.title = u"s"_s});
+        const QStringList both{u"u"_s, u"s"_s};
+        QTRY_COMPARE(m_daemon.shown(), both);
+        settle();
+        m_daemon.closeByUser(u"s"_s);
+        settle();
+        m_daemon.startAnew();
+        QTRY_COMPARE(m_daemon.shown(), QStringList{u"u"_s});
+        settle();
+        m_daemon.holdAnswers(true);
+        notices.show(update, {.title = u"u2"_s});
+        QTRY_COMPARE(m_daemon.heldAnswers(), 1);
+        m_daemon.startAnew();
+        m_daemon.holdAnswers(false); // The answer of the one that has gone.
+        QTRY_COMPARE(m_daemon.shown(), QStringList{u"u2"_s});
+        settle();
+        notices.withdraw(update);
+        QTRY_COMPARE(m_daemon.shown(), QStringList());
+        QCOMPARE(chosen, 0);
     }
 
     void whatIsShownGoesWithUs()

@@ -123,9 +123,10 @@ void StatusItem::refreshNotice()
 {
     using enum Notices::Subject;
     if (m_updateVersion && !isSeen()) {
-        m_dependencies.notices.show(
-            update,
-            {.title = reminderTitle(*m_updateVersion), .chosen = m_actions.checkForUpdates});
+        m_dependencies.notices.show(update,
+                                    {.title = reminderTitle(*m_updateVersion),
+                                     .chosen = m_actions.checkForUpdates,
+                                     .stays = true});
     } else {
         m_dependencies.notices.withdraw(update);
     }

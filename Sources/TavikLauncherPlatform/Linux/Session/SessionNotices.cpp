@@ -5,6 +5,7 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QDBusServiceWatcher>
 #include <QLoggingCategory>
 #include <QStringList>
 #include <QVariantMap>
@@ -26,6 +27,7 @@ const QString interfaceName = service;
 const QString defaultAction = u"default"_s;
 const QString applicationId = u"org.tavik.Launcher"_s;
 constexpr int asLongAsUsual = -1;
+constexpr int untilItIsClosed = 0;
 
 } // namespace
 
@@ -60,6 +62,10 @@ void SessionNotices::listen(const QDBusConnection& bus)
         return;
     }
     m_bus = bus;
+    auto* desktop
+        = new QDBusServiceWatcher(service, bus, QDBusServiceWatcher::WatchForOwnerChange, this);
+    connect(
+        desktop, &QDBusServiceWatcher::serviceOwnerChanged, this, &SessionNotices::desktopChanged);
     // No service name in the match: with one the toolkit would wait for the bus to name its owner.
     m_bus->connect(QString(),
                    path,
@@ -92,22 +98,24 @@ void SessionNotices::send(Place& place)
                           text,
                           QStringList{defaultAction, title},
                           QVariantMap{{u"desktop-entry"_s, applicationId}},
-                          asLongAsUsual});
+                          place.wanted->stays ? untilItIsClosed : asLongAsUsual});
     place.isAwaited = true;
     auto* watcher = new QDBusPendingCallWatcher(m_bus->asyncCall(message), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [=, this, &place] {
         watcher->deleteLater();
         const QDBusPendingReply<uint> reply = *watcher;
         place.isAwaited = false;
+        const bool isLost = std::exchange(place.isLost, false);
         if (reply.isError()) {
+            place.shown = 0;
             qCWarning(
                 log, "The desktop shows no notices: %ls", qUtf16Printable(reply.error().message()));
-        } else {
+        } else if (!isLost) {
             place.shown = reply.value();
         }
         if (!place.wanted) {
             close(place);
-        } else if (place.wanted->title != title || place.wanted->text != text) {
+        } else if (isLost || place.wanted->title != title || place.wanted->text != text) {
             send(place);
         }
     });
@@ -132,6 +140,18 @@ void SessionNotices::close(Place& place)
     }
 }
 
+/// Whoever shows notices from now on has none of ours, and gives our numbers to others.
+void SessionNotices::desktopChanged(const QString&, const QString& before, const QString& now)
+{
+    for (auto& [subject, place] : m_places) {
+        place.shown = 0;
+        place.isLost |= place.isAwaited && !before.isEmpty();
+        if (!now.isEmpty()) {
+            send(place);
+        }
+    }
+}
+
 void SessionNotices::actionInvoked(uint id, const QString& action)
 {
     for (const auto& [subject, place] : m_places) {
@@ -148,8 +168,11 @@ void SessionNotices::actionInvoked(uint id, const QString& action)
 void SessionNotices::notificationClosed(uint id, uint)
 {
     for (auto& [subject, place] : m_places) {
-        if (id == place.shown) {
+        if (id != 0 && id == place.shown) {
             place.shown = 0;
+            if (!place.isAwaited) {
+                place.wanted.reset();
+            }
         }
     }
 }

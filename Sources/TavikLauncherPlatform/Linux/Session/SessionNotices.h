@@ -26,15 +26,17 @@ public:
     void withdraw(Subject subject) override;
 
 private Q_SLOTS:
+    void desktopChanged(const QString& service, const QString& before, const QString& now);
     void actionInvoked(uint id, const QString& action);
     void notificationClosed(uint id, uint reason);
 
 private:
     struct Place
     {
-        std::optional<Notice> wanted;
+        std::optional<Notice> wanted; ///< Until the user closes it.
         uint shown = 0; ///< The number that the desktop has given the notice; 0 for none.
         bool isAwaited = false; ///< The desktop has yet to say that number.
+        bool isLost = false; ///< Whoever was asked for it has gone.
     };
 
     void listen(const QDBusConnection& bus);

@@ -13,12 +13,24 @@
 
 #include <Support/Counting.h>
 #include <cstdlib>
+#include <memory>
 
 namespace Tavik {
 using namespace Qt::StringLiterals;
 using Host = StatusTray::Host;
 using Test::counting;
 using Test::TestClient;
+
+/// Ended as the program ends it: what is still being read needs the rest.
+struct EndPlatform
+{
+    void operator()(Platform* platform) const
+    {
+        platform->workQueue->finish();
+        delete platform;
+    }
+};
+using OwnPlatform = std::unique_ptr<Platform, EndPlatform>;
 
 class LinuxPlatformTest : public QObject
 {
@@ -40,7 +52,7 @@ private Q_SLOTS:
         m_client.setNumbers(
             dock, "_NET_WM_STRUT_PARTIAL", {0, 0, 0, 32, 0, 0, 0, 0, 0, 0, 0, 639}, "CARDINAL");
         m_client.map(dock);
-        const auto platform = makePlatform({});
+        const OwnPlatform platform(makePlatform({}).release());
         QTRY_COMPARE(platform->screens->all().constFirst().visibleFrame, QRectF(0, 32, 1280, 768));
         QCOMPARE(platform->screens->main()->frame, QRectF(0, 0, 1280, 800));
 
@@ -117,7 +129,7 @@ private Q_SLOTS:
 
     void desktopThatChangesItsMindAboutLooksIsHeard()
     {
-        const auto platform = makePlatform({});
+        const OwnPlatform platform(makePlatform({}).release());
         int changes = 0;
         platform->appearance->onChanged = counting(changes);
         const auto animate = [](bool animates) {

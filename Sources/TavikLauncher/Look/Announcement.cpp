@@ -3,6 +3,8 @@
 
 #include <QWidget>
 
+#include <utility>
+
 namespace Tavik {
 
 namespace {
@@ -10,8 +12,9 @@ namespace {
 class Notification final : public QAccessibleInterface
 {
 public:
-    explicit Notification(QWidget& from)
+    Notification(QWidget& from, QString text)
         : m_from(from)
+        , m_text(std::move(text))
     { }
 
     [[nodiscard]] bool isValid() const override { return true; }
@@ -35,11 +38,11 @@ public:
     {
         return kind == QAccessible::Name ? m_text : QString();
     }
-    void setText(QAccessible::Text, const QString& text) override { m_text = text; }
+    void setText(QAccessible::Text, const QString&) override { }
 
 private:
     QWidget& m_from;
-    QString m_text;
+    const QString m_text;
 };
 
 } // namespace
@@ -50,9 +53,7 @@ Announcement::Announcement(QWidget& from)
 
 Announcement::~Announcement()
 {
-    if (m_notification != 0) {
-        QAccessible::deleteAccessibleInterface(m_notification);
-    }
+    forget();
 }
 
 void Announcement::say(const QString& text)
@@ -60,14 +61,18 @@ void Announcement::say(const QString& text)
     if (!QAccessible::isActive()) {
         return;
     }
-    if (m_notification == 0) {
-        m_notification = QAccessible::registerAccessibleInterface(new Notification(m_from));
-    }
-    QAccessibleInterface* notification = QAccessible::accessibleInterface(m_notification);
-    notification->setText(QAccessible::Name, text);
-    for (const QAccessible::Event kind : {QAccessible::NameChanged, QAccessible::ObjectShow}) {
-        QAccessibleEvent event(notification, kind);
-        QAccessible::updateAccessibility(&event);
+    // Readers keep the names of what they know: a new text is a new notification.
+    forget();
+    auto* notification = new Notification(m_from, text);
+    m_notification = QAccessible::registerAccessibleInterface(notification);
+    QAccessibleEvent event(notification, QAccessible::ObjectShow);
+    QAccessible::updateAccessibility(&event);
+}
+
+void Announcement::forget()
+{
+    if (m_notification != 0) {
+        QAccessible::deleteAccessibleInterface(std::exchange(m_notification, 0));
     }
 }
 

@@ -24,8 +24,10 @@ public:
     void say(const QString& text);
 
 private:
+    void forget();
+
     QWidget& m_from;
-    QAccessible::Id m_notification = 0; ///< Made when there is first something to say.
+    QAccessible::Id m_notification = 0; ///< The last one, which readers may still ask.
 };
 
 } // namespace Tavik

@@ -34,6 +34,8 @@ def heard(desktop):
     process = desktop.spawn([sys.executable, str(READER), "listen"], log="heard")
     lines = lambda: [tuple(line.split("\t")) for line in desktop.log("heard").splitlines()]
     wait_until(lambda: ("listening",) in lines(), "the reader listens")
+    # A program hears late of a new reader, and tells nothing before; but it answers in order.
+    wait_until(lambda: trees(desktop), "the program has heard of the reader")
     yield lines
     processes.end(process)
 

@@ -123,7 +123,7 @@ template <Disk disk> void cache(benchmark::State& state)
         state.PauseTiming();
         fixture.start(disk);
         state.ResumeTiming();
-        expect(state, CatalogCache::loadCachedApplications(fixture.files()).size());
+        expect(state, CatalogCache::loadCachedApplications(fixture.files()).apps.size());
     }
 }
 

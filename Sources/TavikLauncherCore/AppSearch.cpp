@@ -3,7 +3,10 @@
 #include <TavikLauncherCore/NameOrder.h>
 #include <TavikLauncherCore/SearchText.h>
 
+#include <QHash>
+
 #include <algorithm>
+#include <compare>
 #include <vector>
 
 namespace Tavik::AppSearch {
@@ -132,8 +135,8 @@ struct Match
 class BestMatches
 {
 public:
-    BestMatches(const QList<IndexedApp>& apps, qsizetype limit)
-        : m_before{apps}
+    BestMatches(const QList<IndexedApp>& apps, qsizetype limit, Ties ties)
+        : m_before{.apps = apps, .ties = ties}
         , m_limit(static_cast<std::size_t>(std::min(limit, apps.size())))
     { }
 
@@ -166,7 +169,7 @@ private:
     struct Order
     {
         const QList<IndexedApp>& apps;
-        const QCollator& collator = nameCollator();
+        Ties ties;
 
         bool operator()(const Match& left, const Match& right) const
         {
@@ -176,7 +179,9 @@ private:
             if (left.score != right.score) {
                 return left.score > right.score;
             }
-            const int names = collator.compare(apps[left.index].name(), apps[right.index].name());
+            const int names = ties == Ties::asGiven
+                ? 0
+                : nameCollator().compare(apps[left.index].name(), apps[right.index].name());
             return names != 0 ? names < 0 : left.index < right.index;
         }
     };
@@ -186,9 +191,52 @@ private:
     std::vector<Match> m_heap;
 };
 
+/// Where applications stand in a list that is sorted by name.
+class Positions
+{
+public:
+    explicit Positions(const QList<IndexedApp>& sorted)
+        : m_sorted(sorted)
+    {
+        m_byPath.reserve(sorted.size());
+        for (qsizetype position = 0; position < sorted.size(); ++position) {
+            m_byPath.insert(sorted[position].path(), position);
+        }
+    }
+
+    /// Absent for one that is not there, or by another name.
+    [[nodiscard]] std::optional<qsizetype> of(const IndexedApp& app) const
+    {
+        const auto found = m_byPath.constFind(app.path());
+        const bool isKnown = found != m_byPath.cend() && m_sorted[*found].name() == app.name();
+        return isKnown ? std::optional(*found) : std::nullopt;
+    }
+
+private:
+    const QList<IndexedApp>& m_sorted;
+    QHash<QString, qsizetype> m_byPath;
+};
+
+/// An application whose place is known.
+struct Ranked
+{
+    qsizetype position;
+    qsizetype index; ///< Among the applications to sort.
+
+    auto operator<=>(const Ranked&) const = default;
+};
+
+/// An application whose place is to be found by its name.
+struct Keyed
+{
+    QCollatorSortKey key;
+    qsizetype index; ///< Among the applications to sort.
+};
+
 } // namespace
 
-QList<IndexedApp> results(const QString& query, const QList<IndexedApp>& apps, qsizetype limit)
+QList<IndexedApp>
+results(const QString& query, const QList<IndexedApp>& apps, qsizetype limit, Ties ties)
 {
     const qsizetype effectiveLimit = std::max<qsizetype>(limit, 1);
     const QString trimmed = query.trimmed();
@@ -197,7 +245,7 @@ QList<IndexedApp> results(const QString& query, const QList<IndexedApp>& apps, q
     }
     const SearchText wanted(trimmed);
     const WordBeginnings beginnings = WordBeginnings::of(wanted.words());
-    BestMatches best(apps, effectiveLimit);
+    BestMatches best(apps, effectiveLimit, ties);
     for (qsizetype index = 0; index < apps.size(); ++index) {
         if (!apps[index].wordBeginnings().holds(beginnings)) {
             continue;
@@ -221,28 +269,42 @@ bool localizedCaseInsensitiveLess(const QString& left, const QString& right)
     return nameCollator().compare(left, right) < 0;
 }
 
-QList<IndexedApp> sortedByName(const QList<IndexedApp>& apps)
+QList<IndexedApp> sortedByName(const QList<IndexedApp>& apps, const QList<IndexedApp>& sorted)
 {
-    struct Entry
-    {
-        QCollatorSortKey key;
-        qsizetype index;
-    };
-    std::vector<Entry> entries;
-    entries.reserve(static_cast<std::size_t>(apps.size()));
+    const Positions positions(sorted);
+    std::vector<Ranked> ranked;
+    std::vector<Keyed> keyed;
+    ranked.reserve(static_cast<std::size_t>(apps.size()));
     for (qsizetype index = 0; index < apps.size(); ++index) {
-        entries.push_back({nameCollator().sortKey(apps[index].name()), index});
+        if (const std::optional<qsizetype> position = positions.of(apps[index])) {
+            ranked.push_back({*position, index});
+        } else {
+            keyed.push_back({nameCollator().sortKey(apps[index].name()), index});
+        }
     }
-    std::ranges::sort(entries, [](const Entry& left, const Entry& right) {
+    std::ranges::sort(ranked);
+    std::ranges::sort(keyed, [](const Keyed& left, const Keyed& right) {
         const int names = left.key.compare(right.key);
         return names != 0 ? names < 0 : left.index < right.index;
     });
-    QList<IndexedApp> sorted;
-    sorted.reserve(apps.size());
-    for (const Entry& entry : entries) {
-        sorted.append(apps[entry.index]);
+
+    QList<IndexedApp> result;
+    result.reserve(apps.size());
+    auto next = ranked.cbegin();
+    for (const Keyed& app : keyed) {
+        const auto end = std::partition_point(next, ranked.cend(), [&](const Ranked& before) {
+            const int names = nameCollator().sortKey(apps[before.index].name()).compare(app.key);
+            return names != 0 ? names < 0 : before.index < app.index;
+        });
+        for (; next != end; ++next) {
+            result.append(apps[next->index]);
+        }
+        result.append(apps[app.index]);
     }
-    return sorted;
+    for (; next != ranked.cend(); ++next) {
+        result.append(apps[next->index]);
+    }
+    return result;
 }
 
 } // namespace Tavik::AppSearch

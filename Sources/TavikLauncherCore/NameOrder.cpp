@@ -22,4 +22,9 @@ const QCollator& nameCollator()
     return collator;
 }
 
+QString nameOrderLanguage()
+{
+    return nameCollator().locale().bcp47Name();
+}
+
 } // namespace Tavik

@@ -9,4 +9,7 @@ namespace Tavik {
 /// language, names are ordered as in English. One per thread, made at the thread's first use.
 [[nodiscard]] const QCollator& nameCollator();
 
+/// The language that names are ordered for, as a BCP 47 tag.
+[[nodiscard]] QString nameOrderLanguage();
+
 } // namespace Tavik

@@ -10,6 +10,7 @@
 #include <Support/AppNames.h>
 #include <Support/FakeFileManager.h>
 #include <Support/StepWorkQueue.h>
+#include <Support/Table.h>
 #include <Support/VirtualMainQueue.h>
 
 using namespace Tavik;
@@ -43,6 +44,7 @@ private Q_SLOTS:
         QSignalSpy appsChanged(m_catalog.get(), &AppCatalog::appsChanged);
         QVERIFY(m_catalog->apps().isEmpty() && !m_catalog->isIndexing());
         m_catalog->reindex();
+        QCOMPARE(m_work->waiting(), 1U); // The walk begins with what the cache knows.
         m_work->runAt(0);
         QCOMPARE(names(), {u"Cached"_s});
         QCOMPARE(appsChanged.count(), 1);
@@ -61,14 +63,46 @@ private Q_SLOTS:
         QCOMPARE(names(), {u"Walked"_s});
     }
 
-    void aWalkThatFinishedFirstWinsEvenWithNothingFound()
+    void aWalkThatFindsNothingLeavesNothing()
     {
         installOnDisk({});
-        const WorkQueue::Done cacheRead = m_work->startAt(0);
         m_catalog->reindex();
-        m_work->runAt(0);
-        StepWorkQueue::finish(cacheRead);
+        m_work->runAll();
         QCOMPARE(names(), {});
+    }
+
+    void theKeptOrderHoldsUnlessTheUserAsksOrHasAnotherLanguage_data()
+    {
+        // The language of what is kept, whether the user asks, the order after the walk.
+        const Table<QByteArray, bool, QString> row;
+        row("kept", "en", false, u"C A New"_s);
+        row("asked for", "en", true, u"A C New"_s);
+        row("another language", "sv", false, u"A C New"_s);
+    }
+
+    void theKeptOrderHoldsUnlessTheUserAsksOrHasAnotherLanguage()
+    {
+        const auto [language, isAskedFor, order] = fetch<QByteArray, bool, QString>();
+        const QStringList kept{u"C"_s, u"A"_s};
+        installOnDisk(kept);
+        const auto app = [](const QString& name) {
+            return IndexedApp(name, std::nullopt, u"/A/%1.app"_s.arg(name), {});
+        };
+        CatalogCache::saveCachedApplications(*m_files, *m_work, {app(u"C"_s), app(u"A"_s)});
+        m_work->runAll();
+        QByteArray& content
+            = m_files->contents[m_folder.filePath(u"TavikLauncher/app_index.json"_s)];
+        content.replace("\"en\"", "\"" + language + "\"");
+        makeCatalog();
+        m_work->runAt(0);
+        QCOMPARE(names(), kept);
+        // Only an order that is known to be right decides between equals.
+        QCOMPARE(namesOf(m_catalog->results(u"-"_s, 9)),
+                 language == "en" ? kept : QStringList({u"A"_s, u"C"_s}));
+        installOnDisk({u"New"_s, u"A"_s, u"C"_s});
+        isAskedFor ? m_catalog->reindexFromScratch() : m_catalog->reindex();
+        m_work->runAll();
+        QCOMPARE(names().join(u' '), order);
     }
 
     void oneWalkRunsAtATime()
@@ -104,7 +138,8 @@ private Q_SLOTS:
         QCOMPARE(m_files->watched, QStringList{u"/A"_s});
         QSignalSpy foldersChanged(m_catalog.get(), &AppCatalog::foldersChanged);
         m_catalog->reindex();
-        const WorkQueue::Done walk = m_work->startAt(1);
+        m_work->runAt(0);
+        const WorkQueue::Done walk = m_work->startAt(0);
         installOnDisk({u"Walked"_s, u"New"_s});
         m_files->folderChanged({});
         m_files->folderChanged({});
@@ -120,7 +155,8 @@ private Q_SLOTS:
     {
         m_catalog->watchFolders();
         m_catalog->reindex();
-        const WorkQueue::Done walk = m_work->startAt(1);
+        m_work->runAt(0);
+        const WorkQueue::Done walk = m_work->startAt(0);
         installOnDisk({u"New"_s, u"Walked"_s});
         m_files->folderChanged({u"/A/New.app"_s});
         StepWorkQueue::finish(walk);

@@ -164,13 +164,16 @@ private Q_SLOTS:
         const QByteArray plain = "{\"name\":\"Plain \xC3\xBC\",\"path\":\"/A/Plain.app\"}";
         QCOMPARE(content(),
                  "[{\"bundleIdentifier\":\"org.example.safe\",\"name\":\"S\\\"afe\","
-                 "\"path\":\"/A/Safe.app\"},"
+                 "\"path\":\"/A/Safe.app\",\"sortedFor\":\"en\"},"
                      + plain + ',' + plain + ']');
-        QList<IndexedApp> loaded;
+        CachedApplications loaded;
         CatalogCache::loadCachedApplicationsAsync(
-            *m_files, m_queue, [&loaded](const QList<IndexedApp>& apps) { loaded = apps; });
+            *m_files, m_queue, [&loaded](const auto& known) { loaded = known; });
         m_queue.runAll();
-        QCOMPARE(loaded, QList<IndexedApp>({m_safe, m_plain, m_plain}));
+        QCOMPARE(loaded.apps, QList<IndexedApp>({m_safe, m_plain, m_plain}));
+        QVERIFY(loaded.areSorted);
+        write(content().replace("\"en\"", "\"sv\""));
+        QVERIFY(!CatalogCache::loadCachedApplications(*m_files).areSorted);
     }
 
     void aFileOfTheRightSizeIsRead()
@@ -178,7 +181,7 @@ private Q_SLOTS:
         const auto isRead = [this](qsizetype size) {
             write(QByteArray(R"([{"name":"S","path":"/A/Safe.app"}])")
                       .leftJustified(size, ' ', true));
-            return !CatalogCache::loadCachedApplications(*m_files).isEmpty();
+            return !CatalogCache::loadCachedApplications(*m_files).apps.isEmpty();
         };
         QVERIFY(!isRead(0));
         QVERIFY(isRead(5'242'880));
@@ -199,7 +202,7 @@ private Q_SLOTS:
         const auto [content] = fetch<QByteArray>();
         write(content);
         expectWarning(u"^TavikLauncher: failed to load cache: \\S"_s);
-        QCOMPARE(CatalogCache::loadCachedApplications(*m_files), {});
+        QCOMPARE(CatalogCache::loadCachedApplications(*m_files).apps, {});
     }
 
     void onlyApplicationsThatStillExistAreLoadedAndNoneIsOpened()
@@ -208,7 +211,7 @@ private Q_SLOTS:
         write(R"([{"name":"Gone","path":"/A/Gone.app"},)"
               R"({"name":"Safe","path":"/A/Safe.app","future":[1,2]},)"
               R"({"name":"Here","path":"Safe.app"}])");
-        const auto apps = CatalogCache::loadCachedApplications(*m_files);
+        const auto apps = CatalogCache::loadCachedApplications(*m_files).apps;
         QCOMPARE(apps, {IndexedApp(u"Safe"_s, std::nullopt, u"/A/Safe.app"_s, {})});
         QCOMPARE(apps.first().icon().source, u"/A/Safe.app"_s);
         QCOMPARE(m_files->bundleReads, 0);
@@ -221,7 +224,7 @@ private Q_SLOTS:
         QTest::ignoreMessage(QtWarningMsg, line);
         save({m_safe});
         QTest::ignoreMessage(QtWarningMsg, line);
-        QCOMPARE(CatalogCache::loadCachedApplications(*m_files), {});
+        QCOMPARE(CatalogCache::loadCachedApplications(*m_files).apps, {});
     }
 
 private:

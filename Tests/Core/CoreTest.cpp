@@ -189,6 +189,32 @@ private Q_SLOTS:
         }
     }
 
+    void whatIsSortedBeforeIsSortedTheSame()
+    {
+        QRandomGenerator random(7);
+        for (int round = 0; round < 60; ++round) {
+            QStringList names;
+            for (int each = 0; each < 40; ++each) {
+                names.append(difficultText(random));
+            }
+            const QList<IndexedApp> before = AppSearch::sortedByName(appsNamed(names));
+            // Some have come, some have gone, and some are called otherwise now.
+            for (int each = 0; each < 60; ++each) {
+                if (each >= names.size()) {
+                    names.append(difficultText(random));
+                } else if (random.bounded(4) == 0) {
+                    names[each] = difficultText(random);
+                }
+            }
+            QList<IndexedApp> apps = appsNamed(names);
+            apps.removeIf([&random](const IndexedApp&) { return random.bounded(4) == 0; });
+            const QList<IndexedApp> sorted = AppSearch::sortedByName(apps, before);
+            QCOMPARE(sorted, AppSearch::sortedByName(apps));
+            QCOMPARE(AppSearch::results(u"a"_s, sorted, 9, AppSearch::Ties::asGiven),
+                     AppSearch::results(u"a"_s, sorted, 9));
+        }
+    }
+
     void blankQueryKeepsTheGivenOrder()
     {
         const QList<IndexedApp> apps = appsNamed({u"b"_s, u""_s, u"a"_s, u"-"_s});

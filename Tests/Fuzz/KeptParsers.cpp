@@ -85,7 +85,7 @@ bool readCache(const QByteArray& bytes)
 {
     const SomeApplications files;
     files.contents.insert(*CatalogCache::cacheURL(files), bytes);
-    const QList<IndexedApp> loaded = CatalogCache::loadCachedApplications(files);
+    const QList<IndexedApp> loaded = CatalogCache::loadCachedApplications(files).apps;
     for (const IndexedApp& app : loaded) {
         require(files.existing.contains(app.path()), "what is not installed is left out");
     }

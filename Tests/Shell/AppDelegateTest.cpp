@@ -70,6 +70,7 @@ struct Application : RecordingPlatform
     void launch()
     {
         delegate.emplace(platform, notifications);
+        workQueue.runAll(); // The cache file; the first walk waits for it.
         record.events.clear();
         delegate->applicationDidFinishLaunching();
     }

@@ -2,6 +2,7 @@
 #include <TavikLauncher/Catalog/AppCatalog.h>
 #include <TavikLauncher/Catalog/CatalogCache.h>
 #include <TavikLauncher/Catalog/CatalogRecord.h>
+#include <TavikLauncherCore/AppSearch.h>
 #include <TavikLauncherPlatform/FileManager.h>
 #include <TavikLauncherPlatform/MainQueue.h>
 #include <TavikLauncherPlatform/WorkQueue.h>
@@ -34,23 +35,48 @@ std::optional<IndexedApp> AppCatalog::indexedApp(const FileManager& fileManager,
     return CatalogRecord::record(path, fileManager.bundle(path));
 }
 
+QList<IndexedApp> AppCatalog::results(const QString& query, qsizetype limit) const
+{
+    return AppSearch::results(query,
+                              apps(),
+                              limit,
+                              m_index.isSorted() ? AppSearch::Ties::asGiven
+                                                 : AppSearch::Ties::byName);
+}
+
 void AppCatalog::reindex()
 {
     if (m_isIndexing) {
         return;
     }
     m_isIndexing = true;
+    if (m_isCacheRead) {
+        walk();
+    }
+    Q_EMIT isIndexingChanged();
+}
+
+void AppCatalog::reindexFromScratch()
+{
+    m_sortsAnew = true;
+    reindex();
+}
+
+void AppCatalog::walk()
+{
+    const bool keepsOrder = !std::exchange(m_sortsAnew, false) && m_index.isSorted();
     m_dependencies.workQueue.run(
         WorkPriority::userInitiated,
-        [&fileManager = m_dependencies.fileManager, searchPaths = m_searchPaths] {
-            return CatalogIndex::loadApplications(fileManager, searchPaths);
+        [&fileManager = m_dependencies.fileManager,
+         searchPaths = m_searchPaths,
+         sorted = keepsOrder ? apps() : QList<IndexedApp>()] {
+            return CatalogIndex::loadApplications(fileManager, searchPaths, sorted);
         },
         [catalog = QPointer(this)](const CatalogIndex& index) {
             if (catalog) {
                 catalog->finishWalk(index);
             }
         });
-    Q_EMIT isIndexingChanged();
 }
 
 void AppCatalog::reindexIfStale(std::chrono::duration<double> maxAge)
@@ -73,14 +99,23 @@ void AppCatalog::loadCache()
     CatalogCache::loadCachedApplicationsAsync(
         m_dependencies.fileManager,
         m_dependencies.workQueue,
-        [catalog = QPointer(this)](const QList<IndexedApp>& cached) {
-            // A walk that finished first knows better, also when it found nothing.
-            const bool isWanted = catalog && !catalog->m_lastIndexCompletion;
-            if (isWanted && catalog->apps().isEmpty() && !cached.isEmpty()) {
-                catalog->m_index = CatalogIndex(cached);
-                Q_EMIT catalog->appsChanged();
+        [catalog = QPointer(this)](const CachedApplications& cached) {
+            if (catalog) {
+                catalog->takeCache(cached);
             }
         });
+}
+
+void AppCatalog::takeCache(const CachedApplications& cached)
+{
+    m_isCacheRead = true;
+    m_index = CatalogIndex(cached);
+    if (m_isIndexing) {
+        walk();
+    }
+    if (!cached.apps.isEmpty()) {
+        Q_EMIT appsChanged();
+    }
 }
 
 void AppCatalog::finishWalk(const CatalogIndex& index)

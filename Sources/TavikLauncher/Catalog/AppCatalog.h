@@ -42,6 +42,8 @@ public:
     ~AppCatalog() override;
 
     [[nodiscard]] const QList<IndexedApp>& apps() const { return m_index.apps(); }
+    /// Those that match `query`, best first, at most max(`limit`, 1); see `AppSearch::results`.
+    [[nodiscard]] QList<IndexedApp> results(const QString& query, qsizetype limit) const;
     /// True while a walk is running.
     [[nodiscard]] bool isIndexing() const { return m_isIndexing; }
     /// The first record with that path; valid until `appsChanged`. Null when there is none.
@@ -54,8 +56,10 @@ public:
     [[nodiscard]] static std::optional<IndexedApp> indexedApp(const FileManager& fileManager,
                                                               const QString& path);
 
-    /// Starts a walk, unless one is running.
+    /// Starts a walk, unless one is running. It begins when the cache file has been read.
     void reindex();
+    /// The same, and each name is put in its place anew.
+    void reindexFromScratch();
     /// Starts a walk, unless one is running or the last one finished less than `maxAge` ago.
     void reindexIfStale(std::chrono::duration<double> maxAge);
     /// From now on follows what is installed, changed and removed.
@@ -69,6 +73,8 @@ Q_SIGNALS:
 
 private:
     void loadCache();
+    void takeCache(const CachedApplications& cached);
+    void walk();
     void finishWalk(const CatalogIndex& index);
     void handleFolderChange(const QStringList& paths);
     void followChanges();
@@ -77,7 +83,9 @@ private:
     Dependencies m_dependencies;
     QStringList m_searchPaths;
     CatalogIndex m_index;
+    bool m_isCacheRead = false;
     bool m_isIndexing = false;
+    bool m_sortsAnew = false; ///< The next walk does.
     bool m_mustWalkAgain = false;
     int m_walks = 0; ///< How many have finished.
     bool m_isFollowing = false;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <TavikLauncher/Catalog/CatalogCache.h>
 #include <TavikLauncher/Catalog/CatalogLog.h>
+#include <TavikLauncherCore/NameOrder.h>
 #include <TavikLauncherPlatform/FileManager.h>
 #include <TavikLauncherPlatform/WorkQueue.h>
 
@@ -23,6 +24,7 @@ struct CachedApp
     QString name;
     std::optional<QString> bundleIdentifier;
     QString path;
+    QString sortedFor; ///< With the first entry: the language for which the list is sorted.
 };
 
 void logFailure(const char* what, const QString& why)
@@ -37,6 +39,9 @@ QByteArray encoded(const QList<IndexedApp>& apps)
         QJsonObject entry{{u"name"_s, app.name()}, {u"path"_s, app.path()}};
         if (app.bundleIdentifier()) {
             entry.insert(u"bundleIdentifier"_s, *app.bundleIdentifier());
+        }
+        if (entries.isEmpty()) {
+            entry.insert(u"sortedFor"_s, nameOrderLanguage());
         }
         entries.append(entry);
     }
@@ -54,7 +59,10 @@ std::optional<CachedApp> decodedEntry(const QJsonValue& value)
         || !(identifier.isString() || identifier.isUndefined())) {
         return std::nullopt;
     }
-    CachedApp app{.name = name.toString(), .bundleIdentifier = {}, .path = path.toString()};
+    CachedApp app{.name = name.toString(),
+                  .bundleIdentifier = {},
+                  .path = path.toString(),
+                  .sortedFor = object.value("sortedFor"_L1).toString()};
     if (identifier.isString()) {
         app.bundleIdentifier = identifier.toString();
     }
@@ -134,7 +142,7 @@ void saveCachedApplications(const FileManager& fileManager,
 
 void loadCachedApplicationsAsync(const FileManager& fileManager,
                                  WorkQueue& workQueue,
-                                 std::function<void(const QList<IndexedApp>&)> done)
+                                 std::function<void(const CachedApplications&)> done)
 {
     workQueue.run(
         WorkPriority::userInitiated,
@@ -142,7 +150,7 @@ void loadCachedApplicationsAsync(const FileManager& fileManager,
         std::move(done));
 }
 
-QList<IndexedApp> loadCachedApplications(const FileManager& fileManager)
+CachedApplications loadCachedApplications(const FileManager& fileManager)
 {
     const std::optional<QString> path = cacheURL(fileManager);
     if (!path) {
@@ -163,18 +171,20 @@ QList<IndexedApp> loadCachedApplications(const FileManager& fileManager)
         logFailure(failure, content.error);
         return {};
     }
-    QList<IndexedApp> apps;
-    apps.reserve(content.apps.size());
+    CachedApplications known;
+    known.areSorted
+        = !content.apps.isEmpty() && content.apps.first().sortedFor == nameOrderLanguage();
+    known.apps.reserve(content.apps.size());
     for (const CachedApp& cached : content.apps) {
         if (!cached.path.startsWith(u'/') || !fileManager.fileExists(cached.path)) {
             continue;
         }
         // Nothing is opened: the icon is looked for when it is drawn, other names come with the
         // walk.
-        apps.append(
+        known.apps.append(
             IndexedApp(cached.name, cached.bundleIdentifier, cached.path, AppIcon{cached.path}));
     }
-    return apps;
+    return known;
 }
 
 } // namespace Tavik::CatalogCache

@@ -36,14 +36,16 @@ bool isSameInAll(const IndexedApp& left, const IndexedApp& right)
 
 } // namespace
 
-CatalogIndex::CatalogIndex(QList<IndexedApp> apps)
-    : m_apps(std::move(apps))
+CatalogIndex::CatalogIndex(CachedApplications known)
+    : m_apps(std::move(known.apps))
+    , m_isSorted(known.areSorted)
 {
     notePositions();
 }
 
 CatalogIndex CatalogIndex::loadApplications(const FileManager& fileManager,
-                                            const QStringList& searchPaths)
+                                            const QStringList& searchPaths,
+                                            const QList<IndexedApp>& sorted)
 {
     CatalogIndex index;
     index.m_order = WalkOrder(searchPaths);
@@ -67,7 +69,7 @@ CatalogIndex CatalogIndex::loadApplications(const FileManager& fileManager,
             index.m_apps.append(item.app);
         }
     }
-    index.m_apps = AppSearch::sortedByName(index.m_apps);
+    index.m_apps = AppSearch::sortedByName(index.m_apps, sorted);
     index.notePositions();
     return index;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncher/Catalog/CatalogCache.h>
 #include <TavikLauncherCore/IndexedApp.h>
 #include <TavikLauncherPlatform/TextIndex.h>
 #include <TavikLauncherPlatform/WalkOrder.h>
@@ -24,15 +25,19 @@ class CatalogIndex
 {
 public:
     CatalogIndex() = default;
-    /// Everything below `searchPaths`. Missing and unreadable folders are skipped silently.
+    /// Everything below `searchPaths`. Missing and unreadable folders are skipped silently. What
+    /// `sorted` holds, applications sorted by name, keeps its order.
     [[nodiscard]] static CatalogIndex loadApplications(const FileManager& fileManager,
-                                                       const QStringList& searchPaths);
-    /// Holds `apps` as they are, and has met nothing.
-    explicit CatalogIndex(QList<IndexedApp> apps);
+                                                       const QStringList& searchPaths,
+                                                       const QList<IndexedApp>& sorted = {});
+    /// Holds `known` as it is, and has met nothing.
+    explicit CatalogIndex(CachedApplications known);
 
     /// The applications, sorted by name as the user's language orders names. A desktop entry hides
     /// those that come after it with the same identifier, even when it is not to be shown itself.
     [[nodiscard]] const QList<IndexedApp>& apps() const { return m_apps; }
+    /// False for what was kept while the user had another language.
+    [[nodiscard]] bool isSorted() const { return m_isSorted; }
     /// The first application with that path; null when there is none.
     [[nodiscard]] const IndexedApp* withPath(const QString& path) const;
 
@@ -68,6 +73,7 @@ private:
     WalkOrder m_order;
     QList<Item> m_items; ///< In the order of the walk.
     QList<IndexedApp> m_apps;
+    bool m_isSorted = true;
     TextIndex m_positions; ///< Among the applications, by path.
 };
 

@@ -63,7 +63,7 @@ QList<IndexedApp> RingComposition::baseList(const QString& query,
         return defaultRingApps(defaultRingCandidates());
     }
     if (m_sources.settings.searchesAllApps()) {
-        return AppSearch::results(text, m_sources.catalog.apps(), capacity());
+        return m_sources.catalog.results(text, capacity());
     }
     return AppSearch::results(text, defaultRingCandidates(), capacity());
 }

@@ -8,7 +8,6 @@
 #include <TavikLauncher/Views/SettingsWindow/AppListView.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPage.h>
 #include <TavikLauncher/Views/SettingsWindow/SettingsPages.h>
-#include <TavikLauncherCore/AppSearch.h>
 #include <TavikLauncherPlatform/FileManager.h>
 #include <TavikLauncherPlatform/Texts.h>
 
@@ -223,8 +222,7 @@ private:
         if (!query.isEmpty()) {
             const QStringList& permanent = settings().permanentAppPaths();
             const QSet<QString> known(permanent.begin(), permanent.end());
-            for (const IndexedApp& app :
-                 AppSearch::results(query, dependencies().catalog.apps(), mostResults)) {
+            for (const IndexedApp& app : dependencies().catalog.results(query, mostResults)) {
                 paths.append(app.path());
             }
             m_results.setTaken(known);

@@ -38,7 +38,7 @@ void ReindexSession::reindexNow()
     m_phase = Phase::running;
     m_startedByThisWindow = true;
     Q_EMIT phaseChanged();
-    m_dependencies.catalog.reindex();
+    m_dependencies.catalog.reindexFromScratch();
 }
 
 qsizetype ReindexSession::indexedCount() const

@@ -4,6 +4,7 @@
 #include <TavikLauncherCore/SearchText.h>
 
 #include <QHash>
+#include <QStringTokenizer>
 
 #include <algorithm>
 #include <compare>
@@ -88,7 +89,7 @@ std::optional<qint64> plainScore(const SearchText& query, QStringView candidate)
     return tally.score();
 }
 
-std::optional<qint64> scoreOf(const SearchText& query, const QString& candidate)
+std::optional<qint64> scoreOf(const SearchText& query, QStringView candidate)
 {
     if (query.words().empty()) {
         return 0;
@@ -99,7 +100,7 @@ std::optional<qint64> scoreOf(const SearchText& query, const QString& candidate)
     if (std::ranges::all_of(candidate, isPlain)) {
         return plainScore(query, candidate);
     }
-    const SearchText text(candidate);
+    const SearchText text(candidate.toString());
     Tally tally(query.words());
     for (const SearchText::Word& word : text.words()) {
         tally.meet(word.length, [&](QStringView prefix) { return text.startsWith(word, prefix); });
@@ -107,11 +108,11 @@ std::optional<qint64> scoreOf(const SearchText& query, const QString& candidate)
     return tally.score();
 }
 
-/// The score of the name that answers best; absent when none does.
-std::optional<qint64> bestOf(const SearchText& query, const QStringList& names)
+/// The score of the name that answers best, of those on the lines; absent when none does.
+std::optional<qint64> bestOf(const SearchText& query, const QString& lines)
 {
     std::optional<qint64> best;
-    for (const QString& name : names) {
+    for (const QStringView name : qTokenize(lines, u'\n', Qt::SkipEmptyParts)) {
         best = std::max(best, scoreOf(query, name));
     }
     return best;

@@ -30,11 +30,9 @@ IndexedApp::IndexedApp(QString name,
     m_wordBeginnings.add(this->name());
 }
 
-IndexedApp IndexedApp::withOtherNames(QStringList otherNames) &&
+IndexedApp IndexedApp::withOtherNames(QString otherNames) &&
 {
-    for (const QString& name : std::as_const(otherNames)) {
-        m_wordBeginnings.add(name);
-    }
+    m_wordBeginnings.add(otherNames);
     m_shared->otherNames = std::move(otherNames);
     return std::move(*this);
 }

@@ -7,7 +7,6 @@
 #include <QSharedData>
 #include <QSharedDataPointer>
 #include <QString>
-#include <QStringList>
 
 #include <optional>
 
@@ -20,8 +19,8 @@ class IndexedApp
 {
 public:
     IndexedApp(QString name, std::optional<QString> bundleIdentifier, QString path, AppIcon icon);
-    /// This record, also found by what people may call it besides.
-    [[nodiscard]] IndexedApp withOtherNames(QStringList otherNames) &&;
+    /// This record, also found by what people may call it besides, one name on each line.
+    [[nodiscard]] IndexedApp withOtherNames(QString otherNames) &&;
 
     /// The record's identity: always its path.
     [[nodiscard]] const QString& id() const { return m_shared->path; }
@@ -32,7 +31,7 @@ public:
     }
     [[nodiscard]] const QString& path() const { return m_shared->path; }
     [[nodiscard]] const AppIcon& icon() const { return m_shared->icon; }
-    [[nodiscard]] const QStringList& otherNames() const { return m_shared->otherNames; }
+    [[nodiscard]] const QString& otherNames() const { return m_shared->otherNames; }
     /// Of all its names.
     [[nodiscard]] WordBeginnings wordBeginnings() const { return m_wordBeginnings; }
 
@@ -45,7 +44,7 @@ private:
         std::optional<QString> bundleIdentifier;
         QString path;
         AppIcon icon;
-        QStringList otherNames;
+        QString otherNames; ///< In one text: a list and a block for each would take 150 bytes.
     };
 
     QSharedDataPointer<Shared> m_shared;

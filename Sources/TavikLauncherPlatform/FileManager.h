@@ -37,8 +37,9 @@ struct Bundle
     std::optional<QString> name; ///< "CFBundleName", or the entry's localized `Name`.
     std::optional<QString>
         identifier; ///< Bundle identifier, or the desktop-file ID without ".desktop".
-    /// What people may call it besides: untranslated and generic name, keywords, program.
-    QStringList otherNames;
+    /// What people may call it besides: untranslated and generic name, keywords, program. One on
+    /// each line.
+    QString otherNames;
     QString iconSource; ///< As in AppIcon.
     /// Absolute path of the program that is started; of a desktop entry's only if it lies in an
     /// application folder, where it may be an AppImage.

@@ -55,7 +55,7 @@ private Q_SLOTS:
     void otherNamesFindAfterAllNames()
     {
         const auto app = [](const QString& name, const QStringList& otherNames = {}) {
-            return IndexedApp(name, {}, u"/"_s + name, {}).withOtherNames(otherNames);
+            return IndexedApp(name, {}, u"/"_s + name, {}).withOtherNames(otherNames.join(u'\n'));
         };
         const QList<IndexedApp> apps{app(u"Dateien"_s, {u"Files"_s, u"File Manager"_s}),
                                      app(u"Archive"_s, {u"file-roller"_s}),

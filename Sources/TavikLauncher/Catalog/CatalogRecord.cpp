@@ -24,7 +24,7 @@ IndexedApp record(const QString& path, const std::optional<Bundle>& bundle)
                       bundle ? bundle->identifier : std::nullopt,
                       icon == path ? icon : path, // Then both share the memory of one text.
                       AppIcon{icon})
-        .withOtherNames(bundle ? bundle->otherNames : QStringList());
+        .withOtherNames(bundle ? bundle->otherNames : QString());
 }
 
 } // namespace Tavik::CatalogRecord

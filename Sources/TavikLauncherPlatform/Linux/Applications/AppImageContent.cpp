@@ -194,7 +194,7 @@ DesktopEntry AppImageContent::entry(const QString& image) const
     if (entry.name.isEmpty()) {
         entry.name = AppImageFile::isNamedSo(image) ? file.completeBaseName() : file.fileName();
     }
-    entry.command = commandFor(image, entry.command);
+    entry.command = commandFor(image, entry.command.toString());
     entry.program = image;
     entry.takesArguments = false;
     // These are about a program that has been installed.

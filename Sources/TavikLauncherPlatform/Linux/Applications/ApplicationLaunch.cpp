@@ -74,7 +74,7 @@ launchEntry(const DesktopEntry& entry, const LaunchTokens& tokens, const QString
         }
     }
     return startProgram({.words = *words,
-                         .folder = entry.folder,
+                         .folder = entry.folder.toString(),
                          .environment = environmentFor(tokens),
                          .entry = entry.isImage ? QString() : entry.path,
                          .name = entry.id});

@@ -148,7 +148,7 @@ Program programOf(const QStringList& words)
 std::optional<QStringList> expanded(const DesktopEntry& entry, const QString& target)
 {
     QStringList result;
-    for (const QString& word : words(entry.command)) {
+    for (const QString& word : words(entry.command.toString())) {
         if (word == "%i"_L1) {
             if (!entry.icon.isEmpty()) {
                 result += {u"--icon"_s, entry.icon};

@@ -60,7 +60,7 @@ DesktopEntries::DesktopEntries(QList<SharedDesktopEntry> entries)
     QSet<QString> started;
     if (!images.isEmpty()) {
         for (const qsizetype position : std::as_const(standing)) {
-            started.insert(m_entries.at(position)->program);
+            started.insert(m_entries.at(position)->program.toString());
         }
     }
     for (const qsizetype position : std::as_const(images)) {
@@ -86,11 +86,12 @@ void DesktopEntries::addNames(qsizetype position)
     const DesktopEntry& entry = *m_entries.at(position);
     m_paths.add(entry.path, position);
     m_ids.add(similar(entry.id), position);
-    for (const QString& name : {entry.startupClass, entry.gameClass}) {
+    for (const QString& name : {entry.startupClass.toString(), entry.gameClass()}) {
         m_classes.add(similar(name), position);
     }
-    m_programs.add(entry.program, position);
-    if (const QString name = fileName(entry.program); name != entry.program) {
+    const QString program = entry.program.toString();
+    m_programs.add(program, position);
+    if (const QString name = fileName(program); name != program) {
         m_programs.add(name, position);
     }
 }
@@ -106,8 +107,11 @@ DesktopEntries::answers(const TextIndex& index, const QString& text, IsMeant isM
             all.append(entry);
         }
     }
-    if (!std::ranges::all_of(all, &DesktopEntry::isHidden)) {
-        all.removeIf([](const DesktopEntry* entry) { return entry->isHidden; });
+    const auto isHidden = [](const DesktopEntry* entry) {
+        return entry->isHidden;
+    };
+    if (!std::ranges::all_of(all, isHidden)) {
+        all.removeIf(isHidden);
     }
     return all;
 }
@@ -147,7 +151,7 @@ const DesktopEntry* DesktopEntries::withSimilarId(const QString& id) const
 const DesktopEntry* DesktopEntries::withStartupClass(const QString& startupClass) const
 {
     return firstOf(answers(m_classes, similar(startupClass), [&](const DesktopEntry& entry) {
-        return entry.startupClass == startupClass || entry.gameClass == startupClass;
+        return entry.startupClass.toString() == startupClass || entry.gameClass() == startupClass;
     }));
 }
 
@@ -155,7 +159,8 @@ const DesktopEntry* DesktopEntries::withSimilarStartupClass(const QString& start
 {
     const QString wanted = similar(startupClass);
     return firstOf(answers(m_classes, wanted, [&](const DesktopEntry& entry) {
-        return similar(entry.startupClass) == wanted || similar(entry.gameClass) == wanted;
+        return similar(entry.startupClass.toString()) == wanted
+            || similar(entry.gameClass()) == wanted;
     }));
 }
 
@@ -168,7 +173,8 @@ const DesktopEntry* DesktopEntries::withProgram(const QString& program) const
 const DesktopEntry* DesktopEntries::starting(const QString& program) const
 {
     Answers found = answers(m_programs, program, [&](const DesktopEntry& entry) {
-        return entry.program == program || fileName(entry.program) == program;
+        const QString own = entry.program.toString();
+        return own == program || fileName(own) == program;
     });
     if (found.size() > 1) {
         found.removeIf([](const DesktopEntry* entry) { return entry->takesArguments; });

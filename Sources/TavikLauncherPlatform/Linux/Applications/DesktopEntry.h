@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncherPlatform/Linux/Applications/CompactText.h>
+
 #include <QByteArray>
 #include <QString>
-#include <QStringList>
 
 #include <memory>
 #include <optional>
@@ -16,7 +17,7 @@ struct Bundle;
 /// has them unless said otherwise.
 struct DesktopEntry
 {
-    enum class Notification {
+    enum class Notification : quint8 {
         unknown,
         supported, ///< "StartupNotify=true"
         refused, ///< "StartupNotify=false"
@@ -25,23 +26,26 @@ struct DesktopEntry
     QString id; ///< The desktop-file ID without ".desktop".
     QString path;
     QString name; ///< In the user's language, fit for one line.
-    QStringList otherNames; ///< Untranslated and generic name, keywords, program; without `name`.
+    /// Untranslated and generic name, keywords, program; without `name`. One on each line.
+    QString otherNames;
     QString icon; ///< A theme icon's name or an image's path.
-    QString command; ///< "Exec".
-    QString requiredProgram; ///< "TryExec".
-    QString folder; ///< "Path".
-    QString startupClass; ///< "StartupWMClass".
-    QString gameClass; ///< The class that a game's launcher gives the game's windows.
-    QString program; ///< What "Exec" starts, or the script that an interpreter there runs.
+    CompactText command; ///< "Exec".
+    CompactText requiredProgram; ///< "TryExec".
+    CompactText folder; ///< "Path".
+    CompactText startupClass; ///< "StartupWMClass".
+    CompactText program; ///< What "Exec" starts, or the script that an interpreter there runs.
     Notification notification = Notification::unknown;
-    bool isApplication = false;
-    bool isImage = false; ///< It lies inside of an AppImage, which is what `path` leads to.
-    bool isDeleted = false; ///< "Hidden": stands for nothing but its own absence.
-    bool isHidden = false; ///< Kept out of menus here ("NoDisplay", "OnlyShowIn", …).
-    bool takesArguments = false; ///< "Exec" has words of its own behind the program.
-    bool runsInTerminal = false;
-    bool isTerminalEmulator = false;
-    bool isActivatable = false; ///< "DBusActivatable"
+    bool isApplication : 1 = false;
+    bool isImage : 1 = false; ///< It lies inside of an AppImage, which is what `path` leads to.
+    bool isDeleted : 1 = false; ///< "Hidden": stands for nothing but its own absence.
+    bool isHidden : 1 = false; ///< Kept out of menus here ("NoDisplay", "OnlyShowIn", …).
+    bool takesArguments : 1 = false; ///< "Exec" has words of its own behind the program.
+    bool runsInTerminal : 1 = false;
+    bool isTerminalEmulator : 1 = false;
+    bool isActivatable : 1 = false; ///< "DBusActivatable"
+
+    /// The class that a game's launcher gives the game's windows; empty for what is no game.
+    [[nodiscard]] QString gameClass() const;
 
     bool operator==(const DesktopEntry&) const = default;
 };

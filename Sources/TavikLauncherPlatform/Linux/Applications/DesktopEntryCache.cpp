@@ -29,7 +29,7 @@ SharedDesktopEntry DesktopEntryCache::read(const QString& path, const QString& i
 }
 
 SharedDesktopEntry
-DesktopEntryCache::known(const QString& path, const QString& id, const Stamp& stamp) const
+DesktopEntryCache::known(const QString& path, const QString& id, Stamp stamp) const
 {
     const QMutexLocker lock(&m_mutex);
     const auto found = m_known.constFind(path);
@@ -54,14 +54,16 @@ DesktopEntryCache::Stamp DesktopEntryCache::stampOf(const QString& path)
 {
     struct stat status = {};
     if (::stat(QFile::encodeName(path).constData(), &status) != 0) {
-        return {};
+        return 0;
     }
-    constexpr qint64 second = 1'000'000'000;
-    return {.device = status.st_dev,
-            .inode = status.st_ino,
-            .size = status.st_size,
-            .written = status.st_mtim.tv_sec * second + status.st_mtim.tv_nsec,
-            .changed = status.st_ctim.tv_sec * second + status.st_ctim.tv_nsec};
+    return qHashMulti(0,
+                      quint64{status.st_dev},
+                      quint64{status.st_ino},
+                      qint64{status.st_size},
+                      qint64{status.st_mtim.tv_sec},
+                      qint64{status.st_mtim.tv_nsec},
+                      qint64{status.st_ctim.tv_sec},
+                      qint64{status.st_ctim.tv_nsec});
 }
 
 } // namespace Tavik

@@ -27,27 +27,18 @@ public:
     [[nodiscard]] quint64 reads() const;
 
 private:
-    /// Tells one state of a file from another.
-    struct Stamp
-    {
-        quint64 device = 0;
-        quint64 inode = 0;
-        qint64 size = 0;
-        qint64 written = 0; ///< In nanoseconds.
-        qint64 changed = 0; ///< Likewise.
-
-        bool operator==(const Stamp&) const = default;
-    };
+    /// Tells one state of a file from another: a hash of where it is, its size and its times.
+    using Stamp = std::size_t;
     struct Known
     {
-        Stamp stamp;
+        Stamp stamp = 0;
         SharedDesktopEntry entry;
     };
     [[nodiscard]] static Stamp stampOf(const QString& path);
 
     /// Null where it has to be read.
     [[nodiscard]] SharedDesktopEntry
-    known(const QString& path, const QString& id, const Stamp& stamp) const;
+    known(const QString& path, const QString& id, Stamp stamp) const;
 
     const AppImageContent m_images;
     /// Each is held while one of its paths is read: whoever comes second waits for the first.

@@ -11,11 +11,29 @@
 
 #include <algorithm>
 
-namespace Tavik::DesktopEntryFile {
-
-namespace {
+namespace Tavik {
 
 using namespace Qt::StringLiterals;
+
+QString DesktopEntry::gameClass() const
+{
+    constexpr QLatin1StringView address("steam://rungameid/");
+    constexpr qsizetype longestNumber = 20;
+    const QString text = command.toString();
+    const qsizetype begin = text.indexOf(address);
+    if (begin < 0 || (begin > 0 && text.at(begin - 1).isLetterOrNumber())) {
+        return {};
+    }
+    const QStringView rest = QStringView(text).mid(begin + address.size(), longestNumber);
+    const auto* end
+        = std::ranges::find_if_not(rest, [](QChar c) { return c >= u'0' && c <= u'9'; });
+    const QStringView number = rest.first(end - rest.begin());
+    return number.isEmpty() ? QString() : u"steam_app_"_s + number.toString();
+}
+
+namespace DesktopEntryFile {
+
+namespace {
 
 constexpr auto group = "Desktop Entry";
 constexpr qsizetype maxNameLength = 512;
@@ -55,35 +73,19 @@ bool isShownHere(const KeyFile& file)
     return only.isEmpty();
 }
 
-/// What the windows of a game are called that a launcher of games starts by its number.
-QString gameClassOf(const QString& command)
-{
-    constexpr QLatin1StringView address("steam://rungameid/");
-    constexpr qsizetype longestNumber = 20;
-    const qsizetype begin = command.indexOf(address);
-    if (begin < 0 || (begin > 0 && command.at(begin - 1).isLetterOrNumber())) {
-        return {};
-    }
-    const QStringView rest = QStringView(command).mid(begin + address.size(), longestNumber);
-    const auto* end
-        = std::ranges::find_if_not(rest, [](QChar c) { return c >= u'0' && c <= u'9'; });
-    const QStringView number = rest.first(end - rest.begin());
-    return number.isEmpty() ? QString() : u"steam_app_"_s + number.toString();
-}
-
-QStringList otherNames(const KeyFile& file, const DesktopEntry& entry)
+QString otherNames(const KeyFile& file, const DesktopEntry& entry)
 {
     QStringList names{file.string(group, "Name").value_or(QString()),
                       file.localizedString(group, "GenericName").value_or(QString())};
     names += file.localizedList(group, "Keywords");
-    names.append(entry.program.section(u'/', -1));
+    names.append(entry.program.toString().section(u'/', -1));
     for (QString& name : names) {
         name = displayable(name);
     }
     names.removeDuplicates();
     names.removeAll(QString());
     names.removeAll(entry.name);
-    return names.first(std::min(names.size(), maxOtherNames));
+    return names.first(std::min(names.size(), maxOtherNames)).join(u'\n');
 }
 
 DesktopEntry::Notification notification(const KeyFile& file)
@@ -121,8 +123,7 @@ DesktopEntry parse(const QByteArray& content, const QString& path, const QString
     entry.requiredProgram = text("TryExec");
     entry.folder = text("Path");
     entry.startupClass = text("StartupWMClass");
-    entry.gameClass = gameClassOf(entry.command);
-    const CommandLine::Program program = CommandLine::programOf(entry.command);
+    const CommandLine::Program program = CommandLine::programOf(entry.command.toString());
     entry.program = program.name;
     entry.takesArguments = program.hasArguments;
     entry.notification = notification(*file);
@@ -160,15 +161,19 @@ Bundle bundle(const DesktopEntry& entry)
     if (bundle.isHidden) {
         return bundle;
     }
-    const QString program = entry.isActivatable ? QString() : CommandLine::firstWord(entry.command);
+    const QString program
+        = entry.isActivatable ? QString() : CommandLine::firstWord(entry.command.toString());
     const QString found = installedProgram(program);
-    const QString& required = entry.requiredProgram;
+    const QString required = entry.requiredProgram.toString();
     // Mostly the two are the same, and looking along the whole path takes its time.
     bundle.lacksProgram = (found.isEmpty() && !program.isEmpty())
         || (required != program && !required.isEmpty() && installedProgram(required).isEmpty());
     bundle.isHidden = bundle.lacksProgram;
-    bundle.executable = entry.program == program ? found : entry.program;
+    const QString started = entry.program.toString();
+    bundle.executable = started == program ? found : started;
     return bundle;
 }
 
-} // namespace Tavik::DesktopEntryFile
+} // namespace DesktopEntryFile
+
+} // namespace Tavik

@@ -168,11 +168,11 @@ LaunchTokens X11WindowTracker::beginStart(const DesktopEntry& entry)
                                      id,
                                      {{"NAME", name.toUtf8()},
                                       {"SCREEN", QByteArray::number(m_connection.screenNumber())},
-                                      {"BIN", entry.program.section(u'/', -1).toUtf8()},
+                                      {"BIN", entry.program.toString().section(u'/', -1).toUtf8()},
                                       {"ICON", entry.icon.toUtf8()},
                                       {"DESKTOP", desktop},
                                       {"TIMESTAMP", QByteArray::number(time)},
-                                      {"WMCLASS", entry.startupClass.toUtf8()},
+                                      {"WMCLASS", entry.startupClass.toString().toUtf8()},
                                       {"APPLICATION_ID", entry.path.toUtf8()}});
         m_pump.drainSoon();
     }

@@ -2,8 +2,8 @@
 #include <TavikLauncherCore/AppSearch.h>
 #include <TavikLauncherCore/NameOrder.h>
 #include <TavikLauncherCore/SearchText.h>
+#include <TavikLauncherCore/TextIndex.h>
 
-#include <QHash>
 #include <QStringTokenizer>
 
 #include <algorithm>
@@ -201,21 +201,23 @@ public:
     {
         m_byPath.reserve(sorted.size());
         for (qsizetype position = 0; position < sorted.size(); ++position) {
-            m_byPath.insert(sorted[position].path(), position);
+            m_byPath.add(sorted[position].path(), position);
         }
+        m_byPath.sort();
     }
 
     /// Absent for one that is not there, or by another name.
     [[nodiscard]] std::optional<qsizetype> of(const IndexedApp& app) const
     {
-        const auto found = m_byPath.constFind(app.path());
-        const bool isKnown = found != m_byPath.cend() && m_sorted[*found].name() == app.name();
-        return isKnown ? std::optional(*found) : std::nullopt;
+        return m_byPath.first(app.path(), [&](qsizetype position) {
+            const IndexedApp& other = m_sorted[position];
+            return other.path() == app.path() && other.name() == app.name();
+        });
     }
 
 private:
     const QList<IndexedApp>& m_sorted;
-    QHash<QString, qsizetype> m_byPath;
+    TextIndex m_byPath;
 };
 
 /// An application whose place is known.

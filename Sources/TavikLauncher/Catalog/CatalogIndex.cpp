@@ -20,14 +20,6 @@ bool isUsersOwnLink(const DirectoryItem& item, unsigned userId)
     return item.isSymbolicLink && userId != 0 && item.ownerId == userId;
 }
 
-/// Adds `text` to `set`; false when it was there already.
-bool isNew(QSet<QString>& set, const QString& text)
-{
-    const qsizetype before = set.size();
-    set.insert(text);
-    return set.size() > before;
-}
-
 bool isSameInAll(const IndexedApp& left, const IndexedApp& right)
 {
     return left == right && left.icon().source == right.icon().source
@@ -49,14 +41,16 @@ CatalogIndex CatalogIndex::loadApplications(const FileManager& fileManager,
 {
     CatalogIndex index;
     index.m_order = WalkOrder(searchPaths);
-    QSet<QString> seen;
-    for (const QString& folder : searchPaths) {
+    for (qsizetype each = 0; each < searchPaths.size(); ++each) {
+        const QString& folder = searchPaths.at(each);
         if (!fileManager.fileExists(folder)) {
             continue;
         }
         fileManager.enumerate(folder, [&](const DirectoryItem& found) {
-            if (std::optional<Item> item = CatalogIndex::item(fileManager, found);
-                item && isNew(seen, found.path)) {
+            if (index.m_order.folderOf(found.path) != each) {
+                return; // Met before, in a folder that holds this one.
+            }
+            if (std::optional<Item> item = CatalogIndex::item(fileManager, found)) {
                 index.m_items.append(*std::move(item));
             }
         });
@@ -76,12 +70,9 @@ CatalogIndex CatalogIndex::loadApplications(const FileManager& fileManager,
 
 const IndexedApp* CatalogIndex::withPath(const QString& path) const
 {
-    for (const TextIndex::Entry& candidate : m_positions.candidates(path)) {
-        if (const IndexedApp& app = m_apps.at(candidate.position); app.path() == path) {
-            return &app;
-        }
-    }
-    return nullptr;
+    const std::optional<qsizetype> position = m_positions.first(
+        path, [&](qsizetype candidate) { return m_apps.at(candidate).path() == path; });
+    return position ? &m_apps.at(*position) : nullptr;
 }
 
 bool CatalogIndex::update(const FileManager& fileManager, const QStringList& paths)
@@ -130,6 +121,11 @@ std::optional<CatalogIndex::Item> CatalogIndex::item(const FileManager& fileMana
     return std::nullopt;
 }
 
+QString CatalogIndex::identifierOf(const Item& item)
+{
+    return item.isEntry ? item.app.bundleIdentifier().value_or(QString()) : QString();
+}
+
 void CatalogIndex::lookAt(const FileManager& fileManager,
                           const QString& path,
                           Difference& difference)
@@ -148,17 +144,24 @@ void CatalogIndex::lookAt(const FileManager& fileManager,
 
 void CatalogIndex::decideWhatIsShown(Difference& difference)
 {
-    QSet<QString> identifiers;
+    TextIndex entries; // By identifier.
+    entries.reserve(m_items.size());
     QSet<QString> images; // What the desktop has given an entry of its own.
-    for (const Item& item : std::as_const(m_items)) {
+    for (qsizetype position = 0; position < m_items.size(); ++position) {
+        const Item& item = m_items.at(position);
+        entries.add(identifierOf(item), position);
         if (!item.image.isEmpty() && item.image != item.app.path() && !item.isHidden) {
             images.insert(item.image);
         }
     }
-    for (Item& item : m_items) {
-        const QString identifier
-            = item.isEntry ? item.app.bundleIdentifier().value_or(QString()) : QString();
-        const bool isMasked = (!identifier.isEmpty() && !isNew(identifiers, identifier))
+    entries.sort();
+    for (qsizetype position = 0; position < m_items.size(); ++position) {
+        Item& item = m_items[position];
+        const QString identifier = identifierOf(item);
+        const auto first = entries.first(identifier, [&](qsizetype other) {
+            return identifierOf(m_items.at(other)) == identifier;
+        });
+        const bool isMasked = first.value_or(position) != position
             || (item.image == item.app.path() && images.contains(item.image));
         const bool isShown = !isMasked && !item.isHidden;
         if (std::exchange(item.isShown, isShown) != isShown) {

@@ -3,7 +3,7 @@
 
 #include <TavikLauncher/Catalog/CatalogCache.h>
 #include <TavikLauncherCore/IndexedApp.h>
-#include <TavikLauncherPlatform/TextIndex.h>
+#include <TavikLauncherCore/TextIndex.h>
 #include <TavikLauncherPlatform/WalkOrder.h>
 
 #include <QHash>
@@ -57,6 +57,8 @@ private:
         bool isShown = false;
     };
     [[nodiscard]] static const QString& pathOf(const Item& item) { return item.app.path(); }
+    /// By which a desktop entry hides others; empty for all else.
+    [[nodiscard]] static QString identifierOf(const Item& item);
     [[nodiscard]] static std::optional<Item> item(const FileManager& fileManager,
                                                   const DirectoryItem& found);
     /// Both sides of a change of what is shown.

@@ -36,20 +36,24 @@ template <typename Entries> const DesktopEntry* firstOf(const Entries& entries)
 DesktopEntries::DesktopEntries(QList<SharedDesktopEntry> entries)
     : m_entries(std::move(entries))
 {
-    QSet<QString> seen;
-    seen.reserve(m_entries.size());
-    for (TextIndex* index : {&m_paths, &m_ids, &m_programs}) {
+    TextIndex all; // By ID, also those that are deleted or damaged.
+    for (TextIndex* index : {&all, &m_paths, &m_ids, &m_programs}) {
         index->reserve(m_entries.size());
     }
+    for (qsizetype position = 0; position < m_entries.size(); ++position) {
+        all.add(m_entries.at(position)->id, position);
+    }
+    all.sort();
     QList<qsizetype> standing;
     QList<qsizetype> images;
     for (qsizetype position = 0; position < m_entries.size(); ++position) {
         const DesktopEntry& entry = *m_entries.at(position);
-        const qsizetype before = seen.size();
-        seen.insert(entry.id);
+        const auto first = all.first(
+            entry.id, [&](qsizetype other) { return m_entries.at(other)->id == entry.id; });
         if (entry.isImage) {
             images.append(position);
-        } else if (seen.size() > before && entry.isApplication && !entry.isDeleted) {
+        } else if (first.value_or(position) == position && entry.isApplication
+                   && !entry.isDeleted) {
             // One that is deleted or damaged still stands in the way of those behind it.
             standing.append(position);
             addNames(position);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TavikLauncherCore/TextIndex.h>
 #include <TavikLauncherPlatform/Linux/Applications/DesktopEntry.h>
-#include <TavikLauncherPlatform/TextIndex.h>
 
 #include <QList>
 #include <QString>

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <TavikLauncherCore/TextIndex.h>
 #include <TavikLauncherPlatform/Linux/Applications/DesktopEntryCache.h>
 
 #include <QFile>
@@ -38,10 +39,20 @@ DesktopEntryCache::known(const QString& path, const QString& id, Stamp stamp) co
     return isCurrent ? found->entry : nullptr;
 }
 
-void DesktopEntryCache::keepOnly(const QSet<QString>& paths)
+void DesktopEntryCache::keepOnly(const QList<SharedDesktopEntry>& entries)
 {
+    TextIndex paths;
+    paths.reserve(entries.size());
+    for (qsizetype position = 0; position < entries.size(); ++position) {
+        paths.add(entries.at(position)->path, position);
+    }
+    paths.sort();
     const QMutexLocker lock(&m_mutex);
-    m_known.removeIf([&paths](auto known) { return !paths.contains(known.key()); });
+    m_known.removeIf([&](auto known) {
+        return !paths.first(known.key(), [&](qsizetype position) {
+            return entries.at(position)->path == known.key();
+        });
+    });
 }
 
 quint64 DesktopEntryCache::reads() const

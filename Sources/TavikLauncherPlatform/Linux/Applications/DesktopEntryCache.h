@@ -5,8 +5,8 @@
 #include <TavikLauncherPlatform/Linux/Applications/DesktopEntry.h>
 
 #include <QHash>
+#include <QList>
 #include <QMutex>
-#include <QSet>
 
 #include <array>
 
@@ -21,8 +21,8 @@ public:
     /// its desktop-file ID without the ending. A look at the file alone where nothing has changed.
     [[nodiscard]] SharedDesktopEntry read(const QString& path, const QString& id);
     [[nodiscard]] const AppImageContent& images() const { return m_images; }
-    /// Forgets every entry but those at `paths`.
-    void keepOnly(const QSet<QString>& paths);
+    /// Forgets every entry but `entries`.
+    void keepOnly(const QList<SharedDesktopEntry>& entries);
     /// How often a file was read.
     [[nodiscard]] quint64 reads() const;
 

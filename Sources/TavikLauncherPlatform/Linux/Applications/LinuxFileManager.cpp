@@ -228,17 +228,16 @@ SharedDesktopEntry LinuxFileManager::entry(const QString& path) const
 
 DesktopEntries LinuxFileManager::desktopEntries() const
 {
+    const WalkOrder order(m_applicationFolders);
     QList<SharedDesktopEntry> entries;
-    QSet<QString> paths;
-    for (const QString& folder : m_applicationFolders) {
-        enumerate(folder, [&](const DirectoryItem& item) {
-            if (isEntry(item) && !paths.contains(item.path)) {
-                paths.insert(item.path);
+    for (qsizetype folder = 0; folder < m_applicationFolders.size(); ++folder) {
+        enumerate(m_applicationFolders.at(folder), [&](const DirectoryItem& item) {
+            if (isEntry(item) && order.folderOf(item.path) == folder) {
                 entries.append(entry(item.path));
             }
         });
     }
-    m_entries.keepOnly(paths);
+    m_entries.keepOnly(entries);
     return DesktopEntries(std::move(entries));
 }
 

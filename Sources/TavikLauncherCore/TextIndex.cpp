@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <TavikLauncherPlatform/TextIndex.h>
+#include <TavikLauncherCore/TextIndex.h>
 
 #include <QHash>
 

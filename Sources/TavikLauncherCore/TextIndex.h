@@ -4,6 +4,7 @@
 #include <QList>
 #include <QString>
 
+#include <optional>
 #include <span>
 
 namespace Tavik {
@@ -26,6 +27,17 @@ public:
     void sort();
     /// What was added with `text`, in the order of adding; other texts' may be among it.
     [[nodiscard]] std::span<const Entry> candidates(QStringView text) const;
+    /// The position that was added first with `text`. `isMeant` compares the text at a position.
+    template <typename IsMeant>
+    [[nodiscard]] std::optional<qsizetype> first(QStringView text, IsMeant isMeant) const
+    {
+        for (const Entry& candidate : candidates(text)) {
+            if (isMeant(qsizetype{candidate.position})) {
+                return candidate.position;
+            }
+        }
+        return std::nullopt;
+    }
 
 private:
     QList<Entry> m_entries; ///< By hash.

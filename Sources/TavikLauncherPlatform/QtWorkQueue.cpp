@@ -72,19 +72,29 @@ void QtWorkQueue::schedule(WorkPriority priority, Job job)
     if (m_isFinished) {
         return;
     }
-    auto* work = new Work([this, job = std::move(job)]() mutable {
+    start(poolFor(priority), [this, job = std::move(job)]() mutable {
         QElapsedTimer timer;
         timer.start();
         Done done = job();
         job = nullptr; // Here, with all that it holds.
-        Errand::send(*this, std::move(done));
         if (m_releaseMemory && timer.elapsed() > longJobMilliseconds) {
-            m_releaseMemory();
+            done = [this, done = std::move(done)] {
+                if (done) {
+                    done();
+                }
+                start(m_writes, m_releaseMemory);
+            };
         }
+        Errand::send(*this, std::move(done));
         handOver(this);
     });
-    handOver(work);
-    poolFor(priority).start(work); // Which deletes it.
+}
+
+void QtWorkQueue::start(QThreadPool& pool, std::function<void()> work)
+{
+    auto* started = new Work(std::move(work));
+    handOver(started);
+    pool.start(started); // Which deletes it.
 }
 
 bool QtWorkQueue::event(QEvent* event)

@@ -14,8 +14,8 @@ namespace Tavik {
 class QtWorkQueue final : public QObject, public WorkQueue
 {
 public:
-    /// `releaseMemory` is called off the main thread after a long job: it may give what the job has
-    /// freed back to the system. `patience` is how long `finish` waits for launches, and then for
+    /// `releaseMemory` is called off the main thread after a long job, its continuation and the
+    /// writes that this asked for: it may give what they have freed back to the system. `patience` is how long `finish` waits for launches, and then for
     /// reads.
     explicit QtWorkQueue(std::function<void()> releaseMemory = {},
                          std::chrono::milliseconds patience = std::chrono::seconds(1));
@@ -32,6 +32,7 @@ protected:
 
 private:
     [[nodiscard]] QThreadPool& poolFor(WorkPriority priority);
+    void start(QThreadPool& pool, std::function<void()> work);
 
     std::function<void()> m_releaseMemory;
     std::chrono::milliseconds m_patience;

@@ -15,8 +15,8 @@ class QtWorkQueue final : public QObject, public WorkQueue
 {
 public:
     /// `releaseMemory` is called off the main thread after a long job, its continuation and the
-    /// writes that this asked for: it may give what they have freed back to the system. `patience` is how long `finish` waits for launches, and then for
-    /// reads.
+    /// writes that this asked for: it may give what they have freed back to the system. `patience`
+    /// is how long `finish` waits for launches, and then for reads.
     explicit QtWorkQueue(std::function<void()> releaseMemory = {},
                          std::chrono::milliseconds patience = std::chrono::seconds(1));
     /// Waits for whatever runs.

@@ -3,6 +3,7 @@
 
 #include <QSemaphore>
 #include <QTest>
+#include <QThread>
 
 using namespace Tavik;
 using namespace std::chrono_literals;
@@ -33,6 +34,26 @@ private Q_SLOTS:
             QCOMPARE(written.available(), 3);
             goesOn.release();
         }
+    }
+
+    void memoryGoesBackBehindALongJobAndWhatItAskedFor()
+    {
+        QSemaphore released;
+        QStringList steps; // Each behind the other, on whatever thread.
+        QtWorkQueue queue([&] { steps.append(QStringLiteral("released")), released.release(); });
+        queue.schedule(WorkPriority::userInitiated, [&]() -> Done {
+            QThread::msleep(60);
+            return [&] {
+                steps.append(QStringLiteral("continued"));
+                queue.schedule(WorkPriority::utility,
+                               [&] { return steps.append(QStringLiteral("written")), Done(); });
+            };
+        });
+        QTRY_COMPARE(released.available(), 1);
+        QCOMPARE(steps.join(u' '), QStringLiteral("continued written released"));
+        queue.schedule(WorkPriority::userInitiated, [] { return Done(); });
+        QVERIFY(queue.finish());
+        QCOMPARE(released.available(), 1); // A short job leaves nothing to give back.
     }
 
     void aLaunchOvertakesWritesAndOutlivesTheEnd()

@@ -28,7 +28,7 @@ function(tavik_precompiled name)
     <QPushButton> <QScreen> <QWidget> <QWindow>)
 endfunction()
 
-tavik_precompiled(tavik_precompiled_rooms)
+tavik_precompiled(tavik_precompiled_rooms ${TAVIK_ROOM_OPTIONS})
 tavik_precompiled(tavik_precompiled_tests ${TAVIK_TEST_OPTIONS})
 
 # KIND is "rooms" or "tests", after the options that `target` is compiled with.

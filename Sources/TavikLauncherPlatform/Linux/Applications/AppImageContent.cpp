@@ -140,7 +140,7 @@ QByteArray entryOf(const Image& image)
 
 QByteArray iconOf(const Image& image, const QByteArray& entry)
 {
-    const QString name = DesktopEntryFile::parse(entry, {}, {}).icon;
+    const QString name = DesktopEntryFile::parse(entry, {}, {}).icon.toString();
     for (const QString& candidate : {name + ".svg"_L1, name + ".png"_L1, u".DirIcon"_s}) {
         if (const QByteArray bytes = image.content(candidate, mostIcon); !bytes.isEmpty()) {
             return bytes;

@@ -151,7 +151,7 @@ std::optional<QStringList> expanded(const DesktopEntry& entry, const QString& ta
     for (const QString& word : words(entry.command.toString())) {
         if (word == "%i"_L1) {
             if (!entry.icon.isEmpty()) {
-                result += {u"--icon"_s, entry.icon};
+                result += {u"--icon"_s, entry.icon.toString()};
             }
             continue;
         }

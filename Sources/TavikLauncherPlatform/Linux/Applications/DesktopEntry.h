@@ -28,7 +28,7 @@ struct DesktopEntry
     QString name; ///< In the user's language, fit for one line.
     /// Untranslated and generic name, keywords, program; without `name`. One on each line.
     QString otherNames;
-    QString icon; ///< A theme icon's name or an image's path.
+    CompactText icon; ///< A theme icon's name or an image's path.
     CompactText command; ///< "Exec".
     CompactText requiredProgram; ///< "TryExec".
     CompactText folder; ///< "Path".

@@ -152,7 +152,7 @@ Bundle bundle(const DesktopEntry& entry)
     Bundle bundle;
     bundle.kind = Bundle::Kind::desktopEntry;
     bundle.identifier = entry.id;
-    bundle.iconSource = entry.icon;
+    bundle.iconSource = entry.path; // Which icon that is is looked up when it is decoded.
     bundle.otherNames = entry.otherNames;
     if (!entry.name.isEmpty()) {
         bundle.name = entry.name;

@@ -183,7 +183,7 @@ QString LinuxFileManager::iconSource(const QString& path) const
     }
     const QString file
         = kind == Bundle::Kind::image ? m_entries.images().iconFile(path) : QString();
-    return file.isEmpty() ? entry(path)->icon : file;
+    return file.isEmpty() ? entry(path)->icon.toString() : file;
 }
 
 std::optional<Bundle> LinuxFileManager::contentOfBundle(const QString& path) const
@@ -201,7 +201,6 @@ std::optional<Bundle> LinuxFileManager::contentOfBundle(const QString& path) con
         Bundle bundle = DesktopEntryFile::bundle(*image);
         bundle.kind = Bundle::Kind::image;
         bundle.executable = path;
-        bundle.iconSource = image->path;
         // That it may not be executed is said to who starts it.
         bundle.isHidden = false;
         bundle.lacksProgram = false;
@@ -212,9 +211,7 @@ std::optional<Bundle> LinuxFileManager::contentOfBundle(const QString& path) con
     if (!isThere) {
         return std::nullopt;
     }
-    const SharedDesktopEntry known = entry(path);
-    Bundle bundle = DesktopEntryFile::bundle(*known);
-    bundle.iconSource = known->path;
+    Bundle bundle = DesktopEntryFile::bundle(*entry(path));
     if (bundle.executable && !isInApplicationFolder(*bundle.executable)) {
         bundle.executable.reset();
     }

@@ -169,7 +169,7 @@ LaunchTokens X11WindowTracker::beginStart(const DesktopEntry& entry)
                                      {{"NAME", name.toUtf8()},
                                       {"SCREEN", QByteArray::number(m_connection.screenNumber())},
                                       {"BIN", entry.program.toString().section(u'/', -1).toUtf8()},
-                                      {"ICON", entry.icon.toUtf8()},
+                                      {"ICON", entry.icon.toString().toUtf8()},
                                       {"DESKTOP", desktop},
                                       {"TIMESTAMP", QByteArray::number(time)},
                                       {"WMCLASS", entry.startupClass.toString().toUtf8()},

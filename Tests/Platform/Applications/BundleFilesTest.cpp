@@ -154,9 +154,9 @@ private Q_SLOTS:
     void nameAndIconAreTakenWhereTheyServe()
     {
         const auto [lines, name, icon] = fetch<QByteArray, QString, QString>();
-        const Bundle bundle = bundleOf(entry(lines));
-        QCOMPARE(bundle.name.value_or(QString()), name);
-        QCOMPARE(bundle.iconSource, icon);
+        const DesktopEntry found = DesktopEntryFile::parse(entry(lines), {}, {});
+        QCOMPARE(found.name, name);
+        QCOMPARE(found.icon.toString(), icon);
     }
 };
 

@@ -25,7 +25,10 @@ endif()
 
 # Half the size, so that much less of the program is in memory, and no slower where it was measured. A room that says FAST
 # is compiled for speed.
-set(TAVIK_ROOM_OPTIONS $<$<AND:$<CONFIG:RelWithDebInfo>,$<NOT:$<BOOL:${TAVIK_SANITIZE}>>>:-Os>)
+set(TAVIK_ROOM_OPTIONS)
+if(NOT TAVIK_SANITIZE)
+  set(TAVIK_ROOM_OPTIONS $<$<CONFIG:RelWithDebInfo>:-Os>)
+endif()
 # What is tested is optimised; the tests themselves only cost time to build.
 set(TAVIK_TEST_OPTIONS $<$<CONFIG:RelWithDebInfo>:-O0> $<$<CONFIG:RelWithDebInfo>:-g1>)
 include(HousePrecompiled)

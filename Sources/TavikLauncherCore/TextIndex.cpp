@@ -31,8 +31,9 @@ void TextIndex::sort()
 
 std::span<const TextIndex::Entry> TextIndex::candidates(QStringView text) const
 {
-    const auto found = std::ranges::equal_range(m_entries, hashOf(text), {}, &Entry::hash);
-    return {found.begin(), found.end()};
+    const quint32 hash = hashOf(text);
+    return {std::ranges::lower_bound(m_entries, hash, {}, &Entry::hash),
+            std::ranges::upper_bound(m_entries, hash, {}, &Entry::hash)};
 }
 
 } // namespace Tavik

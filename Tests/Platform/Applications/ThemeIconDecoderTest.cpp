@@ -17,10 +17,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QByteArray png(QSize size, QColor color)
+QByteArray png(QSize size, QColor color, QImage::Format format = QImage::Format_ARGB32)
 {
-    QImage image(size, QImage::Format_ARGB32);
-    image.fill(color);
+    QImage picture(size, QImage::Format_ARGB32);
+    picture.fill(color);
+    const QImage image = picture.convertToFormat(format);
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
@@ -133,6 +134,7 @@ private Q_SLOTS:
         const Table<QByteArray> row;
         row("empty", {});
         row("cut picture", png({48, 48}, Qt::red).first(60));
+        row("too wide picture", png({5000, 1}, Qt::red));
         row("gigantic picture",
             QByteArray("P6\n40000 40000\n255\n").append(QByteArray(100, '\xFF')));
         row("nested vector picture",
@@ -145,6 +147,22 @@ private Q_SLOTS:
         const auto [content] = fetch<QByteArray>();
         const QString path = m_tree->write(u"x.png"_s, content);
         QCOMPARE(decode(path, 48), decode({}, 48));
+    }
+
+    void eachKindOfPngIsRead()
+    {
+        const QColor half(255, 0, 0, 128);
+        const QColor gray(96, 96, 96);
+        for (const auto& [format, color] : {std::pair(QImage::Format_ARGB32, half),
+                                            {QImage::Format_RGBA64, half},
+                                            {QImage::Format_Indexed8, QColor(Qt::red)},
+                                            {QImage::Format_RGB32, gray},
+                                            {QImage::Format_Grayscale8, gray},
+                                            {QImage::Format_Grayscale16, gray},
+                                            {QImage::Format_Mono, QColor(Qt::white)}}) {
+            const QString path = m_tree->write(u"x.png"_s, png({48, 48}, color, format));
+            QCOMPARE(centre(decode(path, 48)), color);
+        }
     }
 
     void picturesAreFittedAndCentred_data()

@@ -5,9 +5,12 @@
 #include <QBuffer>
 #include <QImageReader>
 #include <QPainter>
+#include <QScopeGuard>
 #include <QSvgRenderer>
 
 #include <algorithm>
+#include <bit>
+#include <png.h>
 
 namespace Tavik::IconImage {
 
@@ -54,20 +57,58 @@ QImage renderedVector(const QByteArray& bytes, int side)
     return image;
 }
 
-QImage scaledPixels(QByteArray bytes, int side)
+bool isReadable(QSize announced)
 {
-    // What nearly every icon is; to recognise anything else the toolkit loads all that it can read.
-    constexpr QByteArrayView pngSignature("\x89PNG\r\n\x1a\n");
-    const QByteArray format = bytes.startsWith(pngSignature) ? "png" : QByteArray();
-    QBuffer buffer(&bytes);
-    QImageReader reader(&buffer, format);
-    reader.setAutoTransform(true);
-    const QSize announced = reader.size();
-    if (!announced.isValid() || announced.width() > maxImageSide
-        || announced.height() > maxImageSide) {
+    return announced.isValid() && announced.width() <= maxImageSide
+        && announced.height() <= maxImageSide;
+}
+
+bool isPng(const QByteArray& bytes)
+{
+    return bytes.startsWith(QByteArrayView("\x89PNG\r\n\x1a\n"));
+}
+
+/// Nearly every picture of an icon is one. The toolkit's reader, told the format or not, first
+/// loads its plugins for all others.
+QImage decodedPng(const QByteArray& bytes)
+{
+    png_image png = {};
+    png.version = PNG_IMAGE_VERSION;
+    const auto freePng = qScopeGuard([&] { png_image_free(&png); });
+    if (!png_image_begin_read_from_memory(
+            &png, bytes.constData(), static_cast<png_size_t>(bytes.size()))) {
         return {};
     }
-    QImage picture = reader.read();
+    const QSize size(static_cast<int>(png.width), static_cast<int>(png.height));
+    if (!isReadable(size)) {
+        return {};
+    }
+    constexpr bool isLittleEndian = std::endian::native == std::endian::little;
+    png.format = isLittleEndian ? PNG_FORMAT_BGRA : PNG_FORMAT_ARGB;
+    png.flags |= PNG_IMAGE_FLAG_16BIT_sRGB; // Where the file does not say otherwise.
+    QImage picture(size, QImage::Format_ARGB32);
+    if (picture.isNull()
+        || !png_image_finish_read(&png,
+                                  nullptr,
+                                  picture.bits(),
+                                  static_cast<png_int_32>(picture.bytesPerLine()),
+                                  nullptr)) {
+        return {};
+    }
+    return picture;
+}
+
+QImage decodedOther(QByteArray bytes)
+{
+    QBuffer buffer(&bytes);
+    QImageReader reader(&buffer);
+    reader.setAutoTransform(true);
+    return isReadable(reader.size()) ? reader.read() : QImage();
+}
+
+QImage scaledPixels(const QByteArray& bytes, int side)
+{
+    QImage picture = isPng(bytes) ? decodedPng(bytes) : decodedOther(bytes);
     if (picture.isNull()) {
         return {};
     }

@@ -234,6 +234,7 @@ DesktopEntries LinuxFileManager::desktopEntries() const
             }
         });
     }
+    entries.squeeze();
     m_entries.keepOnly(entries);
     return DesktopEntries(std::move(entries));
 }

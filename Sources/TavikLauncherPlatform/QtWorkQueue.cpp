@@ -82,12 +82,19 @@ void QtWorkQueue::schedule(WorkPriority priority, Job job)
                 if (done) {
                     done();
                 }
-                start(m_writes, m_releaseMemory);
+                releaseMemory();
             };
         }
         Errand::send(*this, std::move(done));
         handOver(this);
     });
+}
+
+void QtWorkQueue::releaseMemory()
+{
+    if (m_releaseMemory && !m_isFinished) {
+        start(m_writes, m_releaseMemory);
+    }
 }
 
 void QtWorkQueue::start(QThreadPool& pool, std::function<void()> work)

@@ -14,9 +14,9 @@ namespace Tavik {
 class QtWorkQueue final : public QObject, public WorkQueue
 {
 public:
-    /// `releaseMemory` is called off the main thread after a long job, its continuation and the
-    /// writes that this asked for: it may give what they have freed back to the system. `patience`
-    /// is how long `finish` waits for launches, and then for reads.
+    /// `releaseMemory` does what the operation of that name promises. It is also called after a
+    /// long job, its continuation and the writes that this asked for. `patience` is how long
+    /// `finish` waits for launches, and then for reads.
     explicit QtWorkQueue(std::function<void()> releaseMemory = {},
                          std::chrono::milliseconds patience = std::chrono::seconds(1));
     /// Waits for whatever runs.
@@ -25,6 +25,7 @@ public:
     QtWorkQueue& operator=(const QtWorkQueue&) = delete;
 
     void schedule(WorkPriority priority, Job job) override;
+    void releaseMemory() override;
     bool finish() override;
 
 protected:

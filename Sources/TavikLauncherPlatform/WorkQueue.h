@@ -24,6 +24,9 @@ public:
     virtual ~WorkQueue() = default;
 
     virtual void schedule(WorkPriority priority, Job job) = 0;
+    /// Gives memory that was freed back to the system, off the main thread and behind all writes.
+    /// For when something large has gone; does nothing where nobody knows how.
+    virtual void releaseMemory() { }
     /// For the end of the program, before what the jobs refer to goes: completes the writes and
     /// the launches, drops the reads that wait, and accepts no more. False when a read or a launch
     /// still runs after a while, held up by a dead network folder or the like: then nothing that

@@ -19,6 +19,8 @@ public:
         m_waiting.push_back(std::move(job));
     }
 
+    void releaseMemory() override { ++released; }
+
     bool finish() override
     {
         m_waiting.clear();
@@ -47,6 +49,8 @@ public:
             runAt(0);
         }
     }
+
+    int released = 0; ///< How often memory was to be given back.
 
 private:
     std::deque<Job> m_waiting;

@@ -190,9 +190,11 @@ private Q_SLOTS:
     {
         ShownPanel fixture;
         fixture.commands.insertText(u"c"_s);
+        const int before = fixture.workQueue.released;
         fixture.panel->orderOut();
         fixture.settle();
         QCOMPARE(fixture.workQueue.waiting(), 0U);
+        QVERIFY(fixture.workQueue.released > before); // What was shown takes no memory any more.
         const RingScene hidden = fixture.ring().scene();
         fixture.commands.prepareForShow(true);
         QVERIFY(hidden == fixture.ring().scene());

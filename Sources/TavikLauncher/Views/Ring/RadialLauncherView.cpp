@@ -9,6 +9,7 @@
 #include <TavikLauncher/Views/Ring/RingPainter.h>
 #include <TavikLauncherPlatform/DesktopAppearance.h>
 #include <TavikLauncherPlatform/WindowServer.h>
+#include <TavikLauncherPlatform/WorkQueue.h>
 
 #include <QEnterEvent>
 #include <QPainter>
@@ -138,6 +139,8 @@ void RadialLauncherView::scheduleRenderAhead()
     m_renderAhead = m_dependencies.ring.mainQueue.after(renderAheadDelay, [this] {
         if (!isVisible()) {
             renderAhead();
+            // The images of the ring that was shown have gone.
+            m_dependencies.ring.workQueue.releaseMemory();
         }
     });
 }

@@ -25,7 +25,12 @@ public:
         moveToThread(&m_thread);
         m_thread.start();
     }
-    ~FakeBusService() override { stop(); }
+    ~FakeBusService() override
+    {
+        if (m_thread.isRunning()) {
+            qFatal("A fake service must stop before its members go.");
+        }
+    }
     /// After all that it has been asked before.
     void onItsThread(const std::function<void()>& act)
     {
@@ -44,7 +49,7 @@ public:
     [[nodiscard]] QString introspect(const QString&) const override { return {}; }
 
 protected:
-    /// For the destructor of one that may still be asked something.
+    /// For each destructor: until then it may be asked something.
     void stop()
     {
         m_thread.quit();

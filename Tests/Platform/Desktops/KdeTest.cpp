@@ -27,6 +27,7 @@ public:
     FakeKde()
         : FakeBusService({u"org.kde.kglobalaccel"_s, u"org.kde.KWin"_s})
     { }
+    ~FakeKde() override { stop(); }
     void tellOfKey(const QString& signal, const QString& component)
     {
         send(QDBusMessage::createSignal(

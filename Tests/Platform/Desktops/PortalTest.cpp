@@ -40,6 +40,7 @@ public:
     FakePortal()
         : FakeBusService({})
     { }
+    ~FakePortal() override { stop(); }
     void is(bool isThere, const Manner& manner = {})
     {
         onItsThread([&] {

@@ -18,12 +18,19 @@ class FakeBusService : public QDBusVirtualObject
 public:
     explicit FakeBusService(const QStringList& names)
     {
-        m_bus.registerVirtualObject(QStringLiteral("/"), this, QDBusConnection::SubPath);
-        for (const QString& name : names) {
-            m_bus.registerService(name);
-        }
         moveToThread(&m_thread);
         m_thread.start();
+        // Like the program, not on the main thread: there the toolkit holds back what comes first,
+        // and may let what comes next go before it.
+        onItsThread([&] {
+            QDBusConnection::sessionBus();
+            m_bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus,
+                                                  QStringLiteral("fake"));
+            m_bus.registerVirtualObject(QStringLiteral("/"), this, QDBusConnection::SubPath);
+            for (const QString& name : names) {
+                m_bus.registerService(name);
+            }
+        });
     }
     ~FakeBusService() override
     {
@@ -56,8 +63,7 @@ protected:
         m_thread.wait();
     }
 
-    QDBusConnection m_bus
-        = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("fake"));
+    QDBusConnection m_bus{QString()};
 
 private:
     QThread m_thread;

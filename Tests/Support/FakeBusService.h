@@ -20,8 +20,8 @@ public:
     {
         moveToThread(&m_thread);
         m_thread.start();
-        // Like the program, not on the main thread: there the toolkit holds back what comes first,
-        // and may let what comes next go before it.
+        // Both connections off the main thread. There the toolkit holds back what comes before the
+        // thread's next turn, and may then deliver it late. The program has turned long ago.
         onItsThread([&] {
             QDBusConnection::sessionBus();
             m_bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus,

@@ -66,8 +66,9 @@ struct PlatformOptions
 /// Implemented by the one system that the build contains.
 [[nodiscard]] std::unique_ptr<Platform> makePlatform(const PlatformOptions& options);
 
-/// Has all threads share one heap, without the pictures: threads work seldom at the same time, and
-/// a heap for each would mostly be holes, as would one that large pictures come to and go from. To
+/// Gives the main thread one heap and all other threads a second, both without the pictures. In a
+/// common heap, what a walk makes and what the ring keeps would lie in each other's holes. A heap
+/// for each thread would mostly be holes, as would one that large pictures come to and go from. To
 /// be called before the first thread begins. Implemented beside `makePlatform`.
 void saveMemory();
 

@@ -275,7 +275,7 @@ std::unique_ptr<Updater> makeUpdater(const UpdateSource& source, Platform& platf
 
 void saveMemory()
 {
-    mallopt(M_ARENA_MAX, 1);
+    mallopt(M_ARENA_MAX, 2);
     // Left alone, the limit grows with each picture that is freed, and later ones leave their holes
     // in the heap. Above it memory goes back at once.
     constexpr int mapsFrom = 128 * 1024;

@@ -54,19 +54,22 @@ def test_the_ring_opens_with_a_dot_that_grows_or_where_motion_is_reduced_fades_i
     launcher.wait_shows(*apps)  # Before anything is painted it is still, too.
     launcher.wait_still()
     complete = display.picture(place)
-    launcher.dismiss()
-    empty = display.picture(place)
-
-    looks = []
-    display.press(launcher.hot_key)
-    while len(looks) < 2000 and (not looks or looks[-1] != complete):
-        looks.append(display.picture(place))
-    steps = [taken for taken in looks if taken not in (empty, complete)]
+    looks, steps = [], []
+    for _ in range(4):  # A busy machine may leave out all that lies between.
+        launcher.dismiss()
+        empty = display.picture(place)
+        looks = []
+        display.press(launcher.hot_key)
+        while len(looks) < 2000 and (not looks or looks[-1] != complete):
+            looks.append(display.picture(place))
+        steps = [taken for taken in looks if taken not in (empty, complete)]
+        if len({taken.data for taken in steps}) >= 4:
+            break
+    assert len({taken.data for taken in steps}) >= 4, "it takes its time"
     steps[len(steps) // 3].save(PICTURES / f"RingTest.opening-motion-{motion}.png")
     sizes = [taken.share_unlike(empty) / complete.share_unlike(empty) for taken in steps]
     # Just outside the ring at rest, left of it, where only its shadow lies then.
     shades = [sum(taken.pixel(18, 233)) for taken in (*looks, complete)]
-    assert len({taken.data for taken in steps}) >= 4, "it takes its time"
     if motion == "calm":
         assert min(sizes) > 0.9 and min(shades) == shades[-1], "it is where it will be"
     else:

@@ -967,8 +967,8 @@
         <translation>Automatisch nach Updates suchen</translation>
     </message>
     <message>
-        <source>A dot in the wheel&apos;s symbol tells of a new version</source>
-        <translation>Ein Punkt im Symbol des Rads meldet eine neue Version</translation>
+        <source>A dot in the wheel&apos;s symbol or a notification tells of a new version</source>
+        <translation>Ein Punkt im Symbol des Rads oder eine Benachrichtigung meldet eine neue Version</translation>
     </message>
     <message>
         <source>Look for a new version at once.</source>

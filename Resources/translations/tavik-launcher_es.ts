@@ -967,8 +967,8 @@
         <translation>Buscar actualizaciones automáticamente</translation>
     </message>
     <message>
-        <source>A dot in the wheel&apos;s symbol tells of a new version</source>
-        <translation>Un punto en el símbolo de la rueda avisa de una versión nueva</translation>
+        <source>A dot in the wheel&apos;s symbol or a notification tells of a new version</source>
+        <translation>Un punto en el símbolo de la rueda o una notificación avisa de una versión nueva</translation>
     </message>
     <message>
         <source>Look for a new version at once.</source>

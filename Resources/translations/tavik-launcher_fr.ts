@@ -967,8 +967,8 @@
         <translation>Chercher les mises à jour automatiquement</translation>
     </message>
     <message>
-        <source>A dot in the wheel&apos;s symbol tells of a new version</source>
-        <translation>Un point dans la roue annonce une nouvelle version</translation>
+        <source>A dot in the wheel&apos;s symbol or a notification tells of a new version</source>
+        <translation>Un point dans la roue ou une notification annonce une nouvelle version</translation>
     </message>
     <message>
         <source>Look for a new version at once.</source>

@@ -966,8 +966,8 @@
         <translation>アップデートを自動的に確認</translation>
     </message>
     <message>
-        <source>A dot in the wheel&apos;s symbol tells of a new version</source>
-        <translation>輪の中の点が、新しいバージョンを知らせます</translation>
+        <source>A dot in the wheel&apos;s symbol or a notification tells of a new version</source>
+        <translation>輪の中の点または通知が、新しいバージョンを知らせます</translation>
     </message>
     <message>
         <source>Look for a new version at once.</source>

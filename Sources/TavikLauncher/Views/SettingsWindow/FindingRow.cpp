@@ -73,11 +73,10 @@ void FindingRow::setFinding(const DesktopCheck::Finding& finding)
             .arg(finding.name));
     for (const auto& [label, text] : {std::pair(m_mechanism, finding.mechanism),
                                       std::pair(m_advice, finding.advice),
-                                      std::pair(m_line, finding.line)}) {
+                                      std::pair(m_line, wrappable(finding.line))}) {
         label->setText(text);
         label->setVisible(!text.isEmpty());
     }
-    m_line->setText(wrappable(finding.line));
     m_line->setAccessibleName(finding.line);
     const bool repairs = finding.repair != DesktopCheck::Repair::none;
     nameButton(repairs ? DesktopCheck::nameOf(finding.repair) : Texts::tr("Copy Line"));

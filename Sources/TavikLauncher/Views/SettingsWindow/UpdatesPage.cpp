@@ -60,7 +60,8 @@ std::unique_ptr<SettingsPage> SettingsPages::makeUpdates(const SettingsDependenc
     Card& automatic = page->addCard();
     page->addSwitch(automatic,
                     {.title = Texts::tr("Check for updates automatically"),
-                     .help = Texts::tr("A dot in the wheel's symbol tells of a new version")},
+                     .help = Texts::tr("A dot in the wheel's symbol or a notification tells of a "
+                                       "new version")},
                     settings.autoUpdatesEnabled);
     addFrequency(*page, automatic);
 

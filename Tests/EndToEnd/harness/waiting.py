@@ -37,7 +37,9 @@ def settles(condition, what, seconds=0.4, timeout=10.0):
 
 
 def wait_front(display, title):
-    """Waits until the window of that title has the keyboard, and returns it."""
-    window = display.wait_for(title)
-    wait_until(lambda: display.has_focus(window), f"{title} has the keyboard")
-    return window
+    """Waits until a window of that title has the keyboard, and returns it. One may follow another."""
+    def in_front():
+        window = display.find(title)
+        return window if window and display.has_focus(window) else None
+
+    return wait_until(in_front, f"{title} has the keyboard")

@@ -50,13 +50,19 @@ def test_the_ring_takes_the_focus_at_once_and_gives_it_back(ring, desktop, displ
 @every_manager
 def test_the_ring_appears_above_a_full_screen_window(ring, desktop, display, look, desktop_options):
     film = open_window(desktop, "Film", "--full-screen", "--colour", "28c83c")
+
+    def shows_film(x, y):
+        return display.picture().pixel(x, y) == (0x28, 0xC8, 0x3C)
+
+    corner = (10, display.size[1] - 10)  # Where no bar lies.
     wait_until(lambda: display.geometry(film)[2:] == display.size, "the film fills the screen")
+    wait_until(lambda: shows_film(*corner), "the film is seen")
     window = ring.summon(640, 400)
-    x, y = ring.slot_place(1, 4)
+    slot = ring.slot_place(1, 4)
     # A slow compositor stands still before it draws the ring for the first time, too.
-    wait_until(lambda: display.picture().pixel(x, y) != (0x28, 0xC8, 0x3C), "the ring is seen, not the film")
+    wait_until(lambda: not shows_film(*slot), "the ring is seen")
     look("open")
-    assert display.is_above(window, film)
+    assert display.is_above(window, film) and shows_film(*corner)
     ring.dismiss()
     wait_until(lambda: display.has_focus(film), "the film has the focus again")
 
